@@ -1,0 +1,6 @@
+#include <cstdio>
+
+int main() {
+    std::puts("murbo");
+    return 1;
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <tuple>
+
+#include "platform/base/Field.h"
+
+namespace murbo {
+
+/// The stamp left on a clip or a video: when an AI task last touched it, for whom, on which model.
+struct Run {
+    enum class By { app, mcp };
+
+    double at = 0; ///< seconds since 2001-01-01 00:00:00 UTC
+    By by = By::app;
+    std::optional<std::string> with; ///< the model's id
+
+    bool operator==(const Run&) const = default;
+    static constexpr auto fields() {
+        return std::tuple{field("at", &Run::at), field("by", &Run::by), field("with", &Run::with)};
+    }
+};
+static_assert(Record<Run>);
+
+/// The last run of each task, by the task's name.
+using Runs = std::map<std::string, Run>;
+
+}

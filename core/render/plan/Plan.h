@@ -1,0 +1,44 @@
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/model/CaptionStyle.h"
+#include "core/model/Project.h"
+#include "core/render/plan/CaptionCue.h"
+#include "core/render/plan/PlacedShot.h"
+#include "platform/image/Geometry.h"
+
+namespace murbo {
+
+/// One video laid out on its own clock: all that drawing and mixing need to know, and nothing else. A plain
+/// value, worked out anew whenever the video changes. What can't be resolved is left out.
+struct Plan {
+    Size frame; ///< output pixels
+    std::vector<PlacedShot> shots;
+    std::vector<CaptionCue> cues; ///< the visible ones
+    CaptionStyle style;
+    std::string fonts; ///< the user's fall-back families for captions, separated by commas
+    std::map<UUID, Framing> framings;
+    std::map<UUID, std::filesystem::path> sources;
+    std::optional<std::filesystem::path> project; ///< the package; none for a project never saved
+    std::map<std::string, CaptionStyle> presets;  ///< resolved, by id
+
+    static Plan video(const Video& video, const Project& project, const std::string& fonts,
+                      const std::optional<std::filesystem::path>& package);
+
+    /// Output pixels of an aspect.
+    static Size frameSize(Video::Aspect aspect);
+
+    /// The shot at a video time; null in a plan without cuts.
+    const PlacedShot* shot(double time) const;
+    /// The caption at a video time, or null.
+    const CaptionCue* cue(double time) const;
+    /// Where content and face lie in a source; the default where nothing is known.
+    const Framing& framing(const std::optional<UUID>& source) const;
+};
+
+}

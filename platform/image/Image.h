@@ -1,0 +1,65 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/image/Bitmap.h"
+#include "platform/image/Colour.h"
+#include "platform/image/Frame.h"
+#include "platform/image/Geometry.h"
+
+namespace murbo {
+
+/// A picture to be: a small immutable value, the root of a graph of operations that draws nothing until a
+/// `Canvas` asks for pixels.
+///
+/// Conventions, fixed here for all drawing:
+/// - Pixels are 8-bit premultiplied sRGB and are composited in that space, as browsers and editors do: what
+///   a designer picked by eye there comes out the same here.
+/// - The origin is the top left and y points down, as in every record. A rule written for an upward y is
+///   turned where it is applied, never here.
+/// - `extent` is where the picture can have colour; outside it is clear. It is known without drawing. A plain
+///   colour and a clamped image have no bounds.
+/// - A pixel's middle lies at (x + 0.5, y + 0.5). Enlarging interpolates bilinearly; scaling down averages
+///   over what a pixel covers, so nothing aliases.
+/// - A picture depends on its graph alone: any canvas, band, thread or instruction set gives the same bytes.
+///
+/// Copies cost a pointer. Any thread may build, copy and draw images.
+class Image {
+public:
+    /// Nothing: clear everywhere, with an empty extent.
+    Image();
+
+    /// One colour without bounds.
+    static Image colour(Colour colour);
+    /// A bitmap with its top left at the origin. Its pixels must not change any more.
+    static Image bitmap(Bitmap bitmap);
+    /// A decoded picture, upright, in square pixels, with its top left at the origin. HDR is tone-mapped.
+    static Image frame(Frame frame);
+
+    Rect extent() const;
+    bool empty() const { return extent().empty(); }
+
+    /// Only what lies in `rect`.
+    Image cropped(const Rect& rect) const;
+    /// Moved, scaled, turned. A transform that flattens the picture gives nothing.
+    Image transformed(const Transform& transform) const;
+    /// This image source-over `below`.
+    Image over(const Image& below) const;
+    /// The edge pixels repeated outward without end.
+    Image clamped() const;
+    /// Every channel times `opacity`, which is clamped to 0…1.
+    Image faded(double opacity) const;
+    /// Smeared outward from `centre`; `amount` in pixels of smear at half the extent's shorter side. 0 changes nothing.
+    Image zoomBlurred(Point centre, double amount) const;
+    /// Smeared along a line, `radius` pixels to either side; `degrees` clockwise from the x axis.
+    Image motionBlurred(double radius, double degrees) const;
+
+    struct Node;
+    const Node& node() const { return *root; }
+
+private:
+    explicit Image(std::shared_ptr<const Node> node) : root(std::move(node)) {}
+    std::shared_ptr<const Node> root;
+};
+
+}

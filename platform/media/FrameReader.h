@@ -1,0 +1,52 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+#include "platform/image/Frame.h"
+#include "platform/media/MediaFile.h"
+
+namespace murbo {
+
+/// Pictures out of one file, each the exact one at a time. Time comes from packet timestamps on a clock that
+/// starts at the file's zero; rotation, pixel aspect, interlacing, start offsets and edit lists are settled
+/// here, so that a frame is upright and at its true time whatever wrote the file.
+///
+/// One thread at a time may use a reader.
+class FrameReader {
+public:
+    enum class Purpose {
+        stills, ///< single pictures anywhere: quick after a seek
+        playing ///< a run of pictures forward: quick from one to the next
+    };
+
+    struct TimedFrame {
+        double time = 0; ///< seconds at which the picture comes on
+        Frame frame;
+    };
+
+    /// Opens the first picture track. Throws Problem where there is none or the file can't be read.
+    static FrameReader open(const std::filesystem::path& path, Purpose purpose = Purpose::playing);
+
+    FrameReader(FrameReader&&) noexcept;
+    FrameReader& operator=(FrameReader&&) noexcept;
+    ~FrameReader();
+
+    const MediaFacts& facts() const;
+
+    /// The picture that is on at `time`: the last that came on at or before it; the first one where `time` is
+    /// before it, the last one behind the end. A time a little ahead of the last one asked is reached by
+    /// decoding on, any other by a seek. Nothing where not one picture can be decoded there.
+    std::optional<TimedFrame> at(double time);
+
+    /// The picture after the one last given; nothing at the end.
+    std::optional<TimedFrame> next();
+
+private:
+    struct Parts;
+    explicit FrameReader(std::unique_ptr<Parts> given);
+    std::unique_ptr<Parts> parts;
+};
+
+}
