@@ -1,30 +1,30 @@
 #pragma once
 
+#include "platform/base/Field.h"
+
 #include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <tuple>
 
-#include "platform/base/Field.h"
-
 namespace murbo {
 
 /// How captions look, as a set of overrides: what a style leaves out comes from the one beneath it.
 /// An empty text is a value: it turns a colour of the style beneath off.
 struct CaptionStyle {
-    std::optional<std::string> id;   ///< a preset's id
-    std::optional<std::string> name; ///< a preset's name
-    std::optional<std::string> base; ///< id of the preset that this one builds on
-    std::optional<std::string> font; ///< family names separated by commas
-    std::optional<double> weight;    ///< 0 to 1
-    std::optional<double> size;      ///< pixels at a frame whose short side is 1080
-    std::optional<std::string> fill; ///< text colour, RRGGBB
+    std::optional<std::string> id;      ///< a preset's id
+    std::optional<std::string> name;    ///< a preset's name
+    std::optional<std::string> base;    ///< id of the preset that this one builds on
+    std::optional<std::string> font;    ///< family names separated by commas
+    std::optional<double> weight;       ///< 0 to 1
+    std::optional<double> size;         ///< pixels at a frame whose short side is 1080
+    std::optional<std::string> fill;    ///< text colour, RRGGBB
     std::optional<std::string> outline; ///< outline colour; empty for none
     std::optional<double> stroke;       ///< outline width in percent of the font size
     std::optional<bool> shadow;
-    std::optional<std::string> pill; ///< colour of a box behind the text; empty for none
-    std::optional<double> bigScale;  ///< size factor of big captions
+    std::optional<std::string> pill;    ///< colour of a box behind the text; empty for none
+    std::optional<double> bigScale;     ///< size factor of big captions
     std::optional<std::string> bigFill; ///< colour of big captions and stressed words; empty for the fill
     std::optional<double> y;            ///< height of the captions, a fraction of the frame from the top
     std::optional<bool> seam;           ///< captions follow the seam of a split

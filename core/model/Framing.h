@@ -1,9 +1,9 @@
 #pragma once
 
+#include "platform/base/Field.h"
+
 #include <optional>
 #include <tuple>
-
-#include "platform/base/Field.h"
 
 namespace murbo {
 

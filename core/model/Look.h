@@ -1,17 +1,19 @@
 #pragma once
 
-#include <cstdint>
-#include <map>
-#include <optional>
-#include <string>
-#include <tuple>
-#include <vector>
-
 #include "core/model/CaptionStyle.h"
 #include "core/model/Move.h"
 #include "platform/base/Field.h"
 #include "platform/base/Shared.h"
 #include "platform/base/UUID.h"
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <vector>
 
 namespace murbo {
 
@@ -20,6 +22,10 @@ using Values = std::map<std::string, std::string>;
 
 /// The lanes of a video's sound, in the order shown.
 enum class Lane { video, overlays, sounds, music };
+inline constexpr std::array<Lane, 4> allLanes{Lane::video, Lane::overlays, Lane::sounds, Lane::music};
+constexpr auto rawTexts(Lane) {
+    return std::array<std::string_view, 4>{"video", "overlays", "sounds", "music"};
+}
 
 /// A framing that holds from its moment until the next shot.
 struct Shot {
@@ -57,6 +63,9 @@ struct Shot {
     }
 };
 static_assert(Record<Shot>);
+constexpr auto rawTexts(Shot::Layout) {
+    return std::array<std::string_view, 3>{"split", "content", "face"};
+}
 
 /// What was changed by hand on one transcript line. The text itself stays in the transcript.
 struct CaptionLine {
@@ -119,8 +128,8 @@ struct Overlay {
     std::string playbook; ///< id
     std::int64_t version = 1;
     UUID source;
-    double at = 0;     ///< seconds on the source
-    double length = 0; ///< seconds
+    double at = 0;               ///< seconds on the source
+    double length = 0;           ///< seconds
     std::optional<bool> stretch; ///< the playbook's timing is stretched to `length`
     std::optional<Values> values;
     std::optional<bool> mute; ///< the video's own sound is off under it
@@ -142,11 +151,11 @@ struct SoundCue {
     UUID id = UUID::make();
     std::string file; ///< absolute, or "media/…" in the package
     UUID source;
-    double at = 0;                ///< seconds on the source
-    std::optional<double> volume; ///< 0 to 1
+    double at = 0;                   ///< seconds on the source
+    std::optional<double> volume;    ///< 0 to 1
     std::optional<std::string> from; ///< which library the file is from
-    std::optional<double> length; ///< seconds; plays only this long
-    std::optional<double> skip;   ///< seconds cut off the file's start
+    std::optional<double> length;    ///< seconds; plays only this long
+    std::optional<double> skip;      ///< seconds cut off the file's start
     std::optional<bool> muted;
 
     bool operator==(const SoundCue&) const = default;
@@ -166,19 +175,20 @@ struct Mix {
     std::optional<double> overlays;
     std::optional<double> sounds;
     std::optional<double> music;
-    std::optional<double> duck; ///< what music falls to under speech, a factor
+    std::optional<double> duck;             ///< what music falls to under speech, a factor
     std::optional<std::vector<Lane>> muted; ///< lanes turned off, in the order they were
 
     double level(Lane lane) const;
+    void setLevel(Lane lane, double level);
     bool isMuted(Lane lane) const;
     /// Turns a lane off or on again; with no lane left off, `muted` has no value.
     void toggleMute(Lane lane);
 
     bool operator==(const Mix&) const = default;
     static constexpr auto fields() {
-        return std::tuple{field("video", &Mix::video), field("overlays", &Mix::overlays),
+        return std::tuple{field("video", &Mix::video),   field("overlays", &Mix::overlays),
                           field("sounds", &Mix::sounds), field("music", &Mix::music),
-                          field("duck", &Mix::duck), field("muted", &Mix::muted)};
+                          field("duck", &Mix::duck),     field("muted", &Mix::muted)};
     }
 };
 static_assert(Record<Mix>);

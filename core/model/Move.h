@@ -1,10 +1,10 @@
 #pragma once
 
+#include "platform/base/Field.h"
+
 #include <optional>
 #include <string>
 #include <tuple>
-
-#include "platform/base/Field.h"
 
 namespace murbo {
 
@@ -18,8 +18,8 @@ struct Placement {
 
     bool operator==(const Placement&) const = default;
     static constexpr auto fields() {
-        return std::tuple{field("x", &Placement::x), field("y", &Placement::y), field("scale", &Placement::scale),
-                          field("rotation", &Placement::rotation)};
+        return std::tuple{field("x", &Placement::x), field("y", &Placement::y),
+                          field("scale", &Placement::scale), field("rotation", &Placement::rotation)};
     }
 };
 static_assert(Record<Placement>);

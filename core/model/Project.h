@@ -1,27 +1,24 @@
 #pragma once
 
-#include <cstdint>
-#include <map>
-#include <optional>
-#include <string>
-#include <tuple>
-#include <vector>
-
 #include "core/model/Framing.h"
 #include "core/model/Run.h"
 #include "core/model/Transcript.h"
 #include "core/model/Video.h"
+#include "platform/base/Data.h"
 #include "platform/base/Field.h"
 #include "platform/base/Shared.h"
 #include "platform/base/UUID.h"
 
-namespace murbo {
+#include <array>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <vector>
 
-/// Opaque bytes; base64 text in JSON.
-struct Data {
-    std::string bytes;
-    bool operator==(const Data&) const = default;
-};
+namespace murbo {
 
 /// The sources that came in by one intake.
 struct SourceGroup {
@@ -52,10 +49,10 @@ struct Source {
 
     UUID id = UUID::make();
     UUID group;
-    std::string path; ///< absolute
+    std::string path;             ///< absolute
     std::optional<Data> bookmark; ///< another system's file reference, kept as found
     Kind kind = Kind::file;
-    double length = 0; ///< seconds
+    double length = 0;               ///< seconds
     std::optional<std::string> note; ///< what the recording is, in the user's words
     std::optional<Stream> stream;
     std::optional<Framing> framing;
@@ -65,14 +62,17 @@ struct Source {
 
     bool operator==(const Source&) const = default;
     static constexpr auto fields() {
-        return std::tuple{field("id", &Source::id),           field("group", &Source::group),
-                          field("path", &Source::path),       field("bookmark", &Source::bookmark),
-                          field("kind", &Source::kind),       field("length", &Source::length),
-                          field("note", &Source::note),       field("stream", &Source::stream),
+        return std::tuple{field("id", &Source::id),          field("group", &Source::group),
+                          field("path", &Source::path),      field("bookmark", &Source::bookmark),
+                          field("kind", &Source::kind),      field("length", &Source::length),
+                          field("note", &Source::note),      field("stream", &Source::stream),
                           field("framing", &Source::framing)};
     }
 };
 static_assert(Record<Source::Stream> && Record<Source>);
+constexpr auto rawTexts(Source::Kind) {
+    return std::array<std::string_view, 2>{"stream", "file"};
+}
 
 /// A marked stretch of one source. A line belongs to it by the line's middle: no link is stored.
 struct Clip {
@@ -94,12 +94,12 @@ struct Clip {
     };
 
     UUID id = UUID::make();
-    std::int64_t number = 0; ///< shown in the tag
+    std::int64_t number = 0;         ///< shown in the tag
     std::optional<std::string> part; ///< tells apart the pieces of a clip that share a number
     UUID source;
-    double start = 0; ///< seconds on the source, inclusive
-    double end = 0;   ///< exclusive
-    std::vector<double> marks; ///< the marker times that made the clip, seconds on the source
+    double start = 0;                   ///< seconds on the source, inclusive
+    double end = 0;                     ///< exclusive
+    std::vector<double> marks;          ///< the marker times that made the clip, seconds on the source
     std::optional<std::int64_t> rating; ///< 1 is favourite, -1 is rejected
     std::optional<Summary> summary;
     std::optional<std::string> name; ///< the user's own
@@ -118,12 +118,11 @@ struct Clip {
 
     bool operator==(const Clip&) const = default;
     static constexpr auto fields() {
-        return std::tuple{field("id", &Clip::id),         field("number", &Clip::number),
-                          field("part", &Clip::part),     field("source", &Clip::source),
-                          field("start", &Clip::start),   field("end", &Clip::end),
-                          field("marks", &Clip::marks),   field("rating", &Clip::rating),
-                          field("summary", &Clip::summary), field("name", &Clip::name),
-                          field("runs", &Clip::runs)};
+        return std::tuple{
+            field("id", &Clip::id),         field("number", &Clip::number), field("part", &Clip::part),
+            field("source", &Clip::source), field("start", &Clip::start),   field("end", &Clip::end),
+            field("marks", &Clip::marks),   field("rating", &Clip::rating), field("summary", &Clip::summary),
+            field("name", &Clip::name),     field("runs", &Clip::runs)};
     }
 };
 static_assert(Record<Clip::Summary> && Record<Clip>);
@@ -141,9 +140,9 @@ struct Bookmark {
 
     bool operator==(const Bookmark&) const = default;
     static constexpr auto fields() {
-        return std::tuple{field("id", &Bookmark::id),   field("number", &Bookmark::number),
+        return std::tuple{field("id", &Bookmark::id),         field("number", &Bookmark::number),
                           field("source", &Bookmark::source), field("at", &Bookmark::at),
-                          field("end", &Bookmark::end), field("note", &Bookmark::note)};
+                          field("end", &Bookmark::end),       field("note", &Bookmark::note)};
     }
 };
 static_assert(Record<Bookmark>);
@@ -163,10 +162,14 @@ struct Idea {
 
     bool operator==(const Idea&) const = default;
     static constexpr auto fields() {
-        return std::tuple{field("id", &Idea::id),     field("title", &Idea::title),
-                          field("hook", &Idea::hook), field("why", &Idea::why),
-                          field("format", &Idea::format), field("cuts", &Idea::cuts),
-                          field("instruction", &Idea::instruction), field("run", &Idea::run)};
+        return std::tuple{field("id", &Idea::id),
+                          field("title", &Idea::title),
+                          field("hook", &Idea::hook),
+                          field("why", &Idea::why),
+                          field("format", &Idea::format),
+                          field("cuts", &Idea::cuts),
+                          field("instruction", &Idea::instruction),
+                          field("run", &Idea::run)};
     }
 };
 static_assert(Record<Idea>);
@@ -184,11 +187,11 @@ struct Project {
     List<Video> videos;
     std::optional<List<Idea>> ideas; ///< none and empty are different values
     std::optional<CaptionStyle> captionStyle;
-    List<CaptionStyle> styles;       ///< caption presets saved in this project
-    std::int64_t lastClip = 0;       ///< highest number ever handed out
+    List<CaptionStyle> styles; ///< caption presets saved in this project
+    std::int64_t lastClip = 0; ///< highest number ever handed out
     std::int64_t lastBookmark = 0;
     std::int64_t lastVideo = 0;
-    std::optional<std::string> language; ///< spoken in the footage
+    std::optional<std::string> language;    ///< spoken in the footage
     std::map<UUID, Transcript> transcripts; ///< by source; kept in files of their own
 
     /// The first source with that id, or null.

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "platform/base/Field.h"
+
+#include <array>
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <tuple>
-
-#include "platform/base/Field.h"
 
 namespace murbo {
 
@@ -23,6 +25,9 @@ struct Run {
     }
 };
 static_assert(Record<Run>);
+constexpr auto rawTexts(Run::By) {
+    return std::array<std::string_view, 2>{"app", "mcp"};
+}
 
 /// The last run of each task, by the task's name.
 using Runs = std::map<std::string, Run>;

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <optional>
-#include <string>
-#include <tuple>
-
 #include "platform/base/Field.h"
 #include "platform/base/Shared.h"
 #include "platform/base/UUID.h"
+
+#include <optional>
+#include <string>
+#include <tuple>
 
 namespace murbo {
 

@@ -1,15 +1,17 @@
 #pragma once
 
-#include <cstdint>
-#include <optional>
-#include <string>
-#include <tuple>
-
 #include "core/model/Look.h"
 #include "core/model/Run.h"
 #include "platform/base/Field.h"
 #include "platform/base/Shared.h"
 #include "platform/base/UUID.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <tuple>
 
 namespace murbo {
 
@@ -38,7 +40,8 @@ struct Cut {
     std::optional<bool> muted; ///< the cut's own sound is off
 
     /// A cut of at least 0.1 seconds that shows a generated picture and no footage.
-    static Cut generated(std::string playbook, std::int64_t version, std::optional<Values> values, double length);
+    static Cut generated(std::string playbook, std::int64_t version, std::optional<Values> values,
+                         double length);
 
     double length() const { return end - start; }
 
@@ -57,7 +60,7 @@ struct Video {
     enum class Aspect { vertical, horizontal, square, portrait };
 
     UUID id = UUID::make();
-    std::int64_t number = 0; ///< shown in the tag; copies share it
+    std::int64_t number = 0;         ///< shown in the tag; copies share it
     std::optional<std::string> part; ///< a letter that tells copies apart
     std::string title;
     Aspect aspect = Aspect::vertical;
@@ -73,12 +76,15 @@ struct Video {
 
     bool operator==(const Video&) const = default;
     static constexpr auto fields() {
-        return std::tuple{field("id", &Video::id),       field("number", &Video::number),
-                          field("part", &Video::part),   field("title", &Video::title),
+        return std::tuple{field("id", &Video::id),         field("number", &Video::number),
+                          field("part", &Video::part),     field("title", &Video::title),
                           field("aspect", &Video::aspect), field("cuts", &Video::cuts),
-                          field("look", &Video::look),   field("runs", &Video::runs)};
+                          field("look", &Video::look),     field("runs", &Video::runs)};
     }
 };
 static_assert(Record<Video>);
+constexpr auto rawTexts(Video::Aspect) {
+    return std::array<std::string_view, 4>{"9:16", "16:9", "1:1", "4:5"};
+}
 
 }

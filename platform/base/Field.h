@@ -34,7 +34,9 @@ struct UnlistedOf {
     using Type = std::tuple<>;
 };
 template <class T>
-    requires requires { typename T::Unlisted; }
+requires requires {
+    typename T::Unlisted;
+}
 struct UnlistedOf<T> {
     using Type = typename T::Unlisted;
 };
@@ -43,8 +45,9 @@ template <class T, class Listed, class Unlisted, class... More>
 struct Initialises;
 template <class T, class... Listed, class... Unlisted, class... More>
 struct Initialises<T, std::tuple<Listed...>, std::tuple<Unlisted...>, More...> {
-    static constexpr bool value =
-        requires { T{std::declval<typename Listed::Type>()..., std::declval<Unlisted>()..., std::declval<More>()...}; };
+    static constexpr bool value = requires {
+        T{std::declval<typename Listed::Type>()..., std::declval<Unlisted>()..., std::declval<More>()...};
+    };
 };
 
 template <class T, class... More>
@@ -57,7 +60,8 @@ inline constexpr bool initialises =
 /// reading and writing, so it is held against the struct here: the listed types must initialise it, and no
 /// member may be left over. (An optional is not made from `Anything` without doubt, hence the second try.)
 template <class T>
-concept Record = std::is_aggregate_v<T> && detail::initialises<T> && !detail::initialises<T, detail::Anything> &&
-                 !detail::initialises<T, std::nullopt_t>;
+concept Record =
+    std::is_aggregate_v<T> && detail::initialises<T> && !detail::initialises<T, detail::Anything> &&
+    !detail::initialises<T, std::nullopt_t>;
 
 }

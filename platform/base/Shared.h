@@ -35,7 +35,8 @@ public:
     auto begin() const { return value->begin(); }
     auto end() const { return value->end(); }
     auto size() const { return value->size(); }
-    bool empty() const requires requires(const T& t) { t.empty(); } { return value->empty(); }
+    bool empty() const requires requires(const T& t) { t.empty(); }
+    { return value->empty(); }
     const auto& front() const { return value->front(); }
     const auto& back() const { return value->back(); }
     const auto& operator[](std::size_t index) const { return (*value)[index]; }

@@ -1,0 +1,56 @@
+#include "core/model/Tags.h"
+
+#include <algorithm>
+
+namespace murbo::Tags {
+namespace {
+
+/// Lines or notes by their middle, so that a clip finds its own without a walk through hours of them.
+template <class Spoken>
+class ByMiddle {
+public:
+    explicit ByMiddle(const List<Spoken>& all) {
+        sorted.reserve(all.size());
+        for (const auto& one : all) sorted.push_back(&one);
+        std::sort(sorted.begin(), sorted.end(), [](auto* a, auto* b) { return a->middle() < b->middle(); });
+    }
+
+    /// Those whose middle lies in the clip, by their start; those that start together in transcript order.
+    std::vector<const Spoken*> in(const Clip& clip) const {
+        const auto before = [](const Spoken* one, double moment) { return one->middle() < moment; };
+        const auto from = std::lower_bound(sorted.begin(), sorted.end(), clip.start, before);
+        const auto to = std::lower_bound(from, sorted.end(), clip.end, before);
+        std::vector<const Spoken*> found(from, to);
+        // All are elements of one vector, so their addresses tell their order in it.
+        std::sort(found.begin(), found.end(),
+                  [](auto* a, auto* b) { return a->start != b->start ? a->start < b->start : a < b; });
+        return found;
+    }
+
+private:
+    std::vector<const Spoken*> sorted;
+};
+
+}
+
+std::string twoDigits(std::int64_t number) {
+    return (number > 9 ? "" : "0") + std::to_string(number);
+}
+
+std::unordered_map<UUID, std::string> on(const UUID& source, const Project& project) {
+    const auto& transcript = project.transcript(source);
+    const ByMiddle lines(transcript.lines);
+    const ByMiddle notes(transcript.notes);
+    std::unordered_map<UUID, std::string> tags;
+    for (const auto& clip : project.clips) {
+        if (clip.source != source) continue;
+        const auto tag = clip.tag();
+        std::int64_t number = 0;
+        for (const auto* line : lines.in(clip)) tags[line->id] = tag + "." + twoDigits(++number);
+        number = 0;
+        for (const auto* note : notes.in(clip)) tags[note->id] = tag + ".n" + std::to_string(++number);
+    }
+    return tags;
+}
+
+}

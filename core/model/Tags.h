@@ -1,0 +1,23 @@
+#pragma once
+
+#include "core/model/Project.h"
+
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+
+namespace murbo {
+
+/// The short names by which people and models speak of footage: C14 a clip, C14.03 its third line, C14.n1
+/// its first note. Printed from the records and never stored: they hold only for the project as it stands.
+namespace Tags {
+
+/// The number in at least two digits: "07", "14", "123".
+std::string twoDigits(std::int64_t number);
+
+/// The tags of the lines and notes of one source that lie in a clip, by their ids.
+std::unordered_map<UUID, std::string> on(const UUID& source, const Project& project);
+
+}
+
+}
