@@ -1,11 +1,11 @@
 #pragma once
 
+#include "core/model/Project.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
-
-#include "core/model/Project.h"
 
 namespace murbo {
 
@@ -18,7 +18,7 @@ struct CaptionCue {
     std::optional<int> piece; ///< among the pieces of its line; none when the line is one piece
     bool byHand = false;      ///< broken by hand
     bool big = false;
-    bool hidden = false; ///< kept for the editor, left out of the plan
+    bool hidden = false;              ///< kept for the editor, left out of the plan
     std::vector<std::int64_t> stress; ///< word indexes
     std::optional<Move> move;
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <vector>
-
 #include "core/model/Framing.h"
 #include "core/model/Look.h"
 #include "platform/image/Geometry.h"
+
+#include <vector>
 
 namespace murbo {
 

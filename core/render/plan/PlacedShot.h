@@ -1,8 +1,8 @@
 #pragma once
 
-#include <vector>
-
 #include "core/model/Video.h"
+
+#include <vector>
 
 namespace murbo {
 
@@ -20,7 +20,8 @@ struct PlacedShot {
     Shot moved(double time) const;
     /// The zoom that its camera move has reached at a video time.
     double zoom(double time) const;
-    /// How far a shake throws the picture down at a video time, in pixels of the picture; 0 for any other move.
+    /// What a shake adds at a video time to the y of every panel's part of the picture, in pixels of the
+    /// picture; 0 for any other move.
     double jolt(double time) const;
 };
 

@@ -1,16 +1,16 @@
 #pragma once
 
-#include <filesystem>
-#include <map>
-#include <optional>
-#include <string>
-#include <vector>
-
 #include "core/model/CaptionStyle.h"
 #include "core/model/Project.h"
 #include "core/render/plan/CaptionCue.h"
 #include "core/render/plan/PlacedShot.h"
 #include "platform/image/Geometry.h"
+
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace murbo {
 

@@ -1,0 +1,88 @@
+#include "core/render/plan/PlacedShot.h"
+
+#include "core/model/Times.h"
+#include "core/model/VideoTime.h"
+#include "core/render/plan/Motion.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+namespace murbo {
+
+namespace {
+
+constexpr double leastPanZoom = 1.2; // a pan needs room to travel
+constexpr double shakeLength = 0.8;  // seconds
+constexpr double joltsASecond = 24;
+constexpr std::uint64_t focusSeed = 0x9E3779B97F5EADDF;
+constexpr std::uint64_t joltSeed = 0x9E3779B97F72C0BA;
+
+bool isPan(const Shot& shot) {
+    return shot.move == "pan-left" || shot.move == "pan-right";
+}
+
+double eased(const PlacedShot& placed, double time) {
+    const double progress = (time - placed.start) / std::max(placed.end - placed.start, 0.01);
+    return Ease::named(placed.shot.ease, progress > 0 ? std::min(progress, 1.0) : 0);
+}
+
+/// What a shake throws at that moment, -0.5 to 0.5, dying away.
+double shake(std::uint64_t seed, double elapsed) {
+    const double decay = std::max(0.0, 1 - elapsed / shakeLength);
+    return decay * (Motion::noise(seed, Motion::step(elapsed, joltsASecond)) - 0.5);
+}
+
+/// Each shot at each moment that shows it, in time order, those of one moment in the order they are met.
+std::vector<PlacedShot> moments(const List<Shot>& shots, const List<Cut>& cuts) {
+    std::vector<PlacedShot> moments;
+    double start = 0;
+    for (const Cut& cut : cuts) {
+        for (const Shot& shot : shots)
+            if (shot.source == cut.source && VideoTime::shows(cut, shot.at))
+                moments.push_back({.start = start + std::max(shot.at - cut.start, 0.0), .shot = shot});
+        start += cut.length();
+    }
+    std::ranges::stable_sort(moments, {}, &PlacedShot::start);
+    return moments;
+}
+
+PlacedShot head(const Cut& cut) {
+    return {.shot = {.source = cut.source, .at = cut.start}, .implicit = true};
+}
+
+}
+
+std::vector<PlacedShot> PlacedShot::place(const List<Shot>& shots, const List<Cut>& cuts) {
+    if (cuts.empty()) return {};
+    std::vector<PlacedShot> placed = moments(shots, cuts);
+    if (placed.empty() || placed.front().start > Times::samePlace)
+        placed.insert(placed.begin(), head(cuts.front()));
+    double end = VideoTime::starts(cuts).back() + cuts.back().length();
+    for (std::size_t index = placed.size(); index-- > 0; end = placed[index].start) placed[index].end = end;
+    std::erase_if(placed, [](const PlacedShot& shot) {
+        return !shot.implicit && !(shot.end - shot.start > Times::noStretch);
+    });
+    return placed;
+}
+
+Shot PlacedShot::moved(double time) const {
+    Shot result = shot;
+    if (shot.move == "pan-left") result.focus = 0.85 - 0.7 * eased(*this, time);
+    if (shot.move == "pan-right") result.focus = 0.15 + 0.7 * eased(*this, time);
+    if (shot.move == "shake") result.focus = shot.focus.value_or(0.5) + shake(focusSeed, time - start) * 0.25;
+    return result;
+}
+
+double PlacedShot::zoom(double time) const {
+    if (shot.move == "push") return 1 + eased(*this, time) * (shot.zoom - 1);
+    if (shot.move == "pull") return shot.zoom - eased(*this, time) * (shot.zoom - 1);
+    if (shot.move == "drift") return shot.zoom * (1 + 0.08 * eased(*this, time));
+    return isPan(shot) ? std::max(shot.zoom, leastPanZoom) : shot.zoom;
+}
+
+double PlacedShot::jolt(double time) const {
+    return shot.move == "shake" ? shake(joltSeed, time - start) * 40 : 0;
+}
+
+}
