@@ -1,0 +1,139 @@
+#include "core/render/plan/CaptionCue.h"
+#include "tests/plan/Made.h"
+
+#include <cmath>
+#include <limits>
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+using namespace murbo;
+using Made::line;
+using Made::Spoken;
+
+namespace {
+
+/// Cues as text: start, end, what they say; then their piece and marks for by hand, big, hidden, moved.
+std::string text(const std::vector<CaptionCue>& cues) {
+    std::string result;
+    for (const CaptionCue& cue : cues) {
+        result +=
+            fmt::format("{}{:.4g}-{:.4g} {}", result.empty() ? "" : " | ", cue.start, cue.end, cue.text);
+        if (cue.piece) result += fmt::format(" #{}", *cue.piece);
+        if (cue.byHand) result += " hand";
+        if (cue.big) result += " big";
+        if (cue.hidden) result += " hidden";
+        if (cue.move) result += " moved";
+        for (const auto word : cue.stress) result += fmt::format(" *{}", word);
+    }
+    return result;
+}
+
+std::string cues(const Spoken& spoken) {
+    return text(CaptionCue::cues(spoken.video, spoken.project));
+}
+
+/// The pieces of a line "one two three" from 10 to 20 that was changed by hand.
+std::string pieces(const CaptionLine& line, std::int64_t most = 24) {
+    return text(CaptionCue::pieces({.start = 10, .end = 20, .text = "one two three"}, &line, most));
+}
+
+CaptionLine broken(std::vector<CaptionLine::Piece> pieces) {
+    return {.pieces = std::move(pieces)};
+}
+
+}
+
+TEST(CaptionCue, showsTheLinesThatItsCutsShow) {
+    const auto lines =
+        std::vector{line(10, 12, "first"), line(12, 13, "[laughs]"), line(13, 16, " [sighs] last ")};
+    EXPECT_EQ(cues(Spoken(lines, {{10, 16}})), "0-2 first | 3-6 last");
+    EXPECT_EQ(cues(Spoken(lines, {{14, 15}, {11, 14}})), "0-1 last | 1-2 first | 3-4 last")
+        << "cut on both sides";
+    EXPECT_EQ(cues(Spoken(lines, {{11.95, 13.05}})), "") << "no more than 0.05 s of either";
+    EXPECT_EQ(cues(Spoken(lines, {{11.94, 13.06}})), "0-0.06 first | 1.06-1.12 last");
+    EXPECT_EQ(cues(Spoken(lines, {{0, 5}})), "");
+    Spoken without(lines, {{10, 16}});
+    without.project.transcripts.clear();
+    EXPECT_EQ(cues(without), "");
+    Spoken gone(lines, {{10, 16}});
+    gone.project.transcripts[gone.source].lines.edit()[0].gone = true;
+    EXPECT_EQ(cues(gone), "3-6 last");
+}
+
+TEST(CaptionCue, keepsTheStoredOrderOfLinesThatStandInNone) {
+    const auto lines =
+        std::vector{line(14, 16, "b"), line(10, 20, "long"), line(11, 12, "a"), line(30, 31, "far")};
+    EXPECT_EQ(cues(Spoken(lines, {{10, 20}})), "4-6 b | 0-10 long | 1-2 a");
+    EXPECT_EQ(cues(Spoken(lines, {{17, 19}})), "0-2 long") << "found behind shorter lines";
+}
+
+TEST(CaptionCue, followsTheTimesGivenByHand) {
+    Spoken spoken({line(10, 12, "first"), line(50, 52, "far")}, {{10, 16}});
+    auto& lines = spoken.video.look.emplace().captions.lines;
+    lines.edit() = {{.line = spoken.line(0).id, .start = 8, .end = 11},
+                    {.line = spoken.line(0).id, .hidden = true},
+                    {.line = spoken.line(1).id, .big = true, .start = 14, .end = 15}};
+    EXPECT_EQ(cues(spoken), "0-1 first | 4-5 far big") << "the first entry of a line counts";
+}
+
+TEST(CaptionCue, breaksLongLinesSoThatReadingTimeIsEven) {
+    Spoken spoken({line(0, 10, "aaaa bbbb cccc dddd")}, {{0, 10}});
+    spoken.project.captionStyle = CaptionStyle{.most = 10};
+    EXPECT_EQ(cues(spoken), "0-5 aaaa bbbb #0 | 5-10 cccc dddd #1");
+    spoken.video.look.emplace().captions.lines.edit() = {
+        {.line = spoken.line(0).id, .big = true, .stress = std::vector<std::int64_t>{1}, .move = Move{}}};
+    EXPECT_EQ(cues(spoken), "0-5 aaaa bbbb #0 big moved | 5-10 cccc dddd #1 big moved")
+        << "what is stressed in the line means nothing in its pieces";
+    spoken.project.captionStyle->most = 30;
+    EXPECT_EQ(cues(spoken), "0-10 aaaa bbbb cccc dddd big moved *1");
+}
+
+TEST(CaptionCue, breaksByHandHoldWhileTheyFitTheText) {
+    EXPECT_EQ(pieces(broken({{.text = "one "}, {.text = "two three"}}), 99),
+              "10-13.08 one  #0 hand | 13.08-20 two three #1 hand");
+    EXPECT_EQ(pieces(broken({{.text = "onetwo", .until = 0.2}, {.text = "three", .until = 0.1}})),
+              "10-12 onetwo #0 hand | 12-20 three #1 hand")
+        << "blanks don't count, nor where the last piece ends";
+    EXPECT_EQ(pieces(broken({{.text = "one"}, {.text = "three"}})), "10-20 one two three") << "stale";
+    EXPECT_EQ(pieces(broken({})), "10-20 one two three");
+    EXPECT_EQ(pieces(broken({{.text = "one two three", .stress = std::vector<std::int64_t>{2}}})),
+              "10-20 one two three hand *2");
+    CaptionLine mixed = broken({{.text = "one two", .hidden = true, .move = Move{}},
+                                {.text = "three", .big = true, .stress = std::vector<std::int64_t>{0}}});
+    mixed.stress = std::vector<std::int64_t>{1};
+    EXPECT_EQ(pieces(mixed), "10-15.83 one two #0 hand hidden moved | 15.83-20 three #1 hand big *0");
+}
+
+TEST(CaptionCue, sharesByHandCountOnlyAllTogether) {
+    using Shares = std::pair<std::optional<double>, std::optional<double>>;
+    const std::string byLength = "10-12.73 one #0 hand | 12.73-15.45 two #1 hand | 15.45-20 three #2 hand";
+    for (const Shares& shares : {Shares{0.5, 0.4}, Shares{0, 0.4}, Shares{0.4, 1}, Shares{0.4, std::nullopt},
+                                 Shares{std::nullopt, 0.4}, Shares{NAN, 0.4}})
+        EXPECT_EQ(pieces(broken({{.text = "one", .until = shares.first},
+                                 {.text = "two", .until = shares.second},
+                                 {.text = "three"}})),
+                  byLength);
+    EXPECT_EQ(
+        pieces(broken({{.text = "one", .until = 0.4}, {.text = "two", .until = 0.5}, {.text = "three"}})),
+        "10-14 one #0 hand | 14-15 two #1 hand | 15-20 three #2 hand");
+}
+
+TEST(CaptionCue, standsCompleteBetweenItsEntranceAndItsExit) {
+    const std::vector<CaptionCue> cues{{.start = 4, .end = 4.2}, {.start = 0, .end = 2}};
+    EXPECT_FALSE(CaptionCue::shown(1, {}));
+    EXPECT_NEAR(*CaptionCue::shown(1, cues), 1.84, 1e-9);
+    EXPECT_NEAR(*CaptionCue::shown(2, cues), 4.1, 1e-9);
+    EXPECT_NEAR(*CaptionCue::shown(99, cues), 4.1, 1e-9);
+}
+
+TEST(CaptionCue, passesOverTimesThatAreNone) {
+    const double strange[] = {std::numeric_limits<double>::quiet_NaN(), HUGE_VAL, -HUGE_VAL, 1e308, -1e308};
+    for (const double start : strange)
+        for (const double end : strange) {
+            const Spoken spoken(
+                {line(start, 5, "a"), line(0, end, "b"), line(start, end, "c"), line(1, 2, "d")},
+                {{0, 10}, {start, end}, {0, 10}});
+            EXPECT_LE(CaptionCue::cues(spoken.video, spoken.project).size(), 3 * 4);
+        }
+}

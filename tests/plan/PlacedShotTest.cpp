@@ -1,0 +1,114 @@
+#include "core/render/plan/PlacedShot.h"
+#include "tests/plan/Made.h"
+
+#include <limits>
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+const UUID one = UUID::make();
+const UUID two = UUID::make();
+
+/// The placed shots as text: start, end, and the shot's moment, with a star for the implicit one.
+std::string placed(std::vector<Shot> shots, std::vector<Cut> cuts) {
+    std::string text;
+    for (const PlacedShot& each : PlacedShot::place(std::move(shots), std::move(cuts)))
+        text += fmt::format("{}{:.4f}-{:.4f} {:.4f}{}", text.empty() ? "" : ", ", each.start, each.end,
+                            each.shot.at, each.implicit ? "*" : "");
+    return text;
+}
+
+}
+
+TEST(PlacedShot, coversTheVideoFromWhereItsMomentsAreShown) {
+    using Made::cut;
+    using Made::shot;
+    const Cut first = cut(one, 10, 14);
+    const Cut second = cut(two, 0, 2);
+    EXPECT_EQ(placed({}, {}), "");
+    EXPECT_EQ(placed({}, {first, second}), "0.0000-6.0000 10.0000*");
+    EXPECT_EQ(placed({shot(one, 10)}, {first}), "0.0000-4.0000 10.0000") << "exactly at the start";
+    EXPECT_EQ(placed({shot(one, 9.9995)}, {first}), "0.0000-4.0000 9.9995") << "within the slack before it";
+    EXPECT_EQ(placed({shot(one, 9.998)}, {first}), "0.0000-4.0000 10.0000*") << "before it";
+    EXPECT_EQ(placed({shot(one, 13.9995)}, {first}), "0.0000-4.0000 10.0000*") << "too near the end";
+    EXPECT_EQ(placed({shot(one, 10.0005)}, {first}), "0.0005-4.0000 10.0005")
+        << "no head for half a millisecond";
+    EXPECT_EQ(placed({shot(one, 10.002)}, {first}), "0.0000-0.0020 10.0000*, 0.0020-4.0000 10.0020");
+    EXPECT_EQ(placed({shot(two, 1), shot(one, 11)}, {first, second}),
+              "0.0000-1.0000 10.0000*, 1.0000-5.0000 11.0000, 5.0000-6.0000 1.0000");
+    EXPECT_EQ(placed({shot(one, 11), shot(one, 10)}, {first, second, first}),
+              "0.0000-1.0000 10.0000, 1.0000-6.0000 11.0000, 6.0000-7.0000 10.0000, 7.0000-10.0000 11.0000")
+        << "a moment shown twice";
+}
+
+TEST(PlacedShot, ofTwoShotsOnOneMomentTheLaterStays) {
+    Shot early = Made::shot(one, 11);
+    Shot late = Made::shot(one, 11);
+    late.zoom = 2;
+    const auto shots =
+        PlacedShot::place(std::vector{Made::shot(one, 10), early, late}, std::vector{Made::cut(one, 10, 14)});
+    ASSERT_EQ(shots.size(), 2);
+    EXPECT_EQ(shots[1].shot, late);
+}
+
+TEST(PlacedShot, movesTheCamera) {
+    struct Case {
+        const char* move;
+        double zoom, start, middle,
+            end; // zoom, then the zoom at the start, in the middle, at the end and behind
+    };
+    for (const Case& each :
+         {Case{"push", 2, 1, 1.5, 2}, Case{"pull", 2, 2, 1.5, 1}, Case{"drift", 2, 2, 2.08, 2.16},
+          Case{"pan-left", 1, 1.2, 1.2, 1.2}, Case{"pan-right", 1.5, 1.5, 1.5, 1.5},
+          Case{"shake", 1.5, 1.5, 1.5, 1.5}, Case{"swirl", 1.5, 1.5, 1.5, 1.5}}) {
+        PlacedShot placed{.start = 10, .end = 14, .shot = Made::shot(one, 0)};
+        placed.shot.move = each.move;
+        placed.shot.zoom = each.zoom;
+        EXPECT_NEAR(placed.zoom(9), each.start, 1e-12) << each.move;
+        EXPECT_NEAR(placed.zoom(10), each.start, 1e-12) << each.move;
+        EXPECT_NEAR(placed.zoom(12), each.middle, 1e-12) << each.move;
+        EXPECT_NEAR(placed.zoom(15), each.end, 1e-12) << each.move;
+    }
+    PlacedShot pan{.start = 10, .end = 14, .shot = Made::shot(one, 0)};
+    pan.shot.ease = "linear";
+    pan.shot.move = "pan-left";
+    EXPECT_NEAR(*pan.moved(11).focus, 0.675, 1e-12);
+    pan.shot.move = "pan-right";
+    EXPECT_NEAR(*pan.moved(11).focus, 0.325, 1e-12);
+    pan.shot.move = "swirl";
+    EXPECT_EQ(pan.moved(11), pan.shot);
+}
+
+TEST(PlacedShot, aShakeJoltsTwentyFourTimesASecondAndDiesAway) {
+    PlacedShot placed{.start = 10, .end = 14, .shot = Made::shot(one, 0)};
+    EXPECT_EQ(placed.jolt(10), 0);
+    placed.shot.move = "shake";
+    placed.shot.focus = 0.3;
+    std::set<double> noises;
+    for (int step = 0; step < 19; ++step) {
+        const double time = 10 + (step + 0.5) / 24;
+        const double decay = 1 - (time - 10) / 0.8;
+        noises.insert(placed.jolt(time) / decay);
+        EXPECT_LE(std::abs(placed.jolt(time)), 20 * decay);
+        EXPECT_LE(std::abs(*placed.moved(time).focus - 0.3), 0.125 * decay);
+        EXPECT_EQ(placed.jolt(time), placed.jolt(time));
+    }
+    EXPECT_GT(noises.size(), 17);
+    EXPECT_EQ(placed.jolt(10.81), 0);
+    EXPECT_EQ(placed.moved(10.81).focus, 0.3);
+}
+
+TEST(PlacedShot, staysBoundedOnNumbersThatAreNone) {
+    for (const double strange : {std::numeric_limits<double>::quiet_NaN(), 1e308, -1e308}) {
+        const std::vector cuts{Made::cut(one, 0, strange), Made::cut(one, strange, 5),
+                               Made::cut(two, -strange, strange)};
+        const auto shots = PlacedShot::place(std::vector{Made::shot(one, 1), Made::shot(two, strange)}, cuts);
+        for (const PlacedShot& shot : shots)
+            (void)shot.moved(strange), (void)shot.jolt(strange), (void)shot.zoom(strange);
+        EXPECT_LE(shots.size(), 5);
+    }
+}
