@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -24,6 +25,8 @@ public:
     /// The value to change; cloned first if another copy holds it. Valid until the next copy is taken.
     T& edit() {
         if (value.use_count() != 1) value = std::make_shared<T>(*value);
+        // Whoever held the last other copy has read it before letting go.
+        std::atomic_thread_fence(std::memory_order_acquire);
         return const_cast<T&>(*value);
     }
 

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/base/Problem.h"
+
+#include <filesystem>
+
+namespace murbo {
+
+/// Why a project could not be opened or made. Whoever opened it learns this much and no more; the cause is
+/// kept nested for the developer.
+class ProjectError : public Problem {
+public:
+    enum class Kind { damaged, newer, exists };
+
+    ProjectError(Kind kind, const std::filesystem::path& package);
+
+    const Kind kind;
+    const std::filesystem::path package;
+};
+
+}

@@ -1,0 +1,185 @@
+#include "platform/base/Files.h"
+
+#include "platform/base/Problem.h"
+
+#include <cerrno>
+#include <cstring>
+#include <system_error>
+
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace murbo::Files {
+namespace {
+
+constexpr mode_t ownersDefault = 0666; // less the process's mask
+constexpr mode_t permissionBits = 07777;
+constexpr std::size_t longestName = 200; // leaves room for the ending within the usual 255 bytes
+
+/// An open file, closed when it goes.
+class Descriptor {
+public:
+    explicit Descriptor(int opened) : number(opened) {}
+    Descriptor(Descriptor&& other) noexcept : number(std::exchange(other.number, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept {
+        std::swap(number, other.number);
+        return *this;
+    }
+    ~Descriptor() {
+        if (number >= 0) ::close(number);
+    }
+    operator int() const { return number; }
+
+private:
+    int number;
+};
+
+[[noreturn]] void failed(const std::filesystem::path& path, const char* verb, int error) {
+    throw Problem(fmt::format("“{}” could not be {}: {}.", path.filename().string(), verb, cause(error)));
+}
+
+[[noreturn]] void notWritten(const std::filesystem::path& path) {
+    failed(path, "written", errno);
+}
+[[noreturn]] void notRead(const std::filesystem::path& path) {
+    failed(path, "read", errno);
+}
+
+std::filesystem::path folderOf(const std::filesystem::path& path) {
+    return path.has_parent_path() ? path.parent_path() : std::filesystem::path(".");
+}
+
+/// Whether the open file still stands under its name: another writer may have moved it into place meanwhile.
+bool standsAt(int file, const std::filesystem::path& path) {
+    struct stat open {};
+    struct stat named {};
+    return ::fstat(file, &open) == 0 && ::stat(path.c_str(), &named) == 0 && open.st_ino == named.st_ino &&
+           open.st_dev == named.st_dev;
+}
+
+/// The new file beside the old one, until it takes its place.
+class Beside {
+public:
+    /// The names are few and fixed, so that what a killed process left is used again rather than left for
+    /// ever; the lock keeps two living writers apart.
+    explicit Beside(const std::filesystem::path& path) : destination(path), file(-1) {
+        const auto name = path.filename().string().substr(0, longestName);
+        for (int number = 0;; ++number) {
+            temporary = folderOf(path) / fmt::format(".{}.{}.new", name, number);
+            Descriptor opened(
+                ::open(temporary.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, ownersDefault));
+            if (opened < 0) notWritten(path);
+            if (::flock(opened, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) continue;
+            if (!standsAt(opened, temporary)) continue;
+            file = std::move(opened);
+            return;
+        }
+    }
+
+    Beside(const Beside&) = delete;
+    ~Beside() {
+        if (!temporary.empty()) ::unlink(temporary.c_str());
+    }
+
+    void fill(std::string_view bytes) {
+        struct stat old {};
+        if (::ftruncate(file, 0) != 0) notWritten(destination);
+        if (::stat(destination.c_str(), &old) == 0 && ::fchmod(file, old.st_mode & permissionBits) != 0)
+            notWritten(destination);
+        while (!bytes.empty()) {
+            const auto written = ::write(file, bytes.data(), bytes.size());
+            if (written < 0 && errno == EINTR) continue;
+            if (written < 0) notWritten(destination);
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        }
+        if (::fsync(file) != 0) notWritten(destination);
+    }
+
+    void takePlace() {
+        if (::rename(temporary.c_str(), destination.c_str()) != 0) notWritten(destination);
+        temporary.clear();
+    }
+
+private:
+    std::filesystem::path destination;
+    std::filesystem::path temporary;
+    Descriptor file;
+};
+
+/// A rename is sure only once its folder is on the disk. Some file systems can't flush folders: then it is as
+/// sure as they make it.
+void flushFolder(const std::filesystem::path& folder) {
+    const Descriptor open(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (open >= 0) ::fsync(open);
+}
+
+}
+
+std::string readWhole(const std::filesystem::path& path, std::size_t most) {
+    // A pipe under the name of a file would otherwise wait for a writer for ever.
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat facts {};
+    if (file < 0 || ::fstat(file, &facts) != 0) notRead(path);
+    if (S_ISDIR(facts.st_mode)) failed(path, "read", EISDIR);
+    if (!S_ISREG(facts.st_mode)) failed(path, "read", ESPIPE);
+    if (static_cast<std::uintmax_t>(facts.st_size) > most) failed(path, "read", EFBIG);
+    std::string bytes(static_cast<std::size_t>(facts.st_size), '\0');
+    std::size_t filled = 0;
+    while (filled < bytes.size()) {
+        const auto got = ::read(file, bytes.data() + filled, bytes.size() - filled);
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) notRead(path);
+        if (got == 0) break;
+        filled += static_cast<std::size_t>(got);
+    }
+    bytes.resize(filled);
+    return bytes;
+}
+
+void writeWhole(const std::filesystem::path& path, std::string_view bytes) {
+    Beside beside(path);
+    beside.fill(bytes);
+    beside.takePlace();
+    flushFolder(folderOf(path));
+}
+
+void createFolder(const std::filesystem::path& path) {
+    std::error_code error;
+    std::filesystem::create_directories(path, error);
+    if (error) failed(path, "created", error.value());
+}
+
+std::string cause(int error) {
+    switch (error) {
+        case ENOSPC:
+        case EDQUOT:
+            return "there is no space left on the disk";
+        case EACCES:
+        case EPERM:
+            return "you have no permission";
+        case EROFS:
+            return "the disk can only be read";
+        case ENOENT:
+            return "it does not exist";
+        case ENOTDIR:
+        case EEXIST:
+            return "a file stands where a folder is needed";
+        case EISDIR:
+            return "it is a folder";
+        case ESPIPE:
+            return "it is no ordinary file";
+        case EFBIG:
+            return "it is too large";
+        case ENAMETOOLONG:
+            return "its name is too long";
+        case EIO:
+            return "the disk reports an error";
+        default:
+            return std::generic_category().message(error);
+    }
+}
+
+}

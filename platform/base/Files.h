@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace murbo {
+
+/// Whole files in and out. Failures are Problems that name the file and the cause in the owner's words.
+namespace Files {
+
+/// The bytes of a regular file. Throws where it is no regular file or holds more than `most` bytes.
+std::string readWhole(const std::filesystem::path& path, std::size_t most);
+
+/// Puts a file in place as a whole: at every moment, and after a crash, the path holds either the old bytes
+/// or the new ones. An existing file keeps its permissions. On failure nothing is left behind. Two processes
+/// may write the same path; the last one wins.
+void writeWhole(const std::filesystem::path& path, std::string_view bytes);
+
+/// Creates a folder with all above it; one that exists is fine.
+void createFolder(const std::filesystem::path& path);
+
+/// The cause of a failed system call in words that end a sentence: "there is no space left on the disk".
+std::string cause(int error);
+
+}
+
+}

@@ -1,0 +1,129 @@
+#include "platform/base/Json.h"
+
+#include "platform/base/Problem.h"
+
+#include <array>
+#include <cmath>
+
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+
+namespace murbo {
+namespace {
+
+/// Refuses, before anything is built, a text whose values would fill the memory or whose depth is absurd.
+void checkBounds(std::string_view text) {
+    std::size_t depth = 0;
+    std::size_t values = 1;
+    bool quoted = false;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char c = text[at];
+        if (quoted) {
+            if (c == '\\') ++at;
+            if (c == '"') quoted = false;
+            continue;
+        }
+        if (c == '"') quoted = true;
+        if (c == ',') ++values;
+        if (c == '[' || c == '{') ++depth, ++values;
+        if ((c == ']' || c == '}') && depth > 0) --depth;
+        if (depth > Json::deepest) throw Problem("The JSON is nested too deeply.");
+        if (values > Json::mostValues) throw Problem("The JSON holds too many values.");
+    }
+}
+
+/// The library's words without its own name and number.
+std::string plainWords(const std::string& message) {
+    const auto bracket = message.find("] ");
+    return bracket == std::string::npos ? message : message.substr(bracket + 2);
+}
+
+}
+
+bool JsonValue::isNull() const {
+    return value->is_null();
+}
+
+bool JsonValue::boolean() const {
+    if (!value->is_boolean()) fail("true or false is expected");
+    return value->get<bool>();
+}
+
+double JsonValue::number() const {
+    if (!value->is_number()) fail("a number is expected");
+    return value->get<double>();
+}
+
+std::int64_t JsonValue::integer() const {
+    if (value->is_number_unsigned()) {
+        const auto number = value->get<std::uint64_t>();
+        if (number <= static_cast<std::uint64_t>(INT64_MAX)) return static_cast<std::int64_t>(number);
+    } else if (value->is_number_integer()) {
+        return value->get<std::int64_t>();
+    } else if (value->is_number_float()) {
+        const auto number = value->get<double>();
+        constexpr double bound = 9223372036854775808.0; // 2^63
+        if (number == std::floor(number) && -bound <= number && number < bound)
+            return static_cast<std::int64_t>(number);
+    }
+    fail("a whole number is expected");
+}
+
+const std::string& JsonValue::text() const {
+    if (!value->is_string()) fail("a text is expected");
+    return value->get_ref<const std::string&>();
+}
+
+std::optional<JsonValue> JsonValue::member(const char* wanted) const {
+    if (!value->is_object()) fail("an object is expected");
+    const auto found = value->find(wanted);
+    if (found == value->end()) return std::nullopt;
+    return JsonValue(*found, this, wanted, 0);
+}
+
+std::vector<const char*> JsonValue::names() const {
+    if (!value->is_object()) fail("an object is expected");
+    std::vector<const char*> names;
+    for (const auto& [key, _] : value->items()) names.push_back(key.c_str());
+    return names;
+}
+
+std::size_t JsonValue::size() const {
+    if (!value->is_array()) fail("a list is expected");
+    return value->size();
+}
+
+JsonValue JsonValue::element(std::size_t at) const {
+    return JsonValue((*value)[at], this, nullptr, at);
+}
+
+void JsonValue::fail(std::string_view what) const {
+    const auto way = path();
+    throw Problem(way.empty() ? fmt::format("{}", what) : fmt::format("{}: {}", way, what));
+}
+
+std::string JsonValue::path() const {
+    if (!parent) return "";
+    const auto before = parent->path();
+    if (!name) return fmt::format("{}[{}]", before, index);
+    return before.empty() ? name : before + "." + name;
+}
+
+Json::Json(std::unique_ptr<const nlohmann::json> parsed) : document(std::move(parsed)) {}
+Json::Json(Json&&) noexcept = default;
+Json::~Json() = default;
+
+Json Json::parse(std::string_view text) {
+    checkBounds(text);
+    try {
+        return Json(std::make_unique<const nlohmann::json>(nlohmann::json::parse(text)));
+    } catch (const nlohmann::json::exception& error) {
+        std::throw_with_nested(Problem("It is not valid JSON: " + plainWords(error.what())));
+    }
+}
+
+JsonValue Json::root() const {
+    return JsonValue(*document, nullptr, nullptr, 0);
+}
+
+}
