@@ -76,23 +76,33 @@ struct HistoryFile {
     /// Base64 takes a third more than the bytes that the history may hold, and redo counts as well.
     static constexpr std::size_t mostBytes = History::mostBytes * 3;
 
-    static void write(JsonWriter& writer, const ProjectParts& parts) {
-        writer.beginObject();
-        for (const auto& [key, part] : parts) {
-            writer.key(key);
-            writer.text(Parts::json(part).base64());
+    using Texts = std::map<std::string, std::string>;
+
+    /// A part that can't be written (a number that is not finite) is left out, on both sides.
+    static std::pair<Texts, Texts> texts(const History::Step& step) {
+        std::pair<Texts, Texts> sides;
+        for (const auto& [key, before] : step.before) {
+            const auto after = step.after.find(key);
+            if (after == step.after.end()) continue;
+            try {
+                auto text = Parts::json(before).base64();
+                sides.second.emplace(key, Parts::json(after->second).base64());
+                sides.first.emplace(key, std::move(text));
+            } catch (const Problem&) {
+            }
         }
-        writer.endObject();
+        return sides;
     }
 
     static void write(JsonWriter& writer, const std::vector<History::Step>& steps) {
         writer.beginArray();
         for (const auto& step : steps) {
+            const auto [before, after] = texts(step);
             writer.beginObject();
             writer.key("after");
-            write(writer, step.after);
+            Codec::write(writer, after);
             writer.key("before");
-            write(writer, step.before);
+            Codec::write(writer, before);
             writer.key("name");
             writer.text(step.name);
             writer.endObject();
