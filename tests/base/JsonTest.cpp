@@ -1,0 +1,73 @@
+#include "platform/base/Json.h"
+#include "platform/base/Problem.h"
+
+#include <ctime>
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+using namespace murbo;
+
+namespace {
+
+std::string repeated(std::string_view text, std::size_t times) {
+    std::string result;
+    result.reserve(text.size() * times);
+    for (std::size_t count = 0; count < times; ++count) result += text;
+    return result;
+}
+
+double processSeconds() {
+    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+}
+
+long peakMegabytes() {
+    rusage usage{};
+    ::getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss / 1024;
+}
+
+}
+
+TEST(Json, whatIsNoJsonIsAProblem) {
+    for (const std::string_view text : {"",
+                                        " ",
+                                        "{",
+                                        "[1,]",
+                                        "{\"a\":1,}",
+                                        "nul",
+                                        "NaN",
+                                        "Infinity",
+                                        "1e999",
+                                        "-1e999",
+                                        "01",
+                                        "\"\\ud800\"",
+                                        "\"\xFF\"",
+                                        "\"\xE0\x80\x80\"",
+                                        "\"tab\there\"",
+                                        "1 2",
+                                        "{\"a\" 1}",
+                                        "{1:2}",
+                                        "// no",
+                                        "'a'"})
+        EXPECT_THROW(Json::parse(text), Problem) << text;
+    EXPECT_THROW(Json::parse(std::string_view("\0", 1)), Problem);
+}
+
+TEST(Json, depthHasALimitThatQuotedBracketsDoNotCountFor) {
+    const auto nested = [](std::size_t depth) { return repeated("[", depth) + repeated("]", depth); };
+    EXPECT_NO_THROW(Json::parse(nested(Json::deepest)));
+    EXPECT_THROW(Json::parse(nested(Json::deepest + 1)), Problem);
+    EXPECT_NO_THROW(Json::parse("\"" + repeated("[\\\"", 1000) + "\""));
+}
+
+TEST(Json, aHundredMegabytesOfNothingAreRefusedAtOnce) {
+    const std::string_view hostile[] = {"[", "{\"a\":", "[],", "0,", "\"\",", "[[],", "]"};
+    for (const auto piece : hostile) {
+        const auto text = (piece.back() == ',' ? "[" : "") + repeated(piece, 100'000'000 / piece.size());
+        const double before = processSeconds();
+        EXPECT_THROW(Json::parse(text), Problem) << piece;
+        EXPECT_LT(processSeconds() - before, 5) << piece;
+    }
+    EXPECT_LT(peakMegabytes(), 1500);
+}
