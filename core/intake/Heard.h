@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace murbo {
+
+/// A stretch of a source, in seconds.
+struct Stretch {
+    double start = 0;
+    double end = 0;
+
+    double length() const { return end - start; }
+    bool operator==(const Stretch&) const = default;
+};
+
+/// What is known of a source's sound: how loud it is over time and where somebody speaks.
+struct Heard {
+    /// A moment this much above the usual level is loud: about 9.4 dB.
+    static constexpr int louder = 40;
+
+    struct Peak {
+        double time = 0; ///< seconds
+        std::uint8_t level = 0;
+        bool operator==(const Peak&) const = default;
+    };
+
+    std::vector<std::uint8_t> levels; ///< 0 silent to 255 at full scale, 60 dB in equal steps
+    int rate = 10;                    ///< levels a second
+    std::vector<Stretch> voiced;      ///< where somebody speaks
+
+    /// The median level: of all, or of a stretch. 0 where there is none.
+    int usual() const;
+    int usual(const Stretch& within) const;
+
+    /// Every level of a stretch with its time, loudest first, equal ones in time order.
+    std::vector<Peak> peaks(const Stretch& within) const;
+
+    /// The stretches that are loud against `usual`: short gaps are bridged, blips are left out.
+    std::vector<Stretch> loudStretches(const Stretch& within, int usual) const;
+
+    bool isVoiced(double time) const;
+    bool isLoud(double time, int usual) const;
+};
+
+/// The levels that a stretch touches, as indexes: from the first to behind the last.
+struct LevelRange {
+    std::size_t from = 0;
+    std::size_t to = 0;
+
+    static LevelRange of(const Stretch& stretch, int rate, std::size_t count);
+};
+
+}

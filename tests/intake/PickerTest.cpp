@@ -1,0 +1,108 @@
+#include "core/intake/Picker.h"
+
+#include <gmock/gmock.h>
+
+using namespace murbo;
+using Move = Samples::Move;
+using Behaviour = PickRules::Behaviour;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+const UUID source = UUID::make();
+
+/// Four samples a second that are equally good in every measure.
+Samples samples(const std::vector<std::int64_t>& good) {
+    return {4, good, good, good, std::vector<Move>(good.size(), Move::still)};
+}
+
+std::vector<std::int64_t> stretchOf(std::initializer_list<std::pair<int, int>> runs) {
+    std::vector<std::int64_t> values;
+    for (const auto& [count, value] : runs) values.insert(values.end(), count, value);
+    return values;
+}
+
+std::vector<std::pair<double, double>> times(const std::vector<Pick>& picks) {
+    std::vector<std::pair<double, double>> times;
+    for (const auto& pick : picks) times.emplace_back(pick.start, pick.end);
+    return times;
+}
+
+}
+
+TEST(Picker, scoresByWeightsAndBySound) {
+    Samples given = samples({255, 102, 102, 102});
+    given.moves[0] = Move::pan;
+    // 0 to 0.25 s, 0.25 to 0.5 s …: the second sample is voiced, the third loud.
+    const Heard heard{{0, 0, 0, 0, 0, 0, 200, 0, 0, 0}, 10, {{0.3, 0.5}}};
+    const auto score = [&](PickRules rules) { return Picker::scores(given, heard, rules); };
+
+    EXPECT_THAT(score({}), ElementsAre(1.0, 0.55, 0.55, 0.4));
+    EXPECT_THAT(score({.voice = Behaviour::include, .loud = Behaviour::exclude}),
+                ElementsAre(1.0, 1.0, std::nullopt, 0.4));
+    EXPECT_THAT(score({.voice = Behaviour::ignore, .loud = Behaviour::avoid}),
+                ElementsAre(1.0, 0.4, 0.25, 0.4));
+    EXPECT_THAT(score({.sharpness = 0,
+                       .exposure = 0,
+                       .steadiness = 0,
+                       .voice = Behaviour::include,
+                       .loud = Behaviour::ignore}),
+                ElementsAre(0.0, 1.0, 0.0, 0.0));
+    EXPECT_THAT(score({.moves = std::set<Move>{}}),
+                ElementsAre(std::nullopt, std::nullopt, std::nullopt, std::nullopt));
+    EXPECT_FALSE(score({.moves = std::set{Move::still}})[0]);
+}
+
+TEST(Picker, joinsGoodMomentsAndKeepsTheBestWindow) {
+    const Heard silent;
+    const auto pick = [&](const Samples& given, PickRules rules = {}) {
+        return times(Picker::picks(source, given, silent, rules));
+    };
+    using Times = std::vector<std::pair<double, double>>;
+    EXPECT_EQ(pick(samples(stretchOf({{8, 200}, {2, 0}, {8, 200}}))), (Times{{0, 4.5}}));
+    EXPECT_EQ(pick(samples(stretchOf({{8, 200}, {3, 0}, {8, 200}}))), (Times{{0, 2}, {2.75, 4.75}}));
+    EXPECT_EQ(pick(samples(stretchOf({{7, 200}, {9, 0}}))), Times{});
+    EXPECT_EQ(pick(samples(stretchOf({{40, 200}}))), (Times{{0, 10}}));
+    EXPECT_EQ(pick(samples(stretchOf({{20, 180}, {40, 250}, {20, 180}}))), (Times{{5, 15}}));
+    EXPECT_EQ(pick(samples(stretchOf({{60, 200}}))), (Times{{0, 10}}));
+    EXPECT_EQ(pick(samples({})), Times{});
+}
+
+TEST(Picker, tellsWhatAPickHolds) {
+    Samples given = samples(stretchOf({{8, 255}}));
+    std::fill(given.moves.begin() + 2, given.moves.end(), Move::tilt);
+    Heard heard{std::vector<std::uint8_t>(20, 10), 10, {{1.9, 2.0}}};
+    heard.rate = 10;
+    const auto picks = Picker::picks(source, given, heard, {.voice = Behaviour::ignore});
+    ASSERT_EQ(picks.size(), 1u);
+    EXPECT_EQ(picks[0].move, Move::tilt);
+    EXPECT_FALSE(picks[0].voiced); // the middle of the last moment lies before the speech
+    EXPECT_FALSE(picks[0].loud);
+    EXPECT_DOUBLE_EQ(*picks[0].score, 1);
+}
+
+TEST(Picker, spreadsOverAllFootage) {
+    const UUID first = UUID::make(), second = UUID::make();
+    const std::vector<Picker::Length> sources{{first, 10}, {second, 20}};
+    const std::vector<Pick> picks{{.source = first, .start = 1, .end = 3, .score = 0.7},
+                                  {.source = first, .start = 4, .end = 6, .score = 0.9},
+                                  {.source = second, .start = 11, .end = 13, .score = 0.8},
+                                  {.source = UUID::make(), .start = 0, .end = 2, .score = 1}};
+    std::mt19937_64 generator(1), again(1);
+    const auto spread = Picker::spread(sources, 10, 2, picks, generator);
+    ASSERT_EQ(spread.size(), 3u);
+    EXPECT_EQ(spread[0], picks[1]);
+    EXPECT_EQ(spread[2], picks[2]);
+    EXPECT_EQ(spread[1].source, second);
+    EXPECT_FALSE(spread[1].score);
+    EXPECT_GE(spread[1].start, 0);
+    EXPECT_LE(spread[1].start, 10);
+    EXPECT_EQ(spread, Picker::spread(sources, 10, 2, picks, again));
+
+    EXPECT_THAT(Picker::spread(sources, 0, 2, picks, generator), IsEmpty());
+    EXPECT_THAT(Picker::spread(sources, 10, -1, picks, generator), IsEmpty());
+    EXPECT_THAT(Picker::spread({}, 10, 2, picks, generator), IsEmpty());
+    EXPECT_THAT(Picker::spread(sources, 1e-12, 2, picks, generator), IsEmpty());
+    EXPECT_THAT(Picker::spread({{first, 1}}, 10, 2, {}, generator), IsEmpty()); // too short to hold one
+}
