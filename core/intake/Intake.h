@@ -1,0 +1,38 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace murbo {
+
+/// A movie file that could be read, with its length in seconds.
+struct MeasuredFile {
+    std::filesystem::path path;
+    double length = 0;
+};
+
+/// From what the user hands over (files, folders) to movie files with a length.
+namespace Intake {
+
+/// The movie files among the given files and folders, in the order a person would put them (clip 2 before
+/// clip 10). Folders are searched in depth; hidden entries, the inside of packages, and folders behind
+/// symbolic links are passed over, and so is what can't be read. A file counts by its extension alone; one
+/// that is given twice appears twice.
+std::vector<std::filesystem::path> videos(const std::vector<std::filesystem::path>& given);
+
+/// Whether a file name has the extension of a movie, in either case.
+bool isMovie(const std::filesystem::path& name);
+
+/// Each readable file with its length, in the given order; the others are left out, and so are those whose
+/// path no project can hold because it is not UTF-8.
+std::vector<MeasuredFile> lengths(const std::vector<std::filesystem::path>& files);
+
+/// The name for an intake of files: their folder's, or where they come from several, "Added " and the present
+/// date and time in the system's locale.
+std::string groupName(const std::vector<std::filesystem::path>& files);
+
+}
+
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "core/model/Project.h"
+
+#include <set>
+
+namespace murbo {
+
+/// Which footage is there. Another system's file references (Source::bookmark) can't be resolved here: they
+/// are kept as they were found, and none are made.
+namespace SourceFinder {
+
+/// The ids of the sources whose file is missing.
+std::set<UUID> find(const Project& project);
+
+/// Whether a source's file is there.
+bool find(const Source& source);
+
+}
+
+}
