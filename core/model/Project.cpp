@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include <fmt/format.h>
+
 namespace murbo {
 
 std::string Source::name() const {
@@ -15,7 +17,7 @@ std::string Source::name() const {
 }
 
 std::string Clip::tag() const {
-    return "C" + Tags::twoDigits(number) + part.value_or("");
+    return fmt::format("C{}{}", Tags::twoDigits(number), part.value_or(""));
 }
 
 std::string Clip::title(const std::string& otherwise) const {
@@ -26,7 +28,7 @@ std::string Clip::title(const std::string& otherwise) const {
 }
 
 std::string Bookmark::tag() const {
-    return "B" + std::to_string(number);
+    return fmt::format("B{}", number);
 }
 
 double Idea::length() const {

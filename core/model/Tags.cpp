@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <fmt/format.h>
+
 namespace murbo::Tags {
 namespace {
 
@@ -34,7 +36,7 @@ private:
 }
 
 std::string twoDigits(std::int64_t number) {
-    return (number > 9 ? "" : "0") + std::to_string(number);
+    return fmt::format("{}{}", number > 9 ? "" : "0", number);
 }
 
 std::unordered_map<UUID, std::string> on(const UUID& source, const Project& project) {
@@ -46,9 +48,10 @@ std::unordered_map<UUID, std::string> on(const UUID& source, const Project& proj
         if (clip.source != source) continue;
         const auto tag = clip.tag();
         std::int64_t number = 0;
-        for (const auto* line : lines.in(clip)) tags[line->id] = tag + "." + twoDigits(++number);
+        for (const auto* line : lines.in(clip))
+            tags[line->id] = fmt::format("{}.{}", tag, twoDigits(++number));
         number = 0;
-        for (const auto* note : notes.in(clip)) tags[note->id] = tag + ".n" + std::to_string(++number);
+        for (const auto* note : notes.in(clip)) tags[note->id] = fmt::format("{}.n{}", tag, ++number);
     }
     return tags;
 }

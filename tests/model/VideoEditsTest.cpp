@@ -1,0 +1,186 @@
+#include "core/model/Lanes.h"
+#include "core/model/VideoEdits.h"
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+Cut cut(double start, double end) {
+    Cut made;
+    made.start = start;
+    made.end = end;
+    return made;
+}
+
+/// 10…12, 20…24, 30…33: seams at 0, 2, 6 and 9.
+Video threeCuts() {
+    Video video;
+    video.cuts = std::vector{cut(10, 12), cut(20, 24), cut(30, 33)};
+    return video;
+}
+
+std::string told(const Video& video) {
+    std::string text;
+    for (const auto& one : video.cuts) text += fmt::format("{:g}-{:g} ", one.start, one.end);
+    return text;
+}
+
+}
+
+TEST(VideoEdits, findsCutsByTime) {
+    const auto video = threeCuts();
+    struct Case {
+        double time;
+        std::optional<std::size_t> index;
+        std::size_t place;
+    };
+    for (const auto& [time, index, place] :
+         {Case{-1, {}, 0}, Case{0, 0, 0}, Case{1, 0, 1}, Case{2, 1, 1}, Case{3.99, 1, 1}, Case{4, 1, 2},
+          Case{8.9, 2, 3}, Case{9, {}, 3}}) {
+        EXPECT_EQ(VideoEdits::indexAt(video, time), index) << time;
+        EXPECT_EQ(VideoEdits::place(video, time), place) << time;
+    }
+    EXPECT_EQ(VideoEdits::start(video, video.cuts[2].id), 6);
+    EXPECT_EQ(VideoEdits::start(video, UUID::make()), std::nullopt);
+    EXPECT_EQ(VideoEdits::edits(video), (std::vector<double>{0, 2, 6, 9}));
+    EXPECT_EQ(VideoEdits::edits(Video()), (std::vector<double>{0}));
+}
+
+TEST(VideoEdits, insertsAtAPositionWithinTheList) {
+    for (const auto& [at, expected] : {std::pair{std::optional<std::ptrdiff_t>(-3), "1-2 10-12 20-24 30-33 "},
+                                       {1, "10-12 1-2 20-24 30-33 "},
+                                       {9, "10-12 20-24 30-33 1-2 "},
+                                       {{}, "10-12 20-24 30-33 1-2 "}}) {
+        auto video = threeCuts();
+        const auto inserted = cut(1, 2);
+        EXPECT_EQ(VideoEdits::insert(video, inserted, at), inserted.id);
+        EXPECT_EQ(told(video), expected);
+    }
+}
+
+TEST(VideoEdits, insertsAtATimeAndSplitsWhatPlaysThere) {
+    for (const auto& [time, expected] :
+         {std::pair{-5.0, "10-12 1-2 20-24 30-33 "}, // held at the first moment
+          {0.0005, "1-2 10-12 20-24 30-33 "},
+          {2.0005, "10-12 1-2 20-24 30-33 "},
+          {1.9995, "10-12 1-2 20-24 30-33 "},
+          {3.0, "10-12 20-21 1-2 21-24 30-33 "},
+          {2.05, "10-12 20-24 1-2 30-33 "},
+          {8.9995, "10-12 20-24 30-33 1-2 "},
+          {50.0, "10-12 20-24 30-33 1-2 "}}) {
+        auto video = threeCuts();
+        VideoEdits::insertAt(video, cut(1, 2), time);
+        EXPECT_EQ(told(video), expected) << time;
+    }
+    Video empty;
+    VideoEdits::insertAt(empty, cut(1, 2), 7);
+    EXPECT_EQ(told(empty), "1-2 ");
+}
+
+TEST(VideoEdits, splitsIntoPartsThatCanBeSeen) {
+    auto video = threeCuts();
+    video.cuts.edit()[1].muted = true;
+    const auto id = video.cuts[1].id;
+    for (const double time : {19.0, 20.09, 23.95, 25.0})
+        EXPECT_EQ(VideoEdits::split(video, id, time), std::nullopt);
+    EXPECT_EQ(VideoEdits::split(video, UUID::make(), 21), std::nullopt);
+    EXPECT_EQ(told(video), "10-12 20-24 30-33 ");
+    const auto right = VideoEdits::splitAt(video, 3);
+    EXPECT_EQ(told(video), "10-12 20-21 21-24 30-33 ");
+    EXPECT_EQ(video.cuts[1].id, id);
+    EXPECT_EQ(video.cuts[2].id, right);
+    EXPECT_EQ(video.cuts[2].muted, true);
+    Video empty;
+    EXPECT_EQ(VideoEdits::splitAt(empty, 0), std::nullopt);
+}
+
+TEST(VideoEdits, trimsAndSlipsWithinTheSource) {
+    const auto changed = [](auto change) {
+        auto video = threeCuts();
+        change(video, UUID(video.cuts[1].id));
+        return told(video);
+    };
+    const auto trimmedStart = [&](double to) {
+        return changed([&](Video& video, const UUID& id) { VideoEdits::trimStart(video, id, to); });
+    };
+    const auto trimmedEnd = [&](double to) {
+        return changed([&](Video& video, const UUID& id) { VideoEdits::trimEnd(video, id, to, 40); });
+    };
+    const auto slipped = [&](double to, double length) {
+        return changed([&](Video& video, const UUID& id) { VideoEdits::slip(video, id, to, length); });
+    };
+    EXPECT_EQ(trimmedStart(-4), "10-12 0-24 30-33 ");
+    EXPECT_EQ(trimmedStart(30), "10-12 23.9-24 30-33 ");
+    EXPECT_EQ(trimmedEnd(50), "10-12 20-40 30-33 ");
+    EXPECT_EQ(trimmedEnd(3), "10-12 20-20.1 30-33 ");
+    EXPECT_EQ(slipped(-1, 40), "10-12 0-4 30-33 ");
+    EXPECT_EQ(slipped(39, 40), "10-12 36-40 30-33 ");
+    EXPECT_EQ(slipped(5, 2), "10-12 0-4 30-33 ");
+}
+
+TEST(VideoEdits, movesBeforeTheCutThatStandsThere) {
+    for (const auto& [from, to, expected] : {std::tuple{0, 2, "20-24 10-12 30-33 "},
+                                             {0, 3, "20-24 30-33 10-12 "},
+                                             {0, 1, "10-12 20-24 30-33 "},
+                                             {2, 0, "30-33 10-12 20-24 "},
+                                             {1, 99, "10-12 30-33 20-24 "},
+                                             {1, -9, "20-24 10-12 30-33 "}}) {
+        auto video = threeCuts();
+        VideoEdits::move(video, video.cuts[static_cast<std::size_t>(from)].id, to);
+        EXPECT_EQ(told(video), expected) << from << " to " << to;
+    }
+}
+
+TEST(VideoEdits, removesEveryCutOfThatIdEvenWhenNamedByItself) {
+    auto video = threeCuts();
+    video.cuts.edit().push_back(video.cuts[0]);
+    const auto before = video;
+    VideoEdits::remove(video, video.cuts[0].id);
+    EXPECT_EQ(told(video), "20-24 30-33 ");
+    EXPECT_EQ(told(before), "10-12 20-24 30-33 10-12 ");
+}
+
+TEST(VideoEdits, takesQuietOut) {
+    struct Case {
+        std::vector<Stretch> quiet;
+        double shortest;
+        const char* left;
+        double removed;
+    };
+    const Case cases[] = {
+        {{{22, 23}, {20.5, 21}}, 0.1, "20-20.5 21-22 23-24 ", 1.5},
+        {{{22, 23}, {20.5, 21}}, 0.6, "21-22 23-24 ", 2},
+        {{{22, 23}, {20.5, 21}}, 1, "21-22 23-24 ", 2}, // a piece of exactly the shortest stays
+        {{{0, 21}, {20.5, 22}, {23, 99}}, 0.1, "22-23 ", 3},
+        {{{0, 99}}, 0.1, "20-24 ", 0},
+        {{{24, 25}, {10, 20}}, 0.1, "20-24 ", 0},
+        {{}, 5, "20-24 ", 0},
+    };
+    for (const auto& [quiet, shortest, left, removed] : cases) {
+        auto video = threeCuts();
+        EXPECT_DOUBLE_EQ(VideoEdits::takeOut(video, quiet, video.cuts[1].id, shortest), removed);
+        EXPECT_EQ(told(video), std::string("10-12 ") + left + "30-33 ");
+    }
+}
+
+TEST(VideoEdits, turnsSoundOffForAllNamedThenOnForAll) {
+    auto video = threeCuts();
+    video.cuts.edit()[0].muted = true;
+    const std::vector named{video.cuts[0].id, video.cuts[1].id};
+    VideoEdits::toggleMute(video, named);
+    EXPECT_EQ(video.cuts[1].muted, true);
+    EXPECT_EQ(video.cuts[2].muted, std::nullopt);
+    VideoEdits::toggleMute(video, named);
+    EXPECT_EQ(video.cuts[0].muted, std::nullopt);
+    EXPECT_EQ(video.cuts[1].muted, std::nullopt);
+}
+
+TEST(Lanes, aBlockTakesTheFirstFreeRow) {
+    EXPECT_EQ(Lanes::assign({{5, 9}, {0, 5.0004}, {1, 2}, {2.1, 3}, {0, 1}}),
+              (std::vector<std::size_t>{0, 0, 1, 1, 1}));
+    EXPECT_EQ(Lanes::assign({{5, 9}, {0, 5.0006}}), (std::vector<std::size_t>{1, 0}));
+    EXPECT_TRUE(Lanes::assign({}).empty());
+}
