@@ -123,7 +123,7 @@ struct HistoryFile {
 
     static JsonValue required(const JsonValue& object, const char* key) {
         const auto member = object.member(key);
-        if (!member) object.fail("the key “" + std::string(key) + "” is missing");
+        if (!member) object.failMissing(key);
         return *member;
     }
 

@@ -85,7 +85,7 @@ Value readField(const JsonValue& object, const Field<Owner, Value>& field) {
         static const Owner defaults;
         return defaults.*field.member;
     } else {
-        object.fail("the key “" + std::string(field.name) + "” is missing");
+        object.failMissing(field.name);
     }
 }
 

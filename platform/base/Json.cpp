@@ -44,6 +44,18 @@ bool JsonValue::isNull() const {
     return value->is_null();
 }
 
+bool JsonValue::isText() const {
+    return value->is_string();
+}
+
+bool JsonValue::isList() const {
+    return value->is_array();
+}
+
+bool JsonValue::isObject() const {
+    return value->is_object();
+}
+
 bool JsonValue::boolean() const {
     if (!value->is_boolean()) fail("true or false is expected");
     return value->get<bool>();
@@ -98,8 +110,14 @@ JsonValue JsonValue::element(std::size_t at) const {
 }
 
 void JsonValue::fail(std::string_view what) const {
-    const auto way = path();
-    throw Problem(way.empty() ? fmt::format("{}", what) : fmt::format("{}: {}", way, what));
+    throw JsonProblem(path(), what);
+}
+
+void JsonValue::failMissing(std::string_view key) const {
+    JsonProblem problem(path(), fmt::format("the key “{}” is missing", key));
+    problem.way += problem.way.empty() ? std::string(key) : "." + std::string(key);
+    problem.missing = true;
+    throw problem;
 }
 
 std::string JsonValue::path() const {
@@ -108,6 +126,11 @@ std::string JsonValue::path() const {
     if (!name) return fmt::format("{}[{}]", before, index);
     return before.empty() ? name : before + "." + name;
 }
+
+JsonProblem::JsonProblem(std::string path, std::string_view what)
+    : Problem(path.empty() ? std::string(what) : fmt::format("{}: {}", path, what)),
+      way(std::move(path)),
+      fault(what) {}
 
 Json::Json(std::unique_ptr<const nlohmann::json> parsed) : document(std::move(parsed)) {}
 Json::Json(Json&&) noexcept = default;

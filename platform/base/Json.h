@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/base/Problem.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -18,6 +20,9 @@ namespace murbo {
 class JsonValue {
 public:
     bool isNull() const;
+    bool isText() const;
+    bool isList() const;
+    bool isObject() const;
 
     /// Each of these throws a Problem where the value is of another kind.
     bool boolean() const;
@@ -35,7 +40,10 @@ public:
     std::size_t size() const;
     JsonValue element(std::size_t index) const;
 
+    /// Throws a JsonProblem with the way to this value.
     [[noreturn]] void fail(std::string_view what) const;
+    /// The same for a member that has to be there.
+    [[noreturn]] void failMissing(std::string_view name) const;
 
 private:
     friend class Json;
@@ -48,6 +56,16 @@ private:
     const JsonValue* parent; ///< null at the root
     const char* name;        ///< in an object; null in an array
     std::size_t index;       ///< in an array
+};
+
+/// A value that is not what it should be, and where it stands.
+class JsonProblem : public Problem {
+public:
+    JsonProblem(std::string path, std::string_view what);
+
+    std::string way;      ///< "layers[2].keys[0].ease"; empty at the root
+    std::string fault;    ///< "a number is expected"
+    bool missing = false; ///< what is missing stands at the end of the way
 };
 
 /// A parsed JSON text.

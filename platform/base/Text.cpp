@@ -49,6 +49,19 @@ std::string trimmed(std::string_view text) {
     return trimmedWhere(text, [](UChar32 c) { return u_isUWhiteSpace(c); });
 }
 
+std::string withoutWhiteSpace(std::string_view text) {
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+    std::string result;
+    std::size_t at = 0;
+    while (at < text.size()) {
+        const std::size_t from = at;
+        UChar32 c;
+        U8_NEXT(bytes, at, text.size(), c);
+        if (c < 0 || !u_isUWhiteSpace(c)) result += text.substr(from, at - from);
+    }
+    return result;
+}
+
 std::string lowercased(std::string_view text) {
     return utf8(unicode(text).toLower(icu::Locale::getRoot()));
 }

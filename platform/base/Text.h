@@ -14,6 +14,9 @@ std::string trimmedOfBlanks(std::string_view text);
 /// Without any white space at both ends, line breaks included.
 std::string trimmed(std::string_view text);
 
+/// Without any white space at all.
+std::string withoutWhiteSpace(std::string_view text);
+
 /// In lower case, by the rules that hold in every language.
 std::string lowercased(std::string_view text);
 

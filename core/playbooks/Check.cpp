@@ -1,0 +1,239 @@
+#include "core/playbooks/Check.h"
+
+#include "core/playbooks/PlaybookCodec.h"
+#include "core/playbooks/Words.h"
+#include "platform/base/Json.h"
+#include "platform/base/Problem.h"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+namespace murbo {
+namespace {
+
+using Faults = std::vector<std::string>;
+
+/// So that a file made to have faults without end still gives a message that somebody can read.
+constexpr std::size_t mostFaults = 1000;
+
+template <class T>
+std::vector<std::string_view> fieldNames() {
+    return std::apply([](const auto&... field) { return std::vector<std::string_view>{field.name...}; },
+                      T::fields());
+}
+
+template <class List>
+bool knows(const List& words, std::string_view word) {
+    return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+template <class List>
+std::string listed(const List& words) {
+    return fmt::format("{}", fmt::join(words, ", "));
+}
+
+template <class List>
+std::string notOneOf(std::string_view where, std::string_view word, const List& words) {
+    return fmt::format("{}“{}” is not one of {}.", where, word, listed(words));
+}
+
+/// The elements of a list of objects; nothing where it is no list or anything else stands in it.
+std::optional<std::vector<JsonValue>> objects(const std::optional<JsonValue>& value) {
+    if (!value || !value->isList()) return std::nullopt;
+    std::vector<JsonValue> elements;
+    for (std::size_t at = 0; at < value->size(); ++at) {
+        elements.push_back(value->element(at));
+        if (!elements.back().isObject()) return std::nullopt;
+    }
+    return elements;
+}
+
+std::optional<std::string> text(const std::optional<JsonValue>& value) {
+    if (!value || !value->isText()) return std::nullopt;
+    return value->text();
+}
+
+bool isNameCharacter(char c) {
+    return std::isalnum(static_cast<unsigned char>(c)) || c == '_' || static_cast<unsigned char>(c) >= 0x80;
+}
+
+/// The names of the parameters that a text asks for.
+std::vector<std::string> parameters(const std::string& text) {
+    std::vector<std::string> names;
+    for (auto at = text.find('$'); at != std::string::npos; at = text.find('$', at + 1)) {
+        auto end = at + 1;
+        while (end < text.size() && isNameCharacter(text[end])) ++end;
+        if (end > at + 1) names.push_back(text.substr(at + 1, end - at - 1));
+    }
+    return names;
+}
+
+class Check {
+public:
+    Check(const JsonValue& given, const std::optional<std::filesystem::path>& lookedIn)
+        : root(given), folder(lookedIn) {}
+
+    Faults faults() {
+        fields();
+        parameterTypes();
+        identity();
+        kind();
+        declared("captions", root.member("captions"));
+        const auto list = root.member("layers");
+        if (const auto layers = objects(list))
+            for (std::size_t at = 0; at < layers->size(); ++at)
+                layer((*layers)[at], fmt::format("layers[{}]", at));
+        if (!list || !list->isList()) found.push_back("A playbook needs layers, a list.");
+        return std::move(found);
+    }
+
+private:
+    void fields() {
+        auto known = fieldNames<Playbook>();
+        std::sort(known.begin(), known.end());
+        for (const auto* key : root.names())
+            if (!knows(known, key))
+                found.push_back(
+                    fmt::format("“{}” is not a field of a playbook. Fields: {}.", key, listed(known)));
+    }
+
+    void parameterTypes() {
+        const auto params = root.member("params");
+        if (!params || !params->isObject()) return;
+        const auto names = params->names();
+        const auto isObject = [&](const char* name) { return params->member(name)->isObject(); };
+        if (!std::all_of(names.begin(), names.end(), isObject)) return;
+        for (const auto* name : names) {
+            const auto entry = params->member(name);
+            const auto type = text(entry->member("type"));
+            if (type && !knows(PlaybookWords::types, *type))
+                found.push_back(notOneOf(fmt::format("params.{}: type ", name), *type, PlaybookWords::types));
+        }
+    }
+
+    void identity() {
+        const auto id = text(root.member("id"));
+        if (id && (id->find('/') != std::string::npos || id->find("..") != std::string::npos))
+            found.push_back(fmt::format("id: “{}” may not contain / or ..", *id));
+    }
+
+    void kind() {
+        const auto kind = text(root.member("kind"));
+        if (kind && *kind != "layout" && *kind != "generator")
+            found.push_back(fmt::format(
+                "kind: “{}” is not a kind of playbook; leave it out, or say layout or generator.", *kind));
+    }
+
+    void layer(const JsonValue& layer, const std::string& where) {
+        if (found.size() > mostFaults) return;
+        const auto known = fieldNames<Playbook::Layer>();
+        for (const auto* key : layer.names())
+            if (!knows(known, key))
+                found.push_back(fmt::format("{}: “{}” is not a field of a layer.", where, key));
+        content(layer, where);
+        words(layer, where);
+        effects(layer, where);
+        keys(layer, where);
+        for (const auto* key : layer.names()) declared(where + "." + key, layer.member(key));
+        if (folder) files(layer, where);
+    }
+
+    void content(const JsonValue& layer, const std::string& where) {
+        std::vector<std::string_view> present;
+        for (const auto word : PlaybookWords::contents)
+            if (layer.member(word.data())) present.push_back(word);
+        if (present.size() == 1) return;
+        found.push_back(fmt::format(
+            "{} must be exactly one of image, video, text, shape, particles, slot or sound; it is {}.", where,
+            present.empty() ? "none" : fmt::format("{}", fmt::join(present, " and "))));
+    }
+
+    void words(const JsonValue& layer, const std::string& where) {
+        using namespace PlaybookWords;
+        word(layer, where, "in", enters);
+        word(layer, where, "out", enters);
+        word(layer, where, "hold", PlaybookWords::holds);
+        word(layer, where, "blend", blends);
+        word(layer, where, "shape", shapes);
+        word(layer, where, "drift", drifts);
+    }
+
+    template <class List>
+    void word(const JsonValue& layer, const std::string& where, const char* key, const List& known) {
+        const auto value = text(layer.member(key));
+        if (value && !value->starts_with('$') && !knows(known, *value))
+            found.push_back(notOneOf(fmt::format("{}.{}: ", where, key), *value, known));
+    }
+
+    void effects(const JsonValue& layer, const std::string& where) {
+        const auto list = layer.member("effects");
+        if (!list || !list->isList()) return;
+        Faults wrong;
+        for (std::size_t at = 0; at < list->size(); ++at) {
+            const auto effect = text(list->element(at));
+            if (!effect) return;
+            if (!knows(PlaybookWords::effects, *effect) && !effect->starts_with(PlaybookWords::tint))
+                wrong.push_back(notOneOf(where + ".effects: ", *effect, PlaybookWords::effects));
+        }
+        found.insert(found.end(), wrong.begin(), wrong.end());
+    }
+
+    void keys(const JsonValue& layer, const std::string& where) {
+        const auto keys = objects(layer.member("keys"));
+        if (!keys) return;
+        const auto known = fieldNames<Playbook::Key>();
+        for (std::size_t at = 0; at < keys->size(); ++at) {
+            const auto place = fmt::format("{}.keys[{}]", where, at);
+            for (const auto* name : (*keys)[at].names())
+                if (!knows(known, name))
+                    found.push_back(fmt::format("{}: “{}” is not a field of a key.", place, name));
+            const auto ease = text((*keys)[at].member("ease"));
+            if (ease && !knows(PlaybookWords::eases, *ease))
+                found.push_back(notOneOf(place + ".ease: ", *ease, PlaybookWords::eases));
+        }
+    }
+
+    /// A parameter that is used must be declared.
+    void declared(const std::string& where, const std::optional<JsonValue>& value) {
+        const auto used = text(value);
+        if (!used) return;
+        const auto params = root.member("params");
+        for (const auto& name : parameters(*used))
+            if (!params || !params->isObject() || !params->member(name.c_str()))
+                found.push_back(fmt::format("{}: ${} is not declared in params.", where, name));
+    }
+
+    void files(const JsonValue& layer, const std::string& where) {
+        for (const char* key : {"image", "video", "sound"}) {
+            const auto name = text(layer.member(key));
+            if (!name || name->find('$') != std::string::npos) continue;
+            std::error_code ignored;
+            if (name->find("..") != std::string::npos)
+                found.push_back(fmt::format("{}.{}: {} climbs out of the playbook.", where, key, *name));
+            else if (!std::filesystem::exists(*folder / std::filesystem::path(*name).relative_path(),
+                                              ignored))
+                found.push_back(fmt::format("{}.{}: {} is not in the playbook.", where, key, *name));
+        }
+    }
+
+    const JsonValue& root;
+    const std::optional<std::filesystem::path>& folder;
+    Faults found;
+};
+
+Json parsed(std::string_view text) {
+    if (text.size() > Playbook::mostBytes) throw Problem("The playbook is too large.");
+    return Json::parse(text);
+}
+
+}
+
+void PlaybookCheck::check(std::string_view text, const std::optional<std::filesystem::path>& folder) {
+    const auto json = parsed(text);
+    const auto root = json.root();
+    if (!root.isObject()) throw Problem("A playbook is a JSON object.");
+    const auto faults = Check(root, folder).faults();
+    if (!faults.empty()) throw Problem(fmt::format("{}", fmt::join(faults, "\n")));
+}
+
+}
