@@ -1,0 +1,25 @@
+#include "platform/base/Dates.h"
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+using namespace std::chrono;
+
+TEST(Dates, areReadAsTheyAreWritten) {
+    const Date date = sys_days(2026y / January / 10) + 20h + 15min + 30s;
+    EXPECT_EQ(Dates::text(date), "2026-01-10T20:15:30Z");
+    EXPECT_EQ(Dates::text(date + 999ms), "2026-01-10T20:15:30Z");
+    EXPECT_EQ(Dates::text(Date(-1s)), "1969-12-31T23:59:59Z");
+    for (const char* same : {"2026-01-10T20:15:30Z", "2026-01-10T20:15:30.000Z", "2026-01-11T03:15:30+07:00",
+                             "2026-01-10T15:15:30-0500"})
+        EXPECT_EQ(Dates::parse(same), date) << same;
+    EXPECT_EQ(Dates::parse("2026-01-10T20:15:30.25Z"), date + 250ms);
+}
+
+TEST(Dates, areNoOtherTexts) {
+    for (const char* text :
+         {"", "2026-01-10", "2026-01-10 20:15:30Z", "2026-01-10T20:15:30", "2026-13-10T20:15:30Z",
+          "2026-02-29T20:15:30Z", "2026-01-10T24:15:30Z", "2026-01-10T20:15:30Zx", "2026-01-10T20:15:-3Z",
+          "2026-01-10T20:15:30+7", "2026-01-10T20:15:30.Z5"})
+        EXPECT_EQ(Dates::parse(text), std::nullopt) << text;
+}
