@@ -6,8 +6,9 @@
 
 namespace murbo {
 
-/// 8-bit premultiplied sRGB pixels in the byte order blue, green, red, alpha. Copies share the pixels; whoever
-/// fills a bitmap does so before handing it on, from then on it is read only and may be read from any thread.
+/// 8-bit premultiplied sRGB pixels in the byte order blue, green, red, alpha. Copies share the pixels;
+/// whoever fills a bitmap does so before handing it on, from then on it is read only and may be read from any
+/// thread.
 class Bitmap {
 public:
     Bitmap() = default;

@@ -8,8 +8,8 @@ namespace murbo {
 /// Draws images. Stateless: call it from any thread, for different targets or for different bands of one.
 namespace Canvas {
 
-/// Draws rows `top` to `bottom` (exclusive) of `image` into `target`, replacing what stands there: the image's
-/// origin falls on the bitmap's top left. Bands may be drawn in any order and on any threads.
+/// Draws rows `top` to `bottom` (exclusive) of `image` into `target`, replacing what stands there: the
+/// image's origin falls on the bitmap's top left. Bands may be drawn in any order and on any threads.
 void draw(const Image& image, Bitmap& target, int top, int bottom);
 /// The whole bitmap.
 void draw(const Image& image, Bitmap& target);

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "platform/image/Geometry.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-
-#include "platform/image/Geometry.h"
 
 namespace murbo {
 
@@ -24,8 +24,8 @@ struct Frame {
     int width = 0; ///< of the stored picture, in stored pixels
     int height = 0;
     Layout layout = Layout::chroma420;
-    int depth = 8;                  ///< bits a sample; above 8 each sample is a little-endian 16-bit word
-    bool highBits = false;          ///< the sample stands in the word's high bits (P010), else in its low bits
+    int depth = 8;         ///< bits a sample; above 8 each sample is a little-endian 16-bit word
+    bool highBits = false; ///< the sample stands in the word's high bits (P010), else in its low bits
     bool interleavedChroma = false; ///< Cb and Cr side by side in plane 1 (NV12)
     bool hasAlpha = false;          ///< plane 3 (Y'CbCr), or the fourth byte (`bgra`), straight
     bool fullRange = false;

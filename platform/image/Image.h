@@ -1,11 +1,11 @@
 #pragma once
 
-#include <memory>
-
 #include "platform/image/Bitmap.h"
 #include "platform/image/Colour.h"
 #include "platform/image/Frame.h"
 #include "platform/image/Geometry.h"
+
+#include <memory>
 
 namespace murbo {
 
@@ -49,7 +49,8 @@ public:
     Image clamped() const;
     /// Every channel times `opacity`, which is clamped to 0…1.
     Image faded(double opacity) const;
-    /// Smeared outward from `centre`; `amount` in pixels of smear at half the extent's shorter side. 0 changes nothing.
+    /// Smeared outward from `centre`; `amount` in pixels of smear at half the extent's shorter side. 0
+    /// changes nothing.
     Image zoomBlurred(Point centre, double amount) const;
     /// Smeared along a line, `radius` pixels to either side; `degrees` clockwise from the x axis.
     Image motionBlurred(double radius, double degrees) const;

@@ -1,0 +1,52 @@
+#include "platform/image/Bitmap.h"
+
+#include "platform/base/Problem.h"
+
+namespace murbo {
+namespace {
+
+constexpr int longestSide = 32768;
+constexpr std::ptrdiff_t rowAlignment = 64;
+
+std::ptrdiff_t rounded(std::ptrdiff_t bytes) {
+    return (bytes + rowAlignment - 1) / rowAlignment * rowAlignment;
+}
+
+void require(int width, int height) {
+    if (width > 0 && height > 0 && width <= longestSide && height <= longestSide) return;
+    throw Problem("A picture of " + std::to_string(width) + " × " + std::to_string(height) +
+                  " pixels can’t be held.");
+}
+
+/// Rows start on whole cache lines, so that no vector of pixels straddles two.
+std::shared_ptr<std::uint8_t[]> aligned(std::ptrdiff_t bytes) {
+    auto* memory = static_cast<std::uint8_t*>(::operator new[](bytes, std::align_val_t(rowAlignment)));
+    return {memory, [](std::uint8_t* taken) { ::operator delete[](taken, std::align_val_t(rowAlignment)); }};
+}
+
+}
+
+Bitmap::Bitmap(int width, int height) {
+    require(width, height);
+    pixelsWide = width;
+    pixelsHigh = height;
+    rowBytes = rounded(std::ptrdiff_t(width) * 4);
+    memory = aligned(rowBytes * height);
+    std::memset(memory.get(), 0, rowBytes * height);
+}
+
+Planes::Planes(int width, int height) {
+    require(width, height);
+    if (width % 2 != 0 || height % 2 != 0)
+        throw Problem("A movie’s sides must be even, not " + std::to_string(width) + " × " +
+                      std::to_string(height) + ".");
+    pixelsWide = width;
+    pixelsHigh = height;
+    lumaStride = rounded(width);
+    chromaStride = rounded(width / 2);
+    offsets[1] = lumaStride * height;
+    offsets[2] = offsets[1] + chromaStride * (height / 2);
+    memory = aligned(offsets[2] + chromaStride * (height / 2));
+}
+
+}

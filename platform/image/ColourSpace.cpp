@@ -1,0 +1,169 @@
+#include "platform/image/ColourSpace.h"
+
+#include <cmath>
+#include <mutex>
+
+namespace murbo::ColourSpace {
+namespace {
+
+constexpr double referenceWhite = 203; ///< cd/m², ITU-R BT.2408
+constexpr double peak = 1000;          ///< cd/m², of the display that HLG is decoded for
+constexpr double displayGamma = 2.4;   ///< ITU-R BT.1886
+
+struct Shares {
+    double red;
+    double blue;
+};
+
+/// What red and blue have in brightness.
+Shares shares(Frame::Matrix matrix) {
+    if (matrix == Frame::Matrix::bt601) return {0.299, 0.114};
+    if (matrix == Frame::Matrix::bt2020) return {0.2627, 0.0593};
+    return {0.2126, 0.0722};
+}
+
+/// ITU-R BT.2100, HLG inverse OETF: signal to scene light, 0 to 1.
+double sceneLight(double signal) {
+    constexpr double a = 0.17883277;
+    constexpr double b = 1 - 4 * a;
+    const double c = 0.5 - a * std::log(4 * a);
+    return signal <= 0.5 ? signal * signal / 3 : (std::exp((signal - c) / a) + b) / 12;
+}
+
+/// ITU-R BT.2100, HLG OOTF: scene light to light on the display, in reference whites.
+Light hlg(Light coded) {
+    const Light scene{sceneLight(coded.red), sceneLight(coded.green), sceneLight(coded.blue)};
+    const double brightness = 0.2627 * scene.red + 0.6780 * scene.green + 0.0593 * scene.blue;
+    const double gain = brightness > 0 ? std::pow(brightness, 0.2) * peak / referenceWhite : 0;
+    return {scene.red * gain, scene.green * gain, scene.blue * gain};
+}
+
+/// ITU-R BT.2100, PQ EOTF, in reference whites.
+double pq(double signal) {
+    const double root = std::pow(signal, 1 / 78.84375);
+    const double light = std::max(root - 0.8359375, 0.0) / (18.8515625 - 18.6875 * root);
+    return std::pow(light, 1 / 0.1593017578125) * 10000 / referenceWhite;
+}
+
+Light decoded(Light coded, Frame::Transfer transfer) {
+    if (transfer == Frame::Transfer::hlg) return hlg(coded);
+    if (transfer == Frame::Transfer::pq) return {pq(coded.red), pq(coded.green), pq(coded.blue)};
+    return {std::pow(coded.red, displayGamma), std::pow(coded.green, displayGamma),
+            std::pow(coded.blue, displayGamma)};
+}
+
+/// ITU-R BT.2087: linear BT.2020 to BT.709.
+Light toBT709(const Light& light) {
+    return {1.6605 * light.red - 0.5876 * light.green - 0.0728 * light.blue,
+            -0.1246 * light.red + 1.1329 * light.green - 0.0083 * light.blue,
+            -0.0182 * light.red - 0.1006 * light.green + 1.1187 * light.blue};
+}
+
+double largest(const Light& light) {
+    return std::max({light.red, light.green, light.blue});
+}
+
+/// A distance from grey drawn in: up to 0.8 as it is, from there 1.5 (beyond what BT.2020 reaches) comes
+/// to 1.
+double drawnIn(double distance) {
+    constexpr double start = 0.8;
+    constexpr double room = 1 - start;
+    constexpr double reach = (1.5 - start) / room;
+    const double beyond = (distance - start) / room;
+    if (beyond <= 0) return distance;
+    return start + room * beyond / (1 + beyond * (reach - 1) / reach);
+}
+
+/// Into the gamut: each channel's distance from the largest one, as a share of it, is drawn in.
+Light withinGamut(const Light& light) {
+    const double grey = largest(light);
+    if (grey <= 0) return {};
+    const auto held = [&](double channel) { return grey - drawnIn((grey - channel) / grey) * grey; };
+    return {held(light.red), held(light.green), held(light.blue)};
+}
+
+/// The tone curve: light in reference whites to display light, 0 to 1.
+double shoulder(double light) {
+    constexpr double knee = 0.5;
+    constexpr double top = (peak / referenceWhite - knee) / (1 - knee);
+    const double beyond = (light - knee) / (1 - knee);
+    if (beyond <= 0) return light;
+    return std::min(knee + (1 - knee) * beyond * (1 + beyond / (top * top)) / (1 + beyond), 1.0);
+}
+
+/// The whole colour is dimmed by what its largest channel asks for, so that hues stay.
+Light dimmed(const Light& light) {
+    const double bright = largest(light);
+    const double gain = bright > 0 ? shoulder(bright) / bright : 0;
+    return {light.red * gain, light.green * gain, light.blue * gain};
+}
+
+double coded(double light) {
+    return std::pow(std::clamp(light, 0.0, 1.0), 1 / displayGamma);
+}
+
+std::uint32_t packed(const Light& light) {
+    const auto tenBits = [](double channel) { return std::uint32_t(std::lround(channel * 1020)); };
+    return tenBits(light.blue) | tenBits(light.green) << 10 | tenBits(light.red) << 20;
+}
+
+std::vector<std::uint32_t> filled(Frame::Transfer transfer, Frame::Primaries primaries) {
+    constexpr int side = Kernels::cubeSide;
+    constexpr double last = side - 1;
+    std::vector<std::uint32_t> cube;
+    cube.reserve(side * side * side);
+    for (int at = 0; at < side * side * side; ++at) {
+        const Light light{at / (side * side) / last, at / side % side / last, at % side / last};
+        cube.push_back(packed(toneMapped(light, transfer, primaries)));
+    }
+    return cube;
+}
+
+/// `white` in levels; `rounding` is added so that cutting the fraction off rounds.
+Kernels::Matrix matrix(const Frame& frame, double white, int rounding) {
+    // On the samples' scale 8-bit codes keep their numbers whatever the depth.
+    const double span = 256 - std::ldexp(1.0, 8 - std::min(frame.depth, 16));
+    const double lumaGain = white / (frame.fullRange ? span : 219);
+    const double chromaGain = white / (frame.fullRange ? span : 224);
+    const auto [red, blue] = shares(frame.matrix);
+    const double green = 1 - red - blue;
+    const bool grey = frame.layout == Frame::Layout::grey;
+    const auto factor = [](double value) { return std::int16_t(std::lround(value * 8192)); };
+    const auto chroma = [&](double value) { return factor(grey ? 0 : value * chromaGain); };
+    const double black = frame.fullRange ? 0 : 16;
+    return {factor(lumaGain),
+            chroma(2 * (1 - red)),
+            chroma(-2 * (1 - blue) * blue / green),
+            chroma(-2 * (1 - red) * red / green),
+            chroma(2 * (1 - blue)),
+            std::int16_t(std::lround(-black * lumaGain * 32) + rounding)};
+}
+
+}
+
+Light toneMapped(Light light, Frame::Transfer transfer, Frame::Primaries primaries) {
+    light = decoded(light, transfer);
+    if (primaries == Frame::Primaries::bt2020) light = withinGamut(toBT709(light));
+    if (transfer != Frame::Transfer::sdr) light = dimmed(light);
+    return {coded(light.red), coded(light.green), coded(light.blue)};
+}
+
+Kernels::Matrix toPixels(const Frame& frame) {
+    return matrix(frame, 255, 16);
+}
+
+Kernels::Matrix toCube(const Frame& frame) {
+    return matrix(frame, 256, 0);
+}
+
+const std::uint32_t* cube(const Frame& frame) {
+    const bool wide = frame.primaries == Frame::Primaries::bt2020;
+    if (frame.transfer == Frame::Transfer::sdr && !wide) return nullptr;
+    static std::once_flag flags[6];
+    static std::vector<std::uint32_t> cubes[6];
+    const int which = int(frame.transfer) * 2 + (wide ? 1 : 0);
+    std::call_once(flags[which], [&] { cubes[which] = filled(frame.transfer, frame.primaries); });
+    return cubes[which].data();
+}
+
+}

@@ -1,0 +1,143 @@
+#include "platform/image/Image.h"
+
+#include "platform/image/ImageNode.h"
+
+namespace murbo {
+namespace {
+
+using Node = Image::Node;
+
+double area(const Rect& rect) {
+    return rect.empty() ? 0 : rect.width * rect.height;
+}
+
+bool finite(const Rect& rect) {
+    return std::isfinite(rect.x) && std::isfinite(rect.y) && std::isfinite(rect.width) &&
+           std::isfinite(rect.height);
+}
+
+bool finite(const Transform& transform) {
+    return std::isfinite(transform.a) && std::isfinite(transform.b) && std::isfinite(transform.c) &&
+           std::isfinite(transform.d) && transform.invertible();
+}
+
+Rect grown(const Rect& rect, double x, double y) {
+    if (rect.isEverything() || rect.empty()) return rect;
+    return {rect.x - x, rect.y - y, rect.width + 2 * x, rect.height + 2 * y};
+}
+
+/// The one rectangle that holds most of two.
+Rect larger(const Rect& one, const Rect& other) {
+    return area(one) >= area(other) ? one : other;
+}
+
+Rect scaledFrom(const Rect& rect, Point centre, double scale) {
+    return Transform()
+        .translated(-centre.x, -centre.y)
+        .scaled(scale, scale)
+        .translated(centre.x, centre.y)
+        .apply(rect);
+}
+
+const std::shared_ptr<const Node>& nothing() {
+    static const auto node = std::make_shared<Node>(Node::Fill{Colour::clear}, Rect{}, Rect{}, Rect{}, true);
+    return node;
+}
+
+template <typename Kind>
+std::shared_ptr<const Node> made(Kind kind, Rect extent, Rect body, Rect opaque, bool single) {
+    return std::make_shared<Node>(std::move(kind), extent, body, opaque, single);
+}
+
+}
+
+Image::Image() : root(nothing()) {}
+
+Rect Image::extent() const {
+    return root->extent;
+}
+
+Image Image::colour(Colour colour) {
+    if (colour.alpha == 0) return {};
+    const Rect all = Rect::everything();
+    return Image(made(Node::Fill{colour}, all, all, colour.alpha == 255 ? all : Rect{}, true));
+}
+
+Image Image::bitmap(Bitmap bitmap) {
+    if (bitmap.empty()) return {};
+    const Rect extent{0, 0, double(bitmap.width()), double(bitmap.height())};
+    return Image(made(Node::Pixels{std::move(bitmap)}, extent, extent, Rect{}, true));
+}
+
+Image Image::frame(Frame frame) {
+    if (frame.width <= 0 || frame.height <= 0 || !frame.planes[0]) return {};
+    const Size size = frame.uprightSize();
+    const Rect extent{0, 0, size.width, size.height};
+    const Rect opaque = frame.hasAlpha ? Rect{} : extent;
+    return Image(made(Node::Picture{std::move(frame)}, extent, extent, opaque, true));
+}
+
+Image Image::cropped(const Rect& rect) const {
+    if (!finite(rect)) return {};
+    if (rect.contains(extent())) return *this;
+    if (const auto* crop = std::get_if<Node::Crop>(&root->kind))
+        return crop->of.cropped(crop->rect.intersection(rect));
+    const Rect extent = root->extent.intersection(rect);
+    if (extent.empty()) return {};
+    return Image(made(Node::Crop{*this, rect}, extent, root->body.intersection(rect),
+                      root->opaque.intersection(rect), root->single));
+}
+
+Image Image::transformed(const Transform& transform) const {
+    if (!finite(transform)) return {};
+    if (transform == Transform() || empty() || std::holds_alternative<Node::Fill>(root->kind)) return *this;
+    if (const auto* move = std::get_if<Node::Move>(&root->kind))
+        return move->of.transformed(move->transform.then(transform));
+    const bool upright = keepsAxes(transform);
+    const Rect opaque = upright || root->opaque.isEverything() ? transform.apply(root->opaque) : Rect{};
+    return Image(made(Node::Move{*this, transform}, transform.apply(root->extent),
+                      transform.apply(root->body), opaque, root->single && upright));
+}
+
+Image Image::over(const Image& below) const {
+    if (empty()) return below;
+    if (below.empty() || root->opaque.contains(below.extent())) return *this;
+    return Image(made(Node::Over{*this, below}, extent().united(below.extent()),
+                      root->body.united(below.root->body), larger(root->opaque, below.root->opaque), false));
+}
+
+Image Image::clamped() const {
+    if (empty() || extent().isEverything()) return *this;
+    const Rect all = Rect::everything();
+    const bool solid = root->opaque.contains(extent());
+    return Image(made(Node::Clamp{*this}, all, root->body, solid ? all : Rect{}, root->single));
+}
+
+Image Image::faded(double opacity) const {
+    if (!(opacity > 0)) return {};
+    if (opacity >= 1 || empty()) return *this;
+    if (const auto* fade = std::get_if<Node::Fade>(&root->kind))
+        return fade->of.faded(fade->opacity * opacity);
+    return Image(made(Node::Fade{*this, opacity}, extent(), root->body, Rect{}, root->single));
+}
+
+Image Image::zoomBlurred(Point centre, double amount) const {
+    const double reach = std::min(root->body.width, root->body.height) * 0.5;
+    if (empty() || root->body.isEverything() || !(amount > 0) || !(reach > 0)) return *this;
+    // A smear as long as the way to the centre is all that a picture can show.
+    const double share = std::min(amount / reach, 1.0);
+    const auto smeared = [&](const Rect& rect) {
+        return rect.united(scaledFrom(rect, centre, 1 + share * 0.5));
+    };
+    return Image(made(Node::ZoomBlur{*this, centre, share}, smeared(extent()), root->body,
+                      root->opaque.isEverything() ? root->opaque : Rect{}, false));
+}
+
+Image Image::motionBlurred(double radius, double degrees) const {
+    if (empty() || root->body.isEverything() || !(radius > 0) || !std::isfinite(degrees)) return *this;
+    const Point reach = Transform().rotated(degrees).apply(Point{std::min(radius, 4096.0), 0});
+    return Image(made(Node::MotionBlur{*this, reach}, grown(extent(), std::abs(reach.x), std::abs(reach.y)),
+                      root->body, root->opaque.isEverything() ? root->opaque : Rect{}, false));
+}
+
+}

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "platform/image/Image.h"
+
+#include <variant>
+#include <vector>
+
+namespace murbo {
+
+/// One operation of an image's graph. What a canvas asks again and again (extents, what is surely opaque) is
+/// worked out once, when the node is made.
+///
+/// A new operation is a struct here, a function in `Image`, its extents in Image.cpp and a case in
+/// Layers.cpp.
+struct Image::Node {
+    struct Fill {
+        Colour colour;
+    };
+    struct Pixels {
+        Bitmap bitmap;
+    };
+    struct Picture {
+        Frame frame;
+    };
+    struct Crop {
+        Image of;
+        Rect rect;
+    };
+    struct Move {
+        Image of;
+        Transform transform;
+    };
+    struct Over {
+        Image above;
+        Image below;
+    };
+    struct Clamp {
+        Image of;
+    };
+    struct Fade {
+        Image of;
+        double opacity; ///< 0 to 1, exclusive
+    };
+    struct ZoomBlur {
+        Image of;
+        Point centre;
+        double share; ///< length of the smear over the distance from the centre
+    };
+    struct MotionBlur {
+        Image of;
+        Point reach; ///< the smear's half, from its middle to one end
+    };
+    using Kind = std::variant<Fill, Pixels, Picture, Crop, Move, Over, Clamp, Fade, ZoomBlur, MotionBlur>;
+
+    Kind kind;
+    Rect extent;         ///< where there can be colour
+    Rect body;           ///< the extent without what clamping added
+    Rect opaque;         ///< all of it is opaque; empty where that is not known
+    bool single = false; ///< one picture, at most cropped, faded and moved along the axes: clamping it is
+                         ///< sampling it so
+
+    Node(Kind what, Rect extent, Rect body, Rect opaque, bool single);
+    ~Node();
+    Node(const Node&) = delete;
+    Node& operator=(const Node&) = delete;
+
+private:
+    void giveUp(std::vector<std::shared_ptr<const Node>>& children);
+};
+
+/// Whether upright rectangles stay upright ones: no turn but by quarters, no shear.
+bool keepsAxes(const Transform& transform);
+
+}

@@ -1,0 +1,103 @@
+#include "platform/image/Painter.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace murbo::Painter {
+namespace {
+
+/// What is smaller is not worth cutting the area round it into pieces; this also bounds how many there can
+/// be.
+constexpr std::int64_t worthCutting = 4096;
+/// Pixels that are drawn by themselves before they are laid over others: few enough for a near cache.
+constexpr int scratchPixels = 1 << 16;
+
+void clear(const Tile& tile) {
+    for (int y = tile.area.top; y < tile.area.bottom; ++y)
+        Kernels::fill(0, tile.area.width(), tile.at(tile.area.left, y));
+}
+
+void copy(const Raster& raster, const Tile& tile) {
+    const auto from = const_cast<Raster&>(raster).tile();
+    for (int y = tile.area.top; y < tile.area.bottom; ++y)
+        std::memcpy(tile.at(tile.area.left, y), from.at(tile.area.left, y),
+                    std::size_t(tile.area.width()) * 4);
+}
+
+/// The layer's own pixels, without its edges and opacity.
+void draw(Layer& layer, const Tile& tile) {
+    if (auto* draw = std::get_if<Layer::Draw>(&layer.ink)) return (*draw)(tile);
+    if (auto* still = std::get_if<Layer::Still>(&layer.ink)) return copy(still->raster, tile);
+    const auto pixel = std::get<Layer::Flat>(layer.ink).pixel;
+    for (int y = tile.area.top; y < tile.area.bottom; ++y)
+        Kernels::fill(pixel, tile.area.width(), tile.at(tile.area.left, y));
+}
+
+/// Lays what needs no pixels of its own right over the tile.
+bool laidDirectly(Layer& layer, const Tile& tile) {
+    if (layer.opacity != 255 || !layer.edges.empty() || std::holds_alternative<Layer::Draw>(layer.ink))
+        return false;
+    auto* still = std::get_if<Layer::Still>(&layer.ink);
+    for (int y = tile.area.top; y < tile.area.bottom; ++y) {
+        auto* pixels = tile.at(tile.area.left, y);
+        if (still)
+            Kernels::over(still->raster.tile().at(tile.area.left, y), tile.area.width(), pixels);
+        else
+            Kernels::over(std::get<Layer::Flat>(layer.ink).pixel, tile.area.width(), pixels);
+    }
+    return true;
+}
+
+/// Draws the layer by itself, fades it, and lays it over the tile.
+void layThroughScratch(Layer& layer, const Tile& tile) {
+    const auto& area = tile.area;
+    const int rows = std::clamp(scratchPixels / area.width(), 1, area.height());
+    const std::ptrdiff_t stride = std::ptrdiff_t(area.width()) * 4;
+    const auto memory = std::make_unique_for_overwrite<std::uint8_t[]>(stride * rows);
+    for (int top = area.top; top < area.bottom; top += rows) {
+        const Tile scratch{
+            memory.get(), stride, {area.left, top, area.right, std::min(top + rows, area.bottom)}};
+        draw(layer, scratch);
+        for (int y = scratch.area.top; y < scratch.area.bottom; ++y) {
+            auto* row = scratch.at(area.left, y);
+            for (const auto& edges : layer.edges) edges.cover(y, area.left, area.right, row);
+            if (layer.opacity != 255) Kernels::fade(layer.opacity, area.width(), row);
+            Kernels::over(row, area.width(), tile.at(area.left, y));
+        }
+    }
+}
+
+void lay(Layer& layer, const Tile& target, const PixelRect& rect) {
+    const auto area = layer.bounds.intersection(rect);
+    if (area.empty()) return;
+    const auto solid = layer.solid.intersection(area);
+    if (!solid.empty()) draw(layer, target.part(solid));
+    around(area, solid, [&](const PixelRect& part) {
+        if (!laidDirectly(layer, target.part(part))) layThroughScratch(layer, target.part(part));
+    });
+}
+
+bool worthwhile(const PixelRect& solid, const PixelRect& rect) {
+    return !solid.empty() && (solid == rect || solid.area() >= worthCutting);
+}
+
+/// Paints the lowest `count` layers in `rect`. Where the topmost solid one of them hides what lies below,
+/// that is painted round it only.
+void paintStack(Layers& layers, std::size_t count, const Tile& target, const PixelRect& rect) {
+    std::size_t bottom = count;
+    PixelRect solid;
+    while (bottom > 0 && !worthwhile(solid, rect)) solid = layers[--bottom].solid.intersection(rect);
+    const bool hides = worthwhile(solid, rect);
+    if (!hides) clear(target.part(rect));
+    if (hides && solid != rect)
+        around(rect, solid, [&](const PixelRect& part) { paintStack(layers, bottom, target, part); });
+    for (std::size_t at = bottom; at < count; ++at) lay(layers[at], target, rect);
+}
+
+}
+
+void paint(Layers& layers, const Tile& tile) {
+    if (!tile.area.empty()) paintStack(layers, layers.size(), tile, tile.area);
+}
+
+}

@@ -1,0 +1,92 @@
+#include "platform/image/Smear.h"
+
+#include "platform/image/Painter.h"
+
+#include <cmath>
+
+namespace murbo::Smear {
+namespace {
+
+/// A long smear needs no fine grid along it: so many pixels are left of its half.
+constexpr double reachKept = 8;
+/// Past this length, in pixels, a zoom smear is drawn at half size: what it would lose is smeared already.
+constexpr double fineZoom = 24;
+/// Copies of a zoom smear lie no further apart than this, in pixels.
+constexpr double zoomSpacing = 1.5;
+
+Transform scaledFrom(Point centre, double scale) {
+    return Transform().translated(-centre.x, -centre.y).scaled(scale, scale).translated(centre.x, centre.y);
+}
+
+/// What of the grid can be other than clear, of what is wanted.
+PixelRect needed(const Rect& wanted, const Rect& extent, int margin) {
+    const auto seen = PixelRect::touching(extent.intersection(wanted));
+    return seen.empty() ? PixelRect{} : seen.grown(margin, margin);
+}
+
+/// The mean of two tiles, in the first. Where halves go changes from row to row and pass to pass: no drift.
+void average(const Tile& one, const Tile& other, int pass) {
+    const auto& area = one.area;
+    for (int y = area.top; y < area.bottom; ++y)
+        Kernels::average(other.at(area.left, y), area.width(), (y + pass) & 1, one.at(area.left, y));
+}
+
+}
+
+Smeared motion(const Image::Node::MotionBlur& blur, const Transform& place, const PixelRect& bounds,
+               int depth) {
+    const Transform linear{place.a, place.b, place.c, place.d, 0, 0};
+    const Point reach = linear.apply(blur.reach);
+    const double length = std::hypot(reach.x, reach.y);
+    // On a grid turned so that the line lies level, and drawn together along it, the smear is a mean along
+    // rows.
+    const double degrees = std::atan2(reach.y, reach.x) * 180 / 3.14159265358979323846;
+    const double shrink = std::max(std::floor(length / reachKept), 1.0);
+    const Transform toGrid = Transform().rotated(-degrees).scaled(1 / shrink, 1);
+    const double kept = length / shrink;
+    const int margin = int(std::ceil(kept)) + 2;
+    const Transform placed = place.then(toGrid);
+    Rect extent = placed.apply(blur.of.extent());
+    if (!extent.isEverything()) extent = {extent.x - kept, extent.y, extent.width + 2 * kept, extent.height};
+    const PixelRect area = needed(toGrid.apply(bounds.rect()), extent, margin);
+    if (area.empty()) return {};
+    Raster sharp = rasterised(blur.of.node(), placed, area, depth);
+    Raster smeared{Bitmap(area.width(), area.height()), area, sharp.opaque};
+    for (int y = 0; y < area.height(); ++y)
+        Kernels::smearRow(sharp.bitmap.row(y), area.width(), std::max(int(std::lround(kept * 64)), 32),
+                          smeared.bitmap.row(y));
+    return {std::move(smeared), toGrid};
+}
+
+Smeared zoom(const Image::Node::ZoomBlur& blur, const Transform& place, const PixelRect& bounds, int depth) {
+    const auto body = place.apply(blur.of.node().body);
+    const double longest = blur.share * 0.5 * std::hypot(body.width, body.height);
+    const double shrink = longest < fineZoom ? 1 : 2;
+    const Transform toGrid = Transform().scaled(1 / shrink, 1 / shrink);
+    const Transform placed = place.then(toGrid);
+    const Point centre = placed.apply(blur.centre);
+    // Twice as many copies with each pass: means of means, each pass twice as far apart as the last.
+    const int passes = std::clamp(int(std::ceil(std::log2(longest / shrink / zoomSpacing))), 1, 12);
+    const double all = std::log((1 + blur.share * 0.5) / (1 - blur.share * 0.5));
+    const Transform outward = scaledFrom(centre, std::exp(all * 0.5));
+    const auto around = [&](const Rect& rect) {
+        return rect.isEverything() ? rect : rect.united(outward.apply(rect));
+    };
+    const PixelRect area =
+        needed(around(toGrid.apply(bounds.rect())), around(placed.apply(blur.of.extent())), 2 * passes + 2);
+    if (area.empty()) return {};
+    Raster now = rasterised(blur.of.node(), placed, area, depth);
+    Raster next{Bitmap(area.width(), area.height()), area, now.opaque};
+    Bitmap other(area.width(), area.height());
+    for (int pass = 0; pass < passes; ++pass) {
+        const double apart = all * std::ldexp(0.5, pass - passes);
+        const Tile aside{other.row(0), other.stride(), area};
+        Sampler(now, scaledFrom(centre, std::exp(apart)), area, area).fill(next.tile());
+        Sampler(now, scaledFrom(centre, std::exp(-apart)), area, area).fill(aside);
+        average(next.tile(), aside, pass);
+        std::swap(now, next);
+    }
+    return {std::move(now), toGrid};
+}
+
+}
