@@ -142,7 +142,9 @@ Change changed(const Project& from, const Project& to) {
 }
 
 void apply(const ProjectParts& parts, Project& project) {
-    for (const auto& [key, part] : parts) {
+    for (const auto& one : parts) {
+        const auto& key = one.first;
+        const auto& part = one.second;
         std::apply([&](const auto&... member) { (applyMember(key, part, project, member), ...); },
                    memberParts());
         if (key == countersKey)
