@@ -18,6 +18,7 @@ struct FontChoice {
         std::size_t from = 0; ///< bytes
         std::size_t to = 0;
         std::string family;
+        int weight = 400;
     };
     std::vector<Run> runs;         ///< adjacent; empty where there is no font at all
     std::vector<char32_t> missing; ///< no font has them

@@ -21,7 +21,6 @@ using Attributes = std::unique_ptr<PangoAttrList, Unref>;
 using Description = std::unique_ptr<PangoFontDescription, Unref>;
 
 constexpr double tolerance = 0.01; // pixels; sums of widths are not exact
-constexpr char32_t thaiRepetition = 0x0E46;
 
 bool endsLine(char32_t character) {
     return (character >= 0x0A && character <= 0x0D) || character == 0x85 || character == 0x2028 ||
@@ -87,15 +86,18 @@ struct Segment {
     bool ends = false; ///< with a line break of the text
 };
 
+/// Where the standard allows a line to end within a word, as it does in Japanese and Chinese, we don't: a
+/// short caption reads better in whole words.
 std::vector<Segment> segments(std::string_view text) {
+    const auto words = Unicode::wordEnds(text);
     std::vector<Segment> found;
     std::size_t from = 0;
     for (const std::size_t to : Unicode::lineEnds(text)) {
-        std::size_t behind = to;
-        if (to < text.size() && Unicode::next(text, behind) == thaiRepetition) continue;
         std::size_t last = to - 1;
         while (last > from && (text[last] & 0xC0) == 0x80) --last;
-        found.push_back({from, to, endsLine(Unicode::next(text, last))});
+        const bool ends = endsLine(Unicode::next(text, last));
+        if (!ends && !std::binary_search(words.begin(), words.end(), to)) continue;
+        found.push_back({from, to, ends});
         from = to;
     }
     return found;
@@ -147,10 +149,12 @@ struct ShapedText::Parts {
         };
         add(pango_attr_fallback_new(FALSE), from, to);
         add(pango_attr_language_new(pango_language_from_string(choice.language.c_str())), from, to);
-        for (const auto& run : choice.runs)
-            if (run.to > from && run.from < to)
-                add(pango_attr_family_new(run.family.c_str()), std::max(run.from, from),
-                    std::min(run.to, to));
+        for (const auto& run : choice.runs) {
+            if (run.to <= from || run.from >= to) continue;
+            add(pango_attr_family_new(run.family.c_str()), std::max(run.from, from), std::min(run.to, to));
+            add(pango_attr_weight_new(PangoWeight(run.weight)), std::max(run.from, from),
+                std::min(run.to, to));
+        }
         return list;
     }
 

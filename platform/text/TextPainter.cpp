@@ -69,6 +69,14 @@ void addBox(cairo_t* cairo, const Rect& box, double radius) {
     cairo_close_path(cairo);
 }
 
+/// Two boxes that touch become one: their corners between them are filled as far as both reach.
+void addJoint(cairo_t* cairo, const Rect& above, const Rect& below) {
+    const double left = std::max(above.x, below.x);
+    const double width = std::min(above.right(), below.right()) - left;
+    if (below.y > above.bottom() || width <= 0) return;
+    cairo_rectangle(cairo, left, above.middle().y, width, below.middle().y - above.middle().y);
+}
+
 }
 
 void fill(Bitmap& target, const ShapedText& text, const std::vector<PlacedGlyph>& glyphs, Colour colour) {
@@ -98,7 +106,10 @@ void boxes(Bitmap& target, const std::vector<Rect>& boxes, double radius, Colour
     cairo_set_source_rgba(cairo, colour.red / 255.0, colour.green / 255.0, colour.blue / 255.0,
                           colour.alpha / 255.0);
     cairo_set_fill_rule(cairo, CAIRO_FILL_RULE_WINDING);
-    for (const Rect& box : boxes) addBox(cairo, box, radius);
+    for (std::size_t index = 0; index < boxes.size(); ++index) {
+        addBox(cairo, boxes[index], radius);
+        if (index > 0) addJoint(cairo, boxes[index - 1], boxes[index]);
+    }
     cairo_fill(cairo);
     cairo_destroy(cairo);
     cairo_surface_destroy(surface);

@@ -23,7 +23,7 @@ void outline(Bitmap& target, const ShapedText& text, const std::vector<PlacedGly
 void shadow(Bitmap& target, const ShapedText& text, const std::vector<PlacedGlyph>& glyphs, Point offset,
             double sigma, Colour colour);
 
-/// Rounded boxes, drawn as one shape.
+/// Rounded boxes from top to bottom, drawn as one shape: those that touch flow together.
 void boxes(Bitmap& target, const std::vector<Rect>& boxes, double radius, Colour colour);
 
 }
