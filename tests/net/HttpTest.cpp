@@ -1,0 +1,119 @@
+#include "platform/base/Cancelled.h"
+#include "platform/net/Http.h"
+#include "tests/FakeServer.h"
+
+#include <chrono>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace murbo;
+using namespace std::chrono_literals;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+using Clock = std::chrono::steady_clock;
+
+namespace {
+
+std::string failure(const Http::Request& request) try {
+    Http::send(request);
+    return "";
+} catch (const Problem& problem) {
+    return problem.message();
+}
+
+}
+
+TEST(Http, sendsOnceAndGivesBackWhatCame) {
+    FakeServer server([](const std::string&) { return FakeServer::reply(418, "short and stout"); });
+    Http::Request request;
+    request.url = server.base + "/api/v1/key";
+    request.headers = {"Authorization: Bearer secret"};
+    auto reply = Http::send(request);
+    EXPECT_EQ(reply.status, 418);
+    EXPECT_EQ(reply.body, "short and stout");
+    EXPECT_THAT(server.request(), StartsWith("GET /api/v1/key HTTP/1.1\r\n"));
+    EXPECT_THAT(server.request(), HasSubstr("\r\nAuthorization: Bearer secret\r\n"));
+
+    request.body = std::string(3'000'000, 'b') + '\0' + "end";
+    EXPECT_EQ(Http::send(request).status, 418);
+    EXPECT_THAT(server.request(), StartsWith("POST "));
+    EXPECT_THAT(server.request(), Not(HasSubstr("Expect:")));
+    EXPECT_TRUE(server.request().ends_with(request.body));
+}
+
+TEST(Http, goesOnlyWhereNobodyCanListen) {
+    for (const char* fit : {"https://openrouter.ai/api", "https://127.0.0.1:1/", "http://127.0.0.1:17172/mcp",
+                            "http://localhost/", "http://[::1]:80/"})
+        EXPECT_TRUE(Http::mayGoTo(fit)) << fit;
+    for (const char* unfit :
+         {"", "openrouter.ai", "http://openrouter.ai/", "http://127.0.0.1@example.org/",
+          "http://127.0.0.1.example.org/", "http://localhost.example.org/", "file:///etc/passwd",
+          "ftp://127.0.0.1/", "gopher://127.0.0.1/", "http://127.0.0.1:80 .example.org/", "https://",
+          "http://0x7f.example/", "http://[::2]/"})
+        EXPECT_FALSE(Http::mayGoTo(unfit)) << unfit;
+    EXPECT_EQ(failure({.url = "http://example.org/"}),
+              "Nothing is sent to http://example.org/: it is no HTTPS address.");
+}
+
+TEST(Http, followsNobodyElsewhere) {
+    FakeServer server([](const std::string&) {
+        return "HTTP/1.1 302 Found\r\nLocation: /stolen\r\nContent-Length: 0\r\nConnection: close\r\n\r\n";
+    });
+    EXPECT_EQ(Http::send({.url = server.base + "/here"}).status, 302);
+    EXPECT_THAT(server.request(), StartsWith("GET /here"));
+}
+
+TEST(Http, refusesAHeaderThatSmugglesInAnother) {
+    EXPECT_THROW(
+        Http::send({.url = "http://127.0.0.1:1/", .headers = {"Authorization: Bearer a\r\nHost: b"}}),
+        Problem);
+}
+
+TEST(Http, failsInWords) {
+    std::string closed;
+    {
+        FakeServer gone([](const std::string&) { return ""; });
+        closed = gone.base;
+    }
+    EXPECT_THAT(failure({.url = closed}), StartsWith("127.0.0.1 could not be reached: "));
+    EXPECT_THAT(failure({.url = "https://nowhere.invalid/"}),
+                StartsWith("nowhere.invalid could not be reached: "));
+
+    FakeServer nonsense([](const std::string&) { return "\x01\x02 nonsense\r\n\r\n"; });
+    EXPECT_THAT(failure({.url = nonsense.base}), StartsWith("127.0.0.1 could not be reached: "));
+
+    FakeServer brokenOff(
+        [](const std::string&) { return "HTTP/1.1 200 OK\r\nContent-Length: 500\r\n\r\nhalf"; });
+    EXPECT_THAT(failure({.url = brokenOff.base}), StartsWith("127.0.0.1 could not be reached: "));
+
+    FakeServer endless([](const std::string&) { return FakeServer::reply(200, std::string(100'000, 'x')); });
+    EXPECT_EQ(failure({.url = endless.base, .most = 50'000}), "127.0.0.1 sent too long an answer.");
+}
+
+TEST(Http, givesUpOnAServerThatFallsSilentButNotOnASlowOne) {
+    FakeServer silent([](const std::string&) { return ""; });
+    const auto started = Clock::now();
+    EXPECT_EQ(failure({.url = silent.base, .timeout = 300ms}), "127.0.0.1 did not answer in time.");
+    EXPECT_LT(Clock::now() - started, 3s);
+
+    FakeServer slow([](const std::string&) {
+        std::this_thread::sleep_for(300ms);
+        return FakeServer::reply(200, "late");
+    });
+    EXPECT_EQ(Http::send({.url = slow.base, .timeout = 5s}).body, "late");
+}
+
+TEST(Http, stopsAtOnceWhenAskedTo) {
+    FakeServer silent([](const std::string&) { return ""; });
+    std::stop_source stop;
+    std::jthread asking([&] {
+        std::this_thread::sleep_for(100ms);
+        stop.request_stop();
+    });
+    const auto started = Clock::now();
+    EXPECT_THROW(Http::send({.url = silent.base}, stop.get_token()), Cancelled);
+    EXPECT_LT(Clock::now() - started, 2s);
+}
