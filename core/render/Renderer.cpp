@@ -1,0 +1,137 @@
+#include "core/render/Renderer.h"
+
+#include "core/render/CaptionMotion.h"
+#include "core/render/plan/Motion.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace murbo::Renderer {
+namespace {
+
+constexpr unsigned long long glitchSeed = 0x9E3779B97F5F6779;
+
+Rect whole(Size frame) {
+    return {0, 0, frame.width, frame.height};
+}
+
+Image filled(Colour colour, Size frame) {
+    return Image::colour(colour).cropped(whole(frame));
+}
+
+/// The picture in the panels of its shot.
+Image laidOut(const Image& picture, const PlacedShot& placed, const Framing& framing, const Plan& plan,
+              double time) {
+    const auto extent = picture.extent();
+    const double jolt = placed.jolt(time);
+    Image result;
+    for (auto panel : Crop::panels(placed.moved(time), placed.zoom(time), framing,
+                                   {extent.width, extent.height}, plan.frame)) {
+        panel.source.y += jolt;
+        result = draw(picture, panel).over(result);
+    }
+    return result;
+}
+
+Image inTransition(const Image& image, const PlacedShot& placed, const Plan& plan, double time) {
+    const double age = time - placed.start;
+    if (!placed.shot.transition || placed.implicit || age >= transitionLength) return image;
+    return transitionIn(*placed.shot.transition, image, age / transitionLength, plan.frame);
+}
+
+/// Height of a caption's middle, a fraction of the frame from the top.
+double height(const Placement& placement, const Shot& shot, const Framing& framing, const Plan& plan) {
+    if (placement.y) return *placement.y;
+    const bool seam = plan.frame.width < plan.frame.height && plan.style.seam.value_or(true);
+    if (seam && shot.layout == Shot::Layout::split) return shot.split.value_or(framing.split);
+    return plan.style.y.value_or(0.3);
+}
+
+/// A caption that lies still is put on whole pixels: between them its letters would only blur.
+Transform onPixels(Transform transform) {
+    transform.tx = std::round(transform.tx);
+    transform.ty = std::round(transform.ty);
+    return transform;
+}
+
+bool travels(const CaptionCue& cue) {
+    return cue.move && cue.move->to;
+}
+
+}
+
+Image render(const std::optional<Image>& picture, const std::optional<UUID>& source, const Plan& plan,
+             double time, CaptionCache& captions) {
+    const auto background = filled(Colour::black, plan.frame);
+    const auto* placed = plan.shot(time);
+    if (!placed) return background;
+    const auto& framing = plan.framing(source);
+    auto result = picture ? laidOut(*picture, *placed, framing, plan, time).over(background) : background;
+    result = inTransition(result, *placed, plan, time);
+    if (const auto* cue = plan.cue(time)) {
+        if (const auto image = caption(*cue, time, placed->shot, framing, plan, captions))
+            result = image->over(result);
+    }
+    return result.cropped(whole(plan.frame));
+}
+
+Image draw(const Image& picture, const Panel& panel) {
+    const auto extent = picture.extent();
+    const auto place = Transform()
+                           .translated(-(extent.x + panel.source.x), -(extent.y + panel.source.y))
+                           .scaled(panel.frame.width / std::max(panel.source.width, 1.0),
+                                   panel.frame.height / std::max(panel.source.height, 1.0))
+                           .translated(panel.frame.x, panel.frame.y);
+    return picture.clamped().transformed(place).cropped(panel.frame);
+}
+
+Image transitionIn(std::string_view name, const Image& image, double progress, Size frame) {
+    const double p = std::clamp(progress, 0.0, 1.0);
+    const double q = 1 - p;
+    if (name == "flash") return filled(Colour::white, frame).faded(0.9 * q * q).over(image);
+    if (name == "dip") return filled(Colour::black, frame).faded(q).over(image);
+    if (name == "blur") {
+        const Point middle{frame.width / 2, frame.height / 2};
+        return image.clamped().zoomBlurred(middle, 40 * q).cropped(whole(frame));
+    }
+    if (name == "whip") {
+        const auto aside = Transform().translated(frame.width * q * q * 0.5, 0);
+        return image.clamped().motionBlurred(60 * q, 0).transformed(aside).cropped(whole(frame));
+    }
+    if (name == "glitch" && q > 0.35) {
+        const double noise = Motion::noise(glitchSeed, static_cast<long long>(p * 30));
+        const auto aside = Transform().translated((noise - 0.5) * 60 * frame.width / 1080, 0);
+        return image.transformed(aside).cropped(whole(frame));
+    }
+    return image;
+}
+
+std::optional<Image> caption(const CaptionCue& cue, double time, const Shot& shot, const Framing& framing,
+                             const Plan& plan, CaptionCache& captions) {
+    const auto [width, high] = plan.frame;
+    const auto picture = captions.picture({.text = cue.text,
+                                           .style = plan.style,
+                                           .fonts = plan.fonts,
+                                           .big = cue.big,
+                                           .reveal = CaptionMotion::reveal(cue, plan.style, time),
+                                           .stress = cue.stress,
+                                           .scale = std::min(width, high) / 1080,
+                                           .width = 0.86 * width});
+    if (!picture) return std::nullopt;
+
+    const auto offset = CaptionMotion::offset(cue, plan.style, time, plan.frame);
+    const auto placement = Motion::placement(cue.move.value_or(Move()), CaptionMotion::share(cue, time));
+    const auto middle = picture->extent().middle();
+    const double scale = offset.scale * placement.scale.value_or(1);
+    const double turn = offset.rotation + placement.rotation.value_or(0);
+    const auto place = Transform()
+                           .translated(-middle.x, -middle.y)
+                           .scaled(scale, scale)
+                           .rotated(turn)
+                           .translated(width * placement.x.value_or(0.5) + offset.x,
+                                       high * height(placement, shot, framing, plan) - offset.y);
+    const bool still = scale == 1 && turn == 0 && offset.x == 0 && offset.y == 0 && !travels(cue);
+    return picture->transformed(still ? onPixels(place) : place).faded(offset.opacity);
+}
+
+}

@@ -1,0 +1,106 @@
+#include "core/render/Stills.h"
+
+#include "core/model/Times.h"
+#include "core/render/Renderer.h"
+#include "core/render/plan/VideoTime.h"
+#include "platform/base/Problem.h"
+#include "platform/image/Canvas.h"
+#include "platform/image/Jpeg.h"
+#include "platform/media/FrameReader.h"
+
+#include <algorithm>
+#include <cmath>
+#include <future>
+#include <thread>
+#include <utility>
+
+namespace murbo::Stills {
+namespace {
+
+constexpr double specimenWidth = 0.86 * 1080; // the widest caption of a vertical frame
+constexpr int bandRows = 128;                 // enough rows that a thread is worth its start
+
+/// What the footage shows at a moment of a video, and whose it is.
+struct Footage {
+    std::optional<Image> picture;
+    std::optional<UUID> source;
+};
+
+/// A time a hair before a cut's start counts as at it, as it does for the frames of a movie.
+double onCut(double at, const List<Cut>& cuts) {
+    const auto place = VideoTime::locate(at + Times::noStretch, cuts);
+    return place ? std::max(at, VideoTime::starts(cuts)[place->cut]) : at;
+}
+
+Footage footage(const Video& video, const Project& project, const std::set<UUID>& missing, double time) {
+    const auto place = VideoTime::locate(time, video.cuts);
+    if (!place) return {};
+    const auto* source = project.source(video.cuts[place->cut].source);
+    if (!source || missing.contains(source->id)) return {};
+    try {
+        auto reader = FrameReader::open(source->path, FrameReader::Purpose::stills);
+        const auto shown = reader.at(place->at);
+        if (!shown) return {{}, source->id};
+        return {Image::frame(shown->frame), source->id};
+    } catch (const Problem&) {
+        return {};
+    }
+}
+
+/// The image's pixels, drawn in bands side by side: somebody waits for this one picture.
+Bitmap inBands(const Image& image) {
+    const auto extent = image.extent();
+    const auto placed = image.transformed(Transform().translated(-extent.x, -extent.y));
+    Bitmap target(static_cast<int>(std::ceil(extent.width)), static_cast<int>(std::ceil(extent.height)));
+    const int most = static_cast<int>(std::max(std::thread::hardware_concurrency(), 1U));
+    const int bands = std::clamp(target.height() / bandRows, 1, most);
+    std::vector<std::future<void>> others;
+    for (int band = 0; band < bands; ++band) {
+        const int top = target.height() * band / bands;
+        const int bottom = target.height() * (band + 1) / bands;
+        others.push_back(std::async(std::launch::async, [&placed, &target, top, bottom] {
+            Canvas::draw(placed, target, top, bottom);
+        }));
+    }
+    for (auto& other : others) other.get();
+    return target;
+}
+
+}
+
+Image frame(const Video& video, const Project& project, const std::set<UUID>& missing,
+            const std::string& fonts, const std::optional<std::filesystem::path>& package, double at,
+            const std::optional<Plan>& plan, CaptionCache& captions) {
+    const double time = onCut(at, video.cuts);
+    const auto [picture, source] = footage(video, project, missing, time);
+    return Renderer::render(picture, source, plan ? *plan : Plan::video(video, project, fonts, package), time,
+                            captions);
+}
+
+std::vector<Image> styled(const Video& video, const Project& project, const std::set<UUID>& missing,
+                          const std::string& fonts, const std::optional<std::filesystem::path>& package,
+                          double at, const std::vector<CaptionStyle>& styles) {
+    const double time = onCut(at, video.cuts);
+    const auto [picture, source] = footage(video, project, missing, time);
+    auto plan = Plan::video(video, project, fonts, package);
+    CaptionCache captions;
+    std::vector<Image> images;
+    for (const auto& style : styles) {
+        plan.style = style;
+        images.push_back(Renderer::render(picture, source, plan, time, captions));
+    }
+    return images;
+}
+
+std::optional<Image> caption(const std::string& text, const CaptionStyle& style, const std::string& fonts) {
+    return CaptionPicture::draw(
+        {.text = text, .style = style, .fonts = fonts, .scale = 1, .width = specimenWidth});
+}
+
+std::optional<std::string> jpeg(const Image& image, double quality) {
+    const auto extent = image.extent();
+    if (extent.empty() || extent.isEverything()) return std::nullopt;
+    return Jpeg::encode(inBands(image), quality);
+}
+
+}

@@ -1,0 +1,96 @@
+#include "core/render/VideoComposition.h"
+
+#include "core/model/Times.h"
+#include "platform/base/Problem.h"
+#include "platform/media/MediaFile.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace murbo {
+namespace {
+
+constexpr double highestSourceRate = 60;
+constexpr double rateWithoutFootage = 30;
+constexpr double highestRate = 240;         // no screen shows more
+constexpr double longestVideo = 100 * 3600; // seconds; far beyond what anybody watches
+
+int wholeRate(double rate) {
+    const double whole = std::round(rate);
+    if (!(whole >= 1 && whole <= highestRate)) {
+        throw Problem("The frame rate must lie between 1 and 240 frames a second.");
+    }
+    return static_cast<int>(whole);
+}
+
+double nominalRate(const std::filesystem::path& file) {
+    try {
+        const auto picture = MediaFile::facts(file).picture;
+        return picture ? picture->nominalRate : 0;
+    } catch (const Problem&) {
+        return 0; // an unreadable file has no say
+    }
+}
+
+/// The first frame at or behind a video time; one that lies a hair before it counts as at it.
+std::int64_t frameAt(double time, int rate) {
+    return static_cast<std::int64_t>(std::ceil(std::max(time - Times::noStretch, 0.0) * rate));
+}
+
+std::vector<VideoComposition::Segment> laidOut(const Video& video, const Plan& plan,
+                                               const std::set<UUID>& missing, int rate) {
+    std::vector<VideoComposition::Segment> segments;
+    double at = 0;
+    for (const auto& cut : video.cuts) {
+        VideoComposition::Segment segment;
+        segment.start = at;
+        segment.length = std::max(cut.length(), 0.0);
+        segment.from = cut.start;
+        const auto file = plan.sources.find(cut.source);
+        if (file != plan.sources.end() && !missing.contains(cut.source)) {
+            segment.file = file->second;
+            segment.source = cut.source;
+        }
+        at = segment.end();
+        if (!(at <= longestVideo)) throw Problem("The video is too long to be made into a movie.");
+        segment.firstFrame = frameAt(segment.start, rate);
+        segment.endFrame = frameAt(at, rate);
+        segments.push_back(std::move(segment));
+    }
+    return segments;
+}
+
+}
+
+VideoComposition VideoComposition::make(const Video& video, const Project& project,
+                                        const std::set<UUID>& missing, const std::string& fonts,
+                                        const std::optional<std::filesystem::path>& package,
+                                        std::optional<double> frameRate) {
+    VideoComposition composition;
+    composition.rate = wholeRate(frameRate ? *frameRate : sourceRate(video, project, missing));
+    composition.box = std::make_shared<PlanBox>(Plan::video(video, project, fonts, package));
+    composition.segments = laidOut(video, *composition.box->plan(), missing, composition.rate);
+    return composition;
+}
+
+double VideoComposition::sourceRate(const Video& video, const Project& project,
+                                    const std::set<UUID>& missing) {
+    std::set<UUID> seen = missing;
+    double rate = 0;
+    for (const auto& cut : video.cuts) {
+        const auto* source = project.source(cut.source);
+        if (source && seen.insert(source->id).second) rate = std::max(rate, nominalRate(source->path));
+    }
+    if (!(rate > 0)) return rateWithoutFootage;
+    return std::clamp(std::round(rate), 1.0, highestSourceRate);
+}
+
+VideoComposition::Moment VideoComposition::moment(std::int64_t frame) const {
+    const auto on = std::partition_point(segments.begin(), segments.end(), [frame](const Segment& segment) {
+        return segment.endFrame <= frame;
+    });
+    const double time = std::max(static_cast<double>(frame) / rate, on->start);
+    return {static_cast<std::size_t>(on - segments.begin()), time, on->from + (time - on->start)};
+}
+
+}
