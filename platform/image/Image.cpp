@@ -40,7 +40,8 @@ Rect scaledFrom(const Rect& rect, Point centre, double scale) {
 }
 
 const std::shared_ptr<const Node>& nothing() {
-    static const auto node = std::make_shared<Node>(Node::Fill{Colour::clear}, Rect{}, Rect{}, Rect{}, true);
+    static const std::shared_ptr<const Node> node =
+        std::make_shared<Node>(Node::Fill{Colour::clear}, Rect{}, Rect{}, Rect{}, true);
     return node;
 }
 
