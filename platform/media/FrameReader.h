@@ -1,11 +1,11 @@
 #pragma once
 
+#include "platform/image/Frame.h"
+#include "platform/media/MediaFile.h"
+
 #include <filesystem>
 #include <memory>
 #include <optional>
-
-#include "platform/image/Frame.h"
-#include "platform/media/MediaFile.h"
 
 namespace murbo {
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "platform/image/Geometry.h"
+
 #include <filesystem>
 #include <optional>
 #include <string>
-
-#include "platform/image/Geometry.h"
 
 namespace murbo {
 
@@ -12,13 +12,13 @@ namespace murbo {
 /// the earliest start of its tracks.
 struct MediaFacts {
     struct Picture {
-        Size size;               ///< upright, square pixels
-        double nominalRate = 0;  ///< frames a second, the rate it was made at; 0 where it cannot be told
-        double meanRate = 0;     ///< frames a second over its length
+        Size size;              ///< upright, square pixels
+        double nominalRate = 0; ///< frames a second, the rate it was made at; 0 where it cannot be told
+        double meanRate = 0;    ///< frames a second over its length
         bool variableRate = false;
         bool interlaced = false;
         bool highDynamicRange = false;
-        int quarterTurns = 0;    ///< clockwise, that bring it upright
+        int quarterTurns = 0; ///< clockwise, that bring it upright
     };
     struct Sound {
         int tracks = 0;

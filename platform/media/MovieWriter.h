@@ -1,27 +1,27 @@
 #pragma once
 
+#include "platform/image/Bitmap.h"
+
 #include <filesystem>
 #include <memory>
 #include <span>
 #include <string>
 
-#include "platform/image/Bitmap.h"
-
 namespace murbo {
 
 /// What a movie is written with.
 struct MovieSettings {
-    int width = 0;  ///< pixels, even
-    int height = 0; ///< pixels, even
-    int rate = 30;  ///< whole frames a second
-    bool sound = true; ///< AAC, 48 kHz stereo, 192 kbit/s
+    int width = 0;                 ///< pixels, even
+    int height = 0;                ///< pixels, even
+    int rate = 30;                 ///< whole frames a second
+    bool sound = true;             ///< AAC, 48 kHz stereo, 192 kbit/s
     std::string preset = "medium"; ///< x264's
     double quality = 18;           ///< x264's constant rate factor; lower is better
     int threads = 0;               ///< of the encoder; 0 lets it choose
 };
 
-/// Writes an MPEG-4 movie: H.264 (BT.709, limited range, tagged so) and AAC, the index at the front. The file is
-/// written beside its place and renamed when whole; a writer that goes without `finish` leaves nothing.
+/// Writes an MPEG-4 movie: H.264 (BT.709, limited range, tagged so) and AAC, the index at the front. The file
+/// is written beside its place and renamed when whole; a writer that goes without `finish` leaves nothing.
 ///
 /// One thread at a time may use a writer. Pictures and sound may come in turns of up to some seconds.
 class MovieWriter {

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "platform/media/Deinterlacer.h"
+#include "platform/media/Input.h"
+
+#include <optional>
+
+namespace murbo {
+
+/// Decoded pictures of one track in the order in which they come on, each whole: what cannot be decoded
+/// rightly after a jump, for want of what lay before it, is left out. For FrameReader.
+class PictureDecoder {
+public:
+    struct Decoded {
+        std::int64_t ticks = 0; ///< when it comes on, in the track's own time base
+        ffmpeg::Picture picture;
+    };
+
+    enum class Threads {
+        one,    ///< least delay after a jump
+        several ///< pictures ahead are decoded while their forerunner is looked at
+    };
+
+    /// Throws Problem where the track has no working decoder.
+    PictureDecoder(Input& input, AVStream* stream, Threads threads);
+
+    /// Goes to the last place at or before a time from which decoding can begin. False where that failed.
+    bool seek(double seconds);
+    /// Goes to the very beginning; from there on nothing is left out.
+    bool rewind();
+
+    /// From here on, pictures that come on well before this time may be left out where no other needs them:
+    /// reaching a place deep between two keyframes then costs little more than half.
+    void windTo(std::int64_t ticks) { windEnd = ticks; }
+    void stopWinding() { windEnd = INT64_MIN; }
+    /// The latest time up to the winding's goal at which a picture may have been left out.
+    std::int64_t latestLeftOut() const { return leftOut; }
+
+    /// How far into the track packets have been read.
+    std::int64_t readUpTo() const { return farthest; }
+
+    /// The next picture; nothing at the end, or where nothing more can be decoded.
+    std::optional<Decoded> next();
+
+private:
+    void restart();
+    bool feed();
+    bool isUsable(const AVPacket& packet);
+    void chooseSkipping(const AVPacket& packet);
+    bool receive();
+    std::int64_t timeOf(const AVFrame& picture);
+    bool deinterlace();
+    std::optional<Decoded> given(std::int64_t ticks);
+
+    Input& input;
+    AVStream* stream;
+    ffmpeg::CodecContext codec;
+    ffmpeg::Packet packet = ffmpeg::makePacket();
+    ffmpeg::Picture picture = ffmpeg::makePicture();
+    std::optional<Deinterlacer> deinterlacer;
+
+    bool mayWind = false;
+    std::int64_t windEnd = INT64_MIN;
+    std::int64_t windMargin = 0;
+    std::int64_t leftOut = INT64_MIN;
+    std::int64_t farthest = INT64_MIN;
+    std::int64_t lastGiven = INT64_MIN;
+
+    bool fromStart = true;
+    bool waitsForKey = false;
+    std::int64_t firstKey = INT64_MIN;
+    bool neighbourMissing = false;
+    bool drained = false;
+    int packetsInVain = 0;
+};
+
+}
