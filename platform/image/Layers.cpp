@@ -237,12 +237,28 @@ private:
     void addSeen(State& state, Raster raster, const Transform& way, const PixelRect& limits) {
         if (state.bounds.empty()) return;
         const bool opaque = raster.opaque;
-        if (!keepsAxes(way))
-            return add(state, opaque, drawnBy(std::make_shared<Turner>(std::move(raster), way)));
+        if (!keepsAxes(way)) return addAtAngle(state, std::move(raster), way);
         if (!isShift(way) || !limits.contains(shifted(state.bounds, way)))
             return add(state, opaque, drawnBy(std::make_shared<Sampler>(raster, way, state.bounds, limits)));
         raster.area = shifted(raster.area, Transform().translated(-way.tx, -way.ty));
         add(state, opaque, Layer::Still{std::move(raster)});
+    }
+
+    /// A raster at an angle. Where the way squeezes it (a shear, uneven scales), it is drawn on a finer grid
+    /// first, and that is averaged: no pixel of it is skipped.
+    void addAtAngle(State& state, Raster raster, const Transform& way) {
+        const auto finer = [](double step) { return int(std::clamp(std::ceil(step - 0.25), 1.0, 8.0)); };
+        const int across = finer(std::hypot(way.a, way.b));
+        const int down = finer(std::hypot(way.c, way.d));
+        const bool opaque = raster.opaque;
+        const auto toRaster = Transform().scaled(1.0 / across, 1.0 / down).then(way);
+        auto turner = std::make_shared<Turner>(std::move(raster), toRaster);
+        if (across == 1 && down == 1) return add(state, opaque, drawnBy(std::move(turner)));
+        const Transform toFine = Transform().scaled(across, down);
+        const auto area = PixelRect::touching(toFine.apply(state.bounds.rect())).grown(across, down);
+        Raster fine{Bitmap(area.width(), area.height()), area, opaque};
+        turner->fill(fine.tile());
+        add(state, opaque, drawnBy(std::make_shared<Sampler>(fine, toFine, state.bounds, area)));
     }
 
     /// A single picture at an angle: first along its own axes to the size at which it is seen, so that
