@@ -55,6 +55,12 @@ void readTranscripts(Project& project, const fs::path& package) {
     }
 }
 
+/// What could not be read again must not take the place of what can.
+void save(const fs::path& file, const std::string& text) {
+    if (text.size() > largestFile) throw Problem("This project has grown too large to be saved.");
+    Files::writeWhole(file, text);
+}
+
 /// Whether both are the same in all that `project.json` holds.
 bool sameInFile(const Project& one, const Project& other) {
     return std::apply(
@@ -78,12 +84,11 @@ Project read(const fs::path& package) {
 
 void write(const Project& project, const fs::path& package, const Project* previous) {
     Files::createFolder(package);
-    if (!previous || !sameInFile(project, *previous))
-        Files::writeWhole(projectFile(package), Codec::encode(project));
+    if (!previous || !sameInFile(project, *previous)) save(projectFile(package), Codec::encode(project));
     for (const auto& [source, transcript] : project.transcripts) {
         if (sameTranscript(previous, source, transcript)) continue;
         Files::createFolder(package / "transcripts");
-        Files::writeWhole(transcriptFile(package, source), Codec::encode(transcript));
+        save(transcriptFile(package, source), Codec::encode(transcript));
     }
 }
 

@@ -1,5 +1,6 @@
 #include "platform/base/JsonWriter.h"
 
+#include "platform/base/Json.h"
 #include "platform/base/Problem.h"
 #include "platform/base/Text.h"
 
@@ -73,6 +74,7 @@ std::string JsonWriter::finish() {
 
 void JsonWriter::open(char bracket) {
     beforeValue();
+    ++values;
     out += bracket;
     levels.push_back({bracket == '{'});
 }
@@ -86,6 +88,7 @@ void JsonWriter::close(char bracket) {
 
 /// A member's value stands after its key; an element on a line of its own.
 void JsonWriter::beforeValue() {
+    if (++values >= Json::mostValues) fail("there are too many values");
     if (levels.empty() || levels.back().isObject) return;
     if (levels.back().count++ > 0) out += ',';
     newLine();

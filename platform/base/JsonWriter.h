@@ -8,7 +8,8 @@
 
 namespace murbo {
 
-/// Writes a JSON text in UTF-8 from first to last. The same values in the same order are the same bytes.
+/// Writes a JSON text in UTF-8 from first to last. The same values in the same order are the same bytes. What
+/// would be too much to be read again is a Problem.
 class JsonWriter {
 public:
     enum class Layout {
@@ -54,6 +55,7 @@ private:
     Layout layout;
     std::string out;
     std::vector<Level> levels;
+    std::size_t values = 0; ///< at least as many as a reader counts
 };
 
 }

@@ -1,7 +1,10 @@
 #include "platform/base/UUID.h"
 
+#include "platform/base/Problem.h"
+
 #include <cstring>
-#include <random>
+
+#include <unistd.h>
 
 namespace murbo {
 namespace {
@@ -22,12 +25,9 @@ int digit(char c) {
 }
 
 UUID UUID::make() {
-    static thread_local std::random_device device;
     UUID id;
-    for (std::size_t at = 0; at < id.bytes.size(); at += 4) {
-        const std::uint32_t bits = device();
-        std::memcpy(&id.bytes[at], &bits, 4);
-    }
+    if (::getentropy(id.bytes.data(), id.bytes.size()) != 0)
+        throw Problem("This system gives no random numbers.");
     id.bytes[6] = static_cast<std::uint8_t>((id.bytes[6] & 0x0F) | 0x40);
     id.bytes[8] = static_cast<std::uint8_t>((id.bytes[8] & 0x3F) | 0x80);
     return id;

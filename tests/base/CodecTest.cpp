@@ -145,6 +145,13 @@ TEST(Codec, refusesToWriteWhatNobodyCouldRead) {
     EXPECT_THROW(Codec::encode(std::string("\xE0\xB8 cut short")), Problem);
 }
 
+TEST(Codec, writesNoMoreThanCanBeReadAgain) {
+    std::vector<std::int64_t> many(Json::mostValues - 3);
+    EXPECT_EQ(Codec::decode<std::vector<std::int64_t>>(Codec::encode(many)).size(), many.size());
+    many.resize(Json::mostValues);
+    EXPECT_THROW(Codec::encode(many), Problem);
+}
+
 TEST(Codec, numbersComeBackToTheLastBit) {
     for (const double number :
          {0.1, 1.0 / 3, 5e-324, 1.7976931348623157e308, 1e22, 123456789.123456789, -2.5e-9})
