@@ -25,8 +25,8 @@ int median(std::vector<std::uint8_t> levels) {
 }
 
 LevelRange LevelRange::of(const Stretch& stretch, int rate, std::size_t count) {
-    const std::size_t from = whole(stretch.start * rate, count);
-    const double last = std::floor(stretch.end * rate) + 1;
+    const std::size_t from = whole(stretch.from * rate, count);
+    const double last = std::floor(stretch.to * rate) + 1;
     return {from, std::max(from, whole(last, count))};
 }
 
@@ -53,12 +53,12 @@ std::vector<Stretch> Heard::loudStretches(const Stretch& within, int usual) cons
     const auto [from, to] = LevelRange::of(within, rate, levels.size());
     std::vector<Stretch> stretches;
     for (std::size_t at = from; at < to; ++at) {
-        const double start = within.start + static_cast<double>(at - from) / rate;
-        if (start >= within.end) break;
+        const double start = within.from + static_cast<double>(at - from) / rate;
+        if (start >= within.to) break;
         if (levels[at] < usual + louder) continue;
-        const double end = std::min(start + 1.0 / rate, within.end);
-        if (!stretches.empty() && start - stretches.back().end <= longestGap + rounding)
-            stretches.back().end = end;
+        const double end = std::min(start + 1.0 / rate, within.to);
+        if (!stretches.empty() && start - stretches.back().to <= longestGap + rounding)
+            stretches.back().to = end;
         else
             stretches.push_back({start, end});
     }
@@ -68,7 +68,7 @@ std::vector<Stretch> Heard::loudStretches(const Stretch& within, int usual) cons
 
 bool Heard::isVoiced(double time) const {
     return std::any_of(voiced.begin(), voiced.end(),
-                       [&](const Stretch& s) { return s.start <= time && time < s.end; });
+                       [&](const Stretch& s) { return s.from <= time && time < s.to; });
 }
 
 bool Heard::isLoud(double time, int usual) const {

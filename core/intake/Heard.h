@@ -1,19 +1,12 @@
 #pragma once
 
+#include "core/model/Stretch.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
 namespace murbo {
-
-/// A stretch of a source, in seconds.
-struct Stretch {
-    double start = 0;
-    double end = 0;
-
-    double length() const { return end - start; }
-    bool operator==(const Stretch&) const = default;
-};
 
 /// What is known of a source's sound: how loud it is over time and where somebody speaks.
 struct Heard {

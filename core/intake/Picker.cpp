@@ -177,8 +177,8 @@ std::optional<Pick> anywhere(const std::vector<Laid>& line, const Stretch& slot,
     std::vector<Room> rooms;
     double total = 0;
     for (const auto& source : line) {
-        const double from = std::max(slot.start - source.offset, 0.0);
-        const double to = std::min(slot.end - source.offset, source.seconds - length);
+        const double from = std::max(slot.from - source.offset, 0.0);
+        const double to = std::min(slot.to - source.offset, source.seconds - length);
         if (!(to > from)) continue;
         rooms.push_back({source.source, from, to - from});
         total += to - from;

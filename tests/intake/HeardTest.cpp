@@ -19,7 +19,7 @@ Heard quietBut(std::vector<std::pair<double, int>> loud) {
 }
 
 MATCHER_P2(isStretch, start, end, "") {
-    return std::abs(arg.start - start) < 1e-6 && std::abs(arg.end - end) < 1e-6;
+    return std::abs(arg.from - start) < 1e-6 && std::abs(arg.to - end) < 1e-6;
 }
 
 }

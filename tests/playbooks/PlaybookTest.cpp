@@ -85,7 +85,11 @@ TEST(PlaybookNumber, readsAndWritesBackItsForm) {
 }
 
 TEST(PlaybookNumber, anAbsurdlyDeepExpressionHasNoValue) {
-    const auto bracketed = [](int depth) { return std::string(depth, '(') + '1' + std::string(depth, ')'); };
+    const auto bracketed = [](int depth) {
+        std::string text(depth, '(');
+        text.push_back('1');
+        return text.append(depth, ')');
+    };
     EXPECT_EQ(Playbook::evaluate(bracketed(100), {}, true), 1);
     EXPECT_FALSE(Playbook::evaluate(bracketed(100'000), {}, true));
     EXPECT_FALSE(Playbook::evaluate(std::string(100'000, '-') + '1', {}, true));
