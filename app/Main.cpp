@@ -1,6 +1,13 @@
+#include "app/Headless.h"
+
+#include <csignal>
 #include <cstdio>
 
-int main() {
-    std::puts("murbo");
+int main(int count, char** words) {
+    using namespace murbo;
+    // A reader that has seen enough of the output must not end an export.
+    std::signal(SIGPIPE, SIG_IGN);
+    if (const auto code = Headless::run(Arguments({words, words + count}))) return *code;
+    std::fputs(Headless::usage().c_str(), stdout);
     return 1;
 }

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace murbo {
+
+/// The words of the command line, the program's own path first. An option is any word that equals it; the
+/// first one counts.
+class Arguments {
+public:
+    explicit Arguments(std::vector<std::string> given) : words(std::move(given)) {}
+
+    bool has(std::string_view option) const;
+
+    /// The word after an option. Nothing where the option is absent or last.
+    std::optional<std::string> value(std::string_view option) const;
+
+    /// All words after an option where there are at least `least`; nothing otherwise.
+    std::optional<std::vector<std::string>> behind(std::string_view option, std::size_t least) const;
+
+private:
+    std::vector<std::string> words;
+};
+
+}

@@ -1,0 +1,93 @@
+#include "app/Headless.h"
+
+#include "app/Commands.h"
+
+#include <cstdlib>
+
+#include <cxxabi.h>
+#include <fmt/format.h>
+
+namespace murbo {
+
+namespace {
+
+void help(const Arguments&, const Commands::Words&) {
+    std::fputs(Headless::usage().c_str(), stdout);
+}
+
+struct Command {
+    const char* option;
+    const char* words;
+    const char* meaning;
+    std::size_t least; ///< words that must follow the option
+    void (*run)(const Arguments&, const Commands::Words&);
+};
+
+// In the order in which they are tested: of two on one line the upper one runs.
+constexpr Command commands[] = {
+    {"--mcp", "", "connect an AI app (not in this version yet)", 0, Commands::connect},
+    {"--add-files", "<project> <path>...", "add movie files, or folders of them", 2, Commands::addFiles},
+    {"--add-stream", "<project> <recording> [<markers>]", "add a stream recording, a clip round each marker",
+     2, Commands::addStream},
+    {"--transcribe", "<project> all | <tag>,<tag>,...", "write down what is said in all clips, or in some", 2,
+     Commands::transcribe},
+    {"--new", "<project>", "make an empty project, a folder named .mbproj", 1, Commands::create},
+    {"--summary", "<project>", "tell what is in a project", 1, Commands::summary},
+    {"--still", "<project> <video> <seconds>,... <folder>", "write pictures of a video as JPEG", 4,
+     Commands::stills},
+    {"--export", "<project> <video> <file> [--fps <rate>] [--srt]",
+     "write a video as MPEG-4, with its subtitles", 3, Commands::movie},
+    {"--help", "", "show this", 0, help},
+    {"--version", "", "show the version", 0, Commands::version},
+};
+
+std::string kind(const std::exception& error) {
+    int failed = 0;
+    const std::unique_ptr<char, decltype(&std::free)> name(
+        abi::__cxa_demangle(typeid(error).name(), nullptr, nullptr, &failed), &std::free);
+    return name ? name.get() : typeid(error).name();
+}
+
+/// An error's kind and words, with those of the error that it came from.
+std::string description(const std::exception& error) {
+    auto own = kind(error) + ": " + error.what();
+    try {
+        std::rethrow_if_nested(error);
+    } catch (const std::exception& cause) {
+        return own + "; from " + description(cause);
+    }
+    return own;
+}
+
+int report(const std::exception& error, const std::string& words) {
+    Commands::print("error: " + words);
+    if (std::getenv("MURBO_DEBUG")) Commands::print(description(error));
+    return 1;
+}
+
+int run(const Command& command, const Arguments& arguments, const Commands::Words& words) try {
+    command.run(arguments, words);
+    return 0;
+} catch (const std::bad_alloc& error) {
+    return report(error, "There is not enough memory.");
+} catch (const std::exception& error) {
+    return report(error, error.what());
+}
+
+}
+
+std::optional<int> Headless::run(const Arguments& arguments) {
+    for (const auto& command : commands)
+        if (const auto words = arguments.behind(command.option, command.least))
+            return murbo::run(command, arguments, *words);
+    return {};
+}
+
+std::string Headless::usage() {
+    std::string text = "Murbo cuts short videos out of long footage.\n\n";
+    for (const auto& [option, words, meaning, least, run] : commands)
+        text += fmt::format("  murbo {:<68} {}\n", fmt::format("{} {}", option, words), meaning);
+    return text;
+}
+
+}

@@ -1,0 +1,108 @@
+#!/usr/bin/env bash
+# Small checks over the sources, each OK or FAIL with what to mend; ends with 1 where one failed.
+#
+#   packaging/check.sh [--all] [NAME…]    all of them, or those named. `tidy` looks at the files that differ from
+#                                         the main branch (or are new); with --all at every file.
+set -uo pipefail
+cd "$(dirname "$0")/.."
+
+all=no
+[ "${1:-}" != --all ] || { all=yes; shift; }
+
+sources() { git ls-files --cached --others --exclude-standard "$@" | while read -r file; do [ ! -f "$file" ] || echo "$file"; done; }
+ours() { sources '*.h' '*.cpp'; }
+report() { [ -z "$1" ] || { printf '%s\n' "$1"; return 1; }; }
+
+# ---------------------------------------------------------------------- checks --
+check_format() { # every source is in the house's format (./dev format mends it)
+    report "$(ours | xargs -r clang-format --dry-run -Werror 2>&1 | sed -n 's/^\([^:]*\):.*clang-format-violations.*/\1/p' | sort -u)"
+}
+
+check_includes() { # a room looks only into those beneath it
+    report "$(ours | grep -E '^(platform|core|app)/' | xargs -r grep -H '^#include "' | tr -d '"' | awk '
+        BEGIN {
+            split("platform/base=0 platform/image=1 platform/media=2 platform/text=2 platform/net=2 platform/store=2 " \
+                  "core/model=3 core/intake=4 core/playbooks=4 core/render/plan=5 core/render/captions=6 " \
+                  "core/render/footage=6 core/playbooks/stage=7 core/render=8 core/ai=9 core/mcp=10 app/editor=11 " \
+                  "app/mcp=11 app=12 app/desktop=13", rooms, " ")
+            for (i in rooms) { split(rooms[i], pair, "="); level[pair[1]] = pair[2] }
+        }
+        function room(path) { sub("/[^/]*$", "", path); return path }
+        {
+            split($0, part, ":#include ")
+            from = room(part[1]); to = room(part[2])
+            if (!(from in level)) { print part[1] ": " from " is no room of the house"; next }
+            if (!(to in level)) { print part[1] ": includes " part[2] ", which is in no room"; next }
+            if (from != to && level[to] >= level[from]) print part[1] ": may not look into " to
+        }')"
+}
+
+# Library headers may stand in a header only where no other room can see it.
+check_libraries() { # headers of libraries stay inside the room that calls them
+    report "$(ours | grep -E '^(platform|core|app)/' | xargs -r grep -HE '^ *#include [<"]' | awk '
+        function room(path) { sub("/[^/]*$", "", path); return path }
+        {
+            file = $0; sub(":.*", "", file)
+            included = $0; sub("^[^<\"]*[<\"]", "", included); sub("[>\"].*", "", included)
+            if (included ~ /^(libav|libsw|pango|cairo|nlohmann|curl|hwy|opencv|ft2build|freetype|fontconfig|hb|jpeglib|turbojpeg|unicode|fmt)/ &&
+                included != "nlohmann/json_fwd.hpp" && file ~ /\.h$/) holds[file] = included
+            if (included ~ /^(platform|core|app)\//) { n++; from[n] = file; to[n] = included }
+        }
+        END {
+            do { # a header that includes one that holds a library holds it too
+                more = 0
+                for (i = 1; i <= n; i++)
+                    if (to[i] in holds && from[i] ~ /\.h$/ && !(from[i] in holds)) { holds[from[i]] = holds[to[i]]; more = 1 }
+            } while (more)
+            for (i = 1; i <= n; i++)
+                if (to[i] in holds && room(from[i]) != room(to[i])) print from[i] ": gets <" holds[to[i]] "> by " to[i]
+        }' | sort -u)"
+}
+
+check_lengths() { # no file is longer than 450 lines
+    report "$(ours | xargs -r wc -l | awk '$2 != "total" && $1 > 450 { print $2 ": " $1 " lines" }')"
+}
+
+check_headers() { # each header is read once, and is named after what it holds
+    report "$(ours | grep '\.h$' | while read -r file; do
+        name=$(basename "$file" .h)
+        [ "$(grep -m1 -v '^ *$' "$file")" = "#pragma once" ] || echo "$file: does not begin with #pragma once"
+        case $file in app/* | core/* | platform/*) ;; *) continue ;; esac
+        grep -qE "(struct|class|namespace|enum|enum class|using|concept) ([A-Za-z]+::)*$name\b" "$file" || echo "$file: holds no $name"
+    done)"
+}
+
+check_scripts() { # the shell scripts are well formed
+    report "$({ sources '*.sh'; echo dev; echo .ci/run; } | while read -r file; do bash -n "$file" 2>&1; done)"
+}
+
+check_tidy() { # clang-tidy finds no faults
+    local base files
+    base=$(git merge-base HEAD origin/main 2>/dev/null || git rev-parse -q --verify HEAD~1 || git rev-parse HEAD)
+    files=$(if [ $all = yes ]; then sources '*.cpp'; else { git diff --name-only "$base" -- '*.cpp'; git ls-files --others --exclude-standard '*.cpp'; } | sort -u; fi |
+        grep -E '^(app|core|platform)/' | while read -r file; do [ ! -f "$file" ] || echo "$file"; done)
+    [ -n "$files" ] || return 0
+    # Clang can't read GCC's precompiled header; its plain text serves.
+    mkdir -p build/tidy
+    sed -E 's/ -Winvalid-pch//g; s/ -fpch-preprocess//g; s#([^ ]*)/cmake_pch\.hxx#build/tidy/precompiled.h#g' build/compile_commands.json |
+        sed -E "s#-include build/tidy#-include $PWD/build/tidy#g" >build/tidy/compile_commands.json
+    echo "#include \"$PWD/cmake/Precompiled.h\"" >build/tidy/precompiled.h
+    report "$(xargs -P "$(nproc)" -n 4 clang-tidy --quiet -p build/tidy <<<"$files" 2>/dev/null | grep -E 'error:|warning:' | sed "s#$PWD/##" | sort -u)"
+}
+
+# --------------------------------------------------------------------------- run --
+names=("$@")
+[ ${#names[@]} -gt 0 ] || mapfile -t names < <(sed -n 's/^check_\([a-z]*\)() {.*/\1/p' "$0")
+failed=0
+for name in "${names[@]}"; do
+    meaning=$(sed -n "s/^check_$name() { # //p" "$0")
+    [ -n "$meaning" ] || { echo "There is no check $name."; exit 2; }
+    if found=$("check_$name"); then
+        printf 'OK    %-10s %s\n' "$name" "$meaning"
+    else
+        failed=1
+        printf 'FAIL  %-10s %s\n' "$name" "$meaning"
+        printf '%s\n' "$found" | sed 's/^/        /'
+    fi
+done
+exit $failed

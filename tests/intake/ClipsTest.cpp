@@ -1,0 +1,190 @@
+#include "core/intake/Clips.h"
+#include "platform/base/Problem.h"
+
+#include <limits>
+#include <random>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace murbo;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+const UUID stream = UUID::make(), other = UUID::make();
+constexpr double none = std::numeric_limits<double>::quiet_NaN();
+
+Project projectWith(double length) {
+    Project project;
+    project.sources.edit().push_back(Source{.id = stream, .length = length});
+    return project;
+}
+
+/// "number start-end [marks]" of each clip, in project order.
+std::vector<std::string> told(const Project& project) {
+    std::vector<std::string> result;
+    for (const auto& clip : project.clips) {
+        std::string marks;
+        for (const double mark : clip.marks) marks += " " + std::to_string(std::lround(mark));
+        result.push_back(clip.tag() + " " + std::to_string(std::lround(clip.start)) + "-" +
+                         std::to_string(std::lround(clip.end)) + marks);
+    }
+    return result;
+}
+
+std::vector<std::string> marked(std::vector<double> marks, double length = 1000) {
+    auto project = projectWith(length);
+    Clips::addAround(project, marks, stream);
+    return told(project);
+}
+
+// The plain way that the quick one must agree with: every growth merges all clips anew.
+std::map<UUID, UUID> plainMerge(Project& project) {
+    std::vector<Clip> own, rest, survivors;
+    for (const auto& clip : project.clips) (clip.source == stream ? own : rest).push_back(clip);
+    std::stable_sort(own.begin(), own.end(), [](auto& a, auto& b) { return a.start < b.start; });
+    std::map<UUID, UUID> taken;
+    for (const auto& clip : own) {
+        if (survivors.empty() || clip.start > survivors.back().end) {
+            survivors.push_back(clip);
+            continue;
+        }
+        auto& last = survivors.back();
+        last.end = std::max(last.end, clip.end);
+        last.marks.insert(last.marks.end(), clip.marks.begin(), clip.marks.end());
+        std::sort(last.marks.begin(), last.marks.end());
+        last.summary.reset();
+        taken[clip.id] = last.id;
+    }
+    rest.insert(rest.end(), survivors.begin(), survivors.end());
+    project.clips = rest;
+    return taken;
+}
+
+std::set<std::int64_t> plainAdd(Project& project, std::vector<double> marks) {
+    std::sort(marks.begin(), marks.end());
+    std::set<UUID> ids;
+    for (const double mark : marks) {
+        const double start = std::max(0.0, mark - 150), end = std::min(mark + 60, project.sources[0].length);
+        if (start >= end) continue;
+        auto& clips = project.clips.edit();
+        std::size_t index = 0;
+        while (index < clips.size() &&
+               !(clips[index].source == stream && clips[index].start <= end && start <= clips[index].end))
+            index++;
+        if (index == clips.size()) {
+            clips.push_back(Clip{.number = ++project.lastClip, .source = stream, .start = start, .end = end});
+            clips.back().marks = {mark};
+            ids.insert(clips.back().id);
+            continue;
+        }
+        auto& clip = clips[index];
+        const UUID grown = clip.id;
+        clip.start = std::min(clip.start, start);
+        clip.end = std::max(clip.end, end);
+        clip.marks.push_back(mark);
+        std::sort(clip.marks.begin(), clip.marks.end());
+        const auto taken = plainMerge(project);
+        const UUID now = index < project.clips.size() ? project.clips[index].id : grown;
+        ids.insert(taken.contains(now) ? taken.at(now) : now);
+    }
+    std::set<std::int64_t> numbers;
+    for (const auto& clip : project.clips)
+        if (ids.contains(clip.id)) numbers.insert(clip.number);
+    return numbers;
+}
+
+}
+
+TEST(Clips, reachAroundTheirMarkWithinTheSource) {
+    EXPECT_THAT(marked({0}), ElementsAre("C01 0-60 0"));
+    EXPECT_THAT(marked({1000}), ElementsAre("C01 850-1000 1000"));
+    EXPECT_THAT(marked({1100}), ElementsAre("C01 950-1000 1100")); // the mark lies behind the clip's end
+    EXPECT_THAT(marked({1150}), IsEmpty());
+    EXPECT_THAT(marked({-59}), ElementsAre("C01 0-1 -59"));
+    EXPECT_THAT(marked({-60}), IsEmpty());
+    EXPECT_THAT(marked({none, 1 / 0.0, -1 / 0.0}), IsEmpty());
+    EXPECT_THAT(marked({10}, none), IsEmpty());
+    EXPECT_THAT(marked({10}, 0), IsEmpty());
+}
+
+TEST(Clips, marksWhoseWindowsTouchShareAClip) {
+    EXPECT_THAT(marked({310, 300}), ElementsAre("C01 150-370 300 310"));
+    EXPECT_THAT(marked({300, 300}), ElementsAre("C01 150-360 300 300"));
+    EXPECT_THAT(marked({200, 410}), ElementsAre("C01 50-470 200 410"));
+    EXPECT_THAT(marked({200, 410.01}), ElementsAre("C01 50-260 200", "C02 260-470 410"));
+}
+
+TEST(Clips, oneThatGrowsTakesInItsNeighboursAndLosesItsSummary) {
+    auto project = projectWith(5000);
+    project.clips.edit() = {
+        Clip{.number = 1, .source = stream, .start = 1000, .end = 1100},
+        Clip{.number = 2, .source = other, .start = 1000, .end = 1100},
+        Clip{.number = 3, .source = stream, .start = 700, .end = 900, .name = "kept"},
+    };
+    for (auto& clip : project.clips.edit()) clip.summary = Clip::Summary{"Title", "Summary"};
+    project.lastClip = 3;
+    // The window 850-1060 meets C01 first; C03 begins earlier, so it is the one that stays.
+    const auto ids = Clips::addAround(project, {1000}, stream);
+    EXPECT_THAT(told(project), ElementsAre("C02 1000-1100", "C03 700-1100 1000"));
+    EXPECT_EQ(project.clips[1].name, "kept");
+    EXPECT_FALSE(project.clips[1].summary);
+    EXPECT_TRUE(project.clips[0].summary);
+    EXPECT_THAT(ids, ElementsAre(project.clips[0].id)); // by its old place in the list
+    EXPECT_EQ(project.lastClip, 3);
+}
+
+TEST(Clips, aPlaceBehindTheEndAfterMergingIsNoFault) {
+    auto project = projectWith(5000);
+    project.clips.edit() = {Clip{.number = 1, .source = stream, .start = 0, .end = 100},
+                            Clip{.number = 2, .source = stream, .start = 50, .end = 200},
+                            Clip{.number = 3, .source = stream, .start = 150, .end = 400}};
+    project.clips.edit()[2].start = 300;
+    const auto ids = Clips::addAround(project, {500}, stream); // meets the third clip only
+    EXPECT_THAT(told(project), ElementsAre("C01 0-200", "C03 300-560 500"));
+    EXPECT_THAT(ids, ElementsAre(project.clips[1].id));
+}
+
+TEST(Clips, agreeWithThePlainWayWhateverTheMarks) {
+    std::mt19937 random(7);
+    const auto upTo = [&](double most) { return std::uniform_real_distribution<double>(0, most)(random); };
+    for (int round = 0; round < 400; round++) {
+        auto quick = projectWith(6000);
+        std::vector<Clip> clips;
+        for (double left = upTo(5); left > 1; left--) {
+            const double start = upTo(5500);
+            clips.push_back(Clip{.number = ++quick.lastClip,
+                                 .source = upTo(2) < 1 ? other : stream,
+                                 .start = start,
+                                 .end = start + upTo(400),
+                                 .marks = {upTo(50), upTo(20)}});
+        }
+        quick.clips = clips;
+        auto plain = quick;
+        std::vector<double> marks;
+        for (double left = upTo(40); left > 1; left--) marks.push_back(upTo(6300) - 100);
+        const auto ids = Clips::addAround(quick, marks, stream);
+        std::set<std::int64_t> numbers;
+        for (const auto& clip : quick.clips)
+            if (std::count(ids.begin(), ids.end(), clip.id)) numbers.insert(clip.number);
+        EXPECT_EQ(numbers, plainAdd(plain, marks)) << round;
+        ASSERT_EQ(told(quick), told(plain)) << round;
+    }
+}
+
+TEST(Clips, manyMarksAreTakenInAMoment) {
+    std::vector<double> marks;
+    for (int mark = 0; mark < 20'000; mark++) marks.push_back(mark * 105.0);      // each meets the one before
+    for (int mark = 0; mark < 3'000; mark++) marks.push_back(3e6 + mark * 211.0); // each stands alone
+    auto project = projectWith(1e9);
+    EXPECT_EQ(Clips::addAround(project, marks, stream).size(), 3'001);
+    EXPECT_EQ(project.clips.size(), 3'001);
+}
+
+TEST(Clips, numbersNeverRunOver) {
+    auto project = projectWith(1000);
+    project.lastClip = std::numeric_limits<std::int64_t>::max();
+    EXPECT_THROW(Clips::addAround(project, {500}, stream), Problem);
+}

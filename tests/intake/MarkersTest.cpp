@@ -1,0 +1,141 @@
+#include "core/intake/Markers.h"
+#include "tests/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace murbo;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Times = std::vector<double>;
+
+TEST(Markers, readsOneToThreePartsAndNothingElse) {
+    const std::pair<const char*, Times> cases[] = {
+        {"83.5", {83.5}},
+        {"1:23,boss down", {83}},
+        {"01:02:03.5,label,more", {3723.5}},
+        {"1::30", {90}},
+        {":30", {30}},
+        {"30:", {30}},
+        {" 1 :\t23 ,x", {83}},
+        {"\u00A01:23\u3000,x", {83}},
+        {"-10", {-10}},
+        {"+5", {5}},
+        {"1e2", {100}},
+        {"1:-5", {55}},
+        {"90:90", {5490}},
+        {"1:2:3:4,four parts", {}},
+        {"time,label", {}},
+        {",label", {}},
+        {":,label", {}},
+        {"1: :2", {}},
+        {"1:2x", {}},
+        {"1 2", {}},
+        {"+-5", {}},
+        {"nan", {}},
+        {"inf,x", {}},
+        {"1:inf", {}},
+        {"1e999", {}},
+        {"1e308:1e308", {}},
+        {"", {}},
+    };
+    for (const auto& [text, times] : cases) EXPECT_EQ(Markers::parse(text), times) << text;
+}
+
+TEST(Markers, everyLineBreakOfUnicodeEndsALine) {
+    EXPECT_THAT(Markers::parse("time,label\r\n\r\n3,c\n1,a\v2\f4\r5\u00856\u20287\u20298"),
+                ElementsAre(3, 1, 2, 4, 5, 6, 7, 8));
+    EXPECT_THAT(Markers::parse(std::string_view("1\0002\n3", 5)), ElementsAre(3));
+}
+
+TEST(Markers, aByteOrderMarkHidesNoMarker) {
+    EXPECT_THAT(Markers::parse("\xEF\xBB\xBF"
+                               "0:10,a\n0:20,b"),
+                ElementsAre(10, 20));
+}
+
+TEST(Markers, tablesOfOtherProgramsAreReadByTheirTimeColumn) {
+    const std::pair<const char*, Times> cases[] = {
+        {"\"0:25:37\",\"boss, down\"\n\"0:31:02\",\"\"\n", {1537, 1862}},
+        {"0:25:37\tboss down\n0:31:02\twin\n", {1537, 1862}},
+        {"0:25:37;boss, down;red\n", {1537}},
+        {"Time;Label\n0:25:37;boss\n", {1537}},
+        {"Marker Name,Description,In,Out,Duration,Marker Type\nboss "
+         "down,,00:25:37:12,00:25:37:12,00:00:00:00,Comment\n"
+         "win,\"a, b\",00:31:02;04,00:31:02;04,00:00:00;00,Chapter\n",
+         {1537, 1862}},
+        {"Name\tStart\tDuration\tTime Format\tType\tDescription\nboss "
+         "down\t25:37.400\t0:00.000\tdecimal\tCue\t\n",
+         {1537.4}},
+        // Decided by the plain rule, whatever another column says.
+        {"Name,Start\n5,0:25:37\n", {5}},
+        // A line of four parts, a time that no column announces, words.
+        {"1:2:3:4;x\n", {}},
+        {"boss,0:25:37\n", {}},
+        {"Name,Start\nboss\n", {}},
+    };
+    for (const auto& [text, times] : cases) {
+        if (times.empty())
+            EXPECT_THAT(Markers::parse(text), IsEmpty()) << text;
+        else
+            EXPECT_THAT(Markers::parse(text), testing::Pointwise(testing::DoubleEq(), times)) << text;
+    }
+}
+
+TEST(Markers, aLogOfManyRecordingsGivesOnlyThoseOfThisOne) {
+    const std::string log =
+        "Date Time, Stream Start, Stream Timestamp, Stream End Mark Timestamp, Recording Full Path, "
+        "Recording "
+        "Filename, Recording Timestamp, Recording End Mark Timestamp, Recording Timestamp on File, Recording "
+        "End "
+        "Mark Timestamp on File, Comment\n"
+        "2026-01-10 20:41:07, n/a, n/a, n/a, D:/V/one.mkv, one.mkv, 00:25:37, n/a, 00:05:37, n/a, boss, "
+        "down\n"
+        "2026-01-11 20:41:07, n/a, n/a, n/a, D:/V/two.mkv, two.mkv, 00:00:09, n/a, 00:00:09, n/a, \n"
+        "2026-01-11 20:42:07, n/a, 0:01, n/a, n/a, n/a, n/a, n/a, n/a, n/a, not recording\n";
+    EXPECT_THAT(Markers::parse(log, "one.mkv"), ElementsAre(337));
+    EXPECT_THAT(Markers::parse(log, "two.mp4"), ElementsAre(9)); // packed anew
+    EXPECT_THAT(Markers::parse(log, "three.mkv"), IsEmpty());
+    const auto oneOnly = log.substr(0, log.find("2026-01-11"));
+    EXPECT_THAT(Markers::parse(oneOnly, "renamed.mp4"), ElementsAre(337));
+}
+
+TEST(Markers, findsTheFileWithTheLongestNameThenTheSameDay) {
+    const TemporaryFolder folder;
+    const auto recording = [&](const char* name) { return Markers::find(folder / name); };
+    const auto named = [&](const char* name) { return std::optional(folder / name); };
+    EXPECT_EQ(recording("2024-05-17 21-03-11.mkv"), std::nullopt);
+
+    folder.file("2024-05-17 other.csv");
+    folder.file(".csv");
+    std::filesystem::create_directory(folder / "2024-05-17 21-03-11.csv");
+    EXPECT_EQ(recording("2024-05-17 21-03-11.mkv"), named("2024-05-17 other.csv"));
+    EXPECT_EQ(recording("2024-05-18 21-03-11.mkv"), std::nullopt);
+    EXPECT_EQ(recording("2024-05.mkv"), std::nullopt);
+
+    std::filesystem::remove(folder / "2024-05-17 21-03-11.csv");
+    folder.file("2024-05-17.csv");
+    folder.file("2024-05-17 21.CSV");
+    EXPECT_EQ(recording("2024-05-17 21-03-11.mkv"), named("2024-05-17 21.CSV"));
+    folder.file("2024-05-17 21-03-11.csv");
+    EXPECT_EQ(recording("2024-05-17 21-03-11.mkv"), named("2024-05-17 21-03-11.csv"));
+    EXPECT_EQ(recording("2024-05-17 21-03-11 part2.mov"), named("2024-05-17 21-03-11.csv"));
+
+    folder.file("Stream.csv");
+    EXPECT_EQ(recording("stream one.mkv"), std::nullopt); // names differ in case
+    folder.file("สตรีมวันเสาร์ เกม.csv");
+    EXPECT_EQ(recording("สตรีมวันเสาร์ ตอน 2.mkv"), named("สตรีมวันเสาร์ เกม.csv"));
+    EXPECT_EQ(Markers::find(folder / "no such folder" / "a.mkv"), std::nullopt);
+}
+
+TEST(Markers, readsUtf8AndUtf16ButNoOtherBytes) {
+    const TemporaryFolder folder;
+    using namespace std::string_view_literals;
+    EXPECT_EQ(Markers::text(folder.file("a", "1,ก\r\n")), "1,ก\r\n");
+    EXPECT_EQ(Markers::text(folder.file("b", "\xFF\xFE\x31\0,\0\x01\x0E"sv)), "1,ก");
+    EXPECT_EQ(Markers::text(folder.file("c", "\xFE\xFF\0\x31\0,\x0E\x01"sv)), "1,ก");
+    EXPECT_EQ(Markers::text(folder.file("d", "1,caf\xE9")), std::nullopt);
+    EXPECT_EQ(Markers::text(folder.file("e", "\xFF\xFE\x31"sv)), std::nullopt);
+    EXPECT_EQ(Markers::text(folder.path), std::nullopt);
+    EXPECT_EQ(Markers::text(folder / "none"), std::nullopt);
+}
