@@ -67,7 +67,7 @@ Image render(const std::optional<Image>& picture, const std::optional<UUID>& sou
     if (!placed) return background;
     const auto& framing = plan.framing(source);
     auto result = picture ? laidOut(*picture, *placed, framing, plan, time).over(background) : background;
-    result = inTransition(result, *placed, plan, time);
+    result = inTransition(result, *placed, plan, time).over(background); // a glitch leaves a bare edge
     if (const auto* cue = plan.cue(time)) {
         if (const auto image = caption(*cue, time, placed->shot, framing, plan, captions))
             result = image->over(result);

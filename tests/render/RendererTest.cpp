@@ -179,6 +179,11 @@ TEST(Renderer, aGlitchThrowsTheFrameAsideAndLeavesABareEdge) {
     }
     EXPECT_TRUE(bare);
     EXPECT_EQ(Renderer::transitionIn("glitch", grey, 0.66, frame).extent(), (Rect{0, 0, wide, high}));
+
+    CaptionCache captions;
+    Shot shot;
+    shot.transition = "glitch";
+    EXPECT_EQ(Renderer::render(grey, {}, planOf(shot), 0.1, captions).extent(), (Rect{0, 0, wide, high}));
 }
 
 TEST(Renderer, aTransitionPlaysOnceAtItsShotAndNotAtAnImpliedOne) {
