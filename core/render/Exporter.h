@@ -1,0 +1,40 @@
+#pragma once
+
+#include "core/model/Project.h"
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <set>
+#include <stop_token>
+#include <string>
+
+namespace murbo {
+
+/// Takes a finished video out of the program as a movie file.
+namespace Exporter {
+
+/// What the encoder is asked for.
+inline constexpr const char* encoderPreset = "medium";
+inline constexpr double encoderQuality = 18;
+
+struct Order {
+    std::filesystem::path to;                     ///< replaced when the new movie is whole
+    std::set<UUID> missing;                       ///< sources whose file is gone: black and silence
+    std::string fonts;                            ///< fall-back families for captions
+    std::optional<std::filesystem::path> package; ///< of the project; none for one never saved
+    std::optional<double> frameRate;              ///< without one the footage decides
+    bool subtitles = false;                       ///< an ".srt" beside the movie
+    bool includingMutedRows = false;
+    bool includingMutedBlocks = false;
+};
+
+/// Exports a video; blocks until the movie is in its place. `progress` gets 0 to 1 on this thread. Throws
+/// Problem where it can't be made, ExportCancelled where `stop` was asked for: then nothing partial is left,
+/// and what stood at the place stands there still. When only the subtitles fail, the movie stays.
+void movie(const Video& video, const Project& project, const Order& order,
+           const std::function<void(double)>& progress = {}, std::stop_token stop = {});
+
+}
+
+}
