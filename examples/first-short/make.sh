@@ -44,7 +44,11 @@ mv "$out/project.new" "$project/project.json"
 
 say "Exporting"
 "$murbo" --export "$project" V1 "$short" --srt
-"$murbo" --still "$project" V1 0.4,4.2,9.4,10.7,15 "$out/stills"
+"$murbo" --still "$project" V1 1.3,4.2,8.7,10.7,16.2 "$out/stills"
+inputs=()
+for still in "$out"/stills/*.jpg; do inputs+=(-i "$still"); done
+ffmpeg -hide_banner -loglevel error -nostdin -y "${inputs[@]}" -filter_complex "hstack=$((${#inputs[@]} / 2)),scale=1500:-2:flags=lanczos" \
+    -q:v 4 "$out/stills.jpg"
 
 say "Done. Watch it:"
-printf '  %s\n' "$short" "${short%.mp4}.srt" "$out/stills/" "$project"
+printf '  %s\n' "$short" "${short%.mp4}.srt" "$out/stills/" "$out/stills.jpg" "$project"

@@ -130,16 +130,16 @@ sed -e 's/SCORE/062 400/g;s/"GOLD"/"#ffd23f"/' "$art/hud.svg" >"$work/hud2.svg"
 
 still() { echo "scale=out_color_matrix=bt709:out_range=tv,format=gbrap,unpremultiply=inplace=1,scale=out_color_matrix=bt709:out_range=tv,format=yuva420p,loop=-1:1,setpts=N/30/TB"; }
 hop="200*max(0,1-pow((mod(t-2.36+2.909,5.818)-2.909)/.45,2))" # over the crate, once a round of the ground
-leap="470*max(0,1-pow((t-$jump)/.8,2))"
+leap="290*max(0,1-pow((t-$jump)/.8,2))"
 height="596+5*sin(t*14)-max($hop,$leap)"
 graph="[0]$picture,loop=-1:1,setpts=N/30/TB,crop=1920:1080:x='t*24':y=0[sky];"
 graph+="[1]$(still),crop=1920:560:x='mod(t*90,1920)'[hills];[2]$(still),crop=1920:420:x='mod(t*330,1920)'[ground];"
 graph+="[3]$(still)[step1];[4]$(still)[step2];[5]$(still)[feather];[6]$(still)[burst];[7]$(still)[hud1];[8]$(still)[hud2];"
 graph+="[sky][hills]overlay=0:500[a];[a][ground]overlay=0:660[b];"
-graph+="[b][feather]overlay=x='500+($jump-t)*330':y='150+14*sin(t*3)':enable='between(t,$jump-5,$jump)'[c];"
+graph+="[b][feather]overlay=x='500+($jump-t)*330':y='280+14*sin(t*3)':enable='between(t,$jump-5,$jump)'[c];"
 graph+="[c][step1]overlay=x=460:y='$height':enable='lt(mod(t,.26),.13)'[d];[d][step2]overlay=x=460:y='$height':enable='gte(mod(t,.26),.13)'[e];"
-graph+="[e][burst]overlay=x=220:y=-90:enable='between(t,$jump,$jump+.45)'[f];"
-graph+="[f][hud1]overlay=20:70:enable='lt(t,$jump)'[g];[g][hud2]overlay=20:70:enable='gte(t,$jump)'[h];"
+graph+="[e][burst]overlay=x=220:y=50:enable='between(t,$jump,$jump+.45)'[f];"
+graph+="[f][hud1]overlay=320:130:enable='lt(t,$jump)'[g];[g][hud2]overlay=320:130:enable='gte(t,$jump)'[h];"
 graph+="[h]lutyuv=y='min(235,val*.5+130)':enable='between(t,$jump,$jump+.1)'[i];"
 graph+="[9]fps=30[face];[i][face]overlay=x=1114:y=410:eof_action=repeat,trim=duration=$seconds,setsar=1[picture]"
 xargs cat <"$work/faces.txt" | ffmpeg -hide_banner -loglevel error -y \

@@ -10,7 +10,7 @@ def line(n): id(100 + n);
 .sources[0].note = "A mountain run with one heart left; the golden feather is caught at 21.6 s."
 | .sources[0].framing = {
     content: {x: 0, y: 0, w: 0.58, h: 1},
-    face: {x: 0.5802, y: 0.3796, w: 0.4198, h: 0.6204},
+    face: {x: 0.5845, y: 0.387, w: 0.411, h: 0.606},
     split: 0.5,
     eyes: {x: 0.79, y: 0.68}
   }
@@ -28,16 +28,16 @@ def line(n): id(100 + n);
         shot(1; 10.0; "split"; {zoom: 1.08, move: "push"}),
         shot(2; 14.4; "face"; {zoom: 1.12, move: "push", transition: "whip"}),
         shot(3; 18.1; "content"; {focus: 0.42, zoom: 1.15, move: "push", transition: "dip"}),
-        shot(4; 20.95; "content"; {focus: 0.42, zoom: 1.3}),
+        shot(4; 20.95; "content"; {focus: 0.42, zoom: 1.2}),
         shot(5; 21.6; "content"; {focus: 0.42, move: "shake", transition: "flash"}),
-        shot(6; 22.45; "split"; {zoom: 1.3, transition: "blur"}),
+        shot(6; 22.45; "split"; {zoom: 1.15, transition: "blur"}),
         shot(7; 25.6; "face"; {zoom: 1.1, move: "drift", transition: "whip"}),
         shot(8; 27.0; "split"; {}),
         shot(9; 33.0; "split"; {transition: "dip", split: 0.42})
       ],
       captions: {
         on: true,
-        style: {base: "pop", bigFill: "FFD23F", exit: "fade"},
+        style: {base: "pop", bigFill: "FFD23F", y: 0.74, exit: "fade"},
         lines: [
           {line: line(2), pieces: [
             {text: "Wait!", until: 0.22, big: true}, {text: "Is that a golden feather", until: 0.66, stress: [3, 4]}, {text: "up there? 👀"}]},
