@@ -1,5 +1,6 @@
 #include "platform/base/Files.h"
 
+#include "platform/base/Descriptor.h"
 #include "platform/base/Problem.h"
 
 #include <cerrno>
@@ -18,24 +19,6 @@ namespace {
 constexpr mode_t ownersDefault = 0666; // less the process's mask
 constexpr mode_t permissionBits = 07777;
 constexpr std::size_t longestName = 200; // leaves room for the ending within the usual 255 bytes
-
-/// An open file, closed when it goes.
-class Descriptor {
-public:
-    explicit Descriptor(int opened) : number(opened) {}
-    Descriptor(Descriptor&& other) noexcept : number(std::exchange(other.number, -1)) {}
-    Descriptor& operator=(Descriptor&& other) noexcept {
-        std::swap(number, other.number);
-        return *this;
-    }
-    ~Descriptor() {
-        if (number >= 0) ::close(number);
-    }
-    operator int() const { return number; }
-
-private:
-    int number;
-};
 
 [[noreturn]] void failed(const std::filesystem::path& path, const char* verb, int error) {
     throw Problem(fmt::format("“{}” could not be {}: {}.", path.filename().string(), verb, cause(error)));
@@ -150,6 +133,17 @@ void createFolder(const std::filesystem::path& path) {
     std::error_code error;
     std::filesystem::create_directories(path, error);
     if (error) failed(path, "created", error.value());
+}
+
+std::optional<std::filesystem::path> inside(const std::filesystem::path& folder,
+                                            const std::filesystem::path& name) {
+    std::error_code failed;
+    const auto within = std::filesystem::weakly_canonical(folder, failed);
+    if (failed) return std::nullopt;
+    const auto found = std::filesystem::weakly_canonical(within / name.relative_path(), failed);
+    if (failed) return std::nullopt;
+    const auto [left, _] = std::mismatch(within.begin(), within.end(), found.begin(), found.end());
+    return left == within.end() ? std::optional(found) : std::nullopt;
 }
 
 std::string cause(int error) {

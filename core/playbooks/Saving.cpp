@@ -1,0 +1,142 @@
+#include "core/playbooks/Check.h"
+#include "core/playbooks/Library.h"
+#include "core/playbooks/PlaybookCodec.h"
+#include "core/playbooks/Playbooks.h"
+#include "platform/base/Dates.h"
+#include "platform/base/Files.h"
+#include "platform/base/Problem.h"
+#include "platform/base/Text.h"
+
+#include <cerrno>
+#include <cstdio>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace murbo::Playbooks {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* fileName = "playbook.json";
+constexpr std::size_t mostLogBytes = std::size_t{64} << 20;
+
+/// A line of a playbook's own log.
+struct Change {
+    std::string by;
+    std::vector<std::string> changes;
+    std::string date;
+    std::int64_t version = 1;
+
+    static constexpr auto fields() {
+        return std::tuple{field("by", &Change::by), field("changes", &Change::changes),
+                          field("date", &Change::date), field("version", &Change::version)};
+    }
+};
+
+/// A folder that goes when nobody has put it in its place.
+class WorkFolder {
+public:
+    explicit WorkFolder(fs::path where) : path(std::move(where)) { Files::createFolder(path); }
+    ~WorkFolder() {
+        std::error_code ignored;
+        fs::remove_all(path, ignored);
+    }
+    WorkFolder(const WorkFolder&) = delete;
+    WorkFolder& operator=(const WorkFolder&) = delete;
+
+    const fs::path path;
+};
+
+[[noreturn]] void fail(const std::string& what, const std::error_code& error) {
+    throw Problem(what + ": " + Files::cause(error.value()) + ".");
+}
+
+/// The book of the owner's that a playbook replaces.
+std::optional<Book> replaced(const Playbook& playbook) {
+    if (!playbook.id || playbook.id->starts_with("stock.")) return std::nullopt;
+    auto found = find(*playbook.id);
+    return found && found->folder ? found : std::nullopt;
+}
+
+fs::path freeFolder(const std::string& name) {
+    std::string stem = Text::trimmedOfBlanks(name);
+    for (char& c : stem)
+        if (c == '/' || c == ':' || c == '\0') c = '-';
+    if (stem.empty() || stem.starts_with('.')) stem = "Playbook" + stem;
+    const auto named = [](const std::string& text) { return Library::playbooks() / (text + ".mbplay"); };
+    auto folder = named(stem);
+    std::error_code ignored;
+    for (int n = 2; fs::exists(folder, ignored); ++n) folder = named(stem + " " + std::to_string(n));
+    return folder;
+}
+
+void copyIn(const Asset& asset, const fs::path& work) {
+    const auto to = Files::inside(work / "assets", asset.name);
+    if (!to || asset.name.empty() || *to == work / "assets")
+        throw Problem("“" + asset.name + "” is no name for a file of a playbook.");
+    Files::createFolder(to->parent_path());
+    std::error_code error;
+    fs::copy_file(asset.from, *to, fs::copy_options::overwrite_existing, error);
+    if (error) fail("“" + asset.from.filename().string() + "” could not be copied", error);
+}
+
+std::vector<std::string> changes(const Book& before, const Playbook& after,
+                                 const std::vector<Asset>& assets) {
+    auto lines = diff(encoded(before.playbook), encoded(after));
+    for (const auto& asset : assets) lines.push_back("added assets/" + asset.name);
+    return lines;
+}
+
+void keepVersion(const Book& before, const fs::path& work) {
+    Files::createFolder(work / "versions");
+    Files::writeWhole(work / "versions" / (std::to_string(before.version()) + ".json"),
+                      Files::readWhole(*before.folder / fileName, Playbook::mostBytes));
+}
+
+void log(const Change& change, const fs::path& work) {
+    const auto file = work / "changes.jsonl";
+    std::error_code ignored;
+    const auto before = fs::exists(file, ignored) ? Files::readWhole(file, mostLogBytes) : std::string();
+    Files::writeWhole(file, before + Codec::encode(change, JsonWriter::Layout::compact) + "\n");
+}
+
+/// One folder in the place of another; both names hold a whole folder at every moment.
+void putInPlace(const fs::path& work, const fs::path& folder) {
+    std::error_code ignored;
+    const unsigned flags = fs::exists(folder, ignored) ? RENAME_EXCHANGE : RENAME_NOREPLACE;
+    if (renameat2(AT_FDCWD, work.c_str(), AT_FDCWD, folder.c_str(), flags) != 0)
+        fail("The playbook could not be saved", {errno, std::generic_category()});
+}
+
+}
+
+Book write(Playbook playbook, const std::vector<Asset>& assets, const std::string& by) {
+    const auto before = replaced(playbook);
+    playbook.id = before ? before->id() : UUID::make().text();
+    playbook.version = before ? before->version() + 1 : 1;
+    const auto folder = before ? *before->folder : freeFolder(playbook.name);
+
+    const WorkFolder work(Library::playbooks() / (".saving-" + UUID::make().text()));
+    std::error_code error;
+    if (before) {
+        fs::copy(*before->folder, work.path, fs::copy_options::recursive | fs::copy_options::copy_symlinks,
+                 error);
+        if (error) fail("“" + playbook.name + "” could not be copied", error);
+    }
+    for (const auto& asset : assets) copyIn(asset, work.path);
+    const auto json = encoded(playbook);
+    PlaybookCheck::check(json, work.path);
+    if (before) keepVersion(*before, work.path);
+    log({by, before ? changes(*before, playbook, assets) : std::vector<std::string>{},
+         Dates::text(std::chrono::system_clock::now()), *playbook.version},
+        work.path);
+    Files::writeWhole(work.path / fileName, json);
+    putInPlace(work.path, folder);
+    dropListing();
+    return load(folder);
+}
+
+}
