@@ -3,6 +3,8 @@
 #include "platform/base/Codec.h"
 #include "platform/base/Files.h"
 
+#include <exception>
+
 namespace murbo::ProjectPackage {
 namespace {
 

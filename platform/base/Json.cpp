@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cmath>
+#include <exception>
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
