@@ -58,6 +58,7 @@ struct FrameReader::Parts {
     bool shows(double time) const;
     bool canReadOn(double time) const;
     void readOn(double time);
+    double inside(double time) const;
     void advance();
     void jump(double time, bool winding);
     bool leftOutWhatIsAsked() const;
@@ -76,7 +77,6 @@ struct FrameReader::Parts {
     std::optional<Frame> frame; ///< of `current`, made when it is first given
     std::int64_t shown = INT64_MIN;
     bool currentIsFirst = false;
-    bool started = false;
 };
 
 bool FrameReader::Parts::shows(double time) const {
@@ -108,9 +108,14 @@ void FrameReader::Parts::advance() {
 }
 
 void FrameReader::Parts::readOn(double time) {
-    decoder.windTo(input.ticks(time, stream));
+    decoder.windTo(input.ticks(inside(time), stream));
     while (comesOn(upcoming, time)) advance();
     decoder.stopWinding();
+}
+
+// Behind the end the last picture is asked for, and those around it must be whole too.
+double FrameReader::Parts::inside(double time) const {
+    return facts.length > 0 ? std::min(time, facts.length) : time;
 }
 
 bool FrameReader::Parts::isAtFileStart(double time) const {
@@ -120,14 +125,14 @@ bool FrameReader::Parts::isAtFileStart(double time) const {
 
 // Where a jump lands is the format's guess: it counts only if what it finds is on by then.
 void FrameReader::Parts::jump(double time, bool winding) {
-    const double goal = facts.length > 0 ? std::min(time, facts.length) : time;
+    const double goal = inside(time);
     shown = INT64_MIN;
     current.reset();
     frame.reset();
     for (double back = 0;; back = std::max(back * 2, firstStepBack)) {
         const bool fromStart = isAtFileStart(goal - back) || back > 1e6;
         const bool there = fromStart ? decoder.rewind() : decoder.seek(goal - back);
-        if (winding) decoder.windTo(input.ticks(time, stream));
+        if (winding) decoder.windTo(input.ticks(goal, stream));
         upcoming.reset();
         if (there) upcoming = decoder.next();
         if (!fromStart && !comesOn(upcoming, time)) continue;

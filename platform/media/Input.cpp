@@ -39,7 +39,8 @@ bool isMovieWithoutIndex(const std::filesystem::path& path) {
 std::string whyUnreadable(const std::filesystem::path& path, int error) {
     const std::string name = "“" + path.filename().string() + "”";
     if (error == AVERROR_EXIT) return name + " could not be read in time.";
-    if (error != AVERROR_INVALIDDATA && error != AVERROR_EOF)
+    // Formats that are not on the list, such as playlists, count as an invalid argument.
+    if (error != AVERROR_INVALIDDATA && error != AVERROR_EOF && error != AVERROR(EINVAL))
         return name + " could not be read: " + ffmpeg::words(error) + ".";
     if (isMovieWithoutIndex(path))
         return name + " has no index: the recording or the copying of it was cut off. It cannot be read.";
