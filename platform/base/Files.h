@@ -22,9 +22,10 @@ void writeWhole(const std::filesystem::path& path, std::string_view bytes);
 /// Creates a folder with all above it; one that exists is fine.
 void createFolder(const std::filesystem::path& path);
 
-/// The path of `name` under a folder, links followed, whether it is there or not. Nothing where that leads out of
-/// the folder.
-std::optional<std::filesystem::path> inside(const std::filesystem::path& folder, const std::filesystem::path& name);
+/// The path of `name` under a folder, links followed, whether it is there or not. Nothing where that leads
+/// out of the folder.
+std::optional<std::filesystem::path> inside(const std::filesystem::path& folder,
+                                            const std::filesystem::path& name);
 
 /// The cause of a failed system call in words that end a sentence: "there is no space left on the disk".
 std::string cause(int error);
