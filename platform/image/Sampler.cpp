@@ -19,60 +19,66 @@ Kernels::Depth depthOf(const Frame& frame) {
     return {2, 15 - frame.depth, 0};
 }
 
+bool liesOnSide(const Transform& way) {
+    return way.a == 0 && way.d == 0;
+}
+
 /// A line along one axis of a plane that has a sample for every `step` pixels, the first `shift` to the right
 /// of where it would lie if samples stood in the middle of theirs.
 Line subsampled(double offset, double slope, int step, double shift) {
     return Line::through(offset / step + shift, slope / step);
 }
 
-int rowsOf(const Taps& taps) {
-    int most = 0;
-    for (const auto& output : taps.outputs) most = std::max(most, output.count);
-    return most;
+/// A row is sampled from here on, a whole number of what kernels make at once before where it is asked.
+constexpr int together = 8;
+
+PixelRect turnedOver(const PixelRect& rect) {
+    return {rect.top, rect.left, rect.bottom, rect.right};
 }
 
 }
 
-/// Both axes of the way from the canvas to a plane, in the plane's own sense.
 struct Sampler::Axes {
-    Line across;
-    Line down;
-    PixelRect bounds; ///< of the canvas, its axes changed over where the picture lies on its side
-    PixelRect limits;
+    Kernels::Columns across;
+    Taps down;
 
-    static Axes of(const Transform& way, bool swapped, const PixelRect& bounds, const PixelRect& limits,
-                   int stepX = 1, int stepY = 1, double shiftX = 0, double shiftY = 0) {
-        Axes axes;
-        axes.across = subsampled(way.tx, swapped ? way.c : way.a, stepX, shiftX);
-        axes.down = subsampled(way.ty, swapped ? way.b : way.d, stepY, shiftY);
-        axes.bounds = swapped ? PixelRect{bounds.top, bounds.left, bounds.bottom, bounds.right} : bounds;
-        axes.limits = {limits.left / stepX, limits.top / stepY, (limits.right + stepX - 1) / stepX,
-                       (limits.bottom + stepY - 1) / stepY};
-        return axes;
+    /// `way` leads from the canvas to stored pixels; the plane has a sample for every `stepX` by `stepY` of
+    /// them.
+    static std::shared_ptr<const Axes> of(const Transform& way, int values, const PixelRect& bounds,
+                                          const PixelRect& limits, int stepX = 1, int stepY = 1,
+                                          double shiftX = 0, double shiftY = 0) {
+        const bool swapped = liesOnSide(way);
+        const PixelRect area = swapped ? turnedOver(bounds) : bounds;
+        const Line across = subsampled(way.tx, swapped ? way.c : way.a, stepX, shiftX);
+        const Line down = subsampled(way.ty, swapped ? way.b : way.d, stepY, shiftY);
+        return std::make_shared<const Axes>(
+            Axes{{across, area.left, area.right, limits.left / stepX, (limits.right + stepX - 1) / stepX,
+                  values == 4 ? 4 : 1},
+                 Taps::along(down, area.top, area.bottom, limits.top / stepY,
+                             (limits.bottom + stepY - 1) / stepY, Taps::Sum::differences)});
     }
 };
 
 Sampler::Sampler(const Raster& raster, const Transform& toGrid, const PixelRect& bounds,
                  const PixelRect& limits)
-    : swapped(toGrid.a == 0 && toGrid.d == 0), opaque(raster.opaque), bitmap(raster.bitmap) {
+    : swapped(liesOnSide(toGrid)), opaque(raster.opaque), bitmap(raster.bitmap) {
     const auto* origin = raster.bitmap.row(-raster.area.top) - std::ptrdiff_t(raster.area.left) * 4;
-    addPlane(origin, raster.bitmap.stride(), 4, {}, Axes::of(toGrid, swapped, bounds, limits));
+    addPlane(origin, raster.bitmap.stride(), 4, {}, Axes::of(toGrid, 4, bounds, limits));
 }
 
 Sampler::Sampler(const Frame& frame, const Transform& toStored, const PixelRect& bounds,
                  const PixelRect& limits)
-    : swapped(toStored.a == 0 && toStored.d == 0), opaque(!frame.hasAlpha), keeper(frame.keeper) {
-    const auto depth = depthOf(frame);
-    const auto add = [&](int index, int values, const Axes& axes) {
-        addPlane(frame.planes[index], frame.strides[index], values, depth, axes);
+    : swapped(liesOnSide(toStored)), opaque(!frame.hasAlpha), keeper(frame.keeper) {
+    const auto add = [&](int index, int values, std::shared_ptr<const Axes> axes) {
+        addPlane(frame.planes[index], frame.strides[index], values, depthOf(frame), std::move(axes));
     };
-    const auto whole = Axes::of(toStored, swapped, bounds, limits);
     if (frame.layout == Frame::Layout::bgra) {
-        add(0, 4, whole);
+        add(0, 4, Axes::of(toStored, 4, bounds, limits));
         return;
     }
     cube = ColourSpace::cube(frame);
     matrix = cube ? ColourSpace::toCube(frame) : ColourSpace::toPixels(frame);
+    const auto whole = Axes::of(toStored, 1, bounds, limits);
     add(0, 1, whole);
     if (frame.layout != Frame::Layout::grey) {
         const int stepX = frame.layout == Frame::Layout::chroma444 ? 1 : 2;
@@ -80,7 +86,7 @@ Sampler::Sampler(const Frame& frame, const Transform& toStored, const PixelRect&
         const bool atLeft = stepX == 2 && frame.chromaSite != Frame::ChromaSite::centre;
         const bool atTop = stepY == 2 && frame.chromaSite == Frame::ChromaSite::topLeft;
         const auto chroma =
-            Axes::of(toStored, swapped, bounds, limits, stepX, stepY, atLeft ? 0.25 : 0, atTop ? 0.25 : 0);
+            Axes::of(toStored, 1, bounds, limits, stepX, stepY, atLeft ? 0.25 : 0, atTop ? 0.25 : 0);
         add(1, frame.interleavedChroma ? 2 : 1, chroma);
         if (!frame.interleavedChroma) add(2, 1, chroma);
     }
@@ -89,62 +95,62 @@ Sampler::Sampler(const Frame& frame, const Transform& toStored, const PixelRect&
 }
 
 void Sampler::addPlane(const std::uint8_t* samples, std::ptrdiff_t stride, int values, Kernels::Depth depth,
-                       const Axes& axes) {
-    Plane plane{samples,
-                stride,
-                values,
-                depth,
-                Taps::along(axes.across, axes.bounds.left, axes.bounds.right, axes.limits.left,
-                            axes.limits.right, false),
-                Taps::along(axes.down, axes.bounds.top, axes.bounds.bottom, axes.limits.top,
-                            axes.limits.bottom, true)};
-    const std::size_t wide = std::size_t(plane.across.high - plane.across.low) * values + Kernels::slack;
-    if (blended.size() < wide) blended.resize(wide);
-    if (values == 2 && pairs.size() < wide) pairs.resize(wide);
-    rows.resize(std::max<std::size_t>(rows.size(), rowsOf(plane.down)));
-    for (auto& channel : channels)
-        channel.resize(std::size_t(axes.bounds.width()) * (values == 4 ? 4 : 1) + Kernels::slack);
-    planes.push_back(std::move(plane));
+                       std::shared_ptr<const Axes> axes) {
+    const auto grow = [](auto& buffer, std::size_t least) {
+        if (buffer.size() < least + Kernels::slack) buffer.resize(least + Kernels::slack);
+    };
+    const auto& across = axes->across;
+    const std::size_t wide = across.taps.high - across.taps.low;
+    grow(blended, wide * values);
+    if (values == 2) grow(pairs, wide * 2);
+    grow(rows, axes->down.most);
+    for (auto& channel : channels) grow(channel, across.taps.outputs.size() * across.values + together);
+    planes.push_back({samples, stride, values, depth, std::move(axes)});
 }
 
-void Sampler::Plane::row(int y, int from, int to, Sampler& sampler, std::int16_t* out) const {
+/// Samples a row of one plane into its channels.
+void Sampler::samplePlane(const Plane& plane, int y, int from, int to, int channel) {
+    const auto& columns = plane.axes->across;
+    const auto& across = columns.taps;
+    const auto& down = plane.axes->down;
     const auto& first = across.outputs[from - across.from];
     const auto& last = across.outputs[to - 1 - across.from];
     const int low = std::min(first.first, last.first);
     const int high = std::max(first.first + first.count, last.first + last.count);
     const auto& source = down.outputs[y - down.from];
     for (int tap = 0; tap < source.count; ++tap)
-        sampler.rows[tap] =
-            samples + (source.first + tap) * stride + std::ptrdiff_t(low) * values * depth.bytes;
-    auto* blended = sampler.blended.data();
-    Kernels::blendRows(sampler.rows.data(), &down.weights[source.weights], source.count, source.base, depth,
-                       (high - low) * values, blended + (low - across.low) * values);
-    if (values == 4) return Kernels::resamplePixels(across, from, to, blended, out);
-    if (values == 1) return Kernels::resampleRow(across, from, to, blended, out);
+        rows[tap] = plane.samples + (source.first + tap) * plane.stride +
+                    std::ptrdiff_t(low) * plane.values * plane.depth.bytes;
+    Kernels::blendRows(rows.data(), &down.weights[source.weights], source.count, plane.depth,
+                       (high - low) * plane.values,
+                       blended.data() + std::ptrdiff_t(low - across.low) * plane.values);
+    auto* out = channels[channel].data();
+    if (plane.values != 2) return Kernels::resampleRow(columns, from, to, blended.data(), out);
     const int count = across.high - across.low;
-    auto* second = sampler.pairs.data() + count;
-    Kernels::splitPairs(blended, count, sampler.pairs.data(), second);
-    Kernels::resampleRow(across, from, to, sampler.pairs.data(), out);
-    Kernels::resampleRow(across, from, to, second, sampler.channels[2].data());
+    Kernels::splitPairs(blended.data(), count, pairs.data(), pairs.data() + count);
+    Kernels::resampleRow(columns, from, to, pairs.data(), out);
+    Kernels::resampleRow(columns, from, to, pairs.data() + count, channels[channel + 1].data());
 }
 
 void Sampler::row(int y, int from, int to, std::uint8_t* out) {
+    const int skipped = (from - planes[0].axes->across.taps.from) % together;
     int channel = 0;
     for (const auto& plane : planes) {
-        plane.row(y, from, to, *this, channels[channel].data());
+        samplePlane(plane, y, from - skipped, to, channel);
         channel += plane.values;
     }
     const int count = to - from;
-    if (planes[0].values == 4) return Kernels::packPixels(channels[0].data(), count, opaque, out);
-    colour(count, out);
-    if (alpha) Kernels::multiplyAlpha(channels[channel - 1].data(), count, out);
+    if (planes[0].values == 4)
+        return Kernels::packPixels(channels[0].data() + skipped * 4, count, opaque, out);
+    colour(skipped, count, out);
+    if (alpha) Kernels::multiplyAlpha(channels[channel - 1].data() + skipped, count, out);
 }
 
-void Sampler::colour(int count, std::uint8_t* out) {
+void Sampler::colour(int skipped, int count, std::uint8_t* out) {
     const bool grey = planes.size() == (alpha ? 2 : 1);
-    const auto* y = channels[0].data();
-    const auto* u = grey ? y : channels[1].data();
-    const auto* v = grey ? y : channels[2].data();
+    const auto* y = channels[0].data() + skipped;
+    const auto* u = grey ? y : channels[1].data() + skipped;
+    const auto* v = grey ? y : channels[2].data() + skipped;
     if (cube) return Kernels::colourRow(y, u, v, count, matrix, cube, out);
     Kernels::colourRow(y, u, v, count, matrix, out);
 }

@@ -34,23 +34,22 @@ public:
     void fill(const Tile& tile);
 
 private:
+    /// Where the samples of planes of one size fall on the canvas.
+    struct Axes;
     /// One plane, of one, two or four values a sample.
     struct Plane {
         const std::uint8_t* samples = nullptr; ///< the one at 0, 0
         std::ptrdiff_t stride = 0;
         int values = 1;
         Kernels::Depth depth;
-        Kernels::Taps across;
-        Kernels::Taps down;
-
-        void row(int y, int from, int to, Sampler& sampler, std::int16_t* out) const;
+        std::shared_ptr<const Axes> axes;
     };
-    struct Axes;
 
     void addPlane(const std::uint8_t* samples, std::ptrdiff_t stride, int values, Kernels::Depth depth,
-                  const Axes& axes);
+                  std::shared_ptr<const Axes> axes);
+    void samplePlane(const Plane& plane, int y, int from, int to, int channel);
     void row(int y, int from, int to, std::uint8_t* out);
-    void colour(int count, std::uint8_t* out);
+    void colour(int skipped, int count, std::uint8_t* out);
     void fillTurned(const Tile& tile);
 
     bool swapped = false; ///< rows of the canvas are columns of the picture
@@ -63,8 +62,8 @@ private:
     Bitmap bitmap;
     std::vector<std::int16_t> blended;
     std::vector<std::int16_t> pairs;
-    std::vector<std::int16_t> channels[4];
-    std::vector<const std::uint8_t*> rows;
+    std::vector<std::int16_t> channels[4]; ///< of a row, at the canvas' width
+    std::vector<const std::uint8_t*> rows; ///< of a plane, that one of the canvas is blended of
 };
 
 }

@@ -1,65 +1,195 @@
 #include "platform/image/kernels/Kernels.h"
 
-#include <algorithm>
-#include <cstring>
+// This file is compiled once for each instruction set; the order of what follows matters.
+// clang-format off
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "platform/image/kernels/Composite.cpp"
+#include <hwy/foreach_target.h>
+#include <hwy/highway.h>
+#include "platform/image/kernels/Vectors-inl.h"
+// clang-format on
 
-namespace murbo::Kernels {
-namespace {
+HWY_BEFORE_NAMESPACE();
+namespace murbo::Kernels::HWY_NAMESPACE {
 
-int times(int value, int alpha) {
-    const int product = value * alpha + 128;
-    return (product + (product >> 8)) >> 8;
+template <typename D>
+HWY_INLINE hn::VFromD<D> load(D d, const std::uint8_t* pixels, int at) {
+    return hn::LoadU(d, reinterpret_cast<const std::uint32_t*>(pixels) + at);
 }
 
-void overPixel(const std::uint8_t* above, std::uint8_t* pixel) {
-    for (int channel = 0; channel < 4; ++channel)
-        pixel[channel] = std::uint8_t(std::min(above[channel] + times(pixel[channel], 255 - above[3]), 255));
+template <typename D, typename V>
+HWY_INLINE void store(D d, V vector, std::uint8_t* pixels, int at) {
+    hn::StoreU(vector, d, reinterpret_cast<std::uint32_t*>(pixels) + at);
 }
 
+/// Each byte times its pixel's share of 255, rounded. `shares` holds it in both halves of the pixel.
+template <typename D, typename V = hn::VFromD<D>>
+HWY_INLINE V times(D d, V pixels, V shares) {
+    const hn::Repartition<std::uint16_t, D> words;
+    const auto even = hn::Set(words, 0x00FF);
+    const auto product = [&](auto values) {
+        const auto rounded = hn::Add(hn::Mul(values, hn::BitCast(words, shares)), hn::Set(words, 128));
+        return hn::Add(rounded, hn::ShiftRight<8>(rounded));
+    };
+    const auto both = hn::BitCast(words, pixels);
+    const auto low = hn::ShiftRight<8>(product(hn::And(both, even)));
+    const auto high = hn::AndNot(even, product(hn::ShiftRight<8>(both)));
+    return hn::BitCast(d, hn::Or(low, high));
 }
 
-void multiplyAlpha(const std::int16_t* alpha, int count, std::uint8_t* pixels) {
-    for (int at = 0; at < count; ++at) {
-        pixels[at * 4 + 3] = std::uint8_t(std::clamp((alpha[at] + 64) >> 7, 0, 255));
-    }
-    premultiply(pixels, count);
+template <typename V>
+HWY_INLINE V inBothHalves(V value) {
+    return hn::Or(value, hn::ShiftLeft<16>(value));
 }
 
-void premultiply(std::uint8_t* pixels, int count) {
-    for (int at = 0; at < count; ++at) {
-        for (int channel = 0; channel < 3; ++channel)
-            pixels[at * 4 + channel] = std::uint8_t(times(pixels[at * 4 + channel], pixels[at * 4 + 3]));
-    }
+template <typename D, typename V = hn::VFromD<D>>
+HWY_INLINE V over(D d, V above, V below) {
+    const hn::Repartition<std::uint8_t, D> bytes;
+    const auto clear = hn::Sub(hn::Set(d, 255), hn::ShiftRight<24>(above));
+    const auto kept = times(d, below, inBothHalves(clear));
+    return hn::BitCast(d, hn::SaturatedAdd(hn::BitCast(bytes, above), hn::BitCast(bytes, kept)));
 }
 
-void fill(std::uint32_t pixel, int count, std::uint8_t* out) {
-    for (int at = 0; at < count; ++at) std::memcpy(out + at * 4, &pixel, 4);
+/// Text is mostly clear or solid: whole vectors of either need no sums.
+void Over(const std::uint8_t* above, int count, std::uint8_t* pixels) {
+    inVectors<std::uint32_t>(count, [&](auto d, int at) {
+        const auto upper = load(d, above, at);
+        if (hn::AllTrue(d, hn::Eq(upper, hn::Zero(d)))) return;
+        const auto alpha = hn::ShiftRight<24>(upper);
+        if (hn::AllTrue(d, hn::Eq(alpha, hn::Set(d, 255)))) return store(d, upper, pixels, at);
+        store(d, over(d, upper, load(d, pixels, at)), pixels, at);
+    });
 }
 
-void over(const std::uint8_t* above, int count, std::uint8_t* pixels) {
-    for (int at = 0; at < count; ++at) overPixel(above + at * 4, pixels + at * 4);
+void OverFlat(std::uint32_t above, int count, std::uint8_t* pixels) {
+    inVectors<std::uint32_t>(count, [&](auto d, int at) {
+        store(d, over(d, hn::Set(d, above), load(d, pixels, at)), pixels, at);
+    });
 }
 
-void over(std::uint32_t above, int count, std::uint8_t* pixels) {
-    std::uint8_t channels[4];
-    std::memcpy(channels, &above, 4);
-    for (int at = 0; at < count; ++at) overPixel(channels, pixels + at * 4);
+void Fill(std::uint32_t pixel, int count, std::uint8_t* out) {
+    inVectors<std::uint32_t>(count, [&](auto d, int at) { store(d, hn::Set(d, pixel), out, at); });
 }
 
-void fade(int opacity, int count, std::uint8_t* pixels) {
-    for (int at = 0; at < count * 4; ++at) pixels[at] = std::uint8_t(times(pixels[at], opacity));
+void Fade(int opacity, int count, std::uint8_t* pixels) {
+    const auto share = std::uint32_t(opacity) * 0x00010001;
+    inVectors<std::uint32_t>(count, [&](auto d, int at) {
+        store(d, times(d, load(d, pixels, at), hn::Set(d, share)), pixels, at);
+    });
 }
 
-void average(const std::uint8_t* others, int count, int up, std::uint8_t* pixels) {
-    for (int at = 0; at < count * 4; ++at) pixels[at] = std::uint8_t((pixels[at] + others[at] + up) >> 1);
+void Average(const std::uint8_t* others, int count, int up, std::uint8_t* pixels) {
+    inVectors<std::uint32_t>(count, [&](auto d, int at) {
+        const hn::Repartition<std::uint8_t, decltype(d)> bytes;
+        const auto one = hn::BitCast(bytes, load(d, pixels, at));
+        const auto other = hn::BitCast(bytes, load(d, others, at));
+        // What rounds up rounds down on the complements.
+        const auto mean =
+            up ? hn::AverageRound(one, other) : hn::Not(hn::AverageRound(hn::Not(one), hn::Not(other)));
+        store(d, hn::BitCast(d, mean), pixels, at);
+    });
 }
 
-void transpose(const std::uint8_t* in, std::ptrdiff_t inStride, int width, int height, std::uint8_t* out,
+void Premultiply(std::uint8_t* pixels, int count) {
+    inVectors<std::uint32_t>(count, [&](auto d, int at) {
+        const auto straight = load(d, pixels, at);
+        const auto alpha = hn::ShiftRight<24>(straight);
+        const auto colours = hn::And(times(d, straight, inBothHalves(alpha)), hn::Set(d, 0x00FFFFFF));
+        store(d, hn::Or(colours, hn::ShiftLeft<24>(alpha)), pixels, at);
+    });
+}
+
+void SetAlpha(const std::int16_t* alpha, int count, std::uint8_t* pixels) {
+    inVectors<std::int32_t>(count, [&](auto d, int at) {
+        const hn::RebindToUnsigned<decltype(d)> whole;
+        const auto found = hn::PromoteTo(d, hn::LoadU(hn::Rebind<std::int16_t, decltype(d)>(), alpha + at));
+        const auto level = hn::ShiftRight<7>(hn::Add(found, hn::Set(d, 64)));
+        const auto held = hn::BitCast(whole, hn::Min(hn::Max(level, hn::Zero(d)), hn::Set(d, 255)));
+        const auto colours = hn::And(load(whole, pixels, at), hn::Set(whole, 0x00FFFFFF));
+        store(whole, hn::Or(colours, hn::ShiftLeft<24>(held)), pixels, at);
+    });
+}
+
+/// Four rows of four pixels become four columns.
+HWY_INLINE void transposeBlock(const std::uint8_t* in, std::ptrdiff_t inStride, std::uint8_t* out,
+                               std::ptrdiff_t outStride) {
+    const hn::FixedTag<std::uint32_t, 4> d;
+    const auto a = load(d, in, 0);
+    const auto b = load(d, in + inStride, 0);
+    const auto c = load(d, in + 2 * inStride, 0);
+    const auto e = load(d, in + 3 * inStride, 0);
+    const auto ab = hn::InterleaveLower(d, a, b);
+    const auto ce = hn::InterleaveLower(d, c, e);
+    const auto abHigh = hn::InterleaveUpper(d, a, b);
+    const auto ceHigh = hn::InterleaveUpper(d, c, e);
+    store(d, hn::ConcatLowerLower(d, ce, ab), out, 0);
+    store(d, hn::ConcatUpperUpper(d, ce, ab), out + outStride, 0);
+    store(d, hn::ConcatLowerLower(d, ceHigh, abHigh), out + 2 * outStride, 0);
+    store(d, hn::ConcatUpperUpper(d, ceHigh, abHigh), out + 3 * outStride, 0);
+}
+
+void Transpose(const std::uint8_t* in, std::ptrdiff_t inStride, int width, int height, std::uint8_t* out,
                std::ptrdiff_t outStride) {
+    const int wholeWidth = width & ~3;
+    const int wholeHeight = height & ~3;
+    for (int x = 0; x < wholeWidth; x += 4) {
+        for (int y = 0; y < wholeHeight; y += 4)
+            transposeBlock(in + y * inStride + x * 4, inStride, out + x * outStride + y * 4, outStride);
+    }
     for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x)
+        for (int x = y < wholeHeight ? wholeWidth : 0; x < width; ++x)
             std::memcpy(out + x * outStride + y * 4, in + y * inStride + x * 4, 4);
     }
 }
 
 }
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+namespace murbo::Kernels {
+
+HWY_EXPORT(Over);
+HWY_EXPORT(OverFlat);
+HWY_EXPORT(Fill);
+HWY_EXPORT(Fade);
+HWY_EXPORT(Average);
+HWY_EXPORT(Premultiply);
+HWY_EXPORT(SetAlpha);
+HWY_EXPORT(Transpose);
+
+void over(const std::uint8_t* above, int count, std::uint8_t* pixels) {
+    HWY_DYNAMIC_DISPATCH(Over)(above, count, pixels);
+}
+
+void over(std::uint32_t above, int count, std::uint8_t* pixels) {
+    HWY_DYNAMIC_DISPATCH(OverFlat)(above, count, pixels);
+}
+
+void fill(std::uint32_t pixel, int count, std::uint8_t* out) {
+    HWY_DYNAMIC_DISPATCH(Fill)(pixel, count, out);
+}
+
+void fade(int opacity, int count, std::uint8_t* pixels) {
+    HWY_DYNAMIC_DISPATCH(Fade)(opacity, count, pixels);
+}
+
+void average(const std::uint8_t* others, int count, int up, std::uint8_t* pixels) {
+    HWY_DYNAMIC_DISPATCH(Average)(others, count, up, pixels);
+}
+
+void premultiply(std::uint8_t* pixels, int count) {
+    HWY_DYNAMIC_DISPATCH(Premultiply)(pixels, count);
+}
+
+void multiplyAlpha(const std::int16_t* alpha, int count, std::uint8_t* pixels) {
+    HWY_DYNAMIC_DISPATCH(SetAlpha)(alpha, count, pixels);
+    premultiply(pixels, count);
+}
+
+void transpose(const std::uint8_t* in, std::ptrdiff_t inStride, int width, int height, std::uint8_t* out,
+               std::ptrdiff_t outStride) {
+    HWY_DYNAMIC_DISPATCH(Transpose)(in, inStride, width, height, out, outStride);
+}
+
+}
+#endif

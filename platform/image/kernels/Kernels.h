@@ -20,15 +20,15 @@ struct Depth {
     int right = 0;
 };
 
-/// Blends `taps` rows into one, by differences from row `base` (see Taps).
-void blendRows(const std::uint8_t* const* rows, const std::int16_t* weights, int taps, int base, Depth depth,
-               int count, std::int16_t* out);
+/// Blends `taps` rows into one by differences from the first (see Taps).
+void blendRows(const std::uint8_t* const* rows, const std::int16_t* weights, int taps, Depth depth, int count,
+               std::int16_t* out);
 
-/// Resamples a row of samples, or of pixels of four: `in` starts at sample `taps.low` and may be read up to
-/// `slack` values past its end. `outputs` `from` to `to` are written to `out`.
+/// Resamples a row: `in` starts at sample `columns.taps.low` and may be read up to `slack` values past its
+/// end. Outputs `from` to `to` are written to `out`; `from` stands at the start of a group, and the last
+/// group is written whole.
 inline constexpr int slack = 32;
-void resampleRow(const Taps& taps, int from, int to, const std::int16_t* in, std::int16_t* out);
-void resamplePixels(const Taps& taps, int from, int to, const std::int16_t* in, std::int16_t* out);
+void resampleRow(const Columns& columns, int from, int to, const std::int16_t* in, std::int16_t* out);
 
 /// Takes samples that lie in pairs apart.
 void splitPairs(const std::int16_t* in, int count, std::int16_t* first, std::int16_t* second);

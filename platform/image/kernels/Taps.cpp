@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 
 namespace murbo::Kernels {
 namespace {
@@ -10,6 +9,7 @@ namespace {
 /// Up to this step eight outputs read at most sixteen samples: what one pair of registers holds.
 constexpr std::int64_t narrowStep = Line::one * 7 / 4;
 
+/// Past this a picture is a speck, whatever of it is averaged.
 constexpr std::int64_t mostCovered = Line::one * 1024;
 
 struct Stretch {
@@ -49,8 +49,10 @@ struct Reach {
 };
 
 /// The lengths of all samples of an output from `first` on; those beyond the limits count to the edge.
-void measure(const Reach& reach, int lowest, int highest, int& first, std::vector<std::int64_t>& lengths) {
+std::int64_t measure(const Reach& reach, int lowest, int highest, int& first,
+                     std::vector<std::int64_t>& lengths) {
     lengths.clear();
+    std::int64_t total = 0;
     for (std::int64_t sample = reach.first(); sample <= reach.last(); ++sample) {
         const std::int64_t length = reach.length(sample);
         if (length == 0) continue;
@@ -58,23 +60,36 @@ void measure(const Reach& reach, int lowest, int highest, int& first, std::vecto
         if (lengths.empty()) first = held;
         lengths.resize(held - first + 1);
         lengths.back() += length;
+        total += length;
     }
+    return total;
 }
 
 /// Weights in 1/`whole` from lengths, their sum exact: the heaviest takes what rounding left.
-void weigh(const std::vector<std::int64_t>& lengths, int whole, Taps::Output& output,
+void weigh(const std::vector<std::int64_t>& lengths, std::int64_t total, int whole,
            std::vector<std::int16_t>& weights) {
-    const auto total = double(std::accumulate(lengths.begin(), lengths.end(), std::int64_t(0)));
-    output.base = int(std::max_element(lengths.begin(), lengths.end()) - lengths.begin());
-    output.weights = int(weights.size());
+    const double share = double(whole) / double(total);
+    const auto start = weights.size();
     int left = whole;
     for (const auto length : lengths) {
-        const int weight = int(double(length) / total * whole + 0.5);
-        weights.push_back(std::int16_t(std::min(weight, 32767)));
+        const int weight = std::min(int(double(length) * share + 0.5), 32767);
+        weights.push_back(std::int16_t(weight));
         left -= weight;
     }
-    auto& heaviest = weights[output.weights + output.base];
-    heaviest = std::int16_t(std::clamp(heaviest + left, 0, 32767));
+    const auto heaviest = std::max_element(weights.begin() + std::ptrdiff_t(start), weights.end());
+    *heaviest = std::int16_t(std::min(*heaviest + left, 32767));
+}
+
+/// Where the bytes of eight samples lie from the first one's on.
+void placeSamples(const Taps::Output* outputs, int count, Columns::Group& group) {
+    int first = outputs[0].first;
+    for (int at = 1; at < count; ++at) first = std::min(first, outputs[at].first);
+    group.first[0] = first;
+    for (int at = 0; at < 8; ++at) {
+        const int sample = at < count ? outputs[at].first - first : 0;
+        group.bytes[2 * at] = std::uint8_t(2 * sample);
+        group.bytes[2 * at + 1] = std::uint8_t(2 * sample + 1);
+    }
 }
 
 }
@@ -86,25 +101,53 @@ Line Line::through(double offset, double slope) {
             std::llround(std::clamp(slope, -steepest, steepest) * double(one))};
 }
 
-Taps Taps::along(const Line& line, int from, int to, int lowest, int highest, bool differences) {
+Taps Taps::along(const Line& line, int from, int to, int lowest, int highest, Sum sum) {
     Taps taps;
+    taps.sum = sum;
     taps.from = from;
     taps.low = highest;
     taps.high = lowest;
-    taps.narrow = std::abs(line.step) <= narrowStep;
-    const int whole = taps.narrow || differences ? 1 << 15 : 1 << 14;
     taps.outputs.reserve(to - from);
     std::vector<std::int64_t> lengths;
     for (int at = from; at < to; ++at) {
-        Output output{0, 0, 0, 0};
-        measure(Reach(covered(line, at)), lowest, highest, output.first, lengths);
+        Output output{0, 0, int(taps.weights.size())};
+        const auto total = measure(Reach(covered(line, at)), lowest, highest, output.first, lengths);
         output.count = int(lengths.size());
-        weigh(lengths, whole, output, taps.weights);
+        weigh(lengths, total, sum == Sum::differences ? 1 << 15 : 1 << 14, taps.weights);
+        if (sum == Sum::products) taps.weights.resize((taps.weights.size() + 7) / 8 * 8);
         taps.outputs.push_back(output);
         taps.low = std::min(taps.low, output.first);
         taps.high = std::max(taps.high, output.first + output.count);
+        taps.most = std::max(taps.most, output.count);
     }
     return taps;
+}
+
+Columns::Columns(const Line& line, int from, int to, int lowest, int highest, int valuesOfOne)
+    : values(valuesOfOne) {
+    const bool few = std::abs(line.step) <= narrowStep;
+    taps = Taps::along(line, from, to, lowest, highest, few ? Taps::Sum::differences : Taps::Sum::products);
+    pairs = taps.most <= 2;
+    if (!few) return;
+    const int count = int(taps.outputs.size());
+    for (int start = 0; start < count; start += together())
+        addGroup(&taps.outputs[start], std::min(together(), count - start));
+}
+
+void Columns::addGroup(const Taps::Output* outputs, int count) {
+    Group group{};
+    if (values == 1) placeSamples(outputs, count, group);
+    near = near && *std::max_element(group.bytes, group.bytes + 16) < (pairs ? 14 : 12);
+    for (int at = 0; at < count; ++at) {
+        if (values == 4) group.first[at] = outputs[at].first;
+        for (int lane = at * 8 / together(); lane < (at + 1) * 8 / together(); ++lane) {
+            const auto* weights = &taps.weights[outputs[at].weights];
+            if (outputs[at].count > 1) group.second[lane] = weights[1];
+            if (outputs[at].count > 2) group.third[lane] = weights[2];
+        }
+    }
+    if (values == 4 && count == 1) group.first[1] = group.first[0];
+    groups.push_back(group);
 }
 
 }

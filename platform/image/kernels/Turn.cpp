@@ -2,54 +2,117 @@
 
 #include <algorithm>
 
-namespace murbo::Kernels {
-namespace {
+// This file is compiled once for each instruction set; the order of what follows matters.
+// clang-format off
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "platform/image/kernels/Turn.cpp"
+#include <hwy/foreach_target.h>
+#include <hwy/highway.h>
+#include "platform/image/kernels/Vectors-inl.h"
+// clang-format on
 
-/// Positions run in 32 bits from one mark to the next, each mark worked out anew: no error adds up.
+HWY_BEFORE_NAMESPACE();
+namespace murbo::Kernels::HWY_NAMESPACE {
+
+/// Positions run in 32 bits, 15 of them fraction, from one mark to the next; each mark is worked out anew, so
+/// that no error adds up.
 constexpr int marks = 64;
-constexpr int textureBits = 15;
+constexpr int fraction = 15;
 
-/// A position in 1/2^15, held near enough to the texture to be counted in 32 bits.
+/// Held near enough to the texture to be counted in 32 bits.
 int held(std::int64_t position, int length) {
     const std::int64_t beyond = std::int64_t(16384) << Line::bits;
-    const std::int64_t farthest = (std::int64_t(length) << Line::bits) + (std::int64_t(8192) << Line::bits);
-    return int(std::clamp(position, -beyond, farthest) >> (Line::bits - textureBits));
+    const std::int64_t farthest = std::int64_t(length + 8192) << Line::bits;
+    return int(std::clamp(position, -beyond, farthest) >> (Line::bits - fraction));
 }
 
-int times(int a, int b) {
-    return (a * b + 0x4000) >> 15;
+/// Every other byte of pixels as 15-bit values, and steps between such.
+template <typename D>
+struct Values {
+    using Words = hn::Repartition<std::int16_t, D>;
+    using V = hn::VFromD<Words>;
+
+    static HWY_INLINE V even(hn::VFromD<D> pixels) {
+        return hn::BitCast(Words(), hn::ShiftLeft<7>(hn::And(pixels, hn::Set(D(), 0x00FF00FF))));
+    }
+    static HWY_INLINE V odd(hn::VFromD<D> pixels) {
+        return hn::BitCast(Words(), hn::And(hn::ShiftRight<1>(pixels), hn::Set(D(), 0x7F807F80)));
+    }
+    static HWY_INLINE V between(V one, V other, V share) {
+        return hn::Add(one, hn::MulFixedPoint15(hn::Sub(other, one), share));
+    }
+    static HWY_INLINE V rounded(V value) { return hn::ShiftRight<7>(hn::Add(value, hn::Set(Words(), 64))); }
+};
+
+template <typename D, typename V = hn::VFromD<D>>
+HWY_INLINE V look(D d, const Texture& texture, V u, V v) {
+    const hn::RebindToUnsigned<D> whole;
+    using Halves = Values<hn::RebindToUnsigned<D>>;
+    const auto clamped = [&](V index, int length) {
+        return hn::Min(hn::Max(index, hn::Zero(d)), hn::Set(d, length - 1));
+    };
+    const auto share = [&](V position) {
+        const auto part = hn::And(position, hn::Set(d, 32767));
+        return hn::BitCast(typename Halves::Words(), hn::Or(part, hn::ShiftLeft<16>(part)));
+    };
+    const V one = hn::Set(d, 1);
+    const V x = hn::ShiftRight<fraction>(u);
+    const V y = hn::ShiftRight<fraction>(v);
+    const V stride = hn::Set(d, int(texture.stride / 4));
+    const V left = clamped(x, texture.width);
+    const V right = clamped(hn::Add(x, one), texture.width);
+    const V upper = hn::Mul(clamped(y, texture.height), stride);
+    const V lower = hn::Mul(clamped(hn::Add(y, one), texture.height), stride);
+    const auto pixel = [&](V row, V column) {
+        const auto* pixels = reinterpret_cast<const std::int32_t*>(texture.pixels);
+        return hn::BitCast(whole, hn::GatherIndex(d, pixels, hn::Add(row, column)));
+    };
+    const auto a = pixel(upper, left);
+    const auto b = pixel(upper, right);
+    const auto c = pixel(lower, left);
+    const auto e = pixel(lower, right);
+    const auto across = share(u);
+    const auto down = share(v);
+    const auto mixed = [&](auto half) {
+        const auto above = Halves::between(half(a), half(b), across);
+        const auto below = Halves::between(half(c), half(e), across);
+        return hn::BitCast(d, Halves::rounded(Halves::between(above, below, down)));
+    };
+    return hn::Or(mixed(Halves::even), hn::ShiftLeft<8>(mixed(Halves::odd)));
 }
 
-int between(int one, int other, int fraction) {
-    return one + times(other - one, fraction);
-}
-
-void look(const Texture& texture, int u, int v, std::uint8_t* out) {
-    const int left = std::clamp(u >> textureBits, 0, texture.width - 1);
-    const int right = std::clamp((u >> textureBits) + 1, 0, texture.width - 1);
-    const auto* upper = texture.pixels + std::clamp(v >> textureBits, 0, texture.height - 1) * texture.stride;
-    const auto* lower =
-        texture.pixels + std::clamp((v >> textureBits) + 1, 0, texture.height - 1) * texture.stride;
-    const int across = u & 32767;
-    const int down = v & 32767;
-    for (int channel = 0; channel < 4; ++channel) {
-        const int above = between(upper[left * 4 + channel] << 7, upper[right * 4 + channel] << 7, across);
-        const int below = between(lower[left * 4 + channel] << 7, lower[right * 4 + channel] << 7, across);
-        out[channel] = std::uint8_t((between(above, below, down) + 64) >> 7);
+void TurnRow(const Texture& texture, const Line& u, const Line& v, int from, int to, std::uint8_t* out) {
+    const int stepU = int(u.step >> (Line::bits - fraction));
+    const int stepV = int(v.step >> (Line::bits - fraction));
+    for (int at = from; at < to;) {
+        const int mark = at & ~(marks - 1);
+        const int end = std::min(to, mark + marks);
+        const int startU = held(u.at(mark), texture.width);
+        const int startV = held(v.at(mark), texture.height);
+        inVectors<std::int32_t>(end - at, [&](auto d, int lane) {
+            const auto along = hn::Iota(d, at - mark + lane);
+            const auto position = [&](int start, int step) {
+                return hn::Add(hn::Set(d, start), hn::Mul(along, hn::Set(d, step)));
+            };
+            const auto pixels = look(d, texture, position(startU, stepU), position(startV, stepV));
+            hn::StoreU(pixels, d, reinterpret_cast<std::int32_t*>(out) + lane);
+        });
+        out += std::ptrdiff_t(end - at) * 4;
+        at = end;
     }
 }
 
 }
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+namespace murbo::Kernels {
+
+HWY_EXPORT(TurnRow);
 
 void turnRow(const Texture& texture, const Line& u, const Line& v, int from, int to, std::uint8_t* out) {
-    const int stepU = int(u.step >> (Line::bits - textureBits));
-    const int stepV = int(v.step >> (Line::bits - textureBits));
-    for (int at = from; at < to; ++at, out += 4) {
-        const int mark = at & ~(marks - 1);
-        const int along = at - mark;
-        look(texture, held(u.at(mark), texture.width) + along * stepU,
-             held(v.at(mark), texture.height) + along * stepV, out);
-    }
+    HWY_DYNAMIC_DISPATCH(TurnRow)(texture, u, v, from, to, out);
 }
 
 }
+#endif
