@@ -150,9 +150,13 @@ Curve musicCurve(const Piece& piece, double gain, std::optional<double> duck, co
         const double under = distance < duckFade ? *duck + (1 - *duck) * distance / duckFade : 1;
         return gain * std::clamp(fade, 0.0, 1.0) * under;
     };
+    // The knees of the fades too, or a short song would be missed between two points.
+    const double knees[] = {piece.start + fadeIn, piece.end - fadeOut, piece.end};
     Curve curve;
     for (double time = piece.start; time < piece.end - 0.0001;) {
-        const double next = std::min(time + curveStep, piece.end);
+        double next = time + curveStep;
+        for (const double knee : knees)
+            if (time < knee) next = std::min(next, knee);
         add(curve, {time, next, volume(time), volume(next)});
         time = next;
     }
