@@ -93,7 +93,8 @@ Measured encode(const Sample& sample) {
                                                                       .rate = rate,
                                                                       .sound = false,
                                                                       .preset = Exporter::encoderPreset,
-                                                                      .quality = Exporter::encoderQuality});
+                                                                      .quality = Exporter::encoderQuality,
+                                                                      .lookahead = Exporter::encoderLookahead});
         PlanesPool pool(1080, 1920);
         double copied = 0;
         while (true) {
@@ -118,6 +119,8 @@ std::vector<std::string> encodedAlike(const Sample& sample) {
             Exporter::encoderPreset,
             "-crf",
             fmt::format("{}", Exporter::encoderQuality),
+            "-rc-lookahead",
+            fmt::format("{}", Exporter::encoderLookahead),
             "-pix_fmt",
             "yuv420p",
             "-c:a",

@@ -13,7 +13,8 @@ namespace {
 
 constexpr double cutLength = 5;
 constexpr double captionLength = 1.25;
-constexpr int recordingLength = 300;
+constexpr int recordingLength = 300; // seconds
+constexpr int partLength = 25;       // three times 250 pictures
 
 // Words short and long, in two scripts, so that no two captions are one picture.
 constexpr const char* words[] = {"Hello there",    "สวัสดีครับ",      "this is how",    "a stream looks",
@@ -24,24 +25,24 @@ void runTool(const std::string& command) {
     if (std::system(command.c_str()) != 0) throw Problem("This did not work: " + command);
 }
 
-/// Twenty seconds that ask something of both decoder and encoder (a zoom into detail, a moving box, grain),
-/// fifteen times over; a keyframe every 250 pictures, as recorders write it.
+/// A stretch that asks something of both decoder and encoder (a zoom into detail, a moving box, a little
+/// grain), twelve times over; a keyframe every 250 pictures, as recorders write it.
 void makeRecording(const std::filesystem::path& path) {
     if (std::filesystem::exists(path)) return;
     const auto part = path.parent_path() / "part.mp4";
-    runTool(
-        fmt::format("ffmpeg -v error -y -f lavfi -i "
-                    "mandelbrot=size=1920x1080:rate=30:start_scale=2:end_scale=0.02:end_pts=600 "
-                    "-f lavfi -i testsrc2=size=730x604:rate=30 -f lavfi -i "
-                    "anoisesrc=color=pink:amplitude=0.2:sample_rate=48000 "
-                    "-filter_complex '[0:v][1:v]overlay=x=1152:y=475,noise=alls=5:allf=t,format=yuv420p[v]' "
-                    "-map '[v]' -map 2:a "
-                    "-t 20 -c:v libx264 -preset veryfast -crf 20 -g 250 -keyint_min 250 -sc_threshold 0 -c:a "
-                    "aac -b:a 160k '{}'",
-                    part.string()));
+    runTool(fmt::format(
+        "ffmpeg -v error -y -f lavfi -i "
+        "mandelbrot=size=1920x1080:rate=30:start_scale=2:end_scale=0.02:end_pts=750 "
+        "-f lavfi -i testsrc2=size=730x604:rate=30 -f lavfi -i "
+        "anoisesrc=color=pink:amplitude=0.2:sample_rate=48000 "
+        "-filter_complex '[0:v][1:v]overlay=x=1152:y=475,scale=out_color_matrix=bt709,format=yuv420p,"
+        "noise=alls=3:allf=t[v]' -map '[v]' -map 2:a -t {} -c:v libx264 -preset veryfast -crf 22 -g 250 "
+        "-keyint_min 250 -sc_threshold 0 -colorspace bt709 -color_primaries bt709 -color_trc bt709 "
+        "-c:a aac -b:a 160k '{}'",
+        partLength, part.string()));
     const auto whole = path.parent_path() / "whole.mp4";
-    runTool(fmt::format("ffmpeg -v error -y -stream_loop {} -i '{}' -c copy '{}'", recordingLength / 20 - 1,
-                        part.string(), whole.string()));
+    runTool(fmt::format("ffmpeg -v error -y -stream_loop {} -i '{}' -c copy '{}'",
+                        recordingLength / partLength - 1, part.string(), whole.string()));
     std::filesystem::rename(whole, path);
     std::filesystem::remove(part);
 }
@@ -87,7 +88,7 @@ void writeCaptions(const Sample& sample) {
     std::string text =
         "[Script Info]\nScriptType: v4.00+\nPlayResX: 1080\nPlayResY: 1920\n\n[V4+ Styles]\n"
         "Format: Name, Fontname, Fontsize, PrimaryColour, OutlineColour, Bold, BorderStyle, Outline, Shadow, "
-        "Alignment\nStyle: Default,Noto Sans Thai,84,&H00FFFFFF,&H00000000,1,1,12,0,5\n\n[Events]\n"
+        "Alignment\nStyle: Default,Noto Sans Thai,110,&H00FFFFFF,&H00000000,1,1,12,0,5\n\n[Events]\n"
         "Format: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\n";
     const auto stamp = [](double time) {
         auto clock = Subtitles::time(time).substr(1, 10); // "0:00:01,25"

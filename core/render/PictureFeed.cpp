@@ -8,12 +8,13 @@
 namespace murbo {
 namespace {
 
-/// A gap that is cheaper decoded through than sought over: what a cut that takes out a pause leaves.
-constexpr double decodedThrough = 1.0; // seconds
+/// Over a gap like that, which taking out a pause leaves, one reader goes on: it decodes through where that
+/// costs less than beginning anew at a keyframe.
+constexpr double shortGap = 5; // seconds
 
 bool goesOn(const VideoComposition::Segment& earlier, const VideoComposition::Segment& later) {
     const double gap = later.from - (earlier.from + earlier.length);
-    return earlier.file == later.file && gap >= -Times::samePlace && gap <= decodedThrough;
+    return earlier.file == later.file && gap >= -Times::samePlace && gap <= shortGap;
 }
 
 }
