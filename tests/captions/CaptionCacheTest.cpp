@@ -1,0 +1,63 @@
+#include "core/render/captions/CaptionCache.h"
+
+#include <thread>
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+CaptionPicture::Request request(int number, double scale = 0.05) {
+    CaptionPicture::Request asked;
+    asked.text = std::to_string(number);
+    asked.scale = scale;
+    asked.width = 900 * scale;
+    return asked;
+}
+
+}
+
+TEST(CaptionCache, theOneAfter401EmptiesItBeforeItGoesIn) {
+    CaptionCache cache;
+    for (int number = 0; number < 401; ++number) ASSERT_TRUE(cache.picture(request(number)));
+    EXPECT_EQ(cache.count(), 401u);
+    cache.picture(request(7));
+    EXPECT_EQ(cache.count(), 401u);
+    cache.picture(request(401));
+    EXPECT_EQ(cache.count(), 1u);
+}
+
+TEST(CaptionCache, aKeptPictureIsTheVerySame) {
+    CaptionCache cache;
+    const auto first = cache.picture(request(1));
+    EXPECT_EQ(&first->node(), &cache.picture(request(1))->node());
+    auto other = request(1);
+    other.stress = {0};
+    EXPECT_NE(&first->node(), &cache.picture(other)->node());
+}
+
+TEST(CaptionCache, whatCannotBeDrawnIsNotKept) {
+    CaptionCache cache;
+    EXPECT_FALSE(cache.picture(request(1, 1e9)));
+    EXPECT_EQ(cache.count(), 0u);
+}
+
+TEST(CaptionCache, largePicturesNeverPileUp) {
+    CaptionCache cache;
+    for (int number = 0; number < 60; ++number) {
+        cache.picture(request(number, 1));
+        EXPECT_LE(cache.count(), 16'000'000u / (976 * 150));
+    }
+}
+
+TEST(CaptionCache, threadsMayAskAtOnce) {
+    CaptionCache cache;
+    std::vector<std::jthread> threads;
+    for (int thread = 0; thread < 8; ++thread)
+        threads.emplace_back([&] {
+            for (int number = 0; number < 40; ++number) EXPECT_TRUE(cache.picture(request(number)));
+        });
+    threads.clear();
+    EXPECT_EQ(cache.count(), 40u);
+}
