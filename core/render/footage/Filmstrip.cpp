@@ -1,0 +1,107 @@
+#include "core/render/footage/Filmstrip.h"
+
+#include "platform/base/Files.h"
+#include "platform/base/Problem.h"
+#include "platform/image/Canvas.h"
+#include "platform/image/Image.h"
+#include "platform/image/Jpeg.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace murbo {
+
+namespace {
+
+constexpr double quality = 0.7;
+constexpr std::size_t mostBytes = 1 << 20; // far above any thumbnail
+constexpr int longestStep = 1 << 30;       // seconds
+
+/// The picture in at most `Filmstrip::mostPixels` a side.
+Bitmap thumbnail(const Frame& frame) {
+    const Size size = frame.uprightSize();
+    const double scale = std::min(1.0, Filmstrip::mostPixels / std::max(size.width, size.height));
+    const double width = std::max(1.0, std::round(size.width * scale));
+    const double height = std::max(1.0, std::round(size.height * scale));
+    const Transform fitted = Transform().scaled(width / size.width, height / size.height);
+    return Canvas::bitmap(Image::frame(frame).clamped().transformed(fitted), {0, 0, width, height});
+}
+
+}
+
+Filmstrip::Filmstrip(const Source& source, const std::optional<std::filesystem::path>& package)
+    : file(source.path),
+      folder(package ? std::optional(*package / "cache" / "stills" / source.id.text()) : std::nullopt) {}
+
+std::optional<Bitmap> Filmstrip::still(int second) const {
+    const std::lock_guard hold(lock);
+    const auto found = images.find(second);
+    return found == images.end() ? std::nullopt : std::optional(found->second);
+}
+
+std::optional<Bitmap> Filmstrip::make(int second) {
+    if (auto known = still(second)) return known;
+    auto picture = stored(second);
+    if (!picture) {
+        picture = drawn(second);
+        if (picture) store(second, *picture);
+    }
+    if (picture) keep(second, *picture);
+    return picture;
+}
+
+int Filmstrip::step(double tile, double pointsPerSecond) {
+    const double wanted = tile / std::max(pointsPerSecond, 0.0001);
+    int step = 1;
+    while (step < wanted && step < longestStep) step *= 2;
+    return step;
+}
+
+std::optional<std::filesystem::path> Filmstrip::place(int second) const {
+    return folder ? std::optional(*folder / (std::to_string(second) + ".jpg")) : std::nullopt;
+}
+
+std::optional<Bitmap> Filmstrip::stored(int second) const {
+    const auto path = place(second);
+    if (!path || !std::filesystem::exists(*path)) return {};
+    try {
+        auto picture = Jpeg::decode(Files::readWhole(*path, mostBytes));
+        if (picture && std::max(picture->width(), picture->height()) <= mostPixels) return picture;
+    } catch (const Problem&) {
+    }
+    return {};
+}
+
+std::optional<Bitmap> Filmstrip::drawn(int second) {
+    const std::lock_guard hold(reading);
+    try {
+        if (!std::exchange(opened, true)) reader = FrameReader::open(file, FrameReader::Purpose::stills);
+        const auto found = reader ? reader->at(second) : std::nullopt;
+        return found ? std::optional(thumbnail(found->frame)) : std::nullopt;
+    } catch (const Problem&) {
+        return {};
+    }
+}
+
+/// A thumbnail that can't be kept is made again another time.
+void Filmstrip::store(int second, const Bitmap& picture) const {
+    const auto path = place(second);
+    if (!path) return;
+    try {
+        Files::createFolder(*folder);
+        Files::writeWhole(*path, Jpeg::encode(picture, quality));
+    } catch (const Problem&) {
+    }
+}
+
+void Filmstrip::keep(int second, const Bitmap& picture) {
+    const std::lock_guard hold(lock);
+    if (!images.insert_or_assign(second, picture).second) return;
+    if (order.size() >= mostKept) {
+        images.erase(order.front());
+        order.pop_front();
+    }
+    order.push_back(second);
+}
+
+}

@@ -1,0 +1,94 @@
+#include "core/render/footage/Footage.h"
+
+#include "core/model/Times.h"
+#include "platform/base/Problem.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace murbo {
+
+namespace {
+
+constexpr double nearStep = 0.2;  // seconds; who asks again within this is playing
+constexpr double liveReach = 1.5; // seconds that are sooner decoded than jumped
+constexpr double stillsASecond = 30;
+constexpr std::size_t mostStills = 91;
+constexpr std::int64_t mostStillBytes = std::int64_t{256} << 20; // what large pictures are bounded by
+constexpr double longest = 1e9;                                  // seconds
+
+std::int64_t bytesOf(const Frame& frame) {
+    const std::int64_t sample = frame.layout == Frame::Layout::bgra ? 4 : frame.depth > 8 ? 2 : 1;
+    const std::int64_t planes = frame.layout == Frame::Layout::chroma444 ? 3 : 2;
+    return sample * planes * frame.width * frame.height;
+}
+
+}
+
+Footage::Footage(std::filesystem::path given) : file(std::move(given)) {}
+
+std::optional<Image> Footage::frame(double time) {
+    const std::lock_guard hold(lock);
+    if (!open() || std::isnan(time)) return {};
+    time = std::clamp(time, -longest, longest);
+    const bool plays = isLive(time) || isNear(time);
+    asked = time;
+    // Played or picked out alone, and in whatever order, a time has one picture.
+    return plays ? playing(time + Times::samePlace) : still(time + Times::samePlace);
+}
+
+double Footage::length() {
+    const std::lock_guard hold(lock);
+    open();
+    return seconds;
+}
+
+/// Whether there are pictures; looks only once.
+bool Footage::open() {
+    if (std::exchange(opened, true)) return single.has_value();
+    try {
+        single = FrameReader::open(file, FrameReader::Purpose::stills);
+        seconds = single->facts().length;
+    } catch (const Problem&) {
+    }
+    return single.has_value();
+}
+
+bool Footage::isNear(double time) const {
+    return asked && *asked - Times::samePlace <= time && time <= *asked + nearStep;
+}
+
+bool Footage::isLive(double time) const {
+    return current && current->time <= time + Times::samePlace && time <= current->time + liveReach;
+}
+
+std::optional<Image> Footage::playing(double time) {
+    try {
+        if (!forward) forward = FrameReader::open(file, FrameReader::Purpose::playing);
+        current = forward->at(time);
+    } catch (const Problem&) {
+        current.reset();
+    }
+    return current ? Image::frame(current->frame) : still(time);
+}
+
+std::optional<Image> Footage::still(double time) {
+    const auto key = static_cast<std::int64_t>(std::floor(time * stillsASecond));
+    if (const auto known = stills.find(key); known != stills.end() && known->second.isOn(time))
+        return known->second.image;
+    const auto found = single->at(time);
+    if (!found) return {};
+    keep(key, {Image::frame(found->frame), found->time, time, bytesOf(found->frame)});
+    return stills.at(key).image;
+}
+
+void Footage::keep(std::int64_t key, Still still) {
+    if (stills.size() >= mostStills || stillBytes + still.bytes > mostStillBytes) {
+        stills.clear();
+        stillBytes = 0;
+    }
+    stillBytes += still.bytes - stills[key].bytes;
+    stills[key] = std::move(still);
+}
+
+}
