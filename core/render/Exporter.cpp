@@ -50,7 +50,8 @@ MovieSettings settings(const VideoComposition& composition, bool sound) {
             .rate = composition.rate,
             .sound = sound,
             .preset = encoderPreset,
-            .quality = encoderQuality};
+            .quality = encoderQuality,
+            .lookahead = encoderLookahead};
 }
 
 /// An export at work: pictures and sound are made ahead on threads of their own and meet in the movie here.

@@ -46,6 +46,7 @@ ffmpeg::CodecContext pictureEncoder(const MovieSettings& settings) {
     AVDictionary* options = nullptr;
     av_dict_set(&options, "preset", settings.preset.c_str(), 0);
     av_dict_set(&options, "crf", std::to_string(settings.quality).c_str(), 0);
+    if (settings.lookahead > 0) av_dict_set_int(&options, "rc-lookahead", settings.lookahead, 0);
     const int error = avcodec_open2(codec.get(), x264, &options);
     av_dict_free(&options);
     check(error, "picture");

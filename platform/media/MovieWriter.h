@@ -17,6 +17,7 @@ struct MovieSettings {
     bool sound = true;             ///< AAC, 48 kHz stereo, 192 kbit/s
     std::string preset = "medium"; ///< x264's
     double quality = 18;           ///< x264's constant rate factor; lower is better
+    int lookahead = 0;             ///< pictures that the encoder looks ahead; 0 is the preset's
     int threads = 0;               ///< of the encoder; 0 lets it choose
 };
 
