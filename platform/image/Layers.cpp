@@ -190,8 +190,8 @@ private:
     /// From here on the limits can't be followed: they become smooth edges.
     static void smooth(State& state) {
         if (state.limits.isEverything()) return;
-        const Edges edges(state.limits, state.place);
-        if (edges.solid(state.bounds) != state.bounds) state.edges.push_back(edges);
+        state.edges.emplace_back(state.limits, state.place);
+        if (state.edges.back().solid(state.bounds) == state.bounds) state.edges.pop_back();
         state.limits = Rect::everything();
     }
 
