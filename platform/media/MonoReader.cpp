@@ -7,8 +7,8 @@
 namespace murbo {
 namespace {
 
-constexpr int reach = 24;               // output samples that the filter looks to either side
-constexpr double cutoff = 0.91;         // its middle, as a share of the highest frequency that the rate holds
+constexpr int reach = 48;               // output samples that the filter looks to either side
+constexpr double cutoff = 0.96;         // its middle, as a share of the highest frequency that the rate holds
 constexpr double shape = 7.0;           // of the Kaiser window: what lies beyond is down by some 70 dB
 constexpr std::int64_t blockSize = 512; // stays in the first cache
 

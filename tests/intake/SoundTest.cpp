@@ -1,0 +1,119 @@
+#include "core/intake/Sound.h"
+#include "platform/base/Cancelled.h"
+#include "platform/base/Files.h"
+#include "platform/media/MediaFile.h"
+#include "tests/TemporaryFolder.h"
+
+#include <csignal>
+#include <cstdlib>
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+using namespace murbo;
+namespace fs = std::filesystem;
+
+namespace {
+
+const fs::path footage = MURBO_FOOTAGE;
+
+/// A made WAV file at the engines' own rate: a ramp that no two seconds share.
+fs::path ramp(const TemporaryFolder& folder, int seconds) {
+    auto bytes = Sound::header(seconds * Sound::speechBytesPerSecond);
+    for (int at = 0; at < seconds * Sound::speechRate; ++at) {
+        const auto value = static_cast<std::int16_t>(at / 16 - 8000);
+        bytes.append(reinterpret_cast<const char*>(&value), 2);
+    }
+    return folder.file("ramp.wav", bytes);
+}
+
+std::string read(const TemporaryFile& wav) {
+    return Files::readWhole(wav.path(), 1 << 24);
+}
+
+std::int16_t sample(const std::string& wav, std::size_t at) {
+    std::int16_t value;
+    std::memcpy(&value, wav.data() + 44 + 2 * at, 2);
+    return value;
+}
+
+std::string failure(const fs::path& file) try {
+    Sound::wav(file, 0, 1);
+    return "";
+} catch (const Problem& problem) {
+    return problem.message();
+}
+
+std::size_t filesIn(const fs::path& folder) {
+    return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), {}));
+}
+
+}
+
+TEST(SoundFile, hasTheOneFormThatEnginesTake) {
+    EXPECT_EQ(
+        Sound::header(0x01020304),
+        std::string(
+            "RIFF\x28\x03\x02\x01WAVEfmt \x10\0\0\0\1\0\1\0\x80\x3E\0\0\0\x7D\0\0\2\0\x10\0data\4\3\2\1",
+            44));
+    EXPECT_NO_THROW(Sound::header(4'294'967'259));
+    EXPECT_THROW(Sound::header(4'294'967'260), Problem);
+}
+
+TEST(SoundFile, holdsTheStretchToTheSample) {
+    const TemporaryFolder folder;
+    const auto source = ramp(folder, 9);
+    const auto wav = read(Sound::wav(source, 1.5, 7.25));
+    ASSERT_EQ(wav.size(), 44u + 2 * 92000);
+    EXPECT_EQ(wav.substr(0, 44), Sound::header(2 * 92000));
+    for (std::size_t at : {0, 1, 30000, 63999, 64000, 91999})
+        EXPECT_NEAR(sample(wav, at), (24000 + int(at)) / 16 - 8000, 1) << at;
+}
+
+TEST(SoundFile, endsWhereTheSoundEnds) {
+    const TemporaryFolder folder;
+    const auto source = ramp(folder, 2);
+    EXPECT_EQ(read(Sound::wav(source, 1, 60)).size(), 44u + 32000);
+    EXPECT_EQ(read(Sound::wav(source, 5, 60)), Sound::header(0));
+    EXPECT_EQ(read(Sound::wav(source, 1, 0.5)), Sound::header(0));
+}
+
+TEST(SoundFile, namesTheFileThatHasNoneOrCannotBeRead) {
+    if (!fs::exists(footage)) GTEST_SKIP() << "There is no footage to try it on.";
+    EXPECT_EQ(failure(footage / "people-no-audio.mp4"), "people-no-audio.mp4 has no sound to transcribe.");
+    EXPECT_EQ(failure(footage / "broken-no-moov.mp4"), "The sound of broken-no-moov.mp4 could not be read.");
+    EXPECT_EQ(failure(footage / "gone.mp4"), "The sound of gone.mp4 could not be read.");
+    EXPECT_EQ(failure(footage / "README.md"), "The sound of README.md could not be read.");
+    EXPECT_EQ(failure(footage / "broken-cut-short.mkv"), "");
+}
+
+TEST(SoundFile, keepsFilesWhoseSoundStartsLateInTime) {
+    const auto phone = footage / "phone-vfr-portrait.mp4";
+    if (!fs::exists(phone)) GTEST_SKIP() << "There is no footage to try it on.";
+    // The track starts at 0.188 s; before that there is silence, not the later sound moved up.
+    const auto wav = read(Sound::wav(phone, 0, 2));
+    ASSERT_EQ(wav.size(), 44u + 64000);
+    for (std::size_t at = 0; at < 2900; ++at) ASSERT_EQ(sample(wav, at), 0) << at;
+    bool heard = false;
+    for (std::size_t at = 2900; at < 16000; ++at) heard |= sample(wav, at) != 0;
+    EXPECT_TRUE(heard);
+}
+
+TEST(SoundFile, leavesNothingWhenStoppedOrWhenTheDiskIsFull) {
+    const TemporaryFolder folder, temporary;
+    const auto source = ramp(folder, 9);
+    setenv("TMPDIR", temporary.path.c_str(), 1);
+    std::stop_source stop;
+    stop.request_stop();
+    EXPECT_THROW(Sound::wav(source, 0, 9, stop.get_token()), Cancelled);
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{200'000, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    EXPECT_EQ(failure(source), "");
+    EXPECT_THROW(Sound::wav(source, 0, 9), Problem);
+    setrlimit(RLIMIT_FSIZE, &before);
+    unsetenv("TMPDIR");
+    EXPECT_EQ(filesIn(temporary.path), 0u);
+}
