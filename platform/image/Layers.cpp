@@ -13,6 +13,10 @@ namespace {
 using Node = Image::Node;
 
 constexpr int deepest = 100;
+/// Pixels that a picture drawn by itself may have a side, and in all: what would need more (a shear without
+/// measure) is left out.
+constexpr double finest = 16384;
+constexpr std::int64_t mostPixels = std::int64_t(1) << 26;
 
 /// What a node inherits from those above it.
 struct State {
@@ -57,7 +61,7 @@ struct Grid {
 };
 Grid gridFor(const Rect& extent, const Transform& place, double most) {
     const auto side = [&](double length, double scale) {
-        return std::clamp(std::ceil(length * std::min(scale, most) - 1e-6), 1.0, double(1 << 28));
+        return std::clamp(std::ceil(length * std::min(scale, most) - 1e-6), 1.0, finest);
     };
     const double wide = side(extent.width, std::hypot(place.a, place.b));
     const double high = side(extent.height, std::hypot(place.c, place.d));
@@ -75,6 +79,11 @@ PixelRect shifted(const PixelRect& rect, const Transform& shift) {
 bool covers(const Node& node, const Transform& place, const PixelRect& area) {
     if (node.opaque.isEverything()) return true;
     return keepsAxes(place) && place.apply(node.opaque).contains(area.rect());
+}
+
+bool drawable(const PixelRect& area) {
+    return !area.empty() && area.width() <= 2 * finest && area.height() <= 2 * finest &&
+           area.area() <= mostPixels;
 }
 
 Raster painted(Layers layers, const Node& node, const Transform& toGrid, const PixelRect& area) {
@@ -256,6 +265,7 @@ private:
         if (across == 1 && down == 1) return add(state, opaque, drawnBy(std::move(turner)));
         const Transform toFine = Transform().scaled(across, down);
         const auto area = PixelRect::touching(toFine.apply(state.bounds.rect())).grown(across, down);
+        if (!drawable(area)) return;
         Raster fine{Bitmap(area.width(), area.height()), area, opaque};
         turner->fill(fine.tile());
         add(state, opaque, drawnBy(std::make_shared<Sampler>(fine, toFine, state.bounds, area)));
@@ -269,6 +279,7 @@ private:
         const auto limits = PixelRect::touching(grid.toGrid.apply(shown)).heldIn(grid.whole);
         const auto way = state.place.inverse().then(grid.toGrid);
         const auto area = PixelRect::touching(way.apply(state.bounds.rect())).grown(2, 2).heldIn(limits);
+        if (!drawable(area)) return;
         State flat{state.node, grid.toGrid, area};
         flat.limits = shown;
         flat.clamping = true;
@@ -282,6 +293,7 @@ private:
         const Grid grid = gridFor(image.extent(), state.place, 1e9);
         const auto way = state.place.inverse().then(grid.toGrid);
         const auto area = PixelRect::touching(way.apply(state.bounds.rect())).grown(2, 2).heldIn(grid.whole);
+        if (!drawable(area)) return;
         addSeen(state, rasterised(image.node(), grid.toGrid, area, depth + 1), way, area);
     }
 
@@ -314,6 +326,7 @@ Layers layersOf(const Node& node, const Transform& place, const PixelRect& bound
 }
 
 Raster rasterised(const Node& node, const Transform& toGrid, const PixelRect& area, int depth) {
+    if (!drawable(area)) return {};
     return painted(layersOf(node, toGrid, area, depth), node, toGrid, area);
 }
 

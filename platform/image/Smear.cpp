@@ -49,8 +49,8 @@ Smeared motion(const Image::Node::MotionBlur& blur, const Transform& place, cons
     Rect extent = placed.apply(blur.of.extent());
     if (!extent.isEverything()) extent = {extent.x - kept, extent.y, extent.width + 2 * kept, extent.height};
     const PixelRect area = needed(toGrid.apply(bounds.rect()), extent, margin);
-    if (area.empty()) return {};
     Raster sharp = rasterised(blur.of.node(), placed, area, depth);
+    if (sharp.bitmap.empty()) return {};
     Raster smeared{Bitmap(area.width(), area.height()), area, sharp.opaque};
     for (int y = 0; y < area.height(); ++y)
         Kernels::smearRow(sharp.bitmap.row(y), area.width(), std::max(int(std::lround(kept * 64)), 32),
@@ -74,8 +74,8 @@ Smeared zoom(const Image::Node::ZoomBlur& blur, const Transform& place, const Pi
     };
     const PixelRect area =
         needed(around(toGrid.apply(bounds.rect())), around(placed.apply(blur.of.extent())), 2 * passes + 2);
-    if (area.empty()) return {};
     Raster now = rasterised(blur.of.node(), placed, area, depth);
+    if (now.bitmap.empty()) return {};
     Raster next{Bitmap(area.width(), area.height()), area, now.opaque};
     Bitmap other(area.width(), area.height());
     for (int pass = 0; pass < passes; ++pass) {

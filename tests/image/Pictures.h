@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/image/Canvas.h"
+#include "platform/image/Image.h"
+
+#include <functional>
+
+namespace murbo::Pictures {
+
+/// A pixel as four channels, for messages that can be read.
+struct Pixel {
+    int red, green, blue, alpha;
+    bool operator==(const Pixel&) const = default;
+};
+std::ostream& operator<<(std::ostream& stream, const Pixel& pixel);
+
+Pixel at(const Bitmap& bitmap, int x, int y);
+
+/// The largest difference of a channel.
+int difference(const Pixel& one, const Pixel& other);
+int difference(const Bitmap& one, const Bitmap& other);
+int difference(const Planes& one, const Planes& other);
+
+Bitmap drawn(const Image& image, int width, int height);
+
+/// A bitmap of opaque colours by place.
+Bitmap bitmapOf(int width, int height, const std::function<Colour(int x, int y)>& colour);
+
+/// A value of 0 to 1 for each sample of a plane (0 Y', 1 Cb, 2 Cr, 3 alpha), at the sample's middle in the
+/// plane's share of the picture, 0 to 1.
+using Samples = std::function<double(int plane, double x, double y)>;
+
+/// Fills planes of the kind that `form` tells (its size, layout, depth and flags) with codes from the whole
+/// range.
+Frame frameOf(Frame form, const Samples& samples);
+
+/// Smooth in all planes, different in each.
+double waves(int plane, double x, double y);
+
+/// Stores a bitmap as a portable pixmap where MURBO_PICTURES names a folder, to be looked at.
+void keep(const Bitmap& bitmap, const std::string& name);
+
+}
