@@ -156,14 +156,11 @@ bool Input::read(AVPacket* packet) {
     return false;
 }
 
-// Some formats index the picture track alone, and would read the file from its start to find a place in
-// another.
+// Matroska indexes the picture track alone as a rule, and would read on to a place in another one.
 AVStream* Input::guideFor(const AVStream* stream) const {
-    AVStream* own = format->streams[stream->index];
     AVStream* pictures = picture();
-    const bool indexed = avformat_index_get_entries_count(own) > 0;
-    return !indexed && pictures && std::string_view(format->iformat->name).starts_with("matroska") ? pictures
-                                                                                                   : own;
+    const bool byPicture = pictures && std::string_view(format->iformat->name).starts_with("matroska");
+    return byPicture ? pictures : format->streams[stream->index];
 }
 
 bool Input::seek(const AVStream* stream, double seconds) {

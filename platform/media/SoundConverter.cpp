@@ -14,6 +14,10 @@ namespace {
 
 // Formats round times to a millisecond, encoders a little more; nobody hears 20 ms.
 constexpr double leastGap = 0.02;
+// A clock that runs wrongly drifts by less than this from one stretch to the next.
+constexpr double mostDrift = 0.005;
+// A drift is made up for over this long, by playing a little slower or faster: 2 % goes unnoticed.
+constexpr int framesToCatchUp = Sound::rate;
 
 // The layouts that say nothing of where their channels stand get the usual places.
 void tellLayout(AVChannelLayout& told, const AVChannelLayout& given) {
@@ -57,16 +61,28 @@ void SoundConverter::restart() {
     runs.clear();
 }
 
-bool SoundConverter::continues(const AVFrame& sound, std::int64_t at) const {
+bool SoundConverter::hasShapeOf(const AVFrame& sound) const {
     return resampler && sound.sample_rate == rate && sound.ch_layout.nb_channels == channels &&
-           sound.format == format && static_cast<double>(std::abs(at - next)) <= leastGap * rate;
+           sound.format == format;
 }
 
 void SoundConverter::put(const AVFrame& sound, std::int64_t at) {
-    if (!continues(sound, at)) begin(sound, at);
+    const double off = hasShapeOf(sound) ? static_cast<double>(at - next) / rate : INFINITY;
+    if (std::abs(off) > leastGap) {
+        const bool drifted = std::abs(off - lastOff) <= mostDrift;
+        if (drifted) catchUp(off);
+        if (!drifted) begin(sound, at);
+        next = at;
+    }
+    lastOff = std::abs(off) > leastGap ? 0 : off;
     if (!resampler) return;
     convert(const_cast<const std::uint8_t**>(sound.extended_data), sound.nb_samples);
     next += sound.nb_samples;
+}
+
+void SoundConverter::catchUp(double seconds) {
+    swr_set_compensation(resampler.get(), static_cast<int>(std::lround(seconds * Sound::rate)),
+                         framesToCatchUp);
 }
 
 // The resampler's steps fall on whole frames only at some samples. It always begins at one of those, with
@@ -77,7 +93,6 @@ void SoundConverter::begin(const AVFrame& sound, std::int64_t at) {
     rate = sound.sample_rate;
     channels = sound.ch_layout.nb_channels;
     format = sound.format;
-    next = at;
     if (!resampler) return;
     const std::int64_t common = std::gcd(rate, Sound::rate);
     const std::int64_t block = rate / common;

@@ -45,7 +45,8 @@ private:
         void operator()(SwrContext* held) const;
     };
 
-    bool continues(const AVFrame& sound, std::int64_t at) const;
+    bool hasShapeOf(const AVFrame& sound) const;
+    void catchUp(double seconds);
     void begin(const AVFrame& sound, std::int64_t at);
     void convert(const std::uint8_t** planes, int samples);
     void append(const float* frames, std::int64_t count);
@@ -55,6 +56,7 @@ private:
     int channels = 0;
     int format = -1;
     std::int64_t next = 0;
+    double lastOff = 0;        ///< seconds by which the last stretch's time was later than expected
     std::int64_t position = 0; ///< of the next frame that comes out of the resampler
     std::deque<Run> runs;
     std::vector<float> scratch;

@@ -166,6 +166,24 @@ TEST(SoundReader, takesAGapByItsTimes) {
     EXPECT_EQ(largestDifference(again, part(3.2, 3.7)), 0);
 }
 
+TEST(SoundReader, followsAClockThatDriftsWithoutABreak) {
+    MURBO_NEEDS_FFMPEG();
+    for (const double speed : {1.002, 0.998}) {
+        // A tone that is loudest around 24 s.
+        const auto path = made::file(
+            "drift" + std::to_string(speed) + ".mkv",
+            "-f lavfi -i \"aevalsrc='sin(600*t)*(0.2+0.7*exp(-2000*(t-24)*(t-24)))':s=48000:d=30\" -af "
+            "asetpts=PTS*" +
+                std::to_string(speed) + " -c:a pcm_s16le");
+        SoundReader reader = SoundReader::open(path);
+        const auto whole = readAll(reader, 29 * Sound::rate);
+        EXPECT_NEAR(clickAt(whole), 24 * speed, 0.025) << speed;
+        for (std::size_t index = 4800; index + 960 < whole.size(); index += 480)
+            ASSERT_GT(loudest(std::span(whole).subspan(index, 960)), 0.15)
+                << "silent at " << static_cast<double>(index) / 96000;
+    }
+}
+
 TEST(SoundReader, mixesChannelsAsPeopleHearThem) {
     MURBO_NEEDS_FFMPEG();
     const auto level = [](const char* name, const std::string& arguments, int side) {
