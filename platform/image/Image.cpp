@@ -126,11 +126,12 @@ Image Image::zoomBlurred(Point centre, double amount) const {
     const double reach = std::min(root->body.width, root->body.height) * 0.5;
     if (empty() || root->body.isEverything() || !(amount > 0) || !(reach > 0)) return *this;
     // A smear as long as the way to the centre is all that a picture can show.
-    const double share = std::min(amount / reach, 1.0);
-    const auto smeared = [&](const Rect& rect) {
-        return rect.united(scaledFrom(rect, centre, 1 + share * 0.5));
-    };
-    return Image(made(Node::ZoomBlur{*this, centre, share}, smeared(extent()), root->body,
+    const double spread = std::min(amount / reach, 1.0);
+    const double outward = std::exp(spread / 2);
+    const Rect all = extent();
+    const Rect smeared =
+        all.united(scaledFrom(all, centre, outward)).united(scaledFrom(all, centre, 1 / outward));
+    return Image(made(Node::ZoomBlur{*this, centre, spread}, smeared, root->body,
                       root->opaque.isEverything() ? root->opaque : Rect{}, false));
 }
 

@@ -44,7 +44,7 @@ struct Image::Node {
     struct ZoomBlur {
         Image of;
         Point centre;
-        double share; ///< length of the smear over the distance from the centre
+        double spread; ///< natural logarithm of the scale that leads from a smear's inner end to its outer one
     };
     struct MotionBlur {
         Image of;

@@ -60,26 +60,26 @@ Smeared motion(const Image::Node::MotionBlur& blur, const Transform& place, cons
 
 Smeared zoom(const Image::Node::ZoomBlur& blur, const Transform& place, const PixelRect& bounds, int depth) {
     const auto body = place.apply(blur.of.node().body);
-    const double longest = blur.share * 0.5 * std::hypot(body.width, body.height);
+    const double longest = blur.spread * 0.5 * std::hypot(body.width, body.height);
     const double shrink = longest < fineZoom ? 1 : 2;
     const Transform toGrid = Transform().scaled(1 / shrink, 1 / shrink);
     const Transform placed = place.then(toGrid);
     const Point centre = placed.apply(blur.centre);
     // Twice as many copies with each pass: means of means, each pass twice as far apart as the last.
     const int passes = std::clamp(int(std::ceil(std::log2(longest / shrink / zoomSpacing))), 1, 12);
-    const double all = std::log((1 + blur.share * 0.5) / (1 - blur.share * 0.5));
-    const Transform outward = scaledFrom(centre, std::exp(all * 0.5));
-    const auto around = [&](const Rect& rect) {
-        return rect.isEverything() ? rect : rect.united(outward.apply(rect));
+    const Transform outward = scaledFrom(centre, std::exp(blur.spread / 2));
+    const auto reached = [&](const Rect& rect) {
+        return rect.isEverything() ? rect
+                                   : rect.united(outward.apply(rect)).united(outward.inverse().apply(rect));
     };
     const PixelRect area =
-        needed(around(toGrid.apply(bounds.rect())), around(placed.apply(blur.of.extent())), 2 * passes + 2);
+        needed(reached(toGrid.apply(bounds.rect())), reached(placed.apply(blur.of.extent())), 2 * passes + 2);
     Raster now = rasterised(blur.of.node(), placed, area, depth);
     if (now.bitmap.empty()) return {};
     Raster next{Bitmap(area.width(), area.height()), area, now.opaque};
     Bitmap other(area.width(), area.height());
     for (int pass = 0; pass < passes; ++pass) {
-        const double apart = all * std::ldexp(0.5, pass - passes);
+        const double apart = blur.spread * std::ldexp(0.5, pass - passes);
         const Tile aside{other.row(0), other.stride(), area};
         Sampler(now, scaledFrom(centre, std::exp(apart)), area, area).fill(next.tile());
         Sampler(now, scaledFrom(centre, std::exp(-apart)), area, area).fill(aside);
