@@ -41,11 +41,16 @@ constexpr Command commands[] = {
     {"--version", "", "show the version", 0, Commands::version},
 };
 
+/// The name of an error's type, without the wrapper that holds the error that it came from.
 std::string kind(const std::exception& error) {
     int failed = 0;
     const std::unique_ptr<char, decltype(&std::free)> name(
         abi::__cxa_demangle(typeid(error).name(), nullptr, nullptr, &failed), &std::free);
-    return name ? name.get() : typeid(error).name();
+    if (!name) return typeid(error).name();
+    constexpr std::string_view wrapper = "std::_Nested_exception<";
+    const std::string_view whole = name.get();
+    if (!whole.starts_with(wrapper)) return std::string(whole);
+    return std::string(whole.substr(wrapper.size(), whole.size() - wrapper.size() - 1));
 }
 
 /// An error's kind and words, with those of the error that it came from.

@@ -72,7 +72,10 @@ void addMovies(const fs::path& root, std::vector<fs::path>& found) {
 }
 
 /// Seconds; 0 for what is no readable media file: whoever asked compares the counts.
-double length(const fs::path& file) try { return MediaFile::facts(file).length; } catch (const Problem&) {
+double length(const fs::path& file) try {
+    // A project's texts are UTF-8: one oddly named file must not keep it from being saved.
+    return Text::isUtf8(file.string()) ? MediaFile::facts(file).length : 0;
+} catch (const Problem&) {
     return 0;
 }
 

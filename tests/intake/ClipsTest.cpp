@@ -27,7 +27,7 @@ std::vector<std::string> told(const Project& project) {
     std::vector<std::string> result;
     for (const auto& clip : project.clips) {
         std::string marks;
-        for (const double mark : clip.marks) marks += " " + std::to_string(std::lround(mark));
+        for (const double mark : clip.marks) marks.append(" ").append(std::to_string(std::lround(mark)));
         result.push_back(clip.tag() + " " + std::to_string(std::lround(clip.start)) + "-" +
                          std::to_string(std::lround(clip.end)) + marks);
     }
