@@ -41,7 +41,8 @@ public:
     std::shared_ptr<const GlyphPicture> picture(PangoFont* font, PangoGlyph glyph, int quarterX, int quarterY,
                                                 double stroke);
 
-    /// Whether so much is kept that it is better thrown away.
+    /// Whether so much is kept that it is better thrown away, as a whole: a font map keeps every size it has
+    /// seen.
     bool full() const { return bytes > mostBytes || fonts.size() > mostFonts; }
 
     struct Return {
