@@ -1,6 +1,7 @@
 #include "app/Commands.h"
 #include "app/Interruption.h"
 #include "app/ProgressLine.h"
+#include "core/model/Settings.h"
 #include "core/render/Exporter.h"
 #include "core/render/Stills.h"
 #include "core/render/VideoComposition.h"
@@ -20,7 +21,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr double stillQuality = 0.85;
-constexpr const char* fonts = ""; // no fall-back families of the user's until there are settings
 
 /// The first video with a tag, which may be typed in either case.
 const Video& video(const std::string& tag, const Project& project) {
@@ -62,6 +62,7 @@ void Commands::stills(const Arguments&, const Words& words) {
     const auto& shown = video(words[1], opened.project);
     const auto folder = path(words[3]);
     Files::createFolder(folder);
+    const auto fonts = Settings::captionFonts();
     CaptionCache captions;
     for (const double time : times(words[2])) {
         const auto file = folder / fmt::format("{} {:06.2f}.jpg", shown.tag(), time);
@@ -83,7 +84,7 @@ void Commands::movie(const Arguments& arguments, const Words& words) {
         shown, opened.project,
         {.to = file,
          .missing = opened.missing,
-         .fonts = fonts,
+         .fonts = Settings::captionFonts(),
          .package = opened.package,
          .frameRate = rate,
          .subtitles = arguments.has("--srt")},

@@ -31,9 +31,10 @@ fetch() ( # FOLDER: unpacks the tool's sources
 
 build() ( # FOLDER
     cd "$1"
-    # Not for this very processor: a build folder may move to another machine.
+    # Not for this very processor: a build folder may move to another machine. With OpenMP, whose threads can wait
+    # asleep: the tool's own spin, and starve each other where the machine is busy.
     nice cmake -S package/cpp/whisper.cpp -B build -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF \
-        -DGGML_NATIVE=OFF -DGGML_OPENMP=OFF -DGGML_CCACHE=OFF -DWHISPER_BUILD_TESTS=OFF -DWHISPER_BUILD_SERVER=OFF
+        -DGGML_NATIVE=OFF -DGGML_OPENMP=ON -DGGML_CCACHE=OFF -DWHISPER_BUILD_TESTS=OFF -DWHISPER_BUILD_SERVER=OFF
     nice cmake --build build --target whisper-cli --parallel "$(nproc)"
 )
 

@@ -28,6 +28,14 @@ say "Bringing it in"
 "$murbo" --new "$project"
 "$murbo" --add-stream "$project" "$recording"
 
+# Where whisper-cli and a model are, Murbo listens for itself. What it heard is then put aside for what was really
+# said, so that the Short is the same with every model. SPEECH_HOME is the folder that holds .whisper-models.
+heard_by=${SPEECH_HOME:-$HOME}
+if command -v whisper-cli >/dev/null && [ -e "$heard_by/.whisper-models/ggml-large-v3-turbo.bin" ]; then
+    say "Listening to it"
+    HOME=$heard_by "$murbo" --transcribe "$project" all
+fi
+
 # What was said. A transcript is a file of its own beside project.json, named after its source.
 source=$(jq -r '.sources[0].id' "$project/project.json")
 mkdir -p "$project/transcripts" "$project/media"

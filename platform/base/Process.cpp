@@ -7,6 +7,7 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <utility>
 
 #include <fcntl.h>
@@ -48,6 +49,8 @@ struct Pipe {
 struct Launch {
     std::string program;
     std::vector<char*> arguments;
+    std::vector<char*> environment;
+    std::string waitPolicy = "OMP_WAIT_POLICY=passive";
     Pipe errors{program};
     Pipe failure{program};
     pid_t parent = ::getpid();
@@ -56,6 +59,10 @@ struct Launch {
         arguments.push_back(program.data());
         for (const auto& argument : given) arguments.push_back(const_cast<char*>(argument.c_str()));
         arguments.push_back(nullptr);
+        for (char** each = ::environ; *each; ++each) environment.push_back(*each);
+        // Tools share the machine with playing and exporting: their threads must not wait by spinning.
+        if (!std::getenv("OMP_WAIT_POLICY")) environment.push_back(waitPolicy.data());
+        environment.push_back(nullptr);
     }
 };
 
@@ -81,7 +88,7 @@ void takeOwnStreams(int errors) {
     ::umask(077);                                 // what is said in somebody's footage is nobody else's
     takeOwnSignals();
     takeOwnStreams(launch.errors.writing);
-    ::execv(launch.program.c_str(), launch.arguments.data());
+    ::execve(launch.program.c_str(), launch.arguments.data(), launch.environment.data());
     const int error = errno;
     [[maybe_unused]] const auto told = ::write(launch.failure.writing, &error, sizeof error);
     ::_exit(1);
