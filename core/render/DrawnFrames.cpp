@@ -10,6 +10,8 @@
 namespace murbo {
 namespace {
 
+constexpr std::int64_t captionsKept = 10; // seconds
+
 int workersFor(int asked) {
     const int processors = static_cast<int>(std::thread::hardware_concurrency());
     return std::clamp(asked > 0 ? asked : processors, 1, 16);
@@ -74,10 +76,12 @@ void DrawnFrames::decode() {
 /// this one thread: two that meet the same new caption would both draw it.
 void DrawnFrames::layOut() {
     PictureFeed feed(composition);
-    auto& captions = composition.box->captions();
+    std::optional<CaptionCache> captions;
     for (std::int64_t frame = 0; frame < composition.frameCount(); ++frame) {
+        // Captions that have passed don't come back: keeping them would only fill memory.
+        if (frame % (captionsKept * composition.rate) == 0) captions.emplace();
         const auto [picture, source] = feed.frame(frame);
-        auto image = Renderer::render(picture, source, *plan, composition.moment(frame).time, captions);
+        auto image = Renderer::render(picture, source, *plan, composition.moment(frame).time, *captions);
         // The image is let go as soon as it is drawn: it holds one of its decoder's frames.
         std::packaged_task<Planes()> task(
             [this, image = std::move(image)]() mutable { return drawn(std::exchange(image, {})); });
