@@ -27,12 +27,18 @@ std::shared_ptr<std::uint8_t[]> aligned(std::ptrdiff_t bytes) {
 }
 
 Bitmap::Bitmap(int width, int height) {
-    require(width, height);
-    pixelsWide = width;
-    pixelsHigh = height;
-    rowBytes = rounded(std::ptrdiff_t(width) * 4);
-    memory = aligned(rowBytes * height);
+    *this = toBeFilled(width, height);
     std::memset(memory.get(), 0, rowBytes * height);
+}
+
+Bitmap Bitmap::toBeFilled(int width, int height) {
+    require(width, height);
+    Bitmap bitmap;
+    bitmap.pixelsWide = width;
+    bitmap.pixelsHigh = height;
+    bitmap.rowBytes = rounded(std::ptrdiff_t(width) * 4);
+    bitmap.memory = aligned(bitmap.rowBytes * height);
+    return bitmap;
 }
 
 Planes::Planes(int width, int height) {

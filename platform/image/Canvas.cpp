@@ -54,7 +54,7 @@ void draw(const Image& image, Planes& target) {
 
 Bitmap bitmap(const Image& image, const Rect& rect) {
     const auto area = PixelRect::touching(rect);
-    Bitmap result(area.width(), area.height());
+    Bitmap result = Bitmap::toBeFilled(area.width(), area.height());
     auto layers = layersOf(image.node(), Transform(), area);
     Painter::paint(layers, {result.row(0), result.stride(), area});
     return result;

@@ -44,7 +44,8 @@ struct Image::Node {
     struct ZoomBlur {
         Image of;
         Point centre;
-        double spread; ///< natural logarithm of the scale that leads from a smear's inner end to its outer one
+        double
+            spread; ///< natural logarithm of the scale that leads from a smear's inner end to its outer one
     };
     struct MotionBlur {
         Image of;

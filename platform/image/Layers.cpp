@@ -1,6 +1,7 @@
 #include "platform/image/Layers.h"
 
 #include "platform/image/Painter.h"
+#include "platform/image/Rasterised.h"
 #include "platform/image/Smear.h"
 #include "platform/image/Turner.h"
 
@@ -13,10 +14,6 @@ namespace {
 using Node = Image::Node;
 
 constexpr int deepest = 100;
-/// Pixels that a picture drawn by itself may have a side, and in all: what would need more (a shear without
-/// measure) is left out.
-constexpr double finest = 16384;
-constexpr std::int64_t mostPixels = std::int64_t(1) << 26;
 
 /// What a node inherits from those above it.
 struct State {
@@ -44,52 +41,10 @@ std::uint32_t premultiplied(Colour colour, double opacity) {
     return channel(colour.blue) | channel(colour.green) << 8 | channel(colour.red) << 16 | channel(255) << 24;
 }
 
-/// Premultiplied pixels of a frame that has alpha, as they are stored.
-Raster premultipliedFrame(const Frame& frame, const PixelRect& area) {
-    Raster raster{Bitmap(area.width(), area.height()), area, false};
-    Sampler(frame, Transform(), area, {0, 0, frame.width, frame.height}).fill(raster.tile());
-    if (frame.layout != Frame::Layout::bgra) return raster;
-    for (int y = 0; y < area.height(); ++y) Kernels::premultiply(raster.bitmap.row(y), area.width());
-    return raster;
-}
-
-/// A grid for a picture of `size` seen through `place`: whole pixels, at most `most` times as fine as its
-/// own.
-struct Grid {
-    PixelRect whole;
-    Transform toGrid;
-};
-Grid gridFor(const Rect& extent, const Transform& place, double most) {
-    const auto side = [&](double length, double scale) {
-        return std::clamp(std::ceil(length * std::min(scale, most) - 1e-6), 1.0, finest);
-    };
-    const double wide = side(extent.width, std::hypot(place.a, place.b));
-    const double high = side(extent.height, std::hypot(place.c, place.d));
-    return {{0, 0, int(wide), int(high)},
-            Transform().translated(-extent.x, -extent.y).scaled(wide / extent.width, high / extent.height)};
-}
-
 PixelRect shifted(const PixelRect& rect, const Transform& shift) {
     const int x = int(std::lround(shift.tx));
     const int y = int(std::lround(shift.ty));
     return {rect.left + x, rect.top + y, rect.right + x, rect.bottom + y};
-}
-
-/// Whether a node is known to be opaque all over an area.
-bool covers(const Node& node, const Transform& place, const PixelRect& area) {
-    if (node.opaque.isEverything()) return true;
-    return keepsAxes(place) && place.apply(node.opaque).contains(area.rect());
-}
-
-bool drawable(const PixelRect& area) {
-    return !area.empty() && area.width() <= 2 * finest && area.height() <= 2 * finest &&
-           area.area() <= mostPixels;
-}
-
-Raster painted(Layers layers, const Node& node, const Transform& toGrid, const PixelRect& area) {
-    Raster raster{Bitmap(area.width(), area.height()), area, covers(node, toGrid, area)};
-    Painter::paint(layers, raster.tile());
-    return raster;
 }
 
 /// Turns one graph into layers. Holds what is still to be visited, so that depth costs no stack.
@@ -183,7 +138,7 @@ private:
         const auto way = state.place.inverse().then(frame.toStored());
         const PixelRect stored{0, 0, frame.width, frame.height};
         const auto limits = PixelRect::touching(frame.toStored().apply(shown)).heldIn(stored);
-        if (frame.hasAlpha) return addSeen(state, premultipliedFrame(frame, stored), way, limits);
+        if (frame.hasAlpha) return addSeen(state, premultiplied(frame), way, limits);
         if (state.bounds.empty()) return;
         add(state, true, drawnBy(std::make_shared<Sampler>(frame, way, state.bounds, limits)));
     }
@@ -265,8 +220,8 @@ private:
         if (across == 1 && down == 1) return add(state, opaque, drawnBy(std::move(turner)));
         const Transform toFine = Transform().scaled(across, down);
         const auto area = PixelRect::touching(toFine.apply(state.bounds.rect())).grown(across, down);
-        if (!drawable(area)) return;
-        Raster fine{Bitmap(area.width(), area.height()), area, opaque};
+        if (!Raster::holds(area)) return;
+        Raster fine = Raster::of(area, opaque);
         turner->fill(fine.tile());
         add(state, opaque, drawnBy(std::make_shared<Sampler>(fine, toFine, state.bounds, area)));
     }
@@ -275,11 +230,11 @@ private:
     /// nothing is skipped, then turned.
     void addTurned(State& state, const Rect& shown) {
         if (state.bounds.empty() || depth >= deepest) return;
-        const Grid grid = gridFor(state.node->extent, state.place, 1);
+        const Grid grid = Grid::over(state.node->extent, state.place, 1);
         const auto limits = PixelRect::touching(grid.toGrid.apply(shown)).heldIn(grid.whole);
         const auto way = state.place.inverse().then(grid.toGrid);
         const auto area = PixelRect::touching(way.apply(state.bounds.rect())).grown(2, 2).heldIn(limits);
-        if (!drawable(area)) return;
+        if (!Raster::holds(area)) return;
         State flat{state.node, grid.toGrid, area};
         flat.limits = shown;
         flat.clamping = true;
@@ -290,10 +245,10 @@ private:
     /// The repeated edges of a composite: what they frame is drawn by itself.
     void addClamped(const Image& image, State& state) {
         if (depth >= deepest) return;
-        const Grid grid = gridFor(image.extent(), state.place, 1e9);
+        const Grid grid = Grid::over(image.extent(), state.place, 1e9);
         const auto way = state.place.inverse().then(grid.toGrid);
         const auto area = PixelRect::touching(way.apply(state.bounds.rect())).grown(2, 2).heldIn(grid.whole);
-        if (!drawable(area)) return;
+        if (!Raster::holds(area)) return;
         addSeen(state, rasterised(image.node(), grid.toGrid, area, depth + 1), way, area);
     }
 
@@ -323,11 +278,6 @@ private:
 
 Layers layersOf(const Node& node, const Transform& place, const PixelRect& bounds, int depth) {
     return Flattening(depth).run({&node, place, bounds});
-}
-
-Raster rasterised(const Node& node, const Transform& toGrid, const PixelRect& area, int depth) {
-    if (!drawable(area)) return {};
-    return painted(layersOf(node, toGrid, area, depth), node, toGrid, area);
 }
 
 }

@@ -40,8 +40,4 @@ using Layers = std::vector<Layer>;
 /// them is left out.
 Layers layersOf(const Image::Node& node, const Transform& place, const PixelRect& bounds, int depth = 0);
 
-/// Draws a graph into a raster of its own, `area` being what of the grid is wanted; nothing where that is
-/// empty or too large to be held.
-Raster rasterised(const Image::Node& node, const Transform& toGrid, const PixelRect& area, int depth);
-
 }

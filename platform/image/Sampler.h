@@ -1,23 +1,13 @@
 #pragma once
 
-#include "platform/image/Bitmap.h"
 #include "platform/image/Frame.h"
-#include "platform/image/Pixels.h"
+#include "platform/image/Raster.h"
 #include "platform/image/kernels/Kernels.h"
 
 #include <memory>
 #include <vector>
 
 namespace murbo {
-
-/// A part of some grid of pixels, drawn already.
-struct Raster {
-    Bitmap bitmap;
-    PixelRect area; ///< of the grid
-    bool opaque = false;
-
-    Tile tile() { return {bitmap.row(0), bitmap.stride(), area}; }
-};
 
 /// Pixels of a picture seen through a transform that keeps axes: sampled where the picture lies, row by row,
 /// filtered along each axis by itself. Made for one drawing of one area; one thread at a time.

@@ -1,6 +1,6 @@
 #include "platform/image/Smear.h"
 
-#include "platform/image/Painter.h"
+#include "platform/image/Rasterised.h"
 
 #include <cmath>
 
@@ -10,7 +10,7 @@ namespace {
 /// A long smear needs no fine grid along it: so many pixels are left of its half.
 constexpr double reachKept = 8;
 /// Past this length, in pixels, a zoom smear is drawn at half size: what it would lose is smeared already.
-constexpr double fineZoom = 24;
+constexpr double fineZoom = 10;
 /// Copies of a zoom smear lie no further apart than this, in pixels.
 constexpr double zoomSpacing = 1.5;
 
@@ -51,7 +51,7 @@ Smeared motion(const Image::Node::MotionBlur& blur, const Transform& place, cons
     const PixelRect area = needed(toGrid.apply(bounds.rect()), extent, margin);
     Raster sharp = rasterised(blur.of.node(), placed, area, depth);
     if (sharp.bitmap.empty()) return {};
-    Raster smeared{Bitmap(area.width(), area.height()), area, sharp.opaque};
+    Raster smeared = Raster::of(area, sharp.opaque);
     for (int y = 0; y < area.height(); ++y)
         Kernels::smearRow(sharp.bitmap.row(y), area.width(), std::max(int(std::lround(kept * 64)), 32),
                           smeared.bitmap.row(y));
@@ -76,14 +76,13 @@ Smeared zoom(const Image::Node::ZoomBlur& blur, const Transform& place, const Pi
         needed(reached(toGrid.apply(bounds.rect())), reached(placed.apply(blur.of.extent())), 2 * passes + 2);
     Raster now = rasterised(blur.of.node(), placed, area, depth);
     if (now.bitmap.empty()) return {};
-    Raster next{Bitmap(area.width(), area.height()), area, now.opaque};
-    Bitmap other(area.width(), area.height());
+    Raster next = Raster::of(area, now.opaque);
+    Raster other = Raster::of(area, now.opaque);
     for (int pass = 0; pass < passes; ++pass) {
         const double apart = blur.spread * std::ldexp(0.5, pass - passes);
-        const Tile aside{other.row(0), other.stride(), area};
         Sampler(now, scaledFrom(centre, std::exp(apart)), area, area).fill(next.tile());
-        Sampler(now, scaledFrom(centre, std::exp(-apart)), area, area).fill(aside);
-        average(next.tile(), aside, pass);
+        Sampler(now, scaledFrom(centre, std::exp(-apart)), area, area).fill(other.tile());
+        average(next.tile(), other.tile(), pass);
         std::swap(now, next);
     }
     return {std::move(now), toGrid};
