@@ -1,3 +1,4 @@
+#include "core/intake/Loudness.h"
 #include "core/intake/Sound.h"
 #include "core/intake/Transcription.h"
 #include "core/intake/Whisper.h"
@@ -66,6 +67,27 @@ static void anHourToWavByFFmpeg(benchmark::State& state) {
     }
 }
 BENCHMARK(anHourToWavByFFmpeg)->UseManualTime()->Iterations(1)->Repetitions(3)->Unit(benchmark::kMillisecond);
+
+static void loudnessOfAnHour(benchmark::State& state) {
+    recording();
+    for (auto _ : state) {
+        const auto before = used(RUSAGE_SELF);
+        benchmark::DoNotOptimize(Loudness::measure(recording(), Loudness::perSecond));
+        state.SetIterationTime(used(RUSAGE_SELF) - before);
+    }
+}
+BENCHMARK(loudnessOfAnHour)->UseManualTime()->Iterations(1)->Repetitions(3)->Unit(benchmark::kMillisecond);
+
+/// The yardstick: the ffmpeg program decoding the same sound to 8 kHz mono.
+static void anHourDecodedByFFmpeg(benchmark::State& state) {
+    recording();
+    for (auto _ : state) {
+        const auto before = used(RUSAGE_CHILDREN);
+        Tool::run("ffmpeg", {"-i", recording(), "-ac", "1", "-ar", "8000", "-f", "null", "-"});
+        state.SetIterationTime(used(RUSAGE_CHILDREN) - before);
+    }
+}
+BENCHMARK(anHourDecodedByFFmpeg)->UseManualTime()->Iterations(1)->Repetitions(3)->Unit(benchmark::kMillisecond);
 
 /// What transcribing costs beside the tool's own time, even where a tiny model makes that short.
 static void besideWhisper(benchmark::State& state) {
