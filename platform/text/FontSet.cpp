@@ -48,7 +48,8 @@ std::string elements(const char* name, FcStrList* list) {
     return xml;
 }
 
-// Without this a private configuration draws colour emoji at the one size that their file holds.
+// Without the first rules a private configuration draws colour emoji at the one size that their file holds.
+// The alias is what Pango asks for by itself where a text shows emoji.
 constexpr const char* scaledBitmaps = R"(
 <match target="font">
   <test name="outline" compare="eq"><bool>false</bool></test>
@@ -72,7 +73,14 @@ constexpr const char* scaledBitmaps = R"(
     <divide><name>size</name><name>pixelsizefixupfactor</name></divide>
   </edit>
 </match>
-<alias binding="same"><family>emoji</family><prefer><family>Noto Color Emoji</family></prefer></alias>
+<alias binding="same">
+  <family>emoji</family>
+  <prefer>
+    <family>Noto Color Emoji</family><family>Twitter Color Emoji</family><family>Twemoji</family>
+    <family>JoyPixels</family><family>EmojiOne Color</family><family>OpenMoji</family>
+    <family>Noto Emoji</family><family>Symbola</family><family>DejaVu Sans</family>
+  </prefer>
+</alias>
 )";
 
 /// The folders and caches of the system, none of its rules.

@@ -7,7 +7,7 @@ namespace murbo::CaptionLayout {
 namespace {
 
 // Beyond these nobody reads a caption; they bound the time and memory that a hostile project can ask for.
-constexpr std::size_t longestText = 20'000; // bytes
+constexpr std::size_t longestText = 6000; // bytes
 constexpr double largestSize = 4000;
 constexpr double largestSide = 8192;
 constexpr double largestArea = 16'000'000; // pixels
