@@ -25,20 +25,24 @@ struct Command {
 
 // In the order in which they are tested: of two on one line the upper one runs.
 constexpr Command commands[] = {
-    {"--mcp", "", "connect an AI app (not in this version yet)", 0, Commands::connect},
-    {"--add-files", "<project> <path>...", "add movie files, or folders of them", 2, Commands::addFiles},
-    {"--add-stream", "<project> <recording> [<markers>]", "add a stream recording, a clip round each marker",
-     2, Commands::addStream},
-    {"--transcribe", "<project> all | <tag>,<tag>,...", "write down what is said in all clips, or in some", 2,
-     Commands::transcribe},
-    {"--new", "<project>", "make an empty project, a folder named .mbproj", 1, Commands::create},
-    {"--summary", "<project>", "tell what is in a project", 1, Commands::summary},
-    {"--still", "<project> <video> <seconds>,... <folder>", "write pictures of a video as JPEG", 4,
-     Commands::stills},
+    {"--mcp", "", "Connects an AI app (not in this version yet).", 0, Commands::connect},
+    {"--add-files", "<project> <path>...",
+     "Adds movie files, or folders of them. A file of up to ten minutes becomes a clip.", 2,
+     Commands::addFiles},
+    {"--add-stream", "<project> <recording> [<markers>]",
+     "Adds a stream recording, with a clip round each marker. The markers file is found beside it.", 2,
+     Commands::addStream},
+    {"--transcribe", "<project> all | <tag>,<tag>,...", "Writes down what is said in all clips, or in some.",
+     2, Commands::transcribe},
+    {"--new", "<project>", "Makes an empty project: a folder whose name ends in .mbproj.", 1,
+     Commands::create},
+    {"--summary", "<project>", "Tells what is in a project.", 1, Commands::summary},
+    {"--still", "<project> <video> <seconds>,... <folder>",
+     "Writes pictures of a video, by its tag, as JPEG files.", 4, Commands::stills},
     {"--export", "<project> <video> <file> [--fps <rate>] [--srt]",
-     "write a video as MPEG-4, with its subtitles", 3, Commands::movie},
-    {"--help", "", "show this", 0, help},
-    {"--version", "", "show the version", 0, Commands::version},
+     "Writes a video as an MPEG-4 movie, and with --srt its subtitles beside it.", 3, Commands::movie},
+    {"--help", "", "Shows this.", 0, help},
+    {"--version", "", "Shows the version.", 0, Commands::version},
 };
 
 /// The name of an error's type, without the wrapper that holds the error that it came from.
@@ -89,9 +93,9 @@ std::optional<int> Headless::run(const Arguments& arguments) {
 }
 
 std::string Headless::usage() {
-    std::string text = "Murbo cuts short videos out of long footage.\n\n";
+    std::string text = "Murbo cuts short videos out of long footage.\n";
     for (const auto& [option, words, meaning, least, run] : commands)
-        text += fmt::format("  murbo {:<68} {}\n", fmt::format("{} {}", option, words), meaning);
+        text += fmt::format("\n  murbo {}{}{}\n      {}\n", option, *words ? " " : "", words, meaning);
     return text;
 }
 

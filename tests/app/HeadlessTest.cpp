@@ -293,3 +293,10 @@ TEST(Kills, harmNothing) {
     const auto ran = shell(quoted(MURBO_TESTS "/app/kills.sh") + " " + quoted(MURBO_PROGRAM) + " 4");
     EXPECT_EQ(ran.code, 0) << ran.out;
 }
+
+TEST(Readme, listsTheCommandsAsTheProgramDoes) {
+    std::ifstream stream(fs::path(MURBO_TESTS) / "../README.md");
+    const std::string readme(std::istreambuf_iterator<char>(stream), {});
+    EXPECT_THAT(readme, HasSubstr("```\n" + murboWith({"--help"}).out + "```\n"))
+        << "README.md is stale: put the output of build/murbo --help into it";
+}
