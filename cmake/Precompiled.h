@@ -1,6 +1,7 @@
 #pragma once
 
-// What nearly every file includes, read once. Library headers stay out: they belong to the few files that call them.
+// What nearly every file includes, read once. Library headers stay out: they belong to the few files that
+// call them.
 #include <algorithm>
 #include <array>
 #include <atomic>

@@ -87,7 +87,11 @@ static void anHourDecodedByFFmpeg(benchmark::State& state) {
         state.SetIterationTime(used(RUSAGE_CHILDREN) - before);
     }
 }
-BENCHMARK(anHourDecodedByFFmpeg)->UseManualTime()->Iterations(1)->Repetitions(3)->Unit(benchmark::kMillisecond);
+BENCHMARK(anHourDecodedByFFmpeg)
+    ->UseManualTime()
+    ->Iterations(1)
+    ->Repetitions(3)
+    ->Unit(benchmark::kMillisecond);
 
 /// What transcribing costs beside the tool's own time, even where a tiny model makes that short.
 static void besideWhisper(benchmark::State& state) {

@@ -88,13 +88,14 @@ Measured encode(const Sample& sample) {
         _exit(0);
     }
     auto result = measured([&] {
-        auto writer = MovieWriter::open(sample.folder / "floor.mp4", {.width = 1080,
-                                                                      .height = 1920,
-                                                                      .rate = rate,
-                                                                      .sound = false,
-                                                                      .preset = Exporter::encoderPreset,
-                                                                      .quality = Exporter::encoderQuality,
-                                                                      .lookahead = Exporter::encoderLookahead});
+        auto writer =
+            MovieWriter::open(sample.folder / "floor.mp4", {.width = 1080,
+                                                            .height = 1920,
+                                                            .rate = rate,
+                                                            .sound = false,
+                                                            .preset = Exporter::encoderPreset,
+                                                            .quality = Exporter::encoderQuality,
+                                                            .lookahead = Exporter::encoderLookahead});
         PlanesPool pool(1080, 1920);
         double copied = 0;
         while (true) {

@@ -14,9 +14,9 @@ namespace murbo {
 /// Takes a finished video out of the program as a movie file.
 namespace Exporter {
 
-/// What the encoder is asked for: the fastest setting measured whose picture is as good as that of "medium" at 18
-/// (SSIM higher on each of six samples of footage, PSNR on average 0.2 dB higher and nowhere 0.1 dB lower), for 46 %
-/// of the work and files a quarter larger.
+/// What the encoder is asked for: the fastest setting measured whose picture is as good as that of "medium"
+/// at 18 (SSIM higher on each of six samples of footage, PSNR on average 0.2 dB higher and nowhere 0.1 dB
+/// lower), for 46 % of the work and files a quarter larger.
 inline constexpr const char* encoderPreset = "veryfast";
 inline constexpr double encoderQuality = 16;
 inline constexpr int encoderLookahead = 15;
