@@ -38,7 +38,7 @@ mixed=""
 for i in "${!sentences[@]}"; do
     IFS='|' read -r start speed pitch spoken written <<<"${sentences[i]}"
     espeak-ng -v en-us -s "$speed" -p "$pitch" -w "$work/raw.wav" "$spoken"
-    run -i "$work/raw.wav" -af "silenceremove=1:0:-50dB,areverse,silenceremove=1:0:-50dB,areverse,highpass=90,acompressor=threshold=-22dB:ratio=3:makeup=4dB" \
+    run -i "$work/raw.wav" -af "silenceremove=1:0:-50dB,areverse,silenceremove=1:0:-50dB,areverse,highpass=90,acompressor=threshold=-22dB:ratio=3:makeup=4dB,volume=5dB,alimiter=limit=0.8:level=false" \
         -ar $rate -ac 1 "$work/s$i.wav"
     samples=$((($(stat -c %s "$work/s$i.wav") - 78) / 2))
     awk -v a="$start" -v n="$samples" -v r=$rate -v t="${written:-$spoken}" \
@@ -57,7 +57,7 @@ arp="sin(2*PI*t*R*2*pow(2,(4*mod(floor(t*4),2)+7*mod(floor(t*2),2))/12))*exp(-7*
 kick="sin(2*PI*(50*mod(t,.5)+9*(1-exp(-30*mod(t,.5)))))*exp(-9*mod(t,.5))"
 hat="(random(0)-.5)*exp(-60*mod(t+.25,.5))"
 run -f lavfi -i "aevalsrc=exprs='${chord//R/($root)}*.05+${arp//R/($root)}*.08+$kick*.22+$hat*.05':s=$rate:d=24" \
-    -af "aecho=0.8:0.5:180:0.25,lowpass=9000,afade=t=in:d=0.3" -ac 2 -c:a aac -b:a 160k "$out/music.m4a"
+    -af "aecho=0.8:0.5:180:0.25,lowpass=9000,volume=7dB,alimiter=limit=0.8:level=false,afade=t=in:d=0.3" -ac 2 -c:a aac -b:a 160k "$out/music.m4a"
 run -f lavfi -i "anoisesrc=color=pink:amplitude=0.7:seed=7:r=$rate:d=0.7" \
     -af "highpass=400,afade=t=in:d=0.45:curve=exp,afade=t=out:st=0.45:d=0.25" "$out/whoosh.wav"
 run -f lavfi -i "aevalsrc=exprs='(sin(2*PI*t*1046.5)*lt(t,.12)+sin(2*PI*t*1318.5)*between(t,.12,.24)+sin(2*PI*t*1568)*between(t,.24,.36)+sin(2*PI*t*2093)*gte(t,.36))*exp(-3*max(t-.36,0))*.35':s=$rate:d=1.6" \
@@ -110,11 +110,11 @@ awk -F= -v want=$((seconds * 15)) -v at="$work/" '
         for (i = 0; i < want; i++) {
             now = i < n ? level[i] : -120
             talking = 0
-            for (j = i - 5; j <= i + 5; j++) if (j >= 0 && j < n && level[j] > -45) talking = 1
+            for (j = i - 5; j <= i + 5; j++) if (j >= 0 && j < n && level[j] > -40) talking = 1
             seed = (seed * 7621 + 1) % 32768
             if (talking && i % 4 == 0) pose = int(seed / 64) % 6
             if (!talking) pose = 0
-            mouth = now < -45 ? 0 : now < -27 ? 1 : now < -20 ? 2 : 3
+            mouth = now < -40 ? 0 : now < -22 ? 1 : now < -15 ? 2 : 3
             if (mouth == 0 && i % 47 < 2) mouth = "blink"
             print at "f" mouth "." pose ".yuv"
         }
