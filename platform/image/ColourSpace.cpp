@@ -91,11 +91,13 @@ double shoulder(double light) {
     return std::min(knee + (1 - knee) * beyond * (1 + beyond / (top * top)) / (1 + beyond), 1.0);
 }
 
-/// The whole colour is dimmed by what its largest channel asks for, so that hues stay.
+/// Half by what the largest channel asks of the whole colour, which keeps hues, half each channel by itself,
+/// which lets bright colours pale towards white as film does: all hue and a sunlit sky turns to paint.
 Light dimmed(const Light& light) {
     const double bright = largest(light);
     const double gain = bright > 0 ? shoulder(bright) / bright : 0;
-    return {light.red * gain, light.green * gain, light.blue * gain};
+    const auto mixed = [&](double channel) { return (channel * gain + shoulder(channel)) / 2; };
+    return {mixed(light.red), mixed(light.green), mixed(light.blue)};
 }
 
 double coded(double light) {

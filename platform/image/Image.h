@@ -39,9 +39,12 @@ public:
     Rect extent() const;
     bool empty() const { return extent().empty(); }
 
-    /// Only what lies in `rect`.
+    /// Only what lies in `rect`. Its edges fall between pixels: those whose middle lies inside stay, so that
+    /// pictures which share an edge meet without a gap. Where the result is transformed, the edges turn
+    /// smooth.
     Image cropped(const Rect& rect) const;
-    /// Moved, scaled, turned. A transform that flattens the picture gives nothing.
+    /// Moved, scaled, turned. Edges that then cross pixels are smooth, unless the picture is clamped. A
+    /// transform that flattens the picture gives nothing.
     Image transformed(const Transform& transform) const;
     /// This image source-over `below`.
     Image over(const Image& below) const;
@@ -49,8 +52,9 @@ public:
     Image clamped() const;
     /// Every channel times `opacity`, which is clamped to 0…1.
     Image faded(double opacity) const;
-    /// Smeared outward from `centre`; `amount` in pixels of smear at half the extent's shorter side. 0
-    /// changes nothing.
+    /// Smeared along the way from `centre`, half inward and half outward; `amount` is the smear's length in
+    /// pixels at half the extent's shorter side from it (of a clamped image, of the picture that it repeats).
+    /// 0 changes nothing.
     Image zoomBlurred(Point centre, double amount) const;
     /// Smeared along a line, `radius` pixels to either side; `degrees` clockwise from the x axis.
     Image motionBlurred(double radius, double degrees) const;

@@ -27,6 +27,12 @@ struct State {
     std::vector<Edges> edges;
 };
 
+/// Whether places under a transform can be told apart in numbers.
+bool countable(const Transform& transform) {
+    const double values[] = {transform.a, transform.b, transform.c, transform.d, transform.tx, transform.ty};
+    return std::all_of(values, values + 6, [](double value) { return std::abs(value) < 1e12; });
+}
+
 bool isShift(const Transform& transform) {
     const auto whole = [](double value) {
         return std::abs(value - std::round(value)) < 1e-6 && std::abs(value) < (1 << 28);
@@ -64,6 +70,7 @@ public:
 
 private:
     static bool visible(State& state) {
+        if (!countable(state.place) || !countable(state.place.inverse())) return false;
         const auto shown = state.place.apply(state.limits.intersection(state.node->extent));
         if (!state.clamping && !shown.isEverything())
             state.bounds = state.bounds.intersection(PixelRect::touching(shown));

@@ -242,7 +242,7 @@ TEST(Canvas, encodesPlanesFromTheSamePixels) {
 
 TEST(Canvas, survivesEveryTransform) {
     const Image image = Image::bitmap(bitmapOf(9, 7, speckled));
-    const double values[] = {0, 1e-9, 1e-3, 1, 1e3, 1e9, -1e9, 1e300};
+    const double values[] = {0, 1e-3, 1, 1e3, -1e9, 1e300};
     for (const double scale : values) {
         for (const double shear : values) {
             for (const double shift : values) {

@@ -71,6 +71,38 @@ std::vector<std::pair<const char*, Image>> scenes() {
          frame.cropped({20, 30, 200, 300}).clamped().transformed(Transform().rotated(30).scaled(1.3, 0.6))}};
 }
 
+/// Some graph of a few operations, on things of about the canvas' size.
+Image anyImage(std::mt19937& generator, const std::vector<Image>& leaves, int depth) {
+    const auto number = [&](double low, double high) {
+        return low + (high - low) * double(generator() % 1000) / 999;
+    };
+    const auto next = [&] { return anyImage(generator, leaves, depth - 1); };
+    if (depth == 0) return leaves[generator() % leaves.size()];
+    switch (generator() % 10) {
+        case 0:
+            return next().cropped({number(-50, 100), number(-50, 100), number(20, 300), number(20, 300)});
+        case 1:
+            return next().transformed(Transform()
+                                          .scaled(number(0.2, 3), number(-3, 3))
+                                          .translated(number(-99, 99), number(0, 300)));
+        case 2:
+            return next().transformed(
+                Transform().rotated(number(-180, 180)).translated(number(0, 200), number(0, 200)));
+        case 3:
+            return next().clamped();
+        case 4:
+            return next().faded(number(0.1, 1));
+        case 5:
+            return next().motionBlurred(number(0.3, 40), number(0, 1) < 0.5 ? 0 : number(0, 360));
+        case 6:
+            return next().zoomBlurred({number(0, 270), number(0, 480)}, number(1, 60));
+        case 7:
+            return next().transformed(Transform().rotated(90).translated(std::floor(number(50, 270)), 0));
+        default:
+            return next().over(next());
+    }
+}
+
 Bitmap inBands(const Image& image, const std::vector<int>& edges, bool shuffled, bool threaded) {
     Bitmap bitmap(width, height);
     std::vector<std::pair<int, int>> bands;
@@ -125,5 +157,20 @@ TEST(Determinism, everyInstructionSetDrawsTheSameBytes) {
             Canvas::draw(picture, here);
             EXPECT_EQ(difference(here, planes), 0) << scene << " on " << target;
         });
+    }
+}
+
+TEST(Determinism, holdsForAnyGraph) {
+    std::vector<Image> leaves{Image::colour({10, 200, 90, 255}), Image::colour({90, 20, 0, 100}), text()};
+    for (const auto& scene : scenes()) leaves.push_back(scene.second);
+    std::mt19937 generator(11);
+    for (int round = 0; round < 60; ++round) {
+        const Image image = anyImage(generator, leaves, 1 + round % 5);
+        const Bitmap whole = drawn(image, width, height);
+        EXPECT_EQ(difference(inBands(image, {0, 97, 98, 250, height}, true, false), whole), 0) << round;
+        hwy::SetSupportedTargetsForTest(HWY_SSE4);
+        hwy::GetChosenTarget().Update(HWY_SSE4);
+        EXPECT_EQ(difference(drawn(image, width, height), whole), 0) << round;
+        onEachTarget([](const char*) {});
     }
 }

@@ -73,12 +73,14 @@ HWY_INLINE V look(D d, const Texture& texture, V u, V v) {
     const auto e = pixel(lower, right);
     const auto across = share(u);
     const auto down = share(v);
-    const auto mixed = [&](auto half) {
-        const auto above = Halves::between(half(a), half(b), across);
-        const auto below = Halves::between(half(c), half(e), across);
+    const auto mixed = [&](auto leftAbove, auto rightAbove, auto leftBelow, auto rightBelow) {
+        const auto above = Halves::between(leftAbove, rightAbove, across);
+        const auto below = Halves::between(leftBelow, rightBelow, across);
         return hn::BitCast(d, Halves::rounded(Halves::between(above, below, down)));
     };
-    return hn::Or(mixed(Halves::even), hn::ShiftLeft<8>(mixed(Halves::odd)));
+    const auto even = mixed(Halves::even(a), Halves::even(b), Halves::even(c), Halves::even(e));
+    const auto odd = mixed(Halves::odd(a), Halves::odd(b), Halves::odd(c), Halves::odd(e));
+    return hn::Or(even, hn::ShiftLeft<8>(odd));
 }
 
 void TurnRow(const Texture& texture, const Line& u, const Line& v, int from, int to, std::uint8_t* out) {
