@@ -76,6 +76,7 @@ check_scripts() { # the shell scripts are well formed
 
 check_tidy() { # clang-tidy finds no faults
     local base files
+    [ -f build/compile_commands.json ] || { echo "build/compile_commands.json is not there: ./dev build makes it"; return 1; }
     base=$(git merge-base HEAD origin/main 2>/dev/null || git rev-parse -q --verify HEAD~1 || git rev-parse HEAD)
     files=$(if [ $all = yes ]; then sources '*.cpp'; else { git diff --name-only "$base" -- '*.cpp'; git ls-files --others --exclude-standard '*.cpp'; } | sort -u; fi |
         grep -E '^(app|core|platform)/' | while read -r file; do [ ! -f "$file" ] || echo "$file"; done)
