@@ -9,6 +9,9 @@ namespace {
 
 /// A long smear needs no fine grid along it: so many pixels are left of its half.
 constexpr double reachKept = 8;
+/// A slanted smear is turned there and back, which costs most; from this reach on it is drawn at half size
+/// across too.
+constexpr double coarseSlant = 24;
 /// Past this length, in pixels, a zoom smear is drawn at half size: what it would lose is smeared already.
 constexpr double fineZoom = 10;
 /// Copies of a zoom smear lie no further apart than this, in pixels.
@@ -42,7 +45,9 @@ Smeared motion(const Image::Node::MotionBlur& blur, const Transform& place, cons
     // rows.
     const double degrees = std::atan2(reach.y, reach.x) * 180 / 3.14159265358979323846;
     const double shrink = std::max(std::floor(length / reachKept), 1.0);
-    const Transform toGrid = Transform().rotated(-degrees).scaled(1 / shrink, 1);
+    const bool slanted = std::min(std::abs(reach.x), std::abs(reach.y)) > 1e-6 * length;
+    const double across = slanted && length >= coarseSlant ? 2 : 1;
+    const Transform toGrid = Transform().rotated(-degrees).scaled(1 / shrink, 1 / across);
     const double kept = length / shrink;
     const int margin = int(std::ceil(kept)) + 2;
     const Transform placed = place.then(toGrid);

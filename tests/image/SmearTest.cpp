@@ -35,8 +35,13 @@ Pixel meanAlong(const Place& place) {
 
 TEST(Smears, motionIsTheMeanAlongItsLine) {
     const Image image = Image::bitmap(bitmapOf(side, side, wavy)).clamped();
-    for (const auto& [radius, degrees] :
-         {std::pair{3.0, 0.0}, {12.5, 0.0}, {40.0, 0.0}, {20.0, 90.0}, {20.0, 35.0}, {30.0, -120.0}}) {
+    for (const auto& [radius, degrees] : {std::pair{3.0, 0.0},
+                                          {12.5, 0.0},
+                                          {40.0, 0.0},
+                                          {20.0, 90.0},
+                                          {20.0, 35.0},
+                                          {30.0, -120.0},
+                                          {50.0, 10.0}}) {
         const auto smeared = drawn(image.motionBlurred(radius, degrees), side, side);
         const double x = std::cos(degrees * 3.14159265 / 180) * radius;
         const double y = std::sin(degrees * 3.14159265 / 180) * radius;
