@@ -6,6 +6,7 @@
 #include "core/intake/Sources.h"
 #include "core/model/ProjectPackage.h"
 #include "core/model/ProjectSummary.h"
+#include "platform/base/Files.h"
 #include "platform/base/Problem.h"
 #include "platform/base/Text.h"
 
@@ -58,7 +59,9 @@ fs::path Commands::path(const std::string& word) {
 void Commands::print(const std::string& line) {
     std::fwrite(line.data(), 1, line.size(), stdout);
     std::fputc('\n', stdout);
-    std::fflush(stdout);
+    // That nobody reads on is no failure.
+    if (std::fflush(stdout) != 0 && errno != EPIPE)
+        throw Problem("The output could not be written: " + Files::cause(errno) + ".");
 }
 
 Commands::Opened Commands::open(const std::string& word) {

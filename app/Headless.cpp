@@ -69,8 +69,10 @@ std::string description(const std::exception& error) {
 }
 
 int report(const std::exception& error, const std::string& words) {
-    Commands::print("error: " + words);
-    if (std::getenv("MURBO_DEBUG")) Commands::print(description(error));
+    auto text = "error: " + words + "\n";
+    if (std::getenv("MURBO_DEBUG")) text += description(error) + "\n";
+    // Where even that can't be written, it is told beside it.
+    if (std::fputs(text.c_str(), stdout) < 0 || std::fflush(stdout) != 0) std::fputs(text.c_str(), stderr);
     return 1;
 }
 

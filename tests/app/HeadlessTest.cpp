@@ -289,6 +289,11 @@ TEST_F(Headless, outputThatNobodyReadsHarmsNothing) {
     EXPECT_TRUE(fs::exists(folder / "x.mp4") || (sleep(2), fs::exists(folder / "x.mp4")));
 }
 
+TEST_F(Headless, outputThatCannotBeWrittenIsAFailure) {
+    EXPECT_EQ(shell(quoted(MURBO_PROGRAM) + " --summary " + quoted(project) + " 2>&1 >/dev/full"),
+              failure("The output could not be written: there is no space left on the disk."));
+}
+
 TEST(Kills, harmNothing) {
     const auto ran = shell(quoted(MURBO_TESTS "/app/kills.sh") + " " + quoted(MURBO_PROGRAM) + " 4");
     EXPECT_EQ(ran.code, 0) << ran.out;
