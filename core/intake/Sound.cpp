@@ -6,14 +6,15 @@
 #include "platform/media/MonoReader.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <vector>
 
 namespace murbo {
 namespace {
 
-constexpr std::int64_t afterLength = 36; // bytes of the header behind the RIFF length
-constexpr std::int64_t partLength = Sound::speechRate * 4;
+constexpr std::int64_t afterLength = 36;                   // bytes of the header behind the RIFF length
+constexpr std::int64_t partLength = Sound::speechRate / 2; // stays in the processor's cache
 
 void append(std::string& bytes, std::uint64_t value, int count) {
     for (int at = 0; at < count; ++at) bytes.push_back(static_cast<char>(value >> (8 * at) & 0xFF));
@@ -23,25 +24,34 @@ std::string nameOf(const std::filesystem::path& file) {
     return Text::repaired(file.filename().string());
 }
 
-/// Opens the first sound track, and tells a file without one from a file that can't be read.
-MonoReader open(const std::filesystem::path& file) {
+/// Why a file's sound can't be opened: it has none, or it can't be read.
+[[noreturn]] void refuse(const std::filesystem::path& file) {
+    bool hasSound = true;
     try {
-        if (MediaFile::facts(file).sound) return MonoReader(SoundReader::open(file), Sound::speechRate);
+        hasSound = MediaFile::facts(file).sound.has_value();
     } catch (const Problem&) {
-        std::throw_with_nested(Problem("The sound of " + nameOf(file) + " could not be read."));
+        // told below, with its first cause
     }
-    throw Problem(nameOf(file) + " has no sound to transcribe.");
+    if (!hasSound) throw Problem(nameOf(file) + " has no sound to transcribe.");
+    std::throw_with_nested(Problem("The sound of " + nameOf(file) + " could not be read."));
 }
 
-std::string samples(std::span<const float> sound) {
-    std::string bytes(sound.size() * 2, '\0');
+MonoReader open(const std::filesystem::path& file) try {
+    return MonoReader(SoundReader::open(file), Sound::speechRate);
+} catch (const Problem&) {
+    refuse(file);
+}
+
+/// The nearest whole samples, full scale at ±32,768, in the order of bytes that the file wants.
+std::string_view samples(std::span<const float> sound, std::vector<std::int16_t>& room) {
+    static_assert(std::endian::native == std::endian::little);
+    room.resize(sound.size());
     for (std::size_t at = 0; at < sound.size(); ++at) {
-        const auto value =
-            static_cast<std::uint16_t>(std::lrint(std::clamp(sound[at] * 32768.0f, -32768.0f, 32767.0f)));
-        bytes[2 * at] = static_cast<char>(value & 0xFF);
-        bytes[2 * at + 1] = static_cast<char>(value >> 8);
+        // Above zero, where cutting off the fraction is rounding down: the compiler takes many at once.
+        const float raised = std::clamp(sound[at] * 32768.0f + 32768.5f, 0.0f, 65535.5f);
+        room[at] = static_cast<std::int16_t>(static_cast<std::int32_t>(raised) - 32768);
     }
-    return bytes;
+    return {reinterpret_cast<const char*>(room.data()), room.size() * sizeof(std::int16_t)};
 }
 
 std::int64_t sampleAt(double seconds) {
@@ -52,13 +62,14 @@ std::int64_t sampleAt(double seconds) {
 std::int64_t copy(MonoReader& reader, std::int64_t from, std::int64_t to, const TemporaryFile& into,
                   const std::stop_token& stop) {
     std::vector<float> part;
+    std::vector<std::int16_t> room;
     std::int64_t heard = 0;
     for (auto at = from; at < to; at += partLength) {
         if (stop.stop_requested()) throw Cancelled();
         part.resize(static_cast<std::size_t>(std::min(partLength, to - at)));
         const auto held = reader.read(at, part);
         if (held > 0) heard = at - from + held;
-        into.write(samples(part), static_cast<std::size_t>(Sound::headerSize + (at - from) * 2));
+        into.write(samples(part, room), static_cast<std::size_t>(Sound::headerSize + (at - from) * 2));
     }
     return heard;
 }
