@@ -1,16 +1,11 @@
-#include "core/render/DrawnFrames.h"
 #include "core/render/ExportError.h"
 #include "core/render/Exporter.h"
-#include "core/render/Renderer.h"
-#include "core/render/Stills.h"
-#include "platform/image/Canvas.h"
 #include "platform/media/FrameReader.h"
 #include "platform/media/SoundReader.h"
 #include "tests/render/Samples.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <fstream>
 
 #include <gmock/gmock.h>
@@ -204,120 +199,6 @@ TEST(Exporter, subtitlesStandBesideTheMovieWhereThereAreAny) {
     std::filesystem::create_directory(folder / "out.srt");
     EXPECT_THROW(Exporter::movie(video, project, order), Problem);
     EXPECT_TRUE(std::filesystem::is_regular_file(folder / "out.mp4"));
-}
-
-TEST(DrawnFrames, comeInOrderAndAreTheSameHoweverManyDraw) {
-    const samples::Folder folder;
-    samples::writeNumbered(folder / "a.mp4", 60, 30);
-    const auto project = samples::project({folder / "a.mp4"});
-    const auto composition = VideoComposition::make(samples::video(project, {{0, 0, 0.5}, {0, 1.5, 1.9}}),
-                                                    project, {}, "", {}, 30);
-    const auto sums = [&](int workers) {
-        DrawnFrames frames(composition, workers);
-        std::vector<std::uint64_t> found;
-        while (const auto planes = frames.next()) {
-            std::uint64_t sum = 0;
-            for (int y = 0; y < 1080; ++y) {
-                const auto* row = planes->plane(0) + y * planes->stride(0);
-                for (int x = 0; x < 1080; ++x) sum = sum * 31 + row[x];
-            }
-            found.push_back(sum);
-        }
-        return found;
-    };
-    const auto alone = sums(1);
-    EXPECT_EQ(alone.size(), 27U);
-    EXPECT_EQ(sums(4), alone);
-    DrawnFrames(composition).next(); // given up half-way: ends by itself
-}
-
-TEST(Stills, aStillIsTheExportedFrame) {
-    const samples::Folder folder;
-    samples::writeNumbered(folder / "a.mp4", 120, 30);
-    auto project = samples::project({folder / "a.mp4"});
-    Line line;
-    line.start = 1;
-    line.end = 3;
-    line.text = "Hello สวัสดี";
-    project.transcripts[project.sources[0].id].lines.edit().push_back(line);
-    auto video = samples::video(project, {{0, 1, 1.1}, {0, 2, 2.1}, {0, 3, 3.1}, {0, 0.5, 0.6}});
-    video.look->captions.on = true;
-
-    const auto composition = VideoComposition::make(video, project, {}, "", {}, 30);
-    DrawnFrames frames(composition);
-    Exporter::movie(video, project, orderTo(folder / "out.mp4"));
-    const auto movie = read(folder / "out.mp4");
-    ASSERT_EQ(movie.frames.size(), 12U);
-    CaptionCache captions;
-    for (int frame = 0; frame < 12; ++frame) {
-        const auto still = Stills::frame(video, project, {}, "", {}, frame / 30.0, {}, captions);
-        Planes planes(1080, 1080);
-        Canvas::draw(still, planes);
-        const auto drawn = frames.next();
-        double difference = 0;
-        const auto pixels = samples::drawn(still, 1080, 1080);
-        for (int y = 0; y < 1080; ++y) {
-            ASSERT_EQ(std::memcmp(planes.plane(0) + y * planes.stride(0),
-                                  drawn->plane(0) + y * drawn->stride(0), 1080),
-                      0)
-                << frame << ", row " << y;
-            for (int x = 0; x < 1080; ++x) {
-                difference += std::abs(pixels.row(y)[4 * x + 1] - movie.frames[frame].row(y)[4 * x + 1]);
-            }
-        }
-        EXPECT_LT(difference / (1080 * 1080), 2) << frame; // what the encoder loses
-    }
-}
-
-TEST(Stills, withoutAReadablePictureTheCaptionStandsOnBlack) {
-    auto project = samples::project({"/nowhere/a.mp4"});
-    Line line;
-    line.start = 0;
-    line.end = 2;
-    line.text = "MMMM";
-    project.transcripts[project.sources[0].id].lines.edit().push_back(line);
-    auto video = samples::video(project, {{0, 0, 2}});
-    video.look->captions.on = true;
-    video.cuts.edit().push_back(Cut::generated("title", 1, std::nullopt, 1));
-    CaptionCache captions;
-    const auto brightest = [&](double at) {
-        const auto frame =
-            samples::drawn(Stills::frame(video, project, {}, "", {}, at, {}, captions), 1080, 1080);
-        int most = 0;
-        for (int y = 0; y < 1080; ++y) {
-            for (int x = 0; x < 1080; ++x) most = std::max<int>(most, frame.row(y)[4 * x]);
-        }
-        return most;
-    };
-    EXPECT_GT(brightest(1), 200);
-    EXPECT_EQ(brightest(2.5), 0);
-    EXPECT_EQ(brightest(99), 0);
-}
-
-TEST(Stills, jpegAndSpecimens) {
-    const auto specimen = Stills::caption("Hello", CaptionStyle::builtIn()[0], "");
-    ASSERT_TRUE(specimen);
-    EXPECT_GT(specimen->extent().width, 100);
-    const auto bytes = Stills::jpeg(Image::colour({255, 0, 0}).cropped({5, 7, 300, 400}), 0.85);
-    ASSERT_TRUE(bytes);
-    EXPECT_EQ(bytes->substr(0, 3), "\xFF\xD8\xFF");
-    EXPECT_FALSE(Stills::jpeg(Image(), 0.85));
-    EXPECT_FALSE(Stills::jpeg(Image::colour(Colour::black), 0.85));
-}
-
-TEST(Stills, eachStyleGivesItsOwnPicture) {
-    auto project = samples::project({"/nowhere/a.mp4"});
-    Line line;
-    line.start = 0;
-    line.end = 2;
-    line.text = "Hello";
-    project.transcripts[project.sources[0].id].lines.edit().push_back(line);
-    auto video = samples::video(project, {{0, 0, 2}});
-    video.look->captions.on = true;
-    const auto& presets = CaptionStyle::builtIn();
-    const auto images = Stills::styled(video, project, {}, "", {}, 1, {presets[0], presets[4]});
-    ASSERT_EQ(images.size(), 2U);
-    EXPECT_FALSE(samples::same(samples::drawn(images[0], 1080, 1080), samples::drawn(images[1], 1080, 1080)));
 }
 
 }
