@@ -15,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-constexpr std::size_t largestFile = 16 << 20;
+constexpr std::size_t largestFile = 4 << 20;
 constexpr int sharedCharacters = 10; // of a name that begins with a date: 2024-05-17
 
 /// Bytes of the line break that `text` begins with; 0 where it begins with none.

@@ -31,7 +31,7 @@ std::vector<std::string_view> lines(std::string_view text);
 std::optional<std::filesystem::path> find(const std::filesystem::path& recording);
 
 /// A markers file's whole text as UTF-8; UTF-16 with a byte order mark is converted. Nothing where the file
-/// can't be read, is larger than 16 MiB, or is in neither form.
+/// can't be read, is larger than 4 MiB, or is in neither form.
 std::optional<std::string> text(const std::filesystem::path& file);
 
 }
