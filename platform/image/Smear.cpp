@@ -11,7 +11,7 @@ namespace {
 constexpr double reachKept = 8;
 /// A slanted smear is turned there and back, which costs most; from this reach on it is drawn at half size
 /// across too.
-constexpr double coarseSlant = 24;
+constexpr double coarseSlant = 40;
 /// Past this length, in pixels, a zoom smear is drawn at half size: what it would lose is smeared already.
 constexpr double fineZoom = 10;
 /// Copies of a zoom smear lie no further apart than this, in pixels.

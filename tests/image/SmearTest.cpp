@@ -35,13 +35,18 @@ Pixel meanAlong(const Place& place) {
 
 TEST(Smears, motionIsTheMeanAlongItsLine) {
     const Image image = Image::bitmap(bitmapOf(side, side, wavy)).clamped();
-    for (const auto& [radius, degrees] : {std::pair{3.0, 0.0},
-                                          {12.5, 0.0},
-                                          {40.0, 0.0},
-                                          {20.0, 90.0},
-                                          {20.0, 35.0},
-                                          {30.0, -120.0},
-                                          {50.0, 10.0}}) {
+    struct Case {
+        double radius, degrees;
+        int most; ///< difference of a channel
+    };
+    // Long slanted smears are drawn at half size, which rounds fine detail across them off.
+    for (const auto& [radius, degrees, most] : {Case{3, 0, 10},
+                                                {12.5, 0, 10},
+                                                {50, 0, 10},
+                                                {20, 90, 10},
+                                                {20, 35, 10},
+                                                {30, -120, 10},
+                                                {50, 10, 15}}) {
         const auto smeared = drawn(image.motionBlurred(radius, degrees), side, side);
         const double x = std::cos(degrees * 3.14159265 / 180) * radius;
         const double y = std::sin(degrees * 3.14159265 / 180) * radius;
