@@ -34,11 +34,13 @@ const TemporaryFolder& folder() {
 /// An hour of a talking recorder's sound: AAC, 48 kHz, stereo.
 const fs::path& recording() {
     static const fs::path file = [] {
+        const auto minute = folder() / "minute.m4a";
         auto made = folder() / "hour.m4a";
         Tool::run("ffmpeg",
                   {"-f", "lavfi", "-i",
                    "aevalsrc=0.4*sin(2*PI*t*(200+100*sin(t)))*sin(3*t)|0.3*sin(2*PI*t*300)*sin(2*t):s=48000",
-                   "-t", "3600", "-c:a", "aac", "-b:a", "160k", made});
+                   "-t", "60", "-c:a", "aac", "-b:a", "160k", minute});
+        Tool::run("ffmpeg", {"-stream_loop", "-1", "-i", minute, "-t", "3600", "-c", "copy", made});
         return made;
     }();
     return file;
