@@ -23,18 +23,20 @@ installed() {
 }
 
 fetch() ( # FOLDER: unpacks the tool's sources
-    cd "$1"
-    archive=$(npm pack --silent --fetch-retries=1 --fetch-timeout=60000 "$package" 2>/dev/null)
-    echo "$sum  $archive" | sha256sum --check --status --strict
+    # `set -e` does not hold in a function whose failure is answered for: each step says so itself.
+    cd "$1" || return 1
+    archive=$(npm pack --silent --fetch-retries=1 --fetch-timeout=60000 "$package" 2>/dev/null) || return 1
+    echo "$sum  $archive" | sha256sum --check --status --strict || return 1
     tar xzf "$archive" --no-same-owner --no-same-permissions package/cpp/whisper.cpp
 )
 
 build() ( # FOLDER
-    cd "$1"
+    cd "$1" || return 1
     # Not for this very processor: a build folder may move to another machine. With OpenMP, whose threads can wait
     # asleep: the tool's own spin, and starve each other where the machine is busy.
     nice cmake -S package/cpp/whisper.cpp -B build -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=OFF \
-        -DGGML_NATIVE=OFF -DGGML_OPENMP=ON -DGGML_CCACHE=OFF -DWHISPER_BUILD_TESTS=OFF -DWHISPER_BUILD_SERVER=OFF
+        -DGGML_NATIVE=OFF -DGGML_OPENMP=ON -DGGML_CCACHE=OFF -DWHISPER_BUILD_TESTS=OFF -DWHISPER_BUILD_SERVER=OFF ||
+        return 1
     nice cmake --build build --target whisper-cli --parallel "$(nproc)"
 )
 

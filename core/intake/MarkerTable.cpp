@@ -28,17 +28,19 @@ constexpr std::string_view recordingColumn = "recording filename";
 Fields split(std::string_view line, char separator) {
     Fields fields(1);
     bool quoted = false;
+    bool blankSoFar = true; // a quote opens only where nothing but blanks stands before it
     for (std::size_t at = 0; at < line.size(); at++) {
         const char c = line[at];
         const bool doubled = quoted && c == '"' && line.substr(at + 1).starts_with('"');
         if (doubled)
             fields.back() += line[at++];
-        else if (c == '"' && (quoted || Text::trimmedOfBlanks(fields.back()).empty()))
+        else if (c == '"' && (quoted || blankSoFar))
             quoted = !quoted;
         else if (c == separator && !quoted)
             fields.emplace_back();
         else
             fields.back() += c;
+        blankSoFar = fields.back().empty() || (blankSoFar && !doubled && (c == ' ' || c == '\t' || c == '"'));
     }
     for (auto& field : fields) field = Text::trimmedOfBlanks(field);
     return fields;

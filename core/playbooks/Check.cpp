@@ -1,5 +1,6 @@
 #include "core/playbooks/Check.h"
 
+#include "core/playbooks/ParameterName.h"
 #include "core/playbooks/PlaybookCodec.h"
 #include "core/playbooks/Words.h"
 #include "platform/base/Json.h"
@@ -53,17 +54,12 @@ std::optional<std::string> text(const std::optional<JsonValue>& value) {
     return value->text();
 }
 
-bool isNameCharacter(char c) {
-    return std::isalnum(static_cast<unsigned char>(c)) || c == '_' || static_cast<unsigned char>(c) >= 0x80;
-}
-
 /// The names of the parameters that a text asks for.
 std::vector<std::string> parameters(const std::string& text) {
     std::vector<std::string> names;
     for (auto at = text.find('$'); at != std::string::npos; at = text.find('$', at + 1)) {
-        auto end = at + 1;
-        while (end < text.size() && isNameCharacter(text[end])) ++end;
-        if (end > at + 1) names.push_back(text.substr(at + 1, end - at - 1));
+        auto name = text.substr(at + 1, ParameterName::length(std::string_view(text).substr(at + 1)));
+        if (!name.empty()) names.push_back(std::move(name));
     }
     return names;
 }
@@ -91,7 +87,7 @@ private:
     void fields() {
         auto known = fieldNames<Playbook>();
         std::sort(known.begin(), known.end());
-        for (const auto* key : root.names())
+        for (const auto key : root.names())
             if (!knows(known, key))
                 found.push_back(
                     fmt::format("“{}” is not a field of a playbook. Fields: {}.", key, listed(known)));
@@ -101,9 +97,9 @@ private:
         const auto params = root.member("params");
         if (!params || !params->isObject()) return;
         const auto names = params->names();
-        const auto isObject = [&](const char* name) { return params->member(name)->isObject(); };
+        const auto isObject = [&](std::string_view name) { return params->member(name)->isObject(); };
         if (!std::all_of(names.begin(), names.end(), isObject)) return;
-        for (const auto* name : names) {
+        for (const auto name : names) {
             const auto entry = params->member(name);
             const auto type = text(entry->member("type"));
             if (type && !knows(PlaybookWords::types, *type))
@@ -127,21 +123,21 @@ private:
     void layer(const JsonValue& layer, const std::string& where) {
         if (found.size() > mostFaults) return;
         const auto known = fieldNames<Playbook::Layer>();
-        for (const auto* key : layer.names())
+        for (const auto key : layer.names())
             if (!knows(known, key))
                 found.push_back(fmt::format("{}: “{}” is not a field of a layer.", where, key));
         content(layer, where);
         words(layer, where);
         effects(layer, where);
         keys(layer, where);
-        for (const auto* key : layer.names()) declared(where + "." + key, layer.member(key));
+        for (const auto key : layer.names()) declared(fmt::format("{}.{}", where, key), layer.member(key));
         if (folder) files(layer, where);
     }
 
     void content(const JsonValue& layer, const std::string& where) {
         std::vector<std::string_view> present;
         for (const auto word : PlaybookWords::contents)
-            if (layer.member(word.data())) present.push_back(word);
+            if (layer.member(word)) present.push_back(word);
         if (present.size() == 1) return;
         found.push_back(fmt::format(
             "{} must be exactly one of image, video, text, shape, particles, slot or sound; it is {}.", where,
@@ -184,7 +180,7 @@ private:
         const auto known = fieldNames<Playbook::Key>();
         for (std::size_t at = 0; at < keys->size(); ++at) {
             const auto place = fmt::format("{}.keys[{}]", where, at);
-            for (const auto* name : (*keys)[at].names())
+            for (const auto name : (*keys)[at].names())
                 if (!knows(known, name))
                     found.push_back(fmt::format("{}: “{}” is not a field of a key.", place, name));
             const auto ease = text((*keys)[at].member("ease"));
@@ -199,7 +195,7 @@ private:
         if (!used) return;
         const auto params = root.member("params");
         for (const auto& name : parameters(*used))
-            if (!params || !params->isObject() || !params->member(name.c_str()))
+            if (!params || !params->isObject() || !params->member(name))
                 found.push_back(fmt::format("{}: ${} is not declared in params.", where, name));
     }
 

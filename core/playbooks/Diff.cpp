@@ -11,7 +11,7 @@ using Lines = std::vector<std::string>;
 
 constexpr std::size_t longestText = 40;
 
-/// The first characters of a UTF-8 text, and whether that is all of it.
+/// A text's first characters, and whether that is all of it.
 std::pair<std::string, bool> beginning(const std::string& text) {
     std::size_t at = 0;
     for (std::size_t count = 0; at < text.size() && count < longestText; ++count)

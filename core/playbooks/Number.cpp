@@ -1,3 +1,4 @@
+#include "core/playbooks/ParameterName.h"
 #include "core/playbooks/Playbook.h"
 #include "platform/base/Numbers.h"
 #include "platform/base/Text.h"
@@ -7,12 +8,6 @@ namespace {
 
 /// Brackets and signs nest at most this deep: no sane expression does, and each level is a call.
 constexpr int deepest = 200;
-
-bool isNameCharacter(char c) {
-    // What is not ASCII may be a letter of any script; parameters are named in the owner's own.
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' ||
-           static_cast<unsigned char>(c) >= 0x80;
-}
 
 double parameter(const Values& values, const std::string& name, double otherwise) {
     const auto found = values.find(name);
@@ -89,22 +84,18 @@ private:
     }
 
     Value named() {
-        const auto name = run(isNameCharacter);
+        const auto name = text.substr(at, ParameterName::length(text.substr(at)));
         if (name.empty()) return std::nullopt;
+        at += name.size();
         const double none = std::numeric_limits<double>::quiet_NaN();
         const double value = parameter(values, std::string(name), strict ? none : 1);
         return std::isnan(value) ? std::nullopt : Value(value);
     }
 
     Value digits() {
-        return Numbers::parse(run([](char c) { return (c >= '0' && c <= '9') || c == '.'; }));
-    }
-
-    template <class Test>
-    std::string_view run(Test belongs) {
         const std::size_t from = at;
-        while (at < text.size() && belongs(text[at])) ++at;
-        return text.substr(from, at - from);
+        at = std::min(text.find_first_not_of("0123456789.", at), text.size());
+        return Numbers::parse(text.substr(from, at - from));
     }
 
     std::string_view text;
@@ -118,7 +109,7 @@ private:
 std::optional<std::string> wholeParameter(std::string_view text) {
     if (!text.starts_with('$')) return std::nullopt;
     const auto name = text.substr(1);
-    if (!std::all_of(name.begin(), name.end(), isNameCharacter)) return std::nullopt;
+    if (ParameterName::length(name) != name.size()) return std::nullopt;
     return std::string(name);
 }
 

@@ -85,10 +85,8 @@ void copyAssets(const Book& book, const fs::path& to) {
          entry.increment(error)) {
         const auto name = entry->path().lexically_relative(*book.folder);
         const auto file = book.file(name.string());
-        std::error_code skipped;
-        if (!file || !fs::is_regular_file(*file, skipped)) continue;
-        Files::createFolder((to / name).parent_path());
-        fs::copy_file(*file, to / name, fs::copy_options::overwrite_existing, skipped);
+        std::error_code missing;
+        if (file && fs::is_regular_file(*file, missing)) Files::copy(*file, to / name);
     }
 }
 

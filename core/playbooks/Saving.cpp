@@ -21,6 +21,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* fileName = "playbook.json";
+constexpr std::size_t longestStem = 200; ///< bytes; leaves room for a number and the ending
 constexpr std::size_t mostLogBytes = std::size_t{64} << 20;
 
 /// A line of a playbook's own log.
@@ -65,6 +66,7 @@ fs::path freeFolder(const std::string& name) {
     std::string stem = Text::trimmedOfBlanks(name);
     for (char& c : stem)
         if (c == '/' || c == ':' || c == '\0') c = '-';
+    stem = Text::beginning(stem, longestStem);
     if (stem.empty() || stem.starts_with('.')) stem = "Playbook" + stem;
     const auto named = [](const std::string& text) { return Library::playbooks() / (text + ".mbplay"); };
     auto folder = named(stem);
@@ -77,10 +79,7 @@ void copyIn(const Asset& asset, const fs::path& work) {
     const auto to = Files::inside(work / "assets", asset.name);
     if (!to || asset.name.empty() || *to == work / "assets")
         throw Problem("“" + asset.name + "” is no name for a file of a playbook.");
-    Files::createFolder(to->parent_path());
-    std::error_code error;
-    fs::copy_file(asset.from, *to, fs::copy_options::overwrite_existing, error);
-    if (error) fail("“" + asset.from.filename().string() + "” could not be copied", error);
+    Files::copy(asset.from, *to);
 }
 
 std::vector<std::string> changes(const Book& before, const Playbook& after,
@@ -103,12 +102,42 @@ void log(const Change& change, const fs::path& work) {
     Files::writeWhole(file, before + Codec::encode(change, JsonWriter::Layout::compact) + "\n");
 }
 
+/// For file systems that know no exchange: the old folder steps aside for a moment, and back if need be.
+bool replaceByTurns(const fs::path& work, const fs::path& folder) {
+    const auto aside = work.parent_path() / (work.filename().string() + ".old");
+    std::error_code error;
+    const bool replacing = fs::exists(folder, error);
+    if (replacing) fs::rename(folder, aside, error);
+    if (error) return false;
+    fs::rename(work, folder, error);
+    std::error_code ignored;
+    if (error && replacing) fs::rename(aside, folder, ignored);
+    fs::remove_all(aside, ignored);
+    return !error;
+}
+
 /// One folder in the place of another; both names hold a whole folder at every moment.
 void putInPlace(const fs::path& work, const fs::path& folder) {
     std::error_code ignored;
     const unsigned flags = fs::exists(folder, ignored) ? RENAME_EXCHANGE : RENAME_NOREPLACE;
-    if (renameat2(AT_FDCWD, work.c_str(), AT_FDCWD, folder.c_str(), flags) != 0)
-        fail("The playbook could not be saved", {errno, std::generic_category()});
+    if (renameat2(AT_FDCWD, work.c_str(), AT_FDCWD, folder.c_str(), flags) == 0) return;
+    const int cause = errno;
+    if ((cause == EINVAL || cause == ENOSYS) && replaceByTurns(work, folder)) return;
+    fail("The playbook could not be saved", {cause, std::generic_category()});
+}
+
+/// The folder that a book stands in, behind any link.
+fs::path standing(const Book& book) {
+    std::error_code error;
+    const auto folder = fs::canonical(*book.folder, error);
+    if (error) fail("“" + book.playbook.name + "” could not be read", error);
+    return folder;
+}
+
+std::int64_t versionAfter(const Book& before) {
+    if (before.version() == std::numeric_limits<std::int64_t>::max())
+        throw Problem("“" + before.playbook.name + "” has no versions left.");
+    return before.version() + 1;
 }
 
 }
@@ -116,14 +145,13 @@ void putInPlace(const fs::path& work, const fs::path& folder) {
 Book write(Playbook playbook, const std::vector<Asset>& assets, const std::string& by) {
     const auto before = replaced(playbook);
     playbook.id = before ? before->id() : UUID::make().text();
-    playbook.version = before ? before->version() + 1 : 1;
-    const auto folder = before ? *before->folder : freeFolder(playbook.name);
+    playbook.version = before ? versionAfter(*before) : 1;
+    const auto folder = before ? standing(*before) : freeFolder(playbook.name);
 
-    const WorkFolder work(Library::playbooks() / (".saving-" + UUID::make().text()));
+    const WorkFolder work(folder.parent_path() / (".saving-" + UUID::make().text()));
     std::error_code error;
     if (before) {
-        fs::copy(*before->folder, work.path, fs::copy_options::recursive | fs::copy_options::copy_symlinks,
-                 error);
+        fs::copy(folder, work.path, fs::copy_options::recursive | fs::copy_options::copy_symlinks, error);
         if (error) fail("“" + playbook.name + "” could not be copied", error);
     }
     for (const auto& asset : assets) copyIn(asset, work.path);
@@ -136,7 +164,7 @@ Book write(Playbook playbook, const std::vector<Asset>& assets, const std::strin
     Files::writeWhole(work.path / fileName, json);
     putInPlace(work.path, folder);
     dropListing();
-    return load(folder);
+    return load(before ? *before->folder : folder);
 }
 
 }

@@ -77,8 +77,10 @@ namespace detail {
 template <class Owner, class Value>
 Value readField(const JsonValue& object, const Field<Owner, Value>& field) {
     const auto member = object.member(field.name);
-    const bool missing = !member || (member->isNull() && (Lenient<Owner> || is<Value, std::optional>));
-    if (!missing) return read<Value>(*member);
+    constexpr bool mayBeMissing = Lenient<Owner> || is<Value, std::optional>;
+    const bool isNull = member && member->isNull();
+    if (isNull && !mayBeMissing) member->fail("a value is needed.");
+    if (member && !isNull) return read<Value>(*member);
     if constexpr (is<Value, std::optional>) {
         return std::nullopt;
     } else if constexpr (Lenient<Owner>) {
@@ -107,7 +109,7 @@ T readList(const JsonValue& value) {
 template <class T>
 T readMap(const JsonValue& value) {
     T map;
-    for (const char* name : value.names())
+    for (const auto name : value.names())
         map.emplace(name, read<typename T::mapped_type>(*value.member(name)));
     return map;
 }

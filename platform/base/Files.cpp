@@ -67,21 +67,24 @@ public:
         if (!temporary.empty()) ::unlink(temporary.c_str());
     }
 
-    void fill(std::string_view bytes) {
+    void begin() {
         struct stat old {};
         if (::ftruncate(file, 0) != 0) notWritten(destination);
         if (::stat(destination.c_str(), &old) == 0 && ::fchmod(file, old.st_mode & permissionBits) != 0)
             notWritten(destination);
+    }
+
+    void append(std::string_view bytes) {
         while (!bytes.empty()) {
             const auto written = ::write(file, bytes.data(), bytes.size());
             if (written < 0 && errno == EINTR) continue;
             if (written < 0) notWritten(destination);
             bytes.remove_prefix(static_cast<std::size_t>(written));
         }
-        if (::fsync(file) != 0) notWritten(destination);
     }
 
     void takePlace() {
+        if (::fsync(file) != 0) notWritten(destination);
         if (::rename(temporary.c_str(), destination.c_str()) != 0) notWritten(destination);
         temporary.clear();
     }
@@ -124,9 +127,30 @@ std::string readWhole(const std::filesystem::path& path, std::size_t most) {
 
 void writeWhole(const std::filesystem::path& path, std::string_view bytes) {
     Beside beside(path);
-    beside.fill(bytes);
+    beside.begin();
+    beside.append(bytes);
     beside.takePlace();
     flushFolder(folderOf(path));
+}
+
+void copy(const std::filesystem::path& from, const std::filesystem::path& to) {
+    const Descriptor file(::open(from.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat facts {};
+    if (file < 0 || ::fstat(file, &facts) != 0) notRead(from);
+    if (!S_ISREG(facts.st_mode)) failed(from, "read", ESPIPE);
+    createFolder(folderOf(to));
+    Beside beside(to);
+    beside.begin();
+    std::string part(std::size_t{1} << 20, '\0');
+    while (true) {
+        const auto got = ::read(file, part.data(), part.size());
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) notRead(from);
+        if (got == 0) break;
+        beside.append(std::string_view(part).substr(0, static_cast<std::size_t>(got)));
+    }
+    beside.takePlace();
+    flushFolder(folderOf(to));
 }
 
 void createFolder(const std::filesystem::path& path) {

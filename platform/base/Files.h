@@ -19,6 +19,10 @@ std::string readWhole(const std::filesystem::path& path, std::size_t most);
 /// may write the same path; the last one wins.
 void writeWhole(const std::filesystem::path& path, std::string_view bytes);
 
+/// Copies a regular file, its folder made where it is missing, over what stands there: as a whole and
+/// flushed, like `writeWhole`.
+void copy(const std::filesystem::path& from, const std::filesystem::path& to);
+
 /// Creates a folder with all above it; one that exists is fine.
 void createFolder(const std::filesystem::path& path);
 

@@ -87,17 +87,18 @@ const std::string& JsonValue::text() const {
     return value->get_ref<const std::string&>();
 }
 
-std::optional<JsonValue> JsonValue::member(const char* wanted) const {
+std::optional<JsonValue> JsonValue::member(std::string_view wanted) const {
     if (!value->is_object()) fail("an object is expected");
-    const auto found = value->find(wanted);
-    if (found == value->end()) return std::nullopt;
-    return JsonValue(*found, this, wanted, 0);
+    const auto& members = value->get_ref<const nlohmann::json::object_t&>();
+    const auto found = members.find(wanted);
+    if (found == members.end()) return std::nullopt;
+    return JsonValue(found->second, this, found->first, 0);
 }
 
-std::vector<const char*> JsonValue::names() const {
+std::vector<std::string_view> JsonValue::names() const {
     if (!value->is_object()) fail("an object is expected");
-    std::vector<const char*> names;
-    for (const auto& [key, _] : value->items()) names.push_back(key.c_str());
+    std::vector<std::string_view> names;
+    for (const auto& [key, _] : value->get_ref<const nlohmann::json::object_t&>()) names.push_back(key);
     return names;
 }
 
@@ -107,7 +108,7 @@ std::size_t JsonValue::size() const {
 }
 
 JsonValue JsonValue::element(std::size_t at) const {
-    return JsonValue((*value)[at], this, nullptr, at);
+    return JsonValue((*value)[at], this, {}, at);
 }
 
 void JsonValue::fail(std::string_view what) const {
@@ -124,8 +125,8 @@ void JsonValue::failMissing(std::string_view key) const {
 std::string JsonValue::path() const {
     if (!parent) return "";
     const auto before = parent->path();
-    if (!name) return fmt::format("{}[{}]", before, index);
-    return before.empty() ? name : before + "." + name;
+    if (!name.data()) return fmt::format("{}[{}]", before, index);
+    return before.empty() ? std::string(name) : fmt::format("{}.{}", before, name);
 }
 
 JsonProblem::JsonProblem(std::string path, std::string_view what)
@@ -147,7 +148,7 @@ Json Json::parse(std::string_view text) {
 }
 
 JsonValue Json::root() const {
-    return JsonValue(*document, nullptr, nullptr, 0);
+    return JsonValue(*document, nullptr, {}, 0);
 }
 
 }

@@ -32,9 +32,9 @@ public:
     const std::string& text() const;
 
     /// The member of that name, null or not; nothing where the object has none. The last of a name counts.
-    std::optional<JsonValue> member(const char* name) const;
+    std::optional<JsonValue> member(std::string_view name) const;
     /// The names of an object's members, in byte order.
-    std::vector<const char*> names() const;
+    std::vector<std::string_view> names() const;
 
     /// The number of elements of an array.
     std::size_t size() const;
@@ -47,14 +47,14 @@ public:
 
 private:
     friend class Json;
-    JsonValue(const nlohmann::json& given, const JsonValue* from, const char* by, std::size_t at)
+    JsonValue(const nlohmann::json& given, const JsonValue* from, std::string_view by, std::size_t at)
         : value(&given), parent(from), name(by), index(at) {}
 
     std::string path() const;
 
     const nlohmann::json* value;
     const JsonValue* parent; ///< null at the root
-    const char* name;        ///< in an object; null in an array
+    std::string_view name;   ///< in an object, as the document holds it; without data in an array
     std::size_t index;       ///< in an array
 };
 

@@ -100,7 +100,7 @@ TEST(Codec, namesThePlaceOfAFault) {
         {R"({"rings": 9223372036854775808, "leaves": [], "seed": ""})", "rings: a whole number is expected"},
         {R"({"rings": "1", "leaves": [], "seed": ""})", "rings: a whole number is expected"},
         {R"({"rings": true, "leaves": [], "seed": ""})", "rings: a whole number is expected"},
-        {R"({"rings": null, "leaves": [], "seed": ""})", "rings: a whole number is expected"},
+        {R"({"rings": null, "leaves": [], "seed": ""})", "rings: a value is needed."},
         {R"({"rings": 1, "leaves": {}, "seed": ""})", "leaves: a list is expected"},
         {R"({"rings": 1, "leaves": [{"colour": "red"}, 4], "seed": ""})", "leaves[1]: an object is expected"},
         {R"({"rings": 1, "leaves": [{"colour": "Red"}], "seed": ""})",

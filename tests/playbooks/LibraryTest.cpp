@@ -130,6 +130,26 @@ TEST_F(OwnersLibrary, aProjectPlaysTheVersionThatItPinned) {
     EXPECT_FALSE(pinned.file("assets/link/passwd"));
 }
 
+TEST_F(OwnersLibrary, savesUnderLongNamesAndBehindLinks) {
+    std::string name;
+    for (int at = 0; at < 90; ++at) name += "ก";
+    const auto book = Playbooks::write(named(name), {}, "me");
+    EXPECT_EQ(book.playbook.name, name);
+
+    fs::create_directories(folder / "elsewhere");
+    fs::rename(*book.folder, folder / "elsewhere/One.mbplay");
+    fs::create_symlink(folder / "elsewhere/One.mbplay", folder / "Playbooks/One.mbplay");
+    Playbooks::dropListing();
+    EXPECT_EQ(Playbooks::write(book.playbook, {}, "me").version(), 2);
+    EXPECT_TRUE(fs::is_symlink(folder / "Playbooks/One.mbplay"));
+
+    Playbook last = book.playbook;
+    last.version = std::numeric_limits<std::int64_t>::max();
+    std::ofstream(folder / "elsewhere/One.mbplay/playbook.json") << Playbooks::encoded(last);
+    Playbooks::dropListing();
+    EXPECT_THROW(Playbooks::write(last, {}, "me"), Problem);
+}
+
 TEST_F(OwnersLibrary, passesOverWhatItCannotRead) {
     fs::create_directories(folder / "Playbooks/Broken.mbplay");
     std::ofstream(folder / "Playbooks/Broken.mbplay/playbook.json") << "{";

@@ -144,6 +144,11 @@ TEST(PlaybookCheck, holdsLayersAgainstTheWords) {
         {R"({"text": "a", "keys": [{"t": 0}, {"t": 1, "w": 1, "ease": "slow"}]})",
          "layers[0].keys[1]: “w” is not a field of a key.\n"
          "layers[0].keys[1].ease: “slow” is not one of smooth, linear, snap, bounce."},
+        {R"({"text": "Wait for $title… “$title” $title🎉 $ชื่อ"})",
+         "layers[0].text: $title is not declared in params.\n"
+         "layers[0].text: $title is not declared in params.\nlayers[0].text: $title is not declared in "
+         "params.\n"
+         "layers[0].text: $ชื่อ is not declared in params."},
         {R"({"image": "../x.png"})", "none"},
         {R"({"text": "a"}, 5)", "none"},
     };
@@ -170,8 +175,15 @@ TEST(PlaybookDecoding, tellsFaultsOfTypeByTheirPlace) {
               "At layers[0].x: a number, a $parameter, or a sum of them like 1-$split");
     EXPECT_EQ(decoded(withLayer(R"({"text": "a", "keys": [{"x": 1}]})")),
               "At layers[0].keys[0].t: this is needed.");
+    EXPECT_EQ(decoded(R"({"name": null, "layers": []})"), "At name: a value is needed.");
     EXPECT_THAT(decoded(withLayer(R"({"text": 5})")), HasSubstr("At layers[0].text: "));
     EXPECT_THAT(decoded("{"), HasSubstr("JSON"));
+}
+
+TEST(PlaybookDecoding, takesKeysWithAnyCharacters) {
+    const auto playbook =
+        Playbook::decode(R"({"name": "A", "layers": [], "params": {"a\u0000b": {"type": "text"}}})");
+    EXPECT_EQ(playbook.params->begin()->first, std::string("a\0b", 3));
 }
 
 TEST(PlaybookGuide, carriesEveryWordOfTheFormat) {
