@@ -55,7 +55,7 @@ TEST(Smears, motionIsTheMeanAlongItsLine) {
                 const auto truth = meanAlong([&](double step) {
                     return Point{at + 0.5 + step * x, down + 0.5 + step * y};
                 });
-                EXPECT_LE(difference(Pictures::at(smeared, at, down), truth), 10)
+                EXPECT_LE(difference(Pictures::at(smeared, at, down), truth), most)
                     << radius << " at " << degrees;
             }
         }
