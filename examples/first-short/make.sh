@@ -4,7 +4,7 @@
 #
 #   make.sh PROGRAM OUT    makes all of it in the folder OUT, which is emptied of an earlier run's first
 set -euo pipefail
-[ $# = 2 ] || { sed -n 's/^# \{0,1\}//p' "$0" | sed -n '2,$p'; exit 2; }
+[ $# = 2 ] || { sed -n '2,${/^#/!q; s/^# \{0,1\}//p}' "$0"; exit 2; }
 here=$(cd "$(dirname "$0")" && pwd)
 murbo=$(realpath "$1")
 mkdir -p "$2"
@@ -33,6 +33,8 @@ say "Bringing it in"
 heard_by=${SPEECH_HOME:-$HOME}
 if command -v whisper-cli >/dev/null && [ -e "$heard_by/.whisper-models/ggml-large-v3-turbo.bin" ]; then
     say "Listening to it"
+    jq '.language = "en"' "$project/project.json" >"$out/project.part"
+    mv "$out/project.part" "$project/project.json"
     HOME=$heard_by "$murbo" --transcribe "$project" all
 fi
 
