@@ -5,7 +5,7 @@
 #   record.sh OUT    writes OUT/<stem>.mp4, OUT/<stem>.csv (markers), OUT/lines.tsv (what is said, and when),
 #                    and the sounds OUT/music.m4a, OUT/whoosh.wav, OUT/cheer.wav
 set -euo pipefail
-[ $# = 1 ] || { sed -n 's/^# \{0,1\}//p' "$0" | sed -n 2,20p; exit 2; }
+[ $# = 1 ] || { sed -n '2,${/^#/!q; s/^# \{0,1\}//p}' "$0"; exit 2; }
 art=$(cd "$(dirname "$0")/art" && pwd)
 out=$1
 mkdir -p "$out"
