@@ -4,6 +4,13 @@
 
 namespace murbo {
 
+namespace {
+
+/// Nobody sets more; a file that claims to hold more must not make a project too large to be opened again.
+constexpr std::size_t mostMarkers = 100'000;
+
+}
+
 std::vector<UUID> Sources::add(Project& project, const std::vector<MeasuredFile>& files,
                                const std::string& group, Source::Kind kind, double wholeUpTo) {
     std::vector<UUID> added;
@@ -23,8 +30,9 @@ UUID Sources::addStream(Project& project, const MeasuredFile& recording, const S
     auto& source = project.sources.edit().back();
     if (notes.markers) source.stream = Source::Stream{notes.markersName.value_or(""), *notes.markers};
     source.note = notes.note;
-    const auto marks = Markers::parse(notes.markers.value_or(""), recording.path.filename().string());
-    Clips::addAround(project, marks, id, reach);
+    auto marks = Markers::parse(notes.markers.value_or(""), recording.path.filename().string());
+    marks.resize(std::min(marks.size(), mostMarkers));
+    Clips::addAround(project, std::move(marks), id, reach);
     return id;
 }
 

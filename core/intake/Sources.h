@@ -30,7 +30,8 @@ struct StreamNotes {
 };
 
 /// Adds a stream recording as a group of its own, and a clip around each of its markers (Clips::addAround).
-/// The markers' text is kept in the source. Answers the id of the new source.
+/// The markers' text is kept in the source; of more than 100,000 markers the first count. Answers the id of
+/// the new source.
 UUID addStream(Project& project, const MeasuredFile& recording, const StreamNotes& notes,
                ClipReach reach = {});
 
