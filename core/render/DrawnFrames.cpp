@@ -37,8 +37,13 @@ DrawnFrames::DrawnFrames(const VideoComposition& given, int workers)
       pool(static_cast<int>(plan->frame.width), static_cast<int>(plan->frame.height)),
       work(1),
       results(static_cast<std::size_t>(workersFor(workers)) + 2) {
-    threads.emplace_back([this] { decode(); });
-    for (int index = 0; index < workersFor(workers); ++index) threads.emplace_back([this] { draw(); });
+    try {
+        threads.emplace_back([this] { decode(); });
+        for (int index = 0; index < workersFor(workers); ++index) threads.emplace_back([this] { draw(); });
+    } catch (...) {
+        stop(); // those that did start would wait for the others for ever
+        throw;
+    }
 }
 
 DrawnFrames::~DrawnFrames() {

@@ -9,6 +9,7 @@
 #include "core/render/VideoComposition.h"
 #include "core/render/plan/CaptionCue.h"
 #include "platform/base/Files.h"
+#include "platform/base/Text.h"
 #include "platform/media/MovieWriter.h"
 #include "platform/media/SoundReader.h"
 
@@ -74,6 +75,7 @@ public:
             writer.picture(*planes);
             writeSound(static_cast<double>(++written) / composition.rate);
         }
+        if (stop.stop_requested()) throw ExportCancelled();
         writeSound(composition.length());
         if (stop.stop_requested()) throw ExportCancelled();
         writer.finish();
@@ -103,10 +105,36 @@ private:
     double soundUntil = 0;           ///< seconds
 };
 
-void writeSubtitles(const Video& sounding, const Project& project, std::filesystem::path beside) {
+std::filesystem::path subtitlesBeside(std::filesystem::path movie) {
+    return movie.replace_extension("srt");
+}
+
+void writeSubtitles(const Video& sounding, const Project& project, const std::filesystem::path& movie) {
     auto cues = CaptionCue::cues(sounding, project);
     std::erase_if(cues, [](const CaptionCue& cue) { return cue.hidden; });
-    if (!cues.empty()) Files::writeWhole(beside.replace_extension("srt"), Subtitles::srt(cues));
+    if (!cues.empty()) Files::writeWhole(subtitlesBeside(movie), Subtitles::srt(cues));
+}
+
+bool isOneOf(const std::filesystem::path& path, const std::vector<std::filesystem::path>& files) {
+    return std::ranges::any_of(files, [&](const std::filesystem::path& file) {
+        std::error_code unknown; // neither there nor the same
+        return std::filesystem::equivalent(path, file, unknown);
+    });
+}
+
+/// A slip of the hand must not cost the only copy of a recording.
+void refuseOwnFiles(const Order& order, const Video& sounding, const Plan& plan) {
+    auto files = SoundMix::files(sounding, plan);
+    for (const auto& source : plan.sources) files.push_back(source.second);
+    std::vector<std::filesystem::path> places{order.to};
+    if (order.subtitles) places.push_back(subtitlesBeside(order.to));
+    for (const auto& place : places)
+        if (isOneOf(place, files))
+            throw Problem("“" + Text::repaired(place.filename().string()) +
+                          "” belongs to the project. Export under another name.");
+    if (order.subtitles && places[0] == places[1])
+        throw Problem(
+            "The movie and its subtitles would have one name. Let the movie's name not end in .srt.");
 }
 
 }
@@ -118,6 +146,7 @@ void movie(const Video& video, const Project& project, const Order& order, const
     const auto composition =
         VideoComposition::make(sounding, project, order.missing, order.fonts, order.package, order.frameRate);
     if (composition.frameCount() == 0) throw Problem("The video has no cuts, so there is nothing to export.");
+    refuseOwnFiles(order, sounding, *composition.box->plan());
     auto tracks = SoundMix::tracks(sounding, *composition.box->plan(), order.missing);
     Session(composition, std::move(tracks), order.to).run(progress, stop);
     if (order.subtitles) writeSubtitles(sounding, project, order.to);

@@ -22,11 +22,12 @@ MixedSound::~MixedSound() {
 
 std::optional<std::vector<float>> MixedSound::next() {
     auto block = blocks.pop();
-    if (!block && failure) std::rethrow_exception(failure);
+    if (!block && !stopped && failure) std::rethrow_exception(failure);
     return block;
 }
 
 void MixedSound::stop() {
+    stopped = true;
     blocks.abandon();
 }
 

@@ -3,6 +3,7 @@
 #include "core/render/Channel.h"
 #include "core/render/SoundMixer.h"
 
+#include <atomic>
 #include <cstdint>
 #include <optional>
 #include <thread>
@@ -29,7 +30,8 @@ private:
 
     SoundMixer mixer;
     Channel<std::vector<float>> blocks;
-    std::exception_ptr failure; ///< what mixing threw; read once the channel has ended
+    std::atomic<bool> stopped = false;
+    std::exception_ptr failure; ///< what mixing threw; read once it has ended by itself
     std::jthread thread;
 };
 

@@ -43,7 +43,8 @@ Image inTransition(const Image& image, const PlacedShot& placed, const Plan& pla
 double height(const Placement& placement, const Shot& shot, const Framing& framing, const Plan& plan) {
     if (placement.y) return *placement.y;
     const bool seam = plan.frame.width < plan.frame.height && plan.style.seam.value_or(true);
-    if (seam && shot.layout == Shot::Layout::split) return shot.split.value_or(framing.split);
+    if (seam && shot.layout == Shot::Layout::split)
+        return std::clamp(shot.split.value_or(framing.split), 0.0, 1.0);
     return plan.style.y.value_or(0.3);
 }
 

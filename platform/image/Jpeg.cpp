@@ -75,14 +75,15 @@ bool holdable(const jpeg_decompress_struct& state) {
 }
 
 /// CMYK is left out: no camera or screen writes it.
-bool start(jpeg_decompress_struct& state) {
+bool start(jpeg_decompress_struct& state, int largest) {
     if (jpeg_read_header(&state, TRUE) != JPEG_HEADER_OK || !holdable(state)) return false;
+    if (std::max<long long>(state.image_width, state.image_height) > largest) return false;
     if (state.jpeg_color_space == JCS_CMYK || state.jpeg_color_space == JCS_YCCK) return false;
     state.out_color_space = JCS_EXT_BGRA;
     return jpeg_start_decompress(&state);
 }
 
-bool decodeInto(std::string_view bytes, std::optional<Bitmap>& bitmap) {
+bool decodeInto(std::string_view bytes, int largest, std::optional<Bitmap>& bitmap) {
     jpeg_decompress_struct state{};
     Errors errors;
     jpeg_progress_mgr progress{};
@@ -95,7 +96,7 @@ bool decodeInto(std::string_view bytes, std::optional<Bitmap>& bitmap) {
     progress.progress_monitor = countScans;
     state.progress = &progress;
     jpeg_mem_src(&state, reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
-    if (!start(state)) return jpeg_destroy_decompress(&state), false;
+    if (!start(state, largest)) return jpeg_destroy_decompress(&state), false;
     bitmap.emplace(int(state.output_width), int(state.output_height));
     while (state.output_scanline < state.output_height) {
         JSAMPROW row = bitmap->row(int(state.output_scanline));
@@ -122,9 +123,9 @@ std::string encode(const Bitmap& bitmap, double quality) {
     return {reinterpret_cast<const char*>(memory), size};
 }
 
-std::optional<Bitmap> decode(std::string_view bytes) {
+std::optional<Bitmap> decode(std::string_view bytes, int largest) {
     std::optional<Bitmap> bitmap;
-    const bool whole = !bytes.empty() && decodeInto(bytes, bitmap);
+    const bool whole = !bytes.empty() && decodeInto(bytes, largest, bitmap);
     return whole ? std::move(bitmap) : std::nullopt;
 }
 

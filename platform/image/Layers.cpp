@@ -206,7 +206,7 @@ private:
 
     /// A raster's pixels within `limits`, beyond which they repeat; `way` leads from the canvas to its grid.
     void addSeen(State& state, Raster raster, const Transform& way, const PixelRect& limits) {
-        if (state.bounds.empty()) return;
+        if (state.bounds.empty() || raster.bitmap.empty()) return; // too large a picture has no raster
         const bool opaque = raster.opaque;
         if (!keepsAxes(way)) return addAtAngle(state, std::move(raster), way);
         if (!isShift(way) || !limits.contains(shifted(state.bounds, way)))

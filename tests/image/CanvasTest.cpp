@@ -257,3 +257,15 @@ TEST(Canvas, survivesEveryTransform) {
         }
     }
 }
+
+TEST(Canvas, leavesOutAPictureWithAlphaThatIsTooLargeToHold) {
+    const int wide = 40'000;
+    auto pixels = std::make_shared<std::vector<std::uint8_t>>(std::size_t{4} * wide, 255);
+    Frame frame{.width = wide, .height = 1, .layout = Frame::Layout::bgra, .hasAlpha = true};
+    frame.planes[0] = pixels->data();
+    frame.strides[0] = std::ptrdiff_t{4} * wide;
+    frame.keeper = pixels;
+    Bitmap target(16, 16);
+    Canvas::draw(Image::frame(frame).over(Image::colour(Colour::white)), target);
+    EXPECT_EQ(target.row(8)[0], 255);
+}

@@ -137,3 +137,13 @@ TEST(CaptionCue, passesOverTimesThatAreNone) {
             EXPECT_LE(CaptionCue::cues(spoken.video, spoken.project).size(), 3 * 4);
         }
 }
+
+TEST(CaptionCue, piecesOfALongLineHoldTheirOwnTextAlone) {
+    std::string text;
+    for (int word = 0; word < 4000; ++word) text += "word ";
+    const auto pieces = CaptionCue::pieces({.start = 0, .end = 60, .text = text}, nullptr, 24);
+    ASSERT_GT(pieces.size(), 500u);
+    std::size_t held = 0;
+    for (const auto& piece : pieces) held += piece.text.capacity();
+    EXPECT_LT(held, 4 * text.size());
+}

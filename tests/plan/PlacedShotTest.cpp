@@ -112,3 +112,9 @@ TEST(PlacedShot, staysBoundedOnNumbersThatAreNone) {
         EXPECT_LE(shots.size(), 5);
     }
 }
+
+TEST(PlacedShot, aFileThatAsksForMillionsOfShotsGetsABoundedPlan) {
+    const std::vector<Cut> cuts(4000, Made::cut(one, 0, 1));
+    const std::vector<Shot> shots(4000, Made::shot(one, 0.5));
+    EXPECT_LE(PlacedShot::place(shots, cuts).size(), 30'000u);
+}

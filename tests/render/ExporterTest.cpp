@@ -156,6 +156,23 @@ TEST(Exporter, whatStoodThereSurvivesAFailure) {
     EXPECT_EQ(read(folder / "out.mp4").frames.size(), 3U);
 }
 
+TEST(Exporter, footageIsNeverExportedOver) {
+    const samples::Folder folder;
+    samples::writeNumbered(folder / "a.mp4", 10, 30);
+    const auto project = samples::project({folder / "a.mp4"});
+    const auto video = samples::video(project, {{0, 0, 0.1}});
+    const auto before = contents(folder / "a.mp4");
+    std::filesystem::create_symlink(folder / "a.mp4", folder / "link.mp4");
+    for (const char* name : {"a.mp4", "link.mp4"})
+        EXPECT_THROW(Exporter::movie(video, project, orderTo(folder / name)), Problem) << name;
+    EXPECT_EQ(contents(folder / "a.mp4"), before);
+
+    auto order = orderTo(folder / "out.srt");
+    order.subtitles = true;
+    EXPECT_THROW(Exporter::movie(video, project, order), Problem);
+    EXPECT_FALSE(std::filesystem::exists(folder / "out.srt"));
+}
+
 TEST(Exporter, aCancelledExportLeavesNothing) {
     const samples::Folder folder;
     samples::writeNumbered(folder / "a.mp4", 60, 30);

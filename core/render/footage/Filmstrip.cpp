@@ -63,10 +63,10 @@ std::optional<std::filesystem::path> Filmstrip::place(int second) const {
 
 std::optional<Bitmap> Filmstrip::stored(int second) const {
     const auto path = place(second);
-    if (!path || !std::filesystem::exists(*path)) return {};
+    if (!path) return {};
     try {
-        auto picture = Jpeg::decode(Files::readWhole(*path, mostBytes));
-        if (picture && std::max(picture->width(), picture->height()) <= mostPixels) return picture;
+        auto picture = Jpeg::decode(Files::readWhole(*path, mostBytes), mostPixels);
+        if (picture) return picture;
     } catch (const Problem&) {
     }
     return {};

@@ -14,6 +14,7 @@ namespace {
 
 constexpr double leastShown = 0.05;      // seconds; a line that meets a cut by less is not captioned there
 constexpr std::int64_t usualLength = 24; // characters
+constexpr std::size_t mostCues = 20'000; // a file may show every line in each of thousands of cuts
 constexpr double entrance = 0.2;         // seconds in which a caption comes in …
 constexpr double exit = 0.16;            // … and a little more than it takes to go
 
@@ -146,6 +147,7 @@ std::vector<CaptionCue> CaptionCue::cues(const Video& video, const Project& proj
                 std::ranges::move(pieces(cue, timed.caption, most), std::back_inserter(cues));
         }
         start += cut.length();
+        if (cues.size() > mostCues) break;
     }
     return cues;
 }
@@ -159,14 +161,16 @@ std::vector<CaptionCue> CaptionCue::pieces(const CaptionCue& cue, const CaptionL
     std::vector<double> shares = hand ? handShares(*hand) : std::vector<double>{};
     if (shares.empty()) shares = lengthShares(texts);
 
+    // Not copied from the cue itself: each piece would keep room for the whole line's text.
+    const CaptionCue bare{.line = cue.line, .big = cue.big, .hidden = cue.hidden};
     std::vector<CaptionCue> result;
     double start = cue.start;
     for (std::size_t index = 0; index < texts.size(); ++index) {
         const bool last = index + 1 == texts.size();
-        CaptionCue piece = cue;
+        CaptionCue piece = bare;
         piece.start = start;
         piece.end = start = last ? cue.end : cue.start + (cue.end - cue.start) * shares[index];
-        piece.text = texts[index];
+        piece.text = std::move(texts[index]);
         if (texts.size() > 1) piece.piece = static_cast<int>(index);
         piece.byHand = hand;
         if (line) apply(piece, *line, hand ? &(*hand)[index] : nullptr);

@@ -15,6 +15,7 @@ namespace {
 constexpr double leastPanZoom = 1.2; // a pan needs room to travel
 constexpr double shakeLength = 0.8;  // seconds
 constexpr double joltsASecond = 24;
+constexpr std::size_t mostShots = 20'000; // a file may ask for every shot in each of thousands of cuts
 constexpr std::uint64_t focusSeed = 0x9E3779B97F5EADDF;
 constexpr std::uint64_t joltSeed = 0x9E3779B97F72C0BA;
 
@@ -42,6 +43,7 @@ std::vector<PlacedShot> moments(const List<Shot>& shots, const List<Cut>& cuts) 
             if (shot.source == cut.source && VideoTime::shows(cut, shot.at))
                 moments.push_back({.start = start + std::max(shot.at - cut.start, 0.0), .shot = shot});
         start += cut.length();
+        if (moments.size() > mostShots) break;
     }
     std::ranges::stable_sort(moments, {}, &PlacedShot::start);
     return moments;
