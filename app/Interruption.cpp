@@ -1,11 +1,16 @@
 #include "app/Interruption.h"
 
+#include <chrono>
+
 namespace murbo {
 
 namespace {
 
 // Sent by ourselves to end the waiting; by default it does nothing.
 constexpr int over = SIGURG;
+
+// Tools that end a job signal both the process and its group: that is one wish, not two.
+constexpr auto oneStroke = std::chrono::milliseconds(500);
 
 bool isIgnored(int signal) {
     struct sigaction action = {};
@@ -37,9 +42,12 @@ Interruption::~Interruption() {
 
 // A thread that waits for signals may do anything when one comes; a handler might not even take a lock.
 void Interruption::wait() {
+    using Clock = std::chrono::steady_clock;
+    Clock::time_point first;
     int signal = 0;
     while (sigwait(&caught, &signal) == 0 && signal != over) {
-        if (stop.request_stop()) continue;
+        if (stop.request_stop()) first = Clock::now();
+        if (Clock::now() - first < oneStroke) continue;
         std::signal(signal, SIG_DFL);
         pthread_sigmask(SIG_UNBLOCK, &caught, nullptr);
         raise(signal);
