@@ -9,6 +9,11 @@ cd "$(dirname "$0")/.."
 all=no
 [ "${1:-}" != --all ] || { all=yes; shift; }
 
+for tool in git clang-format clang-tidy; do
+    command -v $tool >/dev/null || { echo "The checks need $tool, which is not installed."; exit 1; }
+done
+git rev-parse --verify -q HEAD >/dev/null || { echo "The checks look at what git keeps, and this is no git checkout."; exit 1; }
+
 sources() { git ls-files --cached --others --exclude-standard "$@" | while read -r file; do [ ! -f "$file" ] || echo "$file"; done; }
 ours() { sources '*.h' '*.cpp'; }
 report() { [ -z "$1" ] || { printf '%s\n' "$1"; return 1; }; }
@@ -78,6 +83,8 @@ check_tidy() { # clang-tidy finds no faults
     local base files
     [ -f build/compile_commands.json ] || { echo "build/compile_commands.json is not there: ./dev build makes it"; return 1; }
     base=$(git merge-base HEAD origin/main 2>/dev/null || git rev-parse -q --verify HEAD~1 || git rev-parse HEAD)
+    # Where nothing differs there is no change to look at, but the whole.
+    [ "$base" != "$(git rev-parse HEAD)" ] || [ -n "$(git status --porcelain -- '*.cpp')" ] || all=yes
     files=$(if [ $all = yes ]; then sources '*.cpp'; else { git diff --name-only "$base" -- '*.cpp'; git ls-files --others --exclude-standard '*.cpp'; } | sort -u; fi |
         grep -E '^(app|core|platform)/' | while read -r file; do [ ! -f "$file" ] || echo "$file"; done)
     [ -n "$files" ] || return 0
