@@ -97,8 +97,10 @@ void placeSamples(const Taps::Output* outputs, int count, Columns::Group& group)
 Line Line::through(double offset, double slope) {
     constexpr double farthest = double(std::int64_t(1) << 36);
     constexpr double steepest = double(1 << 20);
-    return {std::llround(std::clamp(offset, -farthest, farthest) * double(one)),
-            std::llround(std::clamp(slope, -steepest, steepest) * double(one))};
+    const auto held = [](double value, double most) {
+        return std::isnan(value) ? 0 : std::llround(std::clamp(value, -most, most) * double(one));
+    };
+    return {held(offset, farthest), held(slope, steepest)};
 }
 
 Taps Taps::along(const Line& line, int from, int to, int lowest, int highest, Sum sum) {
