@@ -1,13 +1,11 @@
 #include "core/intake/Loudness.h"
 
 #include "core/intake/Heard.h"
+#include "core/intake/Measures.h"
 #include "platform/base/Cancelled.h"
-#include "platform/base/Files.h"
 #include "platform/base/Problem.h"
 #include "platform/media/MediaFile.h"
 #include "platform/media/MonoReader.h"
-
-#include <thread>
 
 namespace murbo {
 namespace {
@@ -18,28 +16,6 @@ constexpr double floorDecibels = 60;
 
 /// A hundred days of levels; a cache file beyond that is none of ours.
 constexpr std::size_t mostLevels = std::size_t{100} * 24 * 3600 * Loudness::perSecond;
-
-std::filesystem::path cacheFile(const std::filesystem::path& cache, const Source& source) {
-    return cache / "loudness" / (source.id.text() + ".bin");
-}
-
-std::vector<std::uint8_t> cached(const std::filesystem::path& file) {
-    try {
-        const auto bytes = Files::readWhole(file, mostLevels);
-        return {bytes.begin(), bytes.end()};
-    } catch (const Problem&) {
-        return {};
-    }
-}
-
-/// Levels that can't be kept are measured again next time, and no worse than that.
-void keep(const std::filesystem::path& file, const std::vector<std::uint8_t>& levels) {
-    try {
-        Files::createFolder(file.parent_path());
-        Files::writeWhole(file, {reinterpret_cast<const char*>(levels.data()), levels.size()});
-    } catch (const Problem&) {
-    }
-}
 
 float peakOf(std::span<const float> samples) {
     float peak = 0;
@@ -82,37 +58,22 @@ std::vector<std::uint8_t> Loudness::measure(const std::filesystem::path& file, i
 
 Loudness Loudness::of(const Source& source, const std::optional<std::filesystem::path>& cache,
                       std::stop_token stop) {
+    const auto place = cache ? Measures::place(*cache, "loudness", source, ".bin") : std::filesystem::path();
     if (cache) {
-        if (auto levels = cached(cacheFile(*cache, source)); !levels.empty()) return {std::move(levels)};
+        if (const auto bytes = Measures::kept(place, mostLevels); !bytes.empty())
+            return {{bytes.begin(), bytes.end()}};
     }
     Loudness measured{measure(source.path, perSecond, stop)};
-    if (cache) keep(cacheFile(*cache, source), measured.levels);
+    const auto& levels = measured.levels;
+    if (cache) Measures::keep(place, {reinterpret_cast<const char*>(levels.data()), levels.size()});
     return measured;
 }
 
 std::map<UUID, Loudness> Loudness::of(const std::vector<Source>& sources,
                                       const std::optional<std::filesystem::path>& cache,
                                       std::stop_token stop) {
-    std::map<UUID, Loudness> all;
-    std::mutex lock;
-    std::atomic<std::size_t> next = 0;
-    const auto work = [&] {
-        for (std::size_t at = next++; at < sources.size(); at = next++) {
-            try {
-                auto measured = of(sources[at], cache, stop);
-                const std::lock_guard held(lock);
-                all.emplace(sources[at].id, std::move(measured));
-            } catch (const Problem&) {
-            }
-        }
-    };
-    const std::size_t workers =
-        std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, sources.size() + 1);
-    std::vector<std::jthread> threads;
-    for (std::size_t at = 1; at < workers; ++at) threads.emplace_back(work);
-    work();
-    threads.clear();
-    return all;
+    return Measures::ofAll<Loudness>(sources, std::thread::hardware_concurrency(),
+                                     [&](const Source& source) { return of(source, cache, stop); });
 }
 
 double Loudness::level(double from, double to) const {

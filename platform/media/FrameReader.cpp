@@ -24,8 +24,8 @@ double bounded(double time) {
 }
 
 PictureDecoder::Threads threads(FrameReader::Purpose purpose) {
-    const bool playing = purpose == FrameReader::Purpose::playing;
-    return playing ? PictureDecoder::Threads::several : PictureDecoder::Threads::one;
+    const bool stills = purpose == FrameReader::Purpose::stills;
+    return stills ? PictureDecoder::Threads::one : PictureDecoder::Threads::several;
 }
 
 AVStream* pictureOf(const Input& input) {
@@ -45,6 +45,7 @@ struct FrameReader::Parts {
           facts(Facts::of(input)),
           decoder(input, stream, threads(purpose)) {
         input.readOnly(stream);
+        if (purpose == Purpose::sampling) decoder.onlySample();
         tolerance = std::min(timeTolerance, av_q2d(stream->time_base) / 2) + 1e-6;
     }
 

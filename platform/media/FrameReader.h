@@ -13,12 +13,18 @@ namespace murbo {
 /// starts at the file's zero; rotation, pixel aspect, interlacing, start offsets and edit lists are settled
 /// here, so that a frame is upright and at its true time whatever wrote the file.
 ///
+/// For sampling, a file is read from end to end by `next`, at a fraction of the work. Pictures on which no
+/// other builds are left out, and some where none builds on any; large ones come without the smoothing of
+/// their blocks' edges, interlaced ones with both fields woven. Their times are true; how close they stand
+/// depends on how the file was made.
+///
 /// One thread at a time may use a reader.
 class FrameReader {
 public:
     enum class Purpose {
-        stills, ///< single pictures anywhere: quick after a seek
-        playing ///< a run of pictures forward: quick from one to the next
+        stills,  ///< single pictures anywhere: quick after a seek
+        playing, ///< a run of pictures forward: quick from one to the next
+        sampling ///< to measure, not to look at: see below
     };
 
     struct TimedFrame {

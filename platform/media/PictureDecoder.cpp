@@ -15,6 +15,9 @@ constexpr int mostPacketsInVain = 1000;
 // 16384 x 8192 is above all that is recorded; a header may claim anything.
 constexpr std::int64_t mostPixels = std::int64_t{1} << 27;
 constexpr int mostThreads = 8;
+constexpr std::int64_t largePicture = 1280 * 720;
+// Where pictures stand for themselves, sampling decodes one in so many seconds.
+constexpr double sampledEvery = 0.1;
 
 bool hasAlphaBeside(const AVStream* stream) {
     const AVDictionaryEntry* entry = av_dict_get(stream->metadata, "alpha_mode", nullptr, 0);
@@ -65,10 +68,22 @@ PictureDecoder::PictureDecoder(Input& from, AVStream* track, Threads threads)
     windMargin = static_cast<std::int64_t>(fullyDecoded / av_q2d(stream->time_base));
 }
 
+void PictureDecoder::onlySample() {
+    sampling = true;
+    const AVCodecParameters& parameters = *stream->codecpar;
+    // Whoever samples large pictures reduces them, and then the edges of their blocks are gone too.
+    if (std::int64_t{parameters.width} * parameters.height >= largePicture)
+        codec->skip_loop_filter = AVDISCARD_ALL;
+    const AVCodecDescriptor* kind = avcodec_descriptor_get(parameters.codec_id);
+    if (kind && kind->props & AV_CODEC_PROP_INTRA_ONLY)
+        sampleStep = static_cast<std::int64_t>(sampledEvery / av_q2d(stream->time_base));
+}
+
 void PictureDecoder::restart() {
     avcodec_flush_buffers(codec.get());
     deinterlacer.reset();
     windEnd = leftOut = farthest = lastGiven = firstKey = INT64_MIN;
+    lastSampled = INT64_MIN;
     drained = false;
     packetsInVain = 0;
 }
@@ -107,7 +122,7 @@ std::optional<PictureDecoder::Decoded> PictureDecoder::next() {
 
 // Whether the picture went into the deinterlacer, and comes out of it in time.
 bool PictureDecoder::deinterlace() {
-    if (!deinterlacer && !picture->interlaced_frame) return neighbourMissing = false;
+    if (sampling || (!deinterlacer && !picture->interlaced_frame)) return neighbourMissing = false;
     if (!deinterlacer || !deinterlacer->takes(*picture))
         deinterlacer = Deinterlacer::make(*picture, stream->time_base);
     return deinterlacer && deinterlacer->put(picture.get());
@@ -136,6 +151,7 @@ bool PictureDecoder::receive() {
 bool PictureDecoder::feed() {
     while (input.read(packet.get())) {
         if (!isUsable(*packet)) continue;
+        if (isBetweenSamples(*packet)) continue;
         chooseSkipping(*packet);
         if (!(packet->flags & AV_PKT_FLAG_DISCARD) && ++packetsInVain > mostPacketsInVain) return false;
         avcodec_send_packet(codec.get(), packet.get());
@@ -153,11 +169,21 @@ bool PictureDecoder::isUsable(const AVPacket& given) {
     return true;
 }
 
+bool PictureDecoder::isBetweenSamples(const AVPacket& given) {
+    if (sampleStep == 0 || given.pts == AV_NOPTS_VALUE) return false;
+    // Without signs, as a file may hold any two times.
+    const std::uint64_t since =
+        static_cast<std::uint64_t>(given.pts) - static_cast<std::uint64_t>(lastSampled);
+    if (given.pts >= lastSampled && since < static_cast<std::uint64_t>(sampleStep)) return true;
+    lastSampled = given.pts;
+    return false;
+}
+
 void PictureDecoder::chooseSkipping(const AVPacket& given) {
     const std::int64_t ticks = given.pts == AV_NOPTS_VALUE ? given.dts : given.pts;
     const bool known = ticks != AV_NOPTS_VALUE;
     const bool winding = mayWind && known && windEnd != INT64_MIN && ticks < windEnd - windMargin;
-    codec->skip_frame = winding ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
+    codec->skip_frame = winding || (sampling && mayWind) ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
     if (known) farthest = std::max(farthest, ticks);
     if (winding && !(given.flags & AV_PKT_FLAG_DISCARD)) leftOut = std::max(leftOut, ticks);
 }

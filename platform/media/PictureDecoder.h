@@ -24,6 +24,9 @@ public:
     /// Throws Problem where the track has no working decoder.
     PictureDecoder(Input& input, AVStream* stream, Threads threads);
 
+    /// From here on gives only what can be had with little work: see FrameReader's sampling.
+    void onlySample();
+
     /// Goes to the last place at or before a time from which decoding can begin. False where that failed.
     bool seek(double seconds);
     /// Goes to the very beginning; from there on nothing is left out.
@@ -46,6 +49,7 @@ private:
     void restart();
     bool feed();
     bool isUsable(const AVPacket& packet);
+    bool isBetweenSamples(const AVPacket& packet);
     void chooseSkipping(const AVPacket& packet);
     bool receive();
     std::int64_t timeOf(const AVFrame& picture);
@@ -59,6 +63,9 @@ private:
     ffmpeg::Picture picture = ffmpeg::makePicture();
     std::optional<Deinterlacer> deinterlacer;
 
+    bool sampling = false;
+    std::int64_t sampleStep = 0; ///< ticks; 0 where all packets are read
+    std::int64_t lastSampled = INT64_MIN;
     bool mayWind = false;
     std::int64_t windEnd = INT64_MIN;
     std::int64_t windMargin = 0;
