@@ -1,5 +1,6 @@
 #include "platform/base/Files.h"
 
+#include "platform/base/Beside.h"
 #include "platform/base/Descriptor.h"
 #include "platform/base/Problem.h"
 
@@ -9,16 +10,13 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace murbo::Files {
 namespace {
 
-constexpr mode_t ownersDefault = 0666; // less the process's mask
 constexpr mode_t permissionBits = 07777;
-constexpr std::size_t longestName = 200; // leaves room for the ending within the usual 255 bytes
 
 [[noreturn]] void failed(const std::filesystem::path& path, const char* verb, int error) {
     throw Problem(fmt::format("“{}” could not be {}: {}.", path.filename().string(), verb, cause(error)));
@@ -35,48 +33,30 @@ std::filesystem::path folderOf(const std::filesystem::path& path) {
     return path.has_parent_path() ? path.parent_path() : std::filesystem::path(".");
 }
 
-/// Whether the open file still stands under its name: another writer may have moved it into place meanwhile.
-bool standsAt(int file, const std::filesystem::path& path) {
-    struct stat open {};
-    struct stat named {};
-    return ::fstat(file, &open) == 0 && ::stat(path.c_str(), &named) == 0 && open.st_ino == named.st_ino &&
-           open.st_dev == named.st_dev;
-}
-
 /// The new file beside the old one, until it takes its place.
-class Beside {
+class NewFile {
 public:
-    /// The names are few and fixed, so that what a killed process left is used again rather than left for
-    /// ever; the lock keeps two living writers apart.
-    explicit Beside(const std::filesystem::path& path) : destination(path), file(-1) {
-        const auto name = path.filename().string().substr(0, longestName);
-        for (int number = 0;; ++number) {
-            temporary = folderOf(path) / fmt::format(".{}.{}.new", name, number);
-            Descriptor opened(
-                ::open(temporary.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, ownersDefault));
-            if (opened < 0) notWritten(path);
-            if (::flock(opened, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) continue;
-            if (!standsAt(opened, temporary)) continue;
-            file = std::move(opened);
-            return;
-        }
+    explicit NewFile(const std::filesystem::path& path) : destination(path) {
+        Beside::refuseUnlessFile(path);
+        claimed = Beside::claim(path, "new");
     }
 
-    Beside(const Beside&) = delete;
-    ~Beside() {
-        if (!temporary.empty()) ::unlink(temporary.c_str());
+    NewFile(const NewFile&) = delete;
+    ~NewFile() {
+        if (!claimed.path.empty()) ::unlink(claimed.path.c_str());
     }
 
     void begin() {
         struct stat old {};
-        if (::ftruncate(file, 0) != 0) notWritten(destination);
-        if (::stat(destination.c_str(), &old) == 0 && ::fchmod(file, old.st_mode & permissionBits) != 0)
+        if (::ftruncate(claimed.file, 0) != 0) notWritten(destination);
+        if (::stat(destination.c_str(), &old) == 0 &&
+            ::fchmod(claimed.file, old.st_mode & permissionBits) != 0)
             notWritten(destination);
     }
 
     void append(std::string_view bytes) {
         while (!bytes.empty()) {
-            const auto written = ::write(file, bytes.data(), bytes.size());
+            const auto written = ::write(claimed.file, bytes.data(), bytes.size());
             if (written < 0 && errno == EINTR) continue;
             if (written < 0) notWritten(destination);
             bytes.remove_prefix(static_cast<std::size_t>(written));
@@ -84,15 +64,14 @@ public:
     }
 
     void takePlace() {
-        if (::fsync(file) != 0) notWritten(destination);
-        if (::rename(temporary.c_str(), destination.c_str()) != 0) notWritten(destination);
-        temporary.clear();
+        if (::fsync(claimed.file) != 0) notWritten(destination);
+        if (::rename(claimed.path.c_str(), destination.c_str()) != 0) notWritten(destination);
+        claimed.path.clear();
     }
 
 private:
     std::filesystem::path destination;
-    std::filesystem::path temporary;
-    Descriptor file;
+    Beside::Claimed claimed{{}, Descriptor(-1)};
 };
 
 /// A rename is sure only once its folder is on the disk. Some file systems can't flush folders: then it is as
@@ -126,10 +105,10 @@ std::string readWhole(const std::filesystem::path& path, std::size_t most) {
 }
 
 void writeWhole(const std::filesystem::path& path, std::string_view bytes) {
-    Beside beside(path);
-    beside.begin();
-    beside.append(bytes);
-    beside.takePlace();
+    NewFile file(path);
+    file.begin();
+    file.append(bytes);
+    file.takePlace();
     flushFolder(folderOf(path));
 }
 
@@ -139,17 +118,17 @@ void copy(const std::filesystem::path& from, const std::filesystem::path& to) {
     if (file < 0 || ::fstat(file, &facts) != 0) notRead(from);
     if (!S_ISREG(facts.st_mode)) failed(from, "read", ESPIPE);
     createFolder(folderOf(to));
-    Beside beside(to);
-    beside.begin();
+    NewFile made(to);
+    made.begin();
     std::string part(std::size_t{1} << 20, '\0');
     while (true) {
         const auto got = ::read(file, part.data(), part.size());
         if (got < 0 && errno == EINTR) continue;
         if (got < 0) notRead(from);
         if (got == 0) break;
-        beside.append(std::string_view(part).substr(0, static_cast<std::size_t>(got)));
+        made.append(std::string_view(part).substr(0, static_cast<std::size_t>(got)));
     }
-    beside.takePlace();
+    made.takePlace();
     flushFolder(folderOf(to));
 }
 

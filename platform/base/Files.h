@@ -16,7 +16,7 @@ std::string readWhole(const std::filesystem::path& path, std::size_t most);
 
 /// Puts a file in place as a whole: at every moment, and after a crash, the path holds either the old bytes
 /// or the new ones. An existing file keeps its permissions. On failure nothing is left behind. Two processes
-/// may write the same path; the last one wins.
+/// may write the same path; the last one wins. What is no regular file, such as a device, is never replaced.
 void writeWhole(const std::filesystem::path& path, std::string_view bytes);
 
 /// Copies a regular file, its folder made where it is missing, over what stands there: as a whole and

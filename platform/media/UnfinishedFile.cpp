@@ -1,13 +1,13 @@
 #include "platform/media/UnfinishedFile.h"
 
+#include "platform/base/Beside.h"
 #include "platform/base/Files.h"
 #include "platform/base/Problem.h"
-#include "platform/base/UUID.h"
 
 #include <cerrno>
 
 #include <fcntl.h>
-#include <sys/stat.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 namespace murbo {
@@ -19,43 +19,69 @@ std::filesystem::path folderOf(const std::filesystem::path& path) {
     return parent.empty() ? std::filesystem::path(".") : parent;
 }
 
-// A name of a file is 255 bytes at most.
-constexpr std::size_t longestKept = 200;
+constexpr const char* ending = "unfinished";
+// Another writer may take a name between one call and the next.
+constexpr int mostTries = 100;
+
+int link(int file, const std::filesystem::path& path) {
+    const std::string own = "/proc/self/fd/" + std::to_string(file);
+    return ::linkat(AT_FDCWD, own.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) == 0 ? 0 : errno;
+}
 
 }
 
-UnfinishedFile::UnfinishedFile(const std::filesystem::path& place, bool named) : destination(place) {
-    std::error_code error;
-    if (!place.has_filename() || std::filesystem::is_directory(place, error)) fail(EISDIR);
-    if (!named) file = Descriptor(::open(folderOf(place).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0666));
+UnfinishedFile::UnfinishedFile(const std::filesystem::path& place, bool named)
+    : destination(Beside::followed(place)) {
+    if (!destination.has_filename()) fail(EISDIR);
+    Beside::refuseUnlessFile(destination);
+    if (!named)
+        file = Descriptor(::open(folderOf(destination).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0666));
     if (file < 0) openNamed();
+    // Once it has a name, nobody else is to take it for one that was left.
+    if (temporary.empty()) ::flock(file, LOCK_EX | LOCK_NB);
 }
 
 UnfinishedFile::~UnfinishedFile() {
     if (!temporary.empty()) ::unlink(temporary.c_str());
 }
 
-std::filesystem::path UnfinishedFile::beside() const {
-    const std::string name = destination.filename().string().substr(0, longestKept);
-    return folderOf(destination) / ("." + name + "." + UUID::make().text().substr(0, 8) + ".unfinished");
+void UnfinishedFile::openNamed() {
+    auto claimed = Beside::claim(destination, ending);
+    temporary = std::move(claimed.path);
+    file = std::move(claimed.file);
+    if (::ftruncate(file, 0) == 0) return;
+    const int error = errno;
+    ::unlink(temporary.c_str());
+    fail(error);
 }
 
-void UnfinishedFile::openNamed() {
-    const auto path = beside();
-    file = Descriptor(::open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666));
-    if (file < 0) fail(errno);
-    temporary = path;
+// Where nothing is to be replaced, no other name is needed in between.
+bool UnfinishedFile::tookFreePlace() {
+    const int error = link(file, destination);
+    if (error != 0 && error != EEXIST) fail(error);
+    return error == 0;
+}
+
+// A file without a name can't replace another: it takes the name of one that can.
+void UnfinishedFile::takeName() {
+    for (int tries = 0; tries < mostTries; ++tries) {
+        const auto claimed = Beside::claim(destination, ending);
+        ::unlink(claimed.path.c_str());
+        const int error = link(file, claimed.path);
+        if (error == EEXIST) continue;
+        if (error != 0) fail(error);
+        temporary = claimed.path;
+        return;
+    }
+    fail(EBUSY);
 }
 
 void UnfinishedFile::finish() {
     if (::fsync(file) != 0) fail(errno);
-    if (temporary.empty()) {
-        const auto path = beside();
-        const std::string own = "/proc/self/fd/" + std::to_string(file);
-        if (::linkat(AT_FDCWD, own.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) != 0) fail(errno);
-        temporary = path;
-    }
-    if (::rename(temporary.c_str(), destination.c_str()) != 0) fail(errno);
+    Beside::refuseUnlessFile(destination);
+    const bool placed = temporary.empty() && tookFreePlace();
+    if (!placed && temporary.empty()) takeName();
+    if (!placed && ::rename(temporary.c_str(), destination.c_str()) != 0) fail(errno);
     temporary.clear();
     // The new name itself comes to the disk with its folder.
     const Descriptor folder(::open(folderOf(destination).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));

@@ -8,10 +8,11 @@ namespace murbo {
 
 /// A file that is being written where nobody sees it, and takes its place as a whole. Where the file system
 /// can, it has no name until then, so that even a killed program leaves nothing behind; elsewhere it stands
-/// hidden beside its place, and goes with this object.
+/// hidden beside its place, and goes with this object; what a killed program left the next one takes over.
 class UnfinishedFile {
 public:
-    /// Throws Problem where the place can't be written.
+    /// A symbolic link stays, and the file it names is written. Throws Problem where the place can't be
+    /// written, or holds something other than a file.
     explicit UnfinishedFile(const std::filesystem::path& destination, bool named = false);
     UnfinishedFile(const UnfinishedFile&) = delete;
     UnfinishedFile& operator=(const UnfinishedFile&) = delete;
@@ -26,8 +27,9 @@ public:
     [[noreturn]] void fail(int error) const;
 
 private:
-    std::filesystem::path beside() const;
     void openNamed();
+    bool tookFreePlace();
+    void takeName();
 
     std::filesystem::path destination;
     std::filesystem::path temporary; ///< empty while the file has no name

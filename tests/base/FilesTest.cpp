@@ -85,6 +85,21 @@ TEST(Files, faultsAreToldInPlainWords) {
     EXPECT_EQ(Files::cause(ENOSPC), "there is no space left on the disk");
 }
 
+TEST(Files, whatIsNoFileIsNeverReplaced) {
+    Scratch scratch;
+    const auto pipe = scratch / "pipe";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    Files::writeWhole(scratch / "file", "bytes");
+    fs::create_symlink(pipe, scratch / "link");
+    for (const auto& path : {pipe, scratch / "link"}) {
+        EXPECT_THAT(faultOf([&] { Files::writeWhole(path, "x"); }), ::testing::HasSubstr("no ordinary file"));
+        EXPECT_THAT(faultOf([&] { Files::copy(scratch / "file", path); }),
+                    ::testing::HasSubstr("no ordinary file"));
+    }
+    EXPECT_TRUE(fs::is_fifo(pipe));
+    EXPECT_EQ(filesIn(scratch.path()), 3);
+}
+
 TEST(Files, aReadOnlyFolderIsRefused) {
     if (::geteuid() == 0) GTEST_SKIP() << "Root may write everywhere.";
     const Scratch scratch;
