@@ -17,6 +17,10 @@ constexpr double worthAJump = 0.5;
 constexpr double blindReach = 3;
 // The first step back where a jump landed too late; then twice as far, and so on.
 constexpr double firstStepBack = 2;
+// Decoders hold pictures back for less than this.
+constexpr double mostHeldBack = 1;
+// Longer broken stretches than so many times what the decoder passes over at once end the reading.
+constexpr int mostStretches = 32;
 
 // Far enough for any file, and safe to calculate with.
 double bounded(double time) {
@@ -59,6 +63,7 @@ struct FrameReader::Parts {
     bool shows(double time) const;
     bool canReadOn(double time) const;
     void readOn(double time);
+    bool passedBroken();
     double inside(double time) const;
     void advance();
     void jump(double time, bool winding);
@@ -84,12 +89,15 @@ bool FrameReader::Parts::shows(double time) const {
     if (shown == INT64_MIN) return false;
     const double since = input.seconds(shown, stream);
     if (since > time + tolerance) return currentIsFirst;
-    return !comesOn(upcoming, time);
+    if (upcoming || decoder.isAtEnd()) return !comesOn(upcoming, time);
+    const double passed = input.seconds(decoder.readUpTo(), stream) - mostHeldBack;
+    return time <= std::max(since + tolerance, passed);
 }
 
 // Decoding on costs what lies between; a jump costs what lies between its keyframe and the time.
 bool FrameReader::Parts::canReadOn(double time) const {
     if (shown == INT64_MIN || input.seconds(shown, stream) > time + tolerance) return false;
+    if (decoder.hasFailed()) return false;
     const double position = input.seconds(decoder.readUpTo(), stream);
     if (time <= position + worthAJump) return true;
     const std::int64_t target = input.ticks(time, stream);
@@ -110,8 +118,18 @@ void FrameReader::Parts::advance() {
 
 void FrameReader::Parts::readOn(double time) {
     decoder.windTo(input.ticks(inside(time), stream));
+    if (!upcoming) upcoming = decoder.next();
     while (comesOn(upcoming, time)) advance();
     decoder.stopWinding();
+}
+
+// Whether there is a picture behind the one shown, however long the broken stretch between them.
+bool FrameReader::Parts::passedBroken() {
+    for (int tries = 0; !upcoming && tries < mostStretches; ++tries) {
+        if (decoder.isAtEnd() || decoder.hasFailed()) break;
+        upcoming = decoder.next();
+    }
+    return upcoming.has_value();
 }
 
 // Behind the end the last picture is asked for, and those around it must be whole too.
@@ -136,7 +154,7 @@ void FrameReader::Parts::jump(double time, bool winding) {
         if (winding) decoder.windTo(input.ticks(goal, stream));
         upcoming.reset();
         if (there) upcoming = decoder.next();
-        if (!fromStart && !comesOn(upcoming, time)) continue;
+        if (!fromStart && !comesOn(upcoming, time) && !decoder.hasFailed()) continue;
         advance();
         currentIsFirst = fromStart;
         break;
@@ -189,7 +207,7 @@ std::optional<FrameReader::TimedFrame> FrameReader::at(double asked) {
 
 std::optional<FrameReader::TimedFrame> FrameReader::next() {
     if (parts->shown == INT64_MIN) return at(0);
-    if (!parts->upcoming) return std::nullopt;
+    if (!parts->passedBroken()) return std::nullopt;
     parts->advance();
     return parts->given();
 }

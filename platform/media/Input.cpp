@@ -146,9 +146,9 @@ bool Input::read(AVPacket* packet) {
     atStart = false;
     for (int failed = 0; failed < mostFailedReads;) {
         av_packet_unref(packet);
-        const int error = av_read_frame(format.get(), packet);
-        if (error == AVERROR_EOF || error == AVERROR_EXIT) return false;
-        if (error < 0)
+        lastError = av_read_frame(format.get(), packet);
+        if (isAtEnd() || isTooSlow()) return false;
+        if (lastError < 0)
             ++failed;
         else if (!chosen || packet->stream_index == chosen->index)
             return true;

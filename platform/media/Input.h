@@ -33,6 +33,10 @@ public:
 
     /// The next packet of the chosen track; false at the end, and where nothing more can be read.
     bool read(AVPacket* packet);
+    /// Whether the last reading met the end of the file, and did not fail before it.
+    bool isAtEnd() const { return lastError == AVERROR_EOF; }
+    /// Whether the last reading took too long. Another one at once would as well.
+    bool isTooSlow() const { return lastError == AVERROR_EXIT; }
 
     /// Goes to the last place at or before a time from which the track can be decoded, as far as the format
     /// can tell; it may be later or much earlier. False where that failed.
@@ -51,6 +55,7 @@ private:
     ffmpeg::FormatContext format;
     const AVStream* chosen = nullptr;
     bool atStart = true;
+    int lastError = 0;
     double zero = 0;
 };
 

@@ -85,6 +85,7 @@ void PictureDecoder::restart() {
     windEnd = leftOut = farthest = lastGiven = firstKey = INT64_MIN;
     lastSampled = INT64_MIN;
     drained = false;
+    stopped = Stopped::no;
     packetsInVain = 0;
 }
 
@@ -103,6 +104,8 @@ bool PictureDecoder::rewind() {
 }
 
 std::optional<PictureDecoder::Decoded> PictureDecoder::next() {
+    if (stopped == Stopped::inVain) stopped = Stopped::no;
+    packetsInVain = 0;
     for (;;) {
         if (deinterlacer && deinterlacer->take(picture.get())) {
             // The first one lacked the neighbour before it, and looks otherwise than when read up to.
@@ -110,7 +113,7 @@ std::optional<PictureDecoder::Decoded> PictureDecoder::next() {
             continue;
         }
         if (!receive()) {
-            if (!deinterlacer || !deinterlacer->end()) return std::nullopt;
+            if (!isAtEnd() || !deinterlacer || !deinterlacer->end()) return std::nullopt;
             continue;
         }
         const std::int64_t ticks = timeOf(*picture);
@@ -134,31 +137,40 @@ std::optional<PictureDecoder::Decoded> PictureDecoder::given(std::int64_t ticks)
 
 // The next picture out of the decoder itself, into `picture`.
 bool PictureDecoder::receive() {
-    for (;;) {
+    while (stopped == Stopped::no) {
         av_frame_unref(picture.get());
         const int error = avcodec_receive_frame(codec.get(), picture.get());
         if (error == 0) {
             packetsInVain = 0;
             return true;
         }
-        if (error == AVERROR_EOF || error == AVERROR(ENOMEM)) return false;
         // Any other error is one broken picture; those behind it may be whole.
-        if (!feed()) return false;
+        if (error == AVERROR_EOF)
+            stopped = Stopped::atEnd;
+        else if (error == AVERROR(ENOMEM))
+            stopped = Stopped::failed;
+        else
+            feed();
     }
+    return false;
 }
 
-// False when all is over: the end was told, or nothing comes of what is read.
-bool PictureDecoder::feed() {
-    while (input.read(packet.get())) {
+// Gives the decoder one more packet, tells it of the end, or stops.
+void PictureDecoder::feed() {
+    while (packetsInVain < mostPacketsInVain && input.read(packet.get())) {
         if (!isUsable(*packet)) continue;
         if (isBetweenSamples(*packet)) continue;
         chooseSkipping(*packet);
-        if (!(packet->flags & AV_PKT_FLAG_DISCARD) && ++packetsInVain > mostPacketsInVain) return false;
+        if (!(packet->flags & AV_PKT_FLAG_DISCARD)) ++packetsInVain;
         avcodec_send_packet(codec.get(), packet.get());
-        return true;
+        return;
     }
-    if (std::exchange(drained, true)) return false;
-    return avcodec_send_packet(codec.get(), nullptr) >= 0;
+    if (packetsInVain >= mostPacketsInVain)
+        stopped = Stopped::inVain;
+    else if (!input.isAtEnd())
+        stopped = input.isTooSlow() ? Stopped::failed : Stopped::inVain;
+    else if (std::exchange(drained, true) || avcodec_send_packet(codec.get(), nullptr) < 0)
+        stopped = Stopped::atEnd;
 }
 
 bool PictureDecoder::isUsable(const AVPacket& given) {

@@ -42,12 +42,18 @@ public:
     /// How far into the track packets have been read.
     std::int64_t readUpTo() const { return farthest; }
 
-    /// The next picture; nothing at the end, or where nothing more can be decoded.
+    /// The next picture; nothing at the end, and where nothing came of a long stretch. Behind such a stretch
+    /// another call reads on.
     std::optional<Decoded> next();
+
+    /// Why there was no next picture: it is all over, or only `next` was at the end of its patience.
+    bool isAtEnd() const { return stopped == Stopped::atEnd; }
+    /// Reading failed, and reading on would too; a seek may help.
+    bool hasFailed() const { return stopped == Stopped::failed; }
 
 private:
     void restart();
-    bool feed();
+    void feed();
     bool isUsable(const AVPacket& packet);
     bool isBetweenSamples(const AVPacket& packet);
     void chooseSkipping(const AVPacket& packet);
@@ -77,6 +83,8 @@ private:
     bool waitsForKey = false;
     std::int64_t firstKey = INT64_MIN;
     bool neighbourMissing = false;
+    enum class Stopped { no, inVain, failed, atEnd };
+    Stopped stopped = Stopped::no;
     bool drained = false;
     int packetsInVain = 0;
 };

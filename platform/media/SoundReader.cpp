@@ -18,7 +18,10 @@ constexpr std::int64_t reachAhead = 2 * Sound::rate;
 // Kept behind the place read last, for the one who steps back a little.
 constexpr std::int64_t keptBehind = Sound::rate / 2;
 constexpr double firstStepBack = 1;
+// Reading on through a broken stretch stops after so many packets, until the next call.
 constexpr int mostPacketsInVain = 2000;
+// Sound comes out of a decoder less than this behind the packets that go in.
+constexpr std::int64_t mostHeldBack = Sound::rate;
 // Behind any sound, and safe to calculate with.
 constexpr std::int64_t farthest = std::int64_t{1} << 50;
 
@@ -54,7 +57,10 @@ struct SoundReader::Parts {
     bool reaches(std::int64_t from) const;
     void jump(std::int64_t from);
     bool pull();
-    bool feed();
+    void feed();
+    void pass();
+    bool landed(std::int64_t from) const;
+    void restart(double seconds, bool fromStart);
     std::int64_t placeOf(const AVFrame& sound) const;
     std::int64_t gridStart(const AVFrame& sound) const;
     int gridOf(const AVFrame& sound) const;
@@ -73,7 +79,9 @@ struct SoundReader::Parts {
     std::int64_t firstPlace = 0; ///< in frames, of the first sound behind the last jump
     int grid = 0;                ///< samples that each of the codec's frames holds, as far as they tell
     bool anything = false;       ///< whether there was any
-    bool ended = false;
+    enum class Stopped { no, inVain, failed, atEnd };
+    Stopped stopped = Stopped::no;
+    std::int64_t passed = INT64_MIN; ///< in frames: up to there nothing more will come
     bool drained = false;
     int packetsInVain = 0;
 };
@@ -86,7 +94,7 @@ double SoundReader::Parts::lengthOf() const {
 
 bool SoundReader::Parts::reaches(std::int64_t from) const {
     if (from < readyFrom) return false;
-    return ended || from <= std::max(converter.end(), readyFrom) + reachAhead;
+    return stopped == Stopped::atEnd || from <= std::max({converter.end(), passed, readyFrom}) + reachAhead;
 }
 
 // Whole frames at the track's own rate. Times that are rounded to a millisecond are put on the grid of the
@@ -122,9 +130,9 @@ int SoundReader::Parts::gridOf(const AVFrame& given) const {
     return stream->codecpar->frame_size > 0 ? stream->codecpar->frame_size : given.nb_samples;
 }
 
-// One more stretch of decoded sound; false when all is over.
+// One more stretch of decoded sound; false when all is over, and where nothing more comes for now.
 bool SoundReader::Parts::pull() {
-    while (!ended) {
+    while (stopped == Stopped::no) {
         const int error = avcodec_receive_frame(codec.get(), sound.get());
         if (error == 0 && sound->sample_rate > 0 && sound->nb_samples > 0) {
             packetsInVain = 0;
@@ -136,47 +144,78 @@ bool SoundReader::Parts::pull() {
             converter.put(*sound, place);
             return true;
         }
-        ended = error == AVERROR_EOF || error == AVERROR(ENOMEM) || (error != 0 && !feed());
+        if (error == AVERROR_EOF)
+            stopped = Stopped::atEnd;
+        else if (error == AVERROR(ENOMEM))
+            stopped = Stopped::failed;
+        else if (error != 0)
+            feed();
     }
     converter.finish();
     return false;
 }
 
-bool SoundReader::Parts::feed() {
-    if (input.read(packet.get())) {
-        if (++packetsInVain > mostPacketsInVain) return false;
+// Gives the decoder one more packet, tells it of the end, or stops.
+void SoundReader::Parts::feed() {
+    if (packetsInVain >= mostPacketsInVain) {
+        stopped = Stopped::inVain;
+    } else if (input.read(packet.get())) {
+        if (++packetsInVain >= mostPacketsInVain) pass();
         avcodec_send_packet(codec.get(), packet.get());
-        return true;
+    } else if (!input.isAtEnd()) {
+        stopped = input.isTooSlow() ? Stopped::failed : Stopped::inVain;
+    } else if (std::exchange(drained, true) || avcodec_send_packet(codec.get(), nullptr) < 0) {
+        stopped = Stopped::atEnd;
     }
-    if (std::exchange(drained, true)) return false;
-    return avcodec_send_packet(codec.get(), nullptr) >= 0;
 }
 
-// Where a jump lands is the format's guess: it counts only if sound comes early enough to warm the decoder
-// up.
+// What lies before this packet came to nothing, and need not be tried again.
+void SoundReader::Parts::pass() {
+    if (packet->pts == AV_NOPTS_VALUE) return;
+    const double seconds = std::clamp(input.seconds(packet->pts, stream), -1e9, 1e9);
+    passed = std::max(passed, std::int64_t{std::llround(seconds * Sound::rate)} - mostHeldBack);
+}
+
+void SoundReader::Parts::restart(double seconds, bool fromStart) {
+    avcodec_flush_buffers(codec.get());
+    converter.restart();
+    anything = drained = false;
+    stopped = Stopped::no;
+    passed = INT64_MIN;
+    packetsInVain = 0;
+    const bool there = fromStart ? input.rewind() : input.seek(stream, seconds);
+    if (there) pull();
+}
+
+// Sound must come early enough to warm the decoder up.
+bool SoundReader::Parts::landed(std::int64_t from) const {
+    return anything && firstPlace <= from - static_cast<std::int64_t>(preRoll / 2 * Sound::rate);
+}
+
+// Where a jump lands is the format's guess: it counts only by what it finds.
 void SoundReader::Parts::jump(std::int64_t from) {
     const double first = stream->start_time == AV_NOPTS_VALUE ? 0 : input.seconds(stream->start_time, stream);
     const double wanted = static_cast<double>(from) / Sound::rate - preRoll;
     for (double back = 0;; back = std::max(back * 2, firstStepBack)) {
         const bool fromStart = wanted - back <= first || back > 1e6;
-        avcodec_flush_buffers(codec.get());
-        converter.restart();
-        anything = ended = drained = false;
-        packetsInVain = 0;
-        const bool there = fromStart ? input.rewind() : input.seek(stream, wanted - back);
-        if (there) pull();
-        if (fromStart ||
-            (anything && firstPlace <= from - static_cast<std::int64_t>(preRoll / 2 * Sound::rate)))
-            break;
+        restart(wanted - back, fromStart);
+        if (landed(from) || stopped == Stopped::failed) break;
+        if (!fromStart) continue;
+        // All before may be broken: then what the first try found is all there is.
+        if (stopped == Stopped::inVain && back > 0) restart(wanted, false);
+        break;
     }
     readyFrom = from;
 }
 
 void SoundReader::Parts::read(std::int64_t from, std::int64_t until) {
-    if (!reaches(from)) jump(from);
-    while (converter.end() < until && pull()) {
+    if (stopped == Stopped::inVain) stopped = Stopped::no;
+    packetsInVain = 0;
+    const auto lacking = [&] { return std::max(converter.end(), passed) < until; };
+    if (!reaches(from) || (stopped == Stopped::failed && lacking())) jump(from);
+    while (lacking() && pull()) {
     }
-    if (ended) trackEnd = std::max<std::int64_t>(0, converter.end());
+    if (stopped == Stopped::atEnd && anything) trackEnd = std::max<std::int64_t>(0, converter.end());
 }
 
 SoundReader::SoundReader(std::unique_ptr<Parts> given) : parts(std::move(given)) {}
