@@ -2,6 +2,7 @@
 
 #include "core/model/Times.h"
 #include "core/model/VideoTime.h"
+#include "platform/base/Files.h"
 #include "platform/base/Problem.h"
 #include "platform/media/SoundReader.h"
 
@@ -178,18 +179,6 @@ bool isAbsolute(std::string_view name) {
     return name.starts_with('/');
 }
 
-/// `name` under the package, links followed; nothing where that leads out of it.
-std::optional<std::filesystem::path> inPackage(const std::filesystem::path& package,
-                                               const std::string& name) {
-    std::error_code failed;
-    const std::filesystem::path inside = std::filesystem::weakly_canonical(package, failed);
-    if (failed) return {};
-    const std::filesystem::path found = std::filesystem::weakly_canonical(inside / name, failed);
-    if (failed) return {};
-    const auto [left, _] = std::ranges::mismatch(inside, found);
-    return left == inside.end() ? std::optional(found) : std::nullopt;
-}
-
 }
 
 double gain(const Curve& curve, double time) {
@@ -255,7 +244,7 @@ std::optional<std::filesystem::path> file(const SoundCue& cue, const Plan& plan)
     if (cue.file.find('\0') != std::string::npos) return {};
     if (isAbsolute(cue.file)) return cue.file;
     if (!cue.file.starts_with("media/") || !plan.project) return {};
-    return inPackage(*plan.project, cue.file);
+    return Files::inside(*plan.project, cue.file);
 }
 
 std::vector<Stretch> silences(std::vector<Stretch> ranges, double gap) {

@@ -1,8 +1,8 @@
 #include "core/render/Stills.h"
 
 #include "core/model/Times.h"
+#include "core/model/VideoTime.h"
 #include "core/render/Renderer.h"
-#include "core/render/plan/VideoTime.h"
 #include "platform/base/Problem.h"
 #include "platform/image/Canvas.h"
 #include "platform/image/Jpeg.h"

@@ -1,4 +1,0 @@
-#pragma once
-
-// The clock stands with the records: the editing verbs need it too.
-#include "core/model/VideoTime.h"
