@@ -4,6 +4,7 @@
 #include "platform/media/FileEnd.h"
 #include "platform/media/Input.h"
 #include "platform/media/SoundConverter.h"
+#include "platform/media/VorbisTimes.h"
 
 #include <limits>
 
@@ -51,6 +52,7 @@ struct SoundReader::Parts {
     Parts(const std::filesystem::path& path, int track)
         : input(path), stream(trackOf(input, track)), codec(openedCodec(stream)), length(lengthOf()) {
         input.readOnly(stream);
+        timesAreEnds = VorbisTimes::areEnds(input, stream);
     }
 
     double lengthOf() const;
@@ -70,6 +72,7 @@ struct SoundReader::Parts {
     AVStream* stream;
     ffmpeg::CodecContext codec;
     double length = 0;
+    bool timesAreEnds = false;
     ffmpeg::Packet packet = ffmpeg::makePacket();
     ffmpeg::Picture sound = ffmpeg::makePicture();
     SoundConverter converter;
@@ -102,10 +105,13 @@ bool SoundReader::Parts::reaches(std::int64_t from) const {
 std::int64_t SoundReader::Parts::placeOf(const AVFrame& given) const {
     if (given.best_effort_timestamp == AV_NOPTS_VALUE) return converter.expected();
     const double rate = given.sample_rate;
-    const auto place = std::llround(input.seconds(given.best_effort_timestamp, stream) * rate);
+    const auto told = std::llround(input.seconds(given.best_effort_timestamp, stream) * rate);
+    const auto place = timesAreEnds ? told - given.nb_samples : told;
     const double tick = av_q2d(stream->time_base) * rate;
-    if (tick <= 1 || grid <= 0 || stream->start_time == AV_NOPTS_VALUE) return place;
+    if (tick <= 1 || stream->start_time == AV_NOPTS_VALUE) return place;
     const std::int64_t origin = gridStart(given);
+    if (timesAreEnds && static_cast<double>(std::abs(place - origin)) <= tick) return origin;
+    if (grid <= 0) return place;
     const auto end = place + given.nb_samples;
     const auto snapped = origin + std::llround(static_cast<double>(end - origin) / grid) * grid;
     return static_cast<double>(std::abs(snapped - end)) <= 2.1 * tick ? snapped - given.nb_samples : place;
