@@ -38,7 +38,7 @@ std::vector<std::uint8_t> Loudness::measure(const std::filesystem::path& file, i
                                             std::stop_token stop) {
     if (!MediaFile::facts(file).sound) return {};
     MonoReader reader(SoundReader::open(file), samplesPerSecond);
-    const std::size_t step = samplesPerSecond / std::max(perSecond, 1);
+    const std::size_t step = samplesPerSecond / std::clamp(perSecond, 1, samplesPerSecond);
     std::vector<float> block(step * 64);
     std::vector<std::uint8_t> levels;
     const double end = reader.length() * samplesPerSecond;

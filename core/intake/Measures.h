@@ -4,6 +4,7 @@
 #include "platform/base/Problem.h"
 
 #include <atomic>
+#include <exception>
 #include <filesystem>
 #include <map>
 #include <mutex>
@@ -40,7 +41,8 @@ std::map<UUID, Measure> ofAll(const std::vector<Source>& sources, std::size_t at
                 Measure measured = of(sources[at]);
                 const std::lock_guard held(lock);
                 all.emplace(sources[at].id, std::move(measured));
-            } catch (const Problem&) {
+            } catch (const std::exception&) {
+                // A lack of memory too costs this source alone: thrown on, it would end the program.
             }
         }
     };

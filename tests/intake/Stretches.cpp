@@ -1,23 +1,11 @@
 #include "tests/intake/Stretches.h"
 
-#include <cstdlib>
+#include "tests/TemporaryFolder.h"
 
-#include <unistd.h>
+#include <cstdlib>
 
 namespace murbo::stretches {
 namespace {
-
-struct Folder {
-    std::filesystem::path path;
-    Folder() {
-        std::string name = (std::filesystem::temp_directory_path() / "murbo-stretches-XXXXXX").string();
-        path = mkdtemp(name.data());
-    }
-    ~Folder() {
-        std::error_code error;
-        std::filesystem::remove_all(path, error);
-    }
-};
 
 void run(const std::string& arguments) {
     const std::string command = "ffmpeg -nostdin -v error -y " + arguments;
@@ -48,7 +36,7 @@ bool canMake() {
 }
 
 const std::filesystem::path& folder() {
-    static const Folder made;
+    static const TemporaryFolder made;
     return made.path;
 }
 

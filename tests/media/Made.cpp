@@ -1,27 +1,11 @@
 #include "tests/media/Made.h"
 
+#include "tests/TemporaryFolder.h"
+
 #include <cstdio>
 #include <sstream>
 
-#include <unistd.h>
-
 namespace murbo::made {
-
-namespace {
-
-struct Folder {
-    std::filesystem::path path;
-    Folder() {
-        std::string name = (std::filesystem::temp_directory_path() / "murbo-media-XXXXXX").string();
-        path = mkdtemp(name.data());
-    }
-    ~Folder() {
-        std::error_code error;
-        std::filesystem::remove_all(path, error);
-    }
-};
-
-}
 
 bool canMake() {
     static const bool can = std::system("ffmpeg -version >/dev/null 2>&1") == 0;
@@ -29,7 +13,7 @@ bool canMake() {
 }
 
 const std::filesystem::path& folder() {
-    static const Folder made;
+    static const TemporaryFolder made;
     return made.path;
 }
 
