@@ -78,6 +78,22 @@ Image Image::frame(Frame frame) {
     return Image(made(Node::Picture{std::move(frame)}, extent, extent, opaque, true));
 }
 
+Image Image::gradient(const Rect& rect, Colour top, Colour bottom) {
+    return top == bottom ? colour(top).cropped(rect) : colour(bottom).cropped(rect);
+}
+
+Image Image::roundedRectangle(const Rect& rect, double, Colour filling) {
+    return colour(filling).cropped(rect);
+}
+
+Image Image::roundedOutline(const Rect& rect, double, double, Colour line) {
+    return colour(line).cropped(rect);
+}
+
+Image Image::later(const Rect& extent, std::function<Image()> make) {
+    return make().cropped(extent);
+}
+
 Image Image::cropped(const Rect& rect) const {
     if (!finite(rect)) return {};
     if (rect.contains(extent())) return *this;
@@ -100,7 +116,7 @@ Image Image::transformed(const Transform& transform) const {
                       transform.apply(root->body), opaque, root->single && upright));
 }
 
-Image Image::over(const Image& below) const {
+Image Image::over(const Image& below, Blend) const {
     if (empty()) return below;
     if (below.empty() || root->opaque.contains(below.extent())) return *this;
     return Image(made(Node::Over{*this, below}, extent().united(below.extent()),
@@ -120,6 +136,18 @@ Image Image::faded(double opacity) const {
     if (const auto* fade = std::get_if<Node::Fade>(&root->kind))
         return fade->of.faded(fade->opacity * opacity);
     return Image(made(Node::Fade{*this, opacity}, extent(), root->body, Rect{}, root->single));
+}
+
+Image Image::masked(const Image& mask) const {
+    return cropped(mask.extent());
+}
+
+Image Image::filtered(const Filter&) const {
+    return *this;
+}
+
+Image Image::drawnOnce() const {
+    return *this;
 }
 
 Image Image::zoomBlurred(Point centre, double amount) const {

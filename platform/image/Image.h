@@ -2,9 +2,11 @@
 
 #include "platform/image/Bitmap.h"
 #include "platform/image/Colour.h"
+#include "platform/image/Filter.h"
 #include "platform/image/Frame.h"
 #include "platform/image/Geometry.h"
 
+#include <functional>
 #include <memory>
 
 namespace murbo {
@@ -35,6 +37,15 @@ public:
     static Image bitmap(Bitmap bitmap);
     /// A decoded picture, upright, in square pixels, with its top left at the origin. HDR is tone-mapped.
     static Image frame(Frame frame);
+    /// A rectangle whose colour goes evenly from `top` down to `bottom`.
+    static Image gradient(const Rect& rect, Colour top, Colour bottom);
+    /// A rectangle with round corners; the radius in pixels, at most half its shorter side.
+    static Image roundedRectangle(const Rect& rect, double radius, Colour colour);
+    /// A line of `width` pixels along the edge of such a rectangle, half of it outside.
+    static Image roundedOutline(const Rect& rect, double radius, double width, Colour colour);
+    /// A picture that is made when it is drawn, perhaps more than once and on any thread; `make` must always
+    /// give the same. What of it lies outside `extent` is not shown.
+    static Image later(const Rect& extent, std::function<Image()> make);
 
     Rect extent() const;
     bool empty() const { return extent().empty(); }
@@ -46,8 +57,14 @@ public:
     /// Moved, scaled, turned. Edges that then cross pixels are smooth, unless the picture is clamped. A
     /// transform that flattens the picture gives nothing.
     Image transformed(const Transform& transform) const;
-    /// This image source-over `below`.
-    Image over(const Image& below) const;
+    /// This image source-over `below`, its colours mixed with those below where a blend says so.
+    Image over(const Image& below, Blend blend = Blend::normal) const;
+    /// Every channel times the mask's alpha at its place.
+    Image masked(const Image& mask) const;
+    Image filtered(const Filter& filter) const;
+    /// The same picture, drawn once however often a graph shows it: for what is costly and used again. At
+    /// about the size at which it is first seen it has its own pixels; enlarged beyond, it softens.
+    Image drawnOnce() const;
     /// The edge pixels repeated outward without end.
     Image clamped() const;
     /// Every channel times `opacity`, which is clamped to 0…1.

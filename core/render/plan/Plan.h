@@ -3,6 +3,7 @@
 #include "core/model/CaptionStyle.h"
 #include "core/model/Project.h"
 #include "core/render/plan/CaptionCue.h"
+#include "core/render/plan/PlacedOverlay.h"
 #include "core/render/plan/PlacedShot.h"
 #include "platform/image/Geometry.h"
 
@@ -26,6 +27,9 @@ struct Plan {
     std::map<UUID, std::filesystem::path> sources;
     std::optional<std::filesystem::path> project; ///< the package; none for a project never saved
     std::map<std::string, CaptionStyle> presets;  ///< resolved, by id
+    std::vector<PlacedOverlay> overlays;          ///< in the look's order
+    std::map<std::string, Book> layouts;  ///< the playbooks that frame shots, by the shots' name for them
+    std::vector<PlacedOverlay> generated; ///< stretches without footage
 
     static Plan video(const Video& video, const Project& project, const std::string& fonts,
                       const std::optional<std::filesystem::path>& package);

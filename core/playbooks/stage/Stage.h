@@ -1,0 +1,36 @@
+#pragma once
+
+#include "core/playbooks/stage/PlaybookMedia.h"
+#include "core/render/plan/Plan.h"
+#include "platform/image/Image.h"
+
+#include <optional>
+#include <string>
+
+namespace murbo {
+
+/// Draws placed playbooks. Keeps nothing: what a frame shows depends on the arguments alone, so frames may be
+/// drawn in any order. Never throws: what can't be drawn is left out.
+namespace Stage {
+
+/// What a frame gives a playbook to work with.
+struct Scene {
+    Image below;                 ///< the picture so far, the frame's size: what the slot "under" shows
+    std::optional<Image> source; ///< the footage's picture of this moment, unframed
+    Framing framing;             ///< where content and face lie in it
+    const Plan& plan;
+    PlaybookMedia& media;
+};
+
+/// The playbook at a video time, laid over `canvas`; cropped to the frame.
+Image draw(const PlacedOverlay& placed, double time, const Scene& scene, const Image& canvas);
+
+/// Seconds from the placement's start until a layer comes on.
+double layerStart(const PlacedOverlay& placed, const Playbook::Layer& layer);
+
+/// A layer's text with its parameters filled in. Nothing for none, and for a whole parameter without a value.
+std::optional<std::string> value(const std::optional<std::string>& text, const Values& values);
+
+}
+
+}
