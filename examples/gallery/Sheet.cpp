@@ -1,0 +1,61 @@
+#include "Sheet.h"
+
+#include "core/render/captions/CaptionPicture.h"
+#include "platform/base/Files.h"
+#include "platform/image/Canvas.h"
+#include "platform/image/Jpeg.h"
+
+#include <algorithm>
+
+namespace murbo {
+namespace {
+
+constexpr double gap = 8;
+constexpr double lineHeight = 30;
+constexpr double headHeight = 52;
+constexpr Colour paper{24, 26, 32, 255};
+
+/// A line of text with its left middle at a point.
+Image label(const std::string& text, double size, Point at) {
+    CaptionStyle style;
+    style.size = size;
+    style.fill = "E8E8EC";
+    style.outline = "";
+    style.shadow = false;
+    const auto picture = CaptionPicture::draw({.text = text, .style = style, .scale = 1, .width = 4000});
+    if (!picture) return {};
+    const Rect extent = picture->extent();
+    return picture->transformed(
+        Transform().translated(at.x - extent.x, std::round(at.y - extent.middle().y)));
+}
+
+}
+
+void Sheet::add(const Image& picture, Size frame, const std::string& name) {
+    const Bitmap whole = Canvas::bitmap(picture, {0, 0, frame.width, frame.height});
+    const double scale = std::min(cell.width / frame.width, cell.height / frame.height);
+    const Image small = Image::bitmap(whole).transformed(Transform().scaled(scale, scale));
+    rows.back().push_back({Image::bitmap(Canvas::bitmap(small, {0, 0, cell.width, cell.height})), name});
+}
+
+void Sheet::write(const std::filesystem::path& file) const {
+    std::size_t columns = 0;
+    for (const auto& each : rows) columns = std::max(columns, each.size());
+    const Rect whole{0, 0, gap + double(columns) * (cell.width + gap),
+                     headHeight + double(rows.size()) * (cell.height + lineHeight + gap)};
+    Image sheet = Image::colour(paper).cropped(whole);
+    sheet = label(heading, 30, {gap, headHeight / 2}).over(sheet);
+    double y = headHeight;
+    for (const auto& each : rows) {
+        double x = gap;
+        for (const Cell& one : each) {
+            sheet = one.picture.transformed(Transform().translated(x, y)).over(sheet);
+            sheet = label(one.name, 18, {x, y + cell.height + lineHeight / 2}).over(sheet);
+            x += cell.width + gap;
+        }
+        y += cell.height + lineHeight + gap;
+    }
+    Files::writeWhole(file, Jpeg::encode(Canvas::bitmap(sheet, whole), 0.88));
+}
+
+}
