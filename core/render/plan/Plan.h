@@ -28,7 +28,8 @@ struct Plan {
     std::optional<std::filesystem::path> project; ///< the package; none for a project never saved
     std::map<std::string, CaptionStyle> presets;  ///< resolved, by id
     std::vector<PlacedOverlay> overlays;          ///< in the look's order
-    std::map<std::string, Book> layouts;  ///< the playbooks that frame shots, by the shots' name for them
+    std::map<std::string, Shared<Book>>
+        layouts;                          ///< the playbooks that frame shots, by the shots' name for them
     std::vector<PlacedOverlay> generated; ///< stretches without footage
 
     static Plan video(const Video& video, const Project& project, const std::string& fonts,
