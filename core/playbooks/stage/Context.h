@@ -2,6 +2,7 @@
 
 #include "core/playbooks/stage/Stage.h"
 
+#include <cmath>
 #include <cstddef>
 
 namespace murbo::Stage {
@@ -17,12 +18,20 @@ struct Context {
 
     double width() const { return scene.plan.frame.width; }
     double height() const { return scene.plan.frame.height; }
+    Rect frame() const { return {0, 0, width(), height()}; }
     std::optional<std::string> text(const std::optional<std::string>& given) const {
         return value(given, placed.values);
     }
-    /// A number of the layer; nothing where it has none or none comes of it.
+    /// A number of the layer; nothing where it has none, or no finite one comes of it.
     std::optional<double> number(const std::optional<Playbook::Num>& given) const {
-        return given ? given->value(placed.values) : std::nullopt;
+        const auto number = given ? given->value(placed.values) : std::nullopt;
+        return number && std::isfinite(*number) ? number : std::nullopt;
+    }
+    /// Pixels of a side that the layer gives as a share of a side of the frame: of its half where no number
+    /// comes of what it says. Nothing where it says nothing.
+    std::optional<double> pixels(const std::optional<Playbook::Num>& given, double side) const {
+        constexpr double usual = 0.5;
+        return given ? std::optional(number(given).value_or(usual) * side) : std::nullopt;
     }
 };
 

@@ -23,11 +23,6 @@ double bounded(double fraction) {
     return std::isnan(fraction) ? 0 : std::clamp(fraction, -16.0, 16.0);
 }
 
-Rect scaled(const Box& box, Size picture) {
-    return {bounded(box.x) * picture.width, bounded(box.y) * picture.height, bounded(box.w) * picture.width,
-            bounded(box.h) * picture.height};
-}
-
 /// The largest size of the target's shape in `area`, made smaller by a zoom above 1.
 Size fitted(const Rect& area, Size target, double zoom) {
     const double shape = target.width / target.height;
@@ -46,18 +41,8 @@ Rect placed(const Rect& area, Size crop, double across, double down) {
             crop.width, crop.height};
 }
 
-double within(double value, double least, double most) {
+double held(double value, double least, double most) {
     return std::clamp(value, least, std::max(least, most));
-}
-
-/// A crop of the face that keeps the eyes, where they are known, in the middle and at their height. A focus
-/// overrules them across.
-Rect faceCrop(const Rect& face, Size crop, const std::optional<Point>& eyes, std::optional<double> focus) {
-    Rect result = placed(face, crop, share(focus, middle), faceAbove);
-    if (!eyes) return result;
-    if (!focus) result.x = within(eyes->x - crop.width * middle, face.x, face.right() - crop.width);
-    result.y = within(eyes->y - crop.height * eyeHeight, face.y, face.bottom() - crop.height);
-    return result;
 }
 
 std::optional<Point> eyes(const Framing& framing, Size picture) {
@@ -67,21 +52,38 @@ std::optional<Point> eyes(const Framing& framing, Size picture) {
 
 }
 
+Rect Crop::scaled(const Box& box, Size picture) {
+    return {bounded(box.x) * picture.width, bounded(box.y) * picture.height, bounded(box.w) * picture.width,
+            bounded(box.h) * picture.height};
+}
+
+Rect Crop::within(const Rect& area, Size target, double zoom, std::optional<double> focus) {
+    return placed(area, fitted(area, target, zoom), share(focus, middle), middle);
+}
+
+Rect Crop::face(const Framing& framing, Size picture, Size target, double zoom, std::optional<double> focus) {
+    const Rect area = scaled(framing.face, picture);
+    const Size crop = fitted(area, target, zoom);
+    Rect result = placed(area, crop, share(focus, middle), faceAbove);
+    const auto spot = eyes(framing, picture);
+    if (!spot) return result;
+    if (!focus) result.x = held(spot->x - crop.width * middle, area.x, area.right() - crop.width);
+    result.y = held(spot->y - crop.height * eyeHeight, area.y, area.bottom() - crop.height);
+    return result;
+}
+
 std::vector<Panel> Crop::panels(const Shot& shot, double zoom, const Framing& framing, Size picture,
                                 Size frame) {
     const Rect all{0, 0, frame.width, frame.height};
-    const double focus = share(shot.focus, middle);
     const auto filled = [&](const Rect& area, const Rect& into) {
-        return Panel{placed(area, fitted(area, {into.width, into.height}, zoom), focus, middle), into};
+        return Panel{within(area, {into.width, into.height}, zoom, shot.focus), into};
+    };
+    const auto faced = [&](const Rect& into, std::optional<double> across) {
+        return Panel{face(framing, picture, {into.width, into.height}, zoom, across), into};
     };
     if (frame.width >= frame.height) return {filled({0, 0, picture.width, picture.height}, all)};
 
     const Rect content = scaled(framing.content, picture);
-    const Rect face = scaled(framing.face, picture);
-    const auto faced = [&](const Rect& into, std::optional<double> across) {
-        const Size crop = fitted(face, {into.width, into.height}, zoom);
-        return Panel{faceCrop(face, crop, eyes(framing, picture), across), into};
-    };
     if (!shot.playbook && shot.layout == Shot::Layout::content) return {filled(content, all)};
     if (!shot.playbook && shot.layout == Shot::Layout::face) return {faced(all, shot.focus)};
 

@@ -1,0 +1,149 @@
+#include "core/playbooks/stage/Elements.h"
+
+#include "core/playbooks/stage/Effects.h"
+#include "core/playbooks/stage/Particles.h"
+#include "core/playbooks/stage/Shapes.h"
+#include "core/playbooks/stage/Slots.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace murbo::Stage {
+namespace {
+
+/// No look needs more; each one costs as much as a picture.
+constexpr std::size_t mostEffects = 16;
+
+bool isColourOrNone(const std::string& text) {
+    return text.empty() || Colour::hex(text);
+}
+
+/// The preset that the layer names, with what it says itself over it.
+CaptionStyle styleOf(const Context& context) {
+    const auto& presets = context.scene.plan.presets;
+    const auto preset = presets.find(context.text(context.layer.style).value_or("pop"));
+    CaptionStyle style = preset == presets.end() ? CaptionStyle::builtIn().front() : preset->second;
+    const auto take = [&](auto field, const std::optional<std::string>& given) {
+        if (const auto text = context.text(given); text && isColourOrNone(*text)) style.*field = text;
+    };
+    take(&CaptionStyle::fill, context.layer.color);
+    take(&CaptionStyle::outline, context.layer.outline);
+    take(&CaptionStyle::pill, context.layer.box);
+    if (const auto size = context.number(context.layer.size)) style.size = size;
+    return style;
+}
+
+std::optional<Image> letters(const Context& context) {
+    const auto text = context.text(context.layer.text);
+    if (!text || text->empty()) return std::nullopt;
+    return context.scene.media.text(*text, styleOf(context), context.scene.plan.fonts);
+}
+
+std::optional<Made> scatter(const Context& context) {
+    const auto text = context.text(context.layer.particles);
+    if (!text) return std::nullopt;
+    const double width = context.pixels(context.layer.w, context.width()).value_or(context.width() * 0.08);
+    return Made{.image = particles(*text, context, width), .placed = true, .round = true};
+}
+
+std::optional<Image> picture(const Context& context) {
+    const auto& layer = context.layer;
+    if (layer.text) return letters(context);
+    const auto text = context.text(layer.image ? layer.image : layer.video ? layer.video : layer.slot);
+    if (!text || text->empty()) return std::nullopt;
+    return layer.slot ? slot(*text, context) : file(*text, context);
+}
+
+Image withEffects(Image image, const Context& context) {
+    if (!context.layer.effects) return image;
+    const auto& effects = *context.layer.effects;
+    for (std::size_t i = 0; i < std::min(effects.size(), mostEffects); ++i)
+        image = apply(effects[i], image, context.held);
+    return image;
+}
+
+/// The picture without what is like the key in colour.
+Image keyedOut(const Image& image, const Context& context) {
+    const auto text = context.text(context.layer.key);
+    const auto colour = text ? Colour::hex(*text) : std::nullopt;
+    const auto cube = colour ? context.scene.media.cube(*colour) : std::nullopt;
+    return cube ? image.filtered(*cube) : image;
+}
+
+Image cutOut(const Image& image, const Context& context) {
+    return context.layer.cutout.value_or(false) ? context.scene.media.cutout(image) : image;
+}
+
+/// The middle of a picture in the shape of w × h.
+Image inShape(const Image& image, double shape) {
+    const Rect extent = image.extent();
+    const double width = std::min(extent.width, extent.height * shape);
+    const double height = std::min(extent.height, extent.width / shape);
+    const Point middle = extent.middle();
+    return image.cropped({middle.x - width / 2, middle.y - height / 2, width, height});
+}
+
+/// A picture in the size that its layer asks for.
+Made sized(const Image& image, const Context& context) {
+    const auto& layer = context.layer;
+    const Rect extent = image.extent();
+    const auto width = context.pixels(layer.w, context.width());
+    const auto height = context.pixels(layer.h, context.height());
+    const bool covers = layer.fill.value_or(false) || (!width && !height && readsBelow(context));
+    if (covers) return {image, std::max(context.width() / extent.width, context.height() / extent.height)};
+    if (width && height) {
+        const Image part = inShape(image, *width / *height);
+        return {part, *width / part.extent().width};
+    }
+    if (width) return {image, *width / extent.width};
+    if (height) return {image, *height / extent.height};
+    return {image};
+}
+
+bool canBeShown(const Made& made) {
+    return !made.image.empty() && !made.image.extent().isEverything() && std::isfinite(made.scale);
+}
+
+bool hasRadius(const Playbook::Layer& layer) {
+    return layer.radius.value_or(0) > 0;
+}
+
+/// The layer's picture as it comes, before its size is seen to.
+std::optional<Made> pictured(const Context& context) {
+    const auto image = picture(context);
+    if (!image) return std::nullopt;
+    const Image looked = rounded(withEffects(cutOut(keyedOut(*image, context), context), context),
+                                 context.layer.text ? std::nullopt : context.layer.radius);
+    if (!canBeShown({looked})) return std::nullopt;
+    return sized(looked, context);
+}
+
+std::optional<Made> live(const Context& context) {
+    const auto word = context.layer.slot ? context.text(context.layer.slot) : std::nullopt;
+    auto made = word ? panel(*word, context) : std::nullopt;
+    if (made) made->image = rounded(cutOut(withEffects(made->image, context), context), context.layer.radius);
+    return made;
+}
+
+std::optional<Made> drawn(const Context& context, std::optional<Made> made) {
+    if (made) made->image = withEffects(made->image, context);
+    return made;
+}
+
+std::optional<Made> made(const Context& context) {
+    if (context.layer.shape) return drawn(context, shape(context));
+    if (context.layer.particles) return drawn(context, scatter(context));
+    auto result = live(context);
+    if (!result) result = pictured(context);
+    if (result) result->round = hasRadius(context.layer) && !context.layer.text;
+    return result;
+}
+
+}
+
+std::optional<Made> element(const Context& context) {
+    auto result = made(context);
+    return result && canBeShown(*result) ? result : std::nullopt;
+}
+
+}
