@@ -2,8 +2,12 @@
 
 #include "core/model/CaptionPresets.h"
 #include "core/model/Times.h"
+#include "core/render/plan/PlanBooks.h"
+#include "platform/base/Files.h"
 
 #include <algorithm>
+
+#include <fmt/format.h>
 
 namespace murbo {
 
@@ -26,6 +30,17 @@ std::map<std::string, CaptionStyle> resolvedPresets(const Project& project) {
     return presets;
 }
 
+/// By the shots' name for them alone: the first shot whose playbook is found decides for all.
+std::map<std::string, Shared<Book>> foundLayouts(const std::vector<PlacedShot>& shots, PlanBooks& books) {
+    std::map<std::string, Shared<Book>> layouts;
+    for (const auto& [start, end, shot, implicit] : shots) {
+        if (!shot.playbook || layouts.contains(*shot.playbook)) continue;
+        if (const auto* book = books.find(*shot.playbook, shot.version))
+            layouts.emplace(*shot.playbook, *book);
+    }
+    return layouts;
+}
+
 }
 
 Plan Plan::video(const Video& video, const Project& project, const std::string& fonts,
@@ -41,6 +56,10 @@ Plan Plan::video(const Video& video, const Project& project, const std::string& 
         plan.framings.try_emplace(source.id, source.framing.value_or(Framing{}));
         plan.sources.try_emplace(source.id, source.path);
     }
+    PlanBooks books(package);
+    if (video.look) plan.overlays = PlacedOverlay::place(video.look->overlays, video.cuts, books);
+    plan.layouts = foundLayouts(plan.shots, books);
+    plan.generated = PlacedOverlay::generated(video.cuts, books);
     return plan;
 }
 
@@ -71,10 +90,38 @@ const CaptionCue* Plan::cue(double time) const {
     return found == cues.end() ? nullptr : &*found;
 }
 
+const PlacedOverlay* Plan::generatedAt(double time) const {
+    const auto found =
+        std::ranges::find_if(generated, [&](const PlacedOverlay& each) { return each.isOn(time); });
+    return found == generated.end() ? nullptr : &*found;
+}
+
+const Shared<Book>* Plan::layout(const Shot& shot) const {
+    const auto found = shot.playbook ? layouts.find(*shot.playbook) : layouts.end();
+    return found == layouts.end() ? nullptr : &found->second;
+}
+
 const Framing& Plan::framing(const std::optional<UUID>& source) const {
     static const Framing usual;
     const auto found = source ? framings.find(*source) : framings.end();
     return found == framings.end() ? usual : found->second;
+}
+
+std::optional<std::filesystem::path> Plan::file(const std::string& name, const Book* book) const {
+    constexpr std::size_t longest = 4096; // bytes; no system opens more
+    if (name.size() > longest || name.find('\0') != std::string::npos) return std::nullopt;
+    if (name.starts_with('/')) return name;
+    if (name.starts_with("media/") && project) return Files::inside(*project, name);
+    return book ? book->file(name) : std::nullopt;
+}
+
+Values Plan::values(const Shot& shot, const Book& book, const Framing& framing) {
+    Values values = book.values(std::nullopt);
+    if (book.playbook.params && book.playbook.params->contains("split"))
+        values["split"] = fmt::format("{}", shot.split.value_or(framing.split));
+    if (shot.values)
+        for (const auto& [name, value] : *shot.values) values[name] = value;
+    return values;
 }
 
 }

@@ -42,8 +42,21 @@ struct Plan {
     const PlacedShot* shot(double time) const;
     /// The caption at a video time, or null.
     const CaptionCue* cue(double time) const;
+    /// The generated stretch at a video time, or null.
+    const PlacedOverlay* generatedAt(double time) const;
+    /// The playbook that lays a shot out; null for one of the built-in layouts, and where it is not found.
+    const Shared<Book>* layout(const Shot& shot) const;
     /// Where content and face lie in a source; the default where nothing is known.
     const Framing& framing(const std::optional<UUID>& source) const;
+
+    /// The file that a name in a look or, with its book, in a playbook stands for: an absolute path as it
+    /// stands, "media/…" in the package, for a playbook one of its own. Nothing for any other name, nor for
+    /// one that leads out of its folder.
+    std::optional<std::filesystem::path> file(const std::string& name, const Book* book = nullptr) const;
+
+    /// The parameters of a layout for a shot: the playbook's own, where it has a "split" that of the shot or
+    /// the framing, and over them what the shot fills in.
+    static Values values(const Shot& shot, const Book& book, const Framing& framing);
 };
 
 }

@@ -1,0 +1,97 @@
+#include "core/render/plan/PlacedOverlay.h"
+
+#include "core/model/Lanes.h"
+#include "core/model/VideoTime.h"
+#include "core/render/plan/PlacedShot.h"
+#include "core/render/plan/PlanBooks.h"
+
+#include <algorithm>
+
+namespace murbo {
+
+namespace {
+
+constexpr double shortest = 0.1;             // seconds
+constexpr std::size_t mostOverlays = 20'000; // no video has nearly as many
+
+double atLeast(double length) {
+    return length > shortest ? length : shortest; // also of what is no number
+}
+
+double end(const List<Cut>& cuts) {
+    return cuts.empty() ? 0 : VideoTime::starts(cuts).back() + cuts.back().length();
+}
+
+/// Generators that are on together lie in rows, as the timeline shows them.
+void putInRows(std::vector<PlacedOverlay>& overlays) {
+    std::vector<PlacedOverlay*> generators;
+    std::vector<Stretch> stretches;
+    for (PlacedOverlay& placed : overlays) {
+        if (!placed.playbook().layered()) continue;
+        generators.push_back(&placed);
+        stretches.push_back({placed.start, placed.end});
+    }
+    const auto rows = Lanes::assign(stretches);
+    for (std::size_t index = 0; index < rows.size(); ++index) generators[index]->row = rows[index];
+}
+
+}
+
+std::vector<PlacedOverlay> PlacedOverlay::place(const List<Overlay>& overlays, const List<Cut>& cuts,
+                                                PlanBooks& books) {
+    std::vector<PlacedOverlay> placed;
+    const double last = murbo::end(cuts);
+    for (const Overlay& overlay : overlays) {
+        if (placed.size() == mostOverlays) break;
+        const auto start = VideoTime::on(overlay.source, cuts, overlay.at);
+        const auto* book = start ? books.find(overlay.playbook, overlay.version) : nullptr;
+        if (!book) continue;
+        placed.push_back({.start = *start,
+                          .end = std::min(*start + atLeast(overlay.length), last),
+                          .overlay = overlay,
+                          .book = *book,
+                          .values = (*book)->values(overlay.values)});
+    }
+    putInRows(placed);
+    return placed;
+}
+
+std::vector<PlacedOverlay> PlacedOverlay::generated(const List<Cut>& cuts, PlanBooks& books) {
+    std::vector<PlacedOverlay> placed;
+    double start = 0;
+    for (const Cut& cut : cuts) {
+        if (placed.size() == mostOverlays) break;
+        const auto* book =
+            cut.generator ? books.find(cut.generator->playbook, cut.generator->version) : nullptr;
+        if (book)
+            placed.push_back({.start = start,
+                              .end = start + cut.length(),
+                              .overlay = {.id = cut.id,
+                                          .playbook = cut.generator->playbook,
+                                          .version = cut.generator->version,
+                                          .source = cut.source,
+                                          .at = cut.start,
+                                          .length = cut.length()},
+                              .book = *book,
+                              .values = (*book)->values(cut.generator->values)});
+        start += cut.length();
+    }
+    return placed;
+}
+
+PlacedOverlay PlacedOverlay::layout(const PlacedShot& placed, double time, const Shared<Book>& book,
+                                    Values values) {
+    return {.start = placed.start,
+            .end = placed.start + atLeast(placed.end - placed.start),
+            .overlay = {.id = placed.shot.id,
+                        .playbook = placed.shot.playbook.value_or(""),
+                        .version = book->version(),
+                        .source = placed.shot.source,
+                        .length = placed.end - placed.start},
+            .book = book,
+            .values = std::move(values),
+            .zoom = placed.zoom(time),
+            .focus = placed.moved(time).focus};
+}
+
+}
