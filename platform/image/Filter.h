@@ -14,15 +14,19 @@ namespace murbo {
 /// How a picture's colours are mixed with those below (W3C Compositing and Blending Level 1; `add` is a sum).
 enum class Blend : std::uint8_t { normal, multiply, screen, overlay, add, softLight };
 
-/// Every colour becomes a weighted sum of its channels. Straight (not premultiplied) colours from 0 to 1;
-/// what falls outside is cut off. Alpha stays.
+/// Every colour becomes a weighted sum of its channels, bent then. Straight (not premultiplied) colours from
+/// 0 to 1; what falls outside is cut off. Alpha stays.
 struct ColourMatrix {
-    /// For red, green and blue: the shares of red, green, blue, and what is added.
+    /// For red, green and blue: the shares of red, green, blue, and what is added; each within -8 to 8.
     std::array<std::array<double, 4>, 3> rows{{{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}}};
+    /// How far the middle of red, green and blue is raised, black and white staying: v + 4·lift·v·(1 − v),
+    /// within a quarter.
+    std::array<double, 3> lift{};
+    /// How much the middle is steepened in an S, within a quarter: v + 4·contrast·v·(1 − v)·(2·v − 1).
+    double contrast = 0;
 
-    ColourMatrix then(const ColourMatrix& next) const;
-    static ColourMatrix saturated(double factor); ///< 0 is grey, 1 changes nothing
-    static ColourMatrix brightened(double added);
+    static ColourMatrix saturated(double factor);  ///< 0 is grey, 1 changes nothing
+    static ColourMatrix lifted(double by);         ///< brighter or darker; black and white stay
     static ColourMatrix contrasted(double factor); ///< round middle grey
     static ColourMatrix inverted();
     static ColourMatrix grey();                ///< black-and-white film, a touch of contrast

@@ -1,6 +1,8 @@
 #include "platform/image/Image.h"
 
+#include "platform/image/Filters.h"
 #include "platform/image/ImageNode.h"
+#include "platform/image/Memo.h"
 
 namespace murbo {
 namespace {
@@ -64,10 +66,11 @@ Image Image::colour(Colour colour) {
     return Image(made(Node::Fill{colour}, all, all, colour.alpha == 255 ? all : Rect{}, true));
 }
 
-Image Image::bitmap(Bitmap bitmap) {
+Image Image::bitmap(Bitmap bitmap, bool opaque) {
     if (bitmap.empty()) return {};
     const Rect extent{0, 0, double(bitmap.width()), double(bitmap.height())};
-    return Image(made(Node::Pixels{std::move(bitmap)}, extent, extent, Rect{}, true));
+    return Image(
+        made(Node::Pixels{std::move(bitmap), opaque}, extent, extent, opaque ? extent : Rect{}, true));
 }
 
 Image Image::frame(Frame frame) {
@@ -78,20 +81,9 @@ Image Image::frame(Frame frame) {
     return Image(made(Node::Picture{std::move(frame)}, extent, extent, opaque, true));
 }
 
-Image Image::gradient(const Rect& rect, Colour top, Colour bottom) {
-    return top == bottom ? colour(top).cropped(rect) : colour(bottom).cropped(rect);
-}
-
-Image Image::roundedRectangle(const Rect& rect, double, Colour filling) {
-    return colour(filling).cropped(rect);
-}
-
-Image Image::roundedOutline(const Rect& rect, double, double, Colour line) {
-    return colour(line).cropped(rect);
-}
-
 Image Image::later(const Rect& extent, std::function<Image()> make) {
-    return make().cropped(extent);
+    if (extent.empty() || !finite(extent) || !make) return {};
+    return Image(made(Node::Later{std::move(make)}, extent, extent, Rect{}, false));
 }
 
 Image Image::cropped(const Rect& rect) const {
@@ -116,15 +108,20 @@ Image Image::transformed(const Transform& transform) const {
                       transform.apply(root->body), opaque, root->single && upright));
 }
 
-Image Image::over(const Image& below, Blend) const {
+Image Image::over(const Image& below, Blend blend) const {
     if (empty()) return below;
-    if (below.empty() || root->opaque.contains(below.extent())) return *this;
-    return Image(made(Node::Over{*this, below}, extent().united(below.extent()),
+    if (below.empty()) return *this;
+    if (blend == Blend::normal && root->opaque.contains(below.extent())) return *this;
+    return Image(made(Node::Over{*this, below, blend}, extent().united(below.extent()),
                       root->body.united(below.root->body), larger(root->opaque, below.root->opaque), false));
 }
 
 Image Image::clamped() const {
     if (empty() || extent().isEverything()) return *this;
+    // What changes pixels by themselves changes repeated ones alike.
+    const auto* filtered = std::get_if<Node::Filtered>(&root->kind);
+    if (filtered && Filters::byPixel(filtered->filter))
+        return filtered->of.clamped().filtered(filtered->filter);
     const Rect all = Rect::everything();
     const bool solid = root->opaque.contains(extent());
     return Image(made(Node::Clamp{*this}, all, root->body, solid ? all : Rect{}, root->single));
@@ -139,15 +136,31 @@ Image Image::faded(double opacity) const {
 }
 
 Image Image::masked(const Image& mask) const {
-    return cropped(mask.extent());
+    const Node& shape = *mask.root;
+    if (shape.opaque.contains(extent())) return *this;
+    const Rect shown = extent().intersection(shape.extent);
+    if (shown.empty()) return {};
+    return Image(made(Node::Mask{*this, mask}, shown, root->body.intersection(shape.extent),
+                      root->opaque.intersection(shape.opaque), false));
 }
 
-Image Image::filtered(const Filter&) const {
-    return *this;
+Image Image::filtered(const Filter& given) const {
+    const auto filter = Filters::held(given, root->body);
+    if (empty() || !filter) return *this;
+    const double reach = Filters::reach(*filter);
+    const bool solid = reach == 0 && !std::holds_alternative<ColourCube>(*filter);
+    const Rect opaque = solid || root->opaque.isEverything() ? root->opaque : Rect{};
+    const Rect body = extent().isEverything() ? root->body : grown(root->body, reach, reach);
+    return Image(made(Node::Filtered{*this, *filter, Filters::packed(*filter)}, grown(extent(), reach, reach),
+                      body, opaque, false));
 }
 
 Image Image::drawnOnce() const {
-    return *this;
+    if (const auto* clamp = std::get_if<Node::Clamp>(&root->kind)) return clamp->of.drawnOnce().clamped();
+    const bool plain =
+        std::holds_alternative<Node::Fill>(root->kind) || std::holds_alternative<Node::Once>(root->kind);
+    if (empty() || extent().isEverything() || plain) return *this;
+    return Image(made(Node::Once{*this, std::make_shared<Memo>()}, extent(), root->body, root->opaque, true));
 }
 
 Image Image::zoomBlurred(Point centre, double amount) const {

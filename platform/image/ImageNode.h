@@ -7,6 +7,8 @@
 
 namespace murbo {
 
+class Memo;
+
 /// One operation of an image's graph. What a canvas asks again and again (extents, what is surely opaque) is
 /// worked out once, when the node is made.
 ///
@@ -18,6 +20,7 @@ struct Image::Node {
     };
     struct Pixels {
         Bitmap bitmap;
+        bool opaque;
     };
     struct Picture {
         Frame frame;
@@ -33,6 +36,31 @@ struct Image::Node {
     struct Over {
         Image above;
         Image below;
+        Blend blend;
+    };
+    struct Mask {
+        Image of;
+        Image mask;
+    };
+    /// One colour above `from`, another below `to`, and what leads from one to the other between.
+    struct Ramp {
+        double from;
+        double to;
+        Colour first;
+        Colour last;
+    };
+    struct Rounded {
+        Rect rect;
+        double radius; ///< at most half the shorter side
+        double line;   ///< how wide the line along the edge; 0 fills the shape
+        Colour colour;
+    };
+    struct Later {
+        std::function<Image()> make;
+    };
+    struct Once {
+        Image of;
+        std::shared_ptr<Memo> memo;
     };
     struct Clamp {
         Image of;
@@ -51,7 +79,13 @@ struct Image::Node {
         Image of;
         Point reach; ///< the smear's half, from its middle to one end
     };
-    using Kind = std::variant<Fill, Pixels, Picture, Crop, Move, Over, Clamp, Fade, ZoomBlur, MotionBlur>;
+    struct Filtered {
+        Image of;
+        Filter filter;                                           ///< within what can be drawn
+        std::shared_ptr<const std::vector<std::uint32_t>> table; ///< a cube's colours, packed
+    };
+    using Kind = std::variant<Fill, Pixels, Picture, Crop, Move, Over, Clamp, Fade, ZoomBlur, MotionBlur,
+                              Filtered, Mask, Ramp, Rounded, Later, Once>;
 
     Kind kind;
     Rect extent;         ///< where there can be colour
@@ -66,7 +100,8 @@ struct Image::Node {
     Node& operator=(const Node&) = delete;
 
 private:
-    void giveUp(std::vector<std::shared_ptr<const Node>>& children);
+    struct Waiting;
+    void giveUp(Waiting& children);
 };
 
 /// Whether upright rectangles stay upright ones: no turn but by quarters, no shear.

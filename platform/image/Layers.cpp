@@ -1,7 +1,11 @@
 #include "platform/image/Layers.h"
 
+#include "platform/image/Filters.h"
+#include "platform/image/Memo.h"
 #include "platform/image/Painter.h"
+#include "platform/image/Ramp.h"
 #include "platform/image/Rasterised.h"
+#include "platform/image/Rounded.h"
 #include "platform/image/Smear.h"
 #include "platform/image/Turner.h"
 
@@ -25,6 +29,12 @@ struct State {
     bool clamping = false;  ///< the limits' edges repeat instead
     double opacity = 1;
     std::vector<Edges> edges;
+    std::vector<std::shared_ptr<Layers>> masks;
+    Blend blend = Blend::normal;
+    bool lowest = true; ///< nothing of what is flattened lies below
+
+    /// Nothing is done to the node's pixels but placing them.
+    bool plain() const { return opacity >= 1 && edges.empty() && masks.empty() && blend == Blend::normal; }
 };
 
 /// Whether places under a transform can be told apart in numbers.
@@ -39,12 +49,6 @@ bool isShift(const Transform& transform) {
     };
     return transform.a == 1 && transform.b == 0 && transform.c == 0 && transform.d == 1 &&
            whole(transform.tx) && whole(transform.ty);
-}
-
-std::uint32_t premultiplied(Colour colour, double opacity) {
-    const double alpha = colour.alpha / 255.0 * opacity;
-    const auto channel = [&](int value) { return std::uint32_t(std::lround(value * alpha)); };
-    return channel(colour.blue) | channel(colour.green) << 8 | channel(colour.red) << 16 | channel(255) << 24;
 }
 
 PixelRect shifted(const PixelRect& rect, const Transform& shift) {
@@ -106,10 +110,19 @@ private:
 
     void visit(const Node::Over& over, State& state) {
         smooth(state);
-        if (state.opacity < 1 || !state.edges.empty()) return addGroup(state);
+        const bool mixesWithOwn = over.blend == Blend::normal || state.lowest || hides(over, state);
+        if (!state.plain() || !mixesWithOwn) return addGroup(state);
         State above = state;
+        above.blend = over.blend;
+        above.lowest = false;
         descend(above, over.above);
         descend(state, over.below);
+    }
+
+    /// Whether what lies below an image hides all that is below itself, wherever the image is drawn.
+    static bool hides(const Node::Over& over, const State& state) {
+        const auto drawn = PixelRect::touching(state.place.apply(over.above.extent()));
+        return covers(over.below.node(), state.place, drawn.intersection(state.bounds));
     }
 
     void visit(const Node::Clamp& clamp, State& state) {
@@ -123,8 +136,8 @@ private:
     void visit(const Node::Fill& fill, State& state) {
         if (!state.clamping) smooth(state);
         const bool opaque = fill.colour.alpha == 255 && state.opacity >= 1;
-        const bool plain = state.edges.empty();
-        Layer layer = layerOf(state, opaque);
+        const bool plain = state.edges.empty() && state.masks.empty();
+        Layer layer = layerOf(state, opaque ? state.bounds : PixelRect{});
         layer.ink = Layer::Flat{premultiplied(fill.colour, plain ? state.opacity : 1)};
         if (plain) layer.opacity = 255;
         layers.push_back(std::move(layer));
@@ -134,7 +147,7 @@ private:
         const Rect shown = takeLimits(state);
         if (!keepsAxes(state.place)) return addTurned(state, shown);
         const PixelRect area{0, 0, pixels.bitmap.width(), pixels.bitmap.height()};
-        addSeen(state, {pixels.bitmap, area, false}, state.place.inverse(),
+        addSeen(state, {pixels.bitmap, area, pixels.opaque}, state.place.inverse(),
                 PixelRect::touching(shown).heldIn(area));
     }
 
@@ -156,6 +169,79 @@ private:
 
     void visit(const Node::MotionBlur& blur, State& state) {
         addSmeared(state, [&] { return Smear::motion(blur, state.place, state.bounds, depth + 1); });
+    }
+
+    void visit(const Node::Filtered& filtered, State& state) {
+        smooth(state);
+        if (depth >= deepest) return;
+        if (!Filters::fits(filtered.filter, state.place)) {
+            const auto own = Filters::upright(*state.node, filtered, state.place, state.bounds, depth + 1);
+            if (!own.raster.bitmap.empty()) addSeen(state, own.raster, own.toGrid, own.raster.area);
+            return;
+        }
+        add(state, covers(*state.node, state.place, state.bounds),
+            Filters::drawing(filtered, state.place, state.bounds, depth + 1));
+    }
+
+    void visit(const Node::Mask& mask, State& state) {
+        if (depth >= deepest) return;
+        auto shape = layersOf(mask.mask.node(), state.place, state.bounds, depth + 1);
+        if (shape.empty()) return;
+        state.masks.push_back(std::make_shared<Layers>(std::move(shape)));
+        descend(state, mask.of);
+    }
+
+    void visit(const Node::Ramp& ramp, State& state) {
+        smooth(state);
+        const bool opaque = ramp.first.alpha == 255 && ramp.last.alpha == 255;
+        add(state, opaque, drawnBy(std::make_shared<Ramp>(ramp, state.place)));
+    }
+
+    void visit(const Node::Rounded& shape, State& state) {
+        smooth(state);
+        const bool upright = keepsAxes(state.place);
+        const Rect opaque = upright ? state.place.apply(state.node->opaque) : Rect{};
+        add(state, PixelRect::inside(opaque), drawnBy(std::make_shared<Rounded>(shape, state.place)));
+    }
+
+    void visit(const Node::Later& later, State& state) {
+        if (depth < deepest) addMade(later.make().cropped(state.node->extent), state, depth + 1);
+    }
+
+    /// What was drawn once is a bitmap like any other.
+    void visit(const Node::Once& once, State& state) {
+        const auto& place = state.place;
+        const double scale = std::max(std::hypot(place.a, place.b), std::hypot(place.c, place.d));
+        const double level = Memo::level(scale);
+        const auto toGrid = Transform().scaled(level, level);
+        const Rect shown = toGrid.apply(state.node->extent);
+        const auto whole = PixelRect::touching(shown);
+        if (depth >= deepest || !Raster::holds(whole)) return descend(state, once.of);
+        // What covers its outermost pixels in part is drawn repeated there, and cut where it is shown.
+        const Image of = whole.rect() == shown ? once.of : once.of.clamped();
+        const auto way = place.inverse().then(toGrid);
+        const auto margin = [](double one, double other) {
+            return int(std::min(4 * (std::abs(one) + std::abs(other)), 1e6)) + 8;
+        };
+        const auto wanted = PixelRect::touching(way.apply(state.bounds.rect()))
+                                .grown(margin(way.a, way.c), margin(way.b, way.d))
+                                .heldIn(whole);
+        const Bitmap pixels = once.memo->pixels(level, whole, wanted, [&](const Tile& tile) {
+            auto parts = layersOf(of.node(), toGrid, tile.area, depth + 1);
+            Painter::paint(parts, tile);
+        });
+        state.limits = state.limits.intersection(state.node->extent);
+        const bool opaque = covers(*state.node, toGrid, whole);
+        addMade(Image::bitmap(pixels, opaque)
+                    .transformed(Transform().translated(whole.left, whole.top).then(toGrid.inverse())),
+                state, depth);
+    }
+
+    /// A picture that stands for the node.
+    void addMade(const Image& image, State& state, int itsDepth) {
+        state.node = &image.node();
+        auto parts = Flattening(itsDepth).run(std::move(state));
+        std::move(parts.begin(), parts.end(), std::back_inserter(layers));
     }
 
     /// From here on the limits can't be followed: they become smooth edges.
@@ -181,18 +267,36 @@ private:
         return taken;
     }
 
-    static Layer layerOf(State& state, bool opaque) {
+    /// `opaque` are pixels that hide all below by themselves.
+    static Layer layerOf(State& state, const PixelRect& opaque) {
         Layer layer;
         layer.bounds = state.bounds;
         layer.opacity = int(std::lround(state.opacity * 255));
-        layer.solid = opaque && layer.opacity == 255 ? state.bounds : PixelRect{};
+        layer.blend = state.blend;
+        const bool hides = layer.opacity == 255 && layer.blend == Blend::normal;
+        layer.solid = hides ? opaque.intersection(state.bounds) : PixelRect{};
         for (const auto& edges : state.edges) layer.solid = edges.solid(layer.solid);
+        for (const auto& mask : state.masks) layer.solid = layer.solid.intersection(largestSolid(*mask));
         layer.edges = std::move(state.edges);
+        layer.masks = std::move(state.masks);
         return layer;
+    }
+
+    static PixelRect largestSolid(const Layers& layers) {
+        PixelRect largest;
+        for (const auto& layer : layers) {
+            if (layer.solid.area() > largest.area()) largest = layer.solid;
+        }
+        return largest;
     }
 
     template <typename Ink>
     void add(State& state, bool opaque, Ink ink) {
+        add(state, opaque ? state.bounds : PixelRect{}, std::move(ink));
+    }
+
+    template <typename Ink>
+    void add(State& state, const PixelRect& opaque, Ink ink) {
         Layer layer = layerOf(state, opaque);
         if (layer.bounds.empty() || layer.opacity == 0) return;
         layer.ink = std::move(ink);

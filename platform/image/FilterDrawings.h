@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/image/Layers.h"
+
+/// How each filter is drawn: `place` is upright, `of` the picture without the filter. What is returned draws
+/// any part of `bounds`.
+namespace murbo::FilterDrawings {
+
+/// Changes `count` pixels of row y in place, the first of them at x.
+using Row = std::function<void(int x, int y, int count, std::uint8_t* pixels)>;
+
+Row row(const ColourMatrix& filter);
+Row row(const Posterised& filter);
+Row row(const ColourCube& filter, std::shared_ptr<const std::vector<std::uint32_t>> table);
+/// `body` is the picture's place.
+Row row(const Vignetted& filter, const Rect& body, const PixelRect& bounds);
+
+Layer::Draw draw(const Blurred&, const Image::Node& of, const Transform& place, const PixelRect& bounds,
+                 int depth);
+Layer::Draw draw(const Bloomed&, const Image::Node& of, const Transform& place, const PixelRect& bounds,
+                 int depth);
+Layer::Draw draw(const Pixellated&, const Image::Node& of, const Transform& place, const PixelRect& bounds,
+                 int depth);
+Layer::Draw draw(const Inked&, const Image::Node& of, const Transform& place, const PixelRect& bounds,
+                 int depth);
+Layer::Draw draw(const Taped&, const Image::Node& of, const Transform& place, const PixelRect& bounds,
+                 int depth);
+
+/// Deviations that a bloom's wide glow has for one of its narrow one.
+inline constexpr double wideGlow = 4;
+
+/// Clear all over: what can't be held is left out.
+Layer::Draw nothing();
+
+/// The picture as it is.
+Layer::Draw unchanged(const Image::Node& of, const Transform& place, const PixelRect& bounds, int depth);
+
+/// Hands a tile on in strips that stay in a near cache.
+template <typename Take>
+void inStrips(const Tile& tile, const Take& take) {
+    constexpr int pixels = 1 << 14;
+    const auto& area = tile.area;
+    const int rows = std::max(pixels / area.width(), 1);
+    for (int top = area.top; top < area.bottom; top += rows)
+        take(tile.part({area.left, top, area.right, std::min(top + rows, area.bottom)}));
+}
+
+}
