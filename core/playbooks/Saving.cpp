@@ -37,10 +37,27 @@ struct Change {
     }
 };
 
-/// A folder that goes when nobody has put it in its place.
+constexpr const char* workName = ".saving-";
+
+/// Takes away what saves have left that were killed. One that is an hour old is nobody's any more.
+void sweep(const fs::path& library) {
+    std::error_code error;
+    std::error_code ignored;
+    for (fs::directory_iterator at(library, error), end; !error && at != end; at.increment(error)) {
+        if (!at->path().filename().string().starts_with(workName)) continue;
+        const auto touched = at->last_write_time(ignored);
+        if (!ignored && fs::file_time_type::clock::now() - touched > std::chrono::hours(1))
+            fs::remove_all(at->path(), ignored);
+    }
+}
+
+/// A folder beside a playbook's that goes when nobody has put it in its place.
 class WorkFolder {
 public:
-    explicit WorkFolder(fs::path where) : path(std::move(where)) { Files::createFolder(path); }
+    explicit WorkFolder(const fs::path& library) : path(library / (workName + UUID::make().text())) {
+        sweep(library);
+        Files::createFolder(path);
+    }
     ~WorkFolder() {
         std::error_code ignored;
         fs::remove_all(path, ignored);
@@ -148,7 +165,7 @@ Book write(Playbook playbook, const std::vector<Asset>& assets, const std::strin
     playbook.version = before ? versionAfter(*before) : 1;
     const auto folder = before ? standing(*before) : freeFolder(playbook.name);
 
-    const WorkFolder work(folder.parent_path() / (".saving-" + UUID::make().text()));
+    const WorkFolder work(folder.parent_path());
     std::error_code error;
     if (before) {
         fs::copy(folder, work.path, fs::copy_options::recursive | fs::copy_options::copy_symlinks, error);

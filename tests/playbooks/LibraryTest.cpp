@@ -170,3 +170,17 @@ TEST_F(OwnersLibrary, passesOverWhatItCannotRead) {
         names.push_back(sound.folder + ":" + sound.file.filename().string());
     EXPECT_THAT(names, ElementsAre(":2.MP3", ":10.wav", "Hits:boom.flac"));
 }
+
+TEST_F(OwnersLibrary, aSaveTakesAwayWhatAKilledOneLeft) {
+    const auto left = [&](const char* name, std::chrono::minutes age) {
+        fs::create_directories(Library::playbooks() / name / "assets");
+        fs::last_write_time(Library::playbooks() / name, fs::file_time_type::clock::now() - age);
+        return Library::playbooks() / name;
+    };
+    const auto killed = left(".saving-killed", std::chrono::minutes(61));
+    const auto working = left(".saving-working", std::chrono::minutes(5));
+    const auto owners = left("Old and mine", std::chrono::minutes(600));
+    Playbooks::write(named("New"), {}, "test");
+    EXPECT_FALSE(fs::exists(killed));
+    EXPECT_TRUE(fs::exists(working) && fs::exists(owners));
+}
