@@ -33,8 +33,9 @@ public:
 
     /// One colour without bounds.
     static Image colour(Colour colour);
-    /// A bitmap with its top left at the origin. Its pixels must not change any more.
-    static Image bitmap(Bitmap bitmap);
+    /// A bitmap with its top left at the origin. Its pixels must not change any more; `opaque` tells that all
+    /// of them are known to be.
+    static Image bitmap(Bitmap bitmap, bool opaque = false);
     /// A decoded picture, upright, in square pixels, with its top left at the origin. HDR is tone-mapped.
     static Image frame(Frame frame);
     /// A rectangle whose colour goes evenly from `top` down to `bottom`.

@@ -9,26 +9,54 @@ bool keepsAxes(const Transform& transform) {
 Image::Node::Node(Kind what, Rect itsExtent, Rect itsBody, Rect itsOpaque, bool isSingle)
     : kind(std::move(what)), extent(itsExtent), body(itsBody), opaque(itsOpaque), single(isSingle) {}
 
-/// Takes the children apart one after the other: a graph thousands deep would overflow the stack if each node
+/// What nodes that are gone held on to.
+struct Image::Node::Waiting {
+    std::vector<std::shared_ptr<const Node>> nodes;
+    std::vector<std::function<Image()>> makers;
+
+    static thread_local Waiting* now; ///< where a node is being taken apart
+
+    /// Out of the list before it is gone: that may add to the list.
+    template <typename T>
+    static T last(std::vector<T>& list) {
+        T taken = std::move(list.back());
+        list.pop_back();
+        return taken;
+    }
+    void letGo() {
+        while (!nodes.empty() || !makers.empty()) {
+            if (nodes.empty())
+                last(makers);
+            else
+                last(nodes);
+        }
+    }
+};
+
+thread_local Image::Node::Waiting* Image::Node::Waiting::now = nullptr;
+
+/// Takes what it held apart one after the other: a graph thousands deep would overflow the stack if each node
 /// destroyed the next.
 Image::Node::~Node() {
-    std::vector<std::shared_ptr<const Node>> waiting;
-    giveUp(waiting);
-    while (!waiting.empty()) {
-        const auto node = std::move(waiting.back());
-        waiting.pop_back();
-        if (node.use_count() != 1) continue;
-        std::atomic_thread_fence(std::memory_order_acquire);
-        const_cast<Node&>(*node).giveUp(waiting);
+    if (Waiting::now) {
+        giveUp(*Waiting::now);
+    } else {
+        Waiting waiting;
+        Waiting::now = &waiting;
+        giveUp(waiting);
+        waiting.letGo();
+        Waiting::now = nullptr;
     }
 }
 
-void Image::Node::giveUp(std::vector<std::shared_ptr<const Node>>& children) {
-    const auto give = [&](Image& child) { children.push_back(std::move(child.root)); };
+void Image::Node::giveUp(Waiting& waiting) {
+    const auto give = [&](Image& child) { waiting.nodes.push_back(std::move(child.root)); };
     std::visit(
         [&](auto& node) {
             if constexpr (requires { node.of; }) give(node.of);
             if constexpr (requires { node.above; }) give(node.above), give(node.below);
+            if constexpr (requires { node.mask; }) give(node.mask);
+            if constexpr (requires { node.make; }) waiting.makers.push_back(std::move(node.make));
         },
         kind);
 }

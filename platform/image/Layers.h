@@ -28,7 +28,9 @@ struct Layer {
     PixelRect bounds; ///< nothing is drawn outside
     PixelRect solid;  ///< all of it hides what lies below
     int opacity = 255;
-    std::vector<Edges> edges; ///< smooth edges, each fading what lies outside
+    std::vector<Edges> edges;                               ///< smooth edges, each fading what lies outside
+    std::vector<std::shared_ptr<std::vector<Layer>>> masks; ///< each fading by its alpha
+    Blend blend = Blend::normal;
 };
 
 /// Layers of one drawing, from the bottom up.

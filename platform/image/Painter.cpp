@@ -33,19 +33,50 @@ void draw(Layer& layer, const Tile& tile) {
         Kernels::fill(pixel, tile.area.width(), tile.at(tile.area.left, y));
 }
 
+/// How pixels are laid over others.
+auto mixing(Blend blend) -> void (*)(const std::uint8_t*, int, std::uint8_t*) {
+    switch (blend) {
+        case Blend::multiply:
+            return Kernels::multiply;
+        case Blend::screen:
+            return Kernels::screen;
+        case Blend::overlay:
+            return Kernels::overlay;
+        case Blend::add:
+            return Kernels::add;
+        case Blend::softLight:
+            return Kernels::softLight;
+        case Blend::normal:
+            break;
+    }
+    return Kernels::over;
+}
+
 /// Lays what needs no pixels of its own right over the tile.
 bool laidDirectly(Layer& layer, const Tile& tile) {
-    if (layer.opacity != 255 || !layer.edges.empty() || std::holds_alternative<Layer::Draw>(layer.ink))
-        return false;
+    if (layer.opacity != 255 || !layer.edges.empty() || !layer.masks.empty()) return false;
     auto* still = std::get_if<Layer::Still>(&layer.ink);
+    const bool flat = std::holds_alternative<Layer::Flat>(layer.ink) && layer.blend == Blend::normal;
+    if (!still && !flat) return false;
+    const auto mix = mixing(layer.blend);
     for (int y = tile.area.top; y < tile.area.bottom; ++y) {
         auto* pixels = tile.at(tile.area.left, y);
         if (still)
-            Kernels::over(still->raster.tile().at(tile.area.left, y), tile.area.width(), pixels);
+            mix(still->raster.tile().at(tile.area.left, y), tile.area.width(), pixels);
         else
             Kernels::over(std::get<Layer::Flat>(layer.ink).pixel, tile.area.width(), pixels);
     }
     return true;
+}
+
+/// Fades what is drawn by the alpha of another picture.
+void maskBy(Layers& mask, const Tile& tile) {
+    const std::ptrdiff_t stride = std::ptrdiff_t(tile.area.width()) * 4;
+    const auto memory = std::make_unique_for_overwrite<std::uint8_t[]>(stride * tile.area.height());
+    const Tile shape{memory.get(), stride, tile.area};
+    paint(mask, shape);
+    for (int y = tile.area.top; y < tile.area.bottom; ++y)
+        Kernels::mask(shape.at(tile.area.left, y), tile.area.width(), tile.at(tile.area.left, y));
 }
 
 /// Draws the layer by itself, fades it, and lays it over the tile.
@@ -54,15 +85,17 @@ void layThroughScratch(Layer& layer, const Tile& tile) {
     const int rows = std::clamp(scratchPixels / area.width(), 1, area.height());
     const std::ptrdiff_t stride = std::ptrdiff_t(area.width()) * 4;
     const auto memory = std::make_unique_for_overwrite<std::uint8_t[]>(stride * rows);
+    const auto mix = mixing(layer.blend);
     for (int top = area.top; top < area.bottom; top += rows) {
         const Tile scratch{
             memory.get(), stride, {area.left, top, area.right, std::min(top + rows, area.bottom)}};
         draw(layer, scratch);
+        for (const auto& shape : layer.masks) maskBy(*shape, scratch);
         for (int y = scratch.area.top; y < scratch.area.bottom; ++y) {
             auto* row = scratch.at(area.left, y);
             for (const auto& edges : layer.edges) edges.cover(y, area.left, area.right, row);
             if (layer.opacity != 255) Kernels::fade(layer.opacity, area.width(), row);
-            Kernels::over(row, area.width(), tile.at(area.left, y));
+            mix(row, area.width(), tile.at(area.left, y));
         }
     }
 }

@@ -16,6 +16,12 @@ int counted(double value) {
 
 }
 
+std::uint32_t premultiplied(Colour colour, double opacity) {
+    const double alpha = colour.alpha / 255.0 * opacity;
+    const auto channel = [&](int value) { return std::uint32_t(std::lround(value * alpha)); };
+    return channel(colour.blue) | channel(colour.green) << 8 | channel(colour.red) << 16 | channel(255) << 24;
+}
+
 PixelRect PixelRect::intersection(const PixelRect& other) const {
     const PixelRect both{std::max(left, other.left), std::max(top, other.top), std::min(right, other.right),
                          std::min(bottom, other.bottom)};
@@ -39,6 +45,13 @@ PixelRect PixelRect::touching(const Rect& rect) {
     if (rect.empty()) return {};
     return {counted(std::floor(rect.x + noise)), counted(std::floor(rect.y + noise)),
             counted(std::ceil(rect.right() - noise)), counted(std::ceil(rect.bottom() - noise))};
+}
+
+PixelRect PixelRect::inside(const Rect& rect) {
+    const PixelRect pixels{counted(std::ceil(rect.x - noise)), counted(std::ceil(rect.y - noise)),
+                           counted(std::floor(rect.right() + noise)),
+                           counted(std::floor(rect.bottom() + noise))};
+    return pixels.empty() ? PixelRect{} : pixels;
 }
 
 PixelRect PixelRect::within(const Rect& rect) {

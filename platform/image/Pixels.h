@@ -1,11 +1,15 @@
 #pragma once
 
+#include "platform/image/Colour.h"
 #include "platform/image/Geometry.h"
 
 #include <cstddef>
 #include <cstdint>
 
 namespace murbo {
+
+/// A colour at some opacity (0 to 1) as a premultiplied pixel.
+std::uint32_t premultiplied(Colour colour, double opacity);
 
 /// A rectangle of whole pixels, right and bottom exclusive.
 struct PixelRect {
@@ -28,6 +32,8 @@ struct PixelRect {
 
     /// All pixels that `rect` touches; far coordinates are cut to what can be counted.
     static PixelRect touching(const Rect& rect);
+    /// The pixels that lie wholly in `rect`.
+    static PixelRect inside(const Rect& rect);
     /// The pixels whose middles lie in `rect`, so that two rectangles with a common edge share no pixel and
     /// leave none.
     static PixelRect within(const Rect& rect);

@@ -69,6 +69,18 @@ void fade(int opacity, int count, std::uint8_t* pixels);
 /// The mean with other pixels; halves go up where `up` is 1, down where it is 0.
 void average(const std::uint8_t* others, int count, int up, std::uint8_t* pixels);
 
+/// Each channel times the alpha of the mask's pixel.
+void mask(const std::uint8_t* masks, int count, std::uint8_t* pixels);
+
+// Pixels mixed with those below: W3C Compositing and Blending Level 1, section 10, on premultiplied pixels;
+// alpha as with `over`. Each is worked out in whole numbers and rounded once.
+void multiply(const std::uint8_t* above, int count, std::uint8_t* pixels);
+void screen(const std::uint8_t* above, int count, std::uint8_t* pixels);
+void overlay(const std::uint8_t* above, int count, std::uint8_t* pixels);
+void softLight(const std::uint8_t* above, int count, std::uint8_t* pixels);
+/// The sum of both, alpha too, held at 255.
+void add(const std::uint8_t* above, int count, std::uint8_t* pixels);
+
 /// A bitmap to be sampled at any angle. Positions beyond the edges repeat the edge.
 struct Texture {
     const std::uint8_t* pixels = nullptr;
