@@ -18,6 +18,8 @@ namespace {
 using Node = Image::Node;
 
 constexpr int deepest = 100;
+/// Pixels at an angle may lie so much further apart than one before they count as skipped.
+constexpr double slack = 0.35;
 
 /// What a node inherits from those above it.
 struct State {
@@ -41,6 +43,11 @@ struct State {
 bool countable(const Transform& transform) {
     const double values[] = {transform.a, transform.b, transform.c, transform.d, transform.tx, transform.ty};
     return std::all_of(values, values + 6, [](double value) { return std::abs(value) < 1e12; });
+}
+
+/// Whether a way from the canvas to a picture's pixels passes some of them over.
+bool skips(const Transform& way) {
+    return std::max(std::hypot(way.a, way.b), std::hypot(way.c, way.d)) > 1 + slack;
 }
 
 bool isShift(const Transform& transform) {
@@ -145,10 +152,11 @@ private:
 
     void visit(const Node::Pixels& pixels, State& state) {
         const Rect shown = takeLimits(state);
-        if (!keepsAxes(state.place)) return addTurned(state, shown);
         const PixelRect area{0, 0, pixels.bitmap.width(), pixels.bitmap.height()};
-        addSeen(state, {pixels.bitmap, area, pixels.opaque}, state.place.inverse(),
-                PixelRect::touching(shown).heldIn(area));
+        const auto limits = PixelRect::touching(shown).heldIn(area);
+        const auto way = state.place.inverse();
+        if (!keepsAxes(state.place) && (limits != area || skips(way))) return addTurned(state, shown);
+        addSeen(state, {pixels.bitmap, area, pixels.opaque}, way, limits);
     }
 
     void visit(const Node::Picture& picture, State& state) {
@@ -212,7 +220,9 @@ private:
     void visit(const Node::Once& once, State& state) {
         const auto& place = state.place;
         const double scale = std::max(std::hypot(place.a, place.b), std::hypot(place.c, place.d));
-        const double level = Memo::level(scale);
+        // Enlarging a bitmap beforehand would gain nothing.
+        const bool bitmap = std::holds_alternative<Node::Pixels>(once.of.node().kind);
+        const double level = std::min(Memo::level(scale), bitmap ? 1.0 : Memo::finest);
         const auto toGrid = Transform().scaled(level, level);
         const Rect shown = toGrid.apply(state.node->extent);
         const auto whole = PixelRect::touching(shown);
@@ -322,7 +332,7 @@ private:
     /// A raster at an angle. Where the way squeezes it (a shear, uneven scales), it is drawn on a finer grid
     /// first, and that is averaged: no pixel of it is skipped.
     void addAtAngle(State& state, Raster raster, const Transform& way) {
-        const auto finer = [](double step) { return int(std::clamp(std::ceil(step - 0.25), 1.0, 8.0)); };
+        const auto finer = [](double step) { return int(std::clamp(std::ceil(step - slack), 1.0, 8.0)); };
         const int across = finer(std::hypot(way.a, way.b));
         const int down = finer(std::hypot(way.c, way.d));
         const bool opaque = raster.opaque;

@@ -11,9 +11,7 @@ namespace {
 constexpr int cellWidth = 256;
 constexpr int cellHeight = 32;
 
-/// Powers of two that a picture is kept at.
-constexpr int finest = 2;
-constexpr int coarsest = -14;
+constexpr double coarsest = 0x1p-14;
 
 PixelRect cellsOf(const PixelRect& area, const PixelRect& whole) {
     return {(area.left - whole.left) / cellWidth, (area.top - whole.top) / cellHeight,
@@ -30,8 +28,8 @@ PixelRect pixelsOf(const PixelRect& cells, const PixelRect& whole) {
 }
 
 double Memo::level(double scale) {
-    return std::ldexp(1.0,
-                      int(std::clamp(std::ceil(std::log2(scale / 1.5)), double(coarsest), double(finest))));
+    const double held = std::clamp(scale / 1.5, coarsest, finest);
+    return std::ldexp(1.0, int(std::ceil(std::log2(held))));
 }
 
 Memo::Kept& Memo::kept(double level, const PixelRect& whole) {

@@ -19,6 +19,7 @@ public:
     /// How finely a picture is kept that is shown at `scale`: the smallest power of two from which it is
     /// enlarged to at most one and a half.
     static double level(double scale);
+    static constexpr double finest = 4; ///< no level is higher
 
     /// The pixels of `whole` at a level, of which those in `wanted` (a part of it) are there. `draw` is asked
     /// for those that were not.
