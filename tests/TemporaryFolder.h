@@ -35,4 +35,15 @@ public:
     std::filesystem::path path;
 };
 
+/// The bytes of a file; none where it can't be read.
+inline std::string contentsOf(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// How many files and folders stand right in a folder.
+inline std::ptrdiff_t entriesIn(const std::filesystem::path& folder) {
+    return std::distance(std::filesystem::directory_iterator(folder), {});
+}
+
 }

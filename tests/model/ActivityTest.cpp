@@ -1,7 +1,6 @@
 #include "core/model/Activity.h"
 #include "tests/TemporaryFolder.h"
 
-#include <sstream>
 #include <thread>
 
 #include <gtest/gtest.h>
@@ -11,26 +10,14 @@ using namespace std::chrono;
 
 namespace {
 
-std::string content(const std::filesystem::path& path) {
-    std::ifstream file(path);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
-
 Activity made(const std::string& title) {
-    Activity activity;
-    activity.kind = "transcribe";
-    activity.title = title;
-    activity.started = sys_days(2026y / January / 10) + 20h;
-    return activity;
+    return {.kind = "transcribe", .title = title, .started = sys_days(2026y / January / 10) + 20h};
 }
 
 }
 
 TEST(Activity, standsInOneLineEachOldestFirst) {
     const TemporaryFolder package;
-    EXPECT_TRUE(Activity::read(package.path).empty());
     auto full = made("Transcribe C01 “a/b”\n");
     full.engine = "whisper";
     full.ended = full.started + 90s;
@@ -41,7 +28,7 @@ TEST(Activity, standsInOneLineEachOldestFirst) {
     full.reply = "a reply";
     Activity::log(made("first"), package.path);
     Activity::log(full, package.path);
-    EXPECT_EQ(content(package / "activity.jsonl"),
+    EXPECT_EQ(contentsOf(package / "activity.jsonl"),
               R"({"kind":"transcribe","started":"2026-01-10T20:00:00Z","state":"running","title":"first"})"
               "\n"
               R"({"cost":0.25,"ended":"2026-01-10T20:01:30Z","engine":"whisper","error":"an error",)"

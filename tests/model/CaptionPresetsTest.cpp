@@ -3,76 +3,51 @@
 #include <gtest/gtest.h>
 
 using namespace murbo;
-
-namespace {
-
-CaptionStyle preset(const char* id, const char* base) {
-    CaptionStyle style;
-    style.id = id;
-    if (base) style.base = base;
-    return style;
-}
-
-}
+using CaptionPresets::resolved;
 
 TEST(CaptionPresets, theProjectsOwnReplaceThoseOfTheSameName) {
     Project project;
-    auto own = preset("clean", nullptr);
-    own.size = 10;
-    CaptionStyle nameless;
-    nameless.size = 20;
-    project.styles = std::vector{nameless, preset("mine", nullptr), own};
-    std::vector<std::string> ids;
-    for (const auto& style : CaptionPresets::of(project)) ids.push_back(style.id.value_or("-"));
-    EXPECT_EQ(ids, (std::vector<std::string>{"pop", "clean", "bold", "story", "boxed", "-", "mine"}));
+    project.styles.edit() = {{.size = 20}, {.id = "mine"}, {.id = "clean", .size = 10}};
+    std::string ids;
+    for (const auto& style : CaptionPresets::of(project)) ids += style.id.value_or("-") + " ";
+    EXPECT_EQ(ids, "pop clean bold story boxed - mine ");
     EXPECT_EQ(CaptionPresets::of(project)[1].size, 10);
-    EXPECT_EQ(CaptionPresets::resolved(project, "clean").weight,
-              0.56); // of pop: the built-in clean is replaced
+    EXPECT_EQ(resolved(project, "clean").weight, 0.56); // of pop: the built-in clean is replaced
 }
 
 TEST(CaptionPresets, everyChainEndsOnPop) {
     Project project;
-    auto ring = preset("ring", "ring");
-    ring.pill = "ABCDEF";
-    auto top = preset("top", "story");
-    top.pill = "";
-    project.styles = std::vector{ring, top, preset("lost", "nowhere")};
-    const auto resolved = [&](const char* id) { return CaptionPresets::resolved(project, id); };
-    EXPECT_EQ(resolved("ring").pill, "ABCDEF");
-    EXPECT_EQ(resolved("ring").size, 84);
-    EXPECT_EQ(resolved("top").pill, "");
-    EXPECT_EQ(resolved("top").bigScale, 2.2);
-    EXPECT_EQ(resolved("top").fill, "FFFFFF");
-    EXPECT_EQ(resolved("lost").motion, "pop");
-    EXPECT_EQ(resolved("nowhere"), CaptionStyle::builtIn()[0]);
-    EXPECT_EQ(CaptionPresets::resolved(project, std::nullopt), CaptionStyle::builtIn()[0]);
-    EXPECT_EQ(resolved("bold").name, "Bold Keyword");
-}
+    project.styles.edit() = {{.id = "ring", .base = "ring", .pill = "ABCDEF"},
+                             {.id = "top", .base = "story", .pill = ""},
+                             {.id = "lost", .base = "nowhere"}};
+    const auto ring = resolved(project, "ring"), top = resolved(project, "top");
+    EXPECT_EQ(ring.pill, "ABCDEF");
+    EXPECT_EQ(ring.size, 84);
+    EXPECT_EQ(top.pill, "");
+    EXPECT_EQ(top.bigScale, 2.2);
+    EXPECT_EQ(top.fill, "FFFFFF");
+    EXPECT_EQ(resolved(project, "lost").motion, "pop");
+    for (const auto& id : {std::optional<std::string>("nowhere"), {}})
+        EXPECT_EQ(resolved(project, id), CaptionStyle::builtIn()[0]);
 
-TEST(CaptionPresets, aProjectsOwnPopStandsOnTheBuiltIn) {
-    Project project;
-    auto pop = preset("pop", "bold");
-    pop.size = 50;
-    project.styles = std::vector{pop};
-    const auto style = CaptionPresets::resolved(project, "clean");
-    EXPECT_EQ(CaptionPresets::resolved(project, "pop").size, 50);
-    EXPECT_EQ(CaptionPresets::resolved(project, "pop").most, 24);
-    EXPECT_EQ(style.stroke, 30);
-    EXPECT_EQ(style.base, "bold");
+    // An own pop stands on the built-in one, and what stood on that stands on it.
+    project.styles.edit() = {{.id = "pop", .base = "bold", .size = 50}};
+    EXPECT_EQ(resolved(project, "pop").size, 50);
+    EXPECT_EQ(resolved(project, "pop").most, 24);
+    EXPECT_EQ(resolved(project, "clean").base, "bold");
 }
 
 TEST(CaptionPresets, aVideosBaseLeavesTheProjectsStyleOut) {
     Project project;
-    project.captionStyle = preset("", "clean");
-    project.captionStyle->fill = "00FF00";
+    project.captionStyle = {.base = "clean", .fill = "00FF00"};
     Video video;
-    EXPECT_EQ(CaptionPresets::style(project, video).fill, "00FF00");
-    EXPECT_EQ(CaptionPresets::style(project, video).size, 62);
+    const auto told = [&] {
+        const auto style = CaptionPresets::style(project, video);
+        return *style.fill + " " + *style.outline + " " + std::to_string(std::lround(*style.size));
+    };
+    EXPECT_EQ(told(), "00FF00  62");
     video.look.emplace().captions.style.emplace().size = 40;
-    EXPECT_EQ(CaptionPresets::style(project, video).fill, "00FF00");
-    EXPECT_EQ(CaptionPresets::style(project, video).size, 40);
+    EXPECT_EQ(told(), "00FF00  40");
     video.look->captions.style->base = "story";
-    EXPECT_EQ(CaptionPresets::style(project, video).fill, "FFFFFF");
-    EXPECT_EQ(CaptionPresets::style(project, video).outline, "FF5FA2");
-    EXPECT_EQ(CaptionPresets::style(project, video).size, 40);
+    EXPECT_EQ(told(), "FFFFFF FF5FA2 40");
 }

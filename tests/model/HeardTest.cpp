@@ -2,6 +2,7 @@
 #include "core/model/Monitoring.h"
 #include "core/model/PlayerChange.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 using namespace murbo;
@@ -11,73 +12,64 @@ namespace {
 /// Two cuts, the first muted; two sounds, the first muted; a song; the music lane off.
 Video mixed() {
     Video video;
-    video.cuts = std::vector<Cut>(2);
-    video.cuts.edit()[0].muted = true;
+    video.cuts.edit() = {{.muted = true}, {}};
     auto& look = video.look.emplace();
-    look.sounds = std::vector<SoundCue>(2);
-    look.sounds.edit()[0].muted = true;
-    look.music = std::vector<SoundCue>(1);
+    look.sounds.edit() = {{.volume = 0.3, .muted = true}, {.volume = 0.6}};
+    look.music.edit() = {{.volume = 0.9}};
     look.mix.emplace().music = 0.4;
     look.mix->toggleMute(Lane::music);
     return video;
 }
 
+/// The cuts, the volumes of sounds and songs, and the levels of the lanes; with an x what is muted.
+std::string told(const Video& video) {
+    std::string text;
+    const auto add = [&](const auto& block, double volume) {
+        text += fmt::format("{}{:g} ", block.muted.value_or(false) ? "x" : "", volume);
+    };
+    for (const auto& cut : video.cuts) add(cut, 1);
+    text += "| ";
+    for (const auto& sound : video.look->sounds) add(sound, sound.volume.value_or(1));
+    text += "| ";
+    for (const auto& song : video.look->music) add(song, song.volume.value_or(1));
+    text += "|";
+    for (const auto lane : allLanes) text += fmt::format(" {:g}", video.look->mix->level(lane));
+    return text + (video.look->mix->muted ? " x" : "");
 }
 
-TEST(Heard, leavesOutWhatIsTurnedOff) {
-    const auto video = mixed();
-    const auto result = heard(video, {});
-    EXPECT_EQ(result.look->sounds.size(), 1u);
-    EXPECT_EQ(result.look->sounds[0], video.look->sounds[1]);
-    EXPECT_EQ(result.look->music, video.look->music);
-    EXPECT_EQ(result.look->mix->music, 0);
-    EXPECT_EQ(result.look->mix->video, std::nullopt);
-    EXPECT_EQ(result.look->mix->muted, std::nullopt);
-    EXPECT_EQ(result.cuts, video.cuts);
 }
 
-TEST(Heard, includesWhatIsAskedFor) {
-    const auto video = mixed();
-    const auto rows = heard(video, {.includingMutedRows = true});
-    EXPECT_EQ(rows.look->mix->music, 0.4);
-    EXPECT_EQ(rows.look->sounds.size(), 1u);
-    const auto blocks = heard(video, {.includingMutedBlocks = true});
-    EXPECT_EQ(blocks.look->mix->music, 0);
-    EXPECT_EQ(blocks.cuts[0].muted, std::nullopt);
-    EXPECT_EQ(blocks.look->sounds[0].muted, std::nullopt);
-    EXPECT_EQ(hasMuted(heard(video, {.includingMutedRows = true, .includingMutedBlocks = true})), Muted{});
-}
+TEST(Heard, leavesOutWhatIsTurnedOffUnlessItIsAskedFor) {
+    const std::pair<HeardOptions, const char*> cases[] = {
+        {{}, "x1 1 | 0.6 | 0.9 | 1 1 1 0"},
+        {{.includingMutedRows = true}, "x1 1 | 0.6 | 0.9 | 1 1 1 0.4"},
+        {{.includingMutedBlocks = true}, "1 1 | 0.3 0.6 | 0.9 | 1 1 1 0"},
+        {{.includingMutedRows = true, .soloed = {Lane::music}}, "x1 1 | 0.6 | 0.9 | 0 0 0 0.4"},
+        {{.keepingTracks = true}, "x1 1 | x0 0.6 | 0.9 | 1 1 1 0"},
+    };
+    for (const auto& [options, expected] : cases) EXPECT_EQ(told(heard(mixed(), options)), expected);
 
-TEST(Heard, keepsAPlayersTracks) {
-    const auto result = heard(mixed(), {.keepingTracks = true});
-    EXPECT_EQ(result.look->sounds.size(), 2u);
-    EXPECT_EQ(result.look->sounds[0].volume, 0);
-    EXPECT_EQ(result.look->sounds[1].volume, std::nullopt);
-    EXPECT_NE(playerChange(result, nullptr), PlayerChange::redraw);
-}
-
-TEST(Heard, soloOverridesTheMix) {
-    auto video = mixed();
-    const HeardOptions solo{.includingMutedRows = true, .soloed = {Lane::music}};
-    const auto result = heard(video, solo);
-    for (const auto lane : allLanes) EXPECT_EQ(result.look->mix->level(lane), lane == Lane::music ? 0.4 : 0);
-    video.look.reset();
-    EXPECT_EQ(heard(video, solo).look->mix->video, 0);
-    EXPECT_EQ(heard(video, {}).look, std::nullopt);
-    EXPECT_TRUE(Monitoring{{Lane::music}}.heard(Lane::music, mixed().look->mix));
-    EXPECT_FALSE(Monitoring{}.heard(Lane::music, mixed().look->mix));
+    const Video bare;
+    EXPECT_EQ(heard(bare, {}).look, std::nullopt);
+    EXPECT_EQ(heard(bare, {.soloed = {Lane::music}}).look->mix->video, 0);
     EXPECT_TRUE(Monitoring{}.heard(Lane::music, std::nullopt));
 }
 
 TEST(Heard, tellsWhatIsOff) {
-    Video video;
-    EXPECT_EQ(hasMuted(video), Muted{});
-    video.cuts.edit().emplace_back().muted = true;
-    EXPECT_EQ(hasMuted(video), (Muted{.rows = false, .blocks = true}));
-    video = Video();
-    video.look.emplace().music.edit().emplace_back().muted = true;
-    video.look->mix.emplace().toggleMute(Lane::video);
-    EXPECT_EQ(hasMuted(video), (Muted{.rows = true, .blocks = true}));
+    struct Case {
+        void (*change)(Video&);
+        Muted expected;
+    };
+    for (const auto& [change, expected] :
+         {Case{[](Video&) {}, {}},
+          Case{[](Video& v) { v.cuts.edit().emplace_back().muted = true; }, {false, true}},
+          Case{[](Video& v) { v.look.emplace().sounds.edit() = {{.muted = true}}; }, {false, true}},
+          Case{[](Video& v) { v.look.emplace().music.edit() = {{.muted = true}}; }, {false, true}},
+          Case{[](Video& v) { v.look.emplace().mix.emplace().toggleMute(Lane::video); }, {true, false}}}) {
+        Video video;
+        change(video);
+        EXPECT_EQ(hasMuted(video), expected);
+    }
 }
 
 TEST(PlayerChange, isTheCheapestThatWillDo) {

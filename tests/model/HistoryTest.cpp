@@ -1,8 +1,6 @@
 #include "core/model/History.h"
-#include "platform/base/Codec.h"
-#include "platform/base/Files.h"
+#include "tests/TemporaryFolder.h"
 
-#include <fstream>
 #include <limits>
 
 #include <gtest/gtest.h>
@@ -11,24 +9,11 @@ using namespace murbo;
 
 namespace {
 
-class HistoryFiles : public testing::Test {
-protected:
-    void SetUp() override {
-        package = std::filesystem::temp_directory_path() / ("history-" + UUID::make().text() + ".mbproj");
-        std::filesystem::create_directories(package);
-    }
-    void TearDown() override { std::filesystem::remove_all(package); }
-
-    std::filesystem::path package;
-};
-
 Project spoken(const UUID& source, int lines) {
     Project project;
-    Transcript transcript;
+    auto& said = project.transcripts[source].lines.edit();
     for (int at = 0; at < lines; ++at)
-        transcript.lines.edit().push_back(
-            {UUID::make(), double(at), at + 1.0, "Line " + std::to_string(at), {}});
-    project.transcripts[source] = transcript;
+        said.push_back({.start = double(at), .end = at + 1.0, .text = "Line " + std::to_string(at)});
     return project;
 }
 
@@ -42,39 +27,34 @@ Project named(const std::string& language) {
 
 TEST(History, goesBackAndForthThroughEveryKindOfPart) {
     const UUID source = UUID::make();
+    const std::pair<const char*, std::function<void(Project&)>> steps[] = {
+        {"Add Files",
+         [&](Project& p) {
+             p.groups.edit().push_back({.name = "Group"});
+             p.sources.edit().push_back({.id = source, .path = "/a.mp4"});
+             p.clips.edit().push_back({.number = ++p.lastClip, .source = source});
+         }},
+        {"Bookmark", [](Project& p) { p.bookmarks.edit().push_back({.number = ++p.lastBookmark}); }},
+        {"New Video", [](Project& p) { p.videos.edit().push_back({.number = ++p.lastVideo}); }},
+        {"Transcribe", [&](Project& p) { p.transcripts = spoken(source, 3).transcripts; }},
+        {"Style", [](Project& p) { p.captionStyle = CaptionStyle{.size = 50}; }},
+        {"Save Style", [](Project& p) { p.styles.edit().push_back({.id = "mine"}); }},
+        {"Language", [](Project& p) { p.language = "th"; }},
+        {"Ideas", [](Project& p) { p.ideas.emplace(); }},
+    };
     Project project;
     History history;
     std::vector<Project> states{project};
-    const auto step = [&](const char* name, auto change) {
-        const Project before = project;
+    for (const auto& [name, change] : steps) {
         change(project);
-        history.record(name, before, project);
+        history.record(name, states.back(), project);
         states.push_back(project);
-    };
-    step("Add Files", [&](Project& p) {
-        p.groups.edit().push_back({UUID::make(), "Group"});
-        p.sources.edit().push_back(
-            {source, p.groups[0].id, "/a.mp4", {}, Source::Kind::file, 10, {}, {}, {}});
-        p.clips.edit().push_back({UUID::make(), ++p.lastClip, {}, source, 0, 10, {}, {}, {}, {}, {}});
-    });
-    step("Bookmark", [&](Project& p) {
-        p.bookmarks.edit().push_back({UUID::make(), ++p.lastBookmark, source, 1, {}, {}});
-    });
-    step("New Video", [](Project& p) {
-        p.videos.edit().push_back({UUID::make(), ++p.lastVideo, {}, "First"});
-    });
-    step("Transcribe", [&](Project& p) { p.transcripts = spoken(source, 3).transcripts; });
-    step("Style", [](Project& p) { p.captionStyle = CaptionStyle{.size = 50}; });
-    step("Save Style", [](Project& p) { p.styles.edit().push_back({.id = "mine"}); });
-    step("Language", [](Project& p) { p.language = "th"; });
-    step("Ideas", [](Project& p) { p.ideas.emplace(); });
-
+    }
     for (std::size_t at = states.size() - 1; at-- > 0;) {
         ASSERT_TRUE(history.undo(project));
         EXPECT_EQ(project, states[at]) << at;
     }
     EXPECT_FALSE(history.undo(project));
-    EXPECT_EQ(project, states.front());
     for (std::size_t at = 1; at < states.size(); ++at) {
         ASSERT_TRUE(history.redo(project));
         EXPECT_EQ(project, states[at]) << at;
@@ -117,17 +97,18 @@ TEST(History, dropsOldStepsThatComeToTooMuchButNeverTheNewest) {
 TEST(History, aBrokenPartCostsNoOther) {
     Project project = named("th");
     project.lastClip = 7;
-    const ProjectParts parts{{"clips", Data{"[{]"}},
-                             {"counters", Data{"[1,2]"}},
-                             {"transcript/none", Data{"null"}},
-                             {"unheard", Data{"1"}},
-                             {"language", Data{"null"}}};
-    Parts::apply(parts, project);
+    Parts::apply({{"clips", Data{"[{]"}},
+                  {"counters", Data{"[1,2]"}},
+                  {"transcript/none", Data{"null"}},
+                  {"unheard", Data{"1"}},
+                  {"language", Data{"null"}}},
+                 project);
     EXPECT_EQ(project.lastClip, 7);
     EXPECT_FALSE(project.language);
 }
 
-TEST_F(HistoryFiles, outliveTheSession) {
+TEST(History, outlivesTheSession) {
+    const TemporaryFolder package;
     const UUID source = UUID::make();
     const Project before = spoken(source, 200);
     Project project = before;
@@ -137,9 +118,9 @@ TEST_F(HistoryFiles, outliveTheSession) {
     history.record("First", {}, before);
     history.record("Fix Words", before, project);
     history.undo(project);
-    ProjectPackage::writeHistory(history, package);
+    ProjectPackage::writeHistory(history, package.path);
 
-    History again = ProjectPackage::readHistory(package);
+    History again = ProjectPackage::readHistory(package.path);
     EXPECT_EQ(again.redo(project), "Fix Words");
     EXPECT_EQ(project, after);
     again.undo(project);
@@ -148,32 +129,32 @@ TEST_F(HistoryFiles, outliveTheSession) {
     EXPECT_EQ(project, Project{});
 
     // Written from what was read, it is the same file to the byte.
-    ProjectPackage::writeHistory(ProjectPackage::readHistory(package), package);
-    const auto bytes = Files::readWhole(package / "undo.json", 1 << 24);
-    ProjectPackage::writeHistory(history, package);
-    EXPECT_EQ(Files::readWhole(package / "undo.json", 1 << 24), bytes);
+    const auto bytes = contentsOf(package / "undo.json");
+    ProjectPackage::writeHistory(ProjectPackage::readHistory(package.path), package.path);
+    EXPECT_EQ(contentsOf(package / "undo.json"), bytes);
 }
 
-TEST_F(HistoryFiles, truncatedAnywhereAreAnEmptyHistory) {
+TEST(History, truncatedAnywhereIsAnEmptyOne) {
+    const TemporaryFolder package;
     History history;
     history.record("Step", named("th"), named("en"));
-    ProjectPackage::writeHistory(history, package);
-    const auto whole = Files::readWhole(package / "undo.json", 1 << 20);
+    ProjectPackage::writeHistory(history, package.path);
+    const auto whole = contentsOf(package / "undo.json");
     for (std::size_t length = 0; length < whole.find_last_of('}'); ++length) {
-        std::ofstream(package / "undo.json", std::ios::trunc) << whole.substr(0, length);
-        EXPECT_TRUE(ProjectPackage::readHistory(package).past().empty()) << length;
+        package.file("undo.json", whole.substr(0, length));
+        EXPECT_TRUE(ProjectPackage::readHistory(package.path).past().empty()) << length;
     }
-    std::filesystem::remove(package / "undo.json");
-    EXPECT_TRUE(ProjectPackage::readHistory(package).past().empty());
+    EXPECT_TRUE(ProjectPackage::readHistory(package / "none").past().empty());
 }
 
-TEST_F(HistoryFiles, leaveOutAPartThatCannotBeWritten) {
+TEST(History, leavesOutAPartThatCannotBeWritten) {
+    const TemporaryFolder package;
     Project broken = named("en");
     broken.clips.edit().push_back({.start = std::numeric_limits<double>::quiet_NaN()});
     History history;
     history.record("Step", named("th"), broken);
-    ProjectPackage::writeHistory(history, package);
-    const auto again = ProjectPackage::readHistory(package);
+    ProjectPackage::writeHistory(history, package.path);
+    const auto again = ProjectPackage::readHistory(package.path);
     ASSERT_EQ(again.past().size(), 1u);
     EXPECT_EQ(again.past()[0].after.size(), 1u);
     EXPECT_TRUE(again.past()[0].after.contains("language"));

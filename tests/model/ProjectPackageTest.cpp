@@ -1,11 +1,7 @@
 #include "core/model/ProjectPackage.h"
-#include "platform/base/Codec.h"
-#include "platform/base/Files.h"
-#include "tests/base/Scratch.h"
+#include "tests/TemporaryFolder.h"
 
-#include <algorithm>
 #include <csignal>
-#include <fstream>
 #include <limits>
 
 #include <gtest/gtest.h>
@@ -14,19 +10,11 @@
 
 using namespace murbo;
 namespace fs = std::filesystem;
+using Kind = ProjectError::Kind;
 
 namespace {
 
-constexpr std::size_t plenty = 1 << 24;
-constexpr const char* empty =
-    R"("groups":[],"sources":[],"clips":[],"bookmarks":[],"videos":[],"styles":[],"lastClip":0,"lastBookmark":0,"lastVideo":0})";
-
-void put(const fs::path& path, const std::string& text) {
-    fs::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << text;
-}
-
-std::optional<ProjectError::Kind> faultOf(const fs::path& package) {
+std::optional<Kind> faultOf(const fs::path& package) {
     try {
         ProjectPackage::read(package);
     } catch (const ProjectError& error) {
@@ -35,81 +23,67 @@ std::optional<ProjectError::Kind> faultOf(const fs::path& package) {
     return std::nullopt;
 }
 
-/// A project with two sources, the first of them with a transcript.
-Project spoken() {
-    Project project;
-    for (const char* name : {"/a.mp4", "/b.mp4"}) {
-        Source source;
-        source.path = name;
-        project.sources.edit().push_back(source);
+/// A package of a project with two sources, the first of them with a transcript.
+class Package : public testing::Test {
+protected:
+    Package() {
+        project.sources.edit() = {{.path = "/a.mp4"}, {.path = "/b.mp4"}};
+        project.transcripts[source()].lines.edit() = {{.text = "hello"}};
+        ProjectPackage::write(project, folder.path, nullptr);
     }
-    Line line;
-    line.text = "hello";
-    project.transcripts[project.sources[0].id].lines.edit().push_back(line);
-    return project;
-}
 
-fs::path transcriptFile(const fs::path& package, const Project& project) {
-    return package / "transcripts" / (project.sources[0].id.text() + ".json");
-}
+    const UUID& source() const { return project.sources[0].id; }
+    std::string transcript() const { return "transcripts/" + source().text() + ".json"; }
 
-/// What a write replaced: files get a new inode when they are written.
-std::set<std::string> writtenBy(const fs::path& package, const Project& project, const Project* previous) {
-    std::map<std::string, std::string> marked;
-    for (const auto& entry : fs::recursive_directory_iterator(package))
-        if (entry.is_regular_file()) put(entry.path(), "mark");
-    ProjectPackage::write(project, package, previous);
-    std::set<std::string> written;
-    for (const auto& entry : fs::recursive_directory_iterator(package))
-        if (entry.is_regular_file() && Files::readWhole(entry.path(), plenty) != "mark")
-            written.insert(fs::relative(entry.path(), package).parent_path().string() + "/");
-    return written;
-}
+    /// The files that a write over the project replaces.
+    std::string written(const Project& changed, const Project* previous) const {
+        for (const auto& file : {std::string("project.json"), transcript()}) folder.file(file, "mark");
+        ProjectPackage::write(changed, folder.path, previous);
+        std::string files;
+        if (contentsOf(folder / "project.json") != "mark") files += "project";
+        if (contentsOf(folder / transcript()) != "mark") files += " transcript";
+        return files;
+    }
+
+    TemporaryFolder folder;
+    Project project;
+};
 
 }
 
-TEST(ProjectPackage, isReadAsItWasWritten) {
-    const Scratch scratch;
-    const auto package = scratch / "deep/er/ไทย “a”\n.mbproj";
-    const auto project = spoken();
+TEST_F(Package, isReadAsItWasWritten) {
+    const auto package = folder / "deep/er/ไทย “a”\n.mbproj";
     ProjectPackage::write(project, package, nullptr);
     EXPECT_EQ(ProjectPackage::read(package), project);
 }
 
-TEST(ProjectPackage, writesOnlyWhatChanged) {
-    const Scratch scratch;
-    const auto before = spoken();
-    ProjectPackage::write(before, scratch.path(), nullptr);
-    auto after = before;
-    EXPECT_EQ(writtenBy(scratch.path(), after, &before), (std::set<std::string>{}));
-    after.lastClip = 3;
-    EXPECT_EQ(writtenBy(scratch.path(), after, &before), (std::set<std::string>{"/"}));
-    auto spokenMore = before;
-    spokenMore.transcripts[before.sources[0].id].notes.edit().emplace_back();
-    EXPECT_EQ(writtenBy(scratch.path(), spokenMore, &before), (std::set<std::string>{"transcripts/"}));
-    auto copied = before;
-    copied.transcripts[before.sources[0].id].lines.edit();
-    EXPECT_EQ(writtenBy(scratch.path(), copied, &before), (std::set<std::string>{}));
-    EXPECT_EQ(writtenBy(scratch.path(), before, nullptr), (std::set<std::string>{"/", "transcripts/"}));
+TEST_F(Package, hasOnlyWhatChangedWrittenAnew) {
+    EXPECT_EQ(written(project, &project), "");
+    auto changed = project;
+    changed.lastClip = 3;
+    EXPECT_EQ(written(changed, &project), "project");
+    changed = project;
+    changed.transcripts[source()].lines.edit();
+    EXPECT_EQ(written(changed, &project), "") << "copied, but equal";
+    changed.transcripts[source()].notes.edit().emplace_back();
+    EXPECT_EQ(written(changed, &project), " transcript");
+    EXPECT_EQ(written(project, nullptr), "project transcript");
 }
 
-TEST(ProjectPackage, theFileOfATranscriptOutlivesIt) {
-    const Scratch scratch;
-    const auto before = spoken();
-    ProjectPackage::write(before, scratch.path(), nullptr);
-    auto after = before;
+TEST_F(Package, theFileOfATranscriptOutlivesIt) {
+    auto after = project;
     after.transcripts.clear();
-    ProjectPackage::write(after, scratch.path(), &before);
-    EXPECT_EQ(ProjectPackage::read(scratch.path()), before);
+    ProjectPackage::write(after, folder.path, &project);
+    EXPECT_EQ(ProjectPackage::read(folder.path), project);
     after.sources = {};
-    ProjectPackage::write(after, scratch.path(), &before);
-    put(transcriptFile(scratch.path(), before), "broken");
-    EXPECT_TRUE(ProjectPackage::read(scratch.path()).transcripts.empty());
+    ProjectPackage::write(after, folder.path, &project);
+    folder.file(transcript(), "broken");
+    EXPECT_TRUE(ProjectPackage::read(folder.path).transcripts.empty());
 }
 
-TEST(ProjectPackage, tellsDamagedFromNewer) {
-    using Kind = ProjectError::Kind;
-    const std::string huge(1 << 20, '[');
+TEST_F(Package, damagedIsToldFromNewer) {
+    const std::string rest =
+        R"("groups":[],"sources":[],"clips":[],"bookmarks":[],"videos":[],"styles":[],"lastClip":0,"lastBookmark":0,"lastVideo":0})";
     const std::pair<std::string, std::optional<Kind>> cases[] = {
         {R"({"format": 2, "sources": "garbage"})", Kind::newer},
         {R"({"format": 1e3})", Kind::newer},
@@ -118,79 +92,64 @@ TEST(ProjectPackage, tellsDamagedFromNewer) {
         {R"({"format": null})", Kind::damaged},
         {R"([])", Kind::damaged},
         {"", Kind::damaged},
-        {huge, Kind::damaged},
-        {std::string(R"({"format": 0, )") + empty, std::nullopt},
-        {std::string(R"({"format": 1, "extra": 1, "captionStyle": null, )") + empty, std::nullopt},
-        {std::string(R"({"format": 1, "language": 4, )") + empty, Kind::damaged},
-        {std::string(R"({"format": 1, "transcripts": 4, )") + empty, std::nullopt},
+        {std::string(1 << 20, '['), Kind::damaged},
+        {R"({"format": 0, )" + rest, std::nullopt},
+        {R"({"format": 1, "extra": 1, "captionStyle": null, )" + rest, std::nullopt},
+        {R"({"format": 1, "language": 4, )" + rest, Kind::damaged},
+        {R"({"format": 1, "transcripts": 4, )" + rest, std::nullopt},
     };
     for (const auto& [text, kind] : cases) {
-        const Scratch scratch;
-        put(scratch / "project.json", text);
-        EXPECT_EQ(faultOf(scratch.path()), kind) << text.substr(0, 80);
+        folder.file("project.json", text);
+        EXPECT_EQ(faultOf(folder.path), kind) << text.substr(0, 80);
     }
-    const Scratch scratch;
-    EXPECT_EQ(faultOf(scratch / "none.mbproj"), Kind::damaged);
+    EXPECT_EQ(faultOf(folder / "none.mbproj"), Kind::damaged);
 }
 
-TEST(ProjectPackage, aBrokenTranscriptKeepsTheProjectShut) {
-    const auto project = spoken();
+TEST_F(Package, aBrokenTranscriptKeepsItShut) {
     for (const char* text : {"{}", "", R"({"lines": []})", R"({"lines": [{}], "notes": []})"}) {
-        const Scratch scratch;
-        ProjectPackage::write(project, scratch.path(), nullptr);
-        put(transcriptFile(scratch.path(), project), text);
-        EXPECT_EQ(faultOf(scratch.path()), ProjectError::Kind::damaged) << text;
+        folder.file(transcript(), text);
+        EXPECT_EQ(faultOf(folder.path), Kind::damaged) << text;
     }
-    const Scratch scratch;
-    ProjectPackage::write(project, scratch.path(), nullptr);
-    fs::remove(transcriptFile(scratch.path(), project));
-    fs::create_directory(transcriptFile(scratch.path(), project));
-    EXPECT_EQ(faultOf(scratch.path()), ProjectError::Kind::damaged);
+    fs::remove(folder / transcript());
+    fs::create_directory(folder / transcript());
+    EXPECT_EQ(faultOf(folder.path), Kind::damaged);
 }
 
-TEST(ProjectPackage, isCreatedOnlyWhereNothingStands) {
-    const Scratch scratch;
-    const auto package = scratch / "Name.mbproj";
+TEST_F(Package, isCreatedOnlyWhereNothingStands) {
+    const auto package = folder / "Name.mbproj";
     ProjectPackage::create(package);
     EXPECT_EQ(ProjectPackage::read(package), Project());
     EXPECT_FALSE(fs::exists(package / "transcripts"));
-    fs::create_symlink("nowhere", scratch / "Link.mbproj");
-    EXPECT_THROW(ProjectPackage::create(scratch / "Link.mbproj"), ProjectError);
-    put(scratch / "file", "");
-    EXPECT_THROW(ProjectPackage::create(scratch / "file/Name.mbproj"), Problem);
+    fs::create_symlink("nowhere", folder / "Link.mbproj");
+    EXPECT_THROW(ProjectPackage::create(folder / "Link.mbproj"), ProjectError);
+    EXPECT_THROW(ProjectPackage::create(folder / "project.json/Name.mbproj"), Problem);
 }
 
-TEST(ProjectPackage, aNumberThatCannotBeWrittenCostsNothing) {
-    const Scratch scratch;
-    auto project = spoken();
-    ProjectPackage::write(project, scratch.path(), nullptr);
+TEST_F(Package, aNumberThatCannotBeWrittenCostsNothing) {
     auto broken = project;
     broken.sources.edit()[0].length = std::numeric_limits<double>::quiet_NaN();
-    EXPECT_THROW(ProjectPackage::write(broken, scratch.path(), &project), Problem);
-    EXPECT_EQ(ProjectPackage::read(scratch.path()), project);
+    EXPECT_THROW(ProjectPackage::write(broken, folder.path, &project), Problem);
+    EXPECT_EQ(ProjectPackage::read(folder.path), project);
 }
 
-TEST(ProjectPackage, survivesBeingKilledWhileSaving) {
-    const Scratch scratch;
-    auto project = spoken();
+TEST_F(Package, survivesBeingKilledWhileItIsSaved) {
     project.transcripts[project.sources[1].id].lines = std::vector<Line>(2000);
-    ProjectPackage::write(project, scratch.path(), nullptr);
+    ProjectPackage::write(project, folder.path, nullptr);
     for (int round = 0; round < 20; ++round) {
         const auto child = ::fork();
         ASSERT_GE(child, 0);
         while (child == 0) {
             ++project.lastClip;
-            ProjectPackage::write(project, scratch.path(), nullptr);
+            ProjectPackage::write(project, folder.path, nullptr);
         }
         ::usleep(static_cast<useconds_t>(1000 + 611 * round));
         ::kill(child, SIGKILL);
         ::waitpid(child, nullptr, 0);
-        ASSERT_EQ(faultOf(scratch.path()), std::nullopt);
+        ASSERT_EQ(faultOf(folder.path), std::nullopt);
     }
 }
 
 TEST(ProjectError, saysItInTheOwnersWords) {
-    using Kind = ProjectError::Kind;
     const std::tuple<Kind, const char*, const char*> cases[] = {
         {Kind::damaged, "/x/Name.mbproj",
          "“Name.mbproj” could not be opened. It is damaged or is not an Murbo project."},

@@ -1,12 +1,6 @@
-#include "core/model/Project.h"
 #include "core/model/ProjectPackage.h"
 #include "platform/base/Codec.h"
-#include "platform/base/Files.h"
-#include "platform/base/Problem.h"
-#include "tests/base/Scratch.h"
-
-#include <filesystem>
-#include <fstream>
+#include "tests/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -17,15 +11,26 @@ namespace fs = std::filesystem;
 namespace {
 
 const fs::path golden = fs::path(MURBO_TESTS) / "model/golden";
-constexpr std::size_t plenty = 1 << 24;
 
-/// The smallest form of a record is kept as a file: it reads, writes back the same bytes, and every key in it
-/// is needed, unless the record is lenient.
+/// The smallest form of a record, in compact JSON: a line behind its name.
+std::string smallestForm(const std::string& wanted) {
+    std::ifstream file(golden / "SmallestForms.txt");
+    for (std::string name, form; file >> name && std::getline(file >> std::ws, form);)
+        if (name == wanted) return form;
+    return "none on file";
+}
+
+template <class T>
+std::string compact(const T& record) {
+    return Codec::encode(record, JsonWriter::Layout::compact);
+}
+
+/// It reads, writes back the same bytes, and every key in it is needed, unless the record is lenient.
 template <class T>
 void checkSmallestForm(const std::string& name) {
     SCOPED_TRACE(name);
-    const auto text = Files::readWhole(golden / (name + ".json"), plenty);
-    EXPECT_EQ(Codec::encode(Codec::decode<T>(text)), text);
+    const auto text = smallestForm(name);
+    EXPECT_EQ(compact(Codec::decode<T>(text)), text);
     const auto whole = nlohmann::json::parse(text);
     for (const auto& [key, _] : whole.items()) {
         auto without = whole;
@@ -33,7 +38,7 @@ void checkSmallestForm(const std::string& name) {
         auto null = whole;
         null[key] = nullptr;
         if (name == "Look") {
-            EXPECT_EQ(Codec::encode(Codec::decode<T>(without.dump())), text) << key;
+            EXPECT_EQ(compact(Codec::decode<T>(without.dump())), text) << key;
             continue;
         }
         EXPECT_THROW(Codec::decode<T>(without.dump()), Problem) << key;
@@ -76,32 +81,25 @@ TEST(Records, haveTheirSmallestFormsOnFile) {
 }
 
 TEST(Records, aProjectWithEveryKeyComesBackToTheByte) {
-    const Scratch scratch;
+    const TemporaryFolder folder;
     const auto package = golden / "everything.mbproj";
-    ProjectPackage::write(ProjectPackage::read(package), scratch.path(), nullptr);
+    ProjectPackage::write(ProjectPackage::read(package), folder.path, nullptr);
     for (const auto& entry : fs::recursive_directory_iterator(package)) {
         if (!entry.is_regular_file()) continue;
-        const auto copy = scratch.path() / fs::relative(entry.path(), package);
-        EXPECT_EQ(Files::readWhole(copy, plenty), Files::readWhole(entry.path(), plenty)) << copy;
+        const auto copy = folder / fs::relative(entry.path(), package);
+        EXPECT_EQ(contentsOf(copy), contentsOf(entry.path())) << copy;
     }
 }
 
 TEST(Records, newOnesHaveTheirDefaultsAndAnIdentityOfTheirOwn) {
-    EXPECT_EQ(Codec::encode(Project()), Files::readWhole(golden / "Project.json", plenty));
-    EXPECT_EQ(Codec::encode(Look()), Files::readWhole(golden / "Look.json", plenty));
-    EXPECT_EQ(Codec::encode(Framing()), Files::readWhole(golden / "Framing.json", plenty));
+    EXPECT_EQ(compact(Project()), smallestForm("Project"));
+    EXPECT_EQ(compact(Look()), smallestForm("Look"));
+    EXPECT_EQ(compact(Framing()), smallestForm("Framing"));
     EXPECT_NE(Clip().id, Clip().id);
-    const auto cut = Cut::generated("card", 2, std::nullopt, 0.05);
-    EXPECT_EQ(cut.length(), 0.1);
-    EXPECT_NE(cut.source, UUID());
-}
-
-TEST(Records, noIdeasAndNoneYetAreTwoThings) {
-    Project project;
-    project.ideas.emplace();
-    EXPECT_NE(Codec::encode(project), Codec::encode(Project()));
-    EXPECT_EQ(Codec::decode<Project>(Codec::encode(project)), project);
-    EXPECT_NE(project, Project());
+    EXPECT_EQ(Cut::generated("card", 2, std::nullopt, 0.05).length(), 0.1);
+    Project none;
+    none.ideas.emplace();
+    EXPECT_EQ(Codec::decode<Project>(Codec::encode(none)), none) << "none is another thing than none yet";
 }
 
 TEST(Records, captionsAreStrictInsideALenientLook) {
@@ -112,12 +110,8 @@ TEST(Records, captionsAreStrictInsideALenientLook) {
         Codec::decode<Look>(R"({"captions": {"on": true, "lines": [], "style": {"motion": "?"}}})"));
 }
 
-TEST(Clip, isShownByItsNameItsTitleOrWhatIsGiven) {
-    struct Case {
-        std::optional<std::string> name, title;
-        std::string shown;
-    };
-    const Case cases[] = {
+TEST(Records, areNamedForTheirOwner) {
+    const std::tuple<std::optional<std::string>, std::optional<std::string>, const char*> clips[] = {
         {{}, {}, "otherwise"},
         {" \t", {}, "otherwise"},
         {"Best bit", {}, "Best bit · C07"},
@@ -126,22 +120,16 @@ TEST(Clip, isShownByItsNameItsTitleOrWhatIsGiven) {
         {{}, " The fall ", " The fall "},
         {"", "\u00A0", "otherwise"},
     };
-    for (const auto& [name, title, shown] : cases) {
-        Clip clip;
-        clip.number = 7;
-        clip.name = name;
+    for (const auto& [name, title, shown] : clips) {
+        Clip clip{.number = 7, .name = name};
         if (title) clip.summary = Clip::Summary{*title, ""};
         EXPECT_EQ(clip.title("otherwise"), shown);
     }
-}
-
-TEST(Source, isNamedByItsLastPart) {
     for (const auto& [path, name] :
-         {std::pair{"/a/b c.mp4", "b c.mp4"}, {"b.mp4", "b.mp4"}, {"/a/b/", "b"}, {"", ""}, {"/", "/"}}) {
-        Source source;
-        source.path = path;
-        EXPECT_EQ(source.name(), name);
-    }
+         {std::pair{"/a/b c.mp4", "b c.mp4"}, {"b.mp4", "b.mp4"}, {"/a/b/", "b"}, {"", ""}, {"/", "/"}})
+        EXPECT_EQ(Source{.path = path}.name(), name);
+    for (const auto& [number, tag] : {std::pair{0, "C00"}, {7, "C07"}, {10, "C10"}, {123, "C123"}})
+        EXPECT_EQ(Clip{.number = number}.tag(), tag);
 }
 
 TEST(Mix, togglesLanesInTheOrderTheyWereTurnedOff) {
