@@ -18,10 +18,12 @@ using Clock = std::chrono::steady_clock;
 constexpr const char* extension = ".mbplay";
 constexpr auto listingHolds = std::chrono::seconds(3);
 
+using Books = std::shared_ptr<const std::vector<Book>>;
+
 struct Listing {
     fs::path folder;
     Clock::time_point made;
-    std::vector<Book> books;
+    Books books;
 };
 std::mutex listingLock;
 std::optional<Listing> listing;
@@ -43,17 +45,17 @@ std::optional<Book> loaded(const fs::path& folder) {
     }
 }
 
-std::vector<Book> listed(const fs::path& folder) {
+Books listed(const fs::path& folder) {
     std::vector<Book> books;
     for (const auto& path : playbookFolders(folder))
         if (auto book = loaded(path)) books.push_back(std::move(*book));
     std::stable_sort(books.begin(), books.end(), [](const Book& a, const Book& b) {
         return Names::before(a.playbook.name, b.playbook.name);
     });
-    return books;
+    return std::make_shared<const std::vector<Book>>(std::move(books));
 }
 
-std::vector<Book> owners() {
+Books owners() {
     const auto folder = Library::playbooks();
     {
         const std::lock_guard held(listingLock);
@@ -104,14 +106,16 @@ Book load(const std::filesystem::path& folder) {
 }
 
 std::vector<Book> library() {
-    auto books = owners();
+    auto books = *owners();
     books.insert(books.end(), Stock::books().begin(), Stock::books().end());
     return books;
 }
 
 std::optional<Book> find(const std::string& id) {
-    for (auto& book : library())
-        if (book.id() == id) return std::move(book);
+    const auto own = owners();
+    for (const auto* books : {own.get(), &Stock::books()})
+        for (const auto& book : *books)
+            if (book.id() == id) return book;
     return std::nullopt;
 }
 

@@ -58,8 +58,7 @@ TEST(PlacedShot, ofTwoShotsOnOneMomentTheLaterStays) {
 TEST(PlacedShot, movesTheCamera) {
     struct Case {
         const char* move;
-        double zoom, start, middle,
-            end; // zoom, then the zoom at the start, in the middle, at the end and behind
+        double zoom, start, middle, end; // the shot's, then at the start, in the middle and behind the end
     };
     for (const Case& each :
          {Case{"push", 2, 1, 1.5, 2}, Case{"pull", 2, 2, 1.5, 1}, Case{"drift", 2, 2, 2.08, 2.16},
@@ -68,7 +67,6 @@ TEST(PlacedShot, movesTheCamera) {
         PlacedShot placed{.start = 10, .end = 14, .shot = Made::shot(one, 0)};
         placed.shot.move = each.move;
         placed.shot.zoom = each.zoom;
-        EXPECT_NEAR(placed.zoom(9), each.start, 1e-12) << each.move;
         EXPECT_NEAR(placed.zoom(10), each.start, 1e-12) << each.move;
         EXPECT_NEAR(placed.zoom(12), each.middle, 1e-12) << each.move;
         EXPECT_NEAR(placed.zoom(15), each.end, 1e-12) << each.move;
@@ -95,7 +93,6 @@ TEST(PlacedShot, aShakeJoltsTwentyFourTimesASecondAndDiesAway) {
         noises.insert(placed.jolt(time) / decay);
         EXPECT_LE(std::abs(placed.jolt(time)), 20 * decay);
         EXPECT_LE(std::abs(*placed.moved(time).focus - 0.3), 0.125 * decay);
-        EXPECT_EQ(placed.jolt(time), placed.jolt(time));
     }
     EXPECT_GT(noises.size(), 17);
     EXPECT_EQ(placed.jolt(10.81), 0);
