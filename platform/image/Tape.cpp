@@ -108,9 +108,4 @@ Layer::Draw draw(const Taped& filter, const Image::Node& of, const Transform& pl
     return [drawing](const Tile& tile) { drawing->fill(tile); };
 }
 
-Layer::Draw draw(const Inked&, const Image::Node& of, const Transform& place, const PixelRect& bounds,
-                 int depth) {
-    return unchanged(of, place, bounds, depth);
-}
-
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/image/kernels/Kernels.h"
+
 #include <cstddef>
 #include <cstdint>
 
@@ -54,5 +56,33 @@ struct TapeRow {
 };
 /// `in` can be read `whole` + 1 pixels before its start.
 void tapeRow(const TapeRow& tape, const std::uint8_t* in, int count, std::uint8_t* out);
+
+/// Evens out what differs little: to the first of `taps` rows the differences of the others are added, each
+/// times its weight in 1/2^15 and times what `tolerance` leaves, 1 for none and 0 from 1/`tolerance` of full
+/// light on.
+void evenOutRows(const std::uint8_t* const* rows, const std::int16_t* weights, int taps, Depth depth,
+                 int tolerance, int count, std::int16_t* out);
+
+/// Brightness (ITU-R BT.709) in 15 bits.
+void brightnessRow(const std::uint8_t* pixels, int count, std::int16_t* out);
+
+/// Sets alpha to how far `fine` lies below `coarse`: 128 + steep · (coarse − fine), a level of difference
+/// being 128 and `steep` in 1/16.
+void inkRow(const std::int16_t* fine, const std::int16_t* coarse, int steep, int count, std::uint8_t* pixels);
+
+/// How a comic is printed.
+struct PrintRow {
+    const std::int16_t* screen; ///< for each pixel, the dots' share of the column, in 1/2^15
+    int down;                   ///< that of the row
+    const std::uint32_t* tones; ///< for each brightness of 0 to 255 the tone, 0 to 255
+    int colour;                 ///< how much stronger colours are, in 1/16
+    int least;                  ///< the alpha at which ink begins
+    int steep;                  ///< how much blacker it gets with each level
+};
+/// Opaque pixels out of such whose alpha tells where ink is.
+void printRow(const PrintRow& print, int count, std::uint8_t* pixels);
+
+/// Sets the pixels' alpha to the others'; the colours were opaque.
+void takeAlpha(const std::uint8_t* others, int count, std::uint8_t* pixels);
 
 }
