@@ -1,0 +1,96 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <unordered_map>
+#include <vector>
+
+namespace murbo {
+
+/// What is costly to make and used again, as far as it fits: what was used longest ago goes first. Any thread
+/// may ask. What several ask for at once is made once; those who ask for other things never wait for it.
+template <class Key, class Value>
+class MediaCache {
+public:
+    struct Bounds {
+        std::size_t entries = 0;
+        std::size_t bytes = SIZE_MAX; ///< what was asked for last is kept even alone above them
+    };
+    struct Made {
+        Value value;
+        std::size_t bytes = 0;
+    };
+
+    explicit MediaCache(Bounds given) : bounds(given) {}
+
+    /// What is kept under a key, or else what `make` answers (a `Made`). Where that throws, nothing is kept.
+    template <class Make>
+    Value get(const Key& key, const Make& make) {
+        const std::shared_ptr<Slot> slot = find(key);
+        std::call_once(slot->once, [&] {
+            auto [value, bytes] = make();
+            slot->value = std::move(value);
+            weigh(key, slot, bytes);
+        });
+        return slot->value;
+    }
+
+    std::size_t count() const {
+        const std::lock_guard hold(lock);
+        return entries.size();
+    }
+
+private:
+    struct Slot {
+        std::once_flag once;
+        Value value{};
+    };
+    struct Entry {
+        std::shared_ptr<Slot> slot = std::make_shared<Slot>();
+        std::size_t bytes = 0;
+        std::uint64_t used = 0;
+    };
+
+    std::shared_ptr<Slot> find(const Key& key) {
+        std::vector<Entry> dropped; // freed after the lock
+        const std::lock_guard hold(lock);
+        Entry& entry = entries[key];
+        entry.used = ++uses;
+        const auto slot = entry.slot;
+        makeRoom(dropped);
+        return slot;
+    }
+
+    void weigh(const Key& key, const std::shared_ptr<Slot>& slot, std::size_t bytes) {
+        std::vector<Entry> dropped;
+        const std::lock_guard hold(lock);
+        const auto found = entries.find(key);
+        if (found == entries.end() || found->second.slot != slot) return;
+        found->second.bytes = bytes;
+        held += bytes;
+        makeRoom(dropped);
+    }
+
+    void makeRoom(std::vector<Entry>& dropped) {
+        const auto older = [](const auto& one, const auto& other) {
+            return one.second.used < other.second.used;
+        };
+        while (entries.size() > 1 && (entries.size() > bounds.entries || held > bounds.bytes)) {
+            const auto oldest = std::min_element(entries.begin(), entries.end(), older);
+            held -= oldest->second.bytes;
+            dropped.push_back(std::move(oldest->second));
+            entries.erase(oldest);
+        }
+    }
+
+    const Bounds bounds;
+    mutable std::mutex lock; // guards all below, never a making
+    std::unordered_map<Key, Entry> entries;
+    std::size_t held = 0;
+    std::uint64_t uses = 0;
+};
+
+}

@@ -1,0 +1,149 @@
+#include "core/playbooks/stage/PlaybookMedia.h"
+
+#include "core/playbooks/stage/ChromaKey.h"
+#include "core/playbooks/stage/Cutout.h"
+#include "core/playbooks/stage/Glyph.h"
+#include "core/playbooks/stage/MediaCache.h"
+#include "core/render/captions/CaptionPicture.h"
+#include "platform/base/Problem.h"
+#include "platform/media/PictureFile.h"
+
+#include <cmath>
+
+#include <fmt/format.h>
+
+namespace murbo {
+
+namespace {
+
+using Pictures = MediaCache<std::string, std::optional<Image>>;
+using Letters = MediaCache<CaptionPicture::Request, std::optional<Image>>;
+using Videos = MediaCache<std::string, std::shared_ptr<Footage>>;
+using Cubes = MediaCache<std::uint32_t, ColourCube>;
+
+constexpr std::size_t megabyte = std::size_t{1} << 20;
+constexpr Pictures::Bounds pictureBounds{1000, 384 * megabyte};
+constexpr Letters::Bounds letterBounds{300, 64 * megabyte};
+constexpr Pictures::Bounds glyphBounds{300, 64 * megabyte};
+constexpr Cubes::Bounds cubeBounds{16};
+// Each holds decoders and the pictures in them.
+constexpr Videos::Bounds videoBounds{8};
+
+// What the largest usual frame has: a photo of twelve million pixels loses a tenth of its sharpness there.
+constexpr double mostKept = 3840.0 * 2160;
+// Longer texts are refused when they are drawn; there is no need to keep them until then.
+constexpr std::size_t longestText = 6000;
+constexpr double widthOfLetters = 928.8; // of a frame 1080 pixels wide
+
+/// What tells a file from the one that stood there before. Nothing where there is no regular file.
+std::optional<std::string> stamp(const std::filesystem::path& file) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(file, error)) return {};
+    const auto size = std::filesystem::file_size(file, error);
+    const auto time =
+        error ? std::filesystem::file_time_type() : std::filesystem::last_write_time(file, error);
+    if (error) return {};
+    return fmt::format("{}|{}|{}", size, time.time_since_epoch().count(), file.native());
+}
+
+std::size_t bytesOf(const Bitmap& bitmap) {
+    return std::size_t(bitmap.stride()) * std::size_t(bitmap.height());
+}
+
+bool isOpaque(const Bitmap& bitmap) {
+    for (int y = 0; y < bitmap.height(); ++y) {
+        std::uint8_t least = 255;
+        for (int x = 0; x < bitmap.width(); ++x) least &= bitmap.row(y)[x * 4 + 3];
+        if (least != 255) return false;
+    }
+    return true;
+}
+
+Pictures::Made read(const std::filesystem::path& file) {
+    try {
+        Bitmap bitmap = PictureFile::read(file, mostKept);
+        const std::size_t bytes = bytesOf(bitmap);
+        const bool opaque = isOpaque(bitmap);
+        return {Image::bitmap(std::move(bitmap), opaque), bytes};
+    } catch (const Problem&) {
+        return {};
+    }
+}
+
+Letters::Made lettered(const CaptionPicture::Request& request) {
+    auto bitmap = CaptionPicture::bitmap(request);
+    if (!bitmap) return {};
+    const std::size_t bytes = bytesOf(*bitmap);
+    return {Image::bitmap(std::move(*bitmap)), bytes};
+}
+
+Pictures::Made drawn(const std::string& glyph, double points) {
+    auto made = Glyph::draw(glyph, points);
+    if (!made) return {};
+    const std::size_t bytes = bytesOf(made->bitmap);
+    const auto asAsked = Transform().scaled(1 / made->finer, 1 / made->finer);
+    return {Image::bitmap(std::move(made->bitmap)).transformed(asAsked), bytes};
+}
+
+/// What a call answers; nothing where there is no memory for it.
+template <class Call>
+auto ifItCan(const Call& call) -> decltype(call()) {
+    try {
+        return call();
+    } catch (const std::exception&) {
+        return {};
+    }
+}
+
+}
+
+struct PlaybookMedia::Parts {
+    Pictures pictures{pictureBounds};
+    Videos videos{videoBounds};
+    Letters letters{letterBounds};
+    Pictures glyphs{glyphBounds};
+    Cubes cubes{cubeBounds};
+    std::shared_ptr<Cutout::Masks> masks = Cutout::makeMasks();
+};
+
+PlaybookMedia::PlaybookMedia() : parts(std::make_unique<Parts>()) {}
+PlaybookMedia::~PlaybookMedia() = default;
+
+std::optional<Image> PlaybookMedia::image(const std::filesystem::path& file) {
+    const auto known = stamp(file);
+    if (!known) return {};
+    return ifItCan([&] { return parts->pictures.get(*known, [&] { return read(file); }); });
+}
+
+std::shared_ptr<Footage> PlaybookMedia::footage(const std::filesystem::path& file, const std::string& key) {
+    const auto known = stamp(file);
+    if (!known) return nullptr;
+    const auto opened = [&]() -> Videos::Made { return {std::make_shared<Footage>(file)}; };
+    return ifItCan([&] { return parts->videos.get(key + "|" + *known, opened); });
+}
+
+std::optional<Image> PlaybookMedia::text(const std::string& text, const CaptionStyle& style,
+                                         const std::string& fonts) {
+    if (text.empty() || text.size() > longestText || !std::isfinite(style.size.value_or(1))) return {};
+    CaptionPicture::Request request{.text = text, .style = style, .fonts = fonts};
+    request.width = widthOfLetters;
+    return ifItCan([&] { return parts->letters.get(request, [&] { return lettered(request); }); });
+}
+
+std::optional<Image> PlaybookMedia::glyph(const std::string& glyph, double points) {
+    if (glyph.size() > Glyph::longest) return {};
+    const std::string name = fmt::format("{}|{}", points, glyph);
+    return ifItCan([&] { return parts->glyphs.get(name, [&] { return drawn(glyph, points); }); });
+}
+
+std::optional<ColourCube> PlaybookMedia::cube(Colour key) {
+    const std::uint32_t name = std::uint32_t{key.red} << 16 | std::uint32_t{key.green} << 8 | key.blue;
+    const auto made = [&]() -> Cubes::Made { return {ChromaKey::cube(key)}; };
+    return ifItCan([&] { return std::optional(parts->cubes.get(name, made)); });
+}
+
+Image PlaybookMedia::cutout(const Image& image) {
+    return Cutout::of(image, parts->masks);
+}
+
+}
