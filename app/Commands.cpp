@@ -9,6 +9,7 @@
 #include "platform/base/Files.h"
 #include "platform/base/Problem.h"
 #include "platform/base/Text.h"
+#include "platform/vision/SubjectMask.h"
 
 #include <cstdio>
 
@@ -77,6 +78,8 @@ void Commands::connect(const Arguments&, const Words&) {
 
 void Commands::version(const Arguments&, const Words&) {
     print("Murbo " MURBO_VERSION);
+    if (!SubjectMask::available())
+        print("Cut-outs leave their pictures whole: what finds people in them is not installed.");
 }
 
 void Commands::create(const Arguments&, const Words& words) {

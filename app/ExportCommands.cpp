@@ -63,11 +63,13 @@ void Commands::stills(const Arguments&, const Words& words) {
     const auto folder = path(words[3]);
     Files::createFolder(folder);
     const auto fonts = Settings::captionFonts();
+    const auto plan = Plan::video(shown, opened.project, fonts, opened.package);
     CaptionCache captions;
+    PlaybookMedia media;
     for (const double time : times(words[2])) {
         const auto file = folder / fmt::format("{} {:06.2f}.jpg", shown.tag(), time);
-        const auto still =
-            Stills::frame(shown, opened.project, opened.missing, fonts, opened.package, time, {}, captions);
+        const auto still = Stills::frame(shown, opened.project, opened.missing, fonts, opened.package, time,
+                                         plan, captions, &media);
         if (const auto bytes = Stills::jpeg(still, stillQuality)) writePlainly(file, *bytes);
         print(file.string());
     }

@@ -180,6 +180,9 @@ void judge(const Table& table) {
         printRatio("drawn to nothing / ffmpeg -f null", table["drawn"].cpu / table["ffmpeg-null"].cpu,
                    "aim: at most 0.9");
     }
+    if (table.has("drawn") && table.has("drawn-playbooks"))
+        printRatio("with playbooks / without, both to nothing",
+                   table["drawn-playbooks"].cpu / table["drawn"].cpu, "aim: at most 1.6");
     if (table.has("ours")) {
         printRatio("ours: CPU / wall", table["ours"].cpu / table["ours"].wall, "aim: at least 1.8");
         printRatio("ours: peak MB", table["ours"].peak, "aim: below 500");
@@ -194,6 +197,7 @@ void run(int seconds, std::set<std::string> names) {
     table.row("decode", [&] { return measured([&] { decode(job); }); });
     table.row("sound", [&] { return measured([&] { mixSound(job); }); });
     table.row("drawn", [&] { return measured([&] { drawToNothing(job); }); });
+    table.row("drawn-playbooks", [&] { return measured([&] { drawToNothing(withPlaybooks(job)); }); });
     table.row("ffmpeg-null", [&] { return measured(yardstick(job, {"-f", "null", "-"})); });
     table.row("encode", [&] { return encode(job); });
     table.row("ours", [&] { return measured([&] { exportMovie(job); }); });

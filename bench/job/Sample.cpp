@@ -121,6 +121,29 @@ Sample sample(int seconds) {
     return sample;
 }
 
+Sample withPlaybooks(Sample sample) {
+    auto& cuts = sample.video.cuts.edit();
+    auto& look = *sample.video.look;
+    const auto lay = [&](const char* playbook, std::size_t cut, double length) {
+        look.overlays.edit().push_back({.playbook = playbook,
+                                        .source = cuts[cut % cuts.size()].source,
+                                        .at = cuts[cut % cuts.size()].start,
+                                        .length = length});
+    };
+    lay("stock.hearts", 1, 2 * cutLength);
+    lay("stock.hook", 1, 2 * cutLength);
+    lay("stock.vhs", 4, 2);
+    lay("stock.sparkles", 6, 2 * cutLength);
+    lay("stock.label", 6, 2 * cutLength);
+    for (std::size_t cut = 0; cut < cuts.size(); ++cut) {
+        auto& shot = look.shots.edit().emplace_back(Shot{.source = cuts[cut].source, .at = cuts[cut].start});
+        if (cut % 3 == 2) shot.playbook = "stock.layout.wide";
+    }
+    const Values title{{"title", "How it went"}, {"subtitle", "and what came of it"}};
+    cuts.insert(cuts.begin(), Cut::generated("stock.generator.title", 1, title, 3));
+    return sample;
+}
+
 std::vector<std::string> yardstick(const Sample& sample, const std::vector<std::string>& output) {
     std::vector<std::string> arguments{"ffmpeg", "-v", "error", "-nostdin", "-y"};
     std::string graph;

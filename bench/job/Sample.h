@@ -22,6 +22,10 @@ struct Sample {
 /// Makes what is not there yet. Throws Problem where the ffmpeg program is missing or fails.
 Sample sample(int seconds);
 
+/// The same work with playbooks: a title before it, letters with particles over ten seconds of it, twice, an
+/// old tape for two seconds, and every third cut in a layout.
+Sample withPlaybooks(Sample sample);
+
 /// The arguments with which the ffmpeg program does the same work; `output` are those that end the command.
 std::vector<std::string> yardstick(const Sample& sample, const std::vector<std::string>& output);
 

@@ -1,5 +1,6 @@
 // Drawing one finished frame, from decoded planes to planes for the encoder.
 
+#include "core/playbooks/Stock.h"
 #include "core/render/Renderer.h"
 #include "platform/image/Canvas.h"
 
@@ -50,13 +51,31 @@ Plan plan(Shot::Layout layout, const std::string& transition, const std::string&
 
 void draw(benchmark::State& state, const Plan& plan, double time) {
     CaptionCache captions;
+    PlaybookMedia media;
     const auto picture = footage();
     Planes target(1080, 1920);
     for (auto _ : state) {
-        Canvas::draw(Renderer::render(picture, {}, plan, time, captions), target);
+        Canvas::draw(Renderer::render(picture, {}, plan, time, captions, media), target);
         benchmark::DoNotOptimize(target.plane(0)[0]);
     }
     state.counters["aim_ms"] = 5; // a split frame with a caption, on one core
+}
+
+/// A split frame in the middle of a playbook.
+Plan with(const Book& book) {
+    auto plan = murbo::plan(Shot::Layout::split, "", "");
+    const double middle = 5;
+    const double length = book.playbook.naturalLength();
+    if (book.playbook.kind == "layout") {
+        plan.shots[0].shot.playbook = book.id();
+        plan.layouts.emplace(book.id(), book);
+    } else {
+        plan.overlays.push_back({.start = middle - length / 2,
+                                 .end = middle + length / 2,
+                                 .book = book,
+                                 .values = book.values({})});
+    }
+    return plan;
 }
 
 constexpr auto split = Shot::Layout::split;
@@ -72,6 +91,14 @@ BENCHMARK_CAPTURE(draw, wholeCaption, plan(whole, "", "Hello สวัสดี�
 BENCHMARK_CAPTURE(draw, flash, plan(split, "flash", ""), moving)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(draw, blur, plan(split, "blur", ""), moving)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(draw, whip, plan(split, "whip", ""), moving)->Unit(benchmark::kMillisecond);
+
+const bool stock = [] {
+    for (const Book& book : Stock::books())
+        benchmark::RegisterBenchmark((book.id() + "/drawn").c_str(), [&book](benchmark::State& state) {
+            draw(state, with(book), still);
+        })->Unit(benchmark::kMillisecond);
+    return true;
+}();
 
 }
 }

@@ -78,7 +78,8 @@ void DrawnFrames::decode() {
 }
 
 /// Reads the footage forward and puts out what there is to draw, frame by frame. Laying a frame out stays on
-/// this one thread: two that meet the same new caption would both draw it.
+/// this one thread: two that meet the same new caption would both draw it, and the videos in playbooks are
+/// read forward like the footage.
 void DrawnFrames::layOut() {
     PictureFeed feed(composition);
     std::optional<CaptionCache> captions;
@@ -86,8 +87,9 @@ void DrawnFrames::layOut() {
         // Captions that have passed don't come back: keeping them would only fill memory.
         if (frame % (captionsKept * composition.rate) == 0) captions.emplace();
         const auto [picture, source] = feed.frame(frame);
-        auto image = Renderer::render(picture, source, *plan, composition.moment(frame).time, *captions);
-        // The image is let go as soon as it is drawn: it holds one of its decoder's frames.
+        auto image =
+            Renderer::render(picture, source, *plan, composition.moment(frame).time, *captions, media);
+        // The image is let go as soon as it is drawn: it holds frames of the decoders.
         std::packaged_task<Planes()> task(
             [this, image = std::move(image)]() mutable { return drawn(std::exchange(image, {})); });
         if (!results.push(task.get_future()) || !work.push(std::move(task))) return;

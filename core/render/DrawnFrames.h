@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/playbooks/stage/PlaybookMedia.h"
 #include "core/render/Channel.h"
 #include "core/render/PictureFeed.h"
 #include "core/render/VideoComposition.h"
@@ -53,6 +54,7 @@ private:
 
     const VideoComposition& composition;
     std::shared_ptr<const Plan> plan;
+    PlaybookMedia media;
     PlanesPool pool;
     Channel<std::packaged_task<Planes()>> work;
     Channel<std::future<Planes>> results;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/playbooks/stage/PlaybookMedia.h"
 #include "core/render/captions/CaptionCache.h"
 #include "core/render/plan/Plan.h"
 
@@ -10,7 +11,7 @@
 namespace murbo {
 
 /// Where those who draw find the plan and those who edit put a new one. Any thread may use it: a plan that
-/// was taken out stays as it is. The caption pictures outlive a change of plan.
+/// was taken out stays as it is. The pictures of captions and playbooks outlive a change of plan.
 class PlanBox {
 public:
     explicit PlanBox(Plan plan) : current(std::make_shared<const Plan>(std::move(plan))) {}
@@ -27,11 +28,13 @@ public:
     }
 
     CaptionCache& captions() { return cache; }
+    PlaybookMedia& media() { return playbookMedia; }
 
 private:
     mutable std::mutex lock;
     std::shared_ptr<const Plan> current;
     CaptionCache cache;
+    PlaybookMedia playbookMedia;
 };
 
 }

@@ -1,6 +1,8 @@
 #include "core/render/Renderer.h"
 
+#include "core/playbooks/stage/Stage.h"
 #include "core/render/CaptionMotion.h"
+#include "core/render/OverlayStack.h"
 #include "core/render/plan/Motion.h"
 
 #include <algorithm>
@@ -20,8 +22,8 @@ Image filled(Colour colour, Size frame) {
 }
 
 /// The picture in the panels of its shot.
-Image laidOut(const Image& picture, const PlacedShot& placed, const Framing& framing, const Plan& plan,
-              double time) {
+Image inPanels(const Image& picture, const PlacedShot& placed, const Framing& framing, const Plan& plan,
+               double time) {
     const auto extent = picture.extent();
     const double jolt = placed.jolt(time);
     Image result;
@@ -33,19 +35,48 @@ Image laidOut(const Image& picture, const PlacedShot& placed, const Framing& fra
     return result;
 }
 
+/// The playbook that lays a shot out, or null. None does where the frame is not upright.
+const Shared<Book>* layoutOf(const PlacedShot& placed, const Plan& plan) {
+    return plan.frame.width < plan.frame.height ? plan.layout(placed.shot) : nullptr;
+}
+
+/// What stands under captions and overlays, before any transition.
+Image base(const Stage::Scene& scene, const PlacedShot& placed, double time) {
+    const auto& plan = scene.plan;
+    const auto& background = scene.below;
+    if (const auto* generated = plan.generatedAt(time))
+        return Stage::draw(*generated, time, {background, {}, {}, plan, scene.media}, background);
+    if (!scene.source) return background;
+    if (const auto* book = layoutOf(placed, plan)) {
+        auto values = Plan::values(placed.shot, **book, scene.framing);
+        return Stage::draw(PlacedOverlay::layout(placed, time, *book, std::move(values)), time, scene,
+                           background);
+    }
+    return inPanels(*scene.source, placed, scene.framing, plan, time).over(background);
+}
+
 Image inTransition(const Image& image, const PlacedShot& placed, const Plan& plan, double time) {
     const double age = time - placed.start;
     if (!placed.shot.transition || placed.implicit || age >= transitionLength) return image;
     return transitionIn(*placed.shot.transition, image, age / transitionLength, plan.frame);
 }
 
+/// Where a layout has captions stand.
+std::optional<double> seamOf(const Book& book, const Shot& shot, const Framing& framing) {
+    if (!book.playbook.captions) return std::nullopt;
+    const auto height = book.playbook.captions->value(Plan::values(shot, book, framing));
+    return height && std::isfinite(*height) ? height : std::nullopt;
+}
+
 /// Height of a caption's middle, a fraction of the frame from the top.
 double height(const Placement& placement, const Shot& shot, const Framing& framing, const Plan& plan) {
     if (placement.y) return *placement.y;
+    const double usual = plan.style.y.value_or(0.3);
     const bool seam = plan.frame.width < plan.frame.height && plan.style.seam.value_or(true);
-    if (seam && shot.layout == Shot::Layout::split)
-        return std::clamp(shot.split.value_or(framing.split), 0.0, 1.0);
-    return plan.style.y.value_or(0.3);
+    if (!seam) return usual;
+    if (const auto* book = plan.layout(shot)) return seamOf(**book, shot, framing).value_or(usual);
+    if (shot.layout != Shot::Layout::split) return usual;
+    return std::clamp(shot.split.value_or(framing.split), 0.0, 1.0);
 }
 
 /// A caption that lies still is put on whole pixels: between them its letters would only blur.
@@ -62,18 +93,21 @@ bool travels(const CaptionCue& cue) {
 }
 
 Image render(const std::optional<Image>& picture, const std::optional<UUID>& source, const Plan& plan,
-             double time, CaptionCache& captions) {
+             double time, CaptionCache& captions, PlaybookMedia& media) {
     const auto background = filled(Colour::black, plan.frame);
     const auto* placed = plan.shot(time);
     if (!placed) return background;
-    const auto& framing = plan.framing(source);
-    auto result = picture ? laidOut(*picture, *placed, framing, plan, time).over(background) : background;
-    result = inTransition(result, *placed, plan, time).over(background); // a glitch leaves a bare edge
+    Stage::Scene scene{background, picture, plan.framing(source), plan, media};
+    scene.below = base(scene, *placed, time);
+    // A glitch leaves a bare edge.
+    scene.below = inTransition(scene.below, *placed, plan, time).over(background);
+    const auto stack = OverlayStack::at(time, plan);
+    scene.below = OverlayStack::drawn(stack.belowCaptions, time, scene);
     if (const auto* cue = plan.cue(time)) {
-        if (const auto image = caption(*cue, time, placed->shot, framing, plan, captions))
-            result = image->over(result);
+        if (const auto image = caption(*cue, time, placed->shot, scene.framing, plan, captions))
+            scene.below = image->over(scene.below);
     }
-    return result.cropped(whole(plan.frame));
+    return OverlayStack::drawn(stack.aboveCaptions, time, scene).cropped(whole(plan.frame));
 }
 
 Image draw(const Image& picture, const Panel& panel) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/playbooks/stage/PlaybookMedia.h"
 #include "core/render/captions/CaptionCache.h"
 #include "core/render/plan/Crop.h"
 #include "core/render/plan/Plan.h"
@@ -10,8 +11,9 @@
 
 namespace murbo {
 
-/// One moment of a plan as one finished picture. Pure functions of their arguments, so that preview, stills
-/// and export agree and frames may be drawn in any order on any threads.
+/// One moment of a plan as one finished picture. What comes out depends on the plan, the moment and the
+/// footage alone, so that preview, stills and export agree and frames may be drawn in any order on any
+/// threads; `captions` and `media` only keep what has been made from one frame to the next.
 namespace Renderer {
 
 /// How long every transition lasts, in seconds. It is laid on the incoming shot alone.
@@ -20,7 +22,7 @@ inline constexpr double transitionLength = 0.3;
 /// The picture of the plan at a video time, the frame's size, on black. `picture` is what the source shows at
 /// this moment and `source` whose it is; both are absent where there is no footage to show.
 Image render(const std::optional<Image>& picture, const std::optional<UUID>& source, const Plan& plan,
-             double time, CaptionCache& captions);
+             double time, CaptionCache& captions, PlaybookMedia& media);
 
 /// The panel's part of a picture, put in its place. Beyond the picture's edge its edge pixels go on.
 Image draw(const Image& picture, const Panel& panel);

@@ -2,14 +2,13 @@
 
 #include "core/model/Times.h"
 #include "core/model/VideoTime.h"
-#include "platform/base/Files.h"
+#include "core/playbooks/stage/Stage.h"
 #include "platform/base/Problem.h"
 #include "platform/media/SoundReader.h"
 
 #include <algorithm>
 #include <cmath>
 #include <map>
-#include <string_view>
 
 namespace murbo::SoundMix {
 
@@ -17,7 +16,11 @@ namespace {
 
 constexpr double musicVolume = 0.35; // of a cue that tells none
 constexpr double soundVolume = 0.7;
-constexpr double leastSpan = 0.05; // seconds; a shorter sound is left out
+constexpr double layerVolume = 1;
+constexpr double ringsOut = 4; // seconds; a longer sound ends with its overlay
+constexpr double leastTied = 0.1;
+constexpr std::size_t mostLayers = 1000; // each is a file to be opened
+constexpr double leastSpan = 0.05;       // seconds; a shorter sound is left out
 constexpr double muteFade =
     0.08; // seconds in which the footage fades out before a muted stretch and in after
 constexpr double curveStep = 0.1;    // seconds from one point of the music's curve to the next
@@ -53,13 +56,15 @@ bool isStretch(double start, double end) {
 }
 
 /// The stretches in which the footage's own sound is taken away.
-std::vector<Stretch> quiet(const Video& video) {
+std::vector<Stretch> quiet(const Video& video, const Plan& plan) {
     std::vector<Stretch> quiet;
     double start = 0;
     for (const Cut& cut : video.cuts) {
         if (cut.muted.value_or(false)) quiet.push_back({start, start + cut.length()});
         start += cut.length();
     }
+    for (const PlacedOverlay& placed : plan.overlays)
+        if (placed.overlay.mute.value_or(false)) quiet.push_back({placed.start, placed.end});
     return silences(std::move(quiet), 2 * muteFade);
 }
 
@@ -164,19 +169,56 @@ Curve musicCurve(const Piece& piece, double gain, std::optional<double> duck, co
     return curve;
 }
 
+/// `span` seconds of a file, `skip` being what is left out at its start; nothing where that is too little.
+std::optional<Piece> pieceOf(double start, double span, double skip) {
+    if (!(start >= 0) || !(span > leastSpan) || !(std::abs(skip) <= longestVideo)) return {};
+    return Piece{start, start + span, skip};
+}
+
 /// Where a cue sounds; nothing where its moment is not shown, or too little of it is left.
 std::optional<Piece> placed(const SoundCue& cue, const Video& video, double fileLength) {
     const auto start = VideoTime::on(cue.source, video.cuts, cue.at);
-    if (!start || !(*start >= 0)) return {};
+    if (!start) return {};
     const double skip = cue.skip.value_or(0);
     double span = std::min(fileLength - skip, length(video) - *start);
     if (cue.length) span = std::min(span, *cue.length);
-    if (!(span > leastSpan) || !(std::abs(skip) <= longestVideo)) return {};
-    return Piece{*start, *start + span, skip};
+    return pieceOf(*start, span, skip);
 }
 
-bool isAbsolute(std::string_view name) {
-    return name.starts_with('/');
+/// A layer of an overlay that sounds.
+struct SoundLayer {
+    const PlacedOverlay& placed;
+    const Playbook::Layer& layer;
+    std::filesystem::path file;
+
+    double begin() const { return placed.start + Stage::layerStart(placed, layer); }
+};
+
+std::vector<SoundLayer> soundLayers(const Plan& plan) {
+    std::vector<SoundLayer> found;
+    for (const PlacedOverlay& placed : plan.overlays) {
+        for (const Playbook::Layer& layer : placed.playbook().layers) {
+            if (found.size() == mostLayers) return found;
+            const auto name = Stage::value(layer.sound, placed.values);
+            auto file = name ? plan.file(*name, &*placed.book) : std::nullopt;
+            if (file) found.push_back({placed, layer, std::move(*file)});
+        }
+    }
+    return found;
+}
+
+/// Where a layer sounds: a short sound rings out behind its overlay, a long one ends with it.
+std::optional<Piece> placed(const SoundLayer& layer, const Video& video, double fileLength) {
+    const double begin = layer.begin();
+    const double skip = layer.layer.start.value_or(0);
+    const double left = fileLength - skip;
+    double span = std::min(length(video) - begin, left);
+    if (left > ringsOut) span = std::min(span, std::max(layer.placed.end - begin, leastTied));
+    return pieceOf(begin, span, skip);
+}
+
+Curve flat(const Piece& piece, double gain) {
+    return {{piece.start, piece.end, gain, gain}};
 }
 
 }
@@ -199,52 +241,46 @@ std::optional<double> lengthOf(const std::filesystem::path& file) {
 std::vector<Track> tracks(const Video& video, const Plan& plan, const std::set<UUID>& missing,
                           const Lengths& lengths) {
     std::vector<Track> tracks;
-    const std::vector<Stretch> silent = quiet(video);
+    const std::vector<Stretch> silent = quiet(video, plan);
     const double footageLevel = level(video, Lane::video);
     if (footageLevel > 0) tracks = footage(video, plan, missing);
     if (footageLevel != 1 || !silent.empty())
         for (Track& track : tracks) track.gains = footageCurve(footageLevel, silent, length(video));
-    if (!video.look) return tracks;
 
     std::map<std::filesystem::path, std::optional<double>> known;
-    const auto add = [&](const SoundCue& cue, double gain, const auto& curve) {
-        const auto path = file(cue, plan);
+    const auto add = [&](const auto& sound, const auto& path, double gain, const auto& curve) {
         if (!path || !(gain > 0)) return;
         const auto [length, isNew] = known.try_emplace(*path);
         if (isNew) length->second = lengths(*path);
         if (!length->second) return;
-        if (const auto piece = placed(cue, video, *length->second))
+        if (const auto piece = placed(sound, video, *length->second))
             tracks.push_back({*path, {*piece}, curve(*piece, gain)});
     };
 
+    const Look look = video.look.value_or(Look{});
     const Speech speech(plan.cues);
     std::optional<double> duck;
-    if (video.look->mix && video.look->mix->duck) duck = bounded(*video.look->mix->duck);
-    for (const SoundCue& cue : video.look->music)
-        add(cue, bounded(cue.volume.value_or(musicVolume)) * level(video, Lane::music),
+    if (look.mix && look.mix->duck) duck = bounded(*look.mix->duck);
+    for (const SoundCue& cue : look.music)
+        add(cue, plan.file(cue.file), bounded(cue.volume.value_or(musicVolume)) * level(video, Lane::music),
             [&](const Piece& piece, double gain) { return musicCurve(piece, gain, duck, speech); });
-    for (const SoundCue& cue : video.look->sounds)
-        add(cue, bounded(cue.volume.value_or(soundVolume)) * level(video, Lane::sounds),
-            [](const Piece& piece, double gain) {
-                return Curve{{piece.start, piece.end, gain, gain}};
-            });
+    for (const SoundCue& cue : look.sounds)
+        add(cue, plan.file(cue.file), bounded(cue.volume.value_or(soundVolume)) * level(video, Lane::sounds),
+            flat);
+    for (const SoundLayer& layer : soundLayers(plan))
+        add(layer, std::optional(layer.file),
+            bounded(layer.layer.volume.value_or(layerVolume)) * level(video, Lane::overlays), flat);
     return tracks;
 }
 
 std::vector<std::filesystem::path> files(const Video& video, const Plan& plan) {
     std::vector<std::filesystem::path> files;
-    if (!video.look) return files;
-    for (const List<SoundCue>& cues : {video.look->music, video.look->sounds})
+    const Look look = video.look.value_or(Look{});
+    for (const List<SoundCue>& cues : {look.music, look.sounds})
         for (const SoundCue& cue : cues)
-            if (auto path = file(cue, plan)) files.push_back(std::move(*path));
+            if (auto path = plan.file(cue.file)) files.push_back(std::move(*path));
+    for (SoundLayer& layer : soundLayers(plan)) files.push_back(std::move(layer.file));
     return files;
-}
-
-std::optional<std::filesystem::path> file(const SoundCue& cue, const Plan& plan) {
-    if (cue.file.find('\0') != std::string::npos) return {};
-    if (isAbsolute(cue.file)) return cue.file;
-    if (!cue.file.starts_with("media/") || !plan.project) return {};
-    return Files::inside(*plan.project, cue.file);
 }
 
 std::vector<Stretch> silences(std::vector<Stretch> ranges, double gap) {

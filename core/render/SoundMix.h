@@ -59,17 +59,13 @@ using Lengths = std::function<std::optional<double>(const std::filesystem::path&
 /// By opening the file.
 std::optional<double> lengthOf(const std::filesystem::path& file);
 
-/// The footage's own sound, then music, then effects. A file that can't be used costs its track alone;
-/// sources in `missing` are silent.
+/// The footage's own sound, then music, effects, and the sounds in overlays. A file that can't be used costs
+/// its track alone; sources in `missing` are silent.
 std::vector<Track> tracks(const Video& video, const Plan& plan, const std::set<UUID>& missing = {},
                           const Lengths& lengths = lengthOf);
 
-/// Every sound file that the video names, music first, found or not.
+/// Every sound file that the video names, found or not: music first, then effects, then those of overlays.
 std::vector<std::filesystem::path> files(const Video& video, const Plan& plan);
-
-/// The file of a cue: an absolute path as it stands, "media/…" in the package. Nothing for any other text,
-/// nor for one that leads out of the package.
-std::optional<std::filesystem::path> file(const SoundCue& cue, const Plan& plan);
 
 /// The ranges in time order, those joined that lie at most `gap` seconds apart.
 std::vector<Stretch> silences(std::vector<Stretch> ranges, double gap);

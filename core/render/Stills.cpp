@@ -70,11 +70,12 @@ Bitmap inBands(const Image& image) {
 
 Image frame(const Video& video, const Project& project, const std::set<UUID>& missing,
             const std::string& fonts, const std::optional<std::filesystem::path>& package, double at,
-            const std::optional<Plan>& plan, CaptionCache& captions) {
+            const std::optional<Plan>& plan, CaptionCache& captions, PlaybookMedia* media) {
     const double time = onCut(at, video.cuts);
     const auto [picture, source] = footage(video, project, missing, time);
+    PlaybookMedia own;
     return Renderer::render(picture, source, plan ? *plan : Plan::video(video, project, fonts, package), time,
-                            captions);
+                            captions, media ? *media : own);
 }
 
 std::vector<Image> styled(const Video& video, const Project& project, const std::set<UUID>& missing,
@@ -84,10 +85,11 @@ std::vector<Image> styled(const Video& video, const Project& project, const std:
     const auto [picture, source] = footage(video, project, missing, time);
     auto plan = Plan::video(video, project, fonts, package);
     CaptionCache captions;
+    PlaybookMedia media;
     std::vector<Image> images;
     for (const auto& style : styles) {
         plan.style = style;
-        images.push_back(Renderer::render(picture, source, plan, time, captions));
+        images.push_back(Renderer::render(picture, source, plan, time, captions, media));
     }
     return images;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/playbooks/stage/PlaybookMedia.h"
 #include "core/render/captions/CaptionCache.h"
 #include "core/render/plan/Plan.h"
 #include "platform/image/Image.h"
@@ -16,10 +17,11 @@ namespace murbo {
 namespace Stills {
 
 /// The video at a moment, in video seconds. The picture is the exact one; where it can't be read it is black,
-/// with its captions. `plan` saves laying the video out again.
+/// with its captions. `plan` saves laying the video out again, and whoever takes many stills saves reading
+/// the files of playbooks again by giving the same `media` each time.
 Image frame(const Video& video, const Project& project, const std::set<UUID>& missing,
             const std::string& fonts, const std::optional<std::filesystem::path>& package, double at,
-            const std::optional<Plan>& plan, CaptionCache& captions);
+            const std::optional<Plan>& plan, CaptionCache& captions, PlaybookMedia* media = nullptr);
 
 /// The same moment once in each caption style.
 std::vector<Image> styled(const Video& video, const Project& project, const std::set<UUID>& missing,

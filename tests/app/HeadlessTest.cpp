@@ -9,7 +9,6 @@
 
 using namespace murbo;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::StartsWith;
 namespace fs = std::filesystem;
 
@@ -22,8 +21,7 @@ const fs::path& sampleMovie() {
         const auto path = folder / "sample.mp4";
         shell(
             "ffmpeg -nostdin -y -f lavfi -i testsrc2=s=320x180:r=25:d=2 -f lavfi -i sine=d=2 -c:v libx264 "
-            "-preset "
-            "ultrafast -c:a aac -shortest " +
+            "-preset ultrafast -c:a aac -shortest " +
             quoted(path));
         return path;
     }();
@@ -33,36 +31,38 @@ const fs::path& sampleMovie() {
 /// A project with the sample movie in it, under a name that needs care wherever it is printed.
 class Headless : public testing::Test {
 protected:
-    static constexpr const char* name = "ภาพ \"1\" 'x' 📱\n.mp4";
+    static inline const std::string name = "ภาพ \"1\" 'x' 📱\n.mp4";
 
     Headless() {
         fs::copy_file(sampleMovie(), movie);
         murboWith({"--new", project});
     }
 
-    void addVideo() {
+    void addVideo(int cuts = 1) {
         murboWith({"--add-files", project, movie});
         auto read = ProjectPackage::read(project);
+        const auto source = read.sources[0].id;
         Video video{.number = 1, .title = "One"};
-        video.cuts.edit().push_back(Cut{.source = read.sources[0].id, .start = 0.5, .end = 1});
+        video.cuts = std::vector<Cut>(cuts, {.source = source, .start = 0.5, .end = 1});
         read.videos.edit().push_back(video);
-        auto& transcript = read.transcripts[read.sources[0].id];
-        transcript.lines.edit().push_back(Line{.start = 0.5, .end = 1, .text = "สวัสดี 👋"});
+        read.transcripts[source].lines.edit() = {{.start = 0.5, .end = 1, .text = "สวัสดี 👋"}};
         ProjectPackage::write(read, project, nullptr);
     }
 
-    std::string projectFile() const {
-        std::ifstream stream(project / "project.json");
-        return {std::istreambuf_iterator<char>(stream), {}};
-    }
+    std::string projectFile() const { return contentsOf(project / "project.json"); }
 
     TemporaryFolder folder;
     fs::path project = folder / "p.mbproj";
     fs::path movie = folder / name;
 };
 
-Ran failure(const std::string& words) {
-    return {1, "error: " + words + "\n"};
+/// What the streams of a movie or picture are like.
+std::string probed(const fs::path& file) {
+    return shell(
+               "ffprobe -v error -show_entries stream=codec_name,width,height,r_frame_rate,nb_frames "
+               "-of csv=p=0 " +
+               quoted(file))
+        .out;
 }
 
 }
@@ -70,15 +70,11 @@ Ran failure(const std::string& words) {
 TEST_F(Headless, aNewProjectIsMadeOnceAndInSilence) {
     EXPECT_EQ(murboWith({"--new", folder / "new.mbproj"}), (Ran{0, ""}));
     EXPECT_EQ(murboWith({"--new", folder / "new.mbproj/"}), failure("“new.mbproj” is already there."));
-    EXPECT_EQ(
-        shell("cd " + quoted(folder.path) + " && " + quoted(MURBO_PROGRAM) + " --new ./sub/../here.mbproj"),
-        (Ran{0, ""}));
+    EXPECT_EQ(murboWith({"--new", "./sub/../here.mbproj"}, "", folder.path), (Ran{0, ""}));
     EXPECT_TRUE(fs::exists(folder / "here.mbproj/project.json"));
 }
 
-TEST_F(Headless, summaryTellsTheProjectAndWhatIsMissing) {
-    EXPECT_EQ(murboWith({"--summary", project}),
-              (Ran{0, "0 sources (0 missing), 0 clips, 0 lines, 0 notes, 0 bookmarks, 0 videos\n"}));
+TEST_F(Headless, summaryTellsWhatIsMissing) {
     addVideo();
     fs::remove(movie);
     const auto before = projectFile();
@@ -91,53 +87,44 @@ TEST_F(Headless, filesAreAddedAndCounted) {
     folder.file("more/words.mov", "these are words");
     folder.file("more/truncated.mp4", std::string(5000, 'x'));
     fs::copy_file(sampleMovie(), folder / "more/b.mp4");
+    fs::copy_file(sampleMovie(), folder / "more/no project can hold \xFF this name.mp4");
     shell("cd " + quoted(folder / "more") + " && ffmpeg -nostdin -i b.mp4 -vn -c copy sound.mp4");
     EXPECT_EQ(murboWith({"--add-files", project, movie, folder / "more", "--fps", movie}),
-              (Ran{0, "added 3 files; 3 clips in all\n"}));
-    const auto read = ProjectPackage::read(project);
+              printed("added 3 files; 3 clips in all"));
+    auto read = ProjectPackage::read(project);
     ASSERT_EQ(read.sources.size(), 3);
     EXPECT_EQ(read.groups[0].name.substr(0, 6), "Added ");
     EXPECT_EQ(read.sources[2].path, movie);
     EXPECT_NEAR(read.sources[2].length, 2, 0.1);
 
     // No path is left, and the project is written all the same.
-    EXPECT_EQ(murboWith({"--add-files", project, "--x", movie}), (Ran{0, "added 0 files; 3 clips in all\n"}));
+    EXPECT_EQ(murboWith({"--add-files", project, "--x", movie}), printed("added 0 files; 3 clips in all"));
     EXPECT_EQ(ProjectPackage::read(project).groups.size(), 2);
-}
 
-TEST_F(Headless, relativePathsAreKeptWhole) {
+    // From within a folder.
     fs::create_directory_symlink(folder.path, folder / "link");
     fs::create_directory(folder / "inner");
     fs::copy_file(sampleMovie(), folder / "inner/a.mp4");
-    EXPECT_EQ(shell("cd " + quoted(folder / "inner") + " && " + quoted(MURBO_PROGRAM) +
-                    " --add-files ../p.mbproj ."),
-              (Ran{0, "added 1 files; 1 clips in all\n"}));
-    const auto read = ProjectPackage::read(project);
-    EXPECT_EQ(read.sources[0].path, folder / "inner/a.mp4");
-    EXPECT_EQ(read.groups[0].name, "inner");
-}
-
-TEST_F(Headless, aNameThatNoProjectCanHoldIsLeftOut) {
-    fs::copy_file(sampleMovie(), folder / "bad \xFF name.mp4");
-    EXPECT_EQ(murboWith({"--add-files", project, folder / "bad \xFF name.mp4"}),
-              (Ran{0, "added 0 files; 0 clips in all\n"}));
+    EXPECT_EQ(murboWith({"--add-files", "../p.mbproj", "."}, "", folder / "inner"),
+              printed("added 1 files; 4 clips in all"));
+    read = ProjectPackage::read(project);
+    EXPECT_EQ(read.sources.back().path, folder / "inner/a.mp4");
+    EXPECT_EQ(read.groups.back().name, "inner");
 }
 
 TEST_F(Headless, aStreamFindsItsMarkersItself) {
-    const auto named = std::string(name);
+    const auto beside = fs::path(name).stem().string() + ".csv";
     const auto stream = [&](std::vector<std::string> more) {
         more.insert(more.begin(), {"--add-stream", project, movie});
         return murboWith(more);
     };
-    EXPECT_EQ(stream({}), (Ran{0, "added " + named + ": 0 clips from no markers\n"}));
-    const auto markers = folder.file(fs::path(name).stem().string() + ".csv", "time,label\r\n0:01,\"x\"\r\n");
-    EXPECT_EQ(stream({}),
-              (Ran{0, "added " + named + ": 1 clips from " + markers.filename().string() + "\n"}));
-    EXPECT_EQ(stream({"--foo"}).out,
-              "added " + named + ": 1 clips from " + markers.filename().string() + "\n");
+    EXPECT_EQ(stream({}), printed("added " + name + ": 0 clips from no markers"));
+    folder.file(beside, "time,label\r\n0:01,\"x\"\r\n");
+    EXPECT_EQ(stream({}), printed("added " + name + ": 1 clips from " + beside));
+    EXPECT_EQ(stream({"--foo"}), printed("added " + name + ": 1 clips from " + beside));
     EXPECT_EQ(stream({folder.file("own.txt", "0:00:01,a\n500,b\n")}),
-              (Ran{0, "added " + named + ": 1 clips from own.txt\n"}));
-    EXPECT_EQ(stream({folder / "none.csv"}), (Ran{0, "added " + named + ": 0 clips from none.csv\n"}));
+              printed("added " + name + ": 1 clips from own.txt"));
+    EXPECT_EQ(stream({folder / "none.csv"}), printed("added " + name + ": 0 clips from none.csv"));
     const auto read = ProjectPackage::read(project);
     EXPECT_EQ(read.sources[1].stream->markers, "time,label\r\n0:01,\"x\"\r\n");
     EXPECT_FALSE(read.sources[4].stream);
@@ -151,8 +138,7 @@ TEST_F(Headless, projectsThatCannotBeReadAreNotTouched) {
     };
     EXPECT_EQ(murboWith({"--summary", folder / "none.mbproj"}), damaged("none.mbproj"));
     for (const std::string& text :
-         {std::string(), std::string("[]"), std::string("{\"format\": 1}"), std::string("{\"format\": 1.5}"),
-          std::string(100 << 20, '['), std::string("{\"a\":") + std::string(1 << 20, '{')}) {
+         {std::string(), std::string("{\"format\": 1}"), std::string(100 << 20, '[')}) {
         folder.file("bad.mbproj/project.json", text);
         EXPECT_EQ(murboWith({"--summary", folder / "bad.mbproj"}), damaged("bad.mbproj"));
         EXPECT_EQ(murboWith({"--add-files", folder / "bad.mbproj", movie}), damaged("bad.mbproj"));
@@ -161,17 +147,19 @@ TEST_F(Headless, projectsThatCannotBeReadAreNotTouched) {
     folder.file("newer.mbproj/project.json", "{\"format\": 2, \"clips\": \"another shape\"}");
     EXPECT_EQ(murboWith({"--export", folder / "newer.mbproj", "V1", folder / "x.mp4"}),
               failure("“newer.mbproj” was made by a newer version of Murbo. Update Murbo to open it."));
+
+    folder.file("bad.mbproj/project.json", "{\"format\": 1}");
+    EXPECT_THAT(
+        murboWith({"--summary", folder / "bad.mbproj"}, "MURBO_DEBUG=").out,
+        testing::ContainsRegex("^error: .*\nmurbo::ProjectError: .*; from murbo::JsonProblem: .*missing\n$"));
 }
 
 TEST_F(Headless, stillsAreNamedAfterVideoAndTime) {
     addVideo();
     const auto into = folder / "stills/here";
     EXPECT_EQ(murboWith({"--still", project, "v1", "0.1,abc,,0.4,nan", into}),
-              (Ran{0, (into / "V1 000.10.jpg").string() + "\n" + (into / "V1 000.40.jpg").string() + "\n"}));
-    EXPECT_EQ(shell("ffprobe -v error -show_entries stream=codec_name,width,height -of csv=p=0 " +
-                    quoted(into / "V1 000.40.jpg"))
-                  .out,
-              "mjpeg,1080,1920\n");
+              printed((into / "V1 000.10.jpg").string() + "\n" + (into / "V1 000.40.jpg").string()));
+    EXPECT_THAT(probed(into / "V1 000.40.jpg"), StartsWith("mjpeg,1080,1920,"));
     EXPECT_EQ(murboWith({"--still", project, "V1", ",x", folder / "none"}), (Ran{0, ""}));
     EXPECT_EQ(murboWith({"--still", project, "V2", "1", into}), failure("The project has no video V2."));
     folder.file("in the way");
@@ -181,33 +169,25 @@ TEST_F(Headless, stillsAreNamedAfterVideoAndTime) {
 TEST_F(Headless, aVideoIsExportedWithItsSubtitles) {
     addVideo();
     const auto to = folder / "out \"1\".mp4";
-    EXPECT_EQ(murboWith({"--export", project, "v1", to, "--srt"}), (Ran{0, to.string() + " 25 fps\n"}));
-    EXPECT_EQ(shell("ffprobe -v error -show_entries stream=codec_name,width,height,r_frame_rate,nb_frames "
-                    "-of csv=p=0 " +
-                    quoted(to))
-                  .out,
-              "h264,1080,1920,25/1,13\naac,0/0,25\n");
-    std::ifstream srt(folder / "out \"1\".srt");
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(srt), {}),
-              "1\n00:00:00,000 --> 00:00:00,500\nสวัสดี 👋\n");
+    EXPECT_EQ(murboWith({"--export", project, "v1", to, "--srt"}), printed(to.string() + " 25 fps"));
+    EXPECT_EQ(probed(to), "h264,1080,1920,25/1,13\naac,0/0,25\n");
+    EXPECT_EQ(contentsOf(folder / "out \"1\".srt"), "1\n00:00:00,000 --> 00:00:00,500\nสวัสดี 👋\n");
 
-    EXPECT_EQ(murboWith({"--export", project, "V1", to, "--fps", "10"}), (Ran{0, to.string() + " 10 fps\n"}));
+    EXPECT_EQ(murboWith({"--export", project, "V1", to, "--fps", "10"}), printed(to.string() + " 10 fps"));
     for (const char* rate : {"0", "-5", "1e9"})
         EXPECT_THAT(murboWith({"--export", project, "V1", to, "--fps", rate}).out, StartsWith("error: "))
             << rate;
     EXPECT_THAT(murboWith({"--export", project, "V1", folder / "none/x.mp4"}).out, StartsWith("error: "));
-    EXPECT_EQ(shell("ffprobe -v error -show_entries stream=r_frame_rate -select_streams v -of csv=p=0 " +
-                    quoted(to))
-                  .out,
-              "10/1\n");
+    EXPECT_THAT(probed(to), StartsWith("h264,1080,1920,10/1,"));
+
+    // What is missing is black.
+    fs::remove(movie);
+    EXPECT_EQ(murboWith({"--export", project, "V1", to}), printed(to.string() + " 30 fps"));
+    EXPECT_EQ(murboWith({"--still", project, "V1", "0.2", folder / "s"}).code, 0);
 }
 
 TEST_F(Headless, anInterruptedExportLeavesNothing) {
-    addVideo();
-    auto read = ProjectPackage::read(project);
-    const auto cut = read.videos[0].cuts[0];
-    for (int more = 0; more < 200; more++) read.videos.edit()[0].cuts.edit().push_back(cut);
-    ProjectPackage::write(read, project, nullptr);
+    addVideo(200);
     folder.file("out/old.mp4", "old");
     const auto command =
         quoted(MURBO_PROGRAM) + " --export " + quoted(project) + " V1 " + quoted(folder / "out/old.mp4");
@@ -217,29 +197,20 @@ TEST_F(Headless, anInterruptedExportLeavesNothing) {
                             " & job=$!; { sleep 60; kill -KILL $job; } >/dev/null & sleep 1.5; kill -" +
                             signal + " $job; wait $job; code=$?; kill -- -$!; exit $code";
         EXPECT_EQ(shell("bash -c " + quoted(script)), failure("The export was cancelled.")) << signal;
-        EXPECT_EQ(fs::file_size(folder / "out/old.mp4"), 3);
-        EXPECT_EQ(std::distance(fs::directory_iterator(folder / "out"), {}), 1);
+        EXPECT_EQ(contentsOf(folder / "out/old.mp4"), "old");
+        EXPECT_EQ(entriesIn(folder / "out"), 1);
     }
 }
 
-TEST_F(Headless, missingFootageIsBlackAndStillExported) {
-    addVideo();
-    fs::remove(movie);
-    EXPECT_EQ(murboWith({"--export", project, "V1", folder / "x.mp4"}),
-              (Ran{0, (folder / "x.mp4").string() + " 30 fps\n"}));
-    EXPECT_EQ(murboWith({"--still", project, "V1", "0.2", folder / "s"}).code, 0);
-}
-
 TEST_F(Headless, commandsAreTriedInTheirOrderAndWithEnoughWords) {
-    for (const std::vector<std::string>& words :
-         std::vector<std::vector<std::string>>{{},
-                                               {"--summary"},
-                                               {"--still", project, "V1", "1.5"},
-                                               {"--add-files", project},
-                                               {"--export", project, "V1"},
-                                               {"--new"},
-                                               {"nonsense"},
-                                               {"--SUMMARY", project}}) {
+    const std::vector<std::string> lacking[] = {{},
+                                                {"--still", project, "V1", "1.5"},
+                                                {"--add-files", project},
+                                                {"--export", project, "V1"},
+                                                {"--new"},
+                                                {"nonsense"},
+                                                {"--SUMMARY", project}};
+    for (const auto& words : lacking) {
         const auto ran = murboWith(words);
         EXPECT_EQ(ran.code, 1);
         EXPECT_THAT(ran.out, HasSubstr("--add-stream <project> <recording> [<markers>]"));
@@ -250,15 +221,8 @@ TEST_F(Headless, commandsAreTriedInTheirOrderAndWithEnoughWords) {
     EXPECT_EQ(murboWith({"--summary", project, "--new", folder / "not.mbproj"}).code, 0);
     EXPECT_TRUE(fs::exists(folder / "not.mbproj")); // --new comes before --summary
     EXPECT_THAT(murboWith({"--mcp"}).out, StartsWith("error: "));
-    EXPECT_EQ(murboWith({"--help"}).code, 0);
-    EXPECT_THAT(murboWith({"--version"}).out, testing::MatchesRegex("Murbo [0-9.]+\n"));
-}
-
-TEST_F(Headless, debuggingTellsWhatAnErrorCameFrom) {
-    folder.file("bad.mbproj/project.json", "{\"format\": 1}");
-    const auto ran = murboWith({"--summary", folder / "bad.mbproj"}, "MURBO_DEBUG=");
-    EXPECT_THAT(ran.out, testing::ContainsRegex(
-                             "^error: .*\nmurbo::ProjectError: .*; from murbo::JsonProblem: .*missing\n$"));
+    EXPECT_THAT(murboWith({"--version"}).out,
+                testing::MatchesRegex("Murbo [0-9.]+\n(Cut-outs leave .* not installed.\n)?"));
 }
 
 TEST_F(Headless, aFolderThatMayNotBeWrittenSaysSo) {
@@ -281,15 +245,11 @@ TEST_F(Headless, aFolderThatMayNotBeWrittenSaysSo) {
     EXPECT_EQ(projectFile(), before);
 }
 
-TEST_F(Headless, outputThatNobodyReadsHarmsNothing) {
+TEST_F(Headless, outputThatNobodyReadsHarmsNothingButAFullDiskIsAFailure) {
     addVideo();
-    const auto ran = shell(quoted(MURBO_PROGRAM) + " --export " + quoted(project) + " V1 " +
-                           quoted(folder / "x.mp4") + " | true");
-    EXPECT_EQ(ran.code, 0);
+    const auto command = quoted(MURBO_PROGRAM) + " --export " + quoted(project) + " V1 ";
+    EXPECT_EQ(shell(command + quoted(folder / "x.mp4") + " | true").code, 0);
     EXPECT_TRUE(fs::exists(folder / "x.mp4") || (sleep(2), fs::exists(folder / "x.mp4")));
-}
-
-TEST_F(Headless, outputThatCannotBeWrittenIsAFailure) {
     EXPECT_EQ(shell(quoted(MURBO_PROGRAM) + " --summary " + quoted(project) + " 2>&1 >/dev/full"),
               failure("The output could not be written: there is no space left on the disk."));
 }
@@ -300,8 +260,8 @@ TEST(Kills, harmNothing) {
 }
 
 TEST(Readme, listsTheCommandsAsTheProgramDoes) {
-    std::ifstream stream(fs::path(MURBO_TESTS) / "../README.md");
-    const std::string readme(std::istreambuf_iterator<char>(stream), {});
-    EXPECT_THAT(readme, HasSubstr("```\n" + murboWith({"--help"}).out + "```\n"))
+    const auto help = murboWith({"--help"});
+    EXPECT_EQ(help.code, 0);
+    EXPECT_THAT(contentsOf(fs::path(MURBO_TESTS) / "../README.md"), HasSubstr("```\n" + help.out + "```\n"))
         << "README.md is stale: put the output of build/murbo --help into it";
 }

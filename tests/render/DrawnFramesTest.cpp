@@ -1,4 +1,5 @@
 #include "core/render/DrawnFrames.h"
+#include "tests/TemporaryFolder.h"
 #include "tests/render/Samples.h"
 
 #include <gtest/gtest.h>
@@ -7,7 +8,7 @@ namespace murbo {
 namespace {
 
 TEST(DrawnFrames, comeInOrderAndAreTheSameHoweverManyDraw) {
-    const samples::Folder folder;
+    const TemporaryFolder folder;
     samples::writeNumbered(folder / "a.mp4", 60, 30);
     const auto project = samples::project({folder / "a.mp4"});
     const auto composition = VideoComposition::make(samples::video(project, {{0, 0, 0.5}, {0, 1.5, 1.9}}),

@@ -2,6 +2,7 @@
 #include "core/render/Exporter.h"
 #include "platform/media/FrameReader.h"
 #include "platform/media/SoundReader.h"
+#include "tests/TemporaryFolder.h"
 #include "tests/render/Samples.h"
 
 #include <algorithm>
@@ -48,13 +49,21 @@ Exporter::Order orderTo(const std::filesystem::path& path, double rate = 30) {
     return order;
 }
 
+std::vector<std::string> names(const std::filesystem::path& folder) {
+    std::vector<std::string> found;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        found.push_back(entry.path().filename());
+    std::ranges::sort(found);
+    return found;
+}
+
 std::string contents(const std::filesystem::path& path) {
     std::ifstream stream(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 TEST(Exporter, theMovieHoldsTheFramesOfItsCuts) {
-    const samples::Folder folder;
+    const TemporaryFolder folder;
     samples::writeNumbered(folder / "a.mp4", 300, 30);
     samples::writeNumbered(folder / "b.mp4", 100, 25);
     const auto project = samples::project({folder / "a.mp4", folder / "b.mp4"});
@@ -73,7 +82,7 @@ TEST(Exporter, theMovieHoldsTheFramesOfItsCuts) {
     EXPECT_TRUE(std::is_sorted(shares.begin(), shares.end()));
     EXPECT_GE(shares.front(), 0);
     EXPECT_EQ(shares.back(), 1);
-    EXPECT_THAT(folder.names(), ElementsAre("a.mp4", "b.mp4", "out.mp4"));
+    EXPECT_THAT(names(folder.path), ElementsAre("a.mp4", "b.mp4", "out.mp4"));
 }
 
 /// The times at which a sound starts after silence, in seconds.
@@ -93,7 +102,7 @@ std::vector<double> onsets(const std::filesystem::path& path) {
 }
 
 TEST(Exporter, soundAndPictureKeepInStepOverManyCuts) {
-    const samples::Folder folder;
+    const TemporaryFolder folder;
     samples::writeNumbered(folder / "a.mp4", 300, 30, true);
     const auto project = samples::project({folder / "a.mp4"});
     std::vector<Stretch> stretches;
@@ -123,7 +132,7 @@ TEST(Exporter, soundAndPictureKeepInStepOverManyCuts) {
 }
 
 TEST(Exporter, missingFootageIsBlackAndSilentForItsTime) {
-    const samples::Folder folder;
+    const TemporaryFolder folder;
     samples::writeNumbered(folder / "a.mp4", 60, 30, true);
     std::ofstream(folder / "broken.mp4") << "no movie";
     const auto project = samples::project({folder / "a.mp4", folder / "gone.mp4", folder / "broken.mp4"});
@@ -138,7 +147,7 @@ TEST(Exporter, missingFootageIsBlackAndSilentForItsTime) {
 }
 
 TEST(Exporter, whatStoodThereSurvivesAFailure) {
-    const samples::Folder folder;
+    const TemporaryFolder folder;
     samples::writeNumbered(folder / "a.mp4", 60, 30);
     const auto project = samples::project({folder / "a.mp4"});
     const auto video = samples::video(project, {{0, 0, 2}});
@@ -150,14 +159,14 @@ TEST(Exporter, whatStoodThereSurvivesAFailure) {
     std::filesystem::create_directory(folder / "folder.mp4");
     EXPECT_THROW(Exporter::movie(video, project, orderTo(folder / "folder.mp4")), Problem);
     EXPECT_EQ(contents(folder / "out.mp4"), "the old one");
-    EXPECT_THAT(folder.names(), ElementsAre("a.mp4", "folder.mp4", "out.mp4"));
+    EXPECT_THAT(names(folder.path), ElementsAre("a.mp4", "folder.mp4", "out.mp4"));
 
     Exporter::movie(samples::video(project, {{0, 0, 0.1}}), project, orderTo(folder / "out.mp4"));
     EXPECT_EQ(read(folder / "out.mp4").frames.size(), 3U);
 }
 
 TEST(Exporter, footageIsNeverExportedOver) {
-    const samples::Folder folder;
+    const TemporaryFolder folder;
     samples::writeNumbered(folder / "a.mp4", 10, 30);
     const auto project = samples::project({folder / "a.mp4"});
     const auto video = samples::video(project, {{0, 0, 0.1}});
@@ -174,7 +183,7 @@ TEST(Exporter, footageIsNeverExportedOver) {
 }
 
 TEST(Exporter, aCancelledExportLeavesNothing) {
-    const samples::Folder folder;
+    const TemporaryFolder folder;
     samples::writeNumbered(folder / "a.mp4", 60, 30);
     const auto project = samples::project({folder / "a.mp4"});
     std::ofstream(folder / "out.mp4") << "the old one";
@@ -188,13 +197,13 @@ TEST(Exporter, aCancelledExportLeavesNothing) {
         EXPECT_THROW(
             Exporter::movie(video, project, orderTo(folder / "out.mp4"), stopWhen, source.get_token()),
             ExportCancelled);
-        EXPECT_THAT(folder.names(), ElementsAre("a.mp4", "out.mp4"));
+        EXPECT_THAT(names(folder.path), ElementsAre("a.mp4", "out.mp4"));
         EXPECT_EQ(contents(folder / "out.mp4"), "the old one");
     }
 }
 
 TEST(Exporter, subtitlesStandBesideTheMovieWhereThereAreAny) {
-    const samples::Folder folder;
+    const TemporaryFolder folder;
     samples::writeNumbered(folder / "a.mp4", 60, 30);
     auto project = samples::project({folder / "a.mp4"});
     const auto video = samples::video(project, {{0, 0, 0.5}});

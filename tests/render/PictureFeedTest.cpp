@@ -1,4 +1,5 @@
 #include "core/render/PictureFeed.h"
+#include "tests/TemporaryFolder.h"
 #include "tests/render/Samples.h"
 
 #include <algorithm>
@@ -39,7 +40,7 @@ std::vector<int> expected(const std::vector<Stretch>& stretches, double sourceRa
 }
 
 TEST(PictureFeed, everyFrameShowsThePictureOfItsMoment) {
-    const samples::Folder folder;
+    const TemporaryFolder folder;
     samples::writeNumbered(folder / "30.mp4", 600, 30);
     samples::writeNumbered(folder / "50.mp4", 300, 50);
     const std::vector<std::vector<Stretch>> videos{
@@ -61,7 +62,7 @@ TEST(PictureFeed, everyFrameShowsThePictureOfItsMoment) {
 }
 
 TEST(PictureFeed, whatCannotBeReadIsBlackAndTheRestGoesOn) {
-    const samples::Folder folder;
+    const TemporaryFolder folder;
     samples::writeNumbered(folder / "good.mp4", 90, 30);
     std::ofstream(folder / "empty.mp4").put('\0');
     const auto project = samples::project({folder / "good.mp4", folder / "empty.mp4", folder / "gone.mp4"});

@@ -4,12 +4,9 @@
 #include "platform/media/MovieWriter.h"
 #include "platform/media/SoundReader.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <numbers>
-
-#include <unistd.h>
 
 namespace murbo::samples {
 namespace {
@@ -70,23 +67,6 @@ int greenAt(const Bitmap& frame, double x, double y) {
     return frame.row(static_cast<int>(y))[static_cast<int>(x) * 4 + 1];
 }
 
-}
-
-Folder::Folder() {
-    auto pattern = (std::filesystem::temp_directory_path() / "murbo-render-XXXXXX").string();
-    path = mkdtemp(pattern.data());
-}
-
-Folder::~Folder() {
-    std::filesystem::remove_all(path);
-}
-
-std::vector<std::string> Folder::names() const {
-    std::vector<std::string> found;
-    for (const auto& entry : std::filesystem::directory_iterator(path))
-        found.push_back(entry.path().filename());
-    std::sort(found.begin(), found.end());
-    return found;
 }
 
 void writeNumbered(const std::filesystem::path& path, int frames, int rate, bool sound) {

@@ -11,17 +11,6 @@
 
 namespace murbo::samples {
 
-/// A folder of its own, gone with its owner.
-class Folder {
-public:
-    Folder();
-    ~Folder();
-    std::filesystem::path operator/(const std::string& name) const { return path / name; }
-    std::vector<std::string> names() const;
-
-    std::filesystem::path path;
-};
-
 /// A movie whose every picture carries its number, 640x360. With sound, each whole second holds a beep of
 /// 0.1 s, and the picture is framed in white as long.
 void writeNumbered(const std::filesystem::path& path, int frames, int rate, bool sound = false);

@@ -1,5 +1,4 @@
 #include "core/render/SoundMix.h"
-#include "tests/TemporaryFolder.h"
 
 #include <cmath>
 
@@ -41,6 +40,13 @@ struct Mixed {
     Mix& mix() {
         if (!look().mix) look().mix.emplace();
         return *look().mix;
+    }
+    /// An overlay with a sound in it; `more` are further members of its layer.
+    void overlay(double start, double end, const std::string& more = "", const std::string& file = "/boo") {
+        const Book book{Playbook::decode(fmt::format(
+            R"({{"name": "a", "params": {{"none": {{"type": "media"}}}}, "layers": [{{"shape": "rect"}}, {{"sound": "{}"{}}}]}})",
+            file, more))};
+        plan.overlays.push_back({.start = start, .end = end, .book = book});
     }
     std::vector<SoundMix::Track> tracks() const {
         return SoundMix::tracks(video, plan, missing, [&](const std::filesystem::path& file) {
@@ -168,10 +174,6 @@ TEST(SoundMix, aShortSongFadesInAQuarterAndOutInAThird) {
     song.length = 0.06;
     mixed.look().music.edit() = {song};
     EXPECT_EQ(text(mixed.tracks()[1].gains), "1-1.015 0>1, 1.015-1.04 1>1, 1.04-1.06 1>0");
-    mixed.look().music.edit()[0].length = 0.6;
-    for (const auto& [time, gain] :
-         {std::pair{1.0, 0.0}, {1.075, 0.5}, {1.15, 1.0}, {1.3, 1.0}, {1.4, 1.0}, {1.5, 0.5}, {1.6, 0.0}})
-        EXPECT_NEAR(SoundMix::gain(mixed.tracks()[1].gains, time), gain, 1e-9) << time;
 }
 
 TEST(SoundMix, musicGivesWayToSpeech) {
@@ -221,42 +223,64 @@ TEST(SoundMix, aFileThatCannotBeUsedCostsItsTrackAlone) {
     EXPECT_EQ(SoundMix::lengthOf("/nowhere/at all.wav"), std::nullopt);
 }
 
-TEST(SoundMix, neverLooksOutsideThePackage) {
-    const TemporaryFolder folder;
-    const auto package = folder / "a.mbproj";
-    folder.file("a.mbproj/media/song.wav");
-    folder.file("outside.wav");
-    std::filesystem::create_directory_symlink(folder / "", package / "media" / "out");
-    std::filesystem::create_symlink(package / "media" / "song.wav", package / "media" / "same.wav");
-    std::filesystem::create_symlink(package / "media" / "round", package / "media" / "round");
-    Plan plan;
-    const auto found = [&](const std::string& name) {
-        const auto file = SoundMix::file({.file = name}, plan);
-        return file ? file->filename().string() : "none";
+TEST(SoundMix, soundsOfOverlaysRingOutUnlessTheyAreLong) {
+    struct Case {
+        const char* what;
+        const char* layer;
+        double overlay, fileLength;
+        const char* expected;
     };
-    EXPECT_EQ(found("media/song.wav"), "none") << "a project that was never saved";
-    plan.project = package;
-    const std::pair<const char*, const char*> cases[] = {{"media/song.wav", "song.wav"},
-                                                         {"media/same.wav", "song.wav"},
-                                                         {"media/not there yet.wav", "not there yet.wav"},
-                                                         {"media/../../outside.wav", "none"},
-                                                         {"media/out/outside.wav", "none"},
-                                                         {"media/round", "none"},
-                                                         {"media/../media/song.wav", "song.wav"},
-                                                         {"song.wav", "none"},
-                                                         {"", "none"},
-                                                         {"/somewhere/else.wav", "else.wav"}};
-    for (const auto& [name, expected] : cases) EXPECT_EQ(found(name), expected) << name;
-    EXPECT_EQ(found(std::string("media/song.wav\0.mp3", 19)), "none");
+    for (const Case& each :
+         {Case{"a short one rings out", "", 1, 3, "5-8@0"}, Case{"up to four seconds", "", 1, 4, "5-9@0"},
+          Case{"a longer one ends with its overlay", "", 1, 5, "5-6@0"},
+          Case{"what is left of it counts", R"(, "start": 57)", 1, 60, "5-8@57"},
+          Case{"at the video's end", "", 5, 60, "5-10@0"},
+          Case{"when its layer comes on", R"(, "from": 1)", 3, 60, "6-8@0"},
+          Case{"as fast as the overlay", R"(, "from": 1)", 1.5, 60, "5.5-6.5@0"},
+          Case{"by the overlay's last moment", R"(, "from": 2.99)", 3, 60, "7.99-8.09@0"},
+          Case{"too little left", R"(, "start": 59.96)", 1, 60, ""},
+          Case{"nothing left", R"(, "start": 99)", 1, 60, ""}}) {
+        Mixed mixed({cut(one, 0, 10)});
+        mixed.fileLength = each.fileLength;
+        mixed.overlay(5, 5 + each.overlay, each.layer);
+        const auto tracks = mixed.tracks();
+        EXPECT_EQ(tracks.size() < 2 ? "" : text(tracks[1]).substr(4), each.expected) << each.what;
+    }
 }
 
-TEST(SoundMix, listsEveryFileThatIsNamed) {
+TEST(SoundMix, soundsOfOverlaysHaveTheirLaneAndComeLast) {
     Mixed mixed({cut(one, 0, 10)});
-    EXPECT_TRUE(SoundMix::files(mixed.video, mixed.plan).empty());
-    mixed.look().sounds.edit() = {cue(99), {.file = "nowhere.wav"}};
+    mixed.overlay(1, 2, R"(, "volume": 0.5)");
+    mixed.overlay(2, 3, "", "/broken");
+    mixed.overlay(3, 4, "", "own.wav"); // of a playbook without a folder
+    mixed.overlay(4, 5, "", "$none");
+    mixed.look().sounds.edit() = {cue(3)};
     mixed.look().music.edit() = {cue(5)};
+    mixed.mix().overlays = 0.5;
+    const auto tracks = mixed.tracks();
+    ASSERT_EQ(text(tracks), "one.mp4 0-10@0; 5.000000 5-10@0; 3.000000 3-10@0; boo 1-2@0");
+    EXPECT_EQ(text(tracks[3].gains), "1-2 0.25>0.25");
     EXPECT_EQ(SoundMix::files(mixed.video, mixed.plan),
-              (std::vector<std::filesystem::path>{"/5.000000", "/99.000000"}));
+              (std::vector<std::filesystem::path>{"/5.000000", "/3.000000", "/boo", "/broken"}));
+    mixed.mix().overlays = 0;
+    EXPECT_EQ(mixed.tracks().size(), 3);
+}
+
+TEST(SoundMix, footageIsSilentUnderOverlaysThatSaySo) {
+    Mixed mixed({cut(one, 0, 5), cut(one, 5, 7, true), cut(one, 7, 10)});
+    mixed.overlay(2, 3);
+    mixed.overlay(4, 5.5);
+    for (auto& each : mixed.plan.overlays) each.overlay.mute = true;
+    mixed.overlay(8, 9);
+    EXPECT_EQ(text(mixed.tracks()[0].gains),
+              "0-1.92 1>1, 1.92-2 1>0, 2-3 0>0, 3-3.08 0>1, 3.08-3.92 1>1, "
+              "3.92-4 1>0, 4-7 0>0, 7-7.08 0>1, 7.08-10 1>1");
+}
+
+TEST(SoundMix, whatPlaybooksAskForIsBounded) {
+    Mixed mixed({cut(one, 0, 10)});
+    for (int each = 0; each < 3000; ++each) mixed.overlay(1, 2);
+    EXPECT_EQ(mixed.tracks().size(), 1001);
 }
 
 TEST(SoundMix, joinsSilencesThatLieNear) {

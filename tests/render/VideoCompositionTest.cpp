@@ -1,5 +1,6 @@
 #include "core/render/VideoComposition.h"
 #include "platform/base/Problem.h"
+#include "tests/TemporaryFolder.h"
 #include "tests/render/Samples.h"
 
 #include <limits>
@@ -71,7 +72,7 @@ TEST(VideoComposition, aCutWithoutFootageKeepsItsTime) {
 }
 
 TEST(VideoComposition, theFootageDecidesTheRate) {
-    const samples::Folder folder;
+    const TemporaryFolder folder;
     samples::writeNumbered(folder / "24.mp4", 12, 24);
     samples::writeNumbered(folder / "50.mp4", 12, 50);
     samples::writeNumbered(folder / "120.mp4", 12, 120);
