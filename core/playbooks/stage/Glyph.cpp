@@ -50,8 +50,11 @@ std::optional<Bitmap> drawn(const std::string& text, double size) {
     const ShapedText shaped(text, Fonts::font("", weight, size));
     const auto lines = shaped.hopeless() ? std::vector<ShapedText::Line>() : shaped.lines(widest * 4, 1);
     if (lines.empty() || !(lines.front().width <= widest)) return {};
-    Bitmap room(int(std::ceil(lines.front().width + 2 * size)), int(std::ceil(4 * size)));
-    TextPainter::fill(room, shaped, shaped.glyphs(lines.front(), {size, 2.4 * size}), Colour::white);
+    const double aside = size / 2;
+    const double height = shaped.ascent() + shaped.descent() + 2 * aside;
+    Bitmap room(int(std::ceil(lines.front().width + 2 * aside)), int(std::ceil(height)));
+    const Point start{aside, aside + shaped.ascent()};
+    TextPainter::fill(room, shaped, shaped.glyphs(lines.front(), start), Colour::white);
     return room;
 }
 
