@@ -52,7 +52,8 @@ void Activate(const float* input, std::size_t count, Activation activation, floa
     });
 }
 
-void BetweenRows(const float* one, const float* other, float part, std::size_t count, float* output) {
+HWY_INLINE void lineBetween(const float* one, const float* other, float part, std::size_t count,
+                            float* output) {
     inLanes(count, [&](auto d, std::size_t at) {
         const auto from = hn::LoadU(d, one + at);
         const auto way = hn::Sub(hn::LoadU(d, other + at), from);
@@ -60,9 +61,13 @@ void BetweenRows(const float* one, const float* other, float part, std::size_t c
     });
 }
 
-void BetweenPixels(const float* row, const Between* places, int pixels, int channels, float* output) {
+void BetweenRows(const float* one, const float* other, float part, std::size_t count, float* output) {
+    lineBetween(one, other, part, count, output);
+}
+
+void BetweenPixels(const float* row, const Between::Place* places, int pixels, int channels, float* output) {
     for (int i = 0; i < pixels; ++i, output += channels)
-        BetweenRows(row + places[i].left, row + places[i].right, places[i].part, std::size_t(channels),
+        lineBetween(row + places[i].before, row + places[i].after, places[i].part, std::size_t(channels),
                     output);
 }
 
@@ -107,7 +112,7 @@ void between(const float* one, const float* other, float part, std::size_t count
     HWY_DYNAMIC_DISPATCH(BetweenRows)(one, other, part, count, output);
 }
 
-void betweenPixels(const float* row, const Between* places, int pixels, int channels, float* output) {
+void betweenPixels(const float* row, const Between::Place* places, int pixels, int channels, float* output) {
     HWY_DYNAMIC_DISPATCH(BetweenPixels)(row, places, pixels, channels, output);
 }
 

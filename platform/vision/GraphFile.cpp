@@ -129,7 +129,8 @@ struct Reader {
     std::vector<int> integers(int index) {
         const Tensor& found = tensor(index);
         const std::size_t count = found.stored.size() / 4;
-        demand(found.type == int32 && count <= 8 && found.stored.size() == 4 * count, "a size is missing");
+        demand(found.type == int32 && count >= 1 && count <= 8 && found.stored.size() == 4 * count,
+               "a size is missing");
         std::vector<int> result(count);
         std::memcpy(result.data(), found.stored.data(), found.stored.size());
         return result;

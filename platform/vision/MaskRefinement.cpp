@@ -1,5 +1,9 @@
 #include "platform/vision/MaskRefinement.h"
 
+#include "platform/vision/Between.h"
+#include "platform/vision/MaskKernels.h"
+#include "platform/vision/NetworkKernels.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -16,13 +20,13 @@ namespace murbo {
 
 namespace {
 
-constexpr int radius = 4; ///< of a neighbourhood, in pixels of the network's input
+constexpr int shrunk = 2; ///< the factors change slowly: half the network's size is enough to find them
+constexpr int radius = 2; ///< of a neighbourhood, in pixels of that
 constexpr int across = 2 * radius + 1;
-constexpr float neighbours = across * across;
-constexpr float calm = 1e-4f * 255 * 255; ///< colours that vary by less than this, squared, move nothing
-// Below, the network's haze is cut off; above, its doubts inside a body.
-constexpr float nothingBelow = 0.1f;
-constexpr float allAbove = 0.9f;
+constexpr int neighbours = across * across;
+constexpr double calm = 1e-4 * 255 * 255; ///< colours that vary by less than this, squared, move nothing
+// Below, the network's haze and the fringe of the background are cut off; above, its doubts inside a body.
+constexpr MaskKernels::Curve kept{0.25f, 0.85f};
 
 struct Plane {
     Plane(int wide, int high) : width(wide), height(high), numbers(std::size_t(wide) * high) {}
@@ -52,13 +56,12 @@ public:
         const std::size_t wide = columns.size();
         std::fill_n(columns.begin(), radius, columns[radius]);
         std::fill_n(columns.end() - radius, radius, columns[wide - radius - 1]);
-        // Nine by doubling: two, four, eight, and one more.
-        static_assert(across == 9);
+        // Five by doubling: two, four, and one more.
+        static_assert(across == 5);
         const float* __restrict c = columns.data();
         float* __restrict s = spare.data();
         for (std::size_t x = 0; x + 1 < wide; ++x) s[x] = c[x] + c[x + 1];
-        for (std::size_t x = 0; x + 3 < wide; ++x) s[x] = s[x] + s[x + 2];
-        for (std::size_t x = 0; x + 8 < wide; ++x) sums[x] = (s[x] + s[x + 4]) + c[x + 8];
+        for (std::size_t x = 0; x + 4 < wide; ++x) sums[x] = (s[x] + s[x + 2]) + c[x + 4];
     }
 
 private:
@@ -79,44 +82,56 @@ enum { blue, green, red, mask, ones };
 /// What to multiply blue, green and red by, and what to add.
 using Fit = std::array<Plane, 4>;
 
-/// The factors that fit one row best: least squares, its three equations solved by cofactors.
+/// The factors that fit one row best: least squares, its three equations solved by cofactors. In grey
+/// pictures these nearly cancel out, hence in double.
 void fitRow(const std::vector<std::vector<float>>& rows, std::size_t width, float* __restrict toBlue,
             float* __restrict toGreen, float* __restrict toRed, float* __restrict constant) {
     const float* __restrict sum[13];
     for (int k = 0; k < 13; ++k) sum[k] = rows[k].data();
-    constexpr float each = 1 / neighbours;
+    constexpr double each = 1. / neighbours;
     for (std::size_t x = 0; x < width; ++x) {
-        const float b = sum[0][x] * each, g = sum[1][x] * each, r = sum[2][x] * each, m = sum[3][x] * each;
-        const float bb = sum[4][x] * each - b * b + calm;
-        const float bg = sum[5][x] * each - b * g;
-        const float br = sum[6][x] * each - b * r;
-        const float gg = sum[7][x] * each - g * g + calm;
-        const float gr = sum[8][x] * each - g * r;
-        const float rr = sum[9][x] * each - r * r + calm;
-        const float bm = sum[10][x] * each - b * m;
-        const float gm = sum[11][x] * each - g * m;
-        const float rm = sum[12][x] * each - r * m;
-        const float c00 = gg * rr - gr * gr, c01 = br * gr - bg * rr, c02 = bg * gr - br * gg;
-        const float c11 = bb * rr - br * br, c12 = bg * br - bb * gr, c22 = bb * gg - bg * bg;
-        const float scale = 1 / (bb * c00 + bg * c01 + br * c02);
-        toBlue[x] = (c00 * bm + c01 * gm + c02 * rm) * scale;
-        toGreen[x] = (c01 * bm + c11 * gm + c12 * rm) * scale;
-        toRed[x] = (c02 * bm + c12 * gm + c22 * rm) * scale;
-        constant[x] = m - toBlue[x] * b - toGreen[x] * g - toRed[x] * r;
+        const double b = sum[0][x] * each, g = sum[1][x] * each, r = sum[2][x] * each, m = sum[3][x] * each;
+        const double bb = sum[4][x] * each - b * b + calm;
+        const double bg = sum[5][x] * each - b * g;
+        const double br = sum[6][x] * each - b * r;
+        const double gg = sum[7][x] * each - g * g + calm;
+        const double gr = sum[8][x] * each - g * r;
+        const double rr = sum[9][x] * each - r * r + calm;
+        const double bm = sum[10][x] * each - b * m;
+        const double gm = sum[11][x] * each - g * m;
+        const double rm = sum[12][x] * each - r * m;
+        const double c00 = gg * rr - gr * gr, c01 = br * gr - bg * rr, c02 = bg * gr - br * gg;
+        const double c11 = bb * rr - br * br, c12 = bg * br - bb * gr, c22 = bb * gg - bg * bg;
+        const double scale = 1 / (bb * c00 + bg * c01 + br * c02);
+        const double forBlue = (c00 * bm + c01 * gm + c02 * rm) * scale;
+        const double forGreen = (c01 * bm + c11 * gm + c12 * rm) * scale;
+        const double forRed = (c02 * bm + c12 * gm + c22 * rm) * scale;
+        toBlue[x] = float(forBlue);
+        toGreen[x] = float(forGreen);
+        toRed[x] = float(forRed);
+        constant[x] = float(m - forBlue * b - forGreen * g - forRed * r);
     }
 }
 
+/// Means of squares of pixels, as whole numbers.
 std::array<Plane, 5> planes(const Bitmap& small, std::span<const float> likely) {
-    const Plane empty(small.width(), small.height());
+    const Plane empty(small.width() / shrunk, small.height() / shrunk);
     std::array<Plane, 5> result{empty, empty, empty, empty, empty};
-    for (int y = 0; y < small.height(); ++y) {
-        const std::uint8_t* pixels = small.row(y);
-        for (int x = 0; x < small.width(); ++x, pixels += 4) {
-            for (int colour : {blue, green, red}) result[std::size_t(colour)].row(y)[x] = pixels[colour];
-            result[mask].row(y)[x] = std::floor(likely[std::size_t(y) * small.width() + x] * 255 + 0.5f);
+    constexpr int square = shrunk * shrunk;
+    for (int y = 0; y < empty.height; ++y)
+        for (int x = 0; x < empty.width; ++x) {
+            int colours[3] = {};
+            float sum = 0;
+            for (int i = 0; i < square; ++i) {
+                const int column = x * shrunk + i % shrunk, row = y * shrunk + i / shrunk;
+                for (int colour : {blue, green, red}) colours[colour] += small.row(row)[4 * column + colour];
+                sum += likely[std::size_t(row) * small.width() + column];
+            }
+            for (int colour : {blue, green, red})
+                result[std::size_t(colour)].row(y)[x] = float((colours[colour] + square / 2) / square);
+            result[mask].row(y)[x] = std::floor(sum * (255.f / square) + 0.5f);
             result[ones].row(y)[x] = 1;
         }
-    }
     return result;
 }
 
@@ -158,26 +173,10 @@ std::vector<float> averaged(const Fit& fit, const Plane& one) {
             sums.next(row.data());
             float* to = result.data() + std::size_t(y) * width * 4 + k;
             for (int x = 0; x < width; ++x)
-                to[std::size_t(x) * 4] = row[std::size_t(x)] * (1 / neighbours / 255);
+                to[std::size_t(x) * 4] = row[std::size_t(x)] * (1.f / neighbours / 255);
         }
     }
     return result;
-}
-
-/// Where a pixel lies between two of the small picture.
-struct Place {
-    int before, after;
-    float part;
-};
-Place place(int i, int from, int to) {
-    const float exact = std::max((float(i) + 0.5f) * (float(from) / float(to)) - 0.5f, 0.f);
-    const int before = std::min(int(exact), from - 1);
-    return {before, std::min(before + 1, from - 1), exact - float(before)};
-}
-
-std::uint8_t curved(float value) {
-    const float t = std::clamp((value - nothingBelow) * (1 / (allAbove - nothingBelow)), 0.f, 1.f);
-    return std::uint8_t(t * t * (3 - 2 * t) * 255 + 0.5f);
 }
 
 }
@@ -185,29 +184,19 @@ std::uint8_t curved(float value) {
 Bitmap MaskRefinement::refined(const Bitmap& picture, const Bitmap& small, std::span<const float> likely) {
     const auto guides = planes(small, likely);
     const auto factors = averaged(fit(guides), guides[ones]);
-    std::vector<Place> columns;
-    for (int x = 0; x < picture.width(); ++x) columns.push_back(place(x, small.width(), picture.width()));
+    const int width = guides[ones].width, height = guides[ones].height;
+    const std::size_t rowFloats = std::size_t(width) * 4;
+    const auto columns = Between::places(width, picture.width(), 4);
+    const auto rows = Between::places(height, picture.height(), rowFloats);
 
     Bitmap result = Bitmap::toBeFilled(picture.width(), picture.height());
-    const std::size_t rowFloats = std::size_t(small.width()) * 4;
-    std::vector<float> row(rowFloats);
+    std::vector<float> narrow(rowFloats), wide(std::size_t(picture.width()) * 4);
     for (int y = 0; y < picture.height(); ++y) {
-        const Place rows = place(y, small.height(), picture.height());
-        const float* above = factors.data() + std::size_t(rows.before) * rowFloats;
-        const float* below = factors.data() + std::size_t(rows.after) * rowFloats;
-        for (std::size_t i = 0; i < rowFloats; ++i) row[i] = above[i] + (below[i] - above[i]) * rows.part;
-        const std::uint8_t* from = picture.row(y);
-        std::uint8_t* to = result.row(y);
-        for (const Place& column : columns) {
-            const float* left = row.data() + std::ptrdiff_t(column.before) * 4;
-            const float* right = row.data() + std::ptrdiff_t(column.after) * 4;
-            float found[4];
-            for (int k = 0; k < 4; ++k) found[k] = left[k] + (right[k] - left[k]) * column.part;
-            std::fill_n(to, 4,
-                        curved(found[0] * from[0] + found[1] * from[1] + found[2] * from[2] + found[3]));
-            from += 4;
-            to += 4;
-        }
+        const Between::Place& at = rows[std::size_t(y)];
+        NetworkKernels::between(factors.data() + at.before, factors.data() + at.after, at.part, rowFloats,
+                                narrow.data());
+        NetworkKernels::betweenPixels(narrow.data(), columns.data(), picture.width(), 4, wide.data());
+        MaskKernels::maskRow(wide.data(), picture.row(y), picture.width(), kept, result.row(y));
     }
     return result;
 }

@@ -36,18 +36,6 @@ Part inside(int start, int window, int side) {
     return {first, std::clamp(side - start, first, window) - first};
 }
 
-/// Where pixel `i` of `to` lies among `from` pixels, middles on middles.
-struct Place {
-    int before = 0;
-    int after = 0;
-    float part = 0;
-};
-Place place(int i, int from, int to) {
-    const float exact = std::max((float(i) + 0.5f) * (float(from) / float(to)) - 0.5f, 0.f);
-    const int before = std::min(int(exact), from - 1);
-    return {before, std::min(before + 1, from - 1), exact - float(before)};
-}
-
 }
 
 Network::Network(Graph given) : graph(std::move(given)) {
@@ -223,17 +211,11 @@ void Network::resize(const Graph::Layer& layer, const float* input, float* spare
     const Graph::Shape from = shape(layer.inputs[0]);
     const Graph::Shape to = shape(layer.output);
     const std::size_t rowFloats = std::size_t(from.width) * from.channels;
-    std::vector<NetworkKernels::Between> columns;
-    for (int x = 0; x < to.width; ++x) {
-        const Place found = place(x, from.width, to.width);
-        columns.push_back({std::ptrdiff_t(found.before) * from.channels,
-                           std::ptrdiff_t(found.after) * from.channels, found.part});
-    }
+    const auto columns = Between::places(from.width, to.width, std::size_t(from.channels));
+    const auto rows = Between::places(from.height, to.height, rowFloats);
     for (int y = 0; y < to.height; ++y) {
-        const Place found = place(y, from.height, to.height);
-        NetworkKernels::between(input + std::size_t(found.before) * rowFloats,
-                                input + std::size_t(found.after) * rowFloats, found.part, rowFloats,
-                                spareFloats);
+        const Between::Place& at = rows[std::size_t(y)];
+        NetworkKernels::between(input + at.before, input + at.after, at.part, rowFloats, spareFloats);
         NetworkKernels::betweenPixels(spareFloats, columns.data(), to.width, to.channels,
                                       output + std::size_t(y) * to.width * to.channels);
     }

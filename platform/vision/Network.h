@@ -30,7 +30,7 @@ public:
 
         /// To be filled: rows from the top, each pixel's channels together.
         std::span<float> input();
-        /// The result, laid out in the same way; good until the next call.
+        /// Runs. The result is laid out as the input is, which it uses up.
         std::span<const float> output();
 
     private:

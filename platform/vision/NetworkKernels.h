@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/vision/Between.h"
 #include "platform/vision/Graph.h"
 
 #include <cstddef>
@@ -42,12 +43,7 @@ void activate(const float* input, std::size_t count, Graph::Activation activatio
 /// one + (other - one) · part
 void between(const float* one, const float* other, float part, std::size_t count, float* output);
 
-/// Where a pixel of a resized row lies among those of the given one.
-struct Between {
-    std::ptrdiff_t left = 0;  ///< in floats
-    std::ptrdiff_t right = 0; ///< in floats
-    float part = 0;           ///< 0 is all left, 1 all right
-};
-void betweenPixels(const float* row, const Between* places, int pixels, int channels, float* output);
+/// The same for each pixel of a row.
+void betweenPixels(const float* row, const Between::Place* places, int pixels, int channels, float* output);
 
 }

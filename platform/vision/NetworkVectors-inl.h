@@ -6,6 +6,8 @@
 #define MURBO_NETWORK_VECTORS_INL_H
 #endif
 
+#include "platform/vision/Graph.h"
+
 #include <hwy/highway.h>
 
 HWY_BEFORE_NAMESPACE();

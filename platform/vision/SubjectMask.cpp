@@ -4,6 +4,9 @@
 #include "platform/vision/MaskRefinement.h"
 #include "platform/vision/SubjectWeights.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace murbo {
 
 namespace {
@@ -18,17 +21,34 @@ Bitmap stretched(const Bitmap& picture, Graph::Shape to) {
                           Rect{0, 0, double(to.width), double(to.height)});
 }
 
-void fill(std::span<float> input, const Bitmap& small) {
-    float* to = input.data();
-    for (int y = 0; y < small.height(); ++y) {
-        const std::uint8_t* from = small.row(y);
-        for (int x = 0; x < small.width(); ++x, from += 4)
-            for (int channel : {2, 1, 0}) *to++ = float(from[channel]) * (1.f / 255);
-    }
+/// What the network finds, looking at the picture as it is or in a mirror.
+std::vector<float> look(const Network& network, const Bitmap& small, bool mirrored) {
+    Network::Run run(network);
+    const int width = small.width();
+    const auto from = [&](int x) { return mirrored ? width - 1 - x : x; };
+    float* to = run.input().data();
+    for (int y = 0; y < small.height(); ++y)
+        for (int x = 0; x < width; ++x)
+            for (int channel : {2, 1, 0}) *to++ = float(small.row(y)[4 * from(x) + channel]) * (1.f / 255);
+    const auto found = run.output();
+    std::vector<float> result(found.begin(), found.end());
+    if (mirrored)
+        for (auto row = result.begin(); row != result.end(); row += width) std::reverse(row, row + width);
+    return result;
 }
 
-const Network& fitting(const SubjectWeights::Networks& networks, const Bitmap& picture) {
-    return picture.width() * 3 > picture.height() * 4 ? networks.landscape : networks.square;
+/// In wide pictures people are smaller and the network is less sure: now and then it loses half a body for a
+/// frame, which flickers. In the mirror it errs elsewhere, so the surer look counts for more.
+std::vector<float> lookTwice(const Network& network, const Bitmap& small) {
+    auto result = look(network, small, false);
+    const auto other = look(network, small, true);
+    for (std::size_t i = 0; i < result.size(); ++i)
+        result[i] = std::max(result[i], other[i]) * 0.75f + std::min(result[i], other[i]) * 0.25f;
+    return result;
+}
+
+bool isWide(const Bitmap& picture) {
+    return picture.width() * 3 > picture.height() * 4;
 }
 
 }
@@ -40,11 +60,11 @@ bool SubjectMask::available() {
 std::optional<Bitmap> SubjectMask::of(const Bitmap& picture) {
     const auto* networks = SubjectWeights::networks();
     if (!networks || picture.empty()) return {};
-    const Network& network = fitting(*networks, picture);
+    const bool wide = isWide(picture);
+    const Network& network = wide ? networks->landscape : networks->square;
     const Bitmap small = stretched(picture, network.input());
-    Network::Run run(network);
-    fill(run.input(), small);
-    Bitmap mask = MaskRefinement::refined(picture, small, run.output());
+    const auto likely = wide ? lookTwice(network, small) : look(network, small, false);
+    Bitmap mask = MaskRefinement::refined(picture, small, likely);
     if (MaskRefinement::share(mask) < leastShare) return {};
     return mask;
 }

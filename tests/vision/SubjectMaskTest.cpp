@@ -1,0 +1,174 @@
+#include "platform/base/Files.h"
+#include "platform/base/Problem.h"
+#include "platform/image/Canvas.h"
+#include "platform/media/FrameReader.h"
+#include "platform/vision/GraphFile.h"
+#include "platform/vision/MaskRefinement.h"
+#include "platform/vision/Network.h"
+#include "platform/vision/SubjectMask.h"
+#include "tests/image/Targets.h"
+#include "tests/vision/PlainNetwork.h"
+
+#include <cstring>
+#include <thread>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+const std::filesystem::path footage = MURBO_FOOTAGE;
+const std::filesystem::path talk = footage / "talk-seven-people.mp4";
+
+int alpha(const Bitmap& mask, double x, double y) {
+    return mask.row(int(y * mask.height()))[4 * int(x * mask.width()) + 3];
+}
+
+bool same(const Bitmap& one, const Bitmap& other) {
+    if (one.width() != other.width() || one.height() != other.height()) return false;
+    for (int y = 0; y < one.height(); ++y)
+        if (std::memcmp(one.row(y), other.row(y), std::size_t(one.width()) * 4) != 0) return false;
+    return true;
+}
+
+/// The mean difference of one channel, 0…1.
+double difference(const Bitmap& one, const Bitmap& other, int channel) {
+    double sum = 0;
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x)
+            sum += std::abs(one.row(y)[4 * x + channel] - other.row(y)[4 * x + channel]);
+    return sum / 255 / one.width() / one.height();
+}
+
+template <typename Grey>
+Bitmap picture(int width, int height, const Grey& grey) {
+    Bitmap result(width, height);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) {
+            std::memset(result.row(y) + 4 * x, grey(x, y), 3);
+            result.row(y)[4 * x + 3] = 255;
+        }
+    return result;
+}
+
+class SubjectMaskTest : public testing::Test {
+protected:
+    void SetUp() override {
+        if (!SubjectMask::available()) GTEST_SKIP() << "the weights that find people are not installed";
+    }
+
+    /// The part of a file's picture from `left` to `right`, in shares of its width.
+    static Bitmap frame(const std::filesystem::path& file, double time, double left = 0, double right = 1) {
+        const Image image = Image::frame(FrameReader::open(file).at(time)->frame);
+        const Rect extent = image.extent();
+        return Canvas::bitmap(image, {left * extent.width, 0, (right - left) * extent.width, extent.height});
+    }
+};
+
+}
+
+TEST_F(SubjectMaskTest, findsPeopleInEveryShapeOfPicture) {
+    if (!std::filesystem::exists(talk)) GTEST_SKIP() << "the footage is not here";
+    const auto check = [](const Bitmap& picture, double x, double y) {
+        const auto mask = SubjectMask::of(picture);
+        ASSERT_TRUE(mask);
+        EXPECT_EQ(mask->width(), picture.width());
+        EXPECT_EQ(alpha(*mask, x, y), 255);
+        for (const double corner : {0.01, 0.97}) EXPECT_EQ(alpha(*mask, corner, 0.03), 0);
+        EXPECT_LT(MaskRefinement::share(*mask), 0.7);
+    };
+    check(frame(talk, 1), 0.5, 0.6);
+    check(frame(talk, 10, 0.2, 0.8), 0.5, 0.5);
+    const auto wide = footage / "people-no-audio.mp4";
+    check(frame(wide, 30), 0.6, 0.35);
+    check(frame(wide, 130, 0.5, 0.816), 0.24, 0.4);
+    EXPECT_FALSE(SubjectMask::of(frame(wide, 50))) << "a room with nobody in it";
+}
+
+TEST_F(SubjectMaskTest, findsNobodyWhereNobodyIs) {
+    std::minstd_rand random;
+    EXPECT_FALSE(SubjectMask::of(picture(300, 500, [&](int, int) { return random() % 256; })));
+    EXPECT_FALSE(SubjectMask::of(picture(512, 288, [](int, int) { return 128; })));
+    EXPECT_FALSE(SubjectMask::of(picture(1, 1, [](int, int) { return 255; })));
+    EXPECT_FALSE(SubjectMask::of(Bitmap()));
+}
+
+TEST_F(SubjectMaskTest, changesLessThanThePictureDoes) {
+    if (!std::filesystem::exists(talk)) GTEST_SKIP() << "the footage is not here";
+    auto reader = FrameReader::open(talk);
+    std::optional<Bitmap> last, lastMask;
+    double moved = 0, flickered = 0;
+    for (int i = 0; i < 12; ++i) {
+        const Image image = Image::frame(reader.at(18.2 + i / 25.)->frame);
+        const Bitmap now = Canvas::bitmap(image, image.extent());
+        const auto mask = SubjectMask::of(now);
+        ASSERT_TRUE(mask);
+        if (last) moved += difference(now, *last, 1);
+        if (lastMask) flickered += difference(*mask, *lastMask, 3);
+        last = now;
+        lastMask = mask;
+    }
+    EXPECT_LT(flickered, moved / 2);
+}
+
+TEST_F(SubjectMaskTest, isTheSameOnEveryThreadAndInstructionSet) {
+    if (!std::filesystem::exists(talk)) GTEST_SKIP() << "the footage is not here";
+    const Bitmap square = frame(talk, 4);
+    const auto expected = SubjectMask::of(square);
+    ASSERT_TRUE(expected);
+    std::vector<std::thread> threads;
+    std::vector<int> alike(4);
+    for (int& good : alike)
+        threads.emplace_back([&] {
+            for (int i = 0; i < 3; ++i) good += same(*SubjectMask::of(square), *expected);
+        });
+    for (auto& thread : threads) thread.join();
+    EXPECT_THAT(alike, testing::Each(3));
+    onEachTarget([&](const char* name) { EXPECT_TRUE(same(*SubjectMask::of(square), *expected)) << name; });
+}
+
+TEST_F(SubjectMaskTest, theNetworksAreRunAsTheirFilesSay) {
+    const auto folder = std::filesystem::read_symlink("/proc/self/exe").parent_path() / "subject";
+    if (!std::filesystem::exists(folder)) GTEST_SKIP() << "the weights lie elsewhere";
+    for (const char* name : {"square.tflite", "landscape.tflite"}) {
+        const std::string bytes = Files::readWhole(folder / name, GraphFile::mostBytes);
+        const Graph graph = GraphFile::read(bytes);
+        const Network network(graph);
+        Network::Run run(network);
+        std::vector<double> given;
+        for (float& number : run.input())
+            given.push_back(number = 0.5f + 0.5f * std::sin(float(given.size())));
+        const auto expected = PlainNetwork::run(graph, given);
+        const auto found = run.output();
+        double worst = 0;
+        for (std::size_t i = 0; i < found.size(); ++i)
+            worst = std::max(worst, std::abs(found[i] - expected[i]));
+        EXPECT_LT(worst, 1e-3) << name;
+        for (std::size_t length = 0; length < bytes.size(); length += 997)
+            EXPECT_THROW(GraphFile::read(bytes.substr(0, length)), Problem) << length;
+    }
+}
+
+TEST(MaskRefinement, edgesAreThoseOfThePicture) {
+    // What the network says rises over twenty pixels of the picture.
+    std::vector<float> likely;
+    for (int i = 0; i < 256 * 256; ++i)
+        likely.push_back(std::clamp(float(i % 256 - 128) / 16 + 0.5f, 0.f, 1.f));
+    const auto step = [&](int brighter) {
+        const auto shade = [&](int edge) {
+            return [=](int x, int) { return x < edge ? 40 : 40 + brighter; };
+        };
+        const Bitmap mask =
+            MaskRefinement::refined(picture(400, 300, shade(200)), picture(256, 256, shade(128)), likely);
+        for (const int y : {0, 150, 299}) {
+            EXPECT_EQ(mask.row(y)[4 * 180 + 3], 0);
+            EXPECT_EQ(mask.row(y)[4 * 220], 255) << "white at its alpha";
+        }
+        return mask.row(150)[4 * 202 + 3] - mask.row(150)[4 * 197 + 3];
+    };
+    EXPECT_LT(step(0), 128); // a fifth of the rise, which the curve makes at most 2.5 times as steep
+    EXPECT_GT(step(60), 200);
+    EXPECT_GT(step(215), 200);
+}
