@@ -13,19 +13,32 @@ using Node = Image::Node;
 
 constexpr double pi = 3.14159265358979323846;
 
-/// All lengths in the picture's own pixels.
-constexpr double evenSigma = 7;     ///< colours are evened out over
-constexpr double fineSigma = 2.0;   ///< where it is darker over this
-constexpr double coarseSigma = 6.0; ///< than over this there is ink
-constexpr double dotPeriod = 12;    ///< dots on a lattice at 45 degrees, this far apart along a row
-constexpr int tolerance = 3;        ///< doublings of a difference until it counts as an edge
+// Lengths are in the picture's own pixels.
 
-/// Tones a picture is printed in; between two of them it changes over a part of the way only.
+/// Colours are evened out over this deviation, twice, where they differ by less than an eighth of full light.
+constexpr double evenSigma = 3.5;
+constexpr int tolerance = 3;
+/// Where the picture is darker over the one deviation than over the other there is ink.
+constexpr double fineSigma = 2;
+constexpr double coarseSigma = 6;
+/// How ink is told in 8 bits, 128 being no difference: eight to a level; it begins at the one and grows with
+/// each above by the other.
+constexpr int inkSteep = 128;
+constexpr int inkLeast = 153;
+constexpr int inkGrowth = 6;
+/// Tones that a picture is printed in; from one to the next it changes on a part of the way only.
 constexpr int tones = 5;
 constexpr double softness = 0.35;
-/// How far dots move a tone, in levels.
+constexpr int blackest = 8;
+/// How much stronger colours get, in 1/16.
+constexpr int colourStrength = 22;
+/// Dots lie on a lattice at 45 degrees, so far apart along a row, and move a tone by so many levels.
+constexpr double dotPeriod = 12;
 constexpr double dotLevels = 10;
+/// Dots that would have fewer pixels than this are left out, as their mean is none.
+constexpr double leastDot = 3;
 
+/// The tone for each brightness: dark ones sink, the steps are soft so that nothing flickers.
 std::vector<std::uint32_t> toneTable() {
     std::vector<std::uint32_t> table;
     for (int at = 0; at < 256; ++at) {
@@ -34,124 +47,171 @@ std::vector<std::uint32_t> toneTable() {
         const double below = std::floor(place);
         const double step = std::clamp((place - below - 0.5) / softness + 0.5, 0.0, 1.0);
         const double tone = (below + step * step * (3 - 2 * step)) / (tones - 1);
-        table.push_back(std::uint32_t(std::lround(tone * (1.25 - 0.25 * tone) * 247 + 8)));
+        table.push_back(
+            std::uint32_t(std::lround(tone * (1.25 - 0.25 * tone) * (255 - blackest) + blackest)));
     }
     return table;
 }
 
-/// The dots' share of each pixel's place along an axis, in 1/2^15.
-std::vector<std::int16_t> screen(double start, double scale, int from, int to, double strength) {
+/// The dots' share of each pixel along an axis, in 1/2^15.
+std::vector<std::int16_t> dots(double start, double scale, int from, int to, double strength) {
     std::vector<std::int16_t> shares;
-    for (int at = from; at < to; ++at)
-        shares.push_back(std::int16_t(
-            std::lround(32767 * strength * std::cos(2 * pi * (at + 0.5 - start) / (dotPeriod * scale)))));
+    for (int at = from; at < to; ++at) {
+        const double turn = (at + 0.5 - start) / (dotPeriod * scale);
+        shares.push_back(std::int16_t(std::lround(32767 * strength * std::cos(2 * pi * turn))));
+    }
     return shares;
 }
 
-/// Evens a raster out along one axis after the other; smaller by `reach` at each side.
+/// Evened out but for its edges; smaller by the weights' reach at each side.
 Raster evened(const Raster& raster, const Gauss& gauss) {
-    const int reach = gauss.reach;
-    const PixelRect area = raster.area.grown(-reach, -reach);
-    Raster result = Raster::of(area, true);
-    const int values = area.width() * 4;
-    std::vector<std::int16_t> across(std::size_t(raster.area.height()) * values);
-    std::vector<std::int16_t> sum(values);
-    std::vector<const std::uint8_t*> rows;
-    for (int y = 0; y < raster.area.height(); ++y) {
-        const auto* middle = raster.bitmap.row(y) + reach * 4;
-        rows.assign(1, middle);
-        for (int away = 1; away <= reach; ++away)
-            rows.push_back(middle - away * 4), rows.push_back(middle + away * 4);
-        Kernels::evenOutRows(rows.data(), gauss.weights.data(), int(rows.size()), {1, 7, 0}, tolerance,
-                             values, &across[std::size_t(y) * values]);
-    }
-    const auto at = [&](int y) {
-        return reinterpret_cast<const std::uint8_t*>(&across[std::size_t(y) * values]);
+    Raster result = Raster::of(raster.area.grown(-gauss.reach, -gauss.reach), true);
+    const auto weigh = [](const auto& rows, const Gauss& given, Kernels::Depth depth, int count,
+                          std::int16_t* out) {
+        Kernels::evenOutRows(rows.data(), given.weights.data(), int(rows.size()), depth, tolerance, count,
+                             out);
     };
-    for (int y = 0; y < area.height(); ++y) {
-        rows.assign(1, at(y + reach));
-        for (int away = 1; away <= reach; ++away)
-            rows.push_back(at(y + reach - away)), rows.push_back(at(y + reach + away));
-        Kernels::evenOutRows(rows.data(), gauss.weights.data(), int(rows.size()), {2, 0, 0}, tolerance,
-                             values, sum.data());
-        Kernels::packPixels(sum.data(), area.width(), true, result.bitmap.row(y));
-    }
+    separably({raster.bitmap.row(0),
+               raster.bitmap.stride(),
+               {1, 7, 0},
+               4,
+               raster.area.width(),
+               raster.area.height()},
+              gauss, gauss, weigh, [&](int y, const std::int16_t* row) {
+                  Kernels::packPixels(row, result.area.width(), true, result.bitmap.row(y));
+              });
     return result;
 }
 
-/// A plane of 15-bit values.
-struct Plane {
+/// Brightness in 15 bits.
+struct Light {
     PixelRect area;
     std::vector<std::int16_t> values;
-    explicit Plane(const PixelRect& whole) : area(whole), values(std::size_t(area.area())) {}
-    std::int16_t* row(int y) { return &values[std::size_t(y - area.top) * area.width()]; }
+
+    explicit Light(const PixelRect& whole) : area(whole), values(std::size_t(whole.area())) {}
+
+    std::int16_t* at(int x, int y) {
+        return &values[std::size_t(y - area.top) * area.width() + (x - area.left)];
+    }
+
+    static Light of(const Raster& raster) {
+        Light light(raster.area);
+        for (int y = 0; y < raster.area.height(); ++y)
+            Kernels::brightnessRow(raster.bitmap.row(y), raster.area.width(),
+                                   light.at(raster.area.left, raster.area.top + y));
+        return light;
+    }
+
+    Light blurred(const Gauss& gauss) const {
+        Light result(area.grown(-gauss.reach, -gauss.reach));
+        separably({reinterpret_cast<const std::uint8_t*>(values.data()),
+                   std::ptrdiff_t(area.width()) * 2,
+                   {2, 0, 0},
+                   1,
+                   area.width(),
+                   area.height()},
+                  gauss, gauss, weighPlainly, [&](int y, const std::int16_t* row) {
+                      std::copy_n(row, result.area.width(), result.at(result.area.left, result.area.top + y));
+                  });
+        return result;
+    }
 };
 
-Plane blurred(Plane& plane, const Gauss& gauss) {
-    const int reach = gauss.reach;
-    Plane across({plane.area.left + reach, plane.area.top, plane.area.right - reach, plane.area.bottom});
-    Plane result(plane.area.grown(-reach, -reach));
-    std::vector<const std::uint8_t*> rows;
-    const auto blend = [&](auto at, std::int16_t* out) {
-        rows.assign(1, at(0));
-        for (int away = 1; away <= reach; ++away) rows.push_back(at(-away)), rows.push_back(at(away));
-        Kernels::blendRows(rows.data(), gauss.weights.data(), int(rows.size()), {2, 0, 0},
-                           result.area.width(), out);
-    };
-    for (int y = plane.area.top; y < plane.area.bottom; ++y)
-        blend([&](int away) { return reinterpret_cast<const std::uint8_t*>(plane.row(y) + reach + away); },
-              across.row(y));
-    for (int y = result.area.top; y < result.area.bottom; ++y)
-        blend([&](int away) { return reinterpret_cast<const std::uint8_t*>(across.row(y + away)); },
-              result.row(y));
-    return result;
-}
+/// What is drawn on a coarse grid, where lines and areas are found.
+struct Sketch {
+    Transform toGrid;
+    PixelRect area;
+    Gauss even, fine, coarse;
+
+    Sketch(const Transform& place, const PixelRect& bounds) : Sketch(std::sqrt(place.a * place.d), bounds) {}
+
+    /// What must be seen for it.
+    PixelRect wanted() const {
+        const int margin = std::max(2 * even.reach, coarse.reach);
+        return area.grown(margin, margin);
+    }
+
+    /// Even colours, in alpha what lies between no ink and much of it.
+    Raster of(const Raster& sharp) const {
+        Raster sketch = Raster::of(area, false);
+        const Raster flat = evened(evened(sharp, even), even);
+        Light light = Light::of(sharp);
+        Light near = light.blurred(fine);
+        Light far = light.blurred(coarse);
+        for (int y = area.top; y < area.bottom; ++y) {
+            auto* row = sketch.tile().at(area.left, y);
+            std::memcpy(row, const_cast<Raster&>(flat).tile().at(area.left, y),
+                        std::size_t(area.width()) * 4);
+            Kernels::inkRow(near.at(area.left, y), far.at(area.left, y), inkSteep, area.width(), row);
+        }
+        return sketch;
+    }
+
+private:
+    /// Half as fine as the picture is at about its own size; never finer than the canvas.
+    Sketch(double scale, const PixelRect& bounds)
+        : Sketch(scale, std::exp2(std::max(std::round(std::log2(scale) + 0.9), 0.0)), bounds) {}
+    Sketch(double scale, double shrink, const PixelRect& bounds)
+        : toGrid(Transform().scaled(1 / shrink, 1 / shrink)),
+          area(PixelRect::touching(toGrid.apply(bounds.rect())).grown(2, 2)),
+          even(evenSigma * scale / shrink, 2.2),
+          fine(fineSigma * scale / shrink),
+          coarse(coarseSigma * scale / shrink) {}
+};
+
+class ComicDrawing {
+public:
+    ComicDrawing(const Raster& sketch, const Transform& toGrid, const Transform& place,
+                 const PixelRect& whole)
+        : sampler(sketch, toGrid, whole, sketch.area), bounds(whole) {
+        const double scale = std::sqrt(place.a * place.d);
+        const double strength = std::clamp(dotPeriod * scale / leastDot - 1, 0.0, 1.0) * dotLevels / 16;
+        across = dots(place.tx, place.a, bounds.left, bounds.right, strength);
+        down = dots(place.ty, place.d, bounds.top, bounds.bottom, 1);
+    }
+
+    /// `shape` tells alpha where it is not 255 all over.
+    void fill(const Tile& tile, Raster& shape) {
+        inStrips(tile, [&](const Tile& strip) {
+            sampler.fill(strip);
+            const auto& at = strip.area;
+            for (int y = at.top; y < at.bottom; ++y) {
+                auto* row = strip.at(at.left, y);
+                Kernels::printRow({&across[at.left - bounds.left], down[y - bounds.top], tones.data(),
+                                   colourStrength, inkLeast, inkGrowth},
+                                  at.width(), row);
+                if (!shape.opaque) Kernels::takeAlpha(shape.tile().at(at.left, y), at.width(), row);
+            }
+        });
+    }
+
+private:
+    Sampler sampler;
+    PixelRect bounds;
+    std::vector<std::uint32_t> tones = toneTable();
+    std::vector<std::int16_t> across;
+    std::vector<std::int16_t> down;
+};
 
 }
 
 Layer::Draw draw(const Inked&, const Node& of, const Transform& place, const PixelRect& bounds, int depth) {
-    const double scale = std::sqrt(place.a * place.d);
-    const double shrink = std::exp2(std::max(std::round(std::log2(scale) + 0.9), 0.0));
-    const double grid = scale / shrink;
-    const Gauss even(evenSigma * grid / 2);
-    const Gauss fine(fineSigma * grid);
-    const Gauss coarse(coarseSigma * grid);
-    const auto toGrid = Transform().scaled(1 / shrink, 1 / shrink);
-    const auto area = PixelRect::touching(toGrid.apply(bounds.rect())).grown(2, 2);
-    const int margin = std::max(2 * even.reach, coarse.reach);
-    const auto sharp = rasterised(of, place.then(toGrid), area.grown(margin, margin), depth);
-    if (sharp.bitmap.empty()) return nothing();
-
-    Raster flat = evened(evened(sharp, even), even);
-    Plane light(sharp.area);
-    for (int y = sharp.area.top; y < sharp.area.bottom; ++y)
-        Kernels::brightnessRow(sharp.bitmap.row(y - sharp.area.top), sharp.area.width(), light.row(y));
-    Plane fineLight = blurred(light, fine);
-    Plane coarseLight = blurred(light, coarse);
-    auto printed = Raster::of(area, false);
-    for (int y = area.top; y < area.bottom; ++y) {
-        auto* row = printed.tile().at(area.left, y);
-        std::memcpy(row, flat.tile().at(area.left, y), std::size_t(area.width()) * 4);
-        Kernels::inkRow(fineLight.row(y) + (area.left - fineLight.area.left),
-                        coarseLight.row(y) + (area.left - coarseLight.area.left), 16 * 8, area.width(), row);
+    const Sketch sketch(place, bounds);
+    const auto& toGrid = sketch.toGrid;
+    const auto wanted = sketch.wanted();
+    Raster sharp, shape;
+    shape.opaque = covers(of, place.then(toGrid), wanted);
+    if (shape.opaque) {
+        sharp = rasterised(of, place.then(toGrid), wanted, depth);
+    } else {
+        // Drawn once and seen twice: filters upon filters must not double the work each time.
+        const auto area = PixelRect::touching(toGrid.inverse().apply(wanted.rect())).grown(2, 2);
+        shape = rasterised(of, place, area, depth);
+        if (!shape.bitmap.empty()) sharp = resampled(shape, toGrid.inverse(), wanted);
     }
-    auto sampler = std::make_shared<Sampler>(printed, toGrid, bounds, area);
-    const double strength = std::clamp(dotPeriod * scale / 4 - 0.5, 0.0, 1.0) * dotLevels / 16;
-    auto across = std::make_shared<std::vector<std::int16_t>>(
-        screen(place.tx, place.a, bounds.left, bounds.right, strength));
-    auto down =
-        std::make_shared<std::vector<std::int16_t>>(screen(place.ty, place.d, bounds.top, bounds.bottom, 1));
-    auto table = std::make_shared<std::vector<std::uint32_t>>(toneTable());
-    return [=](const Tile& tile) {
-        inStrips(tile, [&](const Tile& strip) {
-            sampler->fill(strip);
-            const auto& at = strip.area;
-            for (int y = at.top; y < at.bottom; ++y)
-                Kernels::printRow({across->data() + (at.left - bounds.left), (*down)[y - bounds.top],
-                                   table->data(), 22, 128 + 25, 6},
-                                  at.width(), strip.at(at.left, y));
-        });
-    };
+    if (sharp.bitmap.empty()) return nothing();
+    auto drawing = std::make_shared<ComicDrawing>(sketch.of(sharp), toGrid, place, bounds);
+    return [drawing, shape](const Tile& tile) mutable { drawing->fill(tile, shape); };
 }
 
 }

@@ -35,6 +35,9 @@ Layer::Draw nothing();
 /// The picture as it is.
 Layer::Draw unchanged(const Image::Node& of, const Transform& place, const PixelRect& bounds, int depth);
 
+/// Part of a raster seen on another grid.
+Raster resampled(const Raster& raster, const Transform& toRaster, const PixelRect& area);
+
 /// Hands a tile on in strips that stay in a near cache.
 template <typename Take>
 void inStrips(const Tile& tile, const Take& take) {

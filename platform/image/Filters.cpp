@@ -178,4 +178,10 @@ Layer::Draw unchanged(const Image::Node& of, const Transform& place, const Pixel
     return [layers](const Tile& tile) { Painter::paint(*layers, tile); };
 }
 
+Raster resampled(const Raster& raster, const Transform& toRaster, const PixelRect& area) {
+    Raster result = Raster::of(area, raster.opaque);
+    Sampler(raster, toRaster, area, raster.area).fill(result.tile());
+    return result;
+}
+
 }

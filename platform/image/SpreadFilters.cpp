@@ -30,13 +30,6 @@ Layer::Draw sampling(Raster raster, const Transform& toGrid, const PixelRect& bo
     return [sampler](const Tile& tile) { sampler->fill(tile); };
 }
 
-/// The raster seen on another grid.
-Raster resampled(const Raster& raster, const Transform& toRaster, const PixelRect& area) {
-    Raster result = Raster::of(area, raster.opaque);
-    Sampler(raster, toRaster, area, raster.area).fill(result.tile());
-    return result;
-}
-
 template <typename Take>
 void eachRow(Raster& raster, const Take& take) {
     for (int y = 0; y < raster.area.height(); ++y) take(y, raster.bitmap.row(y));

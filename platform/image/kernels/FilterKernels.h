@@ -58,8 +58,8 @@ struct TapeRow {
 void tapeRow(const TapeRow& tape, const std::uint8_t* in, int count, std::uint8_t* out);
 
 /// Evens out what differs little: to the first of `taps` rows the differences of the others are added, each
-/// times its weight in 1/2^15 and times what `tolerance` leaves, 1 for none and 0 from 1/`tolerance` of full
-/// light on.
+/// times its weight in 1/2^15 and times a share that falls from 1 for no difference to 0 for full light / 2
+/// to the power of `tolerance`.
 void evenOutRows(const std::uint8_t* const* rows, const std::int16_t* weights, int taps, Depth depth,
                  int tolerance, int count, std::int16_t* out);
 

@@ -26,15 +26,15 @@ void evenOut(const std::uint8_t* const* rows, const std::int16_t* weights, int t
                 return hn::LoadU(d, reinterpret_cast<const std::int16_t*>(rows[tap]) + at);
             }
         };
-        const auto full = hn::Set(d, 32767);
+        const hn::RebindToUnsigned<decltype(d)> whole;
+        const auto far = hn::Set(whole, std::uint16_t(32767 >> tolerance));
         const auto first = values(0);
         auto sum = first;
         for (int tap = 1; tap < taps; ++tap) {
             const auto difference = hn::Sub(values(tap), first);
-            // Differences times tolerance, each step held at full: what is left of full is what counts.
-            auto apart = hn::Abs(difference);
-            for (int step = 0; step < tolerance; ++step) apart = hn::SaturatedAdd(apart, apart);
-            const auto share = hn::MulFixedPoint15(hn::Sub(full, apart), hn::Set(d, weights[tap]));
+            const auto near = hn::SaturatedSub(far, hn::BitCast(whole, hn::Abs(difference)));
+            const auto share = hn::MulFixedPoint15(hn::BitCast(d, hn::ShiftLeftSame(near, tolerance)),
+                                                   hn::Set(d, weights[tap]));
             sum = hn::Add(sum, hn::MulFixedPoint15(difference, share));
         }
         hn::StoreU(sum, d, out + at);
@@ -95,8 +95,7 @@ void Print(const PrintRow& print, int count, std::uint8_t* pixels) {
         const auto dots = hn::MulFixedPoint15(hn::LoadU(narrow, print.screen + at),
                                               hn::Set(narrow, std::int16_t(print.down)));
         const auto room = hn::Mul(bright, hn::Sub(level, bright));
-        const auto moved =
-            hn::ShiftRight<18>(hn::Mul(hn::PromoteTo(signs, dots), hn::ShiftRight<7>(room)));
+        const auto moved = hn::ShiftRight<18>(hn::Mul(hn::PromoteTo(signs, dots), hn::ShiftRight<7>(room)));
         const auto dotted = hn::Min(hn::Max(hn::Add(bright, moved), hn::Zero(signs)), level);
         const auto tone = hn::GatherIndex(d, print.tones, dotted);
 
