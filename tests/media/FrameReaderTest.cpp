@@ -2,7 +2,6 @@
 #include "platform/media/FrameReader.h"
 #include "tests/media/Made.h"
 
-#include <fstream>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -97,20 +96,17 @@ void expectAll(const std::filesystem::path& path, const std::string& filter = "n
 }
 
 const std::string moving = "-f lavfi -i testsrc2=s=320x180:r=30:d=9 ";
-const std::string fromMoving(const std::string& name) {
-    return "-i " +
-           made::quoted(made::file("moving.mp4", moving + "-c:v libx264 -g 100 -bf 3 -pix_fmt yuv420p")) +
-           " " + name;
+std::filesystem::path movingMovie() {
+    return made::file("moving.mp4", moving + "-c:v libx264 -g 100 -bf 3 -pix_fmt yuv420p");
+}
+std::string fromMoving(const std::string& arguments) {
+    return "-i " + made::quoted(movingMovie()) + " " + arguments;
 }
 
-struct Case {
-    const char* name;
-    std::string arguments;
-};
-
-const std::vector<Case>& kinds() {
+/// Movies of every kind: what each is called, and how it is made.
+const std::map<std::string, std::string>& kinds() {
     const std::string h264 = moving + "-c:v libx264 -preset veryfast -pix_fmt yuv420p -g 100 ";
-    static const std::vector<Case> all = {
+    static const std::map<std::string, std::string> all = {
         {"b-frames.mp4", h264 + "-bf 4 -x264-params b-pyramid=normal"},
         {"open-gop.mkv", h264 + "-bf 3 -x264-params open-gop=1:keyint=60"},
         {"open-gop.mp4", h264 + "-bf 3 -x264-params open-gop=1:keyint=60"},
@@ -131,17 +127,14 @@ const std::vector<Case>& kinds() {
 }
 
 std::filesystem::path kind(const std::string& name) {
-    const auto& all = kinds();
-    const auto found =
-        std::find_if(all.begin(), all.end(), [&](const Case& each) { return each.name == name; });
-    return made::file(name, found->arguments);
+    return made::file(name, kinds().at(name));
 }
 
 }
 
 TEST(FrameReader, givesTheExactPictureInEveryKindOfFile) {
     MURBO_NEEDS_FFMPEG();
-    for (const Case& each : kinds()) expectExact(kind(each.name));
+    for (const auto& [name, arguments] : kinds()) expectExact(made::file(name, arguments));
     for (const char* name :
          {"b-frames.mp4", "uneven.mp4", "stream.ts", "cut.mp4", "open-gop.mkv", "hevc.mp4"})
         expectAll(kind(name));
@@ -173,54 +166,39 @@ TEST(FrameReader, givesTheExactPictureInRealFootage) {
 
 TEST(FrameReader, tellsHowThePictureIsStored) {
     MURBO_NEEDS_FFMPEG();
-    using Matrix = Frame::Matrix;
+    const auto told = [](const Frame& frame) {
+        if (frame.layout == Frame::Layout::bgra)
+            return std::string("bgra") + (frame.hasAlpha ? " alpha" : "");
+        constexpr const char* layouts[] = {"grey", "420", "422", "444", "bgra"};
+        return std::string(layouts[static_cast<int>(frame.layout)]) + " " + std::to_string(frame.depth) +
+               (frame.hasAlpha ? " alpha" : "") + (frame.fullRange ? " full" : "") +
+               (frame.matrix == Frame::Matrix::bt709 ? " 709" : " 601");
+    };
     const std::string small = "-f lavfi -i testsrc=s=320x180:d=0.2 ";
     const std::string large = "-f lavfi -i testsrc=s=1280x720:d=0.2 ";
     const std::string x264 = "-c:v libx264 -preset ultrafast -pix_fmt ";
-    struct {
-        const char* name;
-        std::string arguments;
-        Frame::Layout layout;
-        int depth;
-        bool alpha;
-        bool full;
-        Matrix matrix;
-    } const cases[] = {
-        {"sd.mp4", small + x264 + "yuv420p", Frame::Layout::chroma420, 8, false, false, Matrix::bt601},
-        {"hd.mp4", large + x264 + "yuv420p", Frame::Layout::chroma420, 8, false, false, Matrix::bt709},
-        {"tagged.mp4", small + x264 + "yuv420p -colorspace bt709", Frame::Layout::chroma420, 8, false, false,
-         Matrix::bt709},
-        {"full.mp4", small + x264 + "yuvj420p", Frame::Layout::chroma420, 8, false, true, Matrix::bt601},
-        {"422.mkv", large + x264 + "yuv422p10le", Frame::Layout::chroma422, 10, false, false, Matrix::bt709},
-        {"444.mkv", large + x264 + "yuv444p", Frame::Layout::chroma444, 8, false, false, Matrix::bt709},
-        {"grey.mkv", small + "-c:v ffv1 -pix_fmt gray", Frame::Layout::grey, 8, false, true, Matrix::bt601},
-        {"rgb.mkv", small + "-c:v libx264rgb", Frame::Layout::bgra, 8, false, true, Matrix::bt601},
-        {"mjpeg.avi", small + "-c:v mjpeg -pix_fmt yuvj422p", Frame::Layout::chroma422, 8, false, true,
-         Matrix::bt601},
-        {"411.avi", small + "-c:v rawvideo -pix_fmt yuv411p", Frame::Layout::chroma444, 8, false, false,
-         Matrix::bt601},
-        {"packed.mov", small + "-c:v rawvideo -pix_fmt uyvy422", Frame::Layout::chroma422, 8, false, false,
-         Matrix::bt601},
-        {"animation.mov", small + "-c:v qtrle -pix_fmt argb", Frame::Layout::bgra, 8, true, true,
-         Matrix::bt601},
-        {"prores.mov", large + "-c:v prores_ks -profile:v 4444 -pix_fmt yuva444p10le",
-         Frame::Layout::chroma444, 12, true, false, Matrix::bt709},
-        {"alpha8.webm", small + "-c:v libvpx -auto-alt-ref 0 -pix_fmt yuva420p", Frame::Layout::chroma420, 8,
-         true, false, Matrix::bt601},
-        {"alpha9.webm", small + "-c:v libvpx-vp9 -pix_fmt yuva420p", Frame::Layout::chroma420, 8, true, false,
-         Matrix::bt601},
-        {"moving.gif", small, Frame::Layout::bgra, 8, true, true, Matrix::bt601},
+    const std::tuple<const char*, std::string, const char*> cases[] = {
+        {"sd.mp4", small + x264 + "yuv420p", "420 8 601"},
+        {"hd.mp4", large + x264 + "yuv420p", "420 8 709"},
+        {"tagged.mp4", small + x264 + "yuv420p -colorspace bt709", "420 8 709"},
+        {"full.mp4", small + x264 + "yuvj420p", "420 8 full 601"},
+        {"422.mkv", large + x264 + "yuv422p10le", "422 10 709"},
+        {"444.mkv", large + x264 + "yuv444p", "444 8 709"},
+        {"grey.mkv", small + "-c:v ffv1 -pix_fmt gray", "grey 8 full 601"},
+        {"rgb.mkv", small + "-c:v libx264rgb", "bgra"},
+        {"mjpeg.avi", small + "-c:v mjpeg -pix_fmt yuvj422p", "422 8 full 601"},
+        {"411.avi", small + "-c:v rawvideo -pix_fmt yuv411p", "444 8 601"},
+        {"packed.mov", small + "-c:v rawvideo -pix_fmt uyvy422", "422 8 601"},
+        {"animation.mov", small + "-c:v qtrle -pix_fmt argb", "bgra alpha"},
+        {"prores.mov", large + "-c:v prores_ks -profile:v 4444 -pix_fmt yuva444p10le", "444 12 alpha 709"},
+        {"alpha8.webm", small + "-c:v libvpx -auto-alt-ref 0 -pix_fmt yuva420p", "420 8 alpha 601"},
+        {"alpha9.webm", small + "-c:v libvpx-vp9 -pix_fmt yuva420p", "420 8 alpha 601"},
+        {"animated.gif", small, "bgra alpha"},
     };
-    for (const auto& each : cases) {
-        const auto given = FrameReader::open(made::file(each.name, each.arguments)).at(0.1);
-        ASSERT_TRUE(given) << each.name;
-        const Frame& frame = given->frame;
-        EXPECT_EQ(frame.layout, each.layout) << each.name;
-        EXPECT_EQ(frame.depth, each.depth) << each.name;
-        EXPECT_EQ(frame.hasAlpha, each.alpha) << each.name;
-        if (frame.layout == Frame::Layout::bgra) continue;
-        EXPECT_EQ(frame.fullRange, each.full) << each.name;
-        EXPECT_EQ(frame.matrix, each.matrix) << each.name;
+    for (const auto& [name, arguments, stored] : cases) {
+        const auto given = FrameReader::open(made::file(name, arguments)).at(0.1);
+        ASSERT_TRUE(given) << name;
+        EXPECT_EQ(told(given->frame), stored) << name;
     }
 }
 
@@ -254,7 +232,7 @@ TEST(FrameReader, carriesAlphaAndHighDynamicRange) {
 
 TEST(FrameReader, keepsAFrameWholeAfterItsReaderIsGone) {
     MURBO_NEEDS_FFMPEG();
-    const auto path = made::file("moving.mp4", moving + "-c:v libx264 -g 100 -bf 3 -pix_fmt yuv420p");
+    const auto path = movingMovie();
     const auto shown = made::pictures(path);
     std::vector<FrameReader::TimedFrame> kept;
     {
@@ -283,8 +261,7 @@ TEST(FrameReader, passesOverWhatIsBroken) {
     std::mt19937 random(11);
     for (const char* name : {"b-frames.mp4", "stream.ts", "open-gop.mkv", "vp9.webm"}) {
         SCOPED_TRACE(name);
-        std::ifstream stream(kind(name), std::ios::binary);
-        const std::string whole(std::istreambuf_iterator<char>(stream), {});
+        const std::string whole = contentsOf(kind(name));
         for (int round = 0; round < 12; ++round) {
             std::string bytes = whole;
             for (int fault = 0; fault < 1 << round; ++fault)

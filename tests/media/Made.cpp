@@ -1,43 +1,8 @@
 #include "tests/media/Made.h"
 
-#include "tests/TemporaryFolder.h"
-
-#include <cstdio>
 #include <sstream>
 
 namespace murbo::made {
-
-bool canMake() {
-    static const bool can = std::system("ffmpeg -version >/dev/null 2>&1") == 0;
-    return can;
-}
-
-const std::filesystem::path& folder() {
-    static const TemporaryFolder made;
-    return made.path;
-}
-
-std::string quoted(const std::filesystem::path& path) {
-    return "'" + path.string() + "'";
-}
-
-std::filesystem::path file(const std::string& name, const std::string& arguments) {
-    const auto path = folder() / name;
-    if (std::filesystem::exists(path)) return path;
-    const std::string command = "ffmpeg -nostdin -v error -y " + arguments + " " + quoted(path);
-    EXPECT_EQ(std::system(command.c_str()), 0) << command;
-    return path;
-}
-
-std::string output(const std::string& command) {
-    std::string text;
-    FILE* pipe = popen(command.c_str(), "r");
-    std::array<char, 1 << 16> buffer{};
-    while (const std::size_t got = std::fread(buffer.data(), 1, buffer.size(), pipe))
-        text.append(buffer.data(), got);
-    pclose(pipe);
-    return text;
-}
 
 std::vector<Shown> pictures(const std::filesystem::path& path, const std::string& filter) {
     std::istringstream lines(output("ffmpeg -nostdin -v quiet -noautorotate -i " + quoted(path) +

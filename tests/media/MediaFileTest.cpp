@@ -1,10 +1,9 @@
-#include "platform/base/Problem.h"
 #include "platform/media/FrameReader.h"
 #include "platform/media/MediaFile.h"
+#include "tests/ProblemOf.h"
 #include "tests/media/Made.h"
 
-#include <fstream>
-
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -19,26 +18,15 @@ MediaFacts factsOf(const char* name, const std::string& arguments) {
     return MediaFile::facts(made::file(name, arguments));
 }
 
-std::string bytesOf(const std::filesystem::path& path) {
-    std::ifstream stream(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-std::filesystem::path cutTo(const std::filesystem::path& path, double share) {
-    const auto cut = path.parent_path() / ("part-" + path.filename().string());
-    const std::string bytes = bytesOf(path);
-    std::ofstream(cut, std::ios::binary)
-        << bytes.substr(0, static_cast<std::size_t>(static_cast<double>(bytes.size()) * share));
+std::filesystem::path cutToHalf(const std::filesystem::path& path) {
+    const auto cut = path.parent_path() / ("half-" + path.filename().string());
+    const std::string bytes = contentsOf(path);
+    std::ofstream(cut, std::ios::binary) << bytes.substr(0, bytes.size() / 2);
     return cut;
 }
 
 std::string refusal(const std::filesystem::path& path) {
-    try {
-        MediaFile::facts(path);
-    } catch (const Problem& problem) {
-        return problem.message();
-    }
-    return "none";
+    return problemOf([&] { MediaFile::facts(path); });
 }
 
 }
@@ -46,38 +34,32 @@ std::string refusal(const std::filesystem::path& path) {
 TEST(MediaFile, tellsTheFactsOfRealFootage) {
     const std::filesystem::path folder = MURBO_FOOTAGE;
     if (!std::filesystem::exists(folder)) GTEST_SKIP() << "The real footage is not on this machine.";
-    struct {
-        const char* name;
-        double length, width, height, nominal, mean;
-        bool variable, interlaced, highDynamicRange;
-        int turns, soundRate, channels;
-    } const files[] = {
-        {"2021-01-15 12-00-00 blocks.mkv", 6.75, 1920, 1080, 60, 60, false, false, false, 0, 48000, 2},
-        {"action-cam-29.97.mp4", 12.079, 854, 480, 29.97, 29.97, false, false, false, 0, 48000, 2},
-        {"actors-battle.webm", 70.542, 798, 332, 24, 24, false, false, false, 0, 44100, 2},
-        {"broken-cut-short.mkv", 2.883, 1920, 1080, 60, 60, false, false, false, 0, 48000, 2},
-        {"camera-avchd-50i.mts", 0.544, 1920, 1080, 25, 25, false, true, false, 0, 48000, 2},
-        {"chapters.mp4", 1.089, 1080, 720, 29.97, 29.97, false, false, false, 0, 44100, 1},
-        {"game-cave-60fps.mp4", 33.05, 480, 320, 60, 60, false, false, false, 0, 48000, 2},
-        {"people-no-audio.mp4", 139.4, 768, 432, 10, 10, false, false, false, 0, 0, 0},
-        {"phone-vfr-portrait.mp4", 11.353, 1080, 1440, 10.71, 7.4, true, false, false, 0, 44100, 1},
-        {"talk-seven-people.mp4", 21, 360, 288, 25, 25, false, false, false, 0, 48000, 2},
-        {"คลิปโทรศัพท์ 📱 (1).mp4", 2.548, 1080, 1920, 29.97, 28.03, true, false, true, 1, 44100, 2},
+    const std::tuple<const char*, double, const char*> files[] = {
+        {"2021-01-15 12-00-00 blocks.mkv", 6.75, "1920x1080 60.00 60.00, 48000 2"},
+        {"action-cam-29.97.mp4", 12.079, "854x480 29.97 29.97, 48000 2"},
+        {"actors-battle.webm", 70.542, "798x332 24.00 24.00, 44100 2"},
+        {"broken-cut-short.mkv", 2.883, "1920x1080 60.00 60.00, 48000 2"},
+        {"camera-avchd-50i.mts", 0.544, "1920x1080 25.00 25.00 interlaced, 48000 2"},
+        {"chapters.mp4", 1.089, "1080x720 29.97 29.97, 44100 1"},
+        {"game-cave-60fps.mp4", 33.05, "480x320 60.00 60.00, 48000 2"},
+        {"people-no-audio.mp4", 139.4, "768x432 10.00 10.00"},
+        {"phone-vfr-portrait.mp4", 11.353, "1080x1440 10.71 7.40 variable, 44100 1"},
+        {"talk-seven-people.mp4", 21, "360x288 25.00 25.00, 48000 2"},
+        {"คลิปโทรศัพท์ 📱 (1).mp4", 2.548, "1080x1920 29.97 28.03 variable hdr turned 1, 44100 2"},
     };
-    for (const auto& file : files) {
-        SCOPED_TRACE(file.name);
-        const MediaFacts facts = MediaFile::facts(folder / file.name);
-        EXPECT_NEAR(facts.length, file.length, 0.001);
-        ASSERT_TRUE(facts.picture);
-        EXPECT_EQ(facts.picture->size, (Size{file.width, file.height}));
-        EXPECT_NEAR(facts.picture->nominalRate, file.nominal, 0.01);
-        EXPECT_NEAR(facts.picture->meanRate, file.mean, 0.01);
-        EXPECT_EQ(facts.picture->variableRate, file.variable);
-        EXPECT_EQ(facts.picture->interlaced, file.interlaced);
-        EXPECT_EQ(facts.picture->highDynamicRange, file.highDynamicRange);
-        EXPECT_EQ(facts.picture->quarterTurns, file.turns);
-        EXPECT_EQ(facts.sound ? facts.sound->rate : 0, file.soundRate);
-        EXPECT_EQ(facts.sound ? facts.sound->channels : 0, file.channels);
+    for (const auto& [name, length, told] : files) {
+        const MediaFacts facts = MediaFile::facts(folder / name);
+        EXPECT_NEAR(facts.length, length, 0.001) << name;
+        ASSERT_TRUE(facts.picture) << name;
+        const auto& picture = *facts.picture;
+        auto text = fmt::format("{}x{} {:.2f} {:.2f}", picture.size.width, picture.size.height,
+                                picture.nominalRate, picture.meanRate);
+        if (picture.variableRate) text += " variable";
+        if (picture.interlaced) text += " interlaced";
+        if (picture.highDynamicRange) text += " hdr";
+        if (picture.quarterTurns) text += fmt::format(" turned {}", picture.quarterTurns);
+        if (facts.sound) text += fmt::format(", {} {}", facts.sound->rate, facts.sound->channels);
+        EXPECT_EQ(text, told) << name;
     }
     EXPECT_NE(refusal(folder / "broken-no-moov.mp4").find("has no index"), std::string::npos);
     EXPECT_FALSE(MediaFile::facts(folder / "speech-jfk-1961.wav").picture);
@@ -132,9 +114,8 @@ TEST(MediaFile, findsTheEndWhereTheHeaderDoesNotTell) {
     const std::string noisy =
         "-f lavfi -i 'nullsrc=s=320x180:r=30:d=4,geq=random(1)*255:128:128' -g 30 " + x264;
     for (const char* name : {"noisy.mkv", "noisy.ts", "front.mp4"}) {
-        const auto half = cutTo(
-            made::file(name, noisy + (std::string_view(name) == "front.mp4" ? "-movflags faststart" : "")),
-            0.5);
+        const auto half = cutToHalf(
+            made::file(name, noisy + (std::string_view(name) == "front.mp4" ? "-movflags faststart" : "")));
         const double length = MediaFile::facts(half).length;
         EXPECT_NEAR(length, 2, 0.25) << name;
         FrameReader reader = FrameReader::open(half);
@@ -145,27 +126,22 @@ TEST(MediaFile, findsTheEndWhereTheHeaderDoesNotTell) {
 }
 
 TEST(MediaFile, refusesWhatIsNoMedia) {
-    const auto folder = made::folder() / "refused";
-    std::filesystem::create_directory(folder);
-    const auto write = [&](const char* name, const std::string& bytes) {
-        std::ofstream(folder / name, std::ios::binary) << bytes;
-        return folder / name;
-    };
+    const TemporaryFolder folder;
     std::string noise(200000, 0);
     for (std::size_t index = 0; index < noise.size(); ++index)
         noise[index] = static_cast<char>(index * index * 2654435761u >> 13);
     ASSERT_EQ(mkfifo((folder / "pipe.mp4").c_str(), 0600), 0);
-    const std::pair<std::filesystem::path, const char*> cases[] = {
+    const std::pair<std::filesystem::path, std::string> cases[] = {
         {folder / "missing.mp4", "There is no file “missing.mp4”."},
-        {folder, "“refused” is not a file."},
+        {folder.path, "“" + folder.path.filename().string() + "” is not a file."},
         {folder / "pipe.mp4", "“pipe.mp4” is not a file."},
         {"/dev/zero", "“zero” is not a file."},
-        {write("empty.mp4", ""), "“empty.mp4” is no movie or sound file that can be read."},
-        {write("text.mov", "Hello there.\n"), "“text.mov” is no movie or sound file that can be read."},
-        {write("noise.mkv", noise), "“noise.mkv” is no movie or sound file that can be read."},
-        {write("list.mp4", "ffconcat version 1.0\nfile '/etc/passwd'\n"),
+        {folder.file("empty.mp4", ""), "“empty.mp4” is no movie or sound file that can be read."},
+        {folder.file("text.mov", "Hello there.\n"), "“text.mov” is no movie or sound file that can be read."},
+        {folder.file("noise.mkv", noise), "“noise.mkv” is no movie or sound file that can be read."},
+        {folder.file("list.mp4", "ffconcat version 1.0\nfile '/etc/passwd'\n"),
          "“list.mp4” is no movie or sound file that can be read."},
-        {write("list.ts", "#EXTM3U\n#EXT-X-TARGETDURATION:5\n#EXTINF:5,\n/etc/passwd\n"),
+        {folder.file("list.ts", "#EXTM3U\n#EXT-X-TARGETDURATION:5\n#EXTINF:5,\n/etc/passwd\n"),
          "“list.ts” is no movie or sound file that can be read."},
     };
     for (const auto& [path, words] : cases) EXPECT_EQ(refusal(path), words);

@@ -1,17 +1,11 @@
-#include "platform/base/Problem.h"
 #include "platform/media/FrameReader.h"
 #include "platform/media/MovieWriter.h"
 #include "platform/media/SoundReader.h"
-#include "platform/media/UnfinishedFile.h"
+#include "tests/FullDisk.h"
+#include "tests/ProblemOf.h"
 #include "tests/media/Made.h"
 
-#include <csignal>
-#include <fstream>
-
-#include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <gmock/gmock.h>
 
 using namespace murbo;
 
@@ -20,6 +14,7 @@ namespace {
 constexpr int width = 192;
 constexpr int height = 128;
 constexpr int pictures = 90;
+const MovieSettings settings{.width = width, .height = height};
 
 // A flat picture whose grey tells its number.
 Planes numbered(int number) {
@@ -59,26 +54,11 @@ void write(MovieWriter& writer, int turns = 3) {
     }
 }
 
-std::filesystem::path emptyFolder(const char* name) {
-    const auto path = made::folder() / name;
-    std::filesystem::remove_all(path);
-    std::filesystem::create_directory(path);
-    return path;
-}
-
-std::size_t entries(const std::filesystem::path& folder) {
-    return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder), {}));
-}
-
-std::string text(const std::filesystem::path& path) {
-    std::ifstream stream(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
 }
 
 TEST(MovieWriter, writesWhatReadsBackInStep) {
-    const auto path = emptyFolder("step") / "วิดีโอ 📱 \"1\".mp4";
+    const TemporaryFolder folder;
+    const auto path = folder / "วิดีโอ 📱 \"1\".mp4";
     MovieWriter writer = MovieWriter::open(path, {.width = width, .height = height, .quality = 10});
     write(writer);
     writer.finish();
@@ -106,99 +86,65 @@ TEST(MovieWriter, writesWhatReadsBackInStep) {
 }
 
 TEST(MovieWriter, putsTheIndexInFrontAndTagsTheColours) {
-    const auto path = emptyFolder("tags") / "movie.mp4";
-    MovieWriter writer = MovieWriter::open(path, {.width = width, .height = height});
+    const TemporaryFolder folder;
+    const auto path = folder / "movie.mp4";
+    MovieWriter writer = MovieWriter::open(path, settings);
     write(writer, 1);
     writer.finish();
-    const std::string bytes = text(path);
+    const std::string bytes = contentsOf(path);
     EXPECT_LT(bytes.find("moov"), bytes.find("mdat"));
     if (!made::canMake()) GTEST_SKIP() << "The tags are read by the ffprobe program, and it is not here.";
     const std::string told = made::output(
         "ffprobe -v error -show_entries stream=codec_name,profile,pix_fmt,color_range,color_space,"
         "color_transfer,color_primaries,chroma_location,channels,start_time -of csv=p=0 " +
         made::quoted(path));
-    EXPECT_NE(told.find("h264,High,yuv420p,tv,bt709,bt709,bt709,left,0.000000"), std::string::npos) << told;
-    EXPECT_NE(told.find("aac,LC,2,0.000000"), std::string::npos) << told;
+    EXPECT_THAT(told, testing::HasSubstr("h264,High,yuv420p,tv,bt709,bt709,bt709,left,0.000000"));
+    EXPECT_THAT(told, testing::HasSubstr("aac,LC,2,0.000000"));
 }
 
 TEST(MovieWriter, leavesNothingWhereItIsAbandoned) {
-    const auto folder = emptyFolder("abandoned");
-    const auto path = folder / "movie.mp4";
-    std::ofstream(path) << "the old one";
+    const TemporaryFolder folder;
+    const auto path = folder.file("movie.mp4", "the old one");
     {
-        MovieWriter writer = MovieWriter::open(path, {.width = width, .height = height});
+        MovieWriter writer = MovieWriter::open(path, settings);
         write(writer);
     }
-    {
-        MovieWriter writer = MovieWriter::open(path, {.width = width, .height = height});
-        EXPECT_THROW(writer.finish(), Problem);
-        EXPECT_THROW(writer.picture(Planes(64, 64)), Problem);
-    }
-    {
-        UnfinishedFile named(path, true);
-        EXPECT_EQ(entries(folder), 2u);
-    }
-    EXPECT_TRUE(text(path) == "the old one");
-    EXPECT_EQ(entries(folder), 1u);
-}
-
-TEST(MovieWriter, takesTheOldOnesPlaceAsAWhole) {
-    for (const bool named : {false, true}) {
-        const auto folder = emptyFolder("place");
-        const auto path = folder / "movie.mp4";
-        std::ofstream(path) << "the old one";
-        UnfinishedFile file(path, named);
-        ASSERT_EQ(::write(file.descriptor(), "new", 3), 3);
-        EXPECT_TRUE(text(path) == "the old one");
-        file.finish();
-        EXPECT_EQ(text(path), "new");
-        EXPECT_EQ(entries(folder), 1u);
-        EXPECT_EQ(std::filesystem::status(path).permissions() & std::filesystem::perms::owner_exec,
-                  std::filesystem::perms::none);
-    }
+    MovieWriter empty = MovieWriter::open(path, settings);
+    EXPECT_THROW(empty.finish(), Problem);
+    EXPECT_THROW(empty.picture(Planes(64, 64)), Problem);
+    EXPECT_EQ(contentsOf(path), "the old one");
+    EXPECT_EQ(entriesIn(folder.path), 1);
 }
 
 TEST(MovieWriter, saysWhyAPlaceCannotBeWritten) {
-    const MovieSettings settings{.width = width, .height = height};
-    const auto folder = emptyFolder("places");
+    const TemporaryFolder folder;
     EXPECT_THROW(MovieWriter::open(folder / "missing" / "movie.mp4", settings), Problem);
-    EXPECT_THROW(MovieWriter::open(folder, settings), Problem);
-    EXPECT_THROW(MovieWriter::open(folder / "odd.mp4", {.width = 191, .height = 128}), Problem);
-    EXPECT_THROW(MovieWriter::open(folder / "none.mp4", {.width = 0, .height = 128}), Problem);
+    EXPECT_THROW(MovieWriter::open(folder.path, settings), Problem);
     EXPECT_THROW(MovieWriter::open("/proc/movie.mp4", settings), Problem);
-    EXPECT_EQ(entries(folder), 0u);
+    for (const int odd : {191, 0})
+        EXPECT_THROW(MovieWriter::open(folder / "odd.mp4", {.width = odd, .height = 128}), Problem) << odd;
+    EXPECT_EQ(entriesIn(folder.path), 0);
 }
 
-// A limit on the size of files stands in for a full disk.
 TEST(MovieWriter, aFullDiskLeavesTheOldMovieAndNothingElse) {
-    const auto folder = emptyFolder("full");
+    const TemporaryFolder folder;
     const auto path = folder / "movie.mp4";
-    std::ofstream(path) << "the old one";
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    auto* const handler = std::signal(SIGXFSZ, SIG_IGN);
-    const MovieSettings settings{.width = width, .height = height};
-    MovieWriter whole = MovieWriter::open(path, settings);
-    write(whole);
-    whole.finish();
-    const rlim_t size = std::filesystem::file_size(path);
-    std::ofstream(path) << "the old one";
-    for (const rlim_t most : {rlim_t{100}, size / 2, size - 1}) {
-        const rlimit limit{most, before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
+    const auto whole = [&] {
+        MovieWriter writer = MovieWriter::open(path, settings);
+        write(writer);
+        writer.finish();
+    };
+    whole();
+    const auto size = std::filesystem::file_size(path);
+    folder.file("movie.mp4", "the old one");
+    for (const auto most : {std::uintmax_t{100}, size / 2, size - 1}) {
         std::string problem;
-        try {
-            MovieWriter writer = MovieWriter::open(path, settings);
-            write(writer);
-            writer.finish();
-        } catch (const Problem& caught) {
-            problem = caught.message();
+        {
+            const FullDisk disk(most);
+            problem = problemOf(whole);
         }
-        setrlimit(RLIMIT_FSIZE, &before);
-        EXPECT_NE(problem.find("“movie.mp4” could not be written"), std::string::npos)
-            << most << ": " << problem;
-        EXPECT_TRUE(text(path) == "the old one");
-        EXPECT_EQ(entries(folder), 1u);
+        EXPECT_THAT(problem, testing::HasSubstr("“movie.mp4” could not be written")) << most;
+        EXPECT_EQ(contentsOf(path), "the old one");
+        EXPECT_EQ(entriesIn(folder.path), 1);
     }
-    std::signal(SIGXFSZ, handler);
 }

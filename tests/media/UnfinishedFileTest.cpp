@@ -1,9 +1,8 @@
 #include "platform/base/Problem.h"
 #include "platform/media/UnfinishedFile.h"
-#include "tests/base/Scratch.h"
+#include "tests/TemporaryFolder.h"
 
 #include <csignal>
-#include <fstream>
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -14,15 +13,6 @@ using namespace murbo;
 namespace fs = std::filesystem;
 
 namespace {
-
-std::string text(const fs::path& path) {
-    std::ifstream file(path);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-std::ptrdiff_t entries(const fs::path& folder) {
-    return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
-}
 
 void write(const fs::path& path, bool named) {
     UnfinishedFile file(path, named);
@@ -47,69 +37,76 @@ void killedWhileWriting(const fs::path& path, bool named) {
 
 TEST(UnfinishedFile, whatKilledWritersLeftIsTakenOver) {
     for (const bool named : {false, true}) {
-        Scratch scratch;
-        const auto path = scratch / "movie.mp4";
+        const TemporaryFolder folder;
+        const auto path = folder / "movie.mp4";
         for (int time = 0; time < 3; ++time) killedWhileWriting(path, named);
-        EXPECT_EQ(entries(scratch.path()), named ? 1 : 0);
+        EXPECT_EQ(entriesIn(folder.path), named ? 1 : 0);
         write(path, named);
-        EXPECT_EQ(text(path), "new");
-        EXPECT_EQ(entries(scratch.path()), 1);
+        EXPECT_EQ(contentsOf(path), "new");
+        EXPECT_EQ(entriesIn(folder.path), 1);
         // One that was left under a name does not stand in the way of one without.
         killedWhileWriting(path, true);
         write(path, false);
-        EXPECT_EQ(text(path), "new");
-        EXPECT_EQ(entries(scratch.path()), 1);
+        EXPECT_EQ(contentsOf(path), "new");
+        EXPECT_EQ(entriesIn(folder.path), 1);
     }
 }
 
-TEST(UnfinishedFile, twoWritersOfOnePlaceKeepOutOfEachOthersWay) {
+TEST(UnfinishedFile, takesItsPlaceAsAWholeBesideAnotherWriter) {
     for (const bool named : {false, true}) {
-        Scratch scratch;
-        const auto path = scratch / "movie.mp4";
+        const TemporaryFolder folder;
+        const auto path = folder.file("movie.mp4", "the old one");
         UnfinishedFile one(path, named);
         ASSERT_EQ(::write(one.descriptor(), "one", 3), 3);
+        EXPECT_EQ(contentsOf(path), "the old one");
         write(path, named);
-        EXPECT_EQ(text(path), "new");
+        EXPECT_EQ(contentsOf(path), "new");
         one.finish();
-        EXPECT_EQ(text(path), "one");
-        EXPECT_EQ(entries(scratch.path()), 1);
+        EXPECT_EQ(contentsOf(path), "one");
+        EXPECT_EQ(fs::status(path).permissions() & fs::perms::owner_exec, fs::perms::none);
+        {
+            const UnfinishedFile abandoned(path, named);
+            EXPECT_EQ(entriesIn(folder.path), named ? 2 : 1);
+        }
+        EXPECT_EQ(contentsOf(path), "one");
+        EXPECT_EQ(entriesIn(folder.path), 1);
     }
 }
 
 TEST(UnfinishedFile, replacesNothingThatIsNoFile) {
-    Scratch scratch;
-    ASSERT_EQ(::mkfifo((scratch / "pipe").c_str(), 0600), 0);
-    fs::create_symlink(scratch / "pipe", scratch / "link");
-    fs::create_symlink(scratch / "round", scratch / "round");
+    const TemporaryFolder folder;
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    fs::create_symlink(folder / "pipe", folder / "link");
+    fs::create_symlink(folder / "round", folder / "round");
     for (const bool named : {false, true}) {
         for (const fs::path& path :
-             {scratch / "pipe", scratch / "link", scratch / "round", fs::path("/dev/null")})
+             {folder / "pipe", folder / "link", folder / "round", fs::path("/dev/null")})
             EXPECT_THROW(UnfinishedFile(path, named), Problem) << path;
-        const auto late = scratch / "late";
+        const auto late = folder / "late";
         UnfinishedFile file(late, named);
         ASSERT_EQ(::mkfifo(late.c_str(), 0600), 0);
         EXPECT_THROW(file.finish(), Problem);
         EXPECT_TRUE(fs::is_fifo(late));
         fs::remove(late);
     }
-    EXPECT_TRUE(fs::is_fifo(scratch / "pipe"));
+    EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
-    EXPECT_EQ(entries(scratch.path()), 3);
+    EXPECT_EQ(entriesIn(folder.path), 3);
 }
 
 TEST(UnfinishedFile, writesWhereALinkLeadsAndLeavesTheLink) {
     for (const bool named : {false, true}) {
-        Scratch scratch;
-        fs::create_directory(scratch / "far");
-        fs::create_symlink("far/movie.mp4", scratch / "near.mp4");
-        fs::create_symlink("near.mp4", scratch / "nearer.mp4");
+        const TemporaryFolder folder;
+        fs::create_directory(folder / "far");
+        fs::create_symlink("far/movie.mp4", folder / "near.mp4");
+        fs::create_symlink("near.mp4", folder / "nearer.mp4");
         for (const char* name : {"near.mp4", "nearer.mp4"}) {
-            write(scratch / name, named);
-            EXPECT_TRUE(fs::is_symlink(scratch / name));
-            EXPECT_EQ(text(scratch / "far" / "movie.mp4"), "new");
-            std::ofstream(scratch / "far" / "movie.mp4") << "the old one";
+            write(folder / name, named);
+            EXPECT_TRUE(fs::is_symlink(folder / name));
+            EXPECT_EQ(contentsOf(folder / "far" / "movie.mp4"), "new");
+            std::ofstream(folder / "far" / "movie.mp4") << "the old one";
         }
-        EXPECT_EQ(entries(scratch / "far"), 1);
-        EXPECT_EQ(entries(scratch.path()), 3);
+        EXPECT_EQ(entriesIn(folder / "far"), 1);
+        EXPECT_EQ(entriesIn(folder.path), 3);
     }
 }
