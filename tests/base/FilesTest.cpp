@@ -1,15 +1,13 @@
 #include "platform/base/Files.h"
-#include "platform/base/Problem.h"
-#include "tests/base/Scratch.h"
+#include "tests/FullDisk.h"
+#include "tests/ProblemOf.h"
+#include "tests/TemporaryFolder.h"
 
 #include <csignal>
-#include <cstdlib>
-#include <fstream>
 #include <thread>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -21,25 +19,11 @@ namespace {
 
 constexpr std::size_t plenty = 1 << 24;
 
-std::ptrdiff_t filesIn(const fs::path& folder) {
-    return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
-}
-
-template <class Work>
-std::string faultOf(Work work) {
-    try {
-        work();
-    } catch (const Problem& problem) {
-        return problem.message();
-    }
-    return "none";
-}
-
 }
 
 TEST(Files, aWrittenFileIsReadBackAndKeepsItsPermissions) {
-    const Scratch scratch;
-    const auto path = scratch / "odd “name”\nไทย.json";
+    const TemporaryFolder folder;
+    const auto path = folder / "odd “name”\nไทย.json";
     Files::writeWhole(path, "one");
     EXPECT_EQ(fs::status(path).permissions() & fs::perms::owner_all,
               fs::perms::owner_read | fs::perms::owner_write);
@@ -48,70 +32,69 @@ TEST(Files, aWrittenFileIsReadBackAndKeepsItsPermissions) {
     Files::writeWhole(path, bytes);
     EXPECT_EQ(Files::readWhole(path, plenty), bytes);
     EXPECT_EQ(fs::status(path).permissions(), fs::perms(0640));
-    EXPECT_EQ(filesIn(scratch.path()), 1);
+    EXPECT_EQ(entriesIn(folder.path), 1);
 }
 
 TEST(Files, aFailedWriteLeavesTheOldFileAndNothingElse) {
-    const Scratch scratch;
-    const auto path = scratch / "project.json";
+    const TemporaryFolder folder;
+    const auto path = folder / "project.json";
     Files::writeWhole(path, "old");
-    const auto old = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit before{};
-    ::getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit little{4096, before.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &little);
-    const auto fault = faultOf([&] { Files::writeWhole(path, std::string(100'000, 'x')); });
-    ::setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, old);
-    EXPECT_EQ(fault, "“project.json” could not be written: it is too large.");
+    {
+        const FullDisk disk(4096);
+        EXPECT_EQ(problemOf([&] { Files::writeWhole(path, std::string(100'000, 'x')); }),
+                  "“project.json” could not be written: it is too large.");
+    }
     EXPECT_EQ(Files::readWhole(path, plenty), "old");
-    EXPECT_EQ(filesIn(scratch.path()), 1);
+    EXPECT_EQ(entriesIn(folder.path), 1);
 }
 
 TEST(Files, faultsAreToldInPlainWords) {
-    const Scratch scratch;
-    std::ofstream(scratch / "file") << "12345";
-    fs::create_directory(scratch / "folder");
-    ASSERT_EQ(::mkfifo((scratch / "pipe").c_str(), 0600), 0);
-    const auto read = [&](const char* name) { return faultOf([&] { Files::readWhole(scratch / name, 4); }); };
+    const TemporaryFolder folder;
+    folder.file("file", "12345");
+    fs::create_directory(folder / "folder");
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    const auto read = [&](const char* name) {
+        return problemOf([&] { Files::readWhole(folder / name, 4); });
+    };
     EXPECT_EQ(read("none"), "“none” could not be read: it does not exist.");
     EXPECT_EQ(read("file"), "“file” could not be read: it is too large.");
     EXPECT_EQ(read("folder"), "“folder” could not be read: it is a folder.");
     EXPECT_EQ(read("pipe"), "“pipe” could not be read: it is no ordinary file.");
-    EXPECT_EQ(faultOf([&] { Files::createFolder(scratch / "file/below"); }),
+    EXPECT_EQ(problemOf([&] { Files::createFolder(folder / "file/below"); }),
               "“below” could not be created: a file stands where a folder is needed.");
-    EXPECT_EQ(faultOf([&] { Files::writeWhole(scratch / "folder", "x"); }),
+    EXPECT_EQ(problemOf([&] { Files::writeWhole(folder / "folder", "x"); }),
               "“folder” could not be written: it is a folder.");
     EXPECT_EQ(Files::cause(ENOSPC), "there is no space left on the disk");
 }
 
 TEST(Files, whatIsNoFileIsNeverReplaced) {
-    Scratch scratch;
-    const auto pipe = scratch / "pipe";
+    const TemporaryFolder folder;
+    const auto pipe = folder / "pipe";
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-    Files::writeWhole(scratch / "file", "bytes");
-    fs::create_symlink(pipe, scratch / "link");
-    for (const auto& path : {pipe, scratch / "link"}) {
-        EXPECT_THAT(faultOf([&] { Files::writeWhole(path, "x"); }), ::testing::HasSubstr("no ordinary file"));
-        EXPECT_THAT(faultOf([&] { Files::copy(scratch / "file", path); }),
+    Files::writeWhole(folder / "file", "bytes");
+    fs::create_symlink(pipe, folder / "link");
+    for (const auto& path : {pipe, folder / "link"}) {
+        EXPECT_THAT(problemOf([&] { Files::writeWhole(path, "x"); }),
+                    ::testing::HasSubstr("no ordinary file"));
+        EXPECT_THAT(problemOf([&] { Files::copy(folder / "file", path); }),
                     ::testing::HasSubstr("no ordinary file"));
     }
     EXPECT_TRUE(fs::is_fifo(pipe));
-    EXPECT_EQ(filesIn(scratch.path()), 3);
+    EXPECT_EQ(entriesIn(folder.path), 3);
 }
 
 TEST(Files, aReadOnlyFolderIsRefused) {
     if (::geteuid() == 0) GTEST_SKIP() << "Root may write everywhere.";
-    const Scratch scratch;
-    fs::permissions(scratch.path(), fs::perms(0555));
-    EXPECT_EQ(faultOf([&] { Files::writeWhole(scratch / "a", "x"); }),
+    const TemporaryFolder folder;
+    fs::permissions(folder.path, fs::perms(0555));
+    EXPECT_EQ(problemOf([&] { Files::writeWhole(folder / "a", "x"); }),
               "“a” could not be written: you have no permission.");
-    fs::permissions(scratch.path(), fs::perms(0755));
+    fs::permissions(folder.path, fs::perms(0755));
 }
 
 TEST(Files, writersOfOnePathNeverMixTheirBytes) {
-    const Scratch scratch;
-    const auto path = scratch / "file";
+    const TemporaryFolder folder;
+    const auto path = folder / "file";
     const auto writer = [&](char letter) {
         for (int count = 0; count < 25; ++count) Files::writeWhole(path, std::string(50'000, letter));
     };
@@ -122,12 +105,12 @@ TEST(Files, writersOfOnePathNeverMixTheirBytes) {
     b.join();
     const auto bytes = Files::readWhole(path, plenty);
     EXPECT_EQ(bytes, std::string(50'000, bytes.at(0)));
-    EXPECT_EQ(filesIn(scratch.path()), 1);
+    EXPECT_EQ(entriesIn(folder.path), 1);
 }
 
 TEST(Files, aKilledWriterLeavesAWholeFileAndNoHeapOfOthers) {
-    const Scratch scratch;
-    const auto path = scratch / "file";
+    const TemporaryFolder folder;
+    const auto path = folder / "file";
     Files::writeWhole(path, std::string(200'000, 'a'));
     for (int round = 0; round < 30; ++round) {
         const auto child = ::fork();
@@ -140,7 +123,7 @@ TEST(Files, aKilledWriterLeavesAWholeFileAndNoHeapOfOthers) {
         const auto bytes = Files::readWhole(path, plenty);
         ASSERT_EQ(bytes, std::string(200'000, bytes.at(0)));
     }
-    EXPECT_LE(filesIn(scratch.path()), 2);
+    EXPECT_LE(entriesIn(folder.path), 2);
     Files::writeWhole(path, "whole");
-    EXPECT_EQ(filesIn(scratch.path()), 1);
+    EXPECT_EQ(entriesIn(folder.path), 1);
 }

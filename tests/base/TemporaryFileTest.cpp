@@ -1,12 +1,10 @@
 #include "platform/base/Problem.h"
 #include "platform/base/TemporaryFile.h"
+#include "tests/Environment.h"
+#include "tests/FullDisk.h"
 #include "tests/TemporaryFolder.h"
 
-#include <csignal>
-#include <cstdlib>
-
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -17,13 +15,8 @@ namespace {
 
 class TemporaryFiles : public testing::Test {
 protected:
-    void SetUp() override { setenv("TMPDIR", folder.path.c_str(), 1); }
-    void TearDown() override { unsetenv("TMPDIR"); }
-
-    std::size_t count() const {
-        return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder.path), {}));
-    }
-    TemporaryFolder folder;
+    const TemporaryFolder folder;
+    const Environment temporary{"TMPDIR", folder.path};
 };
 
 }
@@ -39,9 +32,9 @@ TEST_F(TemporaryFiles, goWithTheirValueAndWhatStandsBesideThem) {
         file.cutOff(2);
         EXPECT_EQ(fs::file_size(file.path()), 2u);
         std::ofstream(file.companion(".json")) << "{}";
-        EXPECT_EQ(count(), 2u);
+        EXPECT_EQ(entriesIn(folder.path), 2);
     }
-    EXPECT_EQ(count(), 0u);
+    EXPECT_EQ(entriesIn(folder.path), 0);
 }
 
 TEST_F(TemporaryFiles, ofAKilledProcessAreSweptAndThoseOfALivingOneAreNot) {
@@ -54,23 +47,19 @@ TEST_F(TemporaryFiles, ofAKilledProcessAreSweptAndThoseOfALivingOneAreNot) {
     }
     waitpid(other, nullptr, 0);
     folder.file("murbo-notes.wav");
-    EXPECT_EQ(count(), 4u);
+    EXPECT_EQ(entriesIn(folder.path), 4);
     const auto next = TemporaryFile::make(".wav");
-    EXPECT_EQ(count(), 3u);
+    EXPECT_EQ(entriesIn(folder.path), 3);
     EXPECT_TRUE(fs::exists(living.path()));
     EXPECT_TRUE(fs::exists(folder / "murbo-notes.wav")) << "not a name of ours";
 }
 
 TEST_F(TemporaryFiles, failInWords) {
-    setenv("TMPDIR", (folder / "missing").c_str(), 1);
-    EXPECT_THROW(TemporaryFile::make(".wav"), Problem);
-    setenv("TMPDIR", folder.path.c_str(), 1);
+    {
+        const Environment missing("TMPDIR", folder / "missing");
+        EXPECT_THROW(TemporaryFile::make(".wav"), Problem);
+    }
     const auto file = TemporaryFile::make(".wav");
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit small{1000, before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
+    const FullDisk disk(1000);
     EXPECT_THROW(file.write(std::string(2000, 'x'), 0), Problem);
-    setrlimit(RLIMIT_FSIZE, &before);
 }

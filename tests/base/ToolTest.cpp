@@ -1,11 +1,14 @@
 #include "platform/base/Cancelled.h"
 #include "platform/base/Tool.h"
+#include "tests/Environment.h"
+#include "tests/ProblemOf.h"
 #include "tests/TemporaryFolder.h"
 
 #include <chrono>
 #include <csignal>
 #include <thread>
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -22,17 +25,6 @@ namespace {
 /// Tools of the test's own, found by way of the home folder and PATH.
 class Tools : public testing::Test {
 protected:
-    void SetUp() override {
-        home = std::getenv("HOME") ? std::getenv("HOME") : "";
-        path = std::getenv("PATH") ? std::getenv("PATH") : "";
-        setenv("HOME", folder.path.c_str(), 1);
-        setenv("PATH", (std::string(":relative:") + (folder / "bin").string() + ":" + path).c_str(), 1);
-    }
-    void TearDown() override {
-        setenv("HOME", home.c_str(), 1);
-        setenv("PATH", path.c_str(), 1);
-    }
-
     std::filesystem::path tool(const std::string& name, const std::string& script) const {
         const auto file = folder.file(name, "#!/bin/sh\n" + script);
         std::filesystem::permissions(file, std::filesystem::perms::owner_all);
@@ -50,17 +42,16 @@ protected:
         return 0;
     }
 
-    TemporaryFolder folder;
-    std::string home, path;
+    const TemporaryFolder folder;
+    const Environment home{"HOME", folder.path};
+    const Environment path{"PATH",
+                           fmt::format(":relative:{}:{}", (folder / "bin").string(), std::getenv("PATH"))};
 };
 
 /// Why a run failed; empty where it did not.
 std::string failure(const std::string& name, const std::vector<std::string>& arguments = {},
-                    std::stop_token stop = {}, std::chrono::milliseconds limit = 1min) try {
-    Tool::run(name, arguments, stop, limit);
-    return "";
-} catch (const Problem& problem) {
-    return problem.message();
+                    std::stop_token stop = {}, std::chrono::milliseconds limit = 1min) {
+    return problemOf([&] { Tool::run(name, arguments, stop, limit); });
 }
 
 /// Whether a process is gone, within a second.
@@ -116,7 +107,7 @@ TEST_F(Tools, getTheirArgumentsAsTheyAreAndNothingElse) {
     tool("bin/teller",
          "printf '%s|' \"$@\" >\"$SAID\"; cat >>\"$SAID\"; ls /proc/self/fd >>\"$SAID\"; "
          "kill -s INT $$; echo deaf >>\"$SAID\"");
-    setenv("SAID", said.c_str(), 1);
+    const Environment variable("SAID", said);
     // What a program that ignores and blocks signals starts must not inherit that.
     std::signal(SIGINT, SIG_IGN);
     sigset_t interrupt, before;
@@ -128,9 +119,7 @@ TEST_F(Tools, getTheirArgumentsAsTheyAreAndNothingElse) {
     close(leaked);
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
     std::signal(SIGINT, SIG_DFL);
-    std::ifstream file(said);
-    const std::string text{std::istreambuf_iterator<char>(file), {}};
-    EXPECT_EQ(text, "a b||ü;$(x)|0\n1\n2\n3\n");
+    EXPECT_EQ(contentsOf(said), "a b||ü;$(x)|0\n1\n2\n3\n");
 }
 
 TEST_F(Tools, endWithAllTheyStartedWhenTheyTakeTooLong) {
