@@ -2,8 +2,6 @@
 #include "platform/store/SettingsStore.h"
 #include "tests/TemporaryFolder.h"
 
-#include <sstream>
-
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -14,13 +12,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string content(const fs::path& path) {
-    std::ifstream file(path);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
-
 std::string key(int process, int round) {
     return fmt::format("p{}.{}", process, round);
 }
@@ -28,7 +19,8 @@ std::string key(int process, int round) {
 class Settings : public testing::Test {
 protected:
     TemporaryFolder folder;
-    const fs::path file = folder / "made/when/needed/settings.json";
+    static constexpr const char* name = "made/when/needed/settings.json";
+    const fs::path file = folder / name;
     SettingsStore store{file};
 };
 
@@ -57,7 +49,7 @@ TEST_F(Settings, areReadAsTheyWereSetByAnotherStoreToo) {
 }
 
 TEST_F(Settings, ofAnotherKindAreNotSet) {
-    folder.file("made/when/needed/settings.json",
+    folder.file(name,
                 R"({"text": 5, "number": "5", "boolean": 1, "data": "no base64!", "texts": ["a", 1],
                     "map": {"a": []}, "null": null, "huge": 1e308, "integer": 3})");
     EXPECT_EQ(store.text("text"), std::nullopt);
@@ -71,15 +63,14 @@ TEST_F(Settings, ofAnotherKindAreNotSet) {
 }
 
 TEST_F(Settings, ThatAreGarbageAreNoneAndAreKeptAsideBeforeNewOnesAreWritten) {
-    std::string deep(100'000, '[');
     for (const std::string& garbage :
          {std::string("not json"), std::string("{\"language\": \"en\""), std::string("[1]"),
-          std::string("\xFF\xFE\0x", 4), std::string(), "{\"a\":" + deep + "}"}) {
-        folder.file("made/when/needed/settings.json", garbage);
+          std::string("\xFF\xFE\0x", 4), std::string(), "{\"a\":" + std::string(100'000, '[') + "}"}) {
+        folder.file(name, garbage);
         EXPECT_EQ(store.text("language"), std::nullopt);
         store.set("language", "de");
         EXPECT_EQ(store.text("language"), "de");
-        EXPECT_EQ(content(file.string() + ".damaged"), garbage);
+        EXPECT_EQ(contentsOf(file.string() + ".damaged"), garbage);
     }
 }
 
@@ -91,7 +82,7 @@ TEST_F(Settings, keepWhatTheyDoNotKnowAndTheLinkTheyStandBehind) {
     store.set("language", "th");
     EXPECT_TRUE(fs::is_symlink(file));
     EXPECT_EQ(
-        content(real),
+        contentsOf(real),
         "{\n  \"language\": \"th\",\n  \"later\": {\n    \"deep\": [\n      1,\n      null\n    ]\n  }\n}\n");
 }
 
