@@ -18,10 +18,6 @@ struct Strip {
     Filmstrip inPackage() const { return Filmstrip(source, folder / "a.mbproj"); }
 };
 
-int number(const std::optional<Bitmap>& picture) {
-    return picture ? Movie::number(*picture) : -1;
-}
-
 }
 
 TEST(Filmstrip, makesSmallPicturesAndKeepsThem) {
@@ -33,12 +29,12 @@ TEST(Filmstrip, makesSmallPicturesAndKeepsThem) {
     ASSERT_TRUE(made);
     EXPECT_EQ(made->width(), 320);
     EXPECT_EQ(made->height(), 180);
-    EXPECT_EQ(number(made), 60);
+    EXPECT_EQ(Movie::number(made), 60);
     EXPECT_EQ(filmstrip.still(2)->row(0), made->row(0)) << "the same pixels";
 
     std::filesystem::remove(strip.source.path);
     auto later = strip.inPackage();
-    EXPECT_NEAR(number(later.make(2)), 60, 2) << "out of the package";
+    EXPECT_NEAR(Movie::number(later.make(2)), 60, 2) << "out of the package";
     EXPECT_FALSE(later.make(1));
 }
 
@@ -49,10 +45,10 @@ TEST(Filmstrip, doesNotTrustWhatLiesInTheCache) {
     strip.folder.file(strip.stills / "2.jpg", std::string(3 << 20, 'x'));
     std::filesystem::create_directories(strip.stills / "0.jpg");
     auto filmstrip = strip.inPackage();
-    EXPECT_EQ(number(filmstrip.make(1)), 30);
-    EXPECT_EQ(number(filmstrip.make(2)), 60);
-    EXPECT_EQ(number(filmstrip.make(0)), 0) << "where nothing can be kept";
-    EXPECT_NEAR(number(strip.inPackage().make(1)), 30, 2) << "mended";
+    EXPECT_EQ(Movie::number(filmstrip.make(1)), 30);
+    EXPECT_EQ(Movie::number(filmstrip.make(2)), 60);
+    EXPECT_EQ(Movie::number(filmstrip.make(0)), 0) << "where nothing can be kept";
+    EXPECT_NEAR(Movie::number(strip.inPackage().make(1)), 30, 2) << "mended";
 }
 
 TEST(Filmstrip, dropsTheOldestOfSixHundred) {

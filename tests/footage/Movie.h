@@ -37,6 +37,10 @@ inline int number(const Bitmap& picture) {
     return static_cast<int>(std::lround(grey * 219 / 255.0 + 16 - 20));
 }
 
+inline int number(const std::optional<Bitmap>& picture) {
+    return picture ? number(*picture) : -1;
+}
+
 inline int number(const std::optional<Image>& image) {
     return image ? number(Canvas::bitmap(*image, {0, 0, 128, 64})) : -1;
 }
