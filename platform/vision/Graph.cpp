@@ -1,5 +1,7 @@
 #include "platform/vision/Graph.h"
 
+#include <utility>
+
 namespace murbo {
 
 std::vector<int> Graph::uses() const {
@@ -40,25 +42,28 @@ bool mixesChannelsOnly(const Graph::Layer& layer) {
            layer.strideDown == 1 && layer.strideAcross == 1 && layer.activation == Graph::Activation::none;
 }
 
+/// The layer that alone reads `value`, where it only mixes its channels.
+Graph::Layer* mixOf(Graph& graph, int value) {
+    for (auto& layer : graph.layers)
+        if (layer.inputs[0] == value && mixesChannelsOnly(layer)) return &layer;
+    return nullptr;
+}
+
 /// Enlarging and mixing channels are both sums with weights, so they may change places: mixed first, a
 /// quarter of the pixels needs it.
 void mixBeforeEnlarging(Graph& graph) {
     const auto uses = graph.uses();
-    for (auto& resize : graph.layers) {
-        const int between = resize.output;
-        if (resize.kind != Kind::resize || uses[std::size_t(between)] != 1) continue;
-        for (auto& mix : graph.layers) {
-            if (!mixesChannelsOnly(mix) || mix.inputs[0] != between) continue;
-            const Graph::Shape from = graph.values[std::size_t(resize.inputs[0])];
-            if (from.pixels() >= graph.values[std::size_t(between)].pixels()) continue;
-            graph.values[std::size_t(between)] = {from.height, from.width, int(mix.bias.size())};
-            std::swap(resize, mix);
-            resize.inputs[0] = mix.inputs[0];
-            mix.inputs[0] = between;
-            mix.output = resize.output;
-            resize.output = between;
-            break;
-        }
+    for (auto& earlier : graph.layers) {
+        const int between = earlier.output;
+        if (earlier.kind != Kind::resize || uses[std::size_t(between)] != 1) continue;
+        const Graph::Shape from = graph.values[std::size_t(earlier.inputs[0])];
+        if (from.pixels() >= graph.values[std::size_t(between)].pixels()) continue;
+        Graph::Layer* later = mixOf(graph, between);
+        if (!later) continue;
+        graph.values[std::size_t(between)] = {from.height, from.width, int(later->bias.size())};
+        std::swap(earlier, *later);
+        std::swap(earlier.inputs, later->inputs);
+        std::swap(earlier.output, later->output);
     }
 }
 

@@ -2,26 +2,24 @@
 
 #include "platform/base/Problem.h"
 #include "platform/vision/FlatTable.h"
+#include "platform/vision/GraphDraft.h"
 
 #include <algorithm>
-#include <bit>
-#include <cmath>
-#include <cstdint>
 #include <cstring>
+#include <optional>
 
 namespace murbo {
 
 namespace {
 
 using Shape = Graph::Shape;
+using Tensor = GraphDraft::Tensor;
 using Layer = Graph::Layer;
 using Kind = Graph::Layer::Kind;
 using Activation = Graph::Activation;
 
 // Some ten times what the networks in use need.
 constexpr int mostEntries = 4096;              ///< tensors, layers, kinds, buffers
-constexpr int mostSide = 4096;                 ///< of a value, and channels
-constexpr std::size_t mostNumbers = 1 << 24;   ///< of one value, and of all constants together
 constexpr std::size_t mostProducts = 1u << 31; ///< of one run
 
 // Numbers of the schema.
@@ -40,102 +38,6 @@ enum Operator {
     opMean = 40,
     opHardSwish = 117
 };
-enum Type { float32 = 0, float16 = 1, int32 = 2 };
-
-[[noreturn]] void refuse(const char* what) {
-    throw Problem(std::string("The network can't be used: ") + what + ".");
-}
-
-void demand(bool held, const char* what) {
-    if (!held) refuse(what);
-}
-
-/// IEEE 754 binary16.
-float fromHalf(std::uint16_t half) {
-    demand((half & 0x7C00) != 0x7C00, "a weight is no number");
-    // A shift puts exponent and fraction in their places; the factor mends the exponent, also of tiny ones.
-    const float held = std::bit_cast<float>(std::uint32_t(half & 0x7FFF) << 13) * 0x1p112f;
-    return half & 0x8000 ? -held : held;
-}
-
-struct Tensor {
-    std::vector<int> sides;
-    int type = float32;
-    std::string_view stored; ///< its bytes, where it is a constant
-    int value = -1;          ///< of the graph, once it has one
-};
-
-std::size_t numbersIn(const Tensor& tensor) {
-    std::size_t product = 1;
-    for (const int side : tensor.sides) {
-        demand(side > 0 && side <= mostSide, "a size is out of bounds");
-        product *= std::size_t(side);
-        demand(product <= mostNumbers, "a size is out of bounds");
-    }
-    return product;
-}
-
-struct Reader {
-    Graph graph;
-    std::vector<Tensor> tensors;
-    std::size_t constants = 0;
-    std::size_t products = 0;
-
-    Tensor& tensor(int index) {
-        demand(index >= 0 && std::size_t(index) < tensors.size(), "a layer asks for what is not there");
-        return tensors[std::size_t(index)];
-    }
-
-    static Shape shape(const Tensor& tensor) {
-        const auto& sides = tensor.sides;
-        demand(tensor.type == float32 && sides.size() == 4 && sides[0] == 1, "a value is no picture");
-        numbersIn(tensor);
-        return {sides[1], sides[2], sides[3]};
-    }
-
-    int newValue(Tensor& tensor) {
-        demand(tensor.value < 0, "a value is made twice");
-        graph.values.push_back(shape(tensor));
-        return tensor.value = int(graph.values.size()) - 1;
-    }
-
-    int knownValue(int index) {
-        const int value = tensor(index).value;
-        demand(value >= 0, "a value is used before it is made");
-        return value;
-    }
-
-    std::vector<float> floats(const Tensor& tensor) {
-        const std::size_t count = numbersIn(tensor);
-        const bool halves = tensor.type == float16;
-        demand(halves || tensor.type == float32, "weights are of an unknown kind");
-        demand(tensor.stored.size() == count * (halves ? 2 : 4), "weights are missing");
-        constants += count;
-        demand(constants <= mostNumbers, "it has too many weights");
-        std::vector<float> result(count);
-        for (std::size_t i = 0; i < count; ++i) {
-            if (halves) {
-                std::uint16_t half;
-                std::memcpy(&half, tensor.stored.data() + 2 * i, 2);
-                result[i] = fromHalf(half);
-            } else {
-                std::memcpy(&result[i], tensor.stored.data() + 4 * i, 4);
-                demand(std::isfinite(result[i]), "a weight is no number");
-            }
-        }
-        return result;
-    }
-
-    std::vector<int> integers(int index) {
-        const Tensor& found = tensor(index);
-        const std::size_t count = found.stored.size() / 4;
-        demand(found.type == int32 && count >= 1 && count <= 8 && found.stored.size() == 4 * count,
-               "a size is missing");
-        std::vector<int> result(count);
-        std::memcpy(result.data(), found.stored.data(), found.stored.size());
-        return result;
-    }
-};
 
 Activation fused(int code) {
     if (code == 0) return Activation::none;
@@ -150,7 +52,8 @@ struct Steps {
     int ahead = 0;
 };
 Steps steps(int side, int window, int stride, bool padded) {
-    demand(stride >= 1 && stride <= mostSide && window <= mostSide, "a stride is out of bounds");
+    demand(stride >= 1 && stride <= GraphDraft::mostSide && window <= GraphDraft::mostSide,
+           "a stride is out of bounds");
     if (!padded) {
         demand(side >= window, "a window is larger than its picture");
         return {(side - window) / stride + 1, 0};
@@ -172,42 +75,42 @@ struct Operation {
 };
 
 /// A layer under way, with what its result must measure.
-struct Draft {
+struct Made {
     Layer layer;
     Shape shape;
 };
 
-Draft draft(Reader& reader, const Operation& operation, Kind kind, int inputs) {
+Made begun(GraphDraft& draft, const Operation& operation, Kind kind, int inputs) {
     demand(operation.inputs.size() >= std::size_t(inputs) && operation.outputs.size() == 1,
            "a layer has the wrong inputs");
-    Draft made;
+    Made made;
     made.layer.kind = kind;
     for (int i = 0; i < inputs; ++i)
-        made.layer.inputs.push_back(reader.knownValue(operation.inputs[std::size_t(i)]));
-    made.shape = reader.graph.values[std::size_t(made.layer.inputs[0])];
+        made.layer.inputs.push_back(draft.knownValue(operation.inputs[std::size_t(i)]));
+    made.shape = draft.graph.values[std::size_t(made.layer.inputs[0])];
     return made;
 }
 
-void readWeights(Reader& reader, const Operation& operation, Layer& layer, int outputs) {
+void readWeights(GraphDraft& draft, const Operation& operation, Layer& layer, int outputs) {
     demand(operation.inputs.size() == 3, "a layer has the wrong inputs");
-    layer.weights = reader.floats(reader.tensor(operation.inputs[1]));
-    layer.bias = reader.floats(reader.tensor(operation.inputs[2]));
+    layer.weights = draft.floats(draft.tensor(operation.inputs[1]));
+    layer.bias = draft.floats(draft.tensor(operation.inputs[2]));
     demand(layer.bias.size() == std::size_t(outputs), "a layer has the wrong weights");
 }
 
-const std::vector<int>& windowSides(Reader& reader, const Operation& operation) {
+const std::vector<int>& windowSides(GraphDraft& draft, const Operation& operation) {
     demand(operation.inputs.size() == 3, "a layer has the wrong inputs");
-    const auto& sides = reader.tensor(operation.inputs[1]).sides;
+    const auto& sides = draft.tensor(operation.inputs[1]).sides;
     demand(sides.size() == 4, "a layer has the wrong weights");
-    numbersIn(reader.tensor(operation.inputs[1]));
+    draft.tensor(operation.inputs[1]).numbers();
     return sides;
 }
 
 /// Windows that step over the picture: both kinds of convolution.
-Draft windowed(Reader& reader, const Operation& operation, bool depthwise) {
-    Draft made = draft(reader, operation, depthwise ? Kind::depthwise : Kind::convolution, 1);
+Made windowed(GraphDraft& draft, const Operation& operation, bool depthwise) {
+    Made made = begun(draft, operation, depthwise ? Kind::depthwise : Kind::convolution, 1);
     Layer& layer = made.layer;
-    const auto sides = windowSides(reader, operation);
+    const auto sides = windowSides(draft, operation);
     const int dilation = depthwise ? 5 : 4;
     demand(operation.option(dilation, 1) == 1 && operation.option(dilation + 1, 1) == 1, "a window has gaps");
     demand(depthwise ? sides[0] == 1 && sides[3] == made.shape.channels && operation.option(3, 1) == 1
@@ -224,34 +127,34 @@ Draft windowed(Reader& reader, const Operation& operation, bool depthwise) {
     layer.above = down.ahead;
     layer.before = across.ahead;
     made.shape = {down.count, across.count, depthwise ? sides[3] : sides[0]};
-    readWeights(reader, operation, layer, made.shape.channels);
-    reader.products += made.shape.pixels() * layer.weights.size();
+    readWeights(draft, operation, layer, made.shape.channels);
+    draft.products += made.shape.pixels() * layer.weights.size();
     return made;
 }
 
 /// A transposed convolution whose windows don't overlap.
-Draft enlarging(Reader& reader, const Operation& operation) {
+Made enlarging(GraphDraft& draft, const Operation& operation) {
     demand(operation.name == "Convolution2DTransposeBias" && operation.custom.size() >= 12,
            "it has a layer of an unknown kind");
-    Draft made = draft(reader, operation, Kind::enlarging, 1);
+    Made made = begun(draft, operation, Kind::enlarging, 1);
     Layer& layer = made.layer;
-    const auto sides = windowSides(reader, operation);
+    const auto sides = windowSides(draft, operation);
     int strides[2];
     std::memcpy(strides, operation.custom.data() + 4, sizeof strides);
     demand(sides[3] == made.shape.channels, "a layer has the wrong weights");
     demand(sides[1] == strides[1] && sides[2] == strides[0], "enlarged windows overlap");
     layer.windowHigh = layer.strideDown = sides[1];
     layer.windowWide = layer.strideAcross = sides[2];
-    reader.products += made.shape.pixels() * numbersIn(reader.tensor(operation.inputs[1]));
+    draft.products += made.shape.pixels() * draft.tensor(operation.inputs[1]).numbers();
     made.shape = {made.shape.height * sides[1], made.shape.width * sides[2], sides[0]};
-    readWeights(reader, operation, layer, sides[0]);
+    readWeights(draft, operation, layer, sides[0]);
     return made;
 }
 
-Draft pairwise(Reader& reader, const Operation& operation, Kind kind) {
-    Draft made = draft(reader, operation, kind, 2);
+Made pairwise(GraphDraft& draft, const Operation& operation, Kind kind) {
+    Made made = begun(draft, operation, kind, 2);
     Layer& layer = made.layer;
-    const auto shape = [&](int input) { return reader.graph.values[std::size_t(layer.inputs[input])]; };
+    const auto shape = [&](int input) { return draft.graph.values[std::size_t(layer.inputs[input])]; };
     // One pixel for all stands second.
     if (kind == Kind::multiply && shape(0).pixels() == 1) std::swap(layer.inputs[0], layer.inputs[1]);
     made.shape = shape(0);
@@ -262,8 +165,8 @@ Draft pairwise(Reader& reader, const Operation& operation, Kind kind) {
     return made;
 }
 
-Draft mean(Reader& reader, const Operation& operation) {
-    Draft made = draft(reader, operation, Kind::mean, 1);
+Made mean(GraphDraft& draft, const Operation& operation) {
+    Made made = begun(draft, operation, Kind::mean, 1);
     if (operation.code == opAveragePool) {
         const bool whole =
             operation.option(3) == made.shape.width && operation.option(4) == made.shape.height &&
@@ -273,7 +176,7 @@ Draft mean(Reader& reader, const Operation& operation) {
         made.layer.activation = fused(operation.choice(5));
     } else {
         demand(operation.inputs.size() == 2, "a layer has the wrong inputs");
-        auto sides = reader.integers(operation.inputs[1]);
+        auto sides = draft.integers(operation.inputs[1]);
         std::sort(sides.begin(), sides.end());
         demand(sides == std::vector{1, 2}, "a mean is not of the whole picture");
     }
@@ -281,10 +184,10 @@ Draft mean(Reader& reader, const Operation& operation) {
     return made;
 }
 
-Draft resize(Reader& reader, const Operation& operation) {
-    Draft made = draft(reader, operation, Kind::resize, 1);
+Made resize(GraphDraft& draft, const Operation& operation) {
+    Made made = begun(draft, operation, Kind::resize, 1);
     demand(operation.inputs.size() == 2, "a layer has the wrong inputs");
-    const auto sides = reader.integers(operation.inputs[1]);
+    const auto sides = draft.integers(operation.inputs[1]);
     demand(sides.size() == 2, "a size is missing");
     demand(operation.choice(2) == 0 && operation.choice(3) == 1, "a picture is resized in an unknown way");
     made.shape.height = sides[0];
@@ -292,37 +195,37 @@ Draft resize(Reader& reader, const Operation& operation) {
     return made;
 }
 
-Draft activation(Reader& reader, const Operation& operation, Activation kind) {
-    Draft made = draft(reader, operation, Kind::activate, 1);
+Made activation(GraphDraft& draft, const Operation& operation, Activation kind) {
+    Made made = begun(draft, operation, Kind::activate, 1);
     made.layer.activation = kind;
     return made;
 }
 
-Draft draft(Reader& reader, const Operation& operation) {
+Made layerOf(GraphDraft& draft, const Operation& operation) {
     switch (operation.code) {
         case opConvolution:
-            return windowed(reader, operation, false);
+            return windowed(draft, operation, false);
         case opDepthwise:
-            return windowed(reader, operation, true);
+            return windowed(draft, operation, true);
         case opCustom:
-            return enlarging(reader, operation);
+            return enlarging(draft, operation);
         case opAdd:
-            return pairwise(reader, operation, Kind::add);
+            return pairwise(draft, operation, Kind::add);
         case opMultiply:
-            return pairwise(reader, operation, Kind::multiply);
+            return pairwise(draft, operation, Kind::multiply);
         case opAveragePool:
         case opMean:
-            return mean(reader, operation);
+            return mean(draft, operation);
         case opResize:
-            return resize(reader, operation);
+            return resize(draft, operation);
         case opRelu:
-            return activation(reader, operation, Activation::relu);
+            return activation(draft, operation, Activation::relu);
         case opRelu6:
-            return activation(reader, operation, Activation::relu6);
+            return activation(draft, operation, Activation::relu6);
         case opHardSwish:
-            return activation(reader, operation, Activation::hardSwish);
+            return activation(draft, operation, Activation::hardSwish);
         case opLogistic:
-            return activation(reader, operation, Activation::logistic);
+            return activation(draft, operation, Activation::logistic);
         default:
             refuse("it has a layer of an unknown kind");
     }
@@ -330,24 +233,24 @@ Draft draft(Reader& reader, const Operation& operation) {
 
 /// Weights of 16 bits stand in the file with a layer that widens them; here they are widened as they are
 /// read.
-void dequantise(Reader& reader, const Operation& operation) {
+void dequantise(GraphDraft& draft, const Operation& operation) {
     demand(operation.inputs.size() == 1 && operation.outputs.size() == 1, "a layer has the wrong inputs");
-    const Tensor& narrow = reader.tensor(operation.inputs[0]);
-    Tensor& wide = reader.tensor(operation.outputs[0]);
-    demand(narrow.type == float16 && wide.value < 0 && wide.sides == narrow.sides,
+    const Tensor& narrow = draft.tensor(operation.inputs[0]);
+    Tensor& wide = draft.tensor(operation.outputs[0]);
+    demand(narrow.type == Tensor::float16 && wide.value < 0 && wide.sides == narrow.sides,
            "weights are of an unknown kind");
-    wide.type = float16;
+    wide.type = Tensor::float16;
     wide.stored = narrow.stored;
 }
 
-void add(Reader& reader, const Operation& operation) {
-    if (operation.code == opDequantise) return dequantise(reader, operation);
-    Draft made = draft(reader, operation);
-    made.layer.output = reader.newValue(reader.tensor(operation.outputs[0]));
-    demand(made.shape == reader.graph.values.back(), "a layer's result has the wrong size");
-    reader.products += made.shape.size();
-    demand(reader.products <= mostProducts, "it asks for too much work");
-    reader.graph.layers.push_back(std::move(made.layer));
+void add(GraphDraft& draft, const Operation& operation) {
+    if (operation.code == opDequantise) return dequantise(draft, operation);
+    Made made = layerOf(draft, operation);
+    made.layer.output = draft.newValue(draft.tensor(operation.outputs[0]));
+    demand(made.shape == draft.graph.values.back(), "a layer's result has the wrong size");
+    draft.products += made.shape.size();
+    demand(draft.products <= mostProducts, "it asks for too much work");
+    draft.graph.layers.push_back(std::move(made.layer));
 }
 
 std::vector<Tensor> readTensors(const FlatTable& file, const FlatTable& graph) {
@@ -388,12 +291,12 @@ Graph GraphFile::read(std::string_view bytes) {
     const auto graphs = file.tables(2, 1);
     demand(graphs.size() == 1, "it holds no network");
 
-    Reader reader;
-    reader.tensors = readTensors(file, graphs[0]);
-    reader.graph.input = reader.newValue(reader.tensor(only(graphs[0].numbers(1, 1))));
-    for (const Operation& operation : readOperations(file, graphs[0])) add(reader, operation);
-    reader.graph.output = reader.knownValue(only(graphs[0].numbers(2, 1)));
-    return std::move(reader.graph);
+    GraphDraft draft;
+    draft.tensors = readTensors(file, graphs[0]);
+    draft.graph.input = draft.newValue(draft.tensor(only(graphs[0].numbers(1, 1))));
+    for (const Operation& operation : readOperations(file, graphs[0])) add(draft, operation);
+    draft.graph.output = draft.knownValue(only(graphs[0].numbers(2, 1)));
+    return std::move(draft.graph);
 }
 
 }
