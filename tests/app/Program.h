@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdio>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,14 @@ struct Ran {
 
 inline void PrintTo(const Ran& ran, std::ostream* stream) {
     *stream << "code " << ran.code << ": " << ran.out;
+}
+
+/// A run that ends well, and one that fails, with this line.
+inline Ran printed(const std::string& line) {
+    return {0, line + "\n"};
+}
+inline Ran failure(const std::string& words) {
+    return {1, "error: " + words + "\n"};
 }
 
 /// One word for a shell.
@@ -38,11 +47,10 @@ inline Ran shell(const std::string& command) {
     return ran;
 }
 
-/// Runs the program itself with these words.
-inline Ran murboWith(const std::vector<std::string>& words, const std::string& environment = "") {
-    std::string command = environment;
-    command += " ";
-    command += quoted(MURBO_PROGRAM);
+/// Runs the program itself with these words, from a folder if one is given.
+inline Ran murboWith(const std::vector<std::string>& words, const std::string& environment = "",
+                     const std::filesystem::path& from = ".") {
+    std::string command = "cd " + quoted(from) + " && " + environment + " " + quoted(MURBO_PROGRAM);
     for (const auto& word : words) command.append(" ").append(quoted(word));
     return shell(command);
 }
