@@ -29,12 +29,13 @@ CameraPath moved(const Motion& speed, double step, double jitter = 0) {
 }
 
 TEST(CameraPath, tellsMovesWhateverTheSpacingOfThePictures) {
+    const std::pair<Motion, CameraMove> cases[] = {{{}, CameraMove::still},
+                                                   {{.across = -0.1}, CameraMove::pan},
+                                                   {{.down = 0.1, .roll = 0.05}, CameraMove::tilt},
+                                                   {{.zoom = 0.2}, CameraMove::zoom},
+                                                   {{.across = 0.1, .zoom = 0.2}, CameraMove::mixed}};
     for (const double step : {0.05, 0.1, 0.2, 0.6, 1.4}) {
-        EXPECT_EQ(moved({}, step).at(1.5).move, CameraMove::still) << step;
-        EXPECT_EQ(moved({.across = -0.1}, step).at(1.5).move, CameraMove::pan) << step;
-        EXPECT_EQ(moved({.down = 0.1, .roll = 0.05}, step).at(1.5).move, CameraMove::tilt) << step;
-        EXPECT_EQ(moved({.zoom = 0.2}, step).at(1.5).move, CameraMove::zoom) << step;
-        EXPECT_EQ(moved({.across = 0.1, .zoom = 0.2}, step).at(1.5).move, CameraMove::mixed) << step;
+        for (const auto& [speed, move] : cases) EXPECT_EQ(moved(speed, step).at(1.5).move, move) << step;
         EXPECT_GT(moved({.across = 0.1}, step).at(1.5).steadiness, 250) << step;
     }
 }

@@ -4,12 +4,12 @@
 #include <limits>
 #include <random>
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using namespace murbo;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 
@@ -26,18 +26,10 @@ Project projectWith(double length) {
 std::vector<std::string> told(const Project& project) {
     std::vector<std::string> result;
     for (const auto& clip : project.clips) {
-        std::string marks;
-        for (const double mark : clip.marks) marks.append(" ").append(std::to_string(std::lround(mark)));
-        result.push_back(clip.tag() + " " + std::to_string(std::lround(clip.start)) + "-" +
-                         std::to_string(std::lround(clip.end)) + marks);
+        result.push_back(fmt::format("{} {:.0f}-{:.0f}", clip.tag(), clip.start, clip.end));
+        for (const double mark : clip.marks) result.back() += fmt::format(" {:.0f}", mark);
     }
     return result;
-}
-
-std::vector<std::string> marked(std::vector<double> marks, double length = 1000) {
-    auto project = projectWith(length);
-    Clips::addAround(project, marks, stream);
-    return told(project);
 }
 
 // The plain way that the quick one must agree with: every growth merges all clips anew.
@@ -98,23 +90,30 @@ std::set<std::int64_t> plainAdd(Project& project, std::vector<double> marks) {
 
 }
 
-TEST(Clips, reachAroundTheirMarkWithinTheSource) {
-    EXPECT_THAT(marked({0}), ElementsAre("C01 0-60 0"));
-    EXPECT_THAT(marked({1000}), ElementsAre("C01 850-1000 1000"));
-    EXPECT_THAT(marked({1100}), ElementsAre("C01 950-1000 1100")); // the mark lies behind the clip's end
-    EXPECT_THAT(marked({1150}), IsEmpty());
-    EXPECT_THAT(marked({-59}), ElementsAre("C01 0-1 -59"));
-    EXPECT_THAT(marked({-60}), IsEmpty());
-    EXPECT_THAT(marked({none, 1 / 0.0, -1 / 0.0}), IsEmpty());
-    EXPECT_THAT(marked({10}, none), IsEmpty());
-    EXPECT_THAT(marked({10}, 0), IsEmpty());
-}
-
-TEST(Clips, marksWhoseWindowsTouchShareAClip) {
-    EXPECT_THAT(marked({310, 300}), ElementsAre("C01 150-370 300 310"));
-    EXPECT_THAT(marked({300, 300}), ElementsAre("C01 150-360 300 300"));
-    EXPECT_THAT(marked({200, 410}), ElementsAre("C01 50-470 200 410"));
-    EXPECT_THAT(marked({200, 410.01}), ElementsAre("C01 50-260 200", "C02 260-470 410"));
+TEST(Clips, reachAroundTheirMarksAndShareWhereTheyTouch) {
+    const std::tuple<std::vector<double>, double, std::vector<std::string>> cases[] = {
+        {{0}, 1000, {"C01 0-60 0"}},
+        {{1000}, 1000, {"C01 850-1000 1000"}},
+        {{1100}, 1000, {"C01 950-1000 1100"}}, // the mark lies behind the clip's end
+        {{1150}, 1000, {}},
+        {{-59}, 1000, {"C01 0-1 -59"}},
+        {{-60}, 1000, {}},
+        {{none, 1 / 0.0, -1 / 0.0}, 1000, {}},
+        {{10}, none, {}},
+        {{10}, 0, {}},
+        {{310, 300}, 1000, {"C01 150-370 300 310"}},
+        {{300, 300}, 1000, {"C01 150-360 300 300"}},
+        {{200, 410}, 1000, {"C01 50-470 200 410"}},
+        {{200, 410.01}, 1000, {"C01 50-260 200", "C02 260-470 410"}},
+    };
+    for (const auto& [marks, length, clips] : cases) {
+        auto project = projectWith(length);
+        Clips::addAround(project, marks, stream);
+        EXPECT_EQ(told(project), clips);
+    }
+    auto full = projectWith(1000);
+    full.lastClip = std::numeric_limits<std::int64_t>::max();
+    EXPECT_THROW(Clips::addAround(full, {500}, stream), Problem) << "numbers never run over";
 }
 
 TEST(Clips, oneThatGrowsTakesInItsNeighboursAndLosesItsSummary) {
@@ -138,10 +137,9 @@ TEST(Clips, oneThatGrowsTakesInItsNeighboursAndLosesItsSummary) {
 
 TEST(Clips, aPlaceBehindTheEndAfterMergingIsNoFault) {
     auto project = projectWith(5000);
-    project.clips.edit() = {Clip{.number = 1, .source = stream, .start = 0, .end = 100},
-                            Clip{.number = 2, .source = stream, .start = 50, .end = 200},
-                            Clip{.number = 3, .source = stream, .start = 150, .end = 400}};
-    project.clips.edit()[2].start = 300;
+    project.clips.edit() = {{.number = 1, .source = stream, .start = 0, .end = 100},
+                            {.number = 2, .source = stream, .start = 50, .end = 200},
+                            {.number = 3, .source = stream, .start = 300, .end = 400}};
     const auto ids = Clips::addAround(project, {500}, stream); // meets the third clip only
     EXPECT_THAT(told(project), ElementsAre("C01 0-200", "C03 300-560 500"));
     EXPECT_THAT(ids, ElementsAre(project.clips[1].id));
@@ -181,10 +179,4 @@ TEST(Clips, manyMarksAreTakenInAMoment) {
     auto project = projectWith(1e9);
     EXPECT_EQ(Clips::addAround(project, marks, stream).size(), 3'001);
     EXPECT_EQ(project.clips.size(), 3'001);
-}
-
-TEST(Clips, numbersNeverRunOver) {
-    auto project = projectWith(1000);
-    project.lastClip = std::numeric_limits<std::int64_t>::max();
-    EXPECT_THROW(Clips::addAround(project, {500}, stream), Problem);
 }

@@ -84,20 +84,15 @@ TEST(Intake, leavesOutWhatCannotBeMeasured) {
                 IsEmpty());
 }
 
-TEST(Intake, measuresRealFootageInTheGivenOrder) {
+TEST(Intake, measuresRealFootage) {
     const fs::path footage = MURBO_FOOTAGE;
     if (!fs::exists(footage)) GTEST_SKIP() << "the sample footage is not here";
     const auto measured = Intake::lengths(Intake::videos({footage}));
-    std::vector<std::string> names;
-    for (const auto& file : measured) names.push_back(file.path.filename().string());
-    EXPECT_THAT(names, testing::AllOf(testing::Contains("talk-seven-people.mp4"),
-                                      testing::Contains("broken-cut-short.mkv"),
-                                      testing::Not(testing::Contains("broken-no-moov.mp4"))));
-    for (const auto& file : measured) {
-        if (file.path.filename() == "talk-seven-people.mp4") {
-            EXPECT_NEAR(file.length, 21, 0.1);
-        }
-    }
+    std::map<std::string, double> lengths;
+    for (const auto& file : measured) lengths[file.path.filename()] = file.length;
+    EXPECT_NEAR(lengths["talk-seven-people.mp4"], 21, 0.1);
+    EXPECT_TRUE(lengths.contains("broken-cut-short.mkv"));
+    EXPECT_FALSE(lengths.contains("broken-no-moov.mp4"));
 }
 
 TEST(Intake, namesAGroupByItsOneFolder) {

@@ -1,9 +1,9 @@
 #include "core/intake/Loudness.h"
-#include "platform/base/Files.h"
+#include "core/intake/Sound.h"
 #include "platform/base/Problem.h"
+#include "tests/TemporaryFolder.h"
 
 #include <cmath>
-#include <fstream>
 
 #include <gtest/gtest.h>
 
@@ -11,37 +11,21 @@ using namespace murbo;
 
 namespace {
 
-/// A mono file of 48 kHz, 16 bits, whose amplitude is given second by second.
-void writeWave(const std::filesystem::path& path, const std::vector<double>& amplitudes) {
-    std::string samples;
-    for (std::size_t second = 0; second < amplitudes.size(); ++second)
-        for (int at = 0; at < 48000; ++at) {
-            const double wave = std::sin(2 * M_PI * 1000 * at / 48000) * amplitudes[second];
-            const auto sample =
-                static_cast<std::int16_t>(std::clamp(std::lround(wave * 32768), -32768L, 32767L));
-            samples += {static_cast<char>(sample & 0xFF), static_cast<char>(sample >> 8)};
-        }
-    const auto number = [](std::uint32_t value, int bytes) {
-        std::string text;
-        for (int at = 0; at < bytes; ++at) text += static_cast<char>(value >> (8 * at));
-        return text;
-    };
-    const auto size = static_cast<std::uint32_t>(samples.size());
-    std::ofstream(path, std::ios::binary)
-        << "RIFF" << number(36 + size, 4) << "WAVEfmt " << number(16, 4) << number(1, 2) << number(1, 2)
-        << number(48000, 4) << number(96000, 4) << number(2, 2) << number(16, 2) << "data" << number(size, 4)
-        << samples;
-}
-
+/// A folder of sounds, whose amplitude is given second by second.
 class LoudnessFiles : public testing::Test {
 protected:
-    void SetUp() override { std::filesystem::create_directories(folder); }
-    void TearDown() override { std::filesystem::remove_all(folder); }
+    Source sound(const std::string& name, const std::vector<double>& amplitudes) const {
+        std::string samples;
+        for (std::size_t at = 0; at < amplitudes.size() * Sound::speechRate; ++at) {
+            const double wave = std::sin(2 * M_PI * at / 16) * amplitudes[at / Sound::speechRate];
+            const auto sample = static_cast<std::int16_t>(std::lround(wave * 32767));
+            samples.append(reinterpret_cast<const char*>(&sample), 2);
+        }
+        return {.path =
+                    folder.file(name, Sound::header(static_cast<std::int64_t>(samples.size())) + samples)};
+    }
 
-    Source source(const std::string& name) const { return {.path = (folder / name).string()}; }
-
-    std::filesystem::path folder =
-        std::filesystem::temp_directory_path() / ("loudness-" + UUID::make().text());
+    const TemporaryFolder folder;
 };
 
 }
@@ -65,33 +49,29 @@ TEST(Loudness, answersTheLoudestOfAStretch) {
 }
 
 TEST_F(LoudnessFiles, areMeasuredOnceAndKept) {
-    writeWave(folder / "a.wav", {0, 0.5, 0.05});
-    const auto loudness = Loudness::of(source("a.wav"));
+    const auto source = sound("a.wav", {0, 0.5, 0.05});
+    const auto loudness = Loudness::of(source);
     ASSERT_EQ(loudness.levels.size(), 30u);
     EXPECT_NEAR(loudness.levels[5], 0, 1);
     EXPECT_NEAR(loudness.levels[15], (60 - 6.02) / 60 * 255, 2);
     EXPECT_NEAR(loudness.levels[25], (60 - 26.02) / 60 * 255, 2);
 
-    const auto kept = source("a.wav");
     const auto cache = folder / "cache";
-    EXPECT_EQ(Loudness::of(kept, cache), loudness);
-    const auto file = cache / "loudness" / (kept.id.text() + ".bin");
-    EXPECT_EQ(Files::readWhole(file, 1000).size(), 30u);
-    std::ofstream(file, std::ios::trunc) << "levels";
-    EXPECT_EQ(Loudness::of(kept, cache).levels.size(), 6u);
-    std::ofstream(file, std::ios::trunc) << "";
-    EXPECT_EQ(Loudness::of(kept, cache), loudness);
+    EXPECT_EQ(Loudness::of(source, cache), loudness);
+    const auto kept = "cache/loudness/" + source.id.text() + ".bin";
+    EXPECT_EQ(contentsOf(folder / kept).size(), 30u);
+    folder.file(kept, "levels");
+    EXPECT_EQ(Loudness::of(source, cache).levels.size(), 6u);
+    folder.file(kept, "");
+    EXPECT_EQ(Loudness::of(source, cache), loudness);
 }
 
 TEST_F(LoudnessFiles, ofManySourcesLeaveOutTheBroken) {
-    std::vector<Source> sources;
-    for (const char* name : {"a.wav", "b.wav", "c.wav"}) {
-        writeWave(folder / name, {0.5});
-        sources.push_back(source(name));
-    }
-    std::ofstream(folder / "broken.wav") << "no sound at all";
-    sources.push_back(source("broken.wav"));
-    sources.push_back(source("gone.wav"));
+    const std::vector<Source> sources{sound("a.wav", {0.5}),
+                                      sound("b.wav", {0.5}),
+                                      sound("c.wav", {0.5}),
+                                      {.path = folder.file("broken.wav", "no sound at all")},
+                                      {.path = folder / "gone.wav"}};
     const auto all = Loudness::of(sources, std::nullopt);
     EXPECT_EQ(all.size(), 3u);
     EXPECT_EQ(all.at(sources[1].id).levels.size(), 10u);

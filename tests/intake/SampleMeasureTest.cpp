@@ -4,7 +4,6 @@
 #include "platform/base/Files.h"
 #include "tests/intake/Stretches.h"
 
-#include <fstream>
 #include <numeric>
 
 using namespace murbo;
@@ -34,12 +33,6 @@ Means meansOf(const std::string& name, const std::string& filter) {
 double shareOf(CameraMove move, const Samples& samples) {
     return static_cast<double>(std::count(samples.moves.begin(), samples.moves.end(), move)) /
            static_cast<double>(samples.moves.size());
-}
-
-Source sourceOf(const std::filesystem::path& path) {
-    Source source;
-    source.path = path;
-    return source;
 }
 
 const std::string shaky = "crop=480:360:x='240+14*(random(1)-.5)':y='180+14*(random(2)-.5)'";
@@ -94,33 +87,24 @@ TEST(SampleMeasure, movesAreTold) {
     const std::string zooming =
         "zoompan=z='1.1+0.006*on':x='iw/2-iw/zoom/2':y='ih/2-ih/zoom/2':d=1:"
         "s=480x360:fps=25";
-    struct Case {
-        const char* name;
-        std::string filter;
-        CameraMove move;
-    };
-    for (const auto& [name, filter, move] :
-         {Case{"still", still, CameraMove::still}, Case{"panning", panning, CameraMove::pan},
-          Case{"tilting", "crop=480:360:y=20+60*t:x=240", CameraMove::tilt},
-          Case{"zooming", zooming, CameraMove::zoom},
-          Case{"rolling", "rotate=0.2*t,crop=480:360", CameraMove::roll},
-          Case{"slanting", "crop=480:360:x=20+60*t:y=20+60*t", CameraMove::mixed},
-          // A little man before the camera is not the camera.
-          Case{"passing",
-               still + "[wall];color=black:s=90x200:r=25[man];[wall][man]overlay=x=t*150:y=150:shortest=1",
-               CameraMove::still}}) {
+    const std::tuple<const char*, std::string, CameraMove> cases[] = {
+        {"still", still, CameraMove::still},
+        {"panning", panning, CameraMove::pan},
+        {"tilting", "crop=480:360:y=20+60*t:x=240", CameraMove::tilt},
+        {"zooming", zooming, CameraMove::zoom},
+        {"rolling", "rotate=0.2*t,crop=480:360", CameraMove::roll},
+        {"slanting", "crop=480:360:x=20+60*t:y=20+60*t", CameraMove::mixed},
+        // A little man before the camera is not the camera.
+        {"passing",
+         still + "[wall];color=black:s=90x200:r=25[man];[wall][man]overlay=x=t*150:y=150:shortest=1",
+         CameraMove::still}};
+    for (const auto& [name, filter, move] : cases) {
         const Samples samples = SampleMeasure::measure(stretch(std::string(name) + ".mp4", filter));
         EXPECT_GT(shareOf(move, samples), 0.9) << name;
     }
-}
-
-TEST(SampleMeasure, aTurnedPhonePansAsItIsLookedAt) {
-    MURBO_NEEDS_FFMPEG();
-    const auto lying = stretch("panning.mp4", panning);
-    const auto turned = stretches::folder() / "turned.mp4";
-    const std::string command = "ffmpeg -nostdin -v error -y -i '" + lying.string() +
-                                "' -c copy -metadata:s:v rotate=90 '" + turned.string() + "'";
-    ASSERT_EQ(std::system(command.c_str()), 0);
+    // A turned phone pans as it is looked at.
+    const auto turned = made::file("turned.mp4", "-i " + made::quoted(stretch("panning.mp4", panning)) +
+                                                     " -c copy -metadata:s:v rotate=90");
     EXPECT_GT(shareOf(CameraMove::tilt, SampleMeasure::measure(turned)), 0.9);
 }
 
@@ -142,11 +126,12 @@ TEST(SampleMeasure, everyKindOfFileHasFourSamplesASecond) {
 
 TEST(SampleMeasure, isKeptInTheCacheAndMeasuredAnewWhereThatIsBroken) {
     MURBO_NEEDS_FFMPEG();
-    const auto cache = stretches::folder() / "cache";
-    const Source source = sourceOf(stretch("still.mp4", still));
+    const TemporaryFolder folder;
+    const auto cache = folder / "cache";
+    const Source source{.path = stretch("still.mp4", still)};
     const auto file = cache / "samples" / (source.id.text() + ".json");
     const Samples measured = SampleMeasure::of(source, cache);
-    const std::string whole = Files::readWhole(file, 1 << 20);
+    const std::string whole = contentsOf(file);
     EXPECT_EQ(Codec::decode<Samples>(whole), measured);
 
     Samples other = measured;
@@ -165,28 +150,23 @@ TEST(SampleMeasure, isKeptInTheCacheAndMeasuredAnewWhereThatIsBroken) {
           Codec::encode(outside), Codec::encode(otherRate), Codec::encode(Samples{})}) {
         std::ofstream(file) << broken;
         EXPECT_EQ(SampleMeasure::of(source, cache), measured) << broken.substr(0, 60);
-        EXPECT_EQ(Files::readWhole(file, 1 << 20), whole);
+        EXPECT_EQ(contentsOf(file), whole);
     }
-    const auto blocked = stretches::folder() / "no-folder";
-    std::ofstream(blocked) << "in the way";
+    const auto blocked = folder.file("no-folder", "in the way");
     EXPECT_EQ(SampleMeasure::of(source, blocked), measured) << "what can't be kept is measured all the same";
 }
 
 TEST(SampleMeasure, filesWithoutPicturesAndBrokenOnes) {
     MURBO_NEEDS_FFMPEG();
-    const auto& folder = stretches::folder();
-    const auto sound = folder / "sound.wav";
-    ASSERT_EQ(
-        std::system(("ffmpeg -nostdin -v error -y -f lavfi -i sine=d=1 '" + sound.string() + "'").c_str()),
-        0);
-    EXPECT_EQ(SampleMeasure::measure(sound).count(), 0U);
+    const TemporaryFolder folder;
+    EXPECT_EQ(SampleMeasure::measure(made::file("sound.wav", "-f lavfi -i sine=d=1")).count(), 0U);
     EXPECT_THROW(SampleMeasure::measure(folder / "nowhere.mp4"), Problem);
 
-    const std::string whole = Files::readWhole(stretch("h264.mkv", panning), 1 << 24);
+    const auto movie = stretch("h264.mkv", panning);
+    const std::string whole = contentsOf(movie);
     for (const double share : {0.0, 0.02, 0.3, 0.7}) {
-        const auto path = folder / "cut-short.mkv";
-        std::ofstream(path, std::ios::binary)
-            << whole.substr(0, static_cast<std::size_t>(whole.size() * share));
+        const auto path =
+            folder.file("cut-short.mkv", whole.substr(0, static_cast<std::size_t>(whole.size() * share)));
         try {
             EXPECT_LE(SampleMeasure::measure(path).count(), 12U) << share;
         } catch (const Problem& problem) {
@@ -194,14 +174,14 @@ TEST(SampleMeasure, filesWithoutPicturesAndBrokenOnes) {
         }
     }
 
-    const std::vector<Source> sources{sourceOf(folder / "nowhere.mp4"), sourceOf(folder / "h264.mkv")};
+    const std::vector<Source> sources{{.path = folder / "nowhere.mp4"}, {.path = movie}};
     const auto all = SampleMeasure::of(sources, std::nullopt);
     ASSERT_EQ(all.size(), 1U);
     EXPECT_EQ(all.begin()->second.count(), 12U);
 
     std::stop_source stop;
     stop.request_stop();
-    EXPECT_THROW(SampleMeasure::measure(folder / "h264.mkv", stop.get_token()), Cancelled);
+    EXPECT_THROW(SampleMeasure::measure(movie, stop.get_token()), Cancelled);
 }
 
 // What was seen on real footage when it was looked at.

@@ -3,6 +3,7 @@
 #include "platform/base/Cancelled.h"
 #include "platform/base/Data.h"
 #include "tests/FakeServer.h"
+#include "tests/ProblemOf.h"
 #include "tests/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -26,11 +27,8 @@ struct Asked {
         return engine.transcribe(wav, "th", "a hint", stop);
     }
 
-    std::string failure() try {
-        transcribe();
-        return "";
-    } catch (const Problem& problem) {
-        return problem.message();
+    std::string failure() {
+        return problemOf([&] { transcribe(); });
     }
 
     TemporaryFolder folder;
@@ -105,10 +103,8 @@ TEST(Scribe, asksNobodyWithoutAKeyOrInTheOpen) {
 }
 
 TEST(Scribe, makesLinesOfWords) {
-    struct Case {
-        std::vector<HeardLine> words, lines;
-    };
-    const Case cases[] = {
+    using Lines = std::vector<HeardLine>;
+    const std::pair<Lines, Lines> cases[] = {
         {{}, {}},
         {{{0, 0.4, "A"}, {0.8, 1.0, "B"}}, {{0, 1.0, "A B"}}},
         {{{0, 0.4, "A"}, {1.0, 1.2, "B"}}, {{0, 0.4, "A"}, {1.0, 1.2, "B"}}},

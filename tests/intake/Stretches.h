@@ -1,29 +1,27 @@
 #pragma once
 
-#include <filesystem>
-#include <string>
+#include "tests/MadeMedia.h"
 
-#include <gtest/gtest.h>
-
-/// Small stretches of video whose picture is known, made by the ffmpeg program: a window on one large drawn
-/// picture, moved or spoilt.
+/// Small stretches of video whose picture is known: a window on one large drawn picture, moved or spoilt.
 namespace murbo::stretches {
 
-bool canMake();
+/// Islands of even tones with hard shores, 960 x 720: blurred noise, in steps.
+inline std::filesystem::path picture() {
+    return made::file("picture.png",
+                      "-f lavfi -i color=gray:s=960x720 -vf \"noise=alls=100:all_seed=7,gblur=sigma=7,"
+                      "lutyuv=y='floor(clip((val-128)*11+120,30,225)/45)*45':u=128:v=128\" -frames:v 1");
+}
 
-/// A folder of this process's own, gone with it.
-const std::filesystem::path& folder();
-
-/// Makes a stretch of three seconds, once. `filter` turns the large picture of 960 x 720 into one of
-/// 480 x 360; `encoding` are further options for the ffmpeg program.
-std::filesystem::path stretch(const std::string& name, const std::string& filter,
-                              const std::string& encoding = "-c:v libx264 -preset veryfast -crf 20 -g 250");
+/// Makes a stretch of three seconds, once. `filter` turns the large picture into one of 480 x 360; `encoding`
+/// are further options for the ffmpeg program.
+inline std::filesystem::path stretch(
+    const std::string& name, const std::string& filter,
+    const std::string& encoding = "-c:v libx264 -preset veryfast -crf 20 -g 250") {
+    return made::file(name, "-loop 1 -r 25 -i " + made::quoted(picture()) + " -t 3 -vf \"" + filter +
+                                ",noise=alls=3:allf=t,format=yuv420p\" -an " + encoding);
+}
 
 /// The window in the middle of the picture, kept still.
 inline const std::string still = "crop=480:360";
 
 }
-
-#define MURBO_NEEDS_FFMPEG()          \
-    if (!murbo::stretches::canMake()) \
-    GTEST_SKIP() << "The ffmpeg program makes these stretches, and it is not here."

@@ -1,12 +1,10 @@
 #include "core/intake/Sound.h"
 #include "core/intake/Transcription.h"
 #include "core/intake/Whisper.h"
-#include "platform/base/Problem.h"
 #include "platform/base/Tool.h"
+#include "tests/Environment.h"
+#include "tests/ProblemOf.h"
 #include "tests/TemporaryFolder.h"
-
-#include <cstdlib>
-#include <sstream>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,45 +16,28 @@ namespace fs = std::filesystem;
 
 namespace {
 
-Source source(const fs::path& path) {
-    Source made;
-    made.path = path;
-    return made;
-}
-
-std::size_t filesIn(const fs::path& folder) {
-    return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), {}));
-}
-
 /// The real tool and the model that hears made speech, found by way of PATH and the home folder.
 class RealWhisper : public testing::Test {
 protected:
     void SetUp() override {
-        home = std::getenv("HOME") ? std::getenv("HOME") : "";
-        path = std::getenv("PATH") ? std::getenv("PATH") : "";
-        setenv("PATH", (path + ":" MURBO_TOOLS).c_str(), 1);
         const auto model = fs::path(MURBO_SPEECH_MODELS) / "ggml-espeak-q8_0.bin";
         if (!Tool::find("whisper-cli")) GTEST_SKIP() << "whisper-cli is not here; ./dev test builds it.";
         if (!fs::exists(model)) GTEST_SKIP() << "There is no model to listen with.";
         if (!fs::exists(speech)) GTEST_SKIP() << "There is no speech to listen to.";
         fs::create_directories(folder / ".whisper-models");
         fs::create_symlink(model, folder / ".whisper-models/ggml-large-v3-turbo.bin");
-        setenv("HOME", folder.path.c_str(), 1);
-    }
-    void TearDown() override {
-        setenv("HOME", home.c_str(), 1);
-        setenv("PATH", path.c_str(), 1);
     }
 
     static std::vector<Line> hear(double start, double end) {
-        return Transcription::lines(source(speech), start, end, "en", "",
+        return Transcription::lines({.path = speech}, start, end, "en", "",
                                     Whisper::on(Whisper::standardModel()))
             .lines;
     }
 
     static inline const fs::path speech = fs::path(MURBO_FOOTAGE) / "speech-espeak.wav";
-    TemporaryFolder folder;
-    std::string home, path;
+    const TemporaryFolder folder;
+    const Environment home{"HOME", folder.path};
+    const Environment path{"PATH", std::string(std::getenv("PATH")) + ":" MURBO_TOOLS};
 };
 
 /// The line that starts nearest to a time.
@@ -78,7 +59,7 @@ void expectSaid(const std::vector<Line>& lines, double start, double end, const 
 
 TEST(Transcription, putsLinesOnTheSourcesTimeAndRemovesTheSound) {
     const TemporaryFolder folder, temporary;
-    setenv("TMPDIR", temporary.path.c_str(), 1);
+    const Environment variable("TMPDIR", temporary.path);
     const auto file = folder.file("a.wav", Sound::header(320000) + std::string(320000, '\0'));
     const Transcriber engine{
         "fake", true, [&](const auto& wav, const auto& language, const auto& hint, auto) {
@@ -88,7 +69,7 @@ TEST(Transcription, putsLinesOnTheSourcesTimeAndRemovesTheSound) {
                       "names");
             return Transcribed{{{0.5, 1, "a"}, {2.5, 3.5, "b"}, {3.25, 4, "c"}}, 0.5, "asked"};
         }};
-    const auto result = Transcription::lines(source(file), 2, 5, "th", "names", engine);
+    const auto result = Transcription::lines({.path = file}, 2, 5, "th", "names", engine);
     EXPECT_EQ(result.cost, 0.5);
     EXPECT_EQ(result.request, "asked");
     ASSERT_EQ(result.lines.size(), 3u);
@@ -103,9 +84,8 @@ TEST(Transcription, putsLinesOnTheSourcesTimeAndRemovesTheSound) {
     const Transcriber failing{"fake", false, [](const auto&, const auto&, const auto&, auto) -> Transcribed {
                                   throw Problem("It failed.");
                               }};
-    EXPECT_THROW(Transcription::lines(source(file), 2, 5, "th", "", failing), Problem);
-    unsetenv("TMPDIR");
-    EXPECT_EQ(filesIn(temporary.path), 0u);
+    EXPECT_THROW(Transcription::lines({.path = file}, 2, 5, "th", "", failing), Problem);
+    EXPECT_EQ(entriesIn(temporary.path), 0);
 }
 
 TEST(Transcription, estimatesWhatScribeCosts) {
@@ -135,15 +115,8 @@ TEST_F(RealWhisper, hearsAStretchOnTheSourcesOwnTime) {
 
 TEST_F(RealWhisper, refusesAModelThatIsNone) {
     const TemporaryFolder temporary;
-    setenv("TMPDIR", temporary.path.c_str(), 1);
-    const auto engine = Whisper::on(speech);
-    std::string failure;
-    try {
-        Transcription::lines(source(speech), 0, 2, "en", "", engine);
-    } catch (const Problem& problem) {
-        failure = problem.message();
-    }
-    unsetenv("TMPDIR");
-    EXPECT_EQ(failure, "whisper-cli stopped with an error. error: failed to initialize whisper context");
-    EXPECT_EQ(filesIn(temporary.path), 0u);
+    const Environment variable("TMPDIR", temporary.path);
+    EXPECT_EQ(problemOf([] { Transcription::lines({.path = speech}, 0, 2, "en", "", Whisper::on(speech)); }),
+              "whisper-cli stopped with an error. error: failed to initialize whisper context");
+    EXPECT_EQ(entriesIn(temporary.path), 0);
 }

@@ -1,9 +1,10 @@
 #include "core/intake/Sound.h"
 #include "core/intake/Whisper.h"
 #include "platform/base/Cancelled.h"
+#include "tests/Environment.h"
+#include "tests/ProblemOf.h"
 #include "tests/TemporaryFolder.h"
 
-#include <sstream>
 #include <thread>
 
 #include <gmock/gmock.h>
@@ -20,12 +21,7 @@ namespace {
 /// A home folder with a model that is none and a tool of the test's own that pretends to listen.
 class FakeWhisper : public testing::Test {
 protected:
-    void SetUp() override {
-        home = std::getenv("HOME") ? std::getenv("HOME") : "";
-        setenv("HOME", folder.path.c_str(), 1);
-        folder.file(".whisper-models/ggml-large-v3-turbo.bin");
-    }
-    void TearDown() override { setenv("HOME", home.c_str(), 1); }
+    FakeWhisper() { folder.file(".whisper-models/ggml-large-v3-turbo.bin"); }
 
     /// The tool's script; $stem is what it was told by -of.
     void script(const std::string& lines) const {
@@ -39,20 +35,16 @@ protected:
         return Whisper::on("/some model.bin", "fake-whisper").transcribe(wav, "th", hint, stop);
     }
 
-    std::string failure() const try {
-        transcribe();
-        return "";
-    } catch (const Problem& problem) {
-        return problem.message();
+    std::string failure() const {
+        return problemOf([&] { transcribe(); });
     }
 
-    bool isTidy() const {
-        return std::distance(fs::directory_iterator(folder / "sounds"), {}) == 1; // the sound alone
-    }
+    /// Whether nothing but the sound is left.
+    bool isTidy() const { return entriesIn(folder / "sounds") == 1; }
 
-    TemporaryFolder folder;
+    const TemporaryFolder folder;
+    const Environment home{"HOME", folder.path};
     const fs::path wav = folder.file("sounds/a b.wav", Sound::header(32000) + std::string(32000, '\0'));
-    std::string home;
 };
 
 }
@@ -89,12 +81,10 @@ TEST_F(FakeWhisper, isToldAllInItsOrderAndLeavesNothing) {
     const auto stem = fs::path(wav).replace_extension().string();
     EXPECT_EQ(heard.request, "fake-whisper -m /some model.bin -f " + stem + ".wav -l th -np -ml 60 -oj -of " +
                                  stem + " --prompt Dwex, a b");
-    std::stringstream said;
-    said << std::ifstream(folder / "said").rdbuf();
-    EXPECT_EQ(said.str(), "-m|/some model.bin|-f|" + stem + ".wav|-l|th|-np|-ml|60|-oj|-of|" + stem +
-                              "|--prompt|Dwex, a b|");
+    EXPECT_EQ(
+        contentsOf(folder / "said"),
+        "-m|/some model.bin|-f|" + stem + ".wav|-l|th|-np|-ml|60|-oj|-of|" + stem + "|--prompt|Dwex, a b|");
     EXPECT_TRUE(isTidy());
-    transcribe();
     EXPECT_THAT(transcribe().request, testing::Not(HasSubstr("--prompt")));
 }
 
@@ -126,7 +116,7 @@ TEST_F(FakeWhisper, thatHangsEndsWhenItIsCancelled) {
 
 TEST_F(FakeWhisper, isNotRunForSilenceWithoutLength) {
     script("exit 1");
-    std::ofstream(wav, std::ios::binary) << Sound::header(0);
+    folder.file("sounds/a b.wav", Sound::header(0));
     EXPECT_TRUE(transcribe().lines.empty());
 }
 
