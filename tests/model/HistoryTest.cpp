@@ -92,6 +92,9 @@ TEST(History, dropsOldStepsThatComeToTooMuchButNeverTheNewest) {
     }
     ASSERT_EQ(history.past().size(), 1u);
     EXPECT_EQ(history.undoName(), "Step 3");
+    big.transcripts[source].lines.edit()[0].text.resize(History::mostBytes, 'x');
+    history.record("Huge", {}, big);
+    EXPECT_EQ(history.undoName(), "Huge");
 }
 
 TEST(History, aBrokenPartCostsNoOther) {

@@ -131,10 +131,8 @@ TEST(VideoEdits, movesBeforeTheCutThatStandsThere) {
 TEST(VideoEdits, removesEveryCutOfThatIdEvenWhenNamedByItself) {
     auto video = threeCuts();
     video.cuts.edit().push_back(video.cuts[0]);
-    const auto before = video;
     VideoEdits::remove(video, video.cuts[0].id);
     EXPECT_EQ(told(video), "20-24 30-33 ");
-    EXPECT_EQ(told(before), three + "10-12 ");
 }
 
 TEST(VideoEdits, takesQuietOut) {
