@@ -1,11 +1,13 @@
 #include "platform/image/Bitmap.h"
 
 #include "platform/base/Problem.h"
+#include "platform/image/PixelMemory.h"
 
 namespace murbo {
 namespace {
 
 constexpr int longestSide = 32768;
+/// Rows start on whole cache lines, so that no vector of pixels straddles two.
 constexpr std::ptrdiff_t rowAlignment = 64;
 
 std::ptrdiff_t rounded(std::ptrdiff_t bytes) {
@@ -16,12 +18,6 @@ void require(int width, int height) {
     if (width > 0 && height > 0 && width <= longestSide && height <= longestSide) return;
     throw Problem("A picture of " + std::to_string(width) + " × " + std::to_string(height) +
                   " pixels can’t be held.");
-}
-
-/// Rows start on whole cache lines, so that no vector of pixels straddles two.
-std::shared_ptr<std::uint8_t[]> aligned(std::ptrdiff_t bytes) {
-    auto* memory = static_cast<std::uint8_t*>(::operator new[](bytes, std::align_val_t(rowAlignment)));
-    return {memory, [](std::uint8_t* taken) { ::operator delete[](taken, std::align_val_t(rowAlignment)); }};
 }
 
 }
@@ -37,7 +33,7 @@ Bitmap Bitmap::toBeFilled(int width, int height) {
     bitmap.pixelsWide = width;
     bitmap.pixelsHigh = height;
     bitmap.rowBytes = rounded(std::ptrdiff_t(width) * 4);
-    bitmap.memory = aligned(bitmap.rowBytes * height);
+    bitmap.memory = PixelMemory::take(bitmap.rowBytes * height);
     return bitmap;
 }
 
@@ -52,7 +48,7 @@ Planes::Planes(int width, int height) {
     chromaStride = rounded(width / 2);
     offsets[1] = lumaStride * height;
     offsets[2] = offsets[1] + chromaStride * (height / 2);
-    memory = aligned(offsets[2] + chromaStride * (height / 2));
+    memory = PixelMemory::take(offsets[2] + chromaStride * (height / 2));
 }
 
 }

@@ -92,14 +92,21 @@ Layer::Draw draw(const Bloomed& filter, const Node& of, const Transform& place, 
     eachRow(near, [&](int y, auto* row) {
         Kernels::fade(narrowShare, narrow.width(), row);
         Kernels::fade(wideShare, narrow.width(), far.bitmap.row(y));
-        Kernels::addLight(far.bitmap.row(y), narrow.width(), row);
+        Kernels::add(far.bitmap.row(y), narrow.width(), row);
     });
-    return [base, glow = sampling(std::move(near), toNarrow, bounds)](const Tile& tile) {
+    return [base, glow = sampling(std::move(near), toNarrow, bounds),
+            scratch = Bitmap()](const Tile& tile) mutable {
         inStrips(tile, [&](const Tile& strip) {
-            glow(strip);
             const auto& at = strip.area;
-            for (int y = at.top; y < at.bottom; ++y)
-                Kernels::addLight(base->tile().at(at.left, y), at.width(), strip.at(at.left, y));
+            if (scratch.width() < at.width() || scratch.height() < at.height())
+                scratch = Bitmap::toBeFilled(at.width(), at.height());
+            const Tile light{scratch.row(0), scratch.stride(), at};
+            glow(light);
+            for (int y = at.top; y < at.bottom; ++y) {
+                auto* row = strip.at(at.left, y);
+                std::memcpy(row, base->tile().at(at.left, y), std::size_t(at.width()) * 4);
+                Kernels::screen(light.at(at.left, y), at.width(), row);
+            }
         });
     };
 }

@@ -41,8 +41,6 @@ void shadeRow(const std::int32_t* across, int down, const std::uint32_t* light, 
 /// Each channel, alpha too, times shares[brightness of the pixel] in 1/255, the share standing in both
 /// halves.
 void keepBright(const std::uint32_t* shares, int count, std::uint8_t* pixels);
-/// Light on light: 1 − (1 − pixel)(1 − light), alpha too.
-void addLight(const std::uint8_t* light, int count, std::uint8_t* pixels);
 
 /// What an old tape makes of a row.
 struct TapeRow {

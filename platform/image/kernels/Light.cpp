@@ -65,22 +65,6 @@ void KeepBright(const std::uint32_t* shares, int count, std::uint8_t* pixels) {
     });
 }
 
-void AddLight(const std::uint8_t* light, int count, std::uint8_t* pixels) {
-    inVectors<std::uint32_t>(count, [&](auto d, int at) {
-        const hn::Repartition<std::uint16_t, decltype(d)> words;
-        const auto one = hn::BitCast(words, hn::Not(load(d, pixels, at)));
-        const auto other = hn::BitCast(words, hn::Not(load(d, light, at)));
-        const auto even = hn::Set(words, 0x00FF);
-        const auto product = [&](auto a, auto b) {
-            const auto rounded = hn::Add(hn::Mul(a, b), hn::Set(words, 128));
-            return hn::Add(rounded, hn::ShiftRight<8>(rounded));
-        };
-        const auto low = hn::ShiftRight<8>(product(hn::And(one, even), hn::And(other, even)));
-        const auto high = hn::AndNot(even, product(hn::ShiftRight<8>(one), hn::ShiftRight<8>(other)));
-        store(d, hn::Not(hn::BitCast(d, hn::Or(low, high))), pixels, at);
-    });
-}
-
 }
 HWY_AFTER_NAMESPACE();
 
@@ -89,7 +73,6 @@ namespace murbo::Kernels {
 
 HWY_EXPORT(ShadeRow);
 HWY_EXPORT(KeepBright);
-HWY_EXPORT(AddLight);
 
 void shadeRow(const std::int32_t* across, int down, const std::uint32_t* light, int x, int y, int count,
               std::uint8_t* pixels) {
@@ -98,10 +81,6 @@ void shadeRow(const std::int32_t* across, int down, const std::uint32_t* light, 
 
 void keepBright(const std::uint32_t* shares, int count, std::uint8_t* pixels) {
     HWY_DYNAMIC_DISPATCH(KeepBright)(shares, count, pixels);
-}
-
-void addLight(const std::uint8_t* light, int count, std::uint8_t* pixels) {
-    HWY_DYNAMIC_DISPATCH(AddLight)(light, count, pixels);
 }
 
 }
