@@ -127,8 +127,10 @@ std::array<Plane, 5> planes(const Bitmap& small, std::span<const float> likely) 
                 for (int colour : {blue, green, red}) colours[colour] += small.row(row)[4 * column + colour];
                 sum += likely[std::size_t(row) * small.width() + column];
             }
-            for (int colour : {blue, green, red})
-                result[std::size_t(colour)].row(y)[x] = float((colours[colour] + square / 2) / square);
+            for (int colour : {blue, green, red}) {
+                const int mean = (colours[colour] + square / 2) / square;
+                result[std::size_t(colour)].row(y)[x] = float(mean);
+            }
             result[mask].row(y)[x] = std::floor(sum * (255.f / square) + 0.5f);
             result[ones].row(y)[x] = 1;
         }
