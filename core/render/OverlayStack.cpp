@@ -3,6 +3,7 @@
 #include "core/render/plan/Motion.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <limits>
 
@@ -20,24 +21,32 @@ bool isMoved(const Overlay& overlay) {
     return overlay.move && (overlay.move->from || overlay.move->to);
 }
 
-/// Moved, scaled and turned as one, about the frame's middle.
+/// Moved, scaled and turned as one, about the frame's middle. What is only put elsewhere stays on whole
+/// pixels, or its letters would blur.
 Image moved(const Image& layers, const PlacedOverlay& placed, double time, Size frame) {
+    const auto& move = *placed.overlay.move;
     const double progress = (time - placed.start) / std::max(placed.end - placed.start, 0.01);
-    const auto to = Motion::placement(*placed.overlay.move, progress);
+    const auto to = Motion::placement(move, progress);
     const double scale = to.scale.value_or(1);
-    return layers.transformed(
-        Transform()
-            .translated(-frame.width / 2, -frame.height / 2)
-            .scaled(scale, scale)
-            .rotated(to.rotation.value_or(0))
-            .translated(frame.width * to.x.value_or(0.5), frame.height * to.y.value_or(0.5)));
+    const double turn = to.rotation.value_or(0);
+    Point middle{frame.width * to.x.value_or(0.5), frame.height * to.y.value_or(0.5)};
+    if (!move.to && scale == 1 && turn == 0)
+        middle = {frame.width / 2 + std::round(middle.x - frame.width / 2),
+                  frame.height / 2 + std::round(middle.y - frame.height / 2)};
+    return layers.transformed(Transform()
+                                  .translated(-frame.width / 2, -frame.height / 2)
+                                  .scaled(scale, scale)
+                                  .rotated(turn)
+                                  .translated(middle.x, middle.y));
 }
 
 Image drawn(const PlacedOverlay& placed, double time, const Stage::Scene& scene) {
     if (!isMoved(placed.overlay)) return Stage::draw(placed, time, scene, scene.below);
     const auto [width, height] = scene.plan.frame;
-    const auto layers = Stage::draw(placed, time, scene, Image());
-    return moved(layers, placed, time, scene.plan.frame).over(scene.below).cropped({0, 0, width, height});
+    auto twice = scene;
+    if (Stage::showsBelow(placed, time, scene)) twice.below = scene.below.drawnOnce();
+    const auto layers = Stage::draw(placed, time, twice, Image());
+    return moved(layers, placed, time, scene.plan.frame).over(twice.below).cropped({0, 0, width, height});
 }
 
 }

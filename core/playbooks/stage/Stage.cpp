@@ -3,6 +3,7 @@
 #include "core/playbooks/stage/Placing.h"
 #include "core/playbooks/stage/Slots.h"
 
+#include <algorithm>
 #include <exception>
 #include <vector>
 
@@ -78,6 +79,11 @@ Image draw(const PlacedOverlay& placed, double time, const Scene& scene, const I
     const Image kept = scene.below.drawnOnce();
     const Scene again{kept, scene.source, scene.framing, scene.plan, scene.media};
     return composite(placed, time, again, same ? kept : canvas).image;
+}
+
+bool showsBelow(const PlacedOverlay& placed, double time, const Scene& scene) {
+    const auto layers = layersOn(placed, Clock(placed), time - placed.start, scene);
+    return std::any_of(layers.begin(), layers.end(), readsBelow);
 }
 
 }

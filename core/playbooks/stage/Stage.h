@@ -25,6 +25,10 @@ struct Scene {
 /// The playbook at a video time, laid over `canvas`; cropped to the frame.
 Image draw(const PlacedOverlay& placed, double time, const Scene& scene, const Image& canvas);
 
+/// Whether a layer that is on at that time shows what lies below. Who lays the playbook over that picture by
+/// himself, not on it as the canvas, shows it twice and does well to keep it (`Image::drawnOnce`).
+bool showsBelow(const PlacedOverlay& placed, double time, const Scene& scene);
+
 /// Seconds from the placement's start until a layer comes on.
 double layerStart(const PlacedOverlay& placed, const Playbook::Layer& layer);
 
