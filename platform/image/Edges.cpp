@@ -94,6 +94,15 @@ void Edges::cover(int y, int from, int to, std::uint8_t* pixels) const {
     Kernels::fill(0, to - some.to, at(some.to));
 }
 
+PixelRect Edges::reached(const PixelRect& area) const {
+    Range most{area.right, area.left};
+    for (int y = area.top; y < area.bottom; ++y) {
+        const Range range = reaching(y, outside, {area.left, area.right});
+        if (range.from < range.to) most = {std::min(most.from, range.from), std::max(most.to, range.to)};
+    }
+    return most.from < most.to ? PixelRect{most.from, area.top, most.to, area.bottom} : PixelRect{};
+}
+
 PixelRect Edges::solid(const PixelRect& bounds) const {
     if (bounds.empty()) return {};
     if (!upright) {

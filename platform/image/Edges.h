@@ -15,6 +15,11 @@ public:
     /// Fades `to − from` pixels of row y, of which the first is at x = from, by how much of each is inside.
     void cover(int y, int from, int to, std::uint8_t* pixels) const;
 
+    /// The columns of `area` that the rectangle reaches.
+    PixelRect reached(const PixelRect& area) const;
+    /// Whether it reaches other columns in each row.
+    bool slanted() const { return !upright; }
+
     /// Pixels of `bounds` that are wholly inside: all of an upright rectangle's; of a turned one's either all
     /// of `bounds` or none.
     PixelRect solid(const PixelRect& bounds) const;

@@ -11,6 +11,8 @@ namespace {
 constexpr std::int64_t worthCutting = 4096;
 /// Pixels that are drawn by themselves before they are laid over others: few enough for a near cache.
 constexpr int scratchPixels = 1 << 16;
+/// Rows of a picture at an angle that are drawn together, each as wide as the widest.
+constexpr int slantedRows = 4;
 
 void clear(const Tile& tile) {
     for (int y = tile.area.top; y < tile.area.bottom; ++y)
@@ -79,23 +81,38 @@ void maskBy(Layers& mask, const Tile& tile) {
         Kernels::mask(shape.at(tile.area.left, y), tile.area.width(), tile.at(tile.area.left, y));
 }
 
+/// What of an area the layer's edges leave.
+PixelRect reached(const Layer& layer, PixelRect area) {
+    for (const auto& edges : layer.edges) {
+        if (edges.slanted() && !area.empty()) area = edges.reached(area);
+    }
+    return area;
+}
+
+bool slanted(const Layer& layer) {
+    return std::any_of(layer.edges.begin(), layer.edges.end(),
+                       [](const Edges& each) { return each.slanted(); });
+}
+
 /// Draws the layer by itself, fades it, and lays it over the tile.
 void layThroughScratch(Layer& layer, const Tile& tile) {
     const auto& area = tile.area;
-    const int rows = std::clamp(scratchPixels / area.width(), 1, area.height());
+    const int most = slanted(layer) ? slantedRows : scratchPixels / area.width();
+    const int rows = std::clamp(most, 1, area.height());
     const std::ptrdiff_t stride = std::ptrdiff_t(area.width()) * 4;
     const auto memory = std::make_unique_for_overwrite<std::uint8_t[]>(stride * rows);
     const auto mix = mixing(layer.blend);
     for (int top = area.top; top < area.bottom; top += rows) {
-        const Tile scratch{
-            memory.get(), stride, {area.left, top, area.right, std::min(top + rows, area.bottom)}};
+        const auto part = reached(layer, {area.left, top, area.right, std::min(top + rows, area.bottom)});
+        if (part.empty()) continue;
+        const Tile scratch{memory.get(), stride, part};
         draw(layer, scratch);
         for (const auto& shape : layer.masks) maskBy(*shape, scratch);
-        for (int y = scratch.area.top; y < scratch.area.bottom; ++y) {
-            auto* row = scratch.at(area.left, y);
-            for (const auto& edges : layer.edges) edges.cover(y, area.left, area.right, row);
-            if (layer.opacity != 255) Kernels::fade(layer.opacity, area.width(), row);
-            mix(row, area.width(), tile.at(area.left, y));
+        for (int y = part.top; y < part.bottom; ++y) {
+            auto* row = scratch.at(part.left, y);
+            for (const auto& edges : layer.edges) edges.cover(y, part.left, part.right, row);
+            if (layer.opacity != 255) Kernels::fade(layer.opacity, part.width(), row);
+            mix(row, part.width(), tile.at(part.left, y));
         }
     }
 }

@@ -174,23 +174,21 @@ TEST(Kernels, pixelsLieOnPixelsAsTheirTwin) {
 
 TEST(Kernels, texturesTurnAsTheirTwin) {
     const auto stored = pixels(64 * 40);
-    const Kernels::Texture texture{stored.data(), 64 * 4, 61, 40};
-    for (const auto& [stepU, stepV] : {std::pair{0.9, 0.3}, {-0.7, 0.7}, {0.01, -1.2}, {40.0, 3.0}}) {
-        for (const int width : widths) {
-            const Line u = Line::through(-20.3, stepU);
-            const Line v = Line::through(5000, stepV);
-            const int from = 1000 - width;
-            expectTwins(
-                std::vector<std::uint8_t>(width * 4 + 8, 1),
-                [&](auto* out) { Kernels::turnRow(texture, u, v, from, 1000, out); },
-                [&](auto* out) { Twins::turnRow(texture, u, v, from, 1000, out); }, "turn");
-            const Line inside = Line::through(30 - 900 * stepU, stepU);
-            const Line down = Line::through(20 - 900 * stepV, stepV);
-            expectTwins(
-                std::vector<std::uint8_t>(width * 4 + 8, 1),
-                [&](auto* out) { Kernels::turnRow(texture, inside, down, 880, 880 + width, out); },
-                [&](auto* out) { Twins::turnRow(texture, inside, down, 880, 880 + width, out); },
-                "turn inside");
+    for (const auto& [wide, high] : {std::pair{61, 40}, {1, 40}, {2, 1}}) {
+        const Kernels::Texture texture{stored.data(), 64 * 4, wide, high};
+        for (const auto& [stepU, stepV] : {std::pair{0.9, 0.3}, {-0.7, 0.7}, {0.01, -1.2}, {40.0, 3.0}}) {
+            for (const int width : widths) {
+                const auto expectTurned = [&, wide = wide](const Line& u, const Line& v, int from) {
+                    expectTwins(
+                        std::vector<std::uint8_t>(width * 4 + 8, 1),
+                        [&](auto* out) { Kernels::turnRow(texture, u, v, from, from + width, out); },
+                        [&](auto* out) { Twins::turnRow(texture, u, v, from, from + width, out); },
+                        "turn of " + std::to_string(wide));
+                };
+                expectTurned(Line::through(-20.3, stepU), Line::through(5000, stepV), 1000 - width);
+                expectTurned(Line::through(30 - 900 * stepU, stepU), Line::through(20 - 900 * stepV, stepV),
+                             880);
+            }
         }
     }
 }
