@@ -6,6 +6,7 @@
 #include "platform/image/Jpeg.h"
 #include "platform/media/FFmpeg.h"
 #include "platform/media/PictureFile.h"
+#include "platform/vision/SubjectMask.h"
 #include "tests/TemporaryFolder.h"
 
 #include <benchmark/benchmark.h>
@@ -120,6 +121,33 @@ static void keptGlyph(benchmark::State& state) {
     for (auto _ : state) benchmark::DoNotOptimize(media.glyph("🔥", 160));
 }
 BENCHMARK(keptGlyph)->Unit(benchmark::kMicrosecond);
+
+/// A moving person cut out, drawn on a frame; `again` shows one picture over and over.
+static void cutOut(benchmark::State& state, bool cut, bool again) {
+    const std::filesystem::path file = std::filesystem::path(MURBO_FOOTAGE) / "actors-battle.webm";
+    if (!std::filesystem::exists(file)) return state.SkipWithError("the footage of people is not here");
+    if (!SubjectMask::available()) return state.SkipWithError("the weights are not here");
+    std::vector<Image> frames;
+    Footage footage(file);
+    for (int frame = 0; frame < 30; ++frame) frames.push_back(*footage.frame(14 + frame / 30.0));
+    auto media = std::make_unique<PlaybookMedia>();
+    Bitmap target(1080, 1920);
+    std::size_t next = 0;
+    for (auto _ : state) {
+        if (next % frames.size() == 0 && !again) {
+            state.PauseTiming();
+            media = std::make_unique<PlaybookMedia>();
+            state.ResumeTiming();
+        }
+        const Image& frame = frames[again ? 0 : next++ % frames.size()];
+        const double scale = 1920 / frame.extent().height;
+        const Image shown = cut ? media->cutout(frame) : frame;
+        Canvas::draw(shown.transformed(Transform().scaled(scale, scale)), target);
+    }
+}
+BENCHMARK_CAPTURE(cutOut, without, false, false)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(cutOut, newPictures, true, false)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(cutOut, onePicture, true, true)->Unit(benchmark::kMillisecond);
 
 static void newColourKey(benchmark::State& state) {
     std::uint8_t green = 0;
