@@ -73,8 +73,8 @@ R"json({"id": "stock.hearts", "name": "Hearts", "about": "Hearts float up across
 
 R"json({"id": "stock.confetti", "name": "Confetti", "about": "A burst of confetti from the middle, for a win.", "length": 2.5, "timing": {"in": 0, "out": 0.6},
  "params": {"x": {"type": "number", "label": "Across", "value": "0.5", "min": 0, "max": 1}, "y": {"type": "number", "label": "Down", "value": "0.5", "min": 0, "max": 1}},
- "layers": [{"particles": "confetti", "count": 120, "w": 0.026, "drift": "burst", "x": "$x", "y": "$y", "seed": 5, "out": "fade"},
-            {"particles": "confetti", "count": 60, "w": 0.018, "drift": "burst", "x": "$x", "y": "$y", "seed": 11, "out": "fade"}]})json",
+ "layers": [{"particles": "confetti", "count": 170, "w": 0.032, "drift": "burst", "x": "$x", "y": "$y", "seed": 5, "out": "fade"},
+            {"particles": "confetti", "count": 90, "w": 0.022, "drift": "burst", "x": "$x", "y": "$y", "seed": 11, "out": "fade"}]})json",
 
 R"json({"id": "stock.sparkles", "name": "Sparkles", "about": "Sparkles twinkle over the picture.", "length": 3, "timing": {"in": 0.3, "out": 0.4},
  "params": {"sparkles": {"type": "text", "label": "Sparkles", "value": "✨"}, "size": {"type": "number", "label": "Size", "value": "0.08", "min": 0.03, "max": 0.2}},
@@ -101,7 +101,7 @@ R"json({"id": "stock.hook", "name": "Hook Card", "version": 2, "about": "A title
 
 R"json({"id": "stock.label", "name": "Name Tag", "version": 2, "about": "A label slides in low on the frame: a name, a place, a game.", "length": 2.5, "timing": {"in": 0.3, "out": 0.25},
  "params": {"name": {"type": "text", "label": "Name", "value": "Name"}, "box": {"type": "colour", "label": "Box", "value": "111111"}, "ink": {"type": "colour", "label": "Letters", "value": "FFFFFF"},
-            "x": {"type": "number", "label": "Across", "value": "0.3", "min": 0, "max": 1}, "y": {"type": "number", "label": "Down", "value": "0.8", "min": 0, "max": 1}, "size": {"type": "number", "label": "Size", "value": "54", "min": 24, "max": 160}},
+            "x": {"type": "number", "label": "Across", "value": "0.3", "min": 0, "max": 1}, "y": {"type": "number", "label": "Down", "value": "0.8", "min": 0, "max": 1}, "size": {"type": "number", "label": "Size", "value": "64", "min": 24, "max": 160}},
  "layers": [{"text": "$name", "style": "clean", "size": "$size", "color": "$ink", "outline": "", "box": "$box", "x": "$x", "y": "$y", "in": "slide-left", "out": "slide-left"}]})json",
 
 R"json({"id": "stock.circle", "name": "Circle It", "about": "A ring pulses around something on screen, to point at it.", "length": 2, "timing": {"in": 0.2, "out": 0.2},

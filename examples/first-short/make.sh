@@ -54,7 +54,7 @@ mv "$out/project.new" "$project/project.json"
 
 say "Exporting"
 "$murbo" --export "$project" V1 "$short" --srt
-"$murbo" --still "$project" V1 1.3,4.2,8.7,10.7,16.2 "$out/stills"
+"$murbo" --still "$project" V1 1.3,3.9,5.4,10.44,11.1,17.6 "$out/stills"
 inputs=()
 for still in "$out"/stills/*.jpg; do inputs+=(-i "$still"); done
 ffmpeg -hide_banner -loglevel error -nostdin -y "${inputs[@]}" -filter_complex "hstack=$((${#inputs[@]} / 2)),scale=1500:-2:flags=lanczos" \

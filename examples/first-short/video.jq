@@ -5,6 +5,13 @@ def line(n): id(100 + n);
 
 .sources[0].id as $source
 | def cut(n; from; to; role): {id: id(200 + n), source: $source, start: from, "end": to, role: role};
+  def title(n; length; values): {
+    id: id(200 + n), source: id(900 + n), start: 0, "end": length,
+    generator: {playbook: "stock.generator.title", version: 1, values: values}
+  };
+  def overlay(n; at; length; playbook; version; values): {
+    id: id(500 + n), source: $source, at: at, length: length, playbook: playbook, version: version, values: values
+  };
   def shot(n; at; layout; more): {id: id(300 + n), source: $source, at: at, layout: layout, zoom: 1} + more;
 
 .sources[0].note = "A mountain run with one heart left; the golden feather is caught at 21.6 s."
@@ -20,7 +27,9 @@ def line(n): id(100 + n);
 | .videos = [{
     id: id(1), number: 1, title: "One heart, one jump", aspect: "9:16",
     cuts: [
-      cut(1; 10.0; 13.0; "hook"), cut(2; 14.4; 16.7; "stakes"), cut(3; 18.1; 24.5; "the jump"),
+      cut(1; 10.0; 13.0; "hook"),
+      title(6; 1.4; {title: "One heart.", subtitle: "One jump.", colour: "2A1650", letters: "FFD23F"}),
+      cut(2; 14.4; 16.7; "stakes"), cut(3; 18.1; 24.5; "the jump"),
       cut(4; 25.6; 28.2; "reaction"), cut(5; 33.0; 36.2; "goodbye")
     ],
     look: {
@@ -49,7 +58,13 @@ def line(n): id(100 + n);
           {line: line(8), pieces: [{text: "Thank you all!", until: 0.45}, {text: "ขอบคุณครับ 🎉", big: true}]}
         ]
       },
-      overlays: [],
+      overlays: [
+        overlay(1; 10.0; 2.6; "stock.hook"; 2; {title: "He has ONE heart left 💔", y: "0.14"}),
+        overlay(2; 14.75; 1.8; "stock.sticker"; 3; {sticker: "😱", x: "0.78", y: "0.24", size: "240", tilt: "8"}),
+        overlay(3; 21.6; 0.5; "stock.impact"; 2; {}),
+        overlay(4; 21.7; 2.4; "stock.confetti"; 1; {y: "0.42"}),
+        overlay(5; 33.4; 2.6; "stock.hearts"; 1; {})
+      ],
       sounds: [{id: id(401), file: "media/whoosh.wav", source: $source, at: 20.6, volume: 0.8}],
       music: [{id: id(402), file: "media/music.m4a", source: $source, at: 10.0, volume: 0.6}],
       mix: {duck: 0.4}

@@ -148,7 +148,8 @@ void Gallery::words() const {
     for (const auto word : effects) looks.emplace_back(word == "tint:RRGGBB" ? "tint:3A86FF" : word);
     write(still("Effects", looks, scenes,
                 [](const auto& word) {
-                    return fmt::format(R"({{"slot": "under", "fill": true, "effects": ["{}"]}})", word);
+                    const std::string effect = word == "as it is" ? "" : fmt::format("\"{}\"", word);
+                    return fmt::format(R"({{"slot": "under", "fill": true, "effects": [{}]}})", effect);
                 }),
           "effects");
     write(still("Blends: a picture and a gradient over the footage", blends, scenes,
@@ -167,7 +168,7 @@ void Gallery::words() const {
                 if (word == "uncut") return R"({"slot": "content", "fill": true})";
                 const std::string cut = R"({"slot": "content", "fill": true, "cutout": true})";
                 if (word == "cut out") return R"({"shape": "rect", "color": "00A878", "fill": true},)" + cut;
-                return R"({"text": "WOW", "style": "bold", "size": 420, "y": 0.4}, {"slot": "under", "fill": true, "cutout": true})";
+                return R"({"text": "WOW", "style": "bold", "size": 300, "y": 0.12}, {"slot": "under", "fill": true, "cutout": true})";
             }),
         "cut-outs");
     const Scene& scene = scenes.front();

@@ -12,21 +12,22 @@ namespace {
 
 constexpr double gap = 8;
 constexpr double lineHeight = 30;
+constexpr double widestLabel = 1800;
 constexpr double headHeight = 52;
 constexpr Colour paper{24, 26, 32, 255};
 
-/// A line of text with its left middle at a point.
+/// A line of text round a point.
 Image label(const std::string& text, double size, Point at) {
     CaptionStyle style;
     style.size = size;
     style.fill = "E8E8EC";
     style.outline = "";
     style.shadow = false;
-    const auto picture = CaptionPicture::draw({.text = text, .style = style, .scale = 1, .width = 4000});
+    const auto picture = CaptionPicture::draw({.text = text, .style = style, .scale = 1, .width = widestLabel});
     if (!picture) return {};
-    const Rect extent = picture->extent();
+    const Point middle = picture->extent().middle();
     return picture->transformed(
-        Transform().translated(at.x - extent.x, std::round(at.y - extent.middle().y)));
+        Transform().translated(std::round(at.x - middle.x), std::round(at.y - middle.y)));
 }
 
 }
@@ -44,13 +45,13 @@ void Sheet::write(const std::filesystem::path& file) const {
     const Rect whole{0, 0, gap + double(columns) * (cell.width + gap),
                      headHeight + double(rows.size()) * (cell.height + lineHeight + gap)};
     Image sheet = Image::colour(paper).cropped(whole);
-    sheet = label(heading, 30, {gap, headHeight / 2}).over(sheet);
+    sheet = label(heading, 30, {whole.width / 2, headHeight / 2}).over(sheet);
     double y = headHeight;
     for (const auto& each : rows) {
         double x = gap;
         for (const Cell& one : each) {
             sheet = one.picture.transformed(Transform().translated(x, y)).over(sheet);
-            sheet = label(one.name, 18, {x, y + cell.height + lineHeight / 2}).over(sheet);
+            sheet = label(one.name, 18, {x + cell.width / 2, y + cell.height + lineHeight / 2}).over(sheet);
             x += cell.width + gap;
         }
         y += cell.height + lineHeight + gap;
