@@ -29,6 +29,9 @@ Layer::Draw draw(const Taped&, const Image::Node& of, const Transform& place, co
 /// Deviations that a bloom's wide glow has for one of its narrow one.
 inline constexpr double wideGlow = 4;
 
+/// A tape's lines lie this far apart, in the picture's pixels, half of it dark.
+inline constexpr double linePeriod = 6;
+
 /// Clear all over: what can't be held is left out.
 Layer::Draw nothing();
 

@@ -104,7 +104,11 @@ std::optional<Filter> held(const Filter& filter, const Rect& body) {
               [&](const Pixellated& given) {
                   if (!(given.size > 1) || !bounded) return Held();
                   if (!std::isfinite(given.middle.x) || !std::isfinite(given.middle.y)) return Held();
-                  return Held(Pixellated{std::min(given.size, longest), given.middle});
+                  // Which of the cells' middles is told makes no difference.
+                  const double size = std::min(given.size, longest);
+                  return Held(Pixellated{size,
+                                         {std::remainder(given.middle.x - body.x, size) + body.x,
+                                          std::remainder(given.middle.y - body.y, size) + body.y}});
               },
               [&](const Vignetted& given) {
                   if (!(given.intensity > 0) || !(given.radius > 0) || !bounded) return Held();
@@ -113,7 +117,8 @@ std::optional<Filter> held(const Filter& filter, const Rect& body) {
               [](const Inked& given) { return Held(given); },
               [](const Taped& given) {
                   if (!std::isfinite(given.bleed) || !std::isfinite(given.lines)) return Held();
-                  return Held(Taped{std::clamp(given.bleed, 0.0, 256.0), given.lines, given.noise});
+                  return Held(Taped{std::clamp(given.bleed, 0.0, 256.0),
+                                    std::remainder(given.lines, FilterDrawings::linePeriod), given.noise});
               }},
         filter);
 }

@@ -3,6 +3,7 @@
 #include "platform/image/Filters.h"
 #include "platform/image/ImageNode.h"
 #include "platform/image/Memo.h"
+#include "platform/image/Pixels.h"
 
 namespace murbo {
 namespace {
@@ -160,7 +161,9 @@ Image Image::drawnOnce() const {
     const bool plain =
         std::holds_alternative<Node::Fill>(root->kind) || std::holds_alternative<Node::Once>(root->kind);
     if (empty() || extent().isEverything() || plain) return *this;
-    return Image(made(Node::Once{*this, std::make_shared<Memo>()}, extent(), root->body, root->opaque, true));
+    const Rect all = extent();
+    const bool single = root->single || PixelRect::touching(all).rect() == all;
+    return Image(made(Node::Once{*this, std::make_shared<Memo>()}, all, root->body, root->opaque, single));
 }
 
 Image Image::zoomBlurred(Point centre, double amount) const {

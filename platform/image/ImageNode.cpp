@@ -6,6 +6,14 @@ bool keepsAxes(const Transform& transform) {
     return (transform.b == 0 && transform.c == 0) || (transform.a == 0 && transform.d == 0);
 }
 
+bool isShift(const Transform& transform) {
+    const auto whole = [](double value) {
+        return std::abs(value - std::round(value)) < 1e-6 && std::abs(value) < (1 << 28);
+    };
+    return transform.a == 1 && transform.b == 0 && transform.c == 0 && transform.d == 1 &&
+           whole(transform.tx) && whole(transform.ty);
+}
+
 Image::Node::Node(Kind what, Rect itsExtent, Rect itsBody, Rect itsOpaque, bool isSingle)
     : kind(std::move(what)), extent(itsExtent), body(itsBody), opaque(itsOpaque), single(isSingle) {}
 

@@ -106,5 +106,7 @@ private:
 
 /// Whether upright rectangles stay upright ones: no turn but by quarters, no shear.
 bool keepsAxes(const Transform& transform);
+/// Whether pixels stay pixels, moved by whole ones.
+bool isShift(const Transform& transform);
 
 }

@@ -24,7 +24,9 @@ struct Layer {
     /// Whatever else can draw every pixel of a tile; one thread at a time.
     using Draw = std::function<void(const Tile&)>;
 
-    std::variant<Flat, Still, Draw> ink;
+    using Ink = std::variant<Flat, Still, Draw>;
+
+    Ink ink;
     PixelRect bounds; ///< nothing is drawn outside
     PixelRect solid;  ///< all of it hides what lies below
     int opacity = 255;

@@ -77,32 +77,37 @@ void Memo::set(Kept& kept, const PixelRect& cells, Cell state) {
     }
 }
 
+/// Draws a block of cells, which nobody else does meanwhile. Where that fails, another may try.
+void Memo::drawBlock(Kept& of, const PixelRect& block, const PixelRect& whole, const Draw& draw,
+                     std::unique_lock<std::mutex>& held) {
+    Bitmap bitmap = of.bitmap;
+    const Tile all{bitmap.row(0), bitmap.stride(), whole};
+    auto outcome = Cell::missing;
+    std::exception_ptr failure;
+    set(of, block, Cell::underWay);
+    held.unlock();
+    try {
+        draw(all.part(pixelsOf(block, whole)));
+        outcome = Cell::there;
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    held.lock();
+    set(of, block, outcome);
+    drawn.notify_all();
+    if (failure) std::rethrow_exception(failure);
+}
+
 Bitmap Memo::pixels(double level, const PixelRect& whole, const PixelRect& wanted, const Draw& draw) {
     std::unique_lock held(lock);
     Kept& of = kept(level, whole);
     const auto cells = cellsOf(wanted, whole);
     while (!complete(of, cells)) {
         const auto block = missing(of, cells);
-        if (block.empty()) {
+        if (block.empty())
             drawn.wait(held);
-            continue;
-        }
-        set(of, block, Cell::underWay);
-        held.unlock();
-        Bitmap bitmap = of.bitmap;
-        const Tile all{bitmap.row(0), bitmap.stride(), whole};
-        auto outcome = Cell::there;
-        std::exception_ptr failure;
-        try {
-            draw(all.part(pixelsOf(block, whole)));
-        } catch (...) {
-            outcome = Cell::missing;
-            failure = std::current_exception();
-        }
-        held.lock();
-        set(of, block, outcome);
-        drawn.notify_all();
-        if (failure) std::rethrow_exception(failure);
+        else
+            drawBlock(of, block, whole, draw, held);
     }
     return of.bitmap;
 }

@@ -39,6 +39,8 @@ private:
     Kept& kept(double level, const PixelRect& whole);
     static PixelRect missing(Kept& kept, const PixelRect& cells);
     static bool complete(Kept& kept, const PixelRect& cells);
+    void drawBlock(Kept& of, const PixelRect& block, const PixelRect& whole, const Draw& draw,
+                   std::unique_lock<std::mutex>& held);
     static void set(Kept& kept, const PixelRect& cells, Cell state);
 
     std::mutex lock;

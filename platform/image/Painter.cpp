@@ -1,5 +1,7 @@
 #include "platform/image/Painter.h"
 
+#include "platform/image/PixelMemory.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -74,7 +76,7 @@ bool laidDirectly(Layer& layer, const Tile& tile) {
 /// Fades what is drawn by the alpha of another picture.
 void maskBy(Layers& mask, const Tile& tile) {
     const std::ptrdiff_t stride = std::ptrdiff_t(tile.area.width()) * 4;
-    const auto memory = std::make_unique_for_overwrite<std::uint8_t[]>(stride * tile.area.height());
+    const auto memory = PixelMemory::take(std::size_t(stride * tile.area.height()));
     const Tile shape{memory.get(), stride, tile.area};
     paint(mask, shape);
     for (int y = tile.area.top; y < tile.area.bottom; ++y)
@@ -100,7 +102,7 @@ void layThroughScratch(Layer& layer, const Tile& tile) {
     const int most = slanted(layer) ? slantedRows : scratchPixels / area.width();
     const int rows = std::clamp(most, 1, area.height());
     const std::ptrdiff_t stride = std::ptrdiff_t(area.width()) * 4;
-    const auto memory = std::make_unique_for_overwrite<std::uint8_t[]>(stride * rows);
+    const auto memory = PixelMemory::take(std::size_t(stride * rows));
     const auto mix = mixing(layer.blend);
     for (int top = area.top; top < area.bottom; top += rows) {
         const auto part = reached(layer, {area.left, top, area.right, std::min(top + rows, area.bottom)});

@@ -126,7 +126,8 @@ Layer::Draw draw(const Pixellated& filter, const Node& of, const Transform& plac
                  int depth) {
     const double wide = std::max(filter.size * place.a, 1.0);
     const double high = std::max(filter.size * place.d, 1.0);
-    const Point middle = place.apply(filter.middle);
+    const Point placed = place.apply(filter.middle);
+    const Point middle{std::remainder(placed.x, wide), std::remainder(placed.y, high)};
     const auto toCells =
         Transform().translated(-middle.x, -middle.y).scaled(1 / wide, 1 / high).translated(0.5, 0.5);
     const auto area = PixelRect::touching(toCells.apply(bounds.rect())).grown(1, 1);

@@ -7,8 +7,6 @@
 namespace murbo::FilterDrawings {
 namespace {
 
-/// Lines lie this far apart in the picture, half of it dark.
-constexpr double linePeriod = 6;
 constexpr double lineShade = 0.18;
 /// The most that noise adds, of full light, and how large its grains are, in the picture's pixels.
 constexpr double noise = 0.08;

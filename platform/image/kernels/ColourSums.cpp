@@ -52,7 +52,8 @@ HWY_INLINE V bent(D d, V values, V lift, V contrast) {
     const auto toEnds = hn::MulFixedPoint15(values, hn::Sub(hn::Set(d, white), values));
     const auto fromMiddle = hn::Sub(values, hn::Set(d, white / 2));
     const auto steep = hn::ShiftLeft<1>(hn::MulFixedPoint15(contrast, fromMiddle));
-    return hn::Add(values, hn::MulFixedPoint15(hn::ShiftLeft<2>(toEnds), hn::Add(lift, steep)));
+    const auto bend = hn::MulFixedPoint15(hn::ShiftLeft<2>(toEnds), hn::Add(lift, steep));
+    return hn::Min(hn::Max(hn::SaturatedAdd(values, bend), hn::Zero(d)), hn::Set(d, white));
 }
 
 /// Opaque pixels only: what is bent must be straight.
