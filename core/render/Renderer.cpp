@@ -21,6 +21,15 @@ Image filled(Colour colour, Size frame) {
     return Image::colour(colour).cropped(whole(frame));
 }
 
+/// One pixel more at the foot of a panel that the next one hides: what scales or turns the whole frame would
+/// else let the background through between the two, where each covers a part of a pixel.
+Panel reachingUnder(Panel panel) {
+    if (panel.frame.empty()) return panel;
+    panel.source.height += panel.source.height / panel.frame.height;
+    panel.frame.height += 1;
+    return panel;
+}
+
 /// The picture in the panels of its shot.
 Image inPanels(const Image& picture, const PlacedShot& placed, const Framing& framing, const Plan& plan,
                double time) {
@@ -30,7 +39,8 @@ Image inPanels(const Image& picture, const PlacedShot& placed, const Framing& fr
     for (auto panel : Crop::panels(placed.moved(time), placed.zoom(time), framing,
                                    {extent.width, extent.height}, plan.frame)) {
         panel.source.y += jolt;
-        result = draw(picture, panel).over(result);
+        const bool last = panel.frame.bottom() >= plan.frame.height;
+        result = draw(picture, last ? panel : reachingUnder(panel)).over(result);
     }
     return result;
 }

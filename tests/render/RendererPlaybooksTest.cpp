@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 namespace murbo {
+using namespace std::literals;
 namespace {
 
 constexpr Size frame{270, 480};
@@ -134,6 +135,18 @@ TEST(OverlayStack, whatLiesBelowIsThePictureSoFar) {
     shown.plan.overlays[2].overlay.move = Move{.from = Placement{.scale = 0.5}};
     EXPECT_EQ(shown.middle(), "00FFFF") << "moved, too, it sees what lies below";
     EXPECT_EQ(shown.at(0.1, 0.1), "FFFF00");
+}
+
+TEST(OverlayStack, aZoomOpensNoSeamBetweenPanels) {
+    Shown shown;
+    shown.shot().layout = Shot::Layout::split;
+    shown.shot().split = 0.4;
+    for (const char* scale : {"1.07", "1.13", "1.22"}) {
+        shown.plan.overlays = {placed(book(R"({"slot": "under", "fill": true, "scale": )"s + scale + "}"))};
+        const auto bitmap = shown.drawn(5);
+        for (int y = 0; y < bitmap.height(); ++y)
+            EXPECT_EQ(samples::pixel(bitmap, 100, y) & 0xFFFFFF, 0x0000FFu) << scale << ", row " << y;
+    }
 }
 
 TEST(OverlayStack, aHundredAtOnceAreDrawnInAMoment) {

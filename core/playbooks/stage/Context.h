@@ -7,6 +7,10 @@
 
 namespace murbo::Stage {
 
+/// Pixels of a layer's longer side above which it is left out: a hundred frames, of which nobody would see
+/// more than a spot.
+inline constexpr double largestSide = 100'000;
+
 /// All that the drawing of one layer reads.
 struct Context {
     const PlacedOverlay& placed;

@@ -6,8 +6,6 @@
 namespace murbo::Stage {
 namespace {
 
-constexpr double largest = 100'000; ///< pixels of a panel's side
-
 /// The panel's size in the frame. Where only the width is told, the height follows the footage's area.
 Size panelSize(const Context& context, const Rect& area) {
     const auto& layer = context.layer;
@@ -19,7 +17,7 @@ Size panelSize(const Context& context, const Rect& area) {
 }
 
 bool canBeShown(Size size) {
-    return size.width > 0 && size.height > 0 && size.width < largest && size.height < largest;
+    return size.width > 0 && size.height > 0 && size.width < largestSide && size.height < largestSide;
 }
 
 /// What of the footage the panel shows: the shot's zoom and focus, where it follows the shot.

@@ -122,6 +122,11 @@ bool coversAtAngle(const Image& image, const Transform& place, const Rect& frame
     });
 }
 
+bool isTooLarge(const Image& image, const Transform& place) {
+    const Rect there = place.apply(image.extent());
+    return !(there.width < largestSide && there.height < largestSide);
+}
+
 /// Where it covers the frame its edges may as well repeat, and it is known to be opaque.
 Image moved(const Image& image, const Transform& place, const Rect& frame) {
     const bool covers = !keepsAxes(place) && coversAtAngle(image, place, frame);
@@ -152,6 +157,7 @@ Laid laid(const Made& made, const Context& context, const Clock& clock, double e
     const Pose pose = poseOf(context, clock, elapsed);
     const Movement movement = movementOf(context, clock, elapsed);
     const Transform place = made.placed ? Transform() : placeOf(made, context, pose, movement);
+    if (isTooLarge(made.image, place)) return {};
     const double opacity = pose.opacity * movement.opacity;
     const Image image = moved(revealed(made.image, movement.reveal), place, context.frame());
     Laid laid{opacity < full ? image.faded(opacity) : image, blendOf(context.layer.blend)};

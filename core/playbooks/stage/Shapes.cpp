@@ -5,8 +5,6 @@
 namespace murbo::Stage {
 namespace {
 
-constexpr double largest = 100'000; ///< pixels of a shape's side
-
 std::optional<Colour> colourOf(const std::optional<std::string>& text) {
     return text ? Colour::hex(*text) : std::nullopt;
 }
@@ -44,7 +42,7 @@ Image drawn(const std::string& word, const Rect& rect, Colour colour, const Cont
 
 std::optional<Made> shape(const Context& context) {
     const Rect rect = rectOf(context);
-    if (rect.empty() || rect.width > largest || rect.height > largest) return std::nullopt;
+    if (rect.empty() || rect.width > largestSide || rect.height > largestSide) return std::nullopt;
     const auto word = context.text(context.layer.shape).value_or("rect");
     const auto colour = colourOf(context.text(context.layer.color)).value_or(Colour::white);
     return Made{.image = drawn(word, rect, colour, context),
