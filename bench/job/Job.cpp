@@ -14,7 +14,10 @@
 #include "core/render/Exporter.h"
 #include "core/render/MixedSound.h"
 #include "core/render/PictureFeed.h"
+#include "core/render/Renderer.h"
 #include "platform/base/Files.h"
+#include "platform/image/Canvas.h"
+#include "platform/media/FrameReader.h"
 #include "platform/media/MovieWriter.h"
 
 #include <cstdio>
@@ -53,6 +56,23 @@ void drawToNothing(const Sample& sample) {
         sound.next();
     }
     while (sound.next()) {
+    }
+}
+
+/// All frames from one picture of the footage: what drawing costs without decoding.
+void drawAlone(const Sample& sample) {
+    const auto composition = composed(sample);
+    const auto plan = composition.box->plan();
+    const auto source = sample.video.cuts.back().source;
+    const auto picture = Image::frame(FrameReader::open(sample.recording).at(10)->frame);
+    CaptionCache captions;
+    Planes planes(1080, 1920);
+    for (std::int64_t frame = 0; frame < composition.frameCount(); ++frame) {
+        const auto moment = composition.moment(frame);
+        const bool footage = !composition.segments[moment.segment].file.empty();
+        Canvas::draw(Renderer::render(footage ? std::optional(picture) : std::nullopt, source, *plan,
+                                      moment.time, captions, composition.box->media()),
+                     planes);
     }
 }
 
@@ -180,6 +200,9 @@ void judge(const Table& table) {
         printRatio("drawn to nothing / ffmpeg -f null", table["drawn"].cpu / table["ffmpeg-null"].cpu,
                    "aim: at most 0.9");
     }
+    if (table.has("alone") && table.has("alone-playbooks"))
+        printRatio("with playbooks / without, drawing alone",
+                   table["alone-playbooks"].cpu / table["alone"].cpu, "");
     if (table.has("drawn") && table.has("drawn-playbooks"))
         printRatio("with playbooks / without, both to nothing",
                    table["drawn-playbooks"].cpu / table["drawn"].cpu, "aim: at most 1.6");
@@ -197,6 +220,8 @@ void run(int seconds, std::set<std::string> names) {
     table.row("decode", [&] { return measured([&] { decode(job); }); });
     table.row("sound", [&] { return measured([&] { mixSound(job); }); });
     table.row("drawn", [&] { return measured([&] { drawToNothing(job); }); });
+    table.row("alone", [&] { return measured([&] { drawAlone(job); }); });
+    table.row("alone-playbooks", [&] { return measured([&] { drawAlone(withPlaybooks(job)); }); });
     table.row("drawn-playbooks", [&] { return measured([&] { drawToNothing(withPlaybooks(job)); }); });
     table.row("ffmpeg-null", [&] { return measured(yardstick(job, {"-f", "null", "-"})); });
     table.row("encode", [&] { return encode(job); });

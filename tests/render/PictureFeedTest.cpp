@@ -71,12 +71,5 @@ TEST(PictureFeed, whatCannotBeReadIsBlackAndTheRestGoesOn) {
               (std::vector<int>{-1, -1, -1, 30, 31, 32, -1, -1, -1, 60, 61, 62, -1, -1, -1}));
 }
 
-TEST(PictureFeed, anUnreadableSourceIsNobodys) {
-    const auto project = samples::project({"/nowhere/a.mp4"});
-    const auto composition =
-        VideoComposition::make(samples::video(project, {{0, 0, 1}}), project, {}, "", {}, 30);
-    EXPECT_FALSE(PictureFeed(composition).frame(0).source);
-}
-
 }
 }

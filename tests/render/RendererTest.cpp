@@ -62,16 +62,6 @@ std::uint32_t at(const Image& image, int x, int y) {
     return ::testing::AssertionSuccess();
 }
 
-TEST(Renderer, withoutFootageTheFrameIsBlack) {
-    Plan none;
-    none.frame = {wide, high};
-    for (const auto& plan : {none, planOf({})}) {
-        const auto image = rendered({}, plan, 1);
-        EXPECT_EQ(image.extent(), (Rect{0, 0, wide, high}));
-        EXPECT_EQ(at(image, 500, 900), 0xFF000000);
-    }
-}
-
 TEST(Renderer, theShotLaysOutThePicture) {
     Shot shot;
     auto plan = planOf(shot);

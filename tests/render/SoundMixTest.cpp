@@ -200,29 +200,6 @@ TEST(SoundMix, musicGivesWayToSpeech) {
     for (const double time : {9.9, 11.0, 12.2, 14.1, 22.2}) EXPECT_NEAR(gain(time), 1, 1e-9) << time;
 }
 
-TEST(SoundMix, soundsKeepTheirLevelAndComeAfterTheMusic) {
-    Mixed mixed({cut(one, 0, 10), cut(one, 0, 10)});
-    mixed.look().sounds.edit() = {cue(3), cue(4, 0.5)};
-    mixed.look().music.edit() = {cue(5)};
-    mixed.mix().sounds = 0.5;
-    mixed.plan.cues = {{.start = 0, .end = 20}};
-    mixed.mix().duck = 0.1;
-    const auto tracks = mixed.tracks();
-    ASSERT_EQ(text(tracks), "one.mp4 0-10@0 10-20@0; 5.000000 5-20@0; 3.000000 3-20@0; 4.000000 4-20@0");
-    EXPECT_EQ(text(tracks[2].gains), "3-20 0.35>0.35");
-    EXPECT_EQ(text(tracks[3].gains), "4-20 0.25>0.25");
-    mixed.mix().sounds = 0;
-    EXPECT_EQ(mixed.tracks().size(), 2);
-}
-
-TEST(SoundMix, aFileThatCannotBeUsedCostsItsTrackAlone) {
-    Mixed mixed({cut(one, 0, 10)});
-    mixed.look().sounds.edit() = {
-        {.file = "/broken", .source = one}, {.file = "somewhere.wav", .source = one}, cue(1)};
-    EXPECT_EQ(text(mixed.tracks()), "one.mp4 0-10@0; 1.000000 1-10@0");
-    EXPECT_EQ(SoundMix::lengthOf("/nowhere/at all.wav"), std::nullopt);
-}
-
 TEST(SoundMix, soundsOfOverlaysRingOutUnlessTheyAreLong) {
     struct Case {
         const char* what;
@@ -248,22 +225,27 @@ TEST(SoundMix, soundsOfOverlaysRingOutUnlessTheyAreLong) {
     }
 }
 
-TEST(SoundMix, soundsOfOverlaysHaveTheirLaneAndComeLast) {
-    Mixed mixed({cut(one, 0, 10)});
+TEST(SoundMix, everyLaneHasItsLevelAndABrokenFileCostsItsTrackAlone) {
+    Mixed mixed({cut(one, 0, 10), cut(one, 0, 10)});
     mixed.overlay(1, 2, R"(, "volume": 0.5)");
-    mixed.overlay(2, 3, "", "/broken");
-    mixed.overlay(3, 4, "", "own.wav"); // of a playbook without a folder
-    mixed.overlay(4, 5, "", "$none");
-    mixed.look().sounds.edit() = {cue(3)};
+    for (const char* file : {"/broken", "own.wav of no folder", "$none"}) mixed.overlay(2, 3, "", file);
+    mixed.look().sounds.edit() = {
+        cue(3), cue(4, 0.5), {.file = "/broken", .source = one}, {.file = "somewhere.wav", .source = one}};
     mixed.look().music.edit() = {cue(5)};
-    mixed.mix().overlays = 0.5;
+    mixed.mix() = {.overlays = 0.5, .sounds = 0.25, .duck = 0.1};
+    mixed.plan.cues = {{.start = 0, .end = 20}};
     const auto tracks = mixed.tracks();
-    ASSERT_EQ(text(tracks), "one.mp4 0-10@0; 5.000000 5-10@0; 3.000000 3-10@0; boo 1-2@0");
-    EXPECT_EQ(text(tracks[3].gains), "1-2 0.25>0.25");
+    ASSERT_EQ(text(tracks),
+              "one.mp4 0-10@0 10-20@0; 5.000000 5-20@0; 3.000000 3-20@0; 4.000000 4-20@0; boo 1-2@0");
+    EXPECT_EQ(text(tracks[2].gains), "3-20 0.175>0.175");
+    EXPECT_EQ(text(tracks[3].gains), "4-20 0.125>0.125");
+    EXPECT_EQ(text(tracks[4].gains), "1-2 0.25>0.25");
     EXPECT_EQ(SoundMix::files(mixed.video, mixed.plan),
-              (std::vector<std::filesystem::path>{"/5.000000", "/3.000000", "/boo", "/broken"}));
-    mixed.mix().overlays = 0;
-    EXPECT_EQ(mixed.tracks().size(), 3);
+              (std::vector<std::filesystem::path>{"/5.000000", "/3.000000", "/4.000000", "/broken", "/boo",
+                                                  "/broken"}));
+    mixed.mix() = {.overlays = 0, .sounds = 0};
+    EXPECT_EQ(mixed.tracks().size(), 2);
+    EXPECT_EQ(SoundMix::lengthOf("/nowhere/at all.wav"), std::nullopt);
 }
 
 TEST(SoundMix, footageIsSilentUnderOverlaysThatSaySo) {
@@ -281,18 +263,6 @@ TEST(SoundMix, whatPlaybooksAskForIsBounded) {
     Mixed mixed({cut(one, 0, 10)});
     for (int each = 0; each < 3000; ++each) mixed.overlay(1, 2);
     EXPECT_EQ(mixed.tracks().size(), 1001);
-}
-
-TEST(SoundMix, joinsSilencesThatLieNear) {
-    const auto joined = [](std::vector<Stretch> ranges) {
-        std::string text;
-        for (const Stretch& range : SoundMix::silences(std::move(ranges), 0.5))
-            text += fmt::format("{}-{} ", range.from, range.to);
-        return text;
-    };
-    EXPECT_EQ(joined({}), "");
-    EXPECT_EQ(joined({{4, 5}, {0, 3}, {1, 2}, {3.5, 3.6}}), "0-5 ");
-    EXPECT_EQ(joined({{0, 1}, {1.75, 2}, {NAN, 3}}), "0-1 1.75-2 ");
 }
 
 TEST(SoundMix, staysBoundedOnNumbersThatAreNone) {
