@@ -65,7 +65,8 @@ TEST_F(Settings, ofAnotherKindAreNotSet) {
 TEST_F(Settings, ThatAreGarbageAreNoneAndAreKeptAsideBeforeNewOnesAreWritten) {
     for (const std::string& garbage :
          {std::string("not json"), std::string("{\"language\": \"en\""), std::string("[1]"),
-          std::string("\xFF\xFE\0x", 4), std::string(), "{\"a\":" + std::string(100'000, '[') + "}"}) {
+          std::string("\xFF\xFE\0x", 4), std::string(),
+          "{\"a\":" + std::string(100'000, '[') + std::string(100'000, ']') + "}"}) {
         folder.file(name, garbage);
         EXPECT_EQ(store.text("language"), std::nullopt);
         store.set("language", "de");
