@@ -26,6 +26,7 @@ struct Gallery {
     std::string picture;
     std::vector<Scene> scenes;
 
+    void overview() const;
     void stock() const;
     void words() const;
     void write(const Sheet& sheet, const std::string& name) const {
@@ -36,7 +37,7 @@ struct Gallery {
 };
 
 /// What a playbook needs to be shown: media that have no default.
-Values shown(const Book& book, const Gallery& gallery, const Scene& scene) {
+Values filledIn(const Book& book, const Gallery& gallery, const Scene& scene) {
     Values values;
     if (book.id() == "stock.replay") values["clip"] = fmt::format("rec:{}-{}", scene.from, scene.from + 2);
     if (book.id() == "stock.generator.title") values["subtitle"] = "and a line under it";
@@ -79,12 +80,30 @@ void addRow(Sheet& sheet, const Scene& scene, const Plan& plan, double length, c
         sheet.add(scene.still(plan, placedAt + time), plan.frame, fmt::format("{}{:.2f} s", name, time));
 }
 
+/// The moment of a playbook at which most of it is seen.
+double best(const Playbook& playbook) {
+    const double length = playbook.naturalLength();
+    return length < 1 ? length * 0.1 : length * 0.4;
+}
+
+void Gallery::overview() const {
+    Sheet sheet("What comes with Murbo", {cell.width * 0.75, cell.height * 0.75});
+    const Scene& scene = scenes.front();
+    std::size_t shown = 0;
+    for (const Book& book : Stock::books()) {
+        if (shown++ % 9 == 0) sheet.row();
+        const Plan plan = with(book, filledIn(book, *this, scene), scene, book.playbook.naturalLength());
+        sheet.add(scene.still(plan, placedAt + best(book.playbook)), plan.frame, book.playbook.name);
+    }
+    write(sheet, "stock");
+}
+
 void Gallery::stock() const {
     for (const Book& book : Stock::books()) {
         Sheet sheet(fmt::format("{} ({})", book.playbook.name, book.id()), cell);
         const double length = book.playbook.naturalLength();
         for (const Scene& scene : scenes)
-            addRow(sheet, scene, with(book, shown(book, *this, scene), scene, length), length, "");
+            addRow(sheet, scene, with(book, filledIn(book, *this, scene), scene, length), length, "");
         write(sheet, book.id());
     }
 }
@@ -199,6 +218,7 @@ int run(int count, char** arguments) {
     Gallery gallery{arguments[1], std::filesystem::absolute(arguments[2]).string(), {}};
     Files::createFolder(gallery.folder);
     for (int at = 3; at < count; ++at) gallery.scenes.emplace_back(arguments[at]);
+    gallery.overview();
     gallery.stock();
     gallery.words();
     return 0;

@@ -23,7 +23,8 @@ Image label(const std::string& text, double size, Point at) {
     style.fill = "E8E8EC";
     style.outline = "";
     style.shadow = false;
-    const auto picture = CaptionPicture::draw({.text = text, .style = style, .scale = 1, .width = widestLabel});
+    const auto picture =
+        CaptionPicture::draw({.text = text, .style = style, .scale = 1, .width = widestLabel});
     if (!picture) return {};
     const Point middle = picture->extent().middle();
     return picture->transformed(
