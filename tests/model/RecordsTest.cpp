@@ -28,7 +28,7 @@ std::string compact(const T& record) {
 /// It reads, writes back the same bytes, and every key in it is needed, unless the record is lenient.
 template <class T>
 void checkSmallestForm(const std::string& name) {
-    SCOPED_TRACE(name);
+    SCOPED_TRACE(name + " in model/golden/SmallestForms.txt");
     const auto text = smallestForm(name);
     EXPECT_EQ(compact(Codec::decode<T>(text)), text);
     const auto whole = nlohmann::json::parse(text);
