@@ -200,7 +200,7 @@ Layer::Draw draw(const Inked&, const Node& of, const Transform& place, const Pix
     const auto& toGrid = sketch.toGrid;
     const auto wanted = sketch.wanted();
     Raster sharp, shape;
-    shape.opaque = covers(of, place.then(toGrid), wanted);
+    shape.opaque = of.opaque.isEverything(); // of the whole picture: no band may choose another way
     if (shape.opaque) {
         sharp = rasterised(of, place.then(toGrid), wanted, depth);
     } else {

@@ -20,6 +20,8 @@ template <typename... Each>
 struct Cases : Each... {
     using Each::operator()...;
 };
+template <typename... Each>
+Cases(Each...) -> Cases<Each...>;
 
 bool allFinite(const ColourMatrix& matrix) {
     double sum = matrix.contrast + matrix.lift[0] + matrix.lift[1] + matrix.lift[2];
@@ -159,7 +161,7 @@ Placed upright(const Node& node, const Node::Filtered& filtered, const Transform
     const auto toGrid = Transform().scaled(std::hypot(place.a, place.b), std::hypot(place.c, place.d));
     const auto way = place.inverse().then(toGrid);
     // A clear rim: the edges of what is turned grow smooth over it.
-    const auto wanted = PixelRect::touching(way.apply(bounds.rect())).grown(2, 2);
+    const auto wanted = PixelRect::touching(way.apply(bounds.grown(1, 1).rect())).grown(2, 2);
     const auto area = PixelRect::touching(toGrid.apply(node.extent)).grown(2, 2).intersection(wanted);
     if (!Raster::holds(area)) return {};
     Raster raster = Raster::of(area, covers(node, toGrid, area));

@@ -37,6 +37,16 @@ Image text() {
     }));
 }
 
+const std::vector<std::pair<const char*, Filter>>& filters() {
+    static const std::vector<std::pair<const char*, Filter>> all{
+        {"sepia", ColourMatrix::sepia(0.9)}, {"posterised", Posterised{6}},
+        {"slightly blurred", Blurred{2}},    {"blurred", Blurred{18}},
+        {"bloomed", Bloomed{14, 0.9}},       {"pixellated", Pixellated{24, {135, 241}}},
+        {"vignetted", Vignetted{1.2, 2}},    {"inked", Inked{}},
+        {"taped", Taped{6, 2, 41}}};
+    return all;
+}
+
 /// Something of everything that can be drawn.
 std::vector<std::pair<const char*, Image>> scenes() {
     Frame phone = form(200, 120, Frame::Layout::chroma420, 10);
@@ -57,7 +67,7 @@ std::vector<std::pair<const char*, Image>> scenes() {
     const Image grouped = frame.transformed(Transform().rotated(12).scaled(0.8, 0.8))
                               .faded(0.7)
                               .over(Image::colour({9, 90, 30, 200}));
-    return {
+    std::vector<std::pair<const char*, Image>> pictures{
         {"split", frame},
         {"small",
          screen.transformed(Transform().scaled(0.21, 0.37).rotated(33).translated(150, 60)).over(upright)},
@@ -69,6 +79,10 @@ std::vector<std::pair<const char*, Image>> scenes() {
         {"mild zoom", frame.clamped().zoomBlurred({100, 50}, 4).cropped(all)},
         {"clamped",
          frame.cropped({20, 30, 200, 300}).clamped().transformed(Transform().rotated(30).scaled(1.3, 0.6))}};
+    for (const auto& [name, filter] : filters())
+        pictures.emplace_back(
+            name, screen.clamped().filtered(filter).cropped(screen.extent()).over(caption.filtered(filter)));
+    return pictures;
 }
 
 /// Some graph of a few operations, on things of about the canvas' size.
@@ -78,7 +92,7 @@ Image anyImage(std::mt19937& generator, const std::vector<Image>& leaves, int de
     };
     const auto next = [&] { return anyImage(generator, leaves, depth - 1); };
     if (depth == 0) return leaves[generator() % leaves.size()];
-    switch (generator() % 10) {
+    switch (generator() % 12) {
         case 0:
             return next().cropped({number(-50, 100), number(-50, 100), number(20, 300), number(20, 300)});
         case 1:
@@ -98,6 +112,8 @@ Image anyImage(std::mt19937& generator, const std::vector<Image>& leaves, int de
             return next().zoomBlurred({number(0, 270), number(0, 480)}, number(1, 60));
         case 7:
             return next().transformed(Transform().rotated(90).translated(std::floor(number(50, 270)), 0));
+        case 8:
+            return next().filtered(filters()[generator() % filters().size()].second);
         default:
             return next().over(next());
     }
