@@ -105,7 +105,8 @@ TEST(CaptionPicture, bigCaptionsTakeTheirSizeAndColour) {
     const Found big = find(drawn(asked), red);
     EXPECT_NEAR(double(big.bottom - big.top) / (ordinary.bottom - ordinary.top), 1.7, 0.05);
     asked.style.bigFill = "";
-    EXPECT_GT(find(drawn(asked), white).count, 500);
+    asked.style.fill = "FF0000";
+    EXPECT_GT(find(drawn(asked), red).count, 500);
 }
 
 TEST(CaptionPicture, stressedWordsHaveAColourOfTheirOwn) {
