@@ -1,0 +1,82 @@
+#include "core/playbooks/Words.h"
+#include "core/playbooks/stage/Effects.h"
+#include "platform/image/Canvas.h"
+#include "platform/image/ImageNode.h"
+
+#include <cmath>
+#include <cstring>
+#include <string>
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+constexpr int width = 120;
+constexpr int height = 90;
+
+/// Fine detail in many colours, opaque or with holes.
+Image picture(bool holes = false) {
+    Bitmap bitmap(width, height);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            const bool hole = holes && (x / 30 + y / 30) % 2 == 0;
+            const int channels[] = {x * 2, 40 + y * 2, (x * y) % 251, 255};
+            for (int at = 0; at < 4; ++at) bitmap.row(y)[x * 4 + at] = std::uint8_t(hole ? 0 : channels[at]);
+        }
+    }
+    return Image::bitmap(bitmap);
+}
+
+std::string bytes(const Image& image) {
+    const Bitmap bitmap = Canvas::bitmap(image, {0, 0, width, height});
+    std::string result;
+    for (int y = 0; y < height; ++y)
+        result.append(reinterpret_cast<const char*>(bitmap.row(y)), std::size_t(width) * 4);
+    return result;
+}
+
+}
+
+TEST(Effects, everyWordChangesThePictureWithinItsExtent) {
+    for (const bool holes : {false, true}) {
+        const Image image = picture(holes);
+        for (const auto word : PlaybookWords::effects) {
+            const std::string effect = word == "tint:RRGGBB" ? "tint:FF8800" : std::string(word);
+            const Image changed = Stage::apply(effect, image, 1.5);
+            EXPECT_EQ(changed.extent(), image.extent()) << effect;
+            EXPECT_NE(bytes(changed), bytes(image)) << effect;
+        }
+    }
+}
+
+TEST(Effects, whatIsNoEffectChangesNothing) {
+    const Image image = picture();
+    for (const char* effect : {"", "Mono", "mono ", "sparkle", "tint", "tint:", "tint:12345", "tint:GGGGGG",
+                               "tint:RRGGBB", "tint:-12345"})
+        EXPECT_EQ(&Stage::apply(effect, image, 1).node(), &image.node()) << effect;
+    EXPECT_NE(&Stage::apply("tint:#ff8800", image, 1).node(), &image.node());
+    for (const auto word : PlaybookWords::effects)
+        EXPECT_TRUE(Stage::apply(word, Image(), 1).empty()) << word;
+}
+
+TEST(Effects, onlyTheTapeMovesWithTime) {
+    const Image image = picture();
+    for (const auto word : PlaybookWords::effects)
+        EXPECT_EQ(bytes(Stage::apply(word, image, 0)) == bytes(Stage::apply(word, image, 0.37)),
+                  word != "vhs")
+            << word;
+}
+
+TEST(Effects, theTapeIsTheSameWheneverItIsDrawn) {
+    const Image image = picture();
+    const auto at = [&](double held) { return bytes(Stage::apply("vhs", image, held)); };
+    const double moments[] = {0, 0.011, 0.04, 0.5, 3.2, 100};
+    std::vector<std::string> forward;
+    for (const double held : moments) forward.push_back(at(held));
+    for (int each = 5; each >= 0; --each) EXPECT_EQ(at(moments[each]), forward[each]) << moments[each];
+    EXPECT_NE(forward[0], forward[2]) << "a thirtieth later the noise is another";
+    EXPECT_EQ(at(0.05), at(0.05 + 97 * 20 / 30.0 * 3)) << "both noise and lines come round";
+    for (const double held : {std::nan(""), -4.0, 1e308, -1e308}) EXPECT_FALSE(at(held).empty());
+}
