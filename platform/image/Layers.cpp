@@ -54,8 +54,13 @@ PixelRect neededOf(const PixelRect& whole, const PixelRect& bounds, const Transf
         .heldIn(whole);
 }
 
+struct Kept {
+    Image image;
+    bool cut; ///< it is larger than the picture
+};
+
 /// The picture as it is kept; nothing where that would be too large.
-std::optional<Image> keptOf(const Node::Once& once, const Flattening::State& state, int depth) {
+std::optional<Kept> keptOf(const Node::Once& once, const Flattening::State& state, int depth) {
     const double level = levelOf(once.of, state.place);
     const auto toGrid = Transform().scaled(level, level);
     const Rect shown = toGrid.apply(state.node->extent);
@@ -70,8 +75,9 @@ std::optional<Image> keptOf(const Node::Once& once, const Flattening::State& sta
         auto parts = layersOf(of.node(), toGrid, tile.area, depth);
         Painter::paint(parts, tile);
     };
-    return Image::bitmap(once.memo->pixels(level, whole, needed, draw), covers(*state.node, toGrid, whole))
-        .transformed(Transform().translated(whole.left, whole.top).then(toGrid.inverse()));
+    const Bitmap pixels = once.memo->pixels(level, whole, needed, draw);
+    const auto back = Transform().translated(whole.left, whole.top).then(toGrid.inverse());
+    return Kept{Image::bitmap(pixels, covers(*state.node, toGrid, whole)).transformed(back), repeats};
 }
 
 }
@@ -173,8 +179,11 @@ void Flattening::visit(const Node::Later& later, State& state) {
 void Flattening::visit(const Node::Once& once, State& state) {
     const auto kept = tooDeep() ? std::nullopt : keptOf(once, state, depth + 1);
     if (!kept) return descend(state, once.of);
-    if (state.node->single) state.limits = state.limits.intersection(state.node->extent);
-    addMade(*kept, state, depth);
+    if (!state.clamping && kept->cut) {
+        state.limits = state.limits.intersection(state.node->extent);
+        smooth(state);
+    }
+    addMade(kept->image, state, depth);
 }
 
 /// A picture that stands for the node.

@@ -172,6 +172,29 @@ TEST(Kernels, pixelsLieOnPixelsAsTheirTwin) {
     }
 }
 
+TEST(Kernels, pixelsMixAsTheirTwin) {
+    for (const int width : widths) {
+        // Also such as rounding leaves, a little brighter than their alpha.
+        auto above = pixels(width, 7);
+        auto below = pixels(width + 2, 8);
+        for (auto* row : {&above, &below}) {
+            for (std::size_t at = 0; at < row->size(); at += 4 * 3)
+                if ((*row)[at + 3] < 255) (*row)[at] = std::uint8_t((*row)[at + 3] + 1);
+        }
+        const auto expect = [&](auto kernel, auto twin, const char* what) {
+            expectTwins(
+                below, [&](auto* out) { kernel(above.data(), width, out); },
+                [&](auto* out) { twin(above.data(), width, out); }, what);
+        };
+        expect(Kernels::multiply, Twins::multiply, "multiply");
+        expect(Kernels::screen, Twins::screen, "screen");
+        expect(Kernels::overlay, Twins::overlay, "overlay");
+        expect(Kernels::softLight, Twins::softLight, "soft light");
+        expect(Kernels::add, Twins::add, "add");
+        expect(Kernels::mask, Twins::mask, "mask");
+    }
+}
+
 TEST(Kernels, texturesTurnAsTheirTwin) {
     const auto stored = pixels(64 * 40);
     for (const auto& [wide, high] : {std::pair{61, 40}, {1, 40}, {2, 1}}) {

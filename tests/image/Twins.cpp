@@ -135,6 +135,67 @@ void average(const std::uint8_t* others, int count, int up, std::uint8_t* pixels
     for (int at = 0; at < count * 4; ++at) pixels[at] = byte((pixels[at] + others[at] + up) / 2);
 }
 
+void mask(const std::uint8_t* masks, int count, std::uint8_t* pixels) {
+    for (int at = 0; at < count * 4; ++at) pixels[at] = byte(share(pixels[at], masks[at | 3]));
+}
+
+namespace {
+
+/// co = cs·(1 − αb) + cb·(1 − αs) + αs·αb·B(Cb, Cs), where `blend` gives the last term from premultiplied
+/// colours and alphas, all in 1/255².
+template <typename Blend>
+void mixed(const std::uint8_t* above, int count, std::uint8_t* pixels, Blend blend) {
+    for (int at = 0; at < count; ++at, above += 4, pixels += 4) {
+        const int as = above[3];
+        const int ab = pixels[3];
+        for (int channel = 0; channel < 4; ++channel) {
+            const int cs = std::min<int>(above[channel], as);
+            const int cb = std::min<int>(pixels[channel], ab);
+            pixels[channel] = byte((cs * (255 - ab) + cb * (255 - as) + blend(cs, cb, as, ab) + 127) / 255);
+        }
+    }
+}
+
+}
+
+void multiply(const std::uint8_t* above, int count, std::uint8_t* pixels) {
+    mixed(above, count, pixels, [](int cs, int cb, int, int) { return cs * cb; });
+}
+
+void screen(const std::uint8_t* above, int count, std::uint8_t* pixels) {
+    mixed(above, count, pixels, [](int cs, int cb, int as, int ab) { return as * cb + ab * cs - cs * cb; });
+}
+
+void overlay(const std::uint8_t* above, int count, std::uint8_t* pixels) {
+    mixed(above, count, pixels, [](int cs, int cb, int as, int ab) {
+        return 2 * cb <= ab ? 2 * cs * cb : as * ab - 2 * (ab - cb) * (as - cs);
+    });
+}
+
+void softLight(const std::uint8_t* above, int count, std::uint8_t* pixels) {
+    for (int at = 0; at < count; ++at, above += 4, pixels += 4) {
+        const int as = above[3];
+        const int ab = pixels[3];
+        const int alpha = (255 * (as + ab) - as * ab + 127) / 255;
+        for (int channel = 0; channel < 3; ++channel) {
+            const int cs = std::min<int>(above[channel], as);
+            const int cb = std::min<int>(pixels[channel], ab);
+            const double x = ab == 0 ? 0 : (cb * 255 + ab / 2) / ab / 255.0;
+            const double lit = x <= 0.25 ? ((16 * x - 12) * x + 4) * x : std::sqrt(x);
+            const double pull = 2 * cs > as ? lit - x : x * (1 - x);
+            const int pulled =
+                int(std::floor(double((2 * cs - as) * ab) * double(std::lround(pull * 65536)) / 65536 + 0.5));
+            const int sum = std::max(cs * (255 - ab) + cb * 255 + pulled, 0);
+            pixels[channel] = byte(std::min((sum + 127) / 255, alpha));
+        }
+        pixels[3] = byte(alpha);
+    }
+}
+
+void add(const std::uint8_t* above, int count, std::uint8_t* pixels) {
+    for (int at = 0; at < count * 4; ++at) pixels[at] = byte(pixels[at] + above[at]);
+}
+
 void turnRow(const Texture& texture, const Line& u, const Line& v, int from, int to, std::uint8_t* out) {
     const auto position = [](const Line& line, int at, int length) {
         // In 1/2^15 from a mark at every 64th pixel on.

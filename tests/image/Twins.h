@@ -20,6 +20,12 @@ void over(const std::uint8_t* above, int count, std::uint8_t* pixels);
 void over(std::uint32_t above, int count, std::uint8_t* pixels);
 void fade(int opacity, int count, std::uint8_t* pixels);
 void average(const std::uint8_t* others, int count, int up, std::uint8_t* pixels);
+void mask(const std::uint8_t* masks, int count, std::uint8_t* pixels);
+void multiply(const std::uint8_t* above, int count, std::uint8_t* pixels);
+void screen(const std::uint8_t* above, int count, std::uint8_t* pixels);
+void overlay(const std::uint8_t* above, int count, std::uint8_t* pixels);
+void softLight(const std::uint8_t* above, int count, std::uint8_t* pixels);
+void add(const std::uint8_t* above, int count, std::uint8_t* pixels);
 void turnRow(const Texture& texture, const Line& u, const Line& v, int from, int to, std::uint8_t* out);
 void smearRow(const std::uint8_t* in, int count, int reach, std::uint8_t* out);
 void transpose(const std::uint8_t* in, std::ptrdiff_t inStride, int width, int height, std::uint8_t* out,

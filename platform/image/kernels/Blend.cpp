@@ -33,17 +33,16 @@ HWY_INLINE void mix(const std::uint8_t* above, int count, std::uint8_t* pixels, 
     });
 }
 
-/// Every channel, alpha too, by `numerator(above, below, alpha above, alpha below)`, in 1/255 of a level.
-/// A colour that rounding has left above its alpha is held there: sums would not fit.
-template <typename D, typename V, typename Numerator>
-HWY_INLINE V inHalves(D d, V above, V below, const Numerator& numerator) {
+/// Every channel, alpha too, by `mixed(above, below, alpha above, alpha below)`. A colour that rounding has
+/// left above its alpha is held there: sums would not fit.
+template <typename D, typename V, typename Mixed>
+HWY_INLINE V inHalves(D d, V above, V below, const Mixed& mixed) {
     const hn::Repartition<std::uint16_t, D> words;
     const auto even = hn::Set(words, 0x00FF);
     const auto upperAlpha = hn::BitCast(words, inBothHalves(hn::ShiftRight<24>(above)));
     const auto lowerAlpha = hn::BitCast(words, inBothHalves(hn::ShiftRight<24>(below)));
     const auto channel = [&](auto upper, auto lower) {
-        return over255(
-            numerator(hn::Min(upper, upperAlpha), hn::Min(lower, lowerAlpha), upperAlpha, lowerAlpha));
+        return mixed(hn::Min(upper, upperAlpha), hn::Min(lower, lowerAlpha), upperAlpha, lowerAlpha);
     };
     const auto upper = hn::BitCast(words, above);
     const auto lower = hn::BitCast(words, below);
@@ -62,18 +61,17 @@ HWY_INLINE V uncovered(V above, V below, V alphaAbove, V alphaBelow) {
 void Multiply(const std::uint8_t* above, int count, std::uint8_t* pixels) {
     mix(above, count, pixels, [](auto d, auto upper, auto lower) {
         return inHalves(d, upper, lower, [](auto cs, auto cb, auto as, auto ab) {
-            return hn::Add(uncovered(cs, cb, as, ab), hn::Mul(cs, cb));
+            return over255(hn::Add(uncovered(cs, cb, as, ab), hn::Mul(cs, cb)));
         });
     });
 }
 
 void Screen(const std::uint8_t* above, int count, std::uint8_t* pixels) {
     mix(above, count, pixels, [](auto d, auto upper, auto lower) {
-        const auto left = inHalves(d, upper, lower, [](auto cs, auto cb, auto, auto) {
-            return hn::Mul(cb, hn::Sub(hn::Set(hn::DFromV<decltype(cs)>(), 255), cs));
+        return inHalves(d, upper, lower, [](auto cs, auto cb, auto, auto) {
+            const auto all = hn::Set(hn::DFromV<decltype(cs)>(), 255);
+            return hn::Add(cs, over255(hn::Mul(cb, hn::Sub(all, cs))));
         });
-        const hn::Repartition<std::uint8_t, decltype(d)> bytes;
-        return hn::BitCast(d, hn::SaturatedAdd(hn::BitCast(bytes, upper), hn::BitCast(bytes, left)));
     });
 }
 
@@ -83,7 +81,8 @@ void Overlay(const std::uint8_t* above, int count, std::uint8_t* pixels) {
             const auto twice = [](auto value) { return hn::Add(value, value); };
             const auto dark = twice(hn::Mul(cs, cb));
             const auto light = hn::Sub(hn::Mul(as, ab), twice(hn::Mul(hn::Sub(ab, cb), hn::Sub(as, cs))));
-            return hn::Add(uncovered(cs, cb, as, ab), hn::IfThenElse(hn::Gt(twice(cb), ab), light, dark));
+            const auto both = hn::IfThenElse(hn::Gt(twice(cb), ab), light, dark);
+            return over255(hn::Add(uncovered(cs, cb, as, ab), both));
         });
     });
 }

@@ -1,0 +1,143 @@
+#include "tests/image/Pictures.h"
+
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+using namespace murbo::Pictures;
+
+namespace {
+
+constexpr Blend blends[] = {Blend::normal,  Blend::multiply, Blend::screen,
+                            Blend::overlay, Blend::add,      Blend::softLight};
+
+Image box(const Rect& rect, Colour colour) {
+    return Image::colour(colour).cropped(rect);
+}
+
+/// W3C Compositing and Blending Level 1, 10.1, on straight colours from 0 to 1.
+double blended(Blend blend, double below, double above) {
+    const double dark = 2 * above - 1;
+    const double lit = below <= 0.25 ? ((16 * below - 12) * below + 4) * below : std::sqrt(below);
+    switch (blend) {
+        case Blend::multiply:
+            return below * above;
+        case Blend::screen:
+            return below + above - below * above;
+        case Blend::overlay:
+            return below <= 0.5 ? 2 * below * above : 1 - 2 * (1 - below) * (1 - above);
+        case Blend::softLight:
+            return above <= 0.5 ? below + dark * below * (1 - below) : below + dark * (lit - below);
+        default:
+            return above;
+    }
+}
+
+int mixed(Blend blend, int below, int belowAlpha, int above, int aboveAlpha) {
+    const double ab = belowAlpha / 255.0;
+    const double as = aboveAlpha / 255.0;
+    if (blend == Blend::add) return int(std::lround(std::min(below * ab + above * as, 255.0)));
+    const double mix = blended(blend, below / 255.0, above / 255.0);
+    return int(std::lround((1 - ab) * as * above + (1 - as) * ab * below + as * ab * mix * 255));
+}
+
+/// A row in which the colours of one picture meet those of the other.
+Image shades(bool across, int alpha) {
+    return Image::bitmap(bitmapOf(64, 64, [=](int x, int y) {
+        const auto level = std::uint8_t((across ? x : y) * 4);
+        return Colour{level, std::uint8_t(255 - level), 128, std::uint8_t(alpha)};
+    }));
+}
+
+}
+
+TEST(Blends, areThoseOfTheStandard) {
+    for (const Blend blend : blends) {
+        for (const auto& [belowAlpha, aboveAlpha] : {std::pair{255, 255}, {255, 120}, {90, 255}, {140, 60}}) {
+            const Bitmap found =
+                drawn(shades(true, aboveAlpha).over(shades(false, belowAlpha), blend), 64, 64);
+            int worst = 0;
+            for (int y = 0; y < 64; ++y) {
+                for (int x = 0; x < 64; ++x) {
+                    const int red = mixed(blend, y * 4, belowAlpha, x * 4, aboveAlpha);
+                    worst = std::max(worst, std::abs(at(found, x, y).red - red));
+                }
+            }
+            // Two more roundings than the formula has: each picture's premultiplied colours.
+            EXPECT_LE(worst, belowAlpha == 255 && aboveAlpha == 255 ? 1 : 2) << int(blend);
+        }
+    }
+}
+
+TEST(Blends, mixWithWhatTheirGroupHasOnly) {
+    const Rect left{0, 0, 4, 4};
+    const Rect all{0, 0, 8, 4};
+    const Image white = box(all, Colour::white);
+    const Image red = box(all, {255, 0, 0, 255});
+    const Image blue = box(left, {0, 0, 255, 255});
+    // Red multiplied with blue is black; where the group is clear, red stays as it is.
+    const Image group = red.over(blue, Blend::multiply);
+    for (const auto& [name, image] :
+         {std::pair{"above", group.over(white)},
+          {"cut", group.cropped({0, 0, 8, 3.5}).over(white)},
+          {"masked", group.masked(white).over(white)},
+          {"within another", group.over(Image()).over(box(left, {0, 255, 0, 255})).over(white)}}) {
+        EXPECT_EQ(at(drawn(image, 8, 4), 1, 1), (Pixel{0, 0, 0, 255})) << name;
+        EXPECT_EQ(at(drawn(image, 8, 4), 6, 1), (Pixel{255, 0, 0, 255})) << name;
+    }
+    const Bitmap faded = drawn(group.faded(0.5).over(white), 8, 4);
+    EXPECT_EQ(at(faded, 1, 1), (Pixel{127, 127, 127, 255}));
+    EXPECT_EQ(at(faded, 6, 1), (Pixel{255, 127, 127, 255}));
+    // One that lies in the same stack mixes with all that is below.
+    EXPECT_EQ(at(drawn(red.over(blue.over(box(all, {0, 255, 0, 255})), Blend::multiply), 8, 4), 6, 1),
+              (Pixel{0, 0, 0, 255}));
+    // Several pictures are blended as the one that they make.
+    const Image pair = box(left, {0, 255, 0, 255}).over(red);
+    EXPECT_EQ(at(drawn(pair.over(box(all, {255, 255, 0, 255}), Blend::multiply), 8, 4), 1, 1),
+              (Pixel{0, 255, 0, 255}));
+    EXPECT_EQ(at(drawn(pair.faded(0.5).over(white, Blend::multiply), 8, 4), 6, 1),
+              (Pixel{255, 127, 127, 255}));
+}
+
+TEST(Blends, andMasksNestWithoutEnd) {
+    const Rect all{0, 0, 8, 8};
+    const Image base = box(all, {200, 100, 50, 255});
+    Image below = base;
+    Image above = base;
+    Image masked = base;
+    Image mask = base;
+    Image later = base;
+    Image once = base;
+    for (int round = 0; round < 10000; ++round) {
+        const Blend blend = blends[round % 6];
+        below = box(all, {std::uint8_t(round), 90, 200, 40}).over(below, blend);
+        above = above.over(box(all, {9, 90, 200, 255}), blend).faded(0.99);
+        masked = masked.masked(box({0, 0, 8, 7.5}, Colour::white));
+        mask = base.masked(mask.faded(0.999));
+        later = Image::later(all, [later] { return later; });
+        once = once.faded(0.999).drawnOnce();
+    }
+    for (const Image& image : {below, above, mask, once}) drawn(image, 8, 8);
+    EXPECT_EQ(at(drawn(masked, 8, 8), 3, 3), (Pixel{200, 100, 50, 255}));
+    EXPECT_EQ(at(drawn(later, 8, 8), 3, 3).alpha, 0) << "too deep to be made";
+}
+
+TEST(Masks, fadeByTheirAlphaAtItsPlace) {
+    const Image picture = shades(true, 255);
+    const Image mask = Image::bitmap(bitmapOf(64, 64, [](int x, int y) {
+        return Colour{9, 9, 9, std::uint8_t(x < 20 ? 255 : y * 4)};
+    }));
+    const Bitmap found = drawn(picture.masked(mask.transformed(Transform().translated(5, 0))), 70, 64);
+    const Bitmap plain = drawn(picture, 70, 64);
+    EXPECT_EQ(at(found, 4, 9).alpha, 0) << "beside the mask";
+    EXPECT_EQ(at(found, 10, 9), at(plain, 10, 9));
+    EXPECT_EQ(at(found, 40, 32).red, (at(plain, 40, 32).red * 128 + 127) / 255);
+    EXPECT_EQ(difference(drawn(picture.masked(mask).faded(0.5), 64, 64),
+                         drawn(picture.faded(0.5).masked(mask), 64, 64)),
+              0);
+    const Rect body{0, 0, 64, 64};
+    EXPECT_EQ(&picture.masked(box({-1, -1, 99, 99}, Colour::white)).node(), &picture.node());
+    EXPECT_TRUE(picture.masked(Image()).empty());
+    EXPECT_EQ(picture.masked(box({60, 0, 99, 9}, Colour::white)).extent(), body.intersection({60, 0, 4, 9}));
+}
