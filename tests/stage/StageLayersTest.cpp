@@ -106,6 +106,20 @@ TEST(StageLayers, thatCantBeDrawnAreLeftOutAndTheOthersStay) {
     EXPECT_EQ(seen(stage.drawn(""), {{0, 0}}), ".");
 }
 
+TEST(StageLayers, keepLettersSharpThatTheyEnlarge) {
+    const Staged stage(400, 200, {30, 60, 200});
+    const auto large = stage.drawn(R"({"text": "Hi", "size": 120})");
+    const auto enlarged = stage.drawn(R"({"text": "Hi", "size": 30, "scale": 4})");
+    int letters = 0, apart = 0;
+    for (int y = 0; y < 200; ++y)
+        for (int x = 0; x < 400; ++x) {
+            letters += large.row(y)[x * 4] != 200;
+            apart += std::abs(large.row(y)[x * 4] - enlarged.row(y)[x * 4]) > 40;
+        }
+    EXPECT_GT(letters, 5000);
+    EXPECT_LT(apart, letters / 50) << "of " << letters;
+}
+
 TEST(StageLayers, showWhatLiesBelowChanged) {
     Staged stage(80, 160);
     stage.below = Staged::box(80, 160, {200, 0, 0}).over(stage.below);

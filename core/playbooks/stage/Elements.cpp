@@ -33,47 +33,6 @@ CaptionStyle styleOf(const Context& context) {
     return style;
 }
 
-std::optional<Image> letters(const Context& context) {
-    const auto text = context.text(context.layer.text);
-    if (!text || text->empty()) return std::nullopt;
-    return context.scene.media.text(*text, styleOf(context), context.scene.plan.fonts);
-}
-
-std::optional<Made> scatter(const Context& context) {
-    const auto text = context.text(context.layer.particles);
-    if (!text) return std::nullopt;
-    const double width = context.pixels(context.layer.w, context.width()).value_or(context.width() * 0.08);
-    return Made{.image = particles(*text, context, width), .placed = true, .round = true};
-}
-
-std::optional<Image> picture(const Context& context) {
-    const auto& layer = context.layer;
-    if (layer.text) return letters(context);
-    const auto text = context.text(layer.image ? layer.image : layer.video ? layer.video : layer.slot);
-    if (!text || text->empty()) return std::nullopt;
-    return layer.slot ? slot(*text, context) : file(*text, context);
-}
-
-Image withEffects(Image image, const Context& context) {
-    if (!context.layer.effects) return image;
-    const auto& effects = *context.layer.effects;
-    for (std::size_t i = 0; i < std::min(effects.size(), mostEffects); ++i)
-        image = apply(effects[i], image, context.held);
-    return image;
-}
-
-/// The picture without what is like the key in colour.
-Image keyedOut(const Image& image, const Context& context) {
-    const auto text = context.text(context.layer.key);
-    const auto colour = text ? Colour::hex(*text) : std::nullopt;
-    const auto cube = colour ? context.scene.media.cube(*colour) : std::nullopt;
-    return cube ? image.filtered(*cube) : image;
-}
-
-Image cutOut(const Image& image, const Context& context) {
-    return context.layer.cutout.value_or(false) ? context.scene.media.cutout(image) : image;
-}
-
 /// The middle of a picture in the shape of w × h.
 Image inShape(const Image& image, double shape) {
     const Rect extent = image.extent();
@@ -98,6 +57,70 @@ Made sized(const Image& image, const Context& context) {
     if (width) return {image, *width / extent.width};
     if (height) return {image, *height / extent.height};
     return {image};
+}
+
+/// How much a layer's own scale enlarges it at most.
+double enlarged(const Context& context) {
+    double most = std::abs(context.number(context.layer.scale).value_or(1));
+    if (!context.layer.keys) return most;
+    for (const auto& key : *context.layer.keys)
+        if (key.scale) most = std::max(most, std::abs(*key.scale));
+    return most;
+}
+
+std::optional<Image> letters(const Context& context, double scale = 1) {
+    const auto text = context.text(context.layer.text);
+    if (!text || text->empty()) return std::nullopt;
+    return context.scene.media.text(*text, styleOf(context), context.scene.plan.fonts, scale);
+}
+
+/// Letters that are shown much larger than their size says are drawn finer: in the same lines, in as many
+/// more pixels. Nothing where they need not be, or can't.
+std::optional<Image> finerLetters(const Image& drawn, const Context& context) {
+    const double shown = sized(drawn, context).scale * enlarged(context);
+    if (!(std::abs(shown) > 1.25)) return std::nullopt;
+    const double scale = std::abs(shown) > 2.5 ? 4 : 2;
+    const auto finer = letters(context, scale);
+    return finer ? std::optional(finer->transformed(Transform().scaled(1 / scale, 1 / scale))) : std::nullopt;
+}
+
+std::optional<Made> scatter(const Context& context) {
+    const auto text = context.text(context.layer.particles);
+    if (!text) return std::nullopt;
+    const double width = context.pixels(context.layer.w, context.width()).value_or(context.width() * 0.08);
+    return Made{.image = particles(*text, context, width), .placed = true, .round = true};
+}
+
+std::optional<Image> picture(const Context& context) {
+    const auto& layer = context.layer;
+    if (layer.text) {
+        const auto drawn = letters(context);
+        const auto finer = drawn ? finerLetters(*drawn, context) : std::nullopt;
+        return finer ? finer : drawn;
+    }
+    const auto text = context.text(layer.image ? layer.image : layer.video ? layer.video : layer.slot);
+    if (!text || text->empty()) return std::nullopt;
+    return layer.slot ? slot(*text, context) : file(*text, context);
+}
+
+Image withEffects(Image image, const Context& context) {
+    if (!context.layer.effects) return image;
+    const auto& effects = *context.layer.effects;
+    for (std::size_t i = 0; i < std::min(effects.size(), mostEffects); ++i)
+        image = apply(effects[i], image, context.held);
+    return image;
+}
+
+/// The picture without what is like the key in colour.
+Image keyedOut(const Image& image, const Context& context) {
+    const auto text = context.text(context.layer.key);
+    const auto colour = text ? Colour::hex(*text) : std::nullopt;
+    const auto cube = colour ? context.scene.media.cube(*colour) : std::nullopt;
+    return cube ? image.filtered(*cube) : image;
+}
+
+Image cutOut(const Image& image, const Context& context) {
+    return context.layer.cutout.value_or(false) ? context.scene.media.cutout(image) : image;
 }
 
 bool canBeShown(const Made& made) {

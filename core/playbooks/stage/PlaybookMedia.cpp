@@ -123,10 +123,11 @@ std::shared_ptr<Footage> PlaybookMedia::footage(const std::filesystem::path& fil
 }
 
 std::optional<Image> PlaybookMedia::text(const std::string& text, const CaptionStyle& style,
-                                         const std::string& fonts) {
+                                         const std::string& fonts, double scale) {
     if (text.empty() || text.size() > longestText || !std::isfinite(style.size.value_or(1))) return {};
     CaptionPicture::Request request{.text = text, .style = style, .fonts = fonts};
-    request.width = widthOfLetters;
+    request.scale = scale;
+    request.width = widthOfLetters * scale;
     return ifItCan([&] { return parts->letters.get(request, [&] { return lettered(request); }); });
 }
 
