@@ -15,8 +15,11 @@ Row row(const ColourCube& filter, std::shared_ptr<const std::vector<std::uint32_
 /// `body` is the picture's place.
 Row row(const Vignetted& filter, const Rect& body, const PixelRect& bounds);
 
+/// Whether a blur so placed is to be seen at all.
+bool blurs(const Blurred& filter, const Transform& place);
+/// `then` is done to the blurred pixels, on whatever grid they are.
 Layer::Draw draw(const Blurred&, const Image::Node& of, const Transform& place, const PixelRect& bounds,
-                 int depth);
+                 int depth, const std::vector<Row>& then = {});
 Layer::Draw draw(const Bloomed&, const Image::Node& of, const Transform& place, const PixelRect& bounds,
                  int depth);
 Layer::Draw draw(const Pixellated&, const Image::Node& of, const Transform& place, const PixelRect& bounds,

@@ -62,16 +62,28 @@ Row rowOf(const Node::Filtered& filtered, const Transform& place, const PixelRec
                       filtered.filter);
 }
 
-/// All filters that follow one upon the other in place are done while a strip lies in a near cache.
+/// The blur that such a picture is, where it shows any.
+const Blurred* blurOf(const Node::Filtered* filtered, const Transform& place) {
+    const auto* blur = filtered ? std::get_if<Blurred>(&filtered->filter) : nullptr;
+    return blur && fits(*blur, place) && FilterDrawings::blurs(*blur, place) ? blur : nullptr;
+}
+
+/// All filters that follow one upon the other in place are done while a strip lies in a near cache; sums of a
+/// blur's colours on the blur's own grid, where it has far fewer pixels.
 Layer::Draw inPlace(const Node::Filtered& topmost, const Transform& place, const PixelRect& bounds,
                     int depth) {
     std::vector<Row> rows;
     const Node* below = nullptr;
-    for (const auto* filtered = &topmost; filtered; filtered = std::get_if<Node::Filtered>(&below->kind)) {
+    const Node::Filtered* filtered = &topmost;
+    bool sums = true;
+    for (; filtered; filtered = std::get_if<Node::Filtered>(&below->kind)) {
         if (!inPlace(filtered->filter) || !fits(filtered->filter, place)) break;
+        sums = sums && std::holds_alternative<ColourMatrix>(filtered->filter);
         rows.insert(rows.begin(), rowOf(*filtered, place, bounds));
         below = &filtered->of.node();
     }
+    const auto* blur = blurOf(filtered, place);
+    if (blur && sums) return FilterDrawings::draw(*blur, filtered->of.node(), place, bounds, depth, rows);
     auto layers = std::make_shared<Layers>(layersOf(*below, place, bounds, depth));
     return [layers, rows](const Tile& tile) {
         FilterDrawings::inStrips(tile, [&](const Tile& strip) {

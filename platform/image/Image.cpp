@@ -148,6 +148,9 @@ Image Image::masked(const Image& mask) const {
 Image Image::filtered(const Filter& given) const {
     const auto filter = Filters::held(given, root->body);
     if (empty() || !filter) return *this;
+    // Beside the crop it is clear, and stays so. What is filtered one after the other then comes together.
+    const auto* crop = std::get_if<Node::Crop>(&root->kind);
+    if (crop && Filters::byPixel(*filter)) return crop->of.filtered(*filter).cropped(crop->rect);
     const double reach = Filters::reach(*filter);
     const bool solid = reach == 0 && !std::holds_alternative<ColourCube>(*filter);
     const Rect opaque = solid || root->opaque.isEverything() ? root->opaque : Rect{};

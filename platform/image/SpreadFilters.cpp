@@ -16,8 +16,8 @@ constexpr double leastSigma = 0.2;
 /// How much coarser the grid of a bloom's wide glow is than that of its narrow one.
 constexpr double glowStep = 4;
 /// What a bloom's glows give, narrow and wide, in 1/255.
-constexpr int narrowShare = 170;
-constexpr int wideShare = 120;
+constexpr int narrowShare = 200;
+constexpr int wideShare = 140;
 
 /// Pixels of a grid that bilinear sampling within `area` may read.
 PixelRect sampled(const Transform& toGrid, const PixelRect& area) {
@@ -39,7 +39,7 @@ void eachRow(Raster& raster, const Take& take) {
 std::vector<std::uint32_t> glowing(double intensity) {
     std::vector<std::uint32_t> shares(256);
     for (int at = 0; at < 256; ++at) {
-        const double step = std::clamp((at / 255.0 - 0.45) / 0.5, 0.0, 1.0);
+        const double step = std::clamp((at / 255.0 - 0.35) / 0.55, 0.0, 1.0);
         const auto share = std::uint32_t(std::lround(255 * intensity * step * step * (3 - 2 * step)));
         shares[at] = share | share << 16;
     }
@@ -48,20 +48,26 @@ std::vector<std::uint32_t> glowing(double intensity) {
 
 }
 
+bool blurs(const Blurred& filter, const Transform& place) {
+    return filter.sigma * std::max(place.a, place.d) >= leastSigma;
+}
+
 Layer::Draw draw(const Blurred& filter, const Node& of, const Transform& place, const PixelRect& bounds,
-                 int depth) {
-    const double sigmaX = filter.sigma * place.a;
-    const double sigmaY = filter.sigma * place.d;
-    if (std::max(sigmaX, sigmaY) < leastSigma) return unchanged(of, place, bounds, depth);
-    const CoarseSigma coarseX(sigmaX);
-    const CoarseSigma coarseY(sigmaY);
+                 int depth, const std::vector<Row>& then) {
+    if (!blurs(filter, place)) return unchanged(of, place, bounds, depth);
+    const CoarseSigma coarseX(filter.sigma * place.a);
+    const CoarseSigma coarseY(filter.sigma * place.d);
     const Gauss across(coarseX.sigma);
     const Gauss down(coarseY.sigma);
     const auto toGrid = Transform().scaled(1 / coarseX.shrink, 1 / coarseY.shrink);
     const auto area = sampled(toGrid, bounds).grown(across.reach, down.reach);
     const Raster sharp = rasterised(of, place.then(toGrid), area, depth);
     Raster blurred = Gauss::blurred(sharp, across, down);
-    return blurred.bitmap.empty() ? nothing() : sampling(std::move(blurred), toGrid, bounds);
+    if (blurred.bitmap.empty()) return nothing();
+    eachRow(blurred, [&](int y, auto* pixels) {
+        for (const auto& row : then) row(area.left, area.top + y, blurred.area.width(), pixels);
+    });
+    return sampling(std::move(blurred), toGrid, bounds);
 }
 
 Layer::Draw draw(const Bloomed& filter, const Node& of, const Transform& place, const PixelRect& bounds,
