@@ -45,15 +45,19 @@ ColourMatrix ColourMatrix::inverted() {
 }
 
 ColourMatrix ColourMatrix::grey() {
-    return {{film, film, film}, {}, 0.12};
+    return {{film, film, film}, {}, 0.16};
 }
 
 ColourMatrix ColourMatrix::sepia(double amount) {
     ColourMatrix matrix;
-    const double tones[3][2] = {{1, 0.1}, {0.95, 0}, {0.82, -0.1}}; // white's colour, and the middle's lift
+    const double tones[3][2] = {
+        {1, 0.1}, {0.95, 0.01}, {0.82, -0.08}}; // white's colour, and the middle's lift
+    // Own colours show through quickly: a little of them is a tint already.
+    const double share = 1 - (1 - amount) * (1 - amount);
+    matrix.contrast = 0.1 * share;
     for (int at = 0; at < 3; ++at) {
-        matrix.rows[at] = mixed(matrix.rows[at], times(film, tones[at][0]), amount);
-        matrix.lift[at] = tones[at][1] * amount;
+        matrix.rows[at] = mixed(matrix.rows[at], times(film, tones[at][0]), share);
+        matrix.lift[at] = tones[at][1] * share;
     }
     return matrix;
 }

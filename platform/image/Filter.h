@@ -46,7 +46,7 @@ struct Posterised {
     int levels = 6;
 };
 
-/// Gaussian (in three box passes), deviation in pixels.
+/// Gaussian, deviation in pixels.
 struct Blurred {
     double sigma = 0;
 };

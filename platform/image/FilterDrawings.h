@@ -41,6 +41,10 @@ Layer::Draw nothing();
 /// The picture as it is.
 Layer::Draw unchanged(const Image::Node& of, const Transform& place, const PixelRect& bounds, int depth);
 
+/// Pixels of a grid that bilinear sampling within an area may read.
+PixelRect sampled(const Transform& toGrid, const PixelRect& area);
+/// Draws a raster as it is seen on another grid, of which `bounds` may be asked.
+Layer::Draw sampling(const Raster& raster, const Transform& toGrid, const PixelRect& bounds);
 /// Part of a raster seen on another grid.
 Raster resampled(const Raster& raster, const Transform& toRaster, const PixelRect& area);
 

@@ -182,25 +182,3 @@ Placed upright(const Node& node, const Node::Filtered& filtered, const Transform
 }
 
 }
-
-namespace murbo::FilterDrawings {
-
-Layer::Draw nothing() {
-    return [](const Tile& tile) {
-        for (int y = tile.area.top; y < tile.area.bottom; ++y)
-            Kernels::fill(0, tile.area.width(), tile.at(tile.area.left, y));
-    };
-}
-
-Layer::Draw unchanged(const Image::Node& of, const Transform& place, const PixelRect& bounds, int depth) {
-    auto layers = std::make_shared<Layers>(layersOf(of, place, bounds, depth));
-    return [layers](const Tile& tile) { Painter::paint(*layers, tile); };
-}
-
-Raster resampled(const Raster& raster, const Transform& toRaster, const PixelRect& area) {
-    Raster result = Raster::of(area, raster.opaque);
-    Sampler(raster, toRaster, area, raster.area).fill(result.tile());
-    return result;
-}
-
-}

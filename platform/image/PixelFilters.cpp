@@ -39,8 +39,8 @@ std::shared_ptr<const std::vector<std::uint32_t>> lightOf(const Vignetted& filte
     auto light = std::make_shared<std::vector<std::uint32_t>>(fall + 1);
     for (int at = 0; at <= fall; ++at) {
         const double distance = std::sqrt(double(at) / fall);
-        const double beyond = std::clamp((distance * 2 / filter.radius - 0.25) / 1.0, 0.0, 8.0);
-        const double dark = 1 / (1 + filter.intensity * 0.6 * beyond * beyond);
+        const double beyond = std::max(distance / filter.radius - 0.15, 0.0);
+        const double dark = 1 / (1 + 6 * filter.intensity * beyond * beyond);
         (*light)[at] = std::uint32_t(std::lround(dark * 32767));
     }
     return light;

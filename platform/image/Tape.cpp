@@ -10,7 +10,7 @@ namespace {
 constexpr double lineShade = 0.18;
 /// The most that noise adds, of full light, and how large its grains are, in the picture's pixels.
 constexpr double noise = 0.08;
-constexpr double grainWidth = 2;
+constexpr double grainWidth = 3;
 constexpr double grainHeight = 2;
 
 /// How much of 0…to is dark: the first half of each period.
