@@ -63,6 +63,8 @@ private:
     void addMade(const Image& image, State& state, int itsDepth);
 
     static Rect takeLimits(State& state);
+    /// What of a grid is needed to draw `bounds`, `way` leading from the canvas to it.
+    static PixelRect seenThrough(const Transform& way, const PixelRect& bounds);
     void add(State& state, bool opaque, Layer::Ink ink);
     /// `opaque` are pixels that hide all below by themselves.
     void add(State& state, const PixelRect& opaque, Layer::Ink ink);

@@ -15,6 +15,8 @@ namespace {
 
 /// Pixels at an angle may lie so much further apart than one before they count as skipped.
 constexpr double slack = 0.35;
+/// Pixels of the canvas beside one that may be averaged into it.
+constexpr int averaged = 2;
 
 /// Whether a way from the canvas to a picture's pixels passes some of them over.
 bool skips(const Transform& way) {
@@ -55,6 +57,10 @@ Layer::Draw drawnBy(std::shared_ptr<Drawer> drawer) {
     return [drawer = std::move(drawer)](const Tile& tile) { drawer->fill(tile); };
 }
 
+}
+
+PixelRect Flattening::seenThrough(const Transform& way, const PixelRect& bounds) {
+    return PixelRect::touching(way.apply(bounds.grown(averaged, averaged).rect())).grown(2, 2);
 }
 
 void Flattening::visit(const Node::Fill& fill, State& state) {
@@ -163,7 +169,7 @@ void Flattening::addAtAngle(State& state, Raster raster, const Transform& way) {
     auto turner = std::make_shared<Turner>(std::move(raster), toRaster);
     if (across == 1 && down == 1) return add(state, opaque, drawnBy(std::move(turner)));
     const Transform toFine = Transform().scaled(across, down);
-    const auto area = PixelRect::touching(toFine.apply(state.bounds.rect())).grown(across, down);
+    const auto area = PixelRect::touching(toFine.apply(state.bounds.grown(averaged, averaged).rect()));
     if (!Raster::holds(area)) return;
     Raster fine = Raster::of(area, opaque);
     turner->fill(fine.tile());
@@ -177,7 +183,7 @@ void Flattening::addTurned(State& state, const Rect& shown) {
     const Grid grid = Grid::over(state.node->extent, state.place, 1);
     const auto limits = PixelRect::touching(grid.toGrid.apply(shown)).heldIn(grid.whole);
     const auto way = state.place.inverse().then(grid.toGrid);
-    const auto area = PixelRect::touching(way.apply(state.bounds.rect())).grown(2, 2).heldIn(limits);
+    const auto area = seenThrough(way, state.bounds).heldIn(limits);
     if (!Raster::holds(area)) return;
     State flat{state.node, grid.toGrid, area};
     flat.limits = shown;

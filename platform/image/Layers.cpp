@@ -30,10 +30,10 @@ bool visible(Flattening::State& state) {
     return !state.bounds.empty();
 }
 
-/// Whether what lies below an image hides all that is below itself, wherever the image is drawn.
-bool hides(const Node::Over& over, const Flattening::State& state) {
-    const auto drawn = PixelRect::touching(state.place.apply(over.above.extent()));
-    return covers(over.below.node(), state.place, drawn.intersection(state.bounds));
+/// Whether what lies below an image hides all that is below itself, wherever the image is. This must not
+/// depend on what is asked for: mixed with its own group alone, a picture can come out a level different.
+bool hides(const Node::Over& over) {
+    return over.below.node().opaque.contains(over.above.extent());
 }
 
 /// How finely a picture is kept that is seen through `place`. Enlarging a bitmap beforehand would gain
@@ -129,7 +129,7 @@ void Flattening::visit(const Node::Fade& fade, State& state) {
 
 void Flattening::visit(const Node::Over& over, State& state) {
     smooth(state);
-    const bool mixesWithOwn = over.blend == Blend::normal || state.lowest || hides(over, state);
+    const bool mixesWithOwn = over.blend == Blend::normal || state.lowest || hides(over);
     if (!state.plain() || !mixesWithOwn) return addGroup(state);
     State above = state;
     above.blend = over.blend;
@@ -159,7 +159,7 @@ void Flattening::addClamped(const Image& image, State& state) {
     if (tooDeep()) return;
     const Grid grid = Grid::over(image.extent(), state.place, 1e9);
     const auto way = state.place.inverse().then(grid.toGrid);
-    const auto area = PixelRect::touching(way.apply(state.bounds.rect())).grown(2, 2).heldIn(grid.whole);
+    const auto area = seenThrough(way, state.bounds).heldIn(grid.whole);
     if (!Raster::holds(area)) return;
     addSeen(state, rasterised(image.node(), grid.toGrid, area, depth + 1), way, area);
 }

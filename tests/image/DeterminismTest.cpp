@@ -47,6 +47,29 @@ const std::vector<std::pair<const char*, Filter>>& filters() {
     return all;
 }
 
+constexpr Blend blends[] = {Blend::multiply, Blend::screen, Blend::overlay, Blend::add, Blend::softLight};
+
+/// One that is not kept from one drawing to the next.
+Image keptAnew(const Image& image) {
+    return Image::later(image.extent(), [image] { return image.drawnOnce(); });
+}
+
+/// Shapes at odd places, blended with each other and what lies below.
+Image shapes(const Image& below) {
+    Image all = below;
+    for (int at = 0; at < 15; ++at) {
+        const Rect rect{at * 9.3, at * 21.7, 150.4, 111};
+        const auto way = Transform().rotated(at % 4 * 11).scaled(1, 1 - at * 0.02);
+        const Colour colour{std::uint8_t(at * 40), std::uint8_t(at * 17), 200,
+                            std::uint8_t(255 - at % 3 * 60)};
+        const Image shape = at % 3 == 0   ? Image::roundedRectangle(rect, 4.0 * at, colour)
+                            : at % 3 == 1 ? Image::roundedOutline(rect, 30, 1.0 + at, colour)
+                                          : Image::gradient(rect, colour, {9, 250, 3, 130});
+        all = shape.transformed(way).over(all, blends[at % 5]);
+    }
+    return all;
+}
+
 /// Something of everything that can be drawn.
 std::vector<std::pair<const char*, Image>> scenes() {
     Frame phone = form(200, 120, Frame::Layout::chroma420, 10);
@@ -78,7 +101,13 @@ std::vector<std::pair<const char*, Image>> scenes() {
         {"zoom", frame.clamped().zoomBlurred({135, 241}, 30).cropped(all)},
         {"mild zoom", frame.clamped().zoomBlurred({100, 50}, 4).cropped(all)},
         {"clamped",
-         frame.cropped({20, 30, 200, 300}).clamped().transformed(Transform().rotated(30).scaled(1.3, 0.6))}};
+         frame.cropped({20, 30, 200, 300}).clamped().transformed(Transform().rotated(30).scaled(1.3, 0.6))},
+        {"shapes", shapes(frame)},
+        {"group of shapes", shapes(Image()).faded(0.7).over(frame)},
+        {"masked", frame.masked(shapes(Image()).transformed(Transform().rotated(5))).over(grouped)},
+        {"kept", keptAnew(frame)
+                     .transformed(Transform().scaled(0.7, 0.7).rotated(9))
+                     .over(keptAnew(shapes(frame.cropped(all))).transformed(Transform().scaled(1.1, 1.4)))}};
     for (const auto& [name, filter] : filters())
         pictures.emplace_back(
             name, screen.clamped().filtered(filter).cropped(screen.extent()).over(caption.filtered(filter)));
@@ -92,7 +121,7 @@ Image anyImage(std::mt19937& generator, const std::vector<Image>& leaves, int de
     };
     const auto next = [&] { return anyImage(generator, leaves, depth - 1); };
     if (depth == 0) return leaves[generator() % leaves.size()];
-    switch (generator() % 12) {
+    switch (generator() % 16) {
         case 0:
             return next().cropped({number(-50, 100), number(-50, 100), number(20, 300), number(20, 300)});
         case 1:
@@ -114,8 +143,23 @@ Image anyImage(std::mt19937& generator, const std::vector<Image>& leaves, int de
             return next().transformed(Transform().rotated(90).translated(std::floor(number(50, 270)), 0));
         case 8:
             return next().filtered(filters()[generator() % filters().size()].second);
-        default:
-            return next().over(next());
+        case 9:
+            return next().masked(next());
+        case 10: {
+            const Image image = next();
+            return generator() % 2 ? keptAnew(image) : image.drawnOnce();
+        }
+        case 11:
+        case 12: {
+            const Image image = next();
+            return image.over(next(), blends[generator() % 5]);
+        }
+        case 13:
+            return shapes(next());
+        default: {
+            const Image image = next();
+            return image.over(next());
+        }
     }
 }
 
