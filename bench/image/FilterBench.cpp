@@ -160,7 +160,7 @@ const bool registered = [] {
     yardstick("colorchannelmixer=.393:.769:.189:0:.349:.686:.168:0:.272:.534:.131", AV_PIX_FMT_BGRA);
     ours("filter: saturate", ColourMatrix::saturated(1.6));
     yardstick("hue=s=1.6", AV_PIX_FMT_YUV420P);
-    ours("filter: bright", ColourMatrix::lifted(0.12));
+    ours("filter: bright", ColourMatrix::brightened(0.12));
     yardstick("eq=brightness=0.12", AV_PIX_FMT_YUV420P);
     ours("filter: invert", ColourMatrix::inverted());
     yardstick("negate", AV_PIX_FMT_BGRA);

@@ -28,9 +28,12 @@ ColourMatrix ColourMatrix::saturated(double factor) {
     return matrix;
 }
 
-ColourMatrix ColourMatrix::lifted(double by) {
+ColourMatrix ColourMatrix::brightened(double by) {
     ColourMatrix matrix;
-    matrix.lift = {by, by, by};
+    // Half of what darkens is shade on all, so that white too lies behind what stands on it.
+    const double lift = by < 0 ? by / 2 : by;
+    for (auto& row : matrix.rows) row = times(row, 1 + std::min(by, 0.0));
+    matrix.lift = {lift, lift, lift};
     return matrix;
 }
 

@@ -25,8 +25,9 @@ struct ColourMatrix {
     /// How much the middle is steepened in an S, within a quarter: v + 4·contrast·v·(1 − v)·(2·v − 1).
     double contrast = 0;
 
-    static ColourMatrix saturated(double factor);  ///< 0 is grey, 1 changes nothing
-    static ColourMatrix lifted(double by);         ///< brighter or darker; black and white stay
+    static ColourMatrix saturated(double factor); ///< 0 is grey, 1 changes nothing
+    /// Brighter by so much in the middle, black and white staying; below 0 darker, black alone staying.
+    static ColourMatrix brightened(double by);
     static ColourMatrix contrasted(double factor); ///< round middle grey
     static ColourMatrix inverted();
     static ColourMatrix grey();                ///< black-and-white film, a touch of contrast

