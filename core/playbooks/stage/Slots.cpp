@@ -1,6 +1,5 @@
 #include "core/playbooks/stage/Slots.h"
 
-#include "platform/base/Files.h"
 #include "platform/base/Numbers.h"
 #include "platform/base/Text.h"
 
@@ -17,7 +16,6 @@ namespace fs = std::filesystem;
 constexpr std::string_view under = "under";
 constexpr std::string_view stretch = "rec:";
 constexpr std::string_view emoji = "emoji:";
-constexpr std::string_view media = "media/";
 constexpr double emojiPoints = 200;
 
 /// Each layer plays by a reader of its own.
@@ -29,15 +27,6 @@ std::string readerKey(const Context& context) {
 bool canBeRead(const fs::path& path) {
     std::error_code error;
     return fs::is_regular_file(path, error);
-}
-
-std::optional<fs::path> located(const std::string& text, const Context& context) {
-    constexpr std::size_t longest = 4096;
-    if (text.empty() || text.size() > longest || text.find('\0') != text.npos) return std::nullopt;
-    if (text.starts_with('/')) return text;
-    const auto& project = context.scene.plan.project;
-    if (text.starts_with(media) && project) return Files::inside(*project, text);
-    return context.placed.book->file(text);
 }
 
 bool isVideo(const fs::path& path) {
@@ -90,7 +79,7 @@ std::optional<Image> slot(const std::string& text, const Context& context) {
 
 std::optional<Image> file(const std::string& text, const Context& context) {
     if (text.starts_with(emoji)) return context.scene.media.glyph(text.substr(emoji.size()), emojiPoints);
-    const auto path = located(text, context);
+    const auto path = context.scene.plan.file(text, &*context.placed.book);
     if (!path || !canBeRead(*path)) return std::nullopt;
     return isVideo(*path) ? videoPicture(*path, context) : context.scene.media.image(*path);
 }
