@@ -27,6 +27,16 @@ Bitmap::Bitmap(int width, int height) {
     std::memset(memory.get(), 0, rowBytes * height);
 }
 
+bool Bitmap::bare() const {
+    if (empty()) return true;
+    const auto clear = [&](int x, int y) { return row(y)[std::ptrdiff_t(x) * 4 + 3] == 0; };
+    for (int x = 0; x < pixelsWide; ++x)
+        if (!clear(x, 0) || !clear(x, pixelsHigh - 1)) return false;
+    for (int y = 0; y < pixelsHigh; ++y)
+        if (!clear(0, y) || !clear(pixelsWide - 1, y)) return false;
+    return true;
+}
+
 Bitmap Bitmap::toBeFilled(int width, int height) {
     require(width, height);
     Bitmap bitmap;

@@ -20,6 +20,8 @@ public:
     int width() const { return pixelsWide; }
     int height() const { return pixelsHigh; }
     bool empty() const { return !memory; }
+    /// Whether its outermost pixels are clear.
+    bool bare() const;
     /// Bytes from row to row; a multiple of 64.
     std::ptrdiff_t stride() const { return rowBytes; }
 

@@ -39,7 +39,8 @@ std::int64_t between(std::int64_t one, std::int64_t other) {
 
 }
 
-Edges::Edges(const Rect& rect, const Transform& transform) : upright(keepsAxes(transform)) {
+Edges::Edges(const Rect& rect, const Transform& transform, bool bare)
+    : upright(keepsAxes(transform)), nothingBeyond(bare) {
     const Transform back = transform.inverse();
     sides[0] = side(back, true, rect.x, true);
     sides[1] = side(back, true, rect.right(), false);
@@ -85,6 +86,7 @@ int Edges::coverage(int column, int row) const {
 }
 
 void Edges::cover(int y, int from, int to, std::uint8_t* pixels) const {
+    if (nothingBeyond) return;
     const Range some = reaching(y, outside, {from, to});
     const Range all = reaching(y, inside, some);
     const auto at = [&](int x) { return pixels + std::ptrdiff_t(x - from) * 4; };

@@ -10,7 +10,8 @@ namespace murbo {
 /// distance to each side. In whole numbers, by absolute position, as all drawing.
 class Edges {
 public:
-    Edges(const Rect& rect, const Transform& transform);
+    /// `bare` is a rectangle beyond which there is nothing anyway: it only tells where to look.
+    Edges(const Rect& rect, const Transform& transform, bool bare = false);
 
     /// Fades `to − from` pixels of row y, of which the first is at x = from, by how much of each is inside.
     void cover(int y, int from, int to, std::uint8_t* pixels) const;
@@ -19,6 +20,7 @@ public:
     PixelRect reached(const PixelRect& area) const;
     /// Whether it reaches other columns in each row.
     bool slanted() const { return !upright; }
+    bool bare() const { return nothingBeyond; }
 
     /// Pixels of `bounds` that are wholly inside: all of an upright rectangle's; of a turned one's either all
     /// of `bounds` or none.
@@ -45,6 +47,7 @@ private:
 
     Side sides[4];
     bool upright;
+    bool nothingBeyond;
 };
 
 }

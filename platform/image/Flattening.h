@@ -57,12 +57,12 @@ private:
 
     bool tooDeep() const;
     void descend(State& state, const Image& child);
-    static void smooth(State& state);
+    static void smooth(State& state, bool bare = false);
     void addGroup(State& state);
     void addClamped(const Image& image, State& state);
     void addMade(const Image& image, State& state, int itsDepth);
 
-    static Rect takeLimits(State& state);
+    static Rect takeLimits(State& state, bool bare = false);
     /// What of a grid is needed to draw `bounds`, `way` leading from the canvas to it.
     static PixelRect seenThrough(const Transform& way, const PixelRect& bounds);
     void add(State& state, bool opaque, Layer::Ink ink);

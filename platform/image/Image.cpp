@@ -68,10 +68,15 @@ Image Image::colour(Colour colour) {
 }
 
 Image Image::bitmap(Bitmap bitmap, bool opaque) {
-    if (bitmap.empty()) return {};
-    const Rect extent{0, 0, double(bitmap.width()), double(bitmap.height())};
-    return Image(
-        made(Node::Pixels{std::move(bitmap), opaque}, extent, extent, opaque ? extent : Rect{}, true));
+    const bool bare = !opaque && bitmap.bare();
+    return Node::imageOf({std::move(bitmap), opaque, bare});
+}
+
+Image Image::Node::imageOf(Pixels pixels) {
+    if (pixels.bitmap.empty()) return {};
+    const Rect extent{0, 0, double(pixels.bitmap.width()), double(pixels.bitmap.height())};
+    const Rect opaque = pixels.opaque ? extent : Rect{};
+    return Image(made(std::move(pixels), extent, extent, opaque, true));
 }
 
 Image Image::frame(Frame frame) {

@@ -21,6 +21,7 @@ struct Image::Node {
     struct Pixels {
         Bitmap bitmap;
         bool opaque;
+        bool bare; ///< its outermost pixels are clear: it needs no smooth edges
     };
     struct Picture {
         Frame frame;
@@ -96,6 +97,7 @@ struct Image::Node {
 
     Node(Kind what, Rect extent, Rect body, Rect opaque, bool single);
     ~Node();
+    static Image imageOf(Pixels pixels);
     Node(const Node&) = delete;
     Node& operator=(const Node&) = delete;
 

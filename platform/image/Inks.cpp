@@ -74,10 +74,10 @@ void Flattening::visit(const Node::Fill& fill, State& state) {
 }
 
 void Flattening::visit(const Node::Pixels& pixels, State& state) {
-    const Rect shown = takeLimits(state);
+    const auto way = state.place.inverse();
+    const Rect shown = takeLimits(state, pixels.bare && !skips(way));
     const PixelRect area{0, 0, pixels.bitmap.width(), pixels.bitmap.height()};
     const auto limits = PixelRect::touching(shown).heldIn(area);
-    const auto way = state.place.inverse();
     if (!keepsAxes(state.place) && (limits != area || skips(way))) return addTurned(state, shown);
     addSeen(state, {pixels.bitmap, area, pixels.opaque}, way, limits);
 }
@@ -133,9 +133,10 @@ void Flattening::visit(const Node::Filtered& filtered, State& state) {
 }
 
 /// What of the node's picture may be shown, in its own space. Unless they repeat, its edges become smooth
-/// ones; on the canvas' own grid they fall between pixels.
-Rect Flattening::takeLimits(State& state) {
+/// ones; on the canvas' own grid they fall between pixels. `bare` is a picture that is clear there.
+Rect Flattening::takeLimits(State& state, bool bare) {
     const Rect& extent = state.node->extent;
+    const bool uncut = state.limits.contains(extent);
     const Rect shown = state.limits.intersection(extent);
     state.limits = shown.empty() ? extent : shown;
     const Rect taken = state.limits;
@@ -143,7 +144,7 @@ Rect Flattening::takeLimits(State& state) {
     if (isShift(state.place))
         state.bounds = state.bounds.intersection(PixelRect::within(state.place.apply(taken)));
     else
-        smooth(state);
+        smooth(state, bare && uncut);
     return taken;
 }
 

@@ -15,6 +15,8 @@ namespace {
 using Node = Image::Node;
 
 constexpr int deepest = 100;
+/// Pixels of a picture that is kept whole whatever is seen of it.
+constexpr std::int64_t smallPicture = 1 << 17;
 
 /// Whether places under a transform can be told apart in numbers.
 bool countable(const Transform& transform) {
@@ -70,14 +72,18 @@ std::optional<Kept> keptOf(const Node::Once& once, const Flattening::State& stat
     // cut where it is shown.
     const bool repeats = state.node->single && whole.rect() != shown;
     const Image of = repeats ? once.of.clamped() : once.of;
-    const auto needed = neededOf(whole, state.bounds, state.place.inverse().then(toGrid));
+    const auto way = state.place.inverse().then(toGrid);
+    const bool small = whole.area() <= smallPicture;
+    const auto needed = small ? whole : neededOf(whole, state.bounds, way);
     const auto draw = [&](const Tile& tile) {
         auto parts = layersOf(of.node(), toGrid, tile.area, depth);
         Painter::paint(parts, tile);
     };
     const Bitmap pixels = once.memo->pixels(level, whole, needed, draw);
     const auto back = Transform().translated(whole.left, whole.top).then(toGrid.inverse());
-    return Kept{Image::bitmap(pixels, covers(*state.node, toGrid, whole)).transformed(back), repeats};
+    const bool opaque = covers(*state.node, toGrid, whole);
+    const bool bare = small && !opaque && pixels.bare();
+    return Kept{Node::imageOf({pixels, opaque, bare}).transformed(back), repeats && !bare};
 }
 
 }
@@ -194,10 +200,12 @@ void Flattening::addMade(const Image& image, State& state, int itsDepth) {
 }
 
 /// From here on the limits can't be followed: they become smooth edges.
-void Flattening::smooth(State& state) {
+void Flattening::smooth(State& state, bool bare) {
     if (state.limits.isEverything()) return;
-    state.edges.emplace_back(state.limits, state.place);
-    if (state.edges.back().solid(state.bounds) == state.bounds) state.edges.pop_back();
+    state.edges.emplace_back(state.limits, state.place, bare);
+    const auto& edges = state.edges.back();
+    const bool needless = edges.bare() && !edges.slanted();
+    if (needless || edges.solid(state.bounds) == state.bounds) state.edges.pop_back();
     state.limits = Rect::everything();
 }
 
