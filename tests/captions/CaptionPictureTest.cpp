@@ -112,7 +112,7 @@ TEST(CaptionPicture, bigCaptionsTakeTheirSizeAndColour) {
 TEST(CaptionPicture, stressedWordsHaveAColourOfTheirOwn) {
     auto asked = request("one two three");
     const Found all = find(drawn(asked), white);
-    asked.stress = {1, 7, -1, 3};
+    asked.stress = {1, 7, -1, 3, INT64_MIN};
     const Found two = find(drawn(asked), yellow);
     EXPECT_GT(two.count, 500);
     EXPECT_GT(two.left, all.left + 50);
