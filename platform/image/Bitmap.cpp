@@ -3,6 +3,8 @@
 #include "platform/base/Problem.h"
 #include "platform/image/PixelMemory.h"
 
+#include <algorithm>
+
 namespace murbo {
 namespace {
 
@@ -27,14 +29,18 @@ Bitmap::Bitmap(int width, int height) {
     std::memset(memory.get(), 0, rowBytes * height);
 }
 
-bool Bitmap::bare() const {
-    if (empty()) return true;
+int Bitmap::air() const {
     const auto clear = [&](int x, int y) { return row(y)[std::ptrdiff_t(x) * 4 + 3] == 0; };
-    for (int x = 0; x < pixelsWide; ++x)
-        if (!clear(x, 0) || !clear(x, pixelsHigh - 1)) return false;
-    for (int y = 0; y < pixelsHigh; ++y)
-        if (!clear(0, y) || !clear(pixelsWide - 1, y)) return false;
-    return true;
+    const auto ringIsClear = [&](int at) {
+        for (int x = at; x < pixelsWide - at; ++x)
+            if (!clear(x, at) || !clear(x, pixelsHigh - 1 - at)) return false;
+        for (int y = at; y < pixelsHigh - at; ++y)
+            if (!clear(at, y) || !clear(pixelsWide - 1 - at, y)) return false;
+        return true;
+    };
+    int rings = 0;
+    while (2 * rings < std::min(pixelsWide, pixelsHigh) && ringIsClear(rings)) ++rings;
+    return rings;
 }
 
 Bitmap Bitmap::toBeFilled(int width, int height) {

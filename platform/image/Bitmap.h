@@ -20,8 +20,8 @@ public:
     int width() const { return pixelsWide; }
     int height() const { return pixelsHigh; }
     bool empty() const { return !memory; }
-    /// Whether its outermost pixels are clear.
-    bool bare() const;
+    /// How many pixels deep it is clear along all its sides.
+    int air() const;
     /// Bytes from row to row; a multiple of 64.
     std::ptrdiff_t stride() const { return rowBytes; }
 

@@ -62,7 +62,7 @@ private:
     void addClamped(const Image& image, State& state);
     void addMade(const Image& image, State& state, int itsDepth);
 
-    static Rect takeLimits(State& state, bool bare = false);
+    static Rect takeLimits(State& state, int air = 0);
     /// What of a grid is needed to draw `bounds`, `way` leading from the canvas to it.
     static PixelRect seenThrough(const Transform& way, const PixelRect& bounds);
     void add(State& state, bool opaque, Layer::Ink ink);

@@ -68,8 +68,8 @@ Image Image::colour(Colour colour) {
 }
 
 Image Image::bitmap(Bitmap bitmap, bool opaque) {
-    const bool bare = !opaque && bitmap.bare();
-    return Node::imageOf({std::move(bitmap), opaque, bare});
+    const int air = opaque ? 0 : bitmap.air();
+    return Node::imageOf({std::move(bitmap), opaque, air});
 }
 
 Image Image::Node::imageOf(Pixels pixels) {

@@ -21,7 +21,7 @@ struct Image::Node {
     struct Pixels {
         Bitmap bitmap;
         bool opaque;
-        bool bare; ///< its outermost pixels are clear: it needs no smooth edges
+        int air; ///< pixels that are clear along its sides: with any it needs no smooth edges
     };
     struct Picture {
         Frame frame;

@@ -37,6 +37,10 @@ PixelRect largestSolid(const Layers& layers) {
     return largest;
 }
 
+Rect inset(const Rect& rect, double by) {
+    return {rect.x + by, rect.y + by, rect.width - 2 * by, rect.height - 2 * by};
+}
+
 /// `opaque` are pixels that hide all below by themselves.
 Layer layerOf(Flattening::State& state, const PixelRect& opaque) {
     Layer layer;
@@ -75,7 +79,7 @@ void Flattening::visit(const Node::Fill& fill, State& state) {
 
 void Flattening::visit(const Node::Pixels& pixels, State& state) {
     const auto way = state.place.inverse();
-    const Rect shown = takeLimits(state, pixels.bare && !skips(way));
+    const Rect shown = takeLimits(state, skips(way) ? 0 : pixels.air);
     const PixelRect area{0, 0, pixels.bitmap.width(), pixels.bitmap.height()};
     const auto limits = PixelRect::touching(shown).heldIn(area);
     if (!keepsAxes(state.place) && (limits != area || skips(way))) return addTurned(state, shown);
@@ -133,18 +137,22 @@ void Flattening::visit(const Node::Filtered& filtered, State& state) {
 }
 
 /// What of the node's picture may be shown, in its own space. Unless they repeat, its edges become smooth
-/// ones; on the canvas' own grid they fall between pixels. `bare` is a picture that is clear there.
-Rect Flattening::takeLimits(State& state, bool bare) {
+/// ones; on the canvas' own grid they fall between pixels. Where the picture is clear `air` pixels
+/// deep, it is only told where there is something.
+Rect Flattening::takeLimits(State& state, int air) {
     const Rect& extent = state.node->extent;
     const bool uncut = state.limits.contains(extent);
     const Rect shown = state.limits.intersection(extent);
     state.limits = shown.empty() ? extent : shown;
     const Rect taken = state.limits;
     if (state.clamping) return taken;
-    if (isShift(state.place))
+    if (isShift(state.place)) {
         state.bounds = state.bounds.intersection(PixelRect::within(state.place.apply(taken)));
-    else
-        smooth(state, bare && uncut);
+        return taken;
+    }
+    const bool bare = air > 0 && uncut;
+    if (bare) state.limits = inset(taken, air - 1);
+    smooth(state, bare);
     return taken;
 }
 

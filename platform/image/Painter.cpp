@@ -149,7 +149,13 @@ void paintStack(Layers& layers, std::size_t count, const Tile& target, const Pix
 }
 
 void paint(Layers& layers, const Tile& tile) {
-    if (!tile.area.empty()) paintStack(layers, layers.size(), tile, tile.area);
+    const auto& area = tile.area;
+    if (area.empty()) return;
+    // What lies over each other is painted while it is still in a near cache.
+    const int rows = layers.size() > 1 ? std::max(scratchPixels / area.width(), 1) : area.height();
+    for (int top = area.top; top < area.bottom; top += rows)
+        paintStack(layers, layers.size(), tile,
+                   {area.left, top, area.right, std::min(top + rows, area.bottom)});
 }
 
 }
