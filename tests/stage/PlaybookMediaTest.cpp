@@ -186,6 +186,9 @@ TEST(PlaybookMedia, aColourIsTakenOutByItsHue) {
         EXPECT_NEAR(cell[1], colour[1] / 31 * cell[3], 0.02) << name << ": premultiplied";
     }
     EXPECT_EQ(looked(*media.cube({255, 0, 40, 255}), 1, 0, 0)[3], 0) << "hues meet at red";
+    EXPECT_FALSE(media.cube({255, 255, 255, 255})) << "white has no hue, not that of red";
+    EXPECT_FALSE(media.cube({90, 94, 90, 255}));
+    EXPECT_TRUE(media.cube({60, 80, 60, 255}));
 }
 
 TEST(PlaybookMedia, aCutOutIsTheSameInWhateverOrderFramesAreDrawn) {

@@ -12,6 +12,7 @@ constexpr double gone = 22; // degrees from the key's hue
 constexpr double band = 18; // in which colours fade in
 constexpr double darkest = 0.2;
 constexpr double palest = 0.28;
+constexpr double leastSpread = 0.03; // of a key's channels, for it to have a hue
 
 /// Channels from 0 to 1.
 struct Tone {
@@ -44,8 +45,10 @@ double alpha(const Tone& tone, double key) {
 
 }
 
-ColourCube cube(Colour key) {
-    const double hue = Tone{key.red / 255.0, key.green / 255.0, key.blue / 255.0}.hue();
+std::optional<ColourCube> cube(Colour key) {
+    const Tone wanted{key.red / 255.0, key.green / 255.0, key.blue / 255.0};
+    if (wanted.spread() < leastSpread) return {};
+    const double hue = wanted.hue();
     auto values = std::make_shared<std::vector<float>>();
     values->reserve(std::size_t{side} * side * side * 4);
     for (int blue = 0; blue < side; ++blue)
@@ -57,7 +60,7 @@ ColourCube cube(Colour key) {
                 for (const double channel : {tone.red, tone.green, tone.blue, 1.0})
                     values->push_back(float(kept * channel));
             }
-    return {side, std::move(values)};
+    return ColourCube{side, std::move(values)};
 }
 
 }

@@ -35,7 +35,7 @@ public:
     /// One emoji or letter in white, at a size in points.
     std::optional<Image> glyph(const std::string& glyph, double points);
 
-    /// Takes a colour out, as before a green screen.
+    /// Takes a colour out, as before a green screen. Nothing for a grey.
     std::optional<ColourCube> cube(Colour key);
 
     /// The subject of a picture alone; the picture itself where none is found.
