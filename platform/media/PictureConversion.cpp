@@ -51,6 +51,8 @@ AVPixelFormat target(const AVPixFmtDescriptor& format) {
     if (format.flags & (AV_PIX_FMT_FLAG_RGB | AV_PIX_FMT_FLAG_PAL | AV_PIX_FMT_FLAG_BAYER))
         return alpha || (format.flags & AV_PIX_FMT_FLAG_PAL) ? AV_PIX_FMT_BGRA : AV_PIX_FMT_BGR0;
     if (format.nb_components < 3 && !alpha) return deep ? AV_PIX_FMT_GRAY16LE : AV_PIX_FMT_GRAY8;
+    // On the way to Y'CbCr deep grey with alpha would lose its range.
+    if (format.nb_components < 3) return AV_PIX_FMT_BGRA;
     if (alpha) return deep ? AV_PIX_FMT_YUVA444P12LE : AV_PIX_FMT_YUVA444P;
     if (format.log2_chroma_w == 1 && format.log2_chroma_h == 1)
         return deep ? AV_PIX_FMT_YUV420P12LE : AV_PIX_FMT_YUV420P;

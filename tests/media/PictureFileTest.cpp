@@ -71,6 +71,7 @@ TEST(PictureFile, everyKindHasItsColoursAndItsTransparency) {
              {"grey.png", solid + "-pix_fmt gray", grey, 1, grey},
              {"deepgrey.png", solid + "-pix_fmt gray16be", grey, 1, grey},
              {"greyalpha.png", glass + "-pix_fmt ya8", halfGrey, 1, grey},
+             {"deepgreyalpha.png", glass + "-pix_fmt ya16be", halfGrey, 1, grey},
              {"moving.apng", moving + "-pix_fmt rgba", halfBlue, 1},
              {"plain.bmp", solid + "-pix_fmt bgr24"},
              {"lossless.webp", glass + "-c:v libwebp -lossless 1 -pix_fmt bgra", halfBlue, 1},
