@@ -3,6 +3,7 @@
 #include "platform/image/ImageNode.h"
 #include "tests/stage/Staged.h"
 
+#include <chrono>
 #include <cmath>
 
 #include <gtest/gtest.h>
@@ -120,6 +121,17 @@ TEST(Particles, goWhereTheirDriftTakesThem) {
         left = Image(over->below);
     }
     EXPECT_GT(faded, 5);
+}
+
+TEST(Particles, drawOnlyTheGlyphsThatTheyShow) {
+    std::string names;
+    for (int i = 0; i < 5000; ++i) names += "n" + std::to_string(i) + ",";
+    Scatter scatter("float", 5);
+    const auto start = std::chrono::steady_clock::now();
+    const auto shown = scatter.drawn(1, names);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    EXPECT_TRUE(same(scatter.drawn(1, "n0,n1,n2,n3,n4"), shown));
+    EXPECT_FALSE(same(scatter.drawn(1, "n0,n1"), shown));
 }
 
 TEST(Particles, neverStopTheProgram) {

@@ -107,16 +107,24 @@ Image confetti(const Chances& r, double size) {
     return Image::colour(colours[number]).cropped({0, 0, size, size / 2});
 }
 
-/// The pictures of a comma-separated list. Each is drawn once, at a size near to that of the particles, and
-/// only placed by each of them. A glyph that no font has keeps its place in the list.
-std::vector<Image> glyphs(const std::string& text, PlaybookMedia& media) {
-    std::vector<Image> pictures;
+/// What a comma-separated list names.
+std::vector<std::string> listed(std::string_view text) {
+    std::vector<std::string> names;
     for (std::size_t at = 0; at <= text.size();) {
         const auto end = std::min(text.find(',', at), text.size());
-        const auto glyph = Text::trimmedOfBlanks(std::string_view(text).substr(at, end - at));
-        if (!glyph.empty()) pictures.push_back(media.glyph(glyph, glyphPoints).value_or(Image()).drawnOnce());
+        if (auto name = Text::trimmedOfBlanks(text.substr(at, end - at)); !name.empty())
+            names.push_back(std::move(name));
         at = end + 1;
     }
+    return names;
+}
+
+/// The pictures of as many glyphs as there are particles to show them. Each is drawn once, at a size near to
+/// that of the particles, and only placed by each of them. A glyph that no font has keeps its place.
+std::vector<Image> glyphs(const std::vector<std::string>& names, std::int64_t count, PlaybookMedia& media) {
+    std::vector<Image> pictures;
+    for (std::size_t i = 0; i < std::min(names.size(), std::size_t(count)); ++i)
+        pictures.push_back(media.glyph(names[i], glyphPoints).value_or(Image()).drawnOnce());
     return pictures;
 }
 
@@ -139,10 +147,11 @@ Image placed(const Image& picture, const Place& place, double size) {
 Image particles(const std::string& text, const Context& context, double width) {
     const auto& layer = context.layer;
     const bool coloured = text == "confetti";
-    const auto pictures = coloured ? std::vector<Image>() : glyphs(text, context.scene.media);
+    const auto count = std::clamp<std::int64_t>(layer.count.value_or(usualParticles), 1, mostParticles);
+    // No more than there are particles, so that each particle's number still leads to its own glyph.
+    const auto pictures = coloured ? std::vector<Image>() : glyphs(listed(text), count, context.scene.media);
     if (!coloured && pictures.empty()) return {};
     const auto seed = std::uint64_t(layer.seed.value_or(usualSeed)) * seedSpacing;
-    const auto count = std::clamp<std::int64_t>(layer.count.value_or(usualParticles), 1, mostParticles);
     const Drift drift = driftNamed(context.text(layer.drift).value_or("rise"));
     const Point origin{context.width() * context.number(layer.x).value_or(0.5),
                        context.height() * context.number(layer.y).value_or(0.5)};
