@@ -17,6 +17,9 @@ namespace {
 
 using Kind = PictureHeader::Kind;
 
+/// What a bitmap can hold: transparency is worked into the colours before the picture is made smaller.
+constexpr double longestClear = 32768;
+
 AVCodecID coding(Kind kind) {
     switch (kind) {
         case Kind::png:
@@ -43,8 +46,8 @@ std::string quoted(const std::filesystem::path& path) {
     throw Problem(quoted(path) + " holds no picture that can be read.");
 }
 
-void refuseTooLarge(const std::filesystem::path& path, double width, double height) {
-    if (width * height > double(mostPixels))
+void refuseTooLarge(const std::filesystem::path& path, double width, double height, bool clear = false) {
+    if (width * height > double(mostPixels) || (clear && std::max(width, height) > longestClear))
         throw Problem(fmt::format("{} is too large: {} × {} pixels.", quoted(path), width, height));
 }
 
@@ -103,6 +106,7 @@ Upright decodedFile(const std::filesystem::path& path, Kind kind) {
     const bool mirrored = orientation == 2 || orientation == 4 || orientation == 5 || orientation == 7;
     auto frame = FrameView::of(std::move(picture), {turns[orientation], 1, coding(kind)});
     if (!frame) unreadable(path);
+    refuseTooLarge(path, frame->width, frame->height, frame->hasAlpha);
     return {*frame, mirrored};
 }
 
@@ -113,6 +117,7 @@ Upright firstOfMovie(const std::filesystem::path& path) {
         refuseTooLarge(path, picture->size.width, picture->size.height);
     const auto first = reader.at(0);
     if (!first) unreadable(path);
+    refuseTooLarge(path, first->frame.width, first->frame.height, first->frame.hasAlpha);
     return {first->frame, false};
 }
 

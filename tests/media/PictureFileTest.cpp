@@ -167,6 +167,16 @@ TEST(PictureFile, whatIsTooLargeIsRefusedByItsHeader) {
     }
 }
 
+TEST(PictureFile, aLongPictureIsRefusedOnlyWhereItIsTransparent) {
+    MURBO_NEEDS_FFMPEG();
+    const std::string strip = "-f lavfi -i color=red:s=33000x16:d=0.1 -frames:v 1 -pix_fmt ";
+    const auto read = [&](const std::string& format) {
+        return PictureFile::read(made::file("long." + format + ".png", strip + format), 10'000);
+    };
+    EXPECT_LE(off(read("rgb24"), 2000, 1, {0, 0, 254, 255}), 1);
+    EXPECT_EQ(problemOf([&] { read("rgba"); }), "“long.rgba.png” is too large: 33000 × 16 pixels.");
+}
+
 TEST(PictureFile, whatIsNoPictureOrBrokenIsRefused) {
     const TemporaryFolder folder;
     const std::string noise(5000, '\x5A');
