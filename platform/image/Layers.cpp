@@ -56,6 +56,13 @@ PixelRect neededOf(const PixelRect& whole, const PixelRect& bounds, const Transf
         .heldIn(whole);
 }
 
+/// What of a kept picture can be seen: where edges repeat, those that crops have left do.
+PixelRect shownOf(const PixelRect& whole, const Flattening::State& state, const Transform& toGrid) {
+    const Rect left = state.limits.intersection(state.node->extent);
+    if (!state.clamping || left.empty()) return whole;
+    return PixelRect::touching(toGrid.apply(left)).heldIn(whole);
+}
+
 struct Kept {
     Image image;
     bool cut; ///< it is larger than the picture
@@ -74,7 +81,7 @@ std::optional<Kept> keptOf(const Node::Once& once, const Flattening::State& stat
     const Image of = repeats ? once.of.clamped() : once.of;
     const auto way = state.place.inverse().then(toGrid);
     const bool small = whole.area() <= smallPicture;
-    const auto needed = small ? whole : neededOf(whole, state.bounds, way);
+    const auto needed = small ? whole : neededOf(shownOf(whole, state, toGrid), state.bounds, way);
     const auto draw = [&](const Tile& tile) {
         auto parts = layersOf(of.node(), toGrid, tile.area, depth);
         Painter::paint(parts, tile);

@@ -69,6 +69,18 @@ TEST(Memos, areAsFineAsTheyAreSeen) {
     EXPECT_EQ(at(drawn(odd.clamped().transformed(Transform().scaled(0.5, 0.5)), 60, 60), 50, 20).alpha, 255);
 }
 
+TEST(Memos, haveTheEdgesThatRepeat) {
+    for (int round = 0; round < 12; ++round) drawn(Image::colour({9, 9, 9, 9}), 256, 600); // memory's content
+    std::atomic<int> count = 0;
+    const auto shown = [&](const Image& image) {
+        return image.cropped({0, 0, 400, 10}).clamped().cropped({0, 0, 256, 600});
+    };
+    const Image once = counted(count, 600).drawnOnce();
+    Bitmap target(256, 600);
+    for (int top = 500; top >= 0; top -= 100) Canvas::draw(shown(once), target, top, top + 100);
+    EXPECT_EQ(difference(target, drawn(shown(counted(count, 600)), 256, 600)), 0);
+}
+
 TEST(Memos, areTheSameWhicheverThreadComesFirst) {
     std::atomic<int> count = 0;
     const auto scene = [&] {
