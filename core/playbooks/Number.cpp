@@ -8,10 +8,13 @@ namespace {
 
 /// Brackets and signs nest at most this deep: no sane expression does, and each level is a call.
 constexpr int deepest = 200;
+/// Bytes of an expression, and of a value in one: they are read again for every frame.
+constexpr std::size_t longest = 1000;
 
 double parameter(const Values& values, const std::string& name, double otherwise) {
     const auto found = values.find(name);
-    return (found == values.end() ? std::nullopt : Numbers::parse(found->second)).value_or(otherwise);
+    if (found == values.end() || found->second.size() > longest) return otherwise;
+    return Numbers::parse(found->second).value_or(otherwise);
 }
 
 /// Reads by recursive descent; a failure at any depth is a failure of the whole.
@@ -116,10 +119,12 @@ std::optional<std::string> wholeParameter(std::string_view text) {
 }
 
 std::optional<double> Playbook::evaluate(std::string_view text, const Values& values, bool strict) {
+    if (text.size() > longest) return std::nullopt;
     return Expression(Text::withoutWhiteSpace(text), values, strict).value();
 }
 
 std::optional<Playbook::Num> Playbook::Num::parse(const std::string& text) {
+    if (text.size() > longest) return std::nullopt;
     if (wholeParameter(text) || evaluate(text, {}, false)) return Num(text);
     return std::nullopt;
 }

@@ -21,7 +21,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     const auto strict = Playbook::evaluate(text, values, true);
     const auto loose = Playbook::evaluate(text, values, false);
     if (strict) require(same(strict, loose), "a number that all parameters have differs where some may lack");
-    require(same(Playbook::evaluate(" " + text + "\t\n", values, true), strict), "blanks count");
+    if (size < 900) // with blanks still short enough to be read
+        require(same(Playbook::evaluate(" " + text + "\t\n", values, true), strict), "blanks count");
     const auto number = Playbook::Num::parse(text);
     if (!number) {
         require(!strict, "a number can be worked out that can't be read");

@@ -84,7 +84,7 @@ TEST(PlaybookNumber, readsAndWritesBackItsForm) {
                 "a number, a $parameter, or a sum of them like 1-$split");
 }
 
-TEST(PlaybookNumber, anAbsurdlyDeepExpressionHasNoValue) {
+TEST(PlaybookNumber, anAbsurdlyDeepOrLongExpressionHasNoValue) {
     const auto bracketed = [](int depth) {
         std::string text(depth, '(');
         text.push_back('1');
@@ -93,9 +93,15 @@ TEST(PlaybookNumber, anAbsurdlyDeepExpressionHasNoValue) {
     EXPECT_EQ(Playbook::evaluate(bracketed(100), {}, true), 1);
     EXPECT_FALSE(Playbook::evaluate(bracketed(100'000), {}, true));
     EXPECT_FALSE(Playbook::evaluate(std::string(100'000, '-') + '1', {}, true));
-    std::string flat(200'001, '1');
-    for (std::size_t at = 1; at < flat.size(); at += 2) flat[at] = '+';
-    EXPECT_EQ(Playbook::evaluate(flat, {}, true), 100'001);
+    const auto sum = [](int terms) {
+        std::string text = "1";
+        for (int i = 1; i < terms; ++i) text += "+1";
+        return text;
+    };
+    EXPECT_EQ(Playbook::evaluate(sum(500), {}, true), 500);
+    EXPECT_FALSE(Playbook::evaluate(sum(501), {}, true));
+    EXPECT_FALSE(Playbook::Num::parse(std::string(1000, ' ') + '1'));
+    EXPECT_EQ(Playbook::Num::parse("$x")->value({{"x", std::string(2'000, '0')}}), std::nullopt);
 }
 
 TEST(PlaybookLengths, keepEntranceAndExitWithinIt) {
