@@ -49,6 +49,8 @@ TEST(StageLayers, standWhereTheirNumbersSay) {
         seen(stage.drawn(R"({"shape": "rect", "fill": true, "x": 0.9, "scale": 0.1})"), {{0, 0}, {79, 159}}),
         "##")
         << "what fills the frame stays";
+    EXPECT_EQ(seen(stage.drawn(rect(R"("scale": 1e9)")), {{0, 0}, {79, 159}}), "##")
+        << "zoomed into without end";
     EXPECT_EQ(at(stage.drawn(rect(R"("opacity": 0.5)")), 40, 80), "808080");
     EXPECT_EQ(at(stage.drawn(rect(R"("opacity": 0.5, "color": "FF0000", "blend": "screen")")), 40, 80),
               "800000");

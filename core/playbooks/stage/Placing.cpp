@@ -75,6 +75,14 @@ bool keepsMoving(const Context& context) {
     return word && isMoving(*word);
 }
 
+/// The scale of a picture of that extent, held at where it shows less than a thousandth of itself at once:
+/// more could only strain the arithmetic.
+double heldScale(double scale, const Rect& extent) {
+    constexpr double largest = 1e6; // pixels of its longer side
+    const double most = largest / std::max({extent.width, extent.height, 1.0});
+    return std::clamp(scale, -most, most);
+}
+
 /// Puts a picture that stands upright and still on whole pixels: between them letters blur, and edges that
 /// should meet leave a seam.
 Transform onPixels(const Transform& place, const Rect& extent) {
@@ -94,7 +102,7 @@ Transform onPixels(const Transform& place, const Rect& extent) {
 
 Transform placeOf(const Made& made, const Context& context, const Pose& pose, const Movement& movement) {
     const Rect extent = made.image.extent();
-    const double scale = pose.scale * made.scale * movement.scale;
+    const double scale = heldScale(pose.scale * made.scale * movement.scale, extent);
     const double turn = pose.rotation + movement.rotation;
     const Point middle = extent.middle();
     const auto place =
@@ -120,11 +128,6 @@ bool coversAtAngle(const Image& image, const Transform& place, const Rect& frame
         const Point at = back.apply(corner);
         return at.x >= extent.x && at.x <= extent.right() && at.y >= extent.y && at.y <= extent.bottom();
     });
-}
-
-bool isTooLarge(const Image& image, const Transform& place) {
-    const Rect there = place.apply(image.extent());
-    return !(there.width < largestSide && there.height < largestSide);
 }
 
 /// Where it covers the frame its edges may as well repeat, and it is known to be opaque.
@@ -157,7 +160,6 @@ Laid laid(const Made& made, const Context& context, const Clock& clock, double e
     const Pose pose = poseOf(context, clock, elapsed);
     const Movement movement = movementOf(context, clock, elapsed);
     const Transform place = made.placed ? Transform() : placeOf(made, context, pose, movement);
-    if (isTooLarge(made.image, place)) return {};
     const double opacity = pose.opacity * movement.opacity;
     const Image image = moved(revealed(made.image, movement.reveal), place, context.frame());
     Laid laid{opacity < full ? image.faded(opacity) : image, blendOf(context.layer.blend)};
