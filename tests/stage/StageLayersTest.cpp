@@ -130,6 +130,10 @@ TEST(StageLayers, showWhatLiesBelowChanged) {
     EXPECT_EQ(at(small, 21, 41), "0000C8");
     EXPECT_EQ(at(small, 58, 118), "C80000");
     EXPECT_EQ(at(small, 10, 80), white);
+    const auto disc = stage.drawn(R"({"shape": "rect", "fill": true},
+                                     {"slot": "under", "w": 0.5, "h": 0.25, "radius": 0.5})");
+    EXPECT_EQ(at(disc, 38, 61), "0000C8") << "round in its own shape, not in the picture's";
+    EXPECT_EQ(at(disc, 22, 62), white);
     const auto shaken = stage.drawn(R"({"slot": "under", "fill": true, "scale": 1.9, "hold": "shake"})");
     for (const auto& [x, y] : {std::pair{0, 0}, {79, 0}, {0, 159}, {79, 159}})
         EXPECT_NE(at(shaken, x, y), black) << "no bare corner";

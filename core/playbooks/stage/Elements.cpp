@@ -135,10 +135,12 @@ bool hasRadius(const Playbook::Layer& layer) {
 std::optional<Made> pictured(const Context& context) {
     const auto image = picture(context);
     if (!image) return std::nullopt;
-    const Image looked = rounded(withEffects(cutOut(keyedOut(*image, context), context), context),
-                                 context.layer.text ? std::nullopt : context.layer.radius);
+    const Image looked = withEffects(cutOut(keyedOut(*image, context), context), context);
     if (!canBeShown({looked})) return std::nullopt;
-    return sized(looked, context);
+    auto made = sized(looked, context);
+    // What has been cropped to a shape is rounded in that.
+    if (!context.layer.text) made.image = rounded(made.image, context.layer.radius);
+    return made;
 }
 
 std::optional<Made> live(const Context& context) {
