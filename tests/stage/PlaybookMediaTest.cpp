@@ -148,6 +148,22 @@ TEST(PlaybookMedia, lettersOfAnySizeAndLengthCostLittle) {
               0.03);
 }
 
+TEST(PlaybookMedia, manyLargeWordsAreKeptTogether) {
+    PlaybookMedia media;
+    CaptionStyle style;
+    style.size = 200;
+    std::vector<Image> drawn;
+    const std::array words{"AMAZING", "UNREAL", "NO WAY", "INSANE"};
+    for (const char* word : words)
+        if (const auto image = media.text(word, style, "", 4)) drawn.push_back(*image);
+    if (drawn.empty()) GTEST_SKIP() << "No font is installed.";
+    for (std::size_t i = 0; i < words.size(); ++i)
+        EXPECT_EQ(&media.text(words[i], style, "", 4)->node(), &drawn[i].node()) << words[i];
+    const Rect plain = media.text(words[0], style, "")->extent();
+    EXPECT_NEAR(drawn[0].extent().width, plain.width, 2) << "trimmed, but as large as its block";
+    EXPECT_NEAR(drawn[0].extent().height, plain.height, 2);
+}
+
 TEST(PlaybookMedia, glyphsHaveAirAroundAndMorePixelsThanAsked) {
     PlaybookMedia media;
     const auto letter = media.glyph("I", 200);

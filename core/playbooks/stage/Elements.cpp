@@ -68,20 +68,21 @@ double enlarged(const Context& context) {
     return most;
 }
 
-std::optional<Image> letters(const Context& context, double scale = 1) {
-    const auto text = context.text(context.layer.text);
+/// Letters in as many more pixels as they are shown larger than their size says.
+std::optional<Image> letters(const Context& context) {
+    const auto& layer = context.layer;
+    const auto text = context.text(layer.text);
     if (!text || text->empty()) return std::nullopt;
-    return context.scene.media.text(*text, styleOf(context), context.scene.plan.fonts, scale);
-}
-
-/// Letters that are shown much larger than their size says are drawn finer: in the same lines, in as many
-/// more pixels. Nothing where they need not be, or can't.
-std::optional<Image> finerLetters(const Image& drawn, const Context& context) {
-    const double shown = sized(drawn, context).scale * enlarged(context);
-    if (!(std::abs(shown) > 1.25)) return std::nullopt;
-    const double scale = std::abs(shown) > 2.5 ? 4 : 2;
-    const auto finer = letters(context, scale);
-    return finer ? std::optional(finer->transformed(Transform().scaled(1 / scale, 1 / scale))) : std::nullopt;
+    const auto drawn = [&](double finer) {
+        return context.scene.media.text(*text, styleOf(context), context.scene.plan.fonts, finer);
+    };
+    double shown = enlarged(context);
+    if (layer.w || layer.h || layer.fill.value_or(false)) {
+        const auto plain = drawn(1);
+        if (!plain) return std::nullopt;
+        shown *= std::abs(sized(*plain, context).scale);
+    }
+    return drawn(shown > 2.5 ? 4 : shown > 1.25 ? 2 : 1);
 }
 
 std::optional<Made> scatter(const Context& context) {
@@ -93,11 +94,7 @@ std::optional<Made> scatter(const Context& context) {
 
 std::optional<Image> picture(const Context& context) {
     const auto& layer = context.layer;
-    if (layer.text) {
-        const auto drawn = letters(context);
-        const auto finer = drawn ? finerLetters(*drawn, context) : std::nullopt;
-        return finer ? finer : drawn;
-    }
+    if (layer.text) return letters(context);
     const auto text = context.text(layer.image ? layer.image : layer.video ? layer.video : layer.slot);
     if (!text || text->empty()) return std::nullopt;
     return layer.slot ? slot(*text, context) : file(*text, context);

@@ -1,10 +1,9 @@
 #include "core/playbooks/stage/Glyph.h"
 
+#include "core/playbooks/stage/Ink.h"
 #include "platform/text/TextPainter.h"
 
-#include <climits>
 #include <cmath>
-#include <cstring>
 
 namespace murbo {
 
@@ -15,35 +14,6 @@ constexpr double weight = 0.56;   // as captions have it
 constexpr double air = 4;         // pixels on each side
 constexpr double sharpUpTo = 400; // pixels that a letter is drawn in
 constexpr double widest = 4096;
-
-/// Where something stands in a picture, in whole pixels.
-struct Ink {
-    int left = INT_MAX;
-    int top = INT_MAX;
-    int right = 0; ///< exclusive
-    int bottom = 0;
-
-    explicit Ink(const Bitmap& bitmap) {
-        for (int y = 0; y < bitmap.height(); ++y)
-            for (int x = 0; x < bitmap.width(); ++x) {
-                if (bitmap.row(y)[x * 4 + 3] == 0) continue;
-                left = std::min(left, x);
-                right = std::max(right, x + 1);
-                top = std::min(top, y);
-                bottom = y + 1;
-            }
-    }
-    bool empty() const { return right == 0; }
-};
-
-/// What the ink covers, and `around` it.
-Bitmap cutOut(const Bitmap& from, const Ink& ink, int around) {
-    Bitmap to(ink.right - ink.left + 2 * around, ink.bottom - ink.top + 2 * around);
-    const auto bytes = std::size_t(ink.right - ink.left) * 4;
-    for (int y = ink.top; y < ink.bottom; ++y)
-        std::memcpy(to.row(y - ink.top + around) + around * 4, from.row(y) + ink.left * 4, bytes);
-    return to;
-}
 
 /// The text in letters of that size, on as much room as any of them may reach into.
 std::optional<Bitmap> drawn(const std::string& text, double size) {
@@ -70,7 +40,7 @@ std::optional<Glyph> Glyph::draw(const std::string& text, double points) {
         if (!room) continue;
         const Ink ink(*room);
         if (ink.empty()) return {};
-        return Glyph{cutOut(*room, ink, int(air * finer)), finer};
+        return Glyph{ink.cutOut(*room, int(air * finer)), finer};
     }
     return {};
 }

@@ -3,6 +3,7 @@
 #include "core/playbooks/stage/ChromaKey.h"
 #include "core/playbooks/stage/Cutout.h"
 #include "core/playbooks/stage/Glyph.h"
+#include "core/playbooks/stage/Ink.h"
 #include "core/playbooks/stage/MediaCache.h"
 #include "core/render/captions/CaptionPicture.h"
 #include "platform/base/Problem.h"
@@ -23,7 +24,7 @@ using Cubes = MediaCache<std::uint32_t, std::optional<ColourCube>>;
 
 constexpr std::size_t megabyte = std::size_t{1} << 20;
 constexpr Pictures::Bounds pictureBounds{1000, 384 * megabyte};
-constexpr Letters::Bounds letterBounds{300, 64 * megabyte};
+constexpr Letters::Bounds letterBounds{300, 192 * megabyte};
 constexpr Pictures::Bounds glyphBounds{300, 64 * megabyte};
 constexpr Cubes::Bounds cubeBounds{16};
 // Each holds decoders and the pictures in them.
@@ -34,6 +35,8 @@ constexpr double mostKept = 3840.0 * 2160;
 // Longer texts are refused when they are drawn; there is no need to keep them until then.
 constexpr std::size_t longestText = 6000;
 constexpr double widthOfLetters = 928.8; // of a frame 1080 pixels wide
+// Of one text: many of them stay together, and enlarged letters gain nothing from more.
+constexpr double mostOfLetters = 8.0 * megabyte;
 
 /// What tells a file from the one that stood there before. Nothing where there is no regular file.
 std::optional<std::string> stamp(const std::filesystem::path& file) {
@@ -70,11 +73,32 @@ Pictures::Made read(const std::filesystem::path& file) {
     }
 }
 
-Letters::Made lettered(const CaptionPicture::Request& request) {
-    auto bitmap = CaptionPicture::bitmap(request);
-    if (!bitmap) return {};
-    const std::size_t bytes = bytesOf(*bitmap);
-    return {Image::bitmap(std::move(*bitmap)), bytes};
+/// A block of letters as large as it is, in no more pixels than its ink has: most of a block is clear.
+Letters::Made trimmed(const Bitmap& block) {
+    constexpr int around = 4;
+    const Ink ink(block);
+    if (ink.empty()) return {};
+    Bitmap bitmap = ink.cutOut(block, around);
+    const std::size_t bytes = bytesOf(bitmap);
+    const auto place = Transform().translated(ink.left - around, ink.top - around);
+    const Image image = Image::bitmap(std::move(bitmap)).transformed(place);
+    return {Image::later({0, 0, double(block.width()), double(block.height())}, [image] { return image; }),
+            bytes};
+}
+
+/// Letters in whole steps finer, as many as are asked for or as there is room for.
+Letters::Made lettered(CaptionPicture::Request request, double finer) {
+    for (; finer >= 1; --finer) {
+        request.scale = finer;
+        request.width = widthOfLetters * finer;
+        const auto block = CaptionPicture::bitmap(request);
+        if (!block) continue;
+        auto made = trimmed(*block);
+        if (finer > 1 && double(made.bytes) > mostOfLetters) continue;
+        if (made.value) made.value = made.value->transformed(Transform().scaled(1 / finer, 1 / finer));
+        return made;
+    }
+    return {};
 }
 
 Pictures::Made drawn(const std::string& glyph, double points) {
@@ -123,12 +147,11 @@ std::shared_ptr<Footage> PlaybookMedia::footage(const std::filesystem::path& fil
 }
 
 std::optional<Image> PlaybookMedia::text(const std::string& text, const CaptionStyle& style,
-                                         const std::string& fonts, double scale) {
+                                         const std::string& fonts, double finer) {
     if (text.empty() || text.size() > longestText || !std::isfinite(style.size.value_or(1))) return {};
     CaptionPicture::Request request{.text = text, .style = style, .fonts = fonts};
-    request.scale = scale;
-    request.width = widthOfLetters * scale;
-    return ifItCan([&] { return parts->letters.get(request, [&] { return lettered(request); }); });
+    request.scale = finer;
+    return ifItCan([&] { return parts->letters.get(request, [&] { return lettered(request, finer); }); });
 }
 
 std::optional<Image> PlaybookMedia::glyph(const std::string& glyph, double points) {

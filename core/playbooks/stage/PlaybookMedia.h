@@ -27,10 +27,10 @@ public:
     /// A video file for whoever asks under that key: two layers can play one file at different times.
     std::shared_ptr<Footage> footage(const std::filesystem::path& file, const std::string& key);
 
-    /// Letters in a caption style, `fonts` being the families to fall back on; `scale` times as large in all,
-    /// for letters that will be enlarged.
+    /// Letters in a caption style, `fonts` being the families to fall back on. In `finer` pixels (a whole
+    /// number) to the one, or as many as there is room for: for letters that will be enlarged.
     std::optional<Image> text(const std::string& text, const CaptionStyle& style, const std::string& fonts,
-                              double scale = 1);
+                              double finer = 1);
 
     /// One emoji or letter in white, at a size in points.
     std::optional<Image> glyph(const std::string& glyph, double points);
