@@ -171,7 +171,9 @@ Image Image::drawnOnce() const {
     if (empty() || extent().isEverything() || plain) return *this;
     const Rect all = extent();
     const bool single = root->single || PixelRect::touching(all).rect() == all;
-    return Image(made(Node::Once{*this, std::make_shared<Memo>()}, all, root->body, root->opaque, single));
+    // On a coarser grid an opaque part's edge lies elsewhere, and other edges than repeated ones are smooth.
+    const Rect opaque = single && root->opaque.contains(all) ? all : Rect{};
+    return Image(made(Node::Once{*this, std::make_shared<Memo>()}, all, root->body, opaque, single));
 }
 
 Image Image::zoomBlurred(Point centre, double amount) const {

@@ -88,7 +88,7 @@ std::optional<Kept> keptOf(const Node::Once& once, const Flattening::State& stat
     };
     const Bitmap pixels = once.memo->pixels(level, whole, needed, draw);
     const auto back = Transform().translated(whole.left, whole.top).then(toGrid.inverse());
-    const bool opaque = covers(*state.node, toGrid, whole);
+    const bool opaque = covers(of.node(), toGrid, whole);
     const int air = small && !opaque ? pixels.air() : 0;
     return Kept{Node::imageOf({pixels, opaque, air}).transformed(back), repeats && air == 0};
 }

@@ -1,3 +1,4 @@
+#include "platform/image/ImageNode.h"
 #include "tests/image/Pictures.h"
 
 #include <atomic>
@@ -67,6 +68,23 @@ TEST(Memos, areAsFineAsTheyAreSeen) {
     const Bitmap half = drawn(odd.transformed(Transform().scaled(0.5, 0.5)), 60, 60);
     EXPECT_NEAR(at(half, 50, 20).alpha, 128, 1);
     EXPECT_EQ(at(drawn(odd.clamped().transformed(Transform().scaled(0.5, 0.5)), 60, 60), 50, 20).alpha, 255);
+}
+
+TEST(Memos, hideOnlyWhatTheyCover) {
+    const auto card = [](const Rect& rect) {
+        return Image::gradient(rect, {200, 0, 0, 255}, {100, 0, 0, 255});
+    };
+    const Image inGlass =
+        card({0, 0, 101, 101}).over(Image::roundedRectangle({0, 0, 200, 200}, 20, {0, 0, 255, 128}));
+    const Image white = Image::colour(Colour::white);
+    const auto half = Transform().scaled(0.5, 0.5).translated(0.25, 0.25);
+    for (const Image& all : {inGlass.drawnOnce().cropped({0, 0, 101, 101}).clamped().over(white),
+                             card({10.5, 10.5, 60, 60}).drawnOnce().over(white.cropped({11, 11, 20, 20}))}) {
+        const Bitmap seen = drawn(all.transformed(half), 60, 60);
+        for (int at = 6; at < 15; ++at) EXPECT_EQ(Pictures::at(seen, at, 6).alpha, 255) << at;
+        EXPECT_GE(at(seen, 55, 55).alpha, all.extent().isEverything() ? 255 : 0);
+    }
+    EXPECT_FALSE(card({0, 0, 101, 101}).drawnOnce().node().opaque.empty()) << "what is even hides all of it";
 }
 
 TEST(Memos, haveTheEdgesThatRepeat) {
