@@ -70,10 +70,10 @@ PixelRect Flattening::seenThrough(const Transform& way, const PixelRect& bounds)
 void Flattening::visit(const Node::Fill& fill, State& state) {
     if (!state.clamping) smooth(state);
     const bool opaque = fill.colour.alpha == 255 && state.opacity >= 1;
-    const bool plain = state.edges.empty() && state.masks.empty();
     Layer layer = layerOf(state, opaque ? state.bounds : PixelRect{});
-    layer.ink = Layer::Flat{premultiplied(fill.colour, plain ? state.opacity : 1)};
-    if (plain) layer.opacity = 255;
+    // Always in the colour: whether there are edges depends on what is asked for, rounding must not.
+    layer.ink = Layer::Flat{premultiplied(fill.colour, state.opacity)};
+    layer.opacity = 255;
     layers.push_back(std::move(layer));
 }
 

@@ -98,6 +98,11 @@ std::vector<std::pair<const char*, Image>> scenes() {
         {"whip",
          frame.clamped().motionBlurred(31, 0).transformed(Transform().translated(40.5, 0)).cropped(all)},
         {"tilted", frame.motionBlurred(17, 63)},
+        {"card", Image::colour({200, 100, 50, 255})
+                     .cropped({-5, 10, 300, 600})
+                     .transformed(Transform().translated(0, 0.5))
+                     .faded(0.37)
+                     .over(Image::colour(Colour::white))},
         {"zoom", frame.clamped().zoomBlurred({135, 241}, 30).cropped(all)},
         {"mild zoom", frame.clamped().zoomBlurred({100, 50}, 4).cropped(all)},
         {"clamped",
