@@ -10,8 +10,10 @@
 #include "platform/media/PictureFile.h"
 
 #include <cmath>
+#include <tuple>
 
 #include <fmt/format.h>
+#include <sys/stat.h>
 
 namespace murbo {
 
@@ -38,15 +40,14 @@ constexpr double widthOfLetters = 928.8; // of a frame 1080 pixels wide
 // Of one text: many of them stay together, and enlarged letters gain nothing from more.
 constexpr double mostOfLetters = 8.0 * megabyte;
 
-/// What tells a file from the one that stood there before. Nothing where there is no regular file.
+/// What tells a file from the one that stood there before. Nothing where there is no regular file. The time
+/// at which its inode changed tells, too, that it may be read now.
 std::optional<std::string> stamp(const std::filesystem::path& file) {
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(file, error)) return {};
-    const auto size = std::filesystem::file_size(file, error);
-    const auto time =
-        error ? std::filesystem::file_time_type() : std::filesystem::last_write_time(file, error);
-    if (error) return {};
-    return fmt::format("{}|{}|{}", size, time.time_since_epoch().count(), file.native());
+    struct stat facts {};
+    if (stat(file.c_str(), &facts) != 0 || !S_ISREG(facts.st_mode)) return {};
+    const auto& [written, changed] = std::tie(facts.st_mtim, facts.st_ctim);
+    return fmt::format("{}|{}.{}|{}.{}|{}", facts.st_size, written.tv_sec, written.tv_nsec, changed.tv_sec,
+                       changed.tv_nsec, file.native());
 }
 
 std::size_t bytesOf(const Bitmap& bitmap) {
