@@ -14,7 +14,9 @@ namespace {
 
 using Node = Image::Node;
 
-constexpr int deepest = 100;
+/// Drawings within drawings: enough for a hundred overlays that each keep, filter, smear, fade and blend what
+/// lies below. One takes under 2 kB of stack.
+constexpr int deepest = 500;
 /// Pixels of a picture that is kept whole whatever is seen of it.
 constexpr std::int64_t smallPicture = 1 << 17;
 
@@ -190,7 +192,8 @@ void Flattening::visit(const Node::Later& later, State& state) {
 }
 
 void Flattening::visit(const Node::Once& once, State& state) {
-    const auto kept = tooDeep() ? std::nullopt : keptOf(once, state, depth + 1);
+    if (tooDeep()) return; // shown twice without being kept, each would double the work of the next
+    const auto kept = keptOf(once, state, depth + 1);
     if (!kept) return descend(state, once.of);
     if (!state.clamping && kept->cut) {
         state.limits = state.limits.intersection(state.node->extent);

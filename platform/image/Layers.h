@@ -40,7 +40,7 @@ using Layers = std::vector<Layer>;
 
 /// Flattens a graph: what is empty or outside is passed over, transforms and crops are worked into each
 /// layer. `place` leads from the node's space to the canvas, `bounds` is all that will be asked. Composites
-/// that must be drawn by themselves (a fade of several pictures, a blur) nest; what lies deeper than 100 of
+/// that must be drawn by themselves (a fade of several pictures, a blur) nest; what lies deeper than 500 of
 /// them is left out.
 Layers layersOf(const Image::Node& node, const Transform& place, const PixelRect& bounds, int depth = 0);
 

@@ -99,6 +99,19 @@ TEST(Memos, haveTheEdgesThatRepeat) {
     EXPECT_EQ(difference(target, drawn(shown(counted(count, 600)), 256, 600)), 0);
 }
 
+TEST(Memos, uponMemosCostNoMoreThanTheirNumber) {
+    for (const auto& [overlays, alpha] : {std::pair{100, 255}, {1000, 0}}) {
+        Image image = Image::colour({200, 30, 40, 255}).cropped({0, 0, 64, 64});
+        for (int at = 0; at < overlays; ++at) {
+            const Image below = image.drawnOnce();
+            const Image bright = below.clamped().filtered(Bloomed{2, 0.1}).faded(0.5);
+            image = bright.over(below.transformed(Transform().translated(1, 0)).over(below))
+                        .cropped(below.extent());
+        }
+        EXPECT_EQ(at(drawn(image, 64, 64), 32, 32).alpha, alpha) << overlays;
+    }
+}
+
 TEST(Memos, areTheSameWhicheverThreadComesFirst) {
     std::atomic<int> count = 0;
     const auto scene = [&] {
