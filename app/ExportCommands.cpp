@@ -3,6 +3,7 @@
 #include "app/ProgressLine.h"
 #include "core/model/Settings.h"
 #include "core/render/Exporter.h"
+#include "core/render/OwnFiles.h"
 #include "core/render/Stills.h"
 #include "core/render/VideoComposition.h"
 #include "platform/base/Files.h"
@@ -61,13 +62,16 @@ void Commands::stills(const Arguments&, const Words& words) {
     const auto opened = open(words[0]);
     const auto& shown = video(words[1], opened.project);
     const auto folder = path(words[3]);
-    Files::createFolder(folder);
     const auto fonts = Settings::captionFonts();
     const auto plan = Plan::video(shown, opened.project, fonts, opened.package);
+    const OwnFiles own(opened.project, shown, plan);
+    own.refuse(folder);
+    Files::createFolder(folder);
     CaptionCache captions;
     PlaybookMedia media;
     for (const double time : times(words[2])) {
         const auto file = folder / fmt::format("{} {:06.2f}.jpg", shown.tag(), time);
+        own.refuse(file);
         const auto still = Stills::frame(shown, opened.project, opened.missing, fonts, opened.package, time,
                                          plan, captions, &media);
         if (const auto bytes = Stills::jpeg(still, stillQuality)) writePlainly(file, *bytes);

@@ -4,6 +4,7 @@
 #include "core/render/DrawnFrames.h"
 #include "core/render/ExportError.h"
 #include "core/render/MixedSound.h"
+#include "core/render/OwnFiles.h"
 #include "core/render/SoundMix.h"
 #include "core/render/Subtitles.h"
 #include "core/render/VideoComposition.h"
@@ -115,23 +116,11 @@ void writeSubtitles(const Video& sounding, const Project& project, const std::fi
     if (!cues.empty()) Files::writeWhole(subtitlesBeside(movie), Subtitles::srt(cues));
 }
 
-bool isOneOf(const std::filesystem::path& path, const std::vector<std::filesystem::path>& files) {
-    return std::ranges::any_of(files, [&](const std::filesystem::path& file) {
-        std::error_code unknown; // neither there nor the same
-        return std::filesystem::equivalent(path, file, unknown);
-    });
-}
-
-/// A slip of the hand must not cost the only copy of a recording.
-void refuseOwnFiles(const Order& order, const Video& sounding, const Plan& plan) {
-    auto files = SoundMix::files(sounding, plan);
-    for (const auto& source : plan.sources) files.push_back(source.second);
+void refuseOwnFiles(const Order& order, const Video& video, const Project& project, const Plan& plan) {
+    const OwnFiles own(project, video, plan);
     std::vector<std::filesystem::path> places{order.to};
     if (order.subtitles) places.push_back(subtitlesBeside(order.to));
-    for (const auto& place : places)
-        if (isOneOf(place, files))
-            throw Problem("“" + Text::repaired(place.filename().string()) +
-                          "” belongs to the project. Export under another name.");
+    for (const auto& place : places) own.refuse(place);
     if (order.subtitles && places[0] == places[1])
         throw Problem(
             "The movie and its subtitles would have one name. Let the movie's name not end in .srt.");
@@ -146,7 +135,7 @@ void movie(const Video& video, const Project& project, const Order& order, const
     const auto composition =
         VideoComposition::make(sounding, project, order.missing, order.fonts, order.package, order.frameRate);
     if (composition.frameCount() == 0) throw Problem("The video has no cuts, so there is nothing to export.");
-    refuseOwnFiles(order, sounding, *composition.box->plan());
+    refuseOwnFiles(order, video, project, *composition.box->plan());
     auto tracks = SoundMix::tracks(sounding, *composition.box->plan(), order.missing);
     Session(composition, std::move(tracks), order.to).run(progress, stop);
     if (order.subtitles) writeSubtitles(sounding, project, order.to);

@@ -162,6 +162,11 @@ TEST_F(Headless, stillsAreNamedAfterVideoAndTime) {
     EXPECT_THAT(probed(into / "V1 000.40.jpg"), StartsWith("mjpeg,1080,1920,"));
     EXPECT_EQ(murboWith({"--still", project, "V1", ",x", folder / "none"}), (Ran{0, ""}));
     EXPECT_EQ(murboWith({"--still", project, "V2", "1", into}), failure("The project has no video V2."));
+    EXPECT_THAT(murboWith({"--still", project, "V1", "0.1", project / "stills"}).out, StartsWith("error: "));
+    EXPECT_FALSE(fs::exists(project / "stills"));
+    fs::create_symlink(project / "project.json", into / "V1 000.20.jpg");
+    EXPECT_THAT(murboWith({"--still", project, "V1", "0.2", into}).out, StartsWith("error: "));
+    EXPECT_EQ(murboWith({"--summary", project}).code, 0);
     folder.file("in the way");
     EXPECT_THAT(murboWith({"--still", project, "V1", "1", folder / "in the way"}).out, StartsWith("error: "));
 }

@@ -176,6 +176,13 @@ TEST(Exporter, footageIsNeverExportedOver) {
         EXPECT_THROW(Exporter::movie(video, project, orderTo(folder / name)), Problem) << name;
     EXPECT_EQ(contents(folder / "a.mp4"), before);
 
+    const auto own = Cut::generated("stock.generator.picture", 1, Values{{"media", folder / "own.mp4"}}, 0.1);
+    auto generated = video;
+    generated.cuts.edit().push_back(own);
+    folder.file("own.mp4", "the only one");
+    EXPECT_THROW(Exporter::movie(generated, project, orderTo(folder / "own.mp4")), Problem);
+    EXPECT_EQ(contents(folder / "own.mp4"), "the only one");
+
     auto order = orderTo(folder / "out.srt");
     order.subtitles = true;
     EXPECT_THROW(Exporter::movie(video, project, order), Problem);
