@@ -47,19 +47,23 @@ struct Grids {
           lit(sampled(toWide.inverse(), wide)) {}
 };
 
-/// What of the canvas is drawn: all that gives light, but of a picture whose edges repeat not the repeated.
-PixelRect drawnFor(const Grids& grids, const Rect& body, const PixelRect& bounds) {
-    const auto giving = sampled(grids.toNarrow.inverse(), grids.lit);
-    const auto own = PixelRect::touching(body).grown(1, 1).intersection(giving);
-    if (own.empty()) return bounds;
-    return {std::min(own.left, bounds.left), std::min(own.top, bounds.top), std::max(own.right, bounds.right),
-            std::max(own.bottom, bounds.bottom)};
+/// What of the canvas gives light. Of a picture without bounds the body does, whose edges' light is repeated:
+/// the rest can be far larger.
+PixelRect givingOf(const Grids& grids, const Image::Node& of, const Transform& place) {
+    const auto own = PixelRect::touching(place.apply(of.extent.isEverything() ? of.body : of.extent));
+    return sampled(grids.toNarrow.inverse(), grids.lit).heldIn(own.grown(1, 1));
 }
 
-/// All light that is added, on the narrow grid.
-Raster glowOf(const Raster& base, const Grids& grids, double intensity) {
+PixelRect united(const PixelRect& one, const PixelRect& other) {
+    return {std::min(one.left, other.left), std::min(one.top, other.top), std::max(one.right, other.right),
+            std::max(one.bottom, other.bottom)};
+}
+
+/// All light that is added, on the narrow grid: that of the base's pixels in `giving`.
+Raster glowOf(const Raster& base, const PixelRect& giving, const Grids& grids, double intensity) {
     const auto& narrow = grids.narrow;
-    Raster bright = resampled(base, grids.toNarrow.inverse(), grids.lit);
+    Raster bright = Raster::of(grids.lit, base.opaque);
+    Sampler(base, grids.toNarrow.inverse(), grids.lit, giving).fill(bright.tile());
     bright.opaque = false;
     const auto shares = glowing(intensity);
     for (int y = 0; y < grids.lit.height(); ++y)
@@ -107,9 +111,10 @@ Layer::Draw draw(const Bloomed& filter, const Image::Node& of, const Transform& 
                  const PixelRect& bounds, int depth) {
     if (!blurs({filter.radius}, place)) return unchanged(of, place, bounds, depth);
     const Grids grids(filter, place, bounds);
-    Raster base = rasterised(of, place, drawnFor(grids, place.apply(of.body), bounds), depth);
+    const auto giving = givingOf(grids, of, place);
+    Raster base = rasterised(of, place, united(giving, bounds), depth);
     if (base.bitmap.empty() || !Raster::holds(grids.lit)) return nothing();
-    auto glow = sampling(glowOf(base, grids, filter.intensity), grids.toNarrow, bounds);
+    auto glow = sampling(glowOf(base, giving, grids, filter.intensity), grids.toNarrow, bounds);
     auto drawing = std::make_shared<BloomDrawing>(std::move(base), std::move(glow));
     return [drawing](const Tile& tile) { drawing->fill(tile); };
 }

@@ -107,6 +107,8 @@ std::vector<std::pair<const char*, Image>> scenes() {
         {"mild zoom", frame.clamped().zoomBlurred({100, 50}, 4).cropped(all)},
         {"clamped",
          frame.cropped({20, 30, 200, 300}).clamped().transformed(Transform().rotated(30).scaled(1.3, 0.6))},
+        {"bloom beyond the repeated edge",
+         frame.cropped({0, 0, 140, 140}).clamped().cropped({-5, -5, 200, 200}).filtered(Bloomed{8, 0.9})},
         {"shapes", shapes(frame)},
         {"group of shapes", shapes(Image()).faded(0.7).over(frame)},
         {"masked", frame.masked(shapes(Image()).transformed(Transform().rotated(5))).over(grouped)},
