@@ -79,9 +79,10 @@ Layer::Draw inPlace(const Node::Filtered& topmost, const Transform& place, const
     for (; filtered; filtered = std::get_if<Node::Filtered>(&below->kind)) {
         if (!inPlace(filtered->filter) || !fits(filtered->filter, place)) break;
         sums = sums && std::holds_alternative<ColourMatrix>(filtered->filter);
-        rows.insert(rows.begin(), rowOf(*filtered, place, bounds));
+        rows.push_back(rowOf(*filtered, place, bounds));
         below = &filtered->of.node();
     }
+    std::reverse(rows.begin(), rows.end());
     const auto* blur = blurOf(filtered, place);
     if (blur && sums) return FilterDrawings::draw(*blur, filtered->of.node(), place, bounds, depth, rows);
     auto layers = std::make_shared<Layers>(layersOf(*below, place, bounds, depth));

@@ -125,9 +125,18 @@ Image Image::over(const Image& below, Blend blend) const {
 Image Image::clamped() const {
     if (empty() || extent().isEverything()) return *this;
     // What changes pixels by themselves changes repeated ones alike.
-    const auto* filtered = std::get_if<Node::Filtered>(&root->kind);
-    if (filtered && Filters::byPixel(filtered->filter))
-        return filtered->of.clamped().filtered(filtered->filter);
+    std::vector<const Filter*> filters;
+    const Image* picture = this;
+    while (const auto* filtered = std::get_if<Node::Filtered>(&picture->root->kind)) {
+        if (!Filters::byPixel(filtered->filter)) break;
+        filters.push_back(&filtered->filter);
+        picture = &filtered->of;
+    }
+    if (picture != this) {
+        Image repeated = picture->clamped();
+        for (auto at = filters.rbegin(); at != filters.rend(); ++at) repeated = repeated.filtered(**at);
+        return repeated;
+    }
     const Rect all = Rect::everything();
     const bool solid = root->opaque.contains(extent());
     return Image(made(Node::Clamp{*this}, all, root->body, solid ? all : Rect{}, root->single));

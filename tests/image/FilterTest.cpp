@@ -225,3 +225,11 @@ TEST(Filters, holdWhatIsOutOfMeasure) {
                   40, 40);
     }
 }
+
+TEST(Filters, followUponEachOtherWithoutEnd) {
+    Image image = picture();
+    for (int at = 0; at < 100'000; ++at) image = image.filtered(ColourMatrix::saturated(1));
+    const Image edges = image.clamped().transformed(Transform().scaled(0.1, 0.1));
+    EXPECT_EQ(
+        difference(drawn(edges, 4, 4), drawn(picture().transformed(Transform().scaled(0.1, 0.1)), 4, 4)), 0);
+}
