@@ -28,17 +28,13 @@ std::optional<Place> locate(double time, const List<Cut>& cuts) {
     return std::nullopt;
 }
 
-std::optional<double> on(const UUID& source, const List<Cut>& cuts, double at) {
-    double start = 0;
-    for (const auto& cut : cuts) {
-        if (cut.source == source && shows(cut, at)) return start + std::max(at - cut.start, 0.0);
-        start += cut.length();
-    }
-    return std::nullopt;
+Stretch shown(const Cut& cut) {
+    return {cut.start - Times::samePlace, cut.end - Times::samePlace};
 }
 
 bool shows(const Cut& cut, double at) {
-    return cut.start - Times::samePlace <= at && at < cut.end - Times::samePlace;
+    const auto [from, to] = shown(cut);
+    return from <= at && at < to;
 }
 
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/model/Stretch.h"
 #include "core/model/Video.h"
 
 #include <cstddef>
@@ -23,11 +24,11 @@ std::vector<double> starts(const List<Cut>& cuts);
 /// moment, one past the end the last moment of the last cut. Nothing with no cuts.
 std::optional<Place> locate(double time, const List<Cut>& cuts);
 
-/// The first video time at which a moment of a source is shown. Nothing where no cut shows it.
-std::optional<double> on(const UUID& source, const List<Cut>& cuts, double at);
-
-/// Whether a cut shows a moment of its source: from its start, less the slack for one place, to just before
+/// The moments of its source that a cut shows: from its start, less the slack for one place, to just before
 /// its end.
+Stretch shown(const Cut& cut);
+
+/// Whether a cut shows a moment of its source.
 bool shows(const Cut& cut, double at);
 
 }

@@ -1,7 +1,7 @@
 #include "core/render/SoundMix.h"
 
+#include "core/model/ShownMoments.h"
 #include "core/model/Times.h"
-#include "core/model/VideoTime.h"
 #include "core/playbooks/stage/Stage.h"
 #include "platform/base/Problem.h"
 #include "platform/media/SoundReader.h"
@@ -175,12 +175,20 @@ std::optional<Piece> pieceOf(double start, double span, double skip) {
     return Piece{start, start + span, skip};
 }
 
+/// A video's clock: where it shows what, and how long it runs.
+struct Clock {
+    explicit Clock(const Video& video) : moments(video.cuts), total(length(video)) {}
+
+    const ShownMoments moments;
+    const double total;
+};
+
 /// Where a cue sounds; nothing where its moment is not shown, or too little of it is left.
-std::optional<Piece> placed(const SoundCue& cue, const Video& video, double fileLength) {
-    const auto start = VideoTime::on(cue.source, video.cuts, cue.at);
+std::optional<Piece> placed(const SoundCue& cue, const Clock& clock, double fileLength) {
+    const auto start = clock.moments.on(cue.source, cue.at);
     if (!start) return {};
     const double skip = cue.skip.value_or(0);
-    double span = std::min(fileLength - skip, length(video) - *start);
+    double span = std::min(fileLength - skip, clock.total - *start);
     if (cue.length) span = std::min(span, *cue.length);
     return pieceOf(*start, span, skip);
 }
@@ -208,11 +216,11 @@ std::vector<SoundLayer> soundLayers(const Plan& plan) {
 }
 
 /// Where a layer sounds: a short sound rings out behind its overlay, a long one ends with it.
-std::optional<Piece> placed(const SoundLayer& layer, const Video& video, double fileLength) {
+std::optional<Piece> placed(const SoundLayer& layer, const Clock& clock, double fileLength) {
     const double begin = layer.begin();
     const double skip = layer.layer.start.value_or(0);
     const double left = fileLength - skip;
-    double span = std::min(length(video) - begin, left);
+    double span = std::min(clock.total - begin, left);
     if (left > ringsOut) span = std::min(span, std::max(layer.placed.end - begin, leastTied));
     return pieceOf(begin, span, skip);
 }
@@ -247,13 +255,14 @@ std::vector<Track> tracks(const Video& video, const Plan& plan, const std::set<U
     if (footageLevel != 1 || !silent.empty())
         for (Track& track : tracks) track.gains = footageCurve(footageLevel, silent, length(video));
 
+    const Clock clock(video);
     std::map<std::filesystem::path, std::optional<double>> known;
     const auto add = [&](const auto& sound, const auto& path, double gain, const auto& curve) {
         if (!path || !(gain > 0)) return;
         const auto [length, isNew] = known.try_emplace(*path);
         if (isNew) length->second = lengths(*path);
         if (!length->second) return;
-        if (const auto piece = placed(sound, video, *length->second))
+        if (const auto piece = placed(sound, clock, *length->second))
             tracks.push_back({*path, {*piece}, curve(*piece, gain)});
     };
 

@@ -1,7 +1,10 @@
+#include "core/model/VideoTime.h"
 #include "core/render/plan/PlacedShot.h"
 #include "tests/plan/Made.h"
 
+#include <ctime>
 #include <limits>
+#include <random>
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
@@ -114,4 +117,51 @@ TEST(PlacedShot, aFileThatAsksForMillionsOfShotsGetsABoundedPlan) {
     const std::vector<Cut> cuts(4000, Made::cut(one, 0, 1));
     const std::vector<Shot> shots(4000, Made::shot(one, 0.5));
     EXPECT_LE(PlacedShot::place(shots, cuts).size(), 30'000u);
+}
+
+TEST(PlacedShot, areAllThatEachCutShowsInTheOrderOfTheList) {
+    std::mt19937 random(1);
+    const auto below = [&](int bound) { return int(random() % unsigned(bound)); };
+    for (int round = 0; round < 300; ++round) {
+        std::vector<Cut> cuts;
+        std::vector<Shot> shots;
+        for (int left = 1 + below(8); left > 0; --left)
+            cuts.push_back(Made::cut(below(2) ? one : two, below(20) * 0.5, below(20) * 0.5));
+        for (int left = below(12); left > 0; --left)
+            shots.push_back(Made::shot(below(2) ? one : two, below(20) * 0.5 + (below(4) - 1) * 0.001));
+        std::vector<PlacedShot> expected;
+        double start = 0;
+        for (const Cut& cut : cuts) {
+            for (const Shot& shot : shots)
+                if (shot.source == cut.source && VideoTime::shows(cut, shot.at))
+                    expected.push_back({.start = start + std::max(shot.at - cut.start, 0.0), .shot = shot});
+            start += cut.length();
+        }
+        std::ranges::stable_sort(expected, {}, &PlacedShot::start);
+        for (std::size_t index = 0; index < expected.size(); ++index)
+            expected[index].end = index + 1 < expected.size() ? expected[index + 1].start : start;
+        std::erase_if(expected, [](const auto& each) { return !(each.end - each.start > 0.0005); });
+        auto placed = PlacedShot::place(shots, cuts);
+        std::erase_if(placed, [](const auto& each) { return each.implicit; });
+        ASSERT_TRUE(std::ranges::equal(placed, expected, [](const PlacedShot& one, const PlacedShot& other) {
+            return one.start == other.start && one.end == other.end && one.shot == other.shot;
+        })) << round;
+    }
+}
+
+TEST(PlacedShot, manyShotsThatNoCutShowsAreNoWork) {
+    std::vector<Cut> cuts;
+    std::vector<Shot> shots;
+    for (int each = 0; each < 50'000; ++each) {
+        cuts.push_back(Made::cut(one, each, each + 0.5));
+        shots.push_back(Made::shot(one, 49'999 - each + 0.7));
+    }
+    shots.push_back(Made::shot(one, 20.25));
+    shots.push_back(Made::shot(one, 20));
+    const std::clock_t start = std::clock();
+    const auto placed = PlacedShot::place(shots, cuts);
+    EXPECT_LT(double(std::clock() - start) / CLOCKS_PER_SEC, 1);
+    ASSERT_EQ(placed.size(), 3u);
+    EXPECT_EQ(placed[1].start, 10);
+    EXPECT_EQ(placed[2].start, 10.25);
 }

@@ -1,6 +1,7 @@
 #include "core/render/plan/PlacedOverlay.h"
 
 #include "core/model/Lanes.h"
+#include "core/model/ShownMoments.h"
 #include "core/model/VideoTime.h"
 #include "core/render/plan/PlacedShot.h"
 #include "core/render/plan/PlanBooks.h"
@@ -41,9 +42,10 @@ std::vector<PlacedOverlay> PlacedOverlay::place(const List<Overlay>& overlays, c
                                                 PlanBooks& books) {
     std::vector<PlacedOverlay> placed;
     const double last = murbo::end(cuts);
+    const ShownMoments moments(cuts);
     for (const Overlay& overlay : overlays) {
         if (placed.size() == mostOverlays) break;
-        const auto start = VideoTime::on(overlay.source, cuts, overlay.at);
+        const auto start = moments.on(overlay.source, overlay.at);
         const auto* book = start ? books.find(overlay.playbook, overlay.version) : nullptr;
         if (!book) continue;
         placed.push_back({.start = *start,

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <map>
 
 namespace murbo {
 
@@ -34,14 +35,40 @@ double shake(std::uint64_t seed, double elapsed) {
     return decay * (Motion::noise(seed, Motion::step(elapsed, joltsASecond)) - 0.5);
 }
 
+/// The shots of each source in the order of their moments, so that those which a cut shows lie together.
+class ShotsBySource {
+public:
+    explicit ShotsBySource(const List<Shot>& shots) {
+        for (const Shot& shot : shots)
+            if (!std::isnan(shot.at)) sources[shot.source].push_back(&shot);
+        for (auto& [_, of] : sources) std::ranges::sort(of, {}, &Shot::at);
+    }
+
+    /// Those that a cut shows, in the order of the list.
+    std::vector<const Shot*> in(const Cut& cut) const {
+        const auto found = sources.find(cut.source);
+        if (found == sources.end()) return {};
+        const auto [from, to] = VideoTime::shown(cut);
+        if (!(from < to)) return {};
+        const auto first = std::ranges::lower_bound(found->second, from, {}, &Shot::at);
+        const auto last = std::ranges::lower_bound(found->second, to, {}, &Shot::at);
+        std::vector<const Shot*> shown(first, last);
+        std::ranges::sort(shown); // they lie in one vector
+        return shown;
+    }
+
+private:
+    std::map<UUID, std::vector<const Shot*>> sources;
+};
+
 /// Each shot at each moment that shows it, in time order, those of one moment in the order they are met.
 std::vector<PlacedShot> moments(const List<Shot>& shots, const List<Cut>& cuts) {
+    const ShotsBySource all(shots);
     std::vector<PlacedShot> moments;
     double start = 0;
     for (const Cut& cut : cuts) {
-        for (const Shot& shot : shots)
-            if (shot.source == cut.source && VideoTime::shows(cut, shot.at))
-                moments.push_back({.start = start + std::max(shot.at - cut.start, 0.0), .shot = shot});
+        for (const Shot* shot : all.in(cut))
+            moments.push_back({.start = start + std::max(shot->at - cut.start, 0.0), .shot = *shot});
         start += cut.length();
         if (moments.size() > mostShots) break;
     }
