@@ -93,8 +93,8 @@ private:
 
     Names& names;
     std::map<const Book*, Texts> books; ///< with their texts that hold parameters
-    /// A bound on the work: far more than any video has, and few seconds' worth.
-    std::int64_t steps = 200'000;
+    /// A bound on the work: far more than any video has, and a second or two.
+    std::int64_t steps = 100'000;
 };
 
 std::filesystem::path withoutLinks(const std::filesystem::path& path) {

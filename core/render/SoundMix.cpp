@@ -20,6 +20,7 @@ constexpr double layerVolume = 1;
 constexpr double ringsOut = 4; // seconds; a longer sound ends with its overlay
 constexpr double leastTied = 0.1;
 constexpr std::size_t mostLayers = 1000; // each is a file to be opened
+constexpr int mostSteps = 20'000;        // names looked up and parameters filled in, to find those
 constexpr double leastSpan = 0.05;       // seconds; a shorter sound is left out
 constexpr double muteFade =
     0.08; // seconds in which the footage fades out before a muted stretch and in after
@@ -202,14 +203,26 @@ struct SoundLayer {
     double begin() const { return placed.start + Stage::layerStart(placed, layer); }
 };
 
+std::vector<const Playbook::Layer*> soundingLayers(const Book& book) {
+    std::vector<const Playbook::Layer*> found;
+    for (const Playbook::Layer& layer : book.playbook.layers)
+        if (layer.sound) found.push_back(&layer);
+    return found;
+}
+
 std::vector<SoundLayer> soundLayers(const Plan& plan) {
+    std::map<const Book*, std::vector<const Playbook::Layer*>> sounding;
     std::vector<SoundLayer> found;
+    int steps = 0;
     for (const PlacedOverlay& placed : plan.overlays) {
-        for (const Playbook::Layer& layer : placed.playbook().layers) {
-            if (found.size() == mostLayers) return found;
-            const auto name = Stage::value(layer.sound, placed.values);
+        const auto [layers, isNew] = sounding.try_emplace(&*placed.book);
+        if (isNew) layers->second = soundingLayers(*placed.book);
+        for (const auto* layer : layers->second) {
+            steps += 1 + static_cast<int>(std::ranges::count(*layer->sound, '$'));
+            if (found.size() == mostLayers || steps > mostSteps) return found;
+            const auto name = Stage::value(layer->sound, placed.values);
             auto file = name ? plan.file(*name, &*placed.book) : std::nullopt;
-            if (file) found.push_back({placed, layer, std::move(*file)});
+            if (file) found.push_back({placed, *layer, std::move(*file)});
         }
     }
     return found;
@@ -280,16 +293,6 @@ std::vector<Track> tracks(const Video& video, const Plan& plan, const std::set<U
         add(layer, std::optional(layer.file),
             bounded(layer.layer.volume.value_or(layerVolume)) * level(video, Lane::overlays), flat);
     return tracks;
-}
-
-std::vector<std::filesystem::path> files(const Video& video, const Plan& plan) {
-    std::vector<std::filesystem::path> files;
-    const Look look = video.look.value_or(Look{});
-    for (const List<SoundCue>& cues : {look.music, look.sounds})
-        for (const SoundCue& cue : cues)
-            if (auto path = plan.file(cue.file)) files.push_back(std::move(*path));
-    for (SoundLayer& layer : soundLayers(plan)) files.push_back(std::move(layer.file));
-    return files;
 }
 
 std::vector<Stretch> silences(std::vector<Stretch> ranges, double gap) {
