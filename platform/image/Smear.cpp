@@ -27,11 +27,19 @@ PixelRect needed(const Rect& wanted, const Rect& extent, int margin) {
     return seen.empty() ? PixelRect{} : seen.grown(margin, margin);
 }
 
-/// The mean of two tiles, in the first. Where halves go changes from row to row and pass to pass: no drift.
-void average(const Tile& one, const Tile& other, int pass) {
-    const auto& area = one.area;
-    for (int y = area.top; y < area.bottom; ++y)
-        Kernels::average(other.at(area.left, y), area.width(), (y + pass) & 1, one.at(area.left, y));
+/// The mean of a raster's pixels and of those further in and further out.
+void spread(const Raster& from, const Transform& outward, Raster& to) {
+    const auto& area = to.area;
+    Sampler out(from, outward, area, area);
+    Sampler in(from, outward.inverse(), area, area);
+    std::vector<std::uint8_t> row(std::size_t(area.width()) * 4);
+    for (int y = area.top; y < area.bottom; ++y) {
+        const PixelRect line{area.left, y, area.right, y + 1};
+        auto* mean = to.tile().at(area.left, y);
+        out.fill(to.tile().part(line));
+        in.fill({row.data(), std::ptrdiff_t(row.size()), line});
+        Kernels::meanOfThree(row.data(), from.bitmap.row(y - area.top), area.width(), mean);
+    }
 }
 
 }
@@ -70,8 +78,10 @@ Smeared zoom(const Image::Node::ZoomBlur& blur, const Transform& place, const Pi
     const Transform toGrid = Transform().scaled(1 / shrink, 1 / shrink);
     const Transform placed = place.then(toGrid);
     const Point centre = placed.apply(blur.centre);
-    // Twice as many copies with each pass: means of means, each pass twice as far apart as the last.
-    const int passes = std::clamp(int(std::ceil(std::log2(longest / shrink / zoomSpacing))), 1, 12);
+    // Three times as many copies with each pass: means of means, each pass three times as far apart as the
+    // last.
+    const double copies = longest / shrink / zoomSpacing;
+    const int passes = std::clamp(int(std::ceil(std::log(copies) / std::log(3))), 1, 8);
     const Transform outward = scaledFrom(centre, std::exp(blur.spread / 2));
     const auto reached = [&](const Rect& rect) {
         return rect.isEverything() ? rect
@@ -82,12 +92,9 @@ Smeared zoom(const Image::Node::ZoomBlur& blur, const Transform& place, const Pi
     Raster now = rasterised(blur.of.node(), placed, area, depth);
     if (now.bitmap.empty()) return {};
     Raster next = Raster::of(area, now.opaque);
-    Raster other = Raster::of(area, now.opaque);
     for (int pass = 0; pass < passes; ++pass) {
-        const double apart = blur.spread * std::ldexp(0.5, pass - passes);
-        Sampler(now, scaledFrom(centre, std::exp(apart)), area, area).fill(next.tile());
-        Sampler(now, scaledFrom(centre, std::exp(-apart)), area, area).fill(other.tile());
-        average(next.tile(), other.tile(), pass);
+        const double apart = blur.spread * std::pow(3.0, pass - passes);
+        spread(now, scaledFrom(centre, std::exp(apart)), next);
         std::swap(now, next);
     }
     return {std::move(now), toGrid};

@@ -165,10 +165,10 @@ TEST(Kernels, pixelsLieOnPixelsAsTheirTwin) {
             expectTwins(
                 target, [&](auto* out) { Kernels::fade(opacity, width, out); },
                 [&](auto* out) { Twins::fade(opacity, width, out); }, "fade");
-        for (const int up : {0, 1})
-            expectTwins(
-                target, [&](auto* out) { Kernels::average(above.data(), width, up, out); },
-                [&](auto* out) { Twins::average(above.data(), width, up, out); }, "average");
+        const auto others = pixels(width, 9);
+        expectTwins(
+            target, [&](auto* out) { Kernels::meanOfThree(above.data(), others.data(), width, out); },
+            [&](auto* out) { Twins::meanOfThree(above.data(), others.data(), width, out); }, "meanOfThree");
     }
 }
 

@@ -131,8 +131,9 @@ void fade(int opacity, int count, std::uint8_t* pixels) {
     for (int at = 0; at < count * 4; ++at) pixels[at] = byte(share(pixels[at], opacity));
 }
 
-void average(const std::uint8_t* others, int count, int up, std::uint8_t* pixels) {
-    for (int at = 0; at < count * 4; ++at) pixels[at] = byte((pixels[at] + others[at] + up) / 2);
+void meanOfThree(const std::uint8_t* ones, const std::uint8_t* others, int count, std::uint8_t* pixels) {
+    for (int at = 0; at < count * 4; ++at)
+        pixels[at] = byte(int(std::lround((ones[at] + others[at] + pixels[at]) / 3.0)));
 }
 
 void mask(const std::uint8_t* masks, int count, std::uint8_t* pixels) {

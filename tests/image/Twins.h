@@ -19,7 +19,7 @@ void multiplyAlpha(const std::int16_t* alpha, int count, std::uint8_t* pixels);
 void over(const std::uint8_t* above, int count, std::uint8_t* pixels);
 void over(std::uint32_t above, int count, std::uint8_t* pixels);
 void fade(int opacity, int count, std::uint8_t* pixels);
-void average(const std::uint8_t* others, int count, int up, std::uint8_t* pixels);
+void meanOfThree(const std::uint8_t* ones, const std::uint8_t* others, int count, std::uint8_t* pixels);
 void mask(const std::uint8_t* masks, int count, std::uint8_t* pixels);
 void multiply(const std::uint8_t* above, int count, std::uint8_t* pixels);
 void screen(const std::uint8_t* above, int count, std::uint8_t* pixels);

@@ -48,15 +48,21 @@ void Fade(int opacity, int count, std::uint8_t* pixels) {
     });
 }
 
-void Average(const std::uint8_t* others, int count, int up, std::uint8_t* pixels) {
+void MeanOfThree(const std::uint8_t* ones, const std::uint8_t* others, int count, std::uint8_t* pixels) {
     inVectors<std::uint32_t>(count, [&](auto d, int at) {
-        const hn::Repartition<std::uint8_t, decltype(d)> bytes;
-        const auto one = hn::BitCast(bytes, load(d, pixels, at));
-        const auto other = hn::BitCast(bytes, load(d, others, at));
-        // What rounds up rounds down on the complements.
-        const auto mean =
-            up ? hn::AverageRound(one, other) : hn::Not(hn::AverageRound(hn::Not(one), hn::Not(other)));
-        store(d, hn::BitCast(d, mean), pixels, at);
+        const hn::Repartition<std::uint16_t, decltype(d)> words;
+        const auto one = load(d, pixels, at);
+        const auto two = load(d, ones, at);
+        const auto three = load(d, others, at);
+        const auto even = hn::Set(d, 0x00FF00FF);
+        const auto mean = [&](auto channels) {
+            const auto sum = hn::Add(hn::Add(channels(one), channels(two)), channels(three));
+            const auto rounded = hn::Add(hn::BitCast(words, sum), hn::Set(words, std::uint16_t(1)));
+            return hn::BitCast(d, hn::MulHigh(rounded, hn::Set(words, std::uint16_t(21846))));
+        };
+        const auto blueRed = mean([&](auto value) { return hn::And(value, even); });
+        const auto rest = mean([&](auto value) { return hn::And(hn::ShiftRight<8>(value), even); });
+        store(d, hn::Or(blueRed, hn::ShiftLeft<8>(rest)), pixels, at);
     });
 }
 
@@ -122,7 +128,7 @@ HWY_EXPORT(Over);
 HWY_EXPORT(OverFlat);
 HWY_EXPORT(Fill);
 HWY_EXPORT(Fade);
-HWY_EXPORT(Average);
+HWY_EXPORT(MeanOfThree);
 HWY_EXPORT(Premultiply);
 HWY_EXPORT(SetAlpha);
 HWY_EXPORT(Transpose);
@@ -143,8 +149,8 @@ void fade(int opacity, int count, std::uint8_t* pixels) {
     HWY_DYNAMIC_DISPATCH(Fade)(opacity, count, pixels);
 }
 
-void average(const std::uint8_t* others, int count, int up, std::uint8_t* pixels) {
-    HWY_DYNAMIC_DISPATCH(Average)(others, count, up, pixels);
+void meanOfThree(const std::uint8_t* ones, const std::uint8_t* others, int count, std::uint8_t* pixels) {
+    HWY_DYNAMIC_DISPATCH(MeanOfThree)(ones, others, count, pixels);
 }
 
 void premultiply(std::uint8_t* pixels, int count) {

@@ -66,8 +66,8 @@ void fill(std::uint32_t pixel, int count, std::uint8_t* out);
 void over(const std::uint8_t* above, int count, std::uint8_t* pixels);
 void over(std::uint32_t above, int count, std::uint8_t* pixels);
 void fade(int opacity, int count, std::uint8_t* pixels);
-/// The mean with other pixels; halves go up where `up` is 1, down where it is 0.
-void average(const std::uint8_t* others, int count, int up, std::uint8_t* pixels);
+/// The mean with two other pixels, to the nearest level.
+void meanOfThree(const std::uint8_t* ones, const std::uint8_t* others, int count, std::uint8_t* pixels);
 
 /// Each channel times the alpha of the mask's pixel.
 void mask(const std::uint8_t* masks, int count, std::uint8_t* pixels);
