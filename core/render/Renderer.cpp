@@ -55,7 +55,8 @@ Image base(const Stage::Scene& scene, const PlacedShot& placed, double time) {
     const auto& plan = scene.plan;
     const auto& background = scene.below;
     if (const auto* generated = plan.generatedAt(time))
-        return Stage::draw(*generated, time, {background, {}, {}, plan, scene.media}, background);
+        return Stage::draw(*generated, time, {background, {}, {}, plan, scene.media, scene.budget},
+                           background);
     if (!scene.source) return background;
     if (const auto* book = layoutOf(placed, plan)) {
         auto values = Plan::values(placed.shot, **book, scene.framing);
@@ -107,7 +108,8 @@ Image render(const std::optional<Image>& picture, const std::optional<UUID>& sou
     const auto background = filled(Colour::black, plan.frame);
     const auto* placed = plan.shot(time);
     if (!placed) return background;
-    Stage::Scene scene{background, picture, plan.framing(source), plan, media};
+    Stage::Budget budget;
+    Stage::Scene scene{background, picture, plan.framing(source), plan, media, &budget};
     scene.below = base(scene, *placed, time);
     // A glitch leaves a bare edge.
     scene.below = inTransition(scene.below, *placed, plan, time).over(background);

@@ -149,6 +149,20 @@ TEST(OverlayStack, aZoomOpensNoSeamBetweenPanels) {
     }
 }
 
+TEST(OverlayStack, aFrameShowsOnlySoMuchOfWhatIsCostly) {
+    Shown shown;
+    const std::string comic = R"(, "effects": ["comic", "comic", "comic", "comic", "comic", "comic"])";
+    std::string layers;
+    for (int i = 0; i < 200; ++i)
+        layers +=
+            R"({"particles": "confetti", "count": 200}, {"slot": "under", "opacity": 0.5)" + comic + "},";
+    shown.plan.overlays.assign(16, placed(book(layers + filled("00FF00"))));
+    const std::clock_t start = std::clock();
+    const auto first = shown.drawn(5);
+    EXPECT_LT(double(std::clock() - start) / CLOCKS_PER_SEC, 5);
+    EXPECT_TRUE(samples::same(shown.drawn(5), first)) << "a frame takes nothing from the next";
+}
+
 TEST(OverlayStack, aHundredAtOnceAreDrawnInAMoment) {
     Shown shown;
     const Book twice = book(R"({"slot": "under", "fill": true, "scale": 1.01},

@@ -23,6 +23,10 @@ struct Context {
     double width() const { return scene.plan.frame.width; }
     double height() const { return scene.plan.frame.height; }
     Rect frame() const { return {0, 0, width(), height()}; }
+    /// So much of what the frame may still have, or as much as is left.
+    std::int64_t take(std::int64_t Budget::*what, std::int64_t wanted) const {
+        return scene.budget ? scene.budget->take(what, wanted) : wanted;
+    }
     std::optional<std::string> text(const std::optional<std::string>& given) const {
         return value(given, placed.values);
     }

@@ -1,7 +1,9 @@
 #include "core/playbooks/stage/Effects.h"
 
 #include "core/playbooks/Words.h"
+#include "core/playbooks/stage/Budget.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -54,6 +56,11 @@ constexpr std::array<Effect, 14> effects{{
     {"vhs", onTape},
 }};
 
+}
+
+std::int64_t costOf(std::string_view effect) {
+    constexpr std::array<std::string_view, 6> costly{"blur", "glow", "zoom-blur", "pixel", "comic", "vhs"};
+    return std::find(costly.begin(), costly.end(), effect) == costly.end() ? 1 : Budget::costlyLook;
 }
 
 Image apply(std::string_view effect, const Image& image, double held) {

@@ -59,11 +59,10 @@ Made sized(const Image& image, const Context& context) {
     return {image};
 }
 
-/// How much a layer's own scale enlarges it at most.
+/// How much a layer is enlarged at most by its own scale.
 double enlarged(const Context& context) {
     double most = std::abs(context.number(context.layer.scale).value_or(1));
-    if (!context.layer.keys) return most;
-    for (const auto& key : *context.layer.keys)
+    for (const auto& key : context.layer.keys.value_or(std::vector<Playbook::Key>()))
         if (key.scale) most = std::max(most, std::abs(*key.scale));
     return most;
 }
@@ -100,11 +99,16 @@ std::optional<Image> picture(const Context& context) {
     return layer.slot ? slot(*text, context) : file(*text, context);
 }
 
+/// Whether the frame may have one more look of that cost.
+bool canLook(const Context& context, std::int64_t cost) {
+    return context.take(&Budget::looks, cost) == cost;
+}
+
 Image withEffects(Image image, const Context& context) {
     if (!context.layer.effects) return image;
     const auto& effects = *context.layer.effects;
     for (std::size_t i = 0; i < std::min(effects.size(), mostEffects); ++i)
-        image = apply(effects[i], image, context.held);
+        if (canLook(context, costOf(effects[i]))) image = apply(effects[i], image, context.held);
     return image;
 }
 
@@ -112,12 +116,14 @@ Image withEffects(Image image, const Context& context) {
 Image keyedOut(const Image& image, const Context& context) {
     const auto text = context.text(context.layer.key);
     const auto colour = text ? Colour::hex(*text) : std::nullopt;
-    const auto cube = colour ? context.scene.media.cube(*colour) : std::nullopt;
+    const auto cube =
+        colour && canLook(context, Budget::costlyLook) ? context.scene.media.cube(*colour) : std::nullopt;
     return cube ? image.filtered(*cube) : image;
 }
 
 Image cutOut(const Image& image, const Context& context) {
-    return context.layer.cutout.value_or(false) ? context.scene.media.cutout(image) : image;
+    const bool cuts = context.layer.cutout.value_or(false) && canLook(context, Budget::costlyLook);
+    return cuts ? context.scene.media.cutout(image) : image;
 }
 
 bool canBeShown(const Made& made) {

@@ -121,10 +121,11 @@ std::vector<std::string> listed(std::string_view text) {
 
 /// The pictures of as many glyphs as there are particles to show them. Each is drawn once, at a size near to
 /// that of the particles, and only placed by each of them. A glyph that no font has keeps its place.
-std::vector<Image> glyphs(const std::vector<std::string>& names, std::int64_t count, PlaybookMedia& media) {
-    std::vector<Image> pictures;
-    for (std::size_t i = 0; i < std::min(names.size(), std::size_t(count)); ++i)
-        pictures.push_back(media.glyph(names[i], glyphPoints).value_or(Image()).drawnOnce());
+std::vector<Image> glyphs(const std::vector<std::string>& names, std::int64_t count, const Context& context) {
+    std::vector<Image> pictures(std::min(names.size(), std::size_t(count)));
+    const auto drawn = context.take(&Budget::glyphs, std::int64_t(pictures.size()));
+    for (std::size_t i = 0; i < std::size_t(drawn); ++i)
+        pictures[i] = context.scene.media.glyph(names[i], glyphPoints).value_or(Image()).drawnOnce();
     return pictures;
 }
 
@@ -147,9 +148,10 @@ Image placed(const Image& picture, const Place& place, double size) {
 Image particles(const std::string& text, const Context& context, double width) {
     const auto& layer = context.layer;
     const bool coloured = text == "confetti";
-    const auto count = std::clamp<std::int64_t>(layer.count.value_or(usualParticles), 1, mostParticles);
+    const auto wanted = std::clamp<std::int64_t>(layer.count.value_or(usualParticles), 1, mostParticles);
+    const auto count = context.take(&Budget::particles, wanted);
     // No more than there are particles, so that each particle's number still leads to its own glyph.
-    const auto pictures = coloured ? std::vector<Image>() : glyphs(listed(text), count, context.scene.media);
+    const auto pictures = coloured ? std::vector<Image>() : glyphs(listed(text), count, context);
     if (!coloured && pictures.empty()) return {};
     const auto seed = std::uint64_t(layer.seed.value_or(usualSeed)) * seedSpacing;
     const Drift drift = driftNamed(context.text(layer.drift).value_or("rise"));

@@ -10,8 +10,7 @@
 namespace murbo::Stage {
 namespace {
 
-/// So many layers of one playbook are drawn at a moment, the undermost ones: far more than any design has,
-/// and no playbook can hold a frame up for long.
+/// So many layers of one playbook are drawn at a moment, the undermost ones.
 constexpr std::size_t mostLayers = 500;
 
 /// The layers that are on, undermost first.
@@ -60,8 +59,10 @@ Composite composite(const PlacedOverlay& placed, double time, const Scene& scene
     const Clock clock(placed);
     const double elapsed = time - placed.start;
     Composite result{canvas};
-    for (const auto& context : layersOn(placed, clock, elapsed, scene))
+    for (const auto& context : layersOn(placed, clock, elapsed, scene)) {
+        if (context.take(&Budget::layers, 1) == 0) break;
         result.lay(laidOf(context, clock, elapsed), readsBelow(context));
+    }
     result.image = result.image.cropped({0, 0, scene.plan.frame.width, scene.plan.frame.height});
     return result;
 }
@@ -71,14 +72,18 @@ Composite composite(const PlacedOverlay& placed, double time, const Scene& scene
 /// A picture that is shown twice is drawn twice, and one under N overlays that each show it twice 2ⁿ times:
 /// where it is needed more than once it is drawn once and kept. Needed once it goes directly into its layer,
 /// which then samples the footage itself.
-Image draw(const PlacedOverlay& placed, double time, const Scene& scene, const Image& canvas) {
+Image draw(const PlacedOverlay& placed, double time, const Scene& given, const Image& canvas) {
+    Scene scene = given;
+    Budget own;
+    if (!scene.budget) scene.budget = &own;
+    const Budget before = *scene.budget;
     const auto direct = composite(placed, time, scene, canvas);
     const bool same = &canvas.node() == &scene.below.node();
     const int needed = direct.readings + (same && direct.showsCanvas ? 1 : 0);
     if (direct.readings == 0 || needed < 2) return direct.image;
-    const Image kept = scene.below.drawnOnce();
-    const Scene again{kept, scene.source, scene.framing, scene.plan, scene.media};
-    return composite(placed, time, again, same ? kept : canvas).image;
+    *scene.budget = before;
+    scene.below = scene.below.drawnOnce();
+    return composite(placed, time, scene, same ? scene.below : canvas).image;
 }
 
 bool showsBelow(const PlacedOverlay& placed, double time, const Scene& scene) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/playbooks/stage/Budget.h"
 #include "core/playbooks/stage/PlaybookMedia.h"
 #include "core/render/plan/Plan.h"
 #include "platform/image/Image.h"
@@ -20,6 +21,7 @@ struct Scene {
     Framing framing;             ///< where content and face lie in it
     const Plan& plan;
     PlaybookMedia& media;
+    Budget* budget = nullptr; ///< of the frame; without one each playbook has one of its own
 };
 
 /// The playbook at a video time, laid over `canvas`; cropped to the frame.
