@@ -129,7 +129,7 @@ TEST(PlaybookMedia, eachLayerReadsAVideoForItself) {
         EXPECT_EQ(opened.back().lock(), media.footage(folder / "a.mp4", std::to_string(layer)));
     }
     const auto isOpen = [](const auto& footage) { return !footage.expired(); };
-    EXPECT_EQ(std::count_if(opened.begin(), opened.end(), isOpen), 8) << "no more are kept open";
+    EXPECT_EQ(std::count_if(opened.begin(), opened.end(), isOpen), 16) << "no more are kept open";
     EXPECT_EQ(Movie::number(used->frame(0)), 0) << "what is in use stays";
 }
 

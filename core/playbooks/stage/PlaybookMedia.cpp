@@ -1,5 +1,6 @@
 #include "core/playbooks/stage/PlaybookMedia.h"
 
+#include "core/playbooks/stage/Budget.h"
 #include "core/playbooks/stage/ChromaKey.h"
 #include "core/playbooks/stage/Cutout.h"
 #include "core/playbooks/stage/Glyph.h"
@@ -29,8 +30,11 @@ constexpr Pictures::Bounds pictureBounds{1000, 384 * megabyte};
 constexpr Letters::Bounds letterBounds{300, 192 * megabyte};
 constexpr Pictures::Bounds glyphBounds{300, 64 * megabyte};
 constexpr Cubes::Bounds cubeBounds{16};
-// Each holds decoders and the pictures in them.
-constexpr Videos::Bounds videoBounds{8};
+// Each holds decoders and the pictures in them. As many stay open as one frame may show, or playing them
+// would be opening them.
+constexpr auto mostVideos = std::size_t(Stage::Budget().videos);
+constexpr Videos::Bounds videoBounds{mostVideos, mostVideos* Stage::Budget::usualVideo};
+constexpr auto mostStillBytes = std::int64_t(128 * megabyte);
 
 // What the largest usual frame has: a photo of twelve million pixels loses a tenth of its sharpness there.
 constexpr double mostKept = 3840.0 * 2160;
@@ -143,7 +147,11 @@ std::optional<Image> PlaybookMedia::image(const std::filesystem::path& file) {
 std::shared_ptr<Footage> PlaybookMedia::footage(const std::filesystem::path& file, const std::string& key) {
     const auto known = stamp(file);
     if (!known) return nullptr;
-    const auto opened = [&]() -> Videos::Made { return {std::make_shared<Footage>(file)}; };
+    const auto opened = [&]() -> Videos::Made {
+        auto footage = std::make_shared<Footage>(file, mostStillBytes);
+        const auto area = std::size_t(footage->area());
+        return {std::move(footage), area};
+    };
     return ifItCan([&] { return parts->videos.get(key + "|" + *known, opened); });
 }
 

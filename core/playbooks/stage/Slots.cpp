@@ -35,8 +35,16 @@ bool isVideo(const fs::path& path) {
     return std::find(extensions.begin(), extensions.end(), extension) != extensions.end();
 }
 
-std::optional<Image> videoPicture(const fs::path& path, const Context& context) {
+/// A video for the layer to play. Nothing where the frame shows so many that they could not all stay open.
+std::shared_ptr<Footage> footageOf(const fs::path& path, const Context& context) {
+    if (context.take(&Budget::videos, 1) == 0) return nullptr;
     const auto footage = context.scene.media.footage(path, readerKey(context));
+    const std::int64_t more = footage ? (footage->area() - 1) / Budget::usualVideo : 0;
+    return context.take(&Budget::videos, more) == more ? footage : nullptr;
+}
+
+std::optional<Image> videoPicture(const fs::path& path, const Context& context) {
+    const auto footage = footageOf(path, context);
     if (!footage) return std::nullopt;
     const double start = context.layer.start.value_or(0);
     const double left = std::max(footage->length() - start, 0.0);
@@ -56,7 +64,7 @@ std::vector<double> numbers(std::string_view text) {
 std::optional<Image> recorded(const fs::path& source, std::string_view text, const Context& context) {
     const auto ends = numbers(text);
     if (ends.size() != 2 || !(ends[0] < ends[1]) || !canBeRead(source)) return std::nullopt;
-    const auto footage = context.scene.media.footage(source, readerKey(context));
+    const auto footage = footageOf(source, context);
     if (!footage) return std::nullopt;
     return footage->frame(ends[0] + playhead(context.layer, context.held, ends[1] - ends[0]));
 }

@@ -14,8 +14,7 @@ constexpr double nearStep = 0.2;  // seconds; who asks again within this is play
 constexpr double liveReach = 1.5; // seconds that are sooner decoded than jumped
 constexpr double stillsASecond = 30;
 constexpr std::size_t mostStills = 91;
-constexpr std::int64_t mostStillBytes = std::int64_t{256} << 20; // what large pictures are bounded by
-constexpr double longest = 1e9;                                  // seconds
+constexpr double longest = 1e9; // seconds
 
 std::int64_t bytesOf(const Frame& frame) {
     const std::int64_t sample = frame.layout == Frame::Layout::bgra ? 4 : frame.depth > 8 ? 2 : 1;
@@ -25,7 +24,8 @@ std::int64_t bytesOf(const Frame& frame) {
 
 }
 
-Footage::Footage(std::filesystem::path given) : file(std::move(given)) {}
+Footage::Footage(std::filesystem::path given, std::int64_t stillBytesAtMost)
+    : file(std::move(given)), mostStillBytes(stillBytesAtMost) {}
 
 std::optional<Image> Footage::frame(double time) {
     const std::lock_guard hold(lock);
@@ -43,12 +43,20 @@ double Footage::length() {
     return seconds;
 }
 
+std::int64_t Footage::area() {
+    const std::lock_guard hold(lock);
+    open();
+    return pixels;
+}
+
 /// Whether there are pictures; looks only once.
 bool Footage::open() {
     if (std::exchange(opened, true)) return single.has_value();
     try {
         single = FrameReader::open(file, FrameReader::Purpose::stills);
-        seconds = single->facts().length;
+        const auto& facts = single->facts();
+        seconds = facts.length;
+        if (facts.picture) pixels = std::llround(facts.picture->size.width * facts.picture->size.height);
     } catch (const Problem&) {
     }
     return single.has_value();

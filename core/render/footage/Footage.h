@@ -17,7 +17,8 @@ namespace murbo {
 /// Any thread may ask; one is served at a time.
 class Footage {
 public:
-    explicit Footage(std::filesystem::path file);
+    /// `mostStillBytes` is what the kept pictures may take.
+    explicit Footage(std::filesystem::path file, std::int64_t mostStillBytes = std::int64_t{256} << 20);
 
     /// The picture that is on at `time` seconds, upright; the last one behind the end. Nothing where the file
     /// has no picture to be read.
@@ -25,6 +26,9 @@ public:
 
     /// Seconds; 0 where it can't be read.
     double length();
+
+    /// Pixels of a picture; 0 where it can't be read.
+    std::int64_t area();
 
 private:
     struct Still {
@@ -44,9 +48,11 @@ private:
     void keep(std::int64_t key, Still still);
 
     const std::filesystem::path file;
+    const std::int64_t mostStillBytes;
     std::mutex lock; // guards all below
     bool opened = false;
     double seconds = 0;
+    std::int64_t pixels = 0;
     std::optional<FrameReader> single; // for jumps
     std::optional<FrameReader> forward;
     std::optional<FrameReader::TimedFrame> current; // the newest that `forward` gave
