@@ -12,6 +12,8 @@ namespace {
 
 /// More at once nobody could tell apart; those that lie on top are drawn.
 constexpr std::ptrdiff_t mostAtOnce = 100;
+/// Of these so many show what lies below: each of them keeps a picture of it.
+constexpr std::ptrdiff_t mostReading = 16;
 
 std::size_t rank(const PlacedOverlay* placed) {
     return placed->playbook().layered() ? placed->row : std::numeric_limits<std::size_t>::max();
@@ -65,8 +67,13 @@ OverlayStack OverlayStack::at(double time, const Plan& plan) {
 }
 
 Image OverlayStack::drawn(const Overlays& overlays, double time, const Stage::Scene& scene) {
+    const auto reads = [&](const auto* placed) { return Stage::showsBelow(*placed, time, scene); };
+    auto tooMany = std::ranges::count_if(overlays, reads) - mostReading;
     auto now = scene;
-    for (const auto* placed : overlays) now.below = murbo::drawn(*placed, time, now);
+    for (const auto* placed : overlays) {
+        const bool leftOut = tooMany > 0 && reads(placed) && tooMany-- > 0;
+        if (!leftOut) now.below = murbo::drawn(*placed, time, now);
+    }
     return now.below;
 }
 

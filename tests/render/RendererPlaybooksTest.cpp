@@ -163,6 +163,15 @@ TEST(OverlayStack, aFrameShowsOnlySoMuchOfWhatIsCostly) {
     EXPECT_TRUE(samples::same(shown.drawn(5), first)) << "a frame takes nothing from the next";
 }
 
+TEST(OverlayStack, ofThoseThatShowWhatLiesBelowTheTopmostAreDrawn) {
+    Shown shown;
+    const Book inverted = book(R"({"slot": "under", "fill": true, "effects": ["invert"]})");
+    shown.plan.overlays.assign(17, placed(inverted));
+    EXPECT_EQ(shown.middle(), "0000FF");
+    shown.plan.overlays.push_back(placed(book(square("FF0000", 0.5, 0.5))));
+    EXPECT_EQ(shown.middle(), "FF0000");
+}
+
 TEST(OverlayStack, aHundredAtOnceAreDrawnInAMoment) {
     Shown shown;
     const Book twice = book(R"({"slot": "under", "fill": true, "scale": 1.01},
