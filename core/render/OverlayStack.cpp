@@ -23,6 +23,15 @@ bool isMoved(const Overlay& overlay) {
     return overlay.move && (overlay.move->from || overlay.move->to);
 }
 
+/// How many times as large a move shows its overlay at most.
+double enlarged(const Move& move) {
+    constexpr double most = 4; // finer letters than that nothing has
+    double scale = 1;
+    for (const auto* end : {&move.from, &move.to})
+        if (*end) scale = std::max(scale, std::abs((*end)->scale.value_or(1)));
+    return std::min(scale, most);
+}
+
 /// Moved, scaled and turned as one, about the frame's middle. What is only put elsewhere stays on whole
 /// pixels, or its letters would blur.
 Image moved(const Image& layers, const PlacedOverlay& placed, double time, Size frame) {
@@ -45,10 +54,11 @@ Image moved(const Image& layers, const PlacedOverlay& placed, double time, Size 
 Image drawn(const PlacedOverlay& placed, double time, const Stage::Scene& scene) {
     if (!isMoved(placed.overlay)) return Stage::draw(placed, time, scene, scene.below);
     const auto [width, height] = scene.plan.frame;
-    auto twice = scene;
-    if (Stage::showsBelow(placed, time, scene)) twice.below = scene.below.drawnOnce();
-    const auto layers = Stage::draw(placed, time, twice, Image());
-    return moved(layers, placed, time, scene.plan.frame).over(twice.below).cropped({0, 0, width, height});
+    auto own = scene;
+    own.enlarged = enlarged(*placed.overlay.move);
+    if (Stage::showsBelow(placed, time, scene)) own.below = scene.below.drawnOnce(); // it is shown twice
+    const auto layers = Stage::draw(placed, time, own, Image());
+    return moved(layers, placed, time, scene.plan.frame).over(own.below).cropped({0, 0, width, height});
 }
 
 }

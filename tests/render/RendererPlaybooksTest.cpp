@@ -126,6 +126,22 @@ TEST(OverlayStack, anOverlayMovesAsAWhole) {
     EXPECT_EQ(shown.middle(), "0000FF");
 }
 
+TEST(OverlayStack, lettersThatAMoveEnlargesStaySharp) {
+    Shown shown;
+    const auto halfTones = [&](const std::string& more, double scale) {
+        auto overlay = placed(book(R"({"text": "Wow", "size": 24, "outline": "")"s + more + "}"));
+        overlay.overlay.move = Move{.from = Placement{.scale = scale}};
+        shown.plan.overlays = {overlay};
+        const auto drawn = shown.drawn(5);
+        int count = 0;
+        for (int y = 0; y < drawn.height(); ++y)
+            for (int x = 0; x < drawn.width(); ++x) count += std::abs(drawn.row(y)[x * 4 + 1] - 128) < 100;
+        return count;
+    };
+    EXPECT_GT(halfTones("", 4), 100);
+    EXPECT_LT(halfTones("", 4), halfTones(R"(, "scale": 4)", 1) * 2.2);
+}
+
 TEST(OverlayStack, whatLiesBelowIsThePictureSoFar) {
     Shown shown;
     const Book inverted = book(R"({"slot": "under", "fill": true, "effects": ["invert"]})");

@@ -59,12 +59,12 @@ Made sized(const Image& image, const Context& context) {
     return {image};
 }
 
-/// How much a layer is enlarged at most by its own scale.
+/// How much a layer is enlarged at most, by its own scale and with its playbook.
 double enlarged(const Context& context) {
     double most = std::abs(context.number(context.layer.scale).value_or(1));
     for (const auto& key : context.layer.keys.value_or(std::vector<Playbook::Key>()))
         if (key.scale) most = std::max(most, std::abs(*key.scale));
-    return most;
+    return most * context.scene.enlarged;
 }
 
 /// Letters in as many more pixels as they are shown larger than their size says.

@@ -22,6 +22,7 @@ struct Scene {
     const Plan& plan;
     PlaybookMedia& media;
     Budget* budget = nullptr; ///< of the frame; without one each playbook has one of its own
+    double enlarged = 1;      ///< how many times as large all that is drawn will be shown, at most
 };
 
 /// The playbook at a video time, laid over `canvas`; cropped to the frame.
