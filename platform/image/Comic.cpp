@@ -26,6 +26,8 @@ constexpr double coarseSigma = 6;
 constexpr int inkSteep = 128;
 constexpr int inkLeast = 153;
 constexpr int inkGrowth = 6;
+/// A picture that is seen smaller than this is sketched as finely as the canvas: its lines would get lost.
+constexpr double smallest = 0.4;
 /// Tones that a picture is printed in; from one to the next it changes on a part of the way only.
 constexpr int tones = 5;
 constexpr double softness = 0.35;
@@ -148,9 +150,10 @@ struct Sketch {
     }
 
 private:
-    /// Half as fine as the picture is at about its own size; never finer than the canvas.
+    /// Half as fine as the picture is at about its own size, and as the canvas where that is smaller.
     Sketch(double scale, const PixelRect& bounds)
-        : Sketch(scale, std::exp2(std::max(std::round(std::log2(scale) + 0.9), 0.0)), bounds) {}
+        : Sketch(scale, scale < smallest ? 1 : std::exp2(std::max(std::round(std::log2(scale) + 0.9), 1.0)),
+                 bounds) {}
     Sketch(double scale, double shrink, const PixelRect& bounds)
         : toGrid(Transform().scaled(1 / shrink, 1 / shrink)),
           area(PixelRect::touching(toGrid.apply(bounds.rect())).grown(2, 2)),
