@@ -21,9 +21,10 @@ Transform scaledFrom(Point centre, double scale) {
     return Transform().translated(-centre.x, -centre.y).scaled(scale, scale).translated(centre.x, centre.y);
 }
 
-/// What of the grid can be other than clear, of what is wanted.
+/// What of the grid can be other than clear, of what is wanted. Whoever looks between its pixels sees those
+/// that only touch the picture, too.
 PixelRect needed(const Rect& wanted, const Rect& extent, int margin) {
-    const auto seen = PixelRect::touching(extent.intersection(wanted));
+    const auto seen = PixelRect::touching(extent).grown(2, 2).intersection(PixelRect::touching(wanted));
     return seen.empty() ? PixelRect{} : seen.grown(margin, margin);
 }
 
