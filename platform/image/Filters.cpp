@@ -169,10 +169,28 @@ Layer::Draw drawing(const Node::Filtered& filtered, const Transform& place, cons
         filtered.filter);
 }
 
+namespace {
+
+/// From the canvas to a grid along the picture's axes. Where but a quarter turn or a mirror leads there,
+/// pixels stay pixels, so that nothing is smoothed.
+Transform uprightWay(const Transform& place) {
+    if (!keepsAxes(place))
+        return place.inverse().then(
+            Transform().scaled(std::hypot(place.a, place.b), std::hypot(place.c, place.d)));
+    const auto sign = [](double value) { return double(value > 0) - double(value < 0); };
+    const auto turn = Transform{sign(place.a), sign(place.b), sign(place.c), sign(place.d), 0, 0}.inverse();
+    const auto origin = place.then(turn).apply(Point{});
+    return turn.translated(-std::round(origin.x), -std::round(origin.y));
+}
+
+}
+
 Placed upright(const Node& node, const Node::Filtered& filtered, const Transform& place,
                const PixelRect& bounds, int depth) {
-    const auto toGrid = Transform().scaled(std::hypot(place.a, place.b), std::hypot(place.c, place.d));
-    const auto way = place.inverse().then(toGrid);
+    const auto way = uprightWay(place);
+    const auto toGrid = keepsAxes(place)
+                            ? place.then(way)
+                            : Transform().scaled(std::hypot(place.a, place.b), std::hypot(place.c, place.d));
     // A clear rim: the edges of what is turned grow smooth over it.
     const auto wanted = PixelRect::touching(way.apply(bounds.grown(1, 1).rect())).grown(2, 2);
     const auto area = PixelRect::touching(toGrid.apply(node.extent)).grown(2, 2).intersection(wanted);

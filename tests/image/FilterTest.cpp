@@ -233,3 +233,16 @@ TEST(Filters, followUponEachOtherWithoutEnd) {
     EXPECT_EQ(
         difference(drawn(edges, 4, 4), drawn(picture().transformed(Transform().scaled(0.1, 0.1)), 4, 4)), 0);
 }
+
+TEST(Filters, ofMirroredPicturesSmoothNothing) {
+    const Image image = Image::bitmap(
+        bitmapOf(side, side, [](int x, int y) { return (x + y) % 2 ? Colour::white : Colour::black; }));
+    const Filter vignette = Vignetted{0.001, 64};
+    const auto placed = Transform().scaled(0.75, 0.75).translated(9.3, 7.1);
+    for (const auto& turn : {Transform().scaled(-1, 1), Transform().rotated(90), Transform().rotated(180)}) {
+        const auto way = placed.then(turn).translated(200, 200);
+        EXPECT_LE(difference(drawn(image.filtered(vignette).transformed(way), 400, 400),
+                             drawn(image.transformed(way), 400, 400)),
+                  1);
+    }
+}
