@@ -200,7 +200,8 @@ TEST(Determinism, bandsAndThreadsMakeNoDifference) {
         const Bitmap whole = drawn(image, width, height);
         keep(whole, name);
         EXPECT_EQ(difference(inBands(image, {0, 128, 256, 384, height}, false, false), whole), 0) << name;
-        EXPECT_EQ(difference(inBands(image, {0, 1, 17, 61, 62, 100, 101, 333, 400, height}, true, false), whole), 0)
+        EXPECT_EQ(
+            difference(inBands(image, {0, 1, 17, 61, 62, 100, 101, 333, 400, height}, true, false), whole), 0)
             << name;
         EXPECT_EQ(difference(inBands(image, {0, 120, 240, 360, height}, true, true), whole), 0) << name;
     }
