@@ -17,12 +17,17 @@ constexpr bool keeps = false;
 #else
 constexpr bool keeps = true;
 #endif
-/// All that lies ready at once: a few frames' worth.
-constexpr std::size_t mostKept = 96 << 20;
+/// All that lies ready at once: a few frames' worth. More was no faster, and an export has little to spare
+/// beside its encoder.
+constexpr std::size_t mostKept = 48 << 20;
+
+/// After so many further requests nobody will ask for that size again: a frame makes a few dozen at most.
+constexpr std::uint64_t staleAfter = 100;
 
 struct Block {
-    std::uint8_t* memory;
-    std::size_t bytes;
+    std::uint8_t* memory = nullptr;
+    std::size_t bytes = 0;
+    std::uint64_t used = 0; ///< the count of requests when it was given back
 };
 
 void release(const Block& block) {
@@ -35,23 +40,25 @@ public:
     /// A block that fits without much waste.
     Block take(std::size_t bytes) {
         const std::lock_guard lock(mutex);
+        ++requests;
         const auto found = std::find_if(blocks.rbegin(), blocks.rend(), [&](const Block& block) {
             return block.bytes >= bytes && block.bytes - bytes <= bytes / 4;
         });
-        if (found == blocks.rend()) return {nullptr, 0};
+        if (found == blocks.rend()) return {};
         const Block block = *found;
         blocks.erase(std::next(found).base());
         kept -= block.bytes;
         return block;
     }
 
-    void give(const Block& block) {
+    void give(Block block) {
         std::vector<Block> spare;
         {
             const std::lock_guard lock(mutex);
+            block.used = requests;
             blocks.push_back(block);
             kept += block.bytes;
-            while (kept > mostKept) {
+            while (!blocks.empty() && (kept > mostKept || requests - blocks.front().used > staleAfter)) {
                 spare.push_back(blocks.front());
                 kept -= blocks.front().bytes;
                 blocks.erase(blocks.begin());
@@ -64,6 +71,7 @@ private:
     std::mutex mutex;
     std::vector<Block> blocks;
     std::size_t kept = 0;
+    std::uint64_t requests = 0;
 };
 
 /// Never destroyed: pictures may outlive everything else.
@@ -76,10 +84,10 @@ Kept& kept() {
 
 std::shared_ptr<std::uint8_t[]> take(std::size_t bytes) {
     const bool keeping = keeps && bytes >= worthKeeping;
-    Block block = keeping ? kept().take(bytes) : Block{nullptr, 0};
-    if (!block.memory) block = {static_cast<std::uint8_t*>(::operator new[](bytes, alignment)), bytes};
+    Block block = keeping ? kept().take(bytes) : Block{};
+    if (!block.memory) block = {static_cast<std::uint8_t*>(::operator new[](bytes, alignment)), bytes, 0};
     const auto done = [bytes = block.bytes, keeping](std::uint8_t* memory) {
-        keeping ? kept().give({memory, bytes}) : release({memory, bytes});
+        keeping ? kept().give({memory, bytes, 0}) : release({memory, bytes, 0});
     };
     return {block.memory, done};
 }
