@@ -295,6 +295,16 @@ std::vector<Track> tracks(const Video& video, const Plan& plan, const std::set<U
     return tracks;
 }
 
+std::vector<std::filesystem::path> files(const Video& video, const Plan& plan) {
+    std::vector<std::filesystem::path> files;
+    const Look look = video.look.value_or(Look{});
+    for (const List<SoundCue>& cues : {look.music, look.sounds})
+        for (const SoundCue& cue : cues)
+            if (auto path = plan.file(cue.file)) files.push_back(std::move(*path));
+    for (SoundLayer& layer : soundLayers(plan)) files.push_back(std::move(layer.file));
+    return files;
+}
+
 std::vector<Stretch> silences(std::vector<Stretch> ranges, double gap) {
     std::erase_if(ranges,
                   [](const Stretch& range) { return std::isnan(range.from) || std::isnan(range.to); });

@@ -64,6 +64,9 @@ std::optional<double> lengthOf(const std::filesystem::path& file);
 std::vector<Track> tracks(const Video& video, const Plan& plan, const std::set<UUID>& missing = {},
                           const Lengths& lengths = lengthOf);
 
+/// Every sound file that the video names, found or not: music first, then effects, then those of overlays.
+std::vector<std::filesystem::path> files(const Video& video, const Plan& plan);
+
 /// The ranges in time order, those joined that lie at most `gap` seconds apart.
 std::vector<Stretch> silences(std::vector<Stretch> ranges, double gap);
 

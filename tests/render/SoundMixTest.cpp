@@ -1,7 +1,6 @@
 #include "core/render/SoundMix.h"
 
 #include <cmath>
-#include <ctime>
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
@@ -241,6 +240,9 @@ TEST(SoundMix, everyLaneHasItsLevelAndABrokenFileCostsItsTrackAlone) {
     EXPECT_EQ(text(tracks[2].gains), "3-20 0.175>0.175");
     EXPECT_EQ(text(tracks[3].gains), "4-20 0.125>0.125");
     EXPECT_EQ(text(tracks[4].gains), "1-2 0.25>0.25");
+    EXPECT_EQ(SoundMix::files(mixed.video, mixed.plan),
+              (std::vector<std::filesystem::path>{"/5.000000", "/3.000000", "/4.000000", "/broken", "/boo",
+                                                  "/broken"}));
     mixed.mix() = {.overlays = 0, .sounds = 0};
     EXPECT_EQ(mixed.tracks().size(), 2);
     EXPECT_EQ(SoundMix::lengthOf("/nowhere/at all.wav"), std::nullopt);
@@ -267,9 +269,7 @@ TEST(SoundMix, whatPlaybooksAskForIsBounded) {
     for (int each = 0; each < 500; ++each) layers += R"(,{"sound": "../../x"},{"shape": "rect"})";
     const Book book{Playbook::decode(R"({"name": "a", "layers": [)" + layers + "]}"), "/tmp"};
     mixed.plan.overlays.assign(20'000, {.start = 1, .end = 2, .book = book});
-    const std::clock_t start = std::clock();
     EXPECT_EQ(mixed.tracks().size(), 41);
-    EXPECT_LT(double(std::clock() - start) / CLOCKS_PER_SEC, 5);
 }
 
 TEST(SoundMix, staysBoundedOnNumbersThatAreNone) {
