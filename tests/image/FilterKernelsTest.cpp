@@ -16,7 +16,7 @@ template <typename T>
 std::vector<T> random(int count, int low, int high, unsigned seed = 1) {
     std::mt19937 generator(seed);
     std::vector<T> values(count);
-    for (auto& value : values) value = T(low + int(generator() % unsigned(high - low + 1)));
+    for (auto& value : values) value = T(low + std::int64_t(generator()) % (std::int64_t(high) - low + 1));
     return values;
 }
 
