@@ -59,7 +59,7 @@ private:
         const std::lock_guard hold(lock);
         Entry& entry = entries[key];
         entry.used = ++uses;
-        const auto slot = entry.slot;
+        auto slot = entry.slot;
         makeRoom(dropped);
         return slot;
     }

@@ -86,8 +86,9 @@ Letters::Made trimmed(const Bitmap& block) {
     Bitmap bitmap = ink.cutOut(block, around);
     const std::size_t bytes = bytesOf(bitmap);
     const auto place = Transform().translated(ink.left - around, ink.top - around);
-    const Image image = Image::bitmap(std::move(bitmap)).transformed(place);
-    return {Image::later({0, 0, double(block.width()), double(block.height())}, [image] { return image; }),
+    Image image = Image::bitmap(std::move(bitmap)).transformed(place);
+    return {Image::later({0, 0, double(block.width()), double(block.height())},
+                         [image = std::move(image)] { return Image(image); }),
             bytes};
 }
 
