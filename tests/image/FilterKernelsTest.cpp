@@ -32,18 +32,6 @@ std::vector<std::uint8_t> pixels(int count, unsigned seed = 1) {
     return result;
 }
 
-template <typename T, typename Kernel, typename Twin>
-void expectTwins(const std::vector<T>& target, const Kernel& kernel, const Twin& twin, const char* what) {
-    std::vector<T> expected = target;
-    twin(expected.data());
-    onEachTarget([&](const char* name) {
-        std::vector<T> found = target;
-        kernel(found.data());
-        const auto at = std::mismatch(found.begin(), found.end(), expected.begin()).first - found.begin();
-        EXPECT_EQ(at, found.end() - found.begin()) << what << " on " << name;
-    });
-}
-
 /// One kernel and its twin on rows of all widths, two pixels standing behind that must stay.
 #define EXPECT_ROWS_AS_TWIN(function, ...)                                                            \
     for (const int width : widths)                                                                    \

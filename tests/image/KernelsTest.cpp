@@ -41,19 +41,6 @@ std::vector<std::uint8_t> pixels(int count, unsigned seed = 1) {
     return result;
 }
 
-/// What a kernel and its twin make of the same, on each instruction set; what lies behind the end must stay.
-template <typename T, typename Kernel, typename Twin>
-void expectTwins(std::vector<T> target, const Kernel& kernel, const Twin& twin, const std::string& what) {
-    std::vector<T> expected = target;
-    twin(expected.data());
-    onEachTarget([&](const char* name) {
-        std::vector<T> found = target;
-        kernel(found.data());
-        const auto at = std::mismatch(found.begin(), found.end(), expected.begin()).first - found.begin();
-        EXPECT_EQ(at, found.end() - found.begin()) << what << " on " << name;
-    });
-}
-
 Columns columns(double step, int outputs, int samples, int values, double offset = -1.3) {
     return Columns(Line::through(offset, step), 0, outputs, 0, samples, values);
 }
