@@ -1,4 +1,4 @@
-#include "app/Headless.h"
+#include "app/headless/Headless.h"
 
 #include <csignal>
 #include <cstdio>

@@ -1,4 +1,5 @@
-# A room is a folder that builds into one small library. Its sources are the .cpp files right in it.
+# A room is a folder, or a list of folders, that builds into one small library. Its sources are the .cpp files
+# right in it.
 
 include_directories(${CMAKE_SOURCE_DIR})
 
@@ -9,8 +10,10 @@ function(murbo_precompiled target)
     target_precompile_headers(${target} REUSE_FROM murbo_precompiled_header)
 endfunction()
 
-function(murbo_room name folder)
-    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.cpp)
+function(murbo_room name folders)
+    list(TRANSFORM folders PREPEND ${CMAKE_SOURCE_DIR}/ OUTPUT_VARIABLE patterns)
+    list(TRANSFORM patterns APPEND /*.cpp)
+    file(GLOB sources CONFIGURE_DEPENDS ${patterns})
     if(NOT sources)
         add_library(murbo_${name} INTERFACE)
         target_link_libraries(murbo_${name} INTERFACE ${ARGN})

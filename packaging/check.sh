@@ -26,13 +26,16 @@ check_format() { # every source is in the house's format (./dev format mends it)
 check_includes() { # a room looks only into those beneath it
     report "$(ours | grep -E '^(platform|core|app)/' | xargs -r grep -H '^#include "' | tr -d '"' | awk '
         BEGIN {
-            split("platform/base=0 platform/image/kernels=1 platform/image=1.5 platform/media=2 platform/vision=2 platform/text=2 platform/net=2 platform/store=2 " \
-                  "core/model=3 core/intake=4 core/playbooks=4 core/render/plan=5 core/render/captions=6 " \
-                  "core/render/footage=6 core/playbooks/stage=7 core/render=8 core/ai=9 core/mcp=10 app/editor=11 " \
-                  "app/mcp=11 app=12 app/desktop=13", rooms, " ")
+            split("platform/base=0 platform/image/kernels=1 platform/image=1.5 " \
+                  "platform/media=2 platform/vision=2 platform/text=2 platform/net=2 platform/store=2 " \
+                  "core/model=3 core/model/package=3.1 core/model/edits=3.1 core/playbooks=4 " \
+                  "core/intake=4.2 core/intake/transcription=4.1 core/intake/samples=4.1 " \
+                  "core/render/plan=5 core/render/captions=6 core/render/footage=6 core/render/stage=7 " \
+                  "core/render/sound=7.5 core/render=8 core/render/export=8.5 " \
+                  "core/ai=9 core/mcp=10 app/editor=11 app/mcp=12 app/headless=13 app/desktop=13 app=14", rooms, " ")
             for (i in rooms) { split(rooms[i], pair, "="); level[pair[1]] = pair[2] }
         }
-        function room(path) { sub("/[^/]*$", "", path); return path }
+        function room(path) { sub("/[^/]*$", "", path); sub("/image/(draw|filters)$", "/image", path); return path }
         {
             split($0, part, ":#include ")
             from = room(part[1]); to = room(part[2])

@@ -1,8 +1,8 @@
 // Each filter on a frame of 1080x1920, on one thread, beside the nearest that FFmpeg has. Its filters work on
 // pixels that lie ready; ours draw the frame out of its decoder's planes too ("no filter" is that alone).
 
-#include "platform/image/Canvas.h"
 #include "platform/image/Image.h"
+#include "platform/image/draw/Canvas.h"
 
 #include <cmath>
 #include <cstdio>

@@ -12,8 +12,8 @@ extern "C" {
 #include <libswscale/swscale.h>
 }
 
-#include "platform/image/Canvas.h"
 #include "platform/image/Image.h"
+#include "platform/image/draw/Canvas.h"
 
 using namespace murbo;
 

@@ -2,8 +2,8 @@
 // Figures are thread CPU time; read them as ratios to the yardsticks of the same run.
 
 #include "bench/image/Yardstick.h"
-#include "platform/image/Canvas.h"
 #include "platform/image/Image.h"
+#include "platform/image/draw/Canvas.h"
 
 #include <cmath>
 #include <random>

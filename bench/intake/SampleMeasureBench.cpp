@@ -2,7 +2,7 @@
 // out that no other needs. CPU time of both, in one run. The files are made once, in MURBO_BENCH_FILES or the
 // system's temporary folder.
 
-#include "core/intake/SampleMeasure.h"
+#include "core/intake/samples/SampleMeasure.h"
 
 #include <cstdlib>
 

@@ -1,7 +1,7 @@
-#include "core/intake/Loudness.h"
-#include "core/intake/Sound.h"
-#include "core/intake/Transcription.h"
-#include "core/intake/Whisper.h"
+#include "core/intake/samples/Loudness.h"
+#include "core/intake/transcription/Sound.h"
+#include "core/intake/transcription/Transcription.h"
+#include "core/intake/transcription/Whisper.h"
 #include "platform/base/Tool.h"
 #include "tests/TemporaryFolder.h"
 

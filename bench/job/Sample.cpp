@@ -1,6 +1,6 @@
 #include "bench/job/Sample.h"
 
-#include "core/render/Subtitles.h"
+#include "core/render/export/Subtitles.h"
 #include "platform/base/Files.h"
 #include "platform/base/Problem.h"
 

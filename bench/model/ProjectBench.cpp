@@ -1,7 +1,7 @@
 // A project with ten hours of transcript (20,000 lines), 500 clips and 50 videos, each job beside a yardstick
 // that does the least it could cost on the same bytes.
-#include "core/model/ProjectPackage.h"
 #include "core/model/ProjectSummary.h"
+#include "core/model/package/ProjectPackage.h"
 #include "platform/base/Codec.h"
 #include "platform/base/Files.h"
 

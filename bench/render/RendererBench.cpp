@@ -2,7 +2,7 @@
 
 #include "core/playbooks/Stock.h"
 #include "core/render/Renderer.h"
-#include "platform/image/Canvas.h"
+#include "platform/image/draw/Canvas.h"
 
 #include <cstring>
 

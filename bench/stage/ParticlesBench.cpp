@@ -1,8 +1,8 @@
 // Scatters as the stage makes them for each frame, 200 particles of the usual size on 1080x1920: made anew
 // and drawn over a colour. Thread CPU time; the bare frame is the yardstick to take off.
 
-#include "core/playbooks/stage/Particles.h"
-#include "platform/image/Canvas.h"
+#include "core/render/stage/Particles.h"
+#include "platform/image/draw/Canvas.h"
 
 #include <benchmark/benchmark.h>
 

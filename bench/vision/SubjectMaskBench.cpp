@@ -1,7 +1,7 @@
 // One mask, in thread CPU time, beside the plainest way of running the network's heaviest layer and a copy of
 // a frame.
 
-#include "platform/image/Canvas.h"
+#include "platform/image/draw/Canvas.h"
 #include "platform/media/FrameReader.h"
 #include "platform/vision/NetworkKernels.h"
 #include "platform/vision/SubjectMask.h"

@@ -1,6 +1,6 @@
 #include "core/intake/Clips.h"
 
-#include "core/model/ProjectOperations.h"
+#include "core/model/edits/ProjectOperations.h"
 
 #include <limits>
 #include <unordered_set>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/playbooks/stage/Stage.h"
+#include "core/render/stage/Stage.h"
 
 #include <vector>
 

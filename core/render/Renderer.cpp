@@ -1,9 +1,9 @@
 #include "core/render/Renderer.h"
 
-#include "core/playbooks/stage/Stage.h"
 #include "core/render/CaptionMotion.h"
 #include "core/render/OverlayStack.h"
 #include "core/render/plan/Motion.h"
+#include "core/render/stage/Stage.h"
 
 #include <algorithm>
 #include <cmath>

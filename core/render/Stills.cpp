@@ -4,8 +4,8 @@
 #include "core/model/VideoTime.h"
 #include "core/render/Renderer.h"
 #include "platform/base/Problem.h"
-#include "platform/image/Canvas.h"
 #include "platform/image/Jpeg.h"
+#include "platform/image/draw/Canvas.h"
 #include "platform/media/FrameReader.h"
 
 #include <algorithm>

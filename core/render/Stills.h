@@ -1,8 +1,8 @@
 #pragma once
 
-#include "core/playbooks/stage/PlaybookMedia.h"
 #include "core/render/captions/CaptionCache.h"
 #include "core/render/plan/Plan.h"
+#include "core/render/stage/PlaybookMedia.h"
 #include "platform/image/Image.h"
 
 #include <filesystem>

@@ -2,8 +2,8 @@
 
 #include "core/render/captions/CaptionPicture.h"
 #include "platform/base/Files.h"
-#include "platform/image/Canvas.h"
 #include "platform/image/Jpeg.h"
+#include "platform/image/draw/Canvas.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 #include "platform/image/Image.h"
 
-#include "platform/image/Filters.h"
 #include "platform/image/ImageNode.h"
-#include "platform/image/Memo.h"
-#include "platform/image/Pixels.h"
+#include "platform/image/draw/Memo.h"
+#include "platform/image/draw/Pixels.h"
+#include "platform/image/filters/Filters.h"
 
 namespace murbo {
 namespace {

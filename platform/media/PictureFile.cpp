@@ -2,7 +2,7 @@
 
 #include "platform/base/Files.h"
 #include "platform/base/Problem.h"
-#include "platform/image/Canvas.h"
+#include "platform/image/draw/Canvas.h"
 #include "platform/media/FrameReader.h"
 #include "platform/media/FrameView.h"
 #include "platform/media/PictureBytes.h"

@@ -1,6 +1,6 @@
 #include "platform/vision/SubjectMask.h"
 
-#include "platform/image/Canvas.h"
+#include "platform/image/draw/Canvas.h"
 #include "platform/vision/MaskRefinement.h"
 #include "platform/vision/SubjectWeights.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/image/Canvas.h"
 #include "platform/image/Image.h"
+#include "platform/image/draw/Canvas.h"
 #include "platform/media/MovieWriter.h"
 
 #include <cmath>

@@ -1,9 +1,9 @@
 #include "core/model/CaptionPresets.h"
 #include "core/model/Heard.h"
-#include "core/model/PlayerChange.h"
-#include "core/model/ProjectOperations.h"
 #include "core/model/ProjectSummary.h"
-#include "core/model/VideoEdits.h"
+#include "core/model/edits/PlayerChange.h"
+#include "core/model/edits/ProjectOperations.h"
+#include "core/model/edits/VideoEdits.h"
 #include "tests/fuzz/RoundTrip.h"
 
 using namespace murbo;

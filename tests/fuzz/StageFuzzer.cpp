@@ -1,6 +1,6 @@
-#include "core/playbooks/stage/Stage.h"
+#include "core/render/stage/Stage.h"
 #include "platform/base/Problem.h"
-#include "platform/image/Canvas.h"
+#include "platform/image/draw/Canvas.h"
 #include "tests/fuzz/RoundTrip.h"
 
 #include <array>

@@ -1,6 +1,6 @@
-#include "core/model/ProjectOperations.h"
 #include "core/model/ProjectSummary.h"
 #include "core/model/Tags.h"
+#include "core/model/edits/ProjectOperations.h"
 #include "tests/fuzz/RoundTrip.h"
 
 using namespace murbo;

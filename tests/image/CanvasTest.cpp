@@ -1,4 +1,4 @@
-#include "platform/image/Canvas.h"
+#include "platform/image/draw/Canvas.h"
 #include "tests/image/Pictures.h"
 
 #include <cmath>

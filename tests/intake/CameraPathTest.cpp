@@ -1,4 +1,4 @@
-#include "core/intake/CameraPath.h"
+#include "core/intake/samples/CameraPath.h"
 
 #include <random>
 

@@ -1,4 +1,4 @@
-#include "core/intake/Heard.h"
+#include "core/intake/samples/Heard.h"
 
 #include <limits>
 

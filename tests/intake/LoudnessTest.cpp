@@ -1,5 +1,5 @@
-#include "core/intake/Loudness.h"
-#include "core/intake/Sound.h"
+#include "core/intake/samples/Loudness.h"
+#include "core/intake/transcription/Sound.h"
 #include "platform/base/Problem.h"
 #include "tests/TemporaryFolder.h"
 

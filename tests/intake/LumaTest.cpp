@@ -1,4 +1,4 @@
-#include "core/intake/Luma.h"
+#include "core/intake/samples/Luma.h"
 
 #include <gtest/gtest.h>
 

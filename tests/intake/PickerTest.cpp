@@ -1,4 +1,4 @@
-#include "core/intake/Picker.h"
+#include "core/intake/samples/Picker.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "core/intake/SampleMeasure.h"
+#include "core/intake/samples/SampleMeasure.h"
 #include "platform/base/Cancelled.h"
 #include "platform/base/Codec.h"
 #include "platform/base/Files.h"

@@ -1,5 +1,5 @@
-#include "core/intake/Scribe.h"
-#include "core/intake/Sound.h"
+#include "core/intake/transcription/Scribe.h"
+#include "core/intake/transcription/Sound.h"
 #include "platform/base/Cancelled.h"
 #include "platform/base/Data.h"
 #include "tests/FakeServer.h"

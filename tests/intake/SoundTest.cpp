@@ -1,4 +1,4 @@
-#include "core/intake/Sound.h"
+#include "core/intake/transcription/Sound.h"
 #include "platform/base/Cancelled.h"
 #include "platform/media/MediaFile.h"
 #include "tests/Environment.h"

@@ -1,6 +1,6 @@
 #include "core/intake/SourceFinder.h"
 #include "core/intake/Sources.h"
-#include "core/intake/Transcripts.h"
+#include "core/intake/transcription/Transcripts.h"
 #include "tests/TemporaryFolder.h"
 
 #include <gmock/gmock.h>

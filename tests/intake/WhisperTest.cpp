@@ -1,5 +1,5 @@
-#include "core/intake/Sound.h"
-#include "core/intake/Whisper.h"
+#include "core/intake/transcription/Sound.h"
+#include "core/intake/transcription/Whisper.h"
 #include "platform/base/Cancelled.h"
 #include "tests/Environment.h"
 #include "tests/ProblemOf.h"

@@ -1,4 +1,4 @@
-#include "core/model/Activity.h"
+#include "core/model/package/Activity.h"
 #include "tests/TemporaryFolder.h"
 
 #include <thread>

@@ -1,6 +1,6 @@
 #include "core/model/Heard.h"
 #include "core/model/Monitoring.h"
-#include "core/model/PlayerChange.h"
+#include "core/model/edits/PlayerChange.h"
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>

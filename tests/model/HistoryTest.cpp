@@ -1,4 +1,4 @@
-#include "core/model/History.h"
+#include "core/model/package/History.h"
 #include "tests/TemporaryFolder.h"
 
 #include <limits>

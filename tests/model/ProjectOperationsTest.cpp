@@ -1,4 +1,4 @@
-#include "core/model/ProjectOperations.h"
+#include "core/model/edits/ProjectOperations.h"
 #include "platform/base/Problem.h"
 
 #include <limits>

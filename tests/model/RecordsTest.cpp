@@ -1,4 +1,4 @@
-#include "core/model/ProjectPackage.h"
+#include "core/model/package/ProjectPackage.h"
 #include "platform/base/Codec.h"
 #include "tests/TemporaryFolder.h"
 

@@ -1,5 +1,5 @@
 #include "core/model/Lanes.h"
-#include "core/model/VideoEdits.h"
+#include "core/model/edits/VideoEdits.h"
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>

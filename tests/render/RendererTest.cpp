@@ -1,6 +1,6 @@
 #include "core/render/Renderer.h"
 #include "core/render/plan/Motion.h"
-#include "platform/image/Canvas.h"
+#include "platform/image/draw/Canvas.h"
 #include "tests/render/Samples.h"
 
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "tests/render/Samples.h"
 
-#include "platform/image/Canvas.h"
+#include "platform/image/draw/Canvas.h"
 #include "platform/media/MovieWriter.h"
 #include "platform/media/SoundReader.h"
 

@@ -1,7 +1,7 @@
 #include "core/playbooks/Words.h"
-#include "core/playbooks/stage/Effects.h"
-#include "platform/image/Canvas.h"
+#include "core/render/stage/Effects.h"
 #include "platform/image/ImageNode.h"
+#include "platform/image/draw/Canvas.h"
 
 #include <cmath>
 #include <cstring>

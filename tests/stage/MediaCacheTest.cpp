@@ -1,4 +1,4 @@
-#include "core/playbooks/stage/MediaCache.h"
+#include "core/render/stage/MediaCache.h"
 
 #include <atomic>
 #include <stdexcept>

@@ -1,5 +1,5 @@
-#include "core/playbooks/stage/Particles.h"
-#include "core/playbooks/stage/SeededRandom.h"
+#include "core/render/stage/Particles.h"
+#include "platform/base/SeededRandom.h"
 #include "platform/image/ImageNode.h"
 #include "tests/stage/Staged.h"
 

@@ -1,5 +1,5 @@
-#include "core/playbooks/stage/Clock.h"
-#include "core/playbooks/stage/Stage.h"
+#include "core/render/stage/Clock.h"
+#include "core/render/stage/Stage.h"
 
 #include <cmath>
 

@@ -1,5 +1,5 @@
 #include "core/playbooks/Words.h"
-#include "core/playbooks/stage/Movement.h"
+#include "core/render/stage/Movement.h"
 
 #include <cmath>
 #include <limits>

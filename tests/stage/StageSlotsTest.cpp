@@ -1,4 +1,4 @@
-#include "core/playbooks/stage/Slots.h"
+#include "core/render/stage/Slots.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/stage/Staged.h"
 

@@ -1,4 +1,4 @@
-#include "core/playbooks/stage/Stage.h"
+#include "core/render/stage/Stage.h"
 
 #include <gtest/gtest.h>
 

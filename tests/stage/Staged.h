@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/playbooks/stage/Stage.h"
-#include "platform/image/Canvas.h"
+#include "core/render/stage/Stage.h"
+#include "platform/image/draw/Canvas.h"
 
 #include <cstring>
 #include <optional>

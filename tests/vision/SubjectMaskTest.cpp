@@ -1,6 +1,6 @@
 #include "platform/base/Files.h"
 #include "platform/base/Problem.h"
-#include "platform/image/Canvas.h"
+#include "platform/image/draw/Canvas.h"
 #include "platform/media/FrameReader.h"
 #include "platform/vision/GraphFile.h"
 #include "platform/vision/MaskRefinement.h"

@@ -2,9 +2,9 @@
 
 #include "platform/base/Files.h"
 #include "platform/base/Problem.h"
-#include "platform/image/Canvas.h"
 #include "platform/image/Image.h"
 #include "platform/image/Jpeg.h"
+#include "platform/image/draw/Canvas.h"
 
 #include <algorithm>
 #include <cmath>

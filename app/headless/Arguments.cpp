@@ -1,0 +1,22 @@
+#include "app/headless/Arguments.h"
+
+#include <algorithm>
+
+namespace murbo {
+
+bool Arguments::has(std::string_view option) const {
+    return behind(option, 0).has_value();
+}
+
+std::optional<std::string> Arguments::value(std::string_view option) const {
+    const auto rest = behind(option, 1);
+    return rest ? std::optional(rest->front()) : std::nullopt;
+}
+
+std::optional<std::vector<std::string>> Arguments::behind(std::string_view option, std::size_t least) const {
+    const auto found = std::find(words.begin(), words.end(), option);
+    if (found == words.end() || words.end() - found - 1 < static_cast<std::ptrdiff_t>(least)) return {};
+    return std::vector(found + 1, words.end());
+}
+
+}

@@ -1,0 +1,121 @@
+#include "app/headless/Commands.h"
+
+#include "core/intake/Intake.h"
+#include "core/intake/Markers.h"
+#include "core/intake/SourceFinder.h"
+#include "core/intake/Sources.h"
+#include "core/model/ProjectSummary.h"
+#include "core/model/package/ProjectPackage.h"
+#include "platform/base/Files.h"
+#include "platform/base/Problem.h"
+#include "platform/base/Text.h"
+#include "platform/vision/SubjectMask.h"
+
+#include <cstdio>
+
+#include <fmt/format.h>
+
+namespace murbo {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool isOption(const std::string& word) {
+    return word.starts_with("--");
+}
+
+/// The words up to the next option, as paths.
+std::vector<fs::path> pathsUpToOption(Commands::Words::const_iterator from,
+                                      Commands::Words::const_iterator end) {
+    std::vector<fs::path> paths;
+    std::transform(from, std::find_if(from, end, isOption), std::back_inserter(paths), Commands::path);
+    return paths;
+}
+
+/// The markers file that the words name or that lies beside the recording.
+std::optional<fs::path> markersFile(const fs::path& recording, const Commands::Words& words) {
+    if (words.size() > 2 && !isOption(words[2])) return Commands::path(words[2]);
+    return Markers::find(recording);
+}
+
+std::size_t clipsOn(const UUID& source, const Project& project) {
+    const auto& clips = *project.clips;
+    return static_cast<std::size_t>(
+        std::count_if(clips.begin(), clips.end(), [&](const Clip& clip) { return clip.source == source; }));
+}
+
+}
+
+fs::path Commands::path(const std::string& word) {
+    std::error_code error;
+    const auto typed = fs::absolute(word, error);
+    auto tidy = typed.lexically_normal();
+    if (!tidy.has_filename() && tidy.has_relative_path()) tidy = tidy.parent_path();
+    // Behind a symbolic link ".." may lead elsewhere than it reads.
+    const bool same = word.find("..") == word.npos || fs::equivalent(typed, tidy, error) || error;
+    return same ? tidy : fs::weakly_canonical(typed, error);
+}
+
+void Commands::print(const std::string& line) {
+    std::fwrite(line.data(), 1, line.size(), stdout);
+    std::fputc('\n', stdout);
+    // That nobody reads on is no failure.
+    if (std::fflush(stdout) != 0 && errno != EPIPE)
+        throw Problem("The output could not be written: " + Files::cause(errno) + ".");
+}
+
+Commands::Opened Commands::open(const std::string& word) {
+    auto package = path(word);
+    auto project = ProjectPackage::read(package);
+    auto missing = SourceFinder::find(project);
+    return {std::move(package), std::move(project), std::move(missing)};
+}
+
+void Commands::connect(const Arguments&, const Words&) {
+    throw Problem("AI apps can't be connected in this version of Murbo yet.");
+}
+
+void Commands::version(const Arguments&, const Words&) {
+    print("Murbo " MURBO_VERSION);
+    if (!SubjectMask::available())
+        print("Cut-outs leave their pictures whole: what finds people in them is not installed.");
+}
+
+void Commands::create(const Arguments&, const Words& words) {
+    ProjectPackage::create(path(words[0]));
+}
+
+void Commands::summary(const Arguments&, const Words& words) {
+    const auto opened = open(words[0]);
+    print(ProjectSummary::text(opened.project, opened.missing));
+}
+
+void Commands::addFiles(const Arguments&, const Words& words) {
+    auto [package, project, missing] = open(words[0]);
+    const auto before = project;
+    const auto files = Intake::lengths(Intake::videos(pathsUpToOption(words.begin() + 1, words.end())));
+    std::vector<fs::path> kept;
+    for (const auto& file : files) kept.push_back(file.path);
+    Sources::add(project, files, Intake::groupName(kept), Source::Kind::file);
+    ProjectPackage::write(project, package, &before);
+    print(fmt::format("added {} files; {} clips in all", files.size(), project.clips.size()));
+}
+
+void Commands::addStream(const Arguments&, const Words& words) {
+    auto [package, project, missing] = open(words[0]);
+    const auto before = project;
+    const auto recording = path(words[1]);
+    const auto name = recording.filename().string();
+    const auto measured = Intake::lengths({recording});
+    if (measured.empty()) throw Problem(name + " could not be read.");
+    const auto markers = markersFile(recording, words);
+    Sources::StreamNotes notes;
+    if (markers) notes = {Text::repaired(markers->filename().string()), Markers::text(*markers), {}};
+    const auto source = Sources::addStream(project, measured.front(), notes);
+    ProjectPackage::write(project, package, &before);
+    print(fmt::format("added {}: {} clips from {}", name, clipsOn(source, project),
+                      notes.markersName.value_or("no markers")));
+}
+
+}

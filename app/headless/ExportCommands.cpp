@@ -1,0 +1,102 @@
+#include "app/headless/Commands.h"
+#include "app/headless/Interruption.h"
+#include "app/headless/ProgressLine.h"
+#include "core/model/Settings.h"
+#include "core/render/Stills.h"
+#include "core/render/VideoComposition.h"
+#include "core/render/export/Exporter.h"
+#include "core/render/export/OwnFiles.h"
+#include "platform/base/Files.h"
+#include "platform/base/Numbers.h"
+#include "platform/base/Problem.h"
+#include "platform/base/Text.h"
+
+#include <fstream>
+
+#include <fmt/format.h>
+
+namespace murbo {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr double stillQuality = 0.85;
+
+/// The first video with a tag, which may be typed in either case.
+const Video& video(const std::string& tag, const Project& project) {
+    for (const auto& each : project.videos)
+        if (Text::sameIgnoringCase(each.tag(), tag)) return each;
+    throw Problem("The project has no video " + tag + ".");
+}
+
+/// The times in a list like "1.5,2"; what is no time is passed over.
+std::vector<double> times(std::string_view list) {
+    std::vector<double> result;
+    for (std::size_t at = 0; at <= list.size();) {
+        const auto end = std::min(list.find(',', at), list.size());
+        if (const auto time = Numbers::parse(list.substr(at, end - at))) result.push_back(*time);
+        at = end + 1;
+    }
+    return result;
+}
+
+void writePlainly(const fs::path& file, const std::string& bytes) {
+    std::ofstream stream(file, std::ios::binary);
+    errno = 0;
+    if (!stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).flush())
+        throw Problem("“" + file.filename().string() + "” could not be written: " + Files::cause(errno) +
+                      ".");
+}
+
+/// The frame rate asked for, else that of the footage.
+double frameRate(const Arguments& arguments, const Video& video, const Commands::Opened& opened) {
+    const auto asked = arguments.value("--fps");
+    const auto rate = asked ? Numbers::parse(*asked) : std::nullopt;
+    return rate ? *rate : VideoComposition::sourceRate(video, opened.project, opened.missing);
+}
+
+}
+
+void Commands::stills(const Arguments&, const Words& words) {
+    const auto opened = open(words[0]);
+    const auto& shown = video(words[1], opened.project);
+    const auto folder = path(words[3]);
+    const auto fonts = Settings::captionFonts();
+    const auto plan = Plan::video(shown, opened.project, fonts, opened.package);
+    const OwnFiles own(opened.project, shown, plan);
+    own.refuse(folder);
+    Files::createFolder(folder);
+    CaptionCache captions;
+    PlaybookMedia media;
+    for (const double time : times(words[2])) {
+        const auto file = folder / fmt::format("{} {:06.2f}.jpg", shown.tag(), time);
+        own.refuse(file);
+        const auto still = Stills::frame(shown, opened.project, opened.missing, fonts, opened.package, time,
+                                         plan, captions, &media);
+        if (const auto bytes = Stills::jpeg(still, stillQuality)) writePlainly(file, *bytes);
+        print(file.string());
+    }
+}
+
+void Commands::movie(const Arguments& arguments, const Words& words) {
+    const auto opened = open(words[0]);
+    const auto& shown = video(words[1], opened.project);
+    const double rate = frameRate(arguments, shown, opened);
+    const auto file = path(words[2]);
+    const Interruption interruption;
+    ProgressLine line;
+    Exporter::movie(
+        shown, opened.project,
+        {.to = file,
+         .missing = opened.missing,
+         .fonts = Settings::captionFonts(),
+         .package = opened.package,
+         .frameRate = rate,
+         .subtitles = arguments.has("--srt")},
+        [&](double progress) { line.show(progress); }, interruption.token());
+    line.clear();
+    print(fmt::format("{} {:.0f} fps", file.string(), rate));
+}
+
+}

@@ -1,0 +1,28 @@
+#include "core/intake/samples/Measures.h"
+
+#include "platform/base/Files.h"
+
+namespace murbo::Measures {
+
+std::filesystem::path place(const std::filesystem::path& cache, std::string_view kind, const Source& source,
+                            std::string_view extension) {
+    return cache / kind / (source.id.text() + std::string(extension));
+}
+
+std::string kept(const std::filesystem::path& file, std::size_t most) {
+    try {
+        return Files::readWhole(file, most);
+    } catch (const Problem&) {
+        return {};
+    }
+}
+
+void keep(const std::filesystem::path& file, std::string_view bytes) {
+    try {
+        Files::createFolder(file.parent_path());
+        Files::writeWhole(file, bytes);
+    } catch (const Problem&) {
+    }
+}
+
+}

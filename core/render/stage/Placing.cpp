@@ -1,0 +1,170 @@
+#include "core/render/stage/Placing.h"
+
+#include "core/render/stage/Movement.h"
+#include "platform/image/ImageNode.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace murbo::Stage {
+namespace {
+
+using Key = Playbook::Key;
+
+/// Where a layer stands.
+struct Pose {
+    double x; ///< shares of the frame
+    double y;
+    double scale;
+    double rotation;
+    double opacity;
+    bool travels = false; ///< on its way between keys
+};
+
+class Posing {
+public:
+    Posing(const Context& given, double time) : context(given), keyTime(time) {}
+
+    Pose pose() {
+        const auto& layer = context.layer;
+        Pose pose{.x = number(layer.x, &Key::x, 0.5),
+                  .y = number(layer.y, &Key::y, 0.5),
+                  .scale = number(layer.scale, &Key::scale, 1),
+                  .rotation = number(layer.rotation, &Key::rotation, 0),
+                  .opacity = 1,
+                  .travels = travels};
+        pose.opacity = number(layer.opacity, &Key::opacity, 1);
+        return pose;
+    }
+
+private:
+    double number(const std::optional<Playbook::Num>& own, std::optional<double> Key::*field, double rest) {
+        const auto& keys = context.layer.keys;
+        const auto keyed = keys ? interpolate(*keys, field, keyTime) : std::nullopt;
+        travels = travels || (keyed && keyed->travels);
+        return keyed ? keyed->value : context.number(own).value_or(rest);
+    }
+
+    const Context& context;
+    double keyTime;
+    bool travels = false;
+};
+
+Pose poseOf(const Context& context, const Clock& clock, double elapsed) {
+    return Posing(context, clock.own(elapsed) - context.layer.from.value_or(0)).pose();
+}
+
+/// Coming in, staying and going, all at once.
+Movement movementOf(const Context& context, const Clock& clock, double elapsed) {
+    const auto& layer = context.layer;
+    const auto span = clock.span(layer);
+    const Size frame = context.scene.plan.frame;
+    Movement movement;
+    if (layer.enter && clock.entrance() > 0)
+        movement = movement.with(enter(*layer.enter, (elapsed - span.on) / clock.entrance(), frame));
+    if (layer.exit && clock.exit() > 0)
+        movement = movement.with(enter(*layer.exit, (span.off - elapsed) / clock.exit(), frame));
+    if (const auto word = context.text(layer.hold))
+        movement = movement.with(hold(*word, context.held, context.index));
+    return movement;
+}
+
+bool keepsMoving(const Context& context) {
+    const auto word = context.text(context.layer.hold);
+    return word && isMoving(*word);
+}
+
+/// The scale of a picture of that extent, held at where it shows less than a thousandth of itself at once:
+/// more could only strain the arithmetic.
+double heldScale(double scale, const Rect& extent) {
+    constexpr double largest = 1e6; // pixels of its longer side
+    const double most = largest / std::max({extent.width, extent.height, 1.0});
+    return std::clamp(scale, -most, most);
+}
+
+/// Puts a picture that stands upright and still on whole pixels: between them letters blur, and edges that
+/// should meet leave a seam.
+Transform onPixels(const Transform& place, const Rect& extent) {
+    // A hair above the half, so that edges which meet there are rounded alike.
+    const auto whole = [](double value) { return std::floor(value + 0.5 + 1e-6); };
+    const Rect there = place.apply(extent);
+    const double left = whole(there.x);
+    const double top = whole(there.y);
+    const double width = whole(there.right()) - left;
+    const double height = whole(there.bottom()) - top;
+    if (width < 1 || height < 1) return place;
+    return Transform()
+        .translated(-extent.x, -extent.y)
+        .scaled(width / extent.width, height / extent.height)
+        .translated(left, top);
+}
+
+Transform placeOf(const Made& made, const Context& context, const Pose& pose, const Movement& movement) {
+    const Rect extent = made.image.extent();
+    const double scale = heldScale(pose.scale * made.scale * movement.scale, extent);
+    const double turn = pose.rotation + movement.rotation;
+    const Point middle = extent.middle();
+    const auto place =
+        Transform()
+            .translated(-middle.x, -middle.y)
+            .scaled(scale, scale)
+            .rotated(turn)
+            .translated(context.width() * pose.x + movement.dx, context.height() * pose.y + movement.dy);
+    const bool still = movement.rests() && turn == 0 && scale > 0 && !pose.travels && !keepsMoving(context);
+    return still && !made.round ? onPixels(place, extent) : place;
+}
+
+/// Whether a picture at an angle hides the whole frame, its smooth edges well outside.
+bool coversAtAngle(const Image& image, const Transform& place, const Rect& frame) {
+    constexpr double margin = 2;
+    const Rect extent = image.extent();
+    if (!image.node().opaque.contains(extent) || !place.invertible()) return false;
+    const Transform back = place.inverse();
+    const double left = frame.x - margin, right = frame.right() + margin;
+    const double top = frame.y - margin, bottom = frame.bottom() + margin;
+    const std::array corners{Point{left, top}, Point{right, top}, Point{left, bottom}, Point{right, bottom}};
+    return std::all_of(corners.begin(), corners.end(), [&](Point corner) {
+        const Point at = back.apply(corner);
+        return at.x >= extent.x && at.x <= extent.right() && at.y >= extent.y && at.y <= extent.bottom();
+    });
+}
+
+/// Where it covers the frame its edges may as well repeat, and it is known to be opaque.
+Image moved(const Image& image, const Transform& place, const Rect& frame) {
+    const bool covers = !keepsAxes(place) && coversAtAngle(image, place, frame);
+    return (covers ? image.clamped() : image).transformed(place).cropped(frame);
+}
+
+Blend blendOf(const std::optional<std::string>& word) {
+    if (word == "multiply") return Blend::multiply;
+    if (word == "screen") return Blend::screen;
+    if (word == "overlay") return Blend::overlay;
+    if (word == "add") return Blend::add;
+    if (word == "soft") return Blend::softLight;
+    return Blend::normal;
+}
+
+/// A wipe's share of the picture, from its left.
+Image revealed(const Image& image, double share) {
+    if (!(share < 1)) return image;
+    Rect part = image.extent();
+    part.width *= std::max(share, 0.0);
+    return image.cropped(part);
+}
+
+}
+
+Laid laid(const Made& made, const Context& context, const Clock& clock, double elapsed) {
+    constexpr double full = 0.999;
+    const Pose pose = poseOf(context, clock, elapsed);
+    const Movement movement = movementOf(context, clock, elapsed);
+    const Transform place = made.placed ? Transform() : placeOf(made, context, pose, movement);
+    const double opacity = pose.opacity * movement.opacity;
+    const Image image = moved(revealed(made.image, movement.reveal), place, context.frame());
+    Laid laid{opacity < full ? image.faded(opacity) : image, blendOf(context.layer.blend)};
+    laid.hides = laid.blend == Blend::normal && laid.image.node().opaque.contains(context.frame());
+    return laid;
+}
+
+}

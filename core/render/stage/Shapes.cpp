@@ -1,0 +1,60 @@
+#include "core/render/stage/Shapes.h"
+
+#include <algorithm>
+
+namespace murbo::Stage {
+namespace {
+
+std::optional<Colour> colourOf(const std::optional<std::string>& text) {
+    return text ? Colour::hex(*text) : std::nullopt;
+}
+
+Rect rectOf(const Context& context) {
+    const auto& layer = context.layer;
+    if (layer.fill.value_or(false)) return context.frame();
+    const auto width = context.pixels(layer.w, context.width());
+    const auto height = context.pixels(layer.h, context.height());
+    return {0, 0, width.value_or(context.width() * 0.5),
+            height.value_or(width.value_or(context.height() * 0.1))};
+}
+
+Image ring(const Rect& rect, double side, Colour colour) {
+    const double in = side * 0.04;
+    const Rect line{rect.x + in, rect.y + in, rect.width - 2 * in, rect.height - 2 * in};
+    return Image::roundedOutline(line, side * 0.46, side * 0.06, colour);
+}
+
+/// Half the shorter side at most.
+double radiusOf(const Context& context) {
+    return std::clamp(context.layer.radius.value_or(0.2), 0.0, 0.5);
+}
+
+Image drawn(const std::string& word, const Rect& rect, Colour colour, const Context& context) {
+    const double side = std::min(rect.width, rect.height);
+    if (word == "round") return Image::roundedRectangle(rect, side * radiusOf(context), colour);
+    if (word == "circle") return Image::roundedRectangle(rect, side * 0.5, colour);
+    if (word == "ring") return ring(rect, side, colour);
+    const auto bottom = word == "rect" ? colourOf(context.text(context.layer.gradient)) : std::nullopt;
+    return bottom ? Image::gradient(rect, colour, *bottom) : Image::colour(colour).cropped(rect);
+}
+
+}
+
+std::optional<Made> shape(const Context& context) {
+    const Rect rect = rectOf(context);
+    if (rect.empty() || rect.width > largestSide || rect.height > largestSide) return std::nullopt;
+    const auto word = context.text(context.layer.shape).value_or("rect");
+    const auto colour = colourOf(context.text(context.layer.color)).value_or(Colour::white);
+    return Made{.image = drawn(word, rect, colour, context),
+                .placed = context.layer.fill.value_or(false),
+                .round = word == "round" || word == "circle" || word == "ring"};
+}
+
+Image rounded(const Image& image, std::optional<double> radius) {
+    const Rect extent = image.extent();
+    if (!radius || !(*radius > 0) || extent.isEverything() || extent.empty()) return image;
+    const double side = std::min(extent.width, extent.height);
+    return image.masked(Image::roundedRectangle(extent, side * std::min(*radius, 0.5), Colour::white));
+}
+
+}

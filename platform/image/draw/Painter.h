@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/image/draw/Layers.h"
+
+#include <span>
+
+namespace murbo::Painter {
+
+/// Draws layers into a tile, replacing what stands there. Only what can be seen is drawn: where a layer hides
+/// all below it, the lower ones are left out.
+void paint(Layers& layers, const Tile& tile);
+
+}
