@@ -30,8 +30,8 @@ check_includes() { # a room looks only into those beneath it
                   "platform/media=2 platform/vision=2 platform/text=2 platform/net=2 platform/store=2 " \
                   "core/model=3 core/model/package=3.1 core/model/edits=3.1 core/playbooks=4 " \
                   "core/intake=4.2 core/intake/transcription=4.1 core/intake/samples=4.1 " \
-                  "core/render/plan=5 core/render/captions=6 core/render/footage=6 core/render/stage=7 " \
-                  "core/render/sound=7.5 core/render=8 core/render/export=8.5 " \
+                  "core/render/plan=5 core/render/captions=6 core/render/footage=6 core/render/sound=6 " \
+                  "core/render/stage=7 core/render=8 core/render/export=8.5 " \
                   "core/ai=9 core/mcp=10 app/editor=11 app/mcp=12 app/headless=13 app/desktop=13 app=14", rooms, " ")
             for (i in rooms) { split(rooms[i], pair, "="); level[pair[1]] = pair[2] }
         }

@@ -1,3 +1,4 @@
+#include "core/render/plan/PlaybookClock.h"
 #include "core/render/stage/Stage.h"
 #include "platform/base/Problem.h"
 #include "platform/image/draw/Canvas.h"

@@ -1,7 +1,7 @@
 #include "core/render/export/OwnFiles.h"
 
 #include "core/playbooks/Library.h"
-#include "core/render/stage/Stage.h"
+#include "core/render/plan/StageValue.h"
 #include "platform/base/Beside.h"
 #include "platform/base/Problem.h"
 #include "platform/base/Text.h"

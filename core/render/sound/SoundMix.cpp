@@ -2,7 +2,8 @@
 
 #include "core/model/ShownMoments.h"
 #include "core/model/Times.h"
-#include "core/render/stage/Stage.h"
+#include "core/render/plan/PlaybookClock.h"
+#include "core/render/plan/StageValue.h"
 #include "platform/base/Problem.h"
 #include "platform/media/SoundReader.h"
 

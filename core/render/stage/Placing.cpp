@@ -51,12 +51,12 @@ private:
     bool travels = false;
 };
 
-Pose poseOf(const Context& context, const Clock& clock, double elapsed) {
+Pose poseOf(const Context& context, const PlaybookClock& clock, double elapsed) {
     return Posing(context, clock.own(elapsed) - context.layer.from.value_or(0)).pose();
 }
 
 /// Coming in, staying and going, all at once.
-Movement movementOf(const Context& context, const Clock& clock, double elapsed) {
+Movement movementOf(const Context& context, const PlaybookClock& clock, double elapsed) {
     const auto& layer = context.layer;
     const auto span = clock.span(layer);
     const Size frame = context.scene.plan.frame;
@@ -155,7 +155,7 @@ Image revealed(const Image& image, double share) {
 
 }
 
-Laid laid(const Made& made, const Context& context, const Clock& clock, double elapsed) {
+Laid laid(const Made& made, const Context& context, const PlaybookClock& clock, double elapsed) {
     constexpr double full = 0.999;
     const Pose pose = poseOf(context, clock, elapsed);
     const Movement movement = movementOf(context, clock, elapsed);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/render/stage/Clock.h"
+#include "core/render/plan/PlaybookClock.h"
 #include "core/render/stage/Elements.h"
 
 namespace murbo::Stage {
@@ -13,6 +13,6 @@ struct Laid {
 };
 
 /// `elapsed` is in seconds since the placement's start.
-Laid laid(const Made& made, const Context& context, const Clock& clock, double elapsed);
+Laid laid(const Made& made, const Context& context, const PlaybookClock& clock, double elapsed);
 
 }

@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t mostLayers = 500;
 
 /// The layers that are on, undermost first.
-std::vector<Context> layersOn(const PlacedOverlay& placed, const Clock& clock, double elapsed,
+std::vector<Context> layersOn(const PlacedOverlay& placed, const PlaybookClock& clock, double elapsed,
                               const Scene& scene) {
     std::vector<Context> result;
     const auto& layers = placed.book->playbook.layers;
@@ -29,7 +29,7 @@ std::vector<Context> layersOn(const PlacedOverlay& placed, const Clock& clock, d
 }
 
 /// The layer at its place; nothing where it can't be drawn, for whatever cause.
-Laid laidOf(const Context& context, const Clock& clock, double elapsed) {
+Laid laidOf(const Context& context, const PlaybookClock& clock, double elapsed) {
     try {
         const auto made = element(context);
         return made ? laid(*made, context, clock, elapsed) : Laid{};
@@ -56,7 +56,7 @@ struct Composite {
 };
 
 Composite composite(const PlacedOverlay& placed, double time, const Scene& scene, const Image& canvas) {
-    const Clock clock(placed);
+    const PlaybookClock clock(placed);
     const double elapsed = time - placed.start;
     Composite result{canvas};
     for (const auto& context : layersOn(placed, clock, elapsed, scene)) {
@@ -87,7 +87,7 @@ Image draw(const PlacedOverlay& placed, double time, const Scene& given, const I
 }
 
 bool showsBelow(const PlacedOverlay& placed, double time, const Scene& scene) {
-    const auto layers = layersOn(placed, Clock(placed), time - placed.start, scene);
+    const auto layers = layersOn(placed, PlaybookClock(placed), time - placed.start, scene);
     return std::any_of(layers.begin(), layers.end(), readsBelow);
 }
 

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "core/render/plan/Plan.h"
+#include "core/render/plan/StageValue.h"
 #include "core/render/stage/Budget.h"
 #include "core/render/stage/PlaybookMedia.h"
 #include "platform/image/Image.h"
 
 #include <optional>
-#include <string>
 
 namespace murbo {
 
@@ -31,12 +31,6 @@ Image draw(const PlacedOverlay& placed, double time, const Scene& scene, const I
 /// Whether a layer that is on at that time shows what lies below. Who lays the playbook over that picture by
 /// himself, not on it as the canvas, shows it twice and does well to keep it (`Image::drawnOnce`).
 bool showsBelow(const PlacedOverlay& placed, double time, const Scene& scene);
-
-/// Seconds from the placement's start until a layer comes on.
-double layerStart(const PlacedOverlay& placed, const Playbook::Layer& layer);
-
-/// A layer's text with its parameters filled in. Nothing for none, and for a whole parameter without a value.
-std::optional<std::string> value(const std::optional<std::string>& text, const Values& values);
 
 }
 

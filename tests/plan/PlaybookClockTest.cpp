@@ -1,5 +1,4 @@
-#include "core/render/stage/Clock.h"
-#include "core/render/stage/Stage.h"
+#include "core/render/plan/PlaybookClock.h"
 
 #include <cmath>
 
@@ -39,7 +38,7 @@ PlacedOverlay placed(const Times& times) {
 
 }
 
-TEST(StageClock, holdsTheMiddleOrStretchesAll) {
+TEST(PlaybookClock, holdsTheMiddleOrStretchesAll) {
     struct Case {
         Times times;
         double elapsed, own;
@@ -55,10 +54,11 @@ TEST(StageClock, holdsTheMiddleOrStretchesAll) {
              Case{{.length = 0, .placed = 0}, 0.025, 0.1},        // 0.05 of 0.2 s at least
              Case{{.length = 3, .exit = 0, .placed = 10}, 10, 3}, // no exit: the middle is held at its end
          })
-        EXPECT_NEAR(Stage::Clock(placed(times)).own(elapsed), own, 1e-9) << elapsed << " of " << times.placed;
+        EXPECT_NEAR(PlaybookClock(placed(times)).own(elapsed), own, 1e-9)
+            << elapsed << " of " << times.placed;
 }
 
-TEST(StageClock, keepsALayerOfTheExitAtItsDistanceFromTheEnd) {
+TEST(PlaybookClock, keepsALayerOfTheExitAtItsDistanceFromTheEnd) {
     struct Case {
         Times times;
         double from, to, on, off;
@@ -76,7 +76,7 @@ TEST(StageClock, keepsALayerOfTheExitAtItsDistanceFromTheEnd) {
              Case{{.length = 1, .enter = 5, .exit = 5, .placed = 4}, 0.5, none, 0.5, 4},
          }) {
         const auto layer = layerFrom(from, to);
-        const auto span = Stage::Clock(placed(times)).span(layer);
+        const auto span = PlaybookClock(placed(times)).span(layer);
         EXPECT_NEAR(span.on, on, 1e-9) << from;
         EXPECT_NEAR(span.off, off, 1e-9) << to;
         EXPECT_NEAR(Stage::layerStart(placed(times), layer), on, 1e-9);
@@ -85,10 +85,10 @@ TEST(StageClock, keepsALayerOfTheExitAtItsDistanceFromTheEnd) {
     }
 }
 
-TEST(StageClock, scalesEntrancesWithThePlaybook) {
-    EXPECT_DOUBLE_EQ(Stage::Clock(placed({.length = 3, .placed = 1.5})).entrance(), 0.15);
-    EXPECT_DOUBLE_EQ(Stage::Clock(placed({.length = 3, .placed = 9})).exit(), 0.3);
+TEST(PlaybookClock, scalesEntrancesWithThePlaybook) {
+    EXPECT_DOUBLE_EQ(PlaybookClock(placed({.length = 3, .placed = 1.5})).entrance(), 0.15);
+    EXPECT_DOUBLE_EQ(PlaybookClock(placed({.length = 3, .placed = 9})).exit(), 0.3);
     PlacedOverlay broken = placed({.length = 1e308, .placed = 1});
     broken.end = std::nan("");
-    EXPECT_TRUE(std::isfinite(Stage::Clock(broken).factor()));
+    EXPECT_TRUE(std::isfinite(PlaybookClock(broken).factor()));
 }

@@ -1,10 +1,8 @@
-#include "core/render/stage/Clock.h"
-
-#include "core/render/stage/Stage.h"
+#include "core/render/plan/PlaybookClock.h"
 
 #include <algorithm>
 
-namespace murbo::Stage {
+namespace murbo {
 namespace {
 
 constexpr double shortest = 0.05;
@@ -13,7 +11,7 @@ constexpr double slack = 0.0001;
 
 }
 
-Clock::Clock(const PlacedOverlay& placed)
+PlaybookClock::PlaybookClock(const PlacedOverlay& placed)
     : length(placed.end - placed.start > shortest ? placed.end - placed.start : shortest),
       natural(placed.book->playbook.naturalLength()),
       enter(placed.book->playbook.enterLength()),
@@ -22,7 +20,7 @@ Clock::Clock(const PlacedOverlay& placed)
     if (even) slowness = length / natural;
 }
 
-double Clock::own(double elapsed) const {
+double PlaybookClock::own(double elapsed) const {
     if (even) return elapsed / slowness;
     if (elapsed < enter) return elapsed;
     if (elapsed > length - leave) return natural + (elapsed - length);
@@ -30,24 +28,24 @@ double Clock::own(double elapsed) const {
 }
 
 /// A time inside the exit stays that far from the end.
-double Clock::stays(double time) const {
+double PlaybookClock::stays(double time) const {
     const bool leaving = time > enter && time > natural - leave - slack;
     return leaving ? length + (time - natural) : time;
 }
 
-Clock::Span Clock::span(const Playbook::Layer& layer) const {
+PlaybookClock::Span PlaybookClock::span(const Playbook::Layer& layer) const {
     const double from = layer.from.value_or(0);
     const double to = std::min(layer.to.value_or(natural), natural);
     if (even) return {slowness * from, slowness * to};
     return {stays(from), stays(to)};
 }
 
-bool Clock::Span::holds(double elapsed) const {
+bool PlaybookClock::Span::holds(double elapsed) const {
     return on - slack <= elapsed && elapsed < off + slack;
 }
 
-double layerStart(const PlacedOverlay& placed, const Playbook::Layer& layer) {
-    return Clock(placed).span(layer).on;
+double Stage::layerStart(const PlacedOverlay& placed, const Playbook::Layer& layer) {
+    return PlaybookClock(placed).span(layer).on;
 }
 
 }

@@ -2,14 +2,14 @@
 
 #include "core/render/plan/PlacedOverlay.h"
 
-namespace murbo::Stage {
+namespace murbo {
 
 /// A placement's time beside the playbook's own. Placed for longer than its length, a playbook plays its
 /// entrance and its exit as they are and holds its middle; stretched, or placed for less, all of it is slowed
 /// down or sped up to fit.
-class Clock {
+class PlaybookClock {
 public:
-    explicit Clock(const PlacedOverlay& placed);
+    explicit PlaybookClock(const PlacedOverlay& placed);
 
     /// Seconds since the placement's start between which a layer is on.
     struct Span {
@@ -38,5 +38,12 @@ private:
     bool even;
     double slowness = 1;
 };
+
+namespace Stage {
+
+/// Seconds from the placement's start until a layer comes on.
+double layerStart(const PlacedOverlay& placed, const Playbook::Layer& layer);
+
+}
 
 }

@@ -1,10 +1,10 @@
-#include "core/render/stage/Stage.h"
+#include "core/render/plan/StageValue.h"
 
 #include <gtest/gtest.h>
 
 using namespace murbo;
 
-TEST(StageValues, fillParametersIn) {
+TEST(StageValue, fillParametersIn) {
     const Values values{
         {"title", "Hi"}, {"title2", "Ho"}, {"emote", "smile"}, {"ชื่อ", "สวัสดี"}, {"loop", "$loop$loop"}};
     struct Case {
@@ -20,7 +20,7 @@ TEST(StageValues, fillParametersIn) {
     EXPECT_EQ(Stage::value(std::nullopt, values), std::nullopt);
 }
 
-TEST(StageValues, growNoTextWithoutBound) {
+TEST(StageValue, growNoTextWithoutBound) {
     const Values values{{"a", std::string(1'000'000, 'x')}};
     std::string many;
     for (int i = 0; i < 100'000; ++i) many += "$a$b";

@@ -1,5 +1,6 @@
+#include "core/render/plan/StageValue.h"
+
 #include "core/playbooks/ParameterName.h"
-#include "core/render/stage/Stage.h"
 #include "platform/base/Text.h"
 
 namespace murbo::Stage {
