@@ -14,7 +14,6 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr long connectSeconds = 30;
-constexpr int allInAll = 100; // time-outs that an answer may take as long as something keeps moving
 constexpr int pollMilliseconds = 250;
 
 struct Free {
@@ -135,7 +134,7 @@ private:
 
     void checkTime() const {
         const auto now = Clock::now();
-        if (now - movedAt > request.timeout || now - started > allInAll * request.timeout)
+        if (now - movedAt > request.timeout || now - started > request.longest)
             throw Problem(host + " did not answer in time.");
     }
 

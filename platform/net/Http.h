@@ -15,8 +15,9 @@ struct Request {
     std::string url;
     std::vector<std::string> headers; ///< whole lines: "Content-Type: application/json"
     std::string body;                 ///< sent by POST; without one the request is a GET
-    /// How long nothing may move in either direction. An answer may take a hundred times as long in all.
+    /// How long nothing may move in either direction.
     std::chrono::milliseconds timeout = std::chrono::seconds(60);
+    std::chrono::milliseconds longest = std::chrono::hours(2); ///< the whole exchange may take
     std::size_t most = 32 << 20; ///< bytes of an answer; a longer one is a failure
 };
 

@@ -2,6 +2,7 @@
 
 #include "core/intake/transcription/Transcriber.h"
 #include "core/model/Settings.h"
+#include "platform/net/OpenRouterAddress.h"
 
 #include <chrono>
 #include <string>
@@ -17,7 +18,7 @@ inline constexpr const char* standardModel = Settings::standardTranscriptionMode
 
 /// Where and how patiently it is asked.
 struct Service {
-    std::string base = "https://openrouter.ai"; ///< HTTPS, or an address of this very machine
+    std::string base = OpenRouterAddress::base();
     std::chrono::milliseconds timeout = std::chrono::seconds(300);
 };
 
