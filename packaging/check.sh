@@ -1,15 +1,22 @@
 #!/usr/bin/env bash
 # Small checks over the sources, each OK or FAIL with what to mend; ends with 1 where one failed.
 #
-#   packaging/check.sh [--all] [NAME…]    all of them, or those named. `tidy` looks at the files that differ from
-#                                         the main branch (or are new); with --all at every file.
+#   packaging/check.sh [OPTION] [NAME…]   all of them, or those named
+#
+#   --quick          all but `tidy`, in a few seconds and without a build
+#   --since COMMIT   `tidy` looks at the files that differ from there (else from the main branch), or are new
+#   --all            `tidy` looks at every file
 set -uo pipefail
 cd "$(dirname "$0")/.."
 
-all=no
-[ "${1:-}" != --all ] || { all=yes; shift; }
+all=no quick=no since=
+case ${1:-} in
+    --all) all=yes; shift ;;
+    --quick) quick=yes; shift ;;
+    --since) since=${2:?}; shift 2 ;;
+esac
 
-for tool in git clang-format clang-tidy; do
+for tool in git clang-format python3; do
     command -v $tool >/dev/null || { echo "The checks need $tool, which is not installed."; exit 1; }
 done
 git rev-parse --verify -q HEAD >/dev/null || { echo "The checks look at what git keeps, and this is no git checkout."; exit 1; }
@@ -82,12 +89,25 @@ check_scripts() { # the shell scripts are well formed
     report "$({ sources '*.sh'; echo dev; echo .ci/run; } | while read -r file; do bash -n "$file" 2>&1; done)"
 }
 
+check_circles() { # files, folders and rooms include each other in one direction
+    packaging/house.py circles
+}
+
+check_names() { # what a name stands for is found under that name
+    packaging/house.py names
+}
+
+check_tests() { # a source has a test of its name, and no two tests share one
+    packaging/house.py tests
+}
+
 check_tidy() { # clang-tidy finds no faults
     local base files
+    command -v clang-tidy >/dev/null || { echo "clang-tidy is not installed"; return 1; }
     [ -f build/compile_commands.json ] || { echo "build/compile_commands.json is not there: ./dev build makes it"; return 1; }
-    base=$(git merge-base HEAD origin/main 2>/dev/null || git rev-parse -q --verify HEAD~1 || git rev-parse HEAD)
+    base=${since:-$(git merge-base HEAD origin/main 2>/dev/null || git rev-parse -q --verify HEAD~1 || git rev-parse HEAD)}
     # Where nothing differs there is no change to look at, but the whole.
-    [ "$base" != "$(git rev-parse HEAD)" ] || [ -n "$(git status --porcelain -- '*.cpp')" ] || all=yes
+    [ "$(git rev-parse "$base")" != "$(git rev-parse HEAD)" ] || [ -n "$(git status --porcelain -- '*.cpp')" ] || all=yes
     files=$(if [ $all = yes ]; then sources '*.cpp'; else { git diff --name-only "$base" -- '*.cpp'; git ls-files --others --exclude-standard '*.cpp'; } | sort -u; fi |
         grep -E '^(app|core|platform)/' | while read -r file; do [ ! -f "$file" ] || echo "$file"; done)
     [ -n "$files" ] || return 0
@@ -101,7 +121,7 @@ check_tidy() { # clang-tidy finds no faults
 
 # --------------------------------------------------------------------------- run --
 names=("$@")
-[ ${#names[@]} -gt 0 ] || mapfile -t names < <(sed -n 's/^check_\([a-z]*\)() {.*/\1/p' "$0")
+[ ${#names[@]} -gt 0 ] || mapfile -t names < <(sed -n 's/^check_\([a-z]*\)() {.*/\1/p' "$0" | if [ $quick = yes ]; then grep -v tidy; else cat; fi)
 failed=0
 for name in "${names[@]}"; do
     meaning=$(sed -n "s/^check_$name() { # //p" "$0")
