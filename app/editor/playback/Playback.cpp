@@ -1,0 +1,213 @@
+#include "app/editor/playback/Playback.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace murbo {
+namespace {
+
+constexpr double framesWithoutItem = 30;
+constexpr double lastPicture = 0.01; // seconds before the end that still show one
+constexpr double atEnd = 0.05;       // seconds from the end at which play begins anew
+constexpr double stopEarly = 0.02;   // seconds before an end at which play stops: ticks come that seldom
+constexpr int tickEvery = 10;        // milliseconds
+
+}
+
+Playback::Playback(QObject* parent) : Playback(PlayerClock::computer, parent) {}
+
+Playback::Playback(PlayerClock::Now now, QObject* parent)
+    : QObject(parent), player(std::move(now)), frames(framesWithoutItem) {
+    ticking.setTimerType(Qt::PreciseTimer);
+    ticking.setInterval(tickEvery);
+    connect(&ticking, &QTimer::timeout, this, [this] { tick(player.place()); });
+}
+
+Playback::~Playback() = default;
+
+QString Playback::sourceText() const {
+    return shownSource ? QString::fromStdString(shownSource->text()) : QString();
+}
+
+void Playback::load(PlayerItem item, double place) {
+    const double before = speed;
+    beforeSkim.reset();
+    wasPlaying = false;
+    stopAt.reset();
+    const double rate = item.composition.rate;
+    const double length = item.composition.length();
+    player.load(std::move(item), 0);
+    setFrames(rate);
+    setPlayable({0, length});
+    setTime(inSpan(place));
+    player.seek(at);
+    player.setRate(before);
+    setRate(player.rate());
+}
+
+void Playback::unload() {
+    player.unload();
+    beforeSkim.reset();
+    wasPlaying = false;
+    stopAt.reset();
+    setRate(0);
+    setPlayable({});
+    setTime(0);
+    setFrames(framesWithoutItem);
+    setSource(std::nullopt);
+}
+
+void Playback::refresh(Plan plan) {
+    player.refresh(std::move(plan));
+}
+
+bool Playback::remix(PlayerItem item) {
+    if (!player.item() || !player.item()->hasPictureOf(item)) return false;
+    player.remix(std::move(item));
+    return true;
+}
+
+void Playback::setSpan(Stretch span) {
+    const double length = player.length();
+    const auto inside = [length](double time, double otherwise) {
+        return std::isnan(time) ? otherwise : std::clamp(time, 0.0, length);
+    };
+    const double from = inside(span.from, 0);
+    setPlayable({from, std::max(from, inside(span.to, length))});
+}
+
+void Playback::setSource(std::optional<UUID> source) {
+    if (source == shownSource) return;
+    shownSource = source;
+    emit sourceChanged();
+}
+
+double Playback::inSpan(double time) const {
+    if (std::isnan(time)) return playable.from;
+    return std::clamp(time, playable.from, std::max(playable.from, playable.to - lastPicture));
+}
+
+void Playback::seek(double to) {
+    const bool skimming = beforeSkim.has_value();
+    beforeSkim.reset();
+    const double place = inSpan(to);
+    if (place == at && !skimming) return; // after a skim the picture is another
+    player.seek(place);
+    setTime(place);
+}
+
+void Playback::playPause() {
+    takeOver();
+    if (player.rate() != 0) return halt();
+    if (at >= playable.to - atEnd) seek(playable.from);
+    player.setRate(1);
+    setRate(player.rate());
+}
+
+void Playback::play(Stretch stretch) {
+    takeOver();
+    halt();
+    seek(stretch.from);
+    player.setRate(1);
+    stopAt = std::isnan(stretch.to) ? playable.to : std::min(stretch.to, playable.to);
+    setRate(player.rate());
+}
+
+void Playback::pause() {
+    takeOver();
+    halt();
+}
+
+void Playback::shuttle(bool forward) {
+    takeOver();
+    const double now = player.rate();
+    const bool same = forward ? now > 0 : now < 0;
+    const double faster = same ? std::min(2 * std::abs(now), fastest) : 1;
+    player.setRate(forward ? faster : -faster);
+    setRate(player.rate());
+}
+
+void Playback::step(double by) {
+    wasPlaying = false;
+    halt();
+    seek(at + by);
+}
+
+void Playback::skim(double to) {
+    if (!isLoaded() || std::isnan(to)) return;
+    if (!beforeSkim) {
+        beforeSkim = at;
+        rateBefore = player.rate();
+        wasPlaying = rateBefore != 0;
+        halt();
+    }
+    skimPlace = std::clamp(to, 0.0, player.length());
+    player.skim(skimPlace);
+}
+
+void Playback::endScrub() {
+    closeSkim();
+    if (!std::exchange(wasPlaying, false)) return;
+    player.setRate(rateBefore);
+    setRate(player.rate());
+}
+
+std::optional<double> Playback::skimmed() const {
+    return beforeSkim ? std::optional(skimPlace) : std::nullopt;
+}
+
+void Playback::tick(double place) {
+    if (beforeSkim || !isLoaded()) return;
+    setTime(std::isfinite(place) ? place : playable.from);
+    setRate(player.rate());
+    const double end = stopAt.value_or(playable.to);
+    const bool done = speed > 0 ? at >= end - stopEarly : speed < 0 && at <= playable.from + stopEarly;
+    if (!done) return;
+    if (speed > 0) stopAt.reset();
+    halt();
+}
+
+/// Brings a skim's picture back to where it began.
+void Playback::closeSkim() {
+    if (beforeSkim) seek(*beforeSkim);
+}
+
+/// What the transport is told ends a skim and forgets what it was to go back to.
+void Playback::takeOver() {
+    closeSkim();
+    wasPlaying = false;
+    stopAt.reset();
+}
+
+void Playback::halt() {
+    player.setRate(0);
+    setRate(0);
+}
+
+void Playback::setTime(double time) {
+    if (time == at) return;
+    at = time;
+    emit timeChanged();
+}
+
+void Playback::setRate(double rate) {
+    if (rate == 0) ticking.stop();
+    if (rate != 0 && !ticking.isActive()) ticking.start();
+    if (rate == speed) return;
+    speed = rate;
+    emit rateChanged();
+}
+
+void Playback::setPlayable(Stretch span) {
+    if (span == playable) return;
+    playable = span;
+    emit spanChanged();
+}
+
+void Playback::setFrames(double rate) {
+    if (rate == frames) return;
+    frames = rate;
+    emit frameRateChanged();
+}
+
+}

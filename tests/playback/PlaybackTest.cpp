@@ -1,0 +1,239 @@
+#include "app/editor/playback/Playback.h"
+#include "app/editor/playback/PreviewVolume.h"
+#include "platform/store/SettingsStore.h"
+#include "tests/TemporaryFolder.h"
+
+#include <cmath>
+#include <limits>
+
+#include <gtest/gtest.h>
+
+namespace murbo {
+namespace {
+
+constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+
+/// A generated video, which needs no file, in cuts of these lengths.
+PlayerItem item(const std::vector<double>& lengths) {
+    Video video;
+    for (const double length : lengths)
+        video.cuts.edit().push_back(Cut::generated("none", 1, std::nullopt, length));
+    return PlayerItem::video(video, {}, {}, "", std::nullopt);
+}
+
+/// A playback on a clock that the test turns.
+struct Played {
+    double now = 0;
+    Playback playback{[this] { return now; }, nullptr};
+    int times = 0;
+    int rates = 0;
+
+    explicit Played(double length = 10) {
+        playback.load(item({length}), 0);
+        QObject::connect(&playback, &Playback::timeChanged, [this] { ++times; });
+        QObject::connect(&playback, &Playback::rateChanged, [this] { ++rates; });
+    }
+
+    /// Lets time pass, with a tick at its end.
+    void pass(double seconds) {
+        now += seconds;
+        const double place = playback.time() + playback.rate() * seconds;
+        playback.tick(place);
+    }
+};
+
+TEST(Playback, withoutAnItemNothingMovesIt) {
+    Playback playback;
+    playback.playPause();
+    playback.shuttle(false);
+    playback.skim(3);
+    playback.endScrub();
+    playback.step(1);
+    playback.tick(5);
+    playback.play({1, 2});
+    EXPECT_EQ(playback.time(), 0);
+    EXPECT_EQ(playback.rate(), 0);
+    EXPECT_EQ(playback.span(), Stretch{});
+    EXPECT_FALSE(playback.skimmed());
+}
+
+TEST(Playback, seeksStayWithinTheSpan) {
+    Played played;
+    auto& playback = played.playback;
+    struct {
+        double to, expected;
+    } const cases[] = {{4, 4},   {10, 9.99},    {1e308, 9.99},    {-1e308, 0},   {5, 5},
+                       {nan, 0}, {9.995, 9.99}, {INFINITY, 9.99}, {-INFINITY, 0}};
+    for (const auto& [to, expected] : cases) {
+        playback.seek(to);
+        EXPECT_DOUBLE_EQ(playback.time(), expected) << to;
+    }
+    playback.setSpan({2, 2});
+    playback.seek(7);
+    EXPECT_EQ(playback.time(), 2);
+    const int before = played.times;
+    playback.seek(7);
+    EXPECT_EQ(played.times, before);
+}
+
+TEST(Playback, playsFromTheStartAgainAtTheEnd) {
+    Played played;
+    auto& playback = played.playback;
+    playback.setSpan({3, 8});
+    playback.seek(7.96);
+    playback.playPause();
+    EXPECT_EQ(playback.time(), 3);
+    EXPECT_EQ(playback.rate(), 1);
+    played.pass(2);
+    EXPECT_EQ(playback.time(), 5);
+    playback.playPause();
+    EXPECT_EQ(playback.rate(), 0);
+    EXPECT_EQ(playback.time(), 5);
+    playback.playPause();
+    played.pass(2.985);
+    EXPECT_EQ(playback.rate(), 0);
+}
+
+TEST(Playback, shuttleDoublesUpToEightTimesAndBeginsAnewTheOtherWay) {
+    Played played(100);
+    auto& playback = played.playback;
+    for (const double expected : {1, 2, 4, 8, 8}) {
+        playback.shuttle(true);
+        EXPECT_EQ(playback.rate(), expected);
+    }
+    played.pass(2);
+    for (const double expected : {-1, -2, -4, -8, -8}) {
+        playback.shuttle(false);
+        EXPECT_EQ(playback.rate(), expected);
+    }
+    played.pass(1.9985);
+    EXPECT_EQ(playback.rate(), 0);
+}
+
+TEST(Playback, aStretchStopsAtItsEndOnce) {
+    Played played;
+    auto& playback = played.playback;
+    playback.play({2, 4});
+    played.pass(1.97);
+    EXPECT_EQ(playback.rate(), 1);
+    played.pass(0.02);
+    EXPECT_EQ(playback.rate(), 0);
+    playback.playPause();
+    played.pass(3);
+    EXPECT_EQ(playback.rate(), 1);
+    playback.play({5, nan});
+    played.pass(4);
+    EXPECT_EQ(playback.rate(), 1);
+    played.pass(0.99);
+    EXPECT_EQ(playback.rate(), 0);
+}
+
+TEST(Playback, aSkimLeavesTheTimeAndComesBack) {
+    Played played;
+    auto& playback = played.playback;
+    playback.seek(2);
+    playback.shuttle(true);
+    playback.shuttle(true);
+    played.pass(1);
+    playback.skim(8);
+    playback.skim(9);
+    EXPECT_EQ(playback.rate(), 0);
+    playback.tick(9);
+    EXPECT_EQ(playback.time(), 4);
+    EXPECT_EQ(playback.skimmed(), 9);
+    playback.endScrub();
+    EXPECT_EQ(playback.rate(), 2);
+    EXPECT_EQ(playback.time(), 4);
+    // A press of play ends the skim, and nothing of it is left for its late end.
+    playback.skim(8);
+    playback.playPause();
+    playback.playPause();
+    playback.endScrub();
+    EXPECT_EQ(playback.rate(), 0);
+    EXPECT_EQ(playback.time(), 4);
+}
+
+TEST(Playback, aScrubThatSeeksPlaysOnFromThere) {
+    Played played;
+    auto& playback = played.playback;
+    playback.playPause();
+    playback.skim(5);
+    playback.seek(6);
+    EXPECT_FALSE(playback.skimmed());
+    playback.endScrub();
+    EXPECT_EQ(playback.rate(), 1);
+    EXPECT_EQ(playback.time(), 6);
+    playback.step(-0.5);
+    EXPECT_EQ(playback.rate(), 0);
+    EXPECT_EQ(playback.time(), 5.5);
+}
+
+TEST(Playback, aTimeThatIsNoneCountsAsTheStart) {
+    Played played;
+    played.playback.setSpan({1, 9});
+    played.playback.seek(4);
+    played.playback.playPause();
+    played.playback.tick(nan);
+    EXPECT_EQ(played.playback.time(), 1);
+}
+
+TEST(Playback, anotherItemKeepsPlayingAndAnEmptySpanAfterUnloading) {
+    Played played;
+    auto& playback = played.playback;
+    playback.setSource(UUID::make());
+    playback.play({1, 3});
+    playback.load(item({2, 4}), 5);
+    EXPECT_EQ(playback.time(), 5);
+    EXPECT_EQ(playback.span(), (Stretch{0, 6}));
+    EXPECT_EQ(playback.rate(), 1);
+    playback.load(item({2}), 5);
+    EXPECT_DOUBLE_EQ(playback.time(), 1.99);
+    playback.unload();
+    EXPECT_EQ(playback.span(), Stretch{});
+    EXPECT_EQ(playback.time(), 0);
+    EXPECT_EQ(playback.rate(), 0);
+    EXPECT_FALSE(playback.source());
+}
+
+TEST(Playback, aRemixAsksForTheSamePictures) {
+    Playback playback;
+    EXPECT_FALSE(playback.remix(item({2, 4})));
+    playback.load(item({2, 4}), 1);
+    playback.playPause();
+    EXPECT_TRUE(playback.remix(item({2, 4})));
+    EXPECT_FALSE(playback.remix(item({2, 5})));
+    EXPECT_FALSE(playback.remix(item({6})));
+    EXPECT_EQ(playback.rate(), 1);
+}
+
+TEST(PreviewVolume, isKeptAndNotifiesOfChangesAlone) {
+    const TemporaryFolder folder;
+    SettingsStore settings(folder / "settings.json");
+    int changes = 0;
+    PreviewVolume volume(settings);
+    EXPECT_EQ(volume.volume(), 1);
+    QObject::connect(&volume, &PreviewVolume::changed, [&] { ++changes; });
+    volume.setLevel(0.4);
+    volume.setLevel(0.4);
+    volume.setLevel(nan);
+    volume.setMuted(true);
+    EXPECT_EQ(changes, 2);
+    EXPECT_EQ(volume.volume(), 0);
+    const PreviewVolume again(settings);
+    EXPECT_EQ(again.level(), 0.4);
+    EXPECT_TRUE(again.muted());
+    volume.setLevel(7);
+    EXPECT_EQ(volume.level(), 1);
+}
+
+TEST(PreviewVolume, holdsForTheSessionWhereItCannotBeKept) {
+    const TemporaryFolder folder;
+    const auto blocked = folder.file("blocked");
+    SettingsStore settings(blocked / "settings.json");
+    PreviewVolume volume(settings);
+    volume.setLevel(0.5);
+    EXPECT_EQ(volume.volume(), 0.5);
+}
+
+}
+}
