@@ -5,6 +5,7 @@
 #include "core/intake/SourceFinder.h"
 #include "core/intake/Sources.h"
 #include "core/model/ProjectSummary.h"
+#include "core/model/package/PackageLock.h"
 #include "core/model/package/ProjectPackage.h"
 #include "platform/base/Files.h"
 #include "platform/base/Problem.h"
@@ -92,6 +93,7 @@ void Commands::summary(const Arguments&, const Words& words) {
 }
 
 void Commands::addFiles(const Arguments&, const Words& words) {
+    const auto lock = PackageLock::lock(path(words[0]));
     auto [package, project, missing] = open(words[0]);
     const auto before = project;
     const auto files = Intake::lengths(Intake::videos(pathsUpToOption(words.begin() + 1, words.end())));
@@ -103,6 +105,7 @@ void Commands::addFiles(const Arguments&, const Words& words) {
 }
 
 void Commands::addStream(const Arguments&, const Words& words) {
+    const auto lock = PackageLock::lock(path(words[0]));
     auto [package, project, missing] = open(words[0]);
     const auto before = project;
     const auto recording = path(words[1]);

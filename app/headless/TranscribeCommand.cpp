@@ -6,6 +6,7 @@
 #include "core/model/ProjectSummary.h"
 #include "core/model/Settings.h"
 #include "core/model/package/Activity.h"
+#include "core/model/package/PackageLock.h"
 #include "core/model/package/ProjectPackage.h"
 #include "platform/base/Cancelled.h"
 #include "platform/base/Problem.h"
@@ -120,6 +121,7 @@ std::vector<Line> transcribe(const Clip& clip, const Source& source, Commands::O
 }
 
 void Commands::transcribe(const Arguments&, const Words& words) {
+    const auto lock = PackageLock::lock(path(words[0]));
     auto opened = open(words[0]);
     const auto wanted = clips(words[1], opened);
     const Interruption interruption;

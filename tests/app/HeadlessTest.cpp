@@ -1,3 +1,4 @@
+#include "core/model/package/PackageLock.h"
 #include "core/model/package/ProjectPackage.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/app/Program.h"
@@ -205,6 +206,15 @@ TEST_F(Headless, anInterruptedExportLeavesNothing) {
         EXPECT_EQ(contentsOf(folder / "out/old.mp4"), "old");
         EXPECT_EQ(entriesIn(folder / "out"), 1);
     }
+}
+
+TEST_F(Headless, aProjectThatIsOpenElsewhereIsReadAndNotChanged) {
+    const auto lock = PackageLock::lock(project);
+    const auto open = failure("“p.mbproj” is open in Murbo. Close it there first.");
+    EXPECT_EQ(murboWith({"--add-files", project, movie}), open);
+    EXPECT_EQ(murboWith({"--add-stream", project, movie}), open);
+    EXPECT_EQ(murboWith({"--transcribe", project, "all"}), open);
+    EXPECT_EQ(murboWith({"--summary", project}).code, 0);
 }
 
 TEST_F(Headless, commandsAreTriedInTheirOrderAndWithEnoughWords) {

@@ -5,13 +5,8 @@
 namespace murbo {
 namespace {
 
-/// The last part of the path, also where a slash ends it.
-std::string name(const std::filesystem::path& package) {
-    return (package.has_filename() ? package : package.parent_path()).filename().string();
-}
-
 std::string words(ProjectError::Kind kind, const std::filesystem::path& package) {
-    const auto quoted = "“" + name(package) + "”";
+    const auto quoted = ProjectError::quotedName(package);
     switch (kind) {
         case ProjectError::Kind::damaged:
             return quoted + " could not be opened. It is damaged or is not an Murbo project.";
@@ -23,6 +18,10 @@ std::string words(ProjectError::Kind kind, const std::filesystem::path& package)
     return quoted;
 }
 
+}
+
+std::string ProjectError::quotedName(const std::filesystem::path& package) {
+    return "“" + (package.has_filename() ? package : package.parent_path()).filename().string() + "”";
 }
 
 ProjectError::ProjectError(Kind given, const std::filesystem::path& at)

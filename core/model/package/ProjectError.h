@@ -3,6 +3,7 @@
 #include "platform/base/Problem.h"
 
 #include <filesystem>
+#include <string>
 
 namespace murbo {
 
@@ -13,6 +14,9 @@ public:
     enum class Kind { damaged, newer, exists };
 
     ProjectError(Kind kind, const std::filesystem::path& package);
+
+    /// “Name.mbproj”: the last part of the path, also where a slash ends it.
+    static std::string quotedName(const std::filesystem::path& package);
 
     const Kind kind;
     const std::filesystem::path package;
