@@ -1,13 +1,48 @@
-#include "app/headless/Headless.h"
+#include "app/options/Ending.h"
+#include "app/options/Options.h"
 
 #include <csignal>
 #include <cstdio>
+#include <filesystem>
+
+#include <unistd.h>
+
+using namespace murbo;
+
+namespace {
+
+/// Becomes another program of the set, which stands beside this one. Comes back only where it could not.
+int become(const std::string& name, char** words) {
+    std::error_code error;
+    const auto own = std::filesystem::read_symlink("/proc/self/exe", error);
+    const auto program = own.parent_path() / name;
+    execv(program.c_str(), words);
+    return Ending::failure("“" + program.string() + "” could not be started. Install Murbo again.");
+}
+
+int run(const std::string& option) {
+    if (option == "--mcp") return Ending::failure("AI apps can't be connected in this version of Murbo yet.");
+    std::fputs(Options::usage().c_str(), stdout);
+    return 0;
+}
+
+}
 
 int main(int count, char** words) {
-    using namespace murbo;
-    // A reader that has seen enough of the output must not end an export.
+    const auto match = Options::match(Arguments({words, words + count}));
+    if (!match) {
+        std::fputs(Options::usage().c_str(), stdout);
+        return 1;
+    }
+    // A reader that has seen enough of the output must not end an export: programs of the set inherit this.
     std::signal(SIGPIPE, SIG_IGN);
-    if (const auto code = Headless::run(Arguments({words, words + count}))) return *code;
-    std::fputs(Headless::usage().c_str(), stdout);
-    return 1;
+    switch (match->option->program) {
+        case Options::Program::headless:
+            return become("murbo-headless", words);
+        case Options::Program::session:
+            return become("murbo-session", words);
+        case Options::Program::launcher:
+            break;
+    }
+    return run(match->option->name);
 }

@@ -73,10 +73,6 @@ Commands::Opened Commands::open(const std::string& word) {
     return {std::move(package), std::move(project), std::move(missing)};
 }
 
-void Commands::connect(const Arguments&, const Words&) {
-    throw Problem("AI apps can't be connected in this version of Murbo yet.");
-}
-
 void Commands::version(const Arguments&, const Words&) {
     print("Murbo " MURBO_VERSION);
     if (!SubjectMask::available())

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/headless/Arguments.h"
+#include "app/options/Arguments.h"
 #include "core/model/Project.h"
 
 #include <filesystem>
@@ -16,7 +16,6 @@ namespace Commands {
 
 using Words = std::vector<std::string>;
 
-void connect(const Arguments& arguments, const Words& words);    ///< --mcp
 void addFiles(const Arguments& arguments, const Words& words);   ///< --add-files
 void addStream(const Arguments& arguments, const Words& words);  ///< --add-stream
 void transcribe(const Arguments& arguments, const Words& words); ///< --transcribe

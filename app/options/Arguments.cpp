@@ -1,4 +1,4 @@
-#include "app/headless/Arguments.h"
+#include "app/options/Arguments.h"
 
 #include <algorithm>
 

@@ -1,0 +1,56 @@
+#include "app/options/Options.h"
+
+namespace murbo::Options {
+namespace {
+
+constexpr Option table[] = {
+    {"--mcp", "", "Connects an AI app (not in this version yet).", 0, Program::launcher},
+    {"--add-files", "<project> <path>...",
+     "Adds movie files, or folders of them. A file of up to ten minutes becomes a clip.", 2,
+     Program::headless},
+    {"--add-stream", "<project> <recording> [<markers>]",
+     "Adds a stream recording, with a clip round each marker. The markers file is found beside it.", 2,
+     Program::headless},
+    {"--transcribe", "<project> all | <tag>,<tag>,...", "Writes down what is said in all clips, or in some.",
+     2, Program::headless},
+    {"--new", "<project>", "Makes an empty project: a folder whose name ends in .mbproj.", 1,
+     Program::headless},
+    {"--summary", "<project>", "Tells what is in a project.", 1, Program::headless},
+    {"--still", "<project> <video> <seconds>,... <folder>",
+     "Writes pictures of a video, by its tag, as JPEG files.", 4, Program::headless},
+    {"--export", "<project> <video> <file> [--fps <rate>] [--srt]",
+     "Writes a video as an MPEG-4 movie, and with --srt its subtitles beside it.", 3, Program::headless},
+    {"--script", "<project> [<file>]",
+     "Edits a project by commands, one JSON array a line, from a file or standard input.", 1,
+     Program::session},
+    {"--help", "", "Shows this.", 0, Program::launcher},
+    {"--version", "", "Shows the version.", 0, Program::headless},
+};
+
+}
+
+std::span<const Option> all() {
+    return table;
+}
+
+std::optional<Match> match(const Arguments& arguments) {
+    for (const auto& option : table)
+        if (auto words = arguments.behind(option.name, option.least))
+            return Match{&option, std::move(*words)};
+    return {};
+}
+
+std::string usage() {
+    std::string text = "Murbo cuts short videos out of long footage.\n";
+    for (const auto& option : table)
+        text.append("\n  murbo ")
+            .append(option.name)
+            .append(*option.words ? " " : "")
+            .append(option.words)
+            .append("\n      ")
+            .append(option.meaning)
+            .append("\n");
+    return text;
+}
+
+}
