@@ -39,20 +39,28 @@ std::string twoDigits(std::int64_t number) {
     return fmt::format("{}{}", number > 9 ? "" : "0", number);
 }
 
-std::unordered_map<UUID, std::string> on(const UUID& source, const Project& project) {
+std::unordered_map<UUID, Named> named(const UUID& source, const Project& project) {
     const auto& transcript = project.transcript(source);
     const ByMiddle lines(transcript.lines);
     const ByMiddle notes(transcript.notes);
-    std::unordered_map<UUID, std::string> tags;
+    std::unordered_map<UUID, Named> found;
+    found.reserve(transcript.lines.size() + transcript.notes.size());
     for (const auto& clip : project.clips) {
         if (clip.source != source) continue;
         const auto tag = clip.tag();
         std::int64_t number = 0;
         for (const auto* line : lines.in(clip))
-            tags[line->id] = fmt::format("{}.{}", tag, twoDigits(++number));
+            found[line->id] = {fmt::format("{}.{}", tag, twoDigits(++number)), clip.id};
         number = 0;
-        for (const auto* note : notes.in(clip)) tags[note->id] = fmt::format("{}.n{}", tag, ++number);
+        for (const auto* note : notes.in(clip))
+            found[note->id] = {fmt::format("{}.n{}", tag, ++number), clip.id};
     }
+    return found;
+}
+
+std::unordered_map<UUID, std::string> on(const UUID& source, const Project& project) {
+    std::unordered_map<UUID, std::string> tags;
+    for (auto& [id, name] : named(source, project)) tags.emplace(id, std::move(name.tag));
     return tags;
 }
 

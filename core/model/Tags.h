@@ -15,6 +15,16 @@ namespace Tags {
 /// The number in at least two digits: "07", "14", "123".
 std::string twoDigits(std::int64_t number);
 
+/// What a line or note is called, and the clip that it is called after.
+struct Named {
+    std::string tag;
+    UUID clip;
+};
+
+/// The lines and notes of one source that lie in a clip, by their ids. Where clips overlap the later one in
+/// the project names them.
+std::unordered_map<UUID, Named> named(const UUID& source, const Project& project);
+
 /// The tags of the lines and notes of one source that lie in a clip, by their ids.
 std::unordered_map<UUID, std::string> on(const UUID& source, const Project& project);
 

@@ -84,6 +84,9 @@ public:
 
     JsonValue root() const;
 
+    /// The value itself, for those who take what they are given entry by entry and refuse nothing whole.
+    const nlohmann::json& value() const { return *document; }
+
 private:
     explicit Json(std::unique_ptr<const nlohmann::json> parsed);
     std::unique_ptr<const nlohmann::json> document;
