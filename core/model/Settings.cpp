@@ -31,7 +31,7 @@ bool looksLikeACode(const std::string& code) {
 
 std::string Settings::model(ModelClass wanted) {
     return wanted == ModelClass::judgement ? textOr("judgementModel", "anthropic/claude-sonnet-5.5")
-                                      : textOr("lightModel", "anthropic/claude-haiku-5.5");
+                                           : textOr("lightModel", "anthropic/claude-haiku-5.5");
 }
 
 std::string Settings::transcriptionModel() {
