@@ -12,6 +12,9 @@ namespace {
 constexpr double highestRate = 240;
 // Pictures may be left out of a recording, but not nearly all.
 constexpr double mostLeftOut = 8;
+// Above the mean by this, a header's rate is that of a clock or of a recording with gaps: the spacing
+// decides.
+constexpr double wellAboveMean = 1.3;
 // Spacings that are looked at to tell the rate of an uneven recording.
 constexpr int mostSpacings = 4000;
 constexpr double unevenFrom = 0.03;
@@ -29,9 +32,9 @@ bool isInterlaced(const AVStream* stream) {
 }
 
 double nearestStandard(double rate) {
-    for (const double standard : standardRates)
-        if (std::abs(rate - standard) < 0.02 * standard) return standard;
-    return rate;
+    const auto off = [&](double standard) { return std::abs(rate - standard) / standard; };
+    const double nearest = *std::ranges::min_element(standardRates, {}, off);
+    return off(nearest) < 0.02 ? nearest : rate;
 }
 
 // The rate that an uneven recording was made at: that of its closer pictures, since the wide gaps are where
@@ -58,12 +61,14 @@ double nominalRate(AVStream* stream) {
     if (isInterlaced(stream) && mean > 0 && std::abs(told - 2 * mean) < 0.1 * mean)
         return nearestStandard(mean);
     const bool sensible = told > 0 && told <= highestRate * 1.01 && (mean <= 0 || told <= mostLeftOut * mean);
-    if (sensible) return told;
+    if (sensible && (mean <= 0 || told <= wellAboveMean * mean)) return told;
     const double spaced = rateBySpacing(stream);
-    return spaced > 0 ? spaced : mean <= highestRate * 1.01 ? mean : 0;
+    if (spaced > 0) return spaced;
+    if (sensible) return told;
+    return mean <= highestRate * 1.01 ? mean : 0;
 }
 
-MediaFacts::Picture picture(const Input& input, AVStream* stream) {
+MediaFacts::Picture picture(const Demuxer& input, AVStream* stream) {
     const PictureTraits traits = FrameView::traits(input.context(), stream);
     Frame shape;
     shape.width = stream->codecpar->width;
@@ -91,7 +96,7 @@ MediaFacts::Sound sound(const std::vector<AVStream*>& streams) {
 
 }
 
-MediaFacts of(const Input& input) {
+MediaFacts of(const Demuxer& input) {
     MediaFacts facts;
     if (AVStream* stream = input.picture()) facts.picture = picture(input, stream);
     if (const auto sounds = input.sounds(); !sounds.empty()) facts.sound = sound(sounds);
@@ -107,7 +112,7 @@ MediaFacts of(const Input& input) {
 namespace murbo {
 
 MediaFacts MediaFile::facts(const std::filesystem::path& path) {
-    return Facts::of(Input(path));
+    return Facts::of(Demuxer(path));
 }
 
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/media/Input.h"
+#include "platform/media/Demuxer.h"
 
 namespace murbo {
 
@@ -9,7 +9,7 @@ namespace FileEnd {
 
 /// Seconds from the file's zero to the end of its last picture or sound; 0 where it can't be told. May open
 /// the file a second time to look at its last packets.
-double length(const Input& input);
+double length(const Demuxer& input);
 
 }
 

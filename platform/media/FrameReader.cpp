@@ -9,8 +9,10 @@ namespace murbo {
 
 namespace {
 
-// Times that are asked for come from sums of doubles, and some formats round theirs to a millisecond.
-constexpr double timeTolerance = 0.0005;
+// Sums of doubles come out this close to what they stand for.
+constexpr double rounding = 1e-6;
+// Formats that count in milliseconds round a picture's own time too.
+constexpr double maxHalfTick = 0.0005;
 // Reading on is given up for a jump when that saves decoding more than this, about what a jump itself costs.
 constexpr double worthAJump = 0.5;
 // How far ahead reading on is tried in formats that don't tell where their keyframes lie.
@@ -32,7 +34,7 @@ PictureDecoder::Threads threads(FrameReader::Purpose purpose) {
     return stills ? PictureDecoder::Threads::one : PictureDecoder::Threads::several;
 }
 
-AVStream* pictureOf(const Input& input) {
+AVStream* pictureOf(const Demuxer& input) {
     if (AVStream* stream = input.picture()) return stream;
     throw Problem("“" + input.path().filename().string() + "” has no picture.");
 }
@@ -50,14 +52,14 @@ struct FrameReader::Parts {
           decoder(input, stream, threads(purpose)) {
         input.readOnly(stream);
         if (purpose == Purpose::sampling) decoder.onlySample();
-        tolerance = std::min(timeTolerance, av_q2d(stream->time_base) / 2) + 1e-6;
+        reach = tolerance + std::min(av_q2d(stream->time_base) / 2, maxHalfTick) + rounding;
     }
 
     double timeOf(const PictureDecoder::Decoded& picture) const {
         return input.seconds(picture.ticks, stream);
     }
     bool comesOn(const std::optional<PictureDecoder::Decoded>& picture, double time) const {
-        return picture && timeOf(*picture) <= time + tolerance;
+        return picture && timeOf(*picture) <= time + reach;
     }
 
     bool shows(double time) const;
@@ -71,12 +73,12 @@ struct FrameReader::Parts {
     bool isAtFileStart(double time) const;
     std::optional<TimedFrame> given();
 
-    Input input;
+    Demuxer input;
     AVStream* stream;
     PictureTraits traits;
     MediaFacts facts;
     PictureDecoder decoder;
-    double tolerance = 0;
+    double reach = 0; ///< seconds before a picture's own time from which it is on
 
     std::optional<PictureDecoder::Decoded> current;
     std::optional<PictureDecoder::Decoded> upcoming;
@@ -88,15 +90,15 @@ struct FrameReader::Parts {
 bool FrameReader::Parts::shows(double time) const {
     if (shown == INT64_MIN) return false;
     const double since = input.seconds(shown, stream);
-    if (since > time + tolerance) return currentIsFirst;
+    if (since > time + reach) return currentIsFirst;
     if (upcoming || decoder.isAtEnd()) return !comesOn(upcoming, time);
     const double passed = input.seconds(decoder.readUpTo(), stream) - mostHeldBack;
-    return time <= std::max(since + tolerance, passed);
+    return time <= std::max(since + reach, passed);
 }
 
 // Decoding on costs what lies between; a jump costs what lies between its keyframe and the time.
 bool FrameReader::Parts::canReadOn(double time) const {
-    if (shown == INT64_MIN || input.seconds(shown, stream) > time + tolerance) return false;
+    if (shown == INT64_MIN || input.seconds(shown, stream) > time + reach) return false;
     if (decoder.hasFailed()) return false;
     const double position = input.seconds(decoder.readUpTo(), stream);
     if (time <= position + worthAJump) return true;
@@ -203,6 +205,11 @@ std::optional<FrameReader::TimedFrame> FrameReader::at(double asked) {
         if (parts->leftOutWhatIsAsked()) parts->jump(time, false);
     }
     return parts->given();
+}
+
+bool FrameReader::reaches(double asked) const {
+    const double time = bounded(asked);
+    return parts->shows(time) || parts->canReadOn(time);
 }
 
 std::optional<FrameReader::TimedFrame> FrameReader::next() {

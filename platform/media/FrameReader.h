@@ -41,10 +41,18 @@ public:
 
     const MediaFacts& facts() const;
 
-    /// The picture that is on at `time`: the last that came on at or before it; the first one where `time` is
-    /// before it, the last one behind the end. A time a little ahead of the last one asked is reached by
-    /// decoding on, any other by a seek. Nothing where not one picture can be decoded there.
+    /// Half a 600th of a second: what an asked time may miss a picture's own by. Where the file's clock is a
+    /// coarse one, what that rounds off comes on top.
+    static constexpr double tolerance = 0.5 / 600;
+
+    /// The picture that is on at `time`: the last that came on at or before it, within `tolerance`; the first
+    /// one where `time` is before it, the last one behind the end. A time a little ahead of the last one
+    /// asked is reached by decoding on, any other by a seek. Nothing where not one picture can be decoded
+    /// there.
     std::optional<TimedFrame> at(double time);
+
+    /// Whether `at` would come to a time by decoding on, and need no seek.
+    bool reaches(double time) const;
 
     /// The picture after the one last given; nothing at the end.
     std::optional<TimedFrame> next();

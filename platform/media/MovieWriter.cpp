@@ -1,7 +1,7 @@
 #include "platform/media/MovieWriter.h"
 
 #include "platform/base/Problem.h"
-#include "platform/media/MovieOutput.h"
+#include "platform/media/Muxer.h"
 #include "platform/media/SoundReader.h"
 
 #include <cerrno>
@@ -111,7 +111,7 @@ struct MovieWriter::Parts {
     void soundFrame(std::span<const float> interleaved);
 
     MovieSettings settings;
-    MovieOutput output;
+    Muxer output;
     ffmpeg::CodecContext pictures;
     ffmpeg::CodecContext sounds;
     AVStream* pictureTrack = nullptr;

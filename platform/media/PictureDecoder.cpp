@@ -41,6 +41,12 @@ bool nothingDependsOnNonReferences(const AVCodecParameters& parameters) {
            ((parameters.extradata[21] >> 3) & 7) == 1;
 }
 
+// AVI numbers its packets and holds no times: where pictures come in another order than their packets, all
+// seem later by as many as the decoder holds back.
+bool countsPacketsOnly(const Demuxer& input, const AVStream& stream) {
+    return std::string_view(input.context()->iformat->name) == "avi" && stream.codecpar->video_delay > 0;
+}
+
 int threadCount() {
     return std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 1, mostThreads);
 }
@@ -62,10 +68,19 @@ ffmpeg::CodecContext openedCodec(const AVStream* stream, PictureDecoder::Threads
 
 }
 
-PictureDecoder::PictureDecoder(Input& from, AVStream* track, Threads threads)
+PictureDecoder::PictureDecoder(Demuxer& from, AVStream* track, Threads threads)
     : input(from), stream(track), codec(openedCodec(track, threads)) {
     mayWind = nothingDependsOnNonReferences(*stream->codecpar);
     windMargin = static_cast<std::int64_t>(fullyDecoded / av_q2d(stream->time_base));
+    if (countsPacketsOnly(input, *stream)) measureLateness();
+}
+
+// The first picture comes on at the track's start; that it comes out later is the decoder's delay.
+void PictureDecoder::measureLateness() {
+    const auto first = next();
+    if (first && stream->start_time != AV_NOPTS_VALUE)
+        lateness = std::max<std::int64_t>(0, first->ticks - stream->start_time);
+    rewind();
 }
 
 void PictureDecoder::onlySample() {
@@ -202,7 +217,7 @@ void PictureDecoder::chooseSkipping(const AVPacket& given) {
 
 // A picture without a time follows its forerunner at the track's rate.
 std::int64_t PictureDecoder::timeOf(const AVFrame& shown) {
-    if (shown.best_effort_timestamp != AV_NOPTS_VALUE) return shown.best_effort_timestamp;
+    if (shown.best_effort_timestamp != AV_NOPTS_VALUE) return shown.best_effort_timestamp - lateness;
     if (lastGiven == INT64_MIN) return stream->start_time == AV_NOPTS_VALUE ? 0 : stream->start_time;
     const AVRational rate = av_guess_frame_rate(input.context(), stream, nullptr);
     const AVRational step = rate.num > 0 ? av_inv_q(rate) : AVRational{1, 25};

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/media/Deinterlacer.h"
-#include "platform/media/Input.h"
+#include "platform/media/Demuxer.h"
 
 #include <optional>
 
@@ -22,7 +22,7 @@ public:
     };
 
     /// Throws Problem where the track has no working decoder.
-    PictureDecoder(Input& input, AVStream* stream, Threads threads);
+    PictureDecoder(Demuxer& input, AVStream* stream, Threads threads);
 
     /// From here on gives only what can be had with little work: see FrameReader's sampling.
     void onlySample();
@@ -59,10 +59,11 @@ private:
     void chooseSkipping(const AVPacket& packet);
     bool receive();
     std::int64_t timeOf(const AVFrame& picture);
+    void measureLateness();
     bool deinterlace();
     std::optional<Decoded> given(std::int64_t ticks);
 
-    Input& input;
+    Demuxer& input;
     AVStream* stream;
     ffmpeg::CodecContext codec;
     ffmpeg::Packet packet = ffmpeg::makePacket();
@@ -78,6 +79,8 @@ private:
     std::int64_t leftOut = INT64_MIN;
     std::int64_t farthest = INT64_MIN;
     std::int64_t lastGiven = INT64_MIN;
+
+    std::int64_t lateness = 0; ///< ticks that the packets' times are later than those of their pictures
 
     bool fromStart = true;
     bool waitsForKey = false;

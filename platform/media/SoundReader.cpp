@@ -1,8 +1,8 @@
 #include "platform/media/SoundReader.h"
 
 #include "platform/base/Problem.h"
+#include "platform/media/Demuxer.h"
 #include "platform/media/FileEnd.h"
-#include "platform/media/Input.h"
 #include "platform/media/SoundConverter.h"
 #include "platform/media/VorbisTimes.h"
 
@@ -26,7 +26,7 @@ constexpr std::int64_t mostHeldBack = Sound::rate;
 // Behind any sound, and safe to calculate with.
 constexpr std::int64_t farthest = std::int64_t{1} << 50;
 
-AVStream* trackOf(const Input& input, int track) {
+AVStream* trackOf(const Demuxer& input, int track) {
     const auto tracks = input.sounds();
     if (track >= 0 && track < static_cast<int>(tracks.size())) return tracks[track];
     const std::string name = "“" + input.path().filename().string() + "”";
@@ -68,7 +68,7 @@ struct SoundReader::Parts {
     int gridOf(const AVFrame& sound) const;
     void read(std::int64_t from, std::int64_t until);
 
-    Input input;
+    Demuxer input;
     AVStream* stream;
     ffmpeg::CodecContext codec;
     double length = 0;

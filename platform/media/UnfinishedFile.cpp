@@ -34,6 +34,7 @@ UnfinishedFile::UnfinishedFile(const std::filesystem::path& place, bool named)
     : destination(Beside::followed(place)) {
     if (!destination.has_filename()) fail(EISDIR);
     Beside::refuseUnlessFile(destination);
+    refuseWithoutFolder();
     if (!named)
         file = Descriptor(::open(folderOf(destination).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0666));
     if (file < 0) openNamed();
@@ -43,6 +44,14 @@ UnfinishedFile::UnfinishedFile(const std::filesystem::path& place, bool named)
 
 UnfinishedFile::~UnfinishedFile() {
     if (!temporary.empty()) ::unlink(temporary.c_str());
+}
+
+void UnfinishedFile::refuseWithoutFolder() const {
+    std::error_code unknown;
+    const auto folder = folderOf(destination);
+    if (std::filesystem::exists(folder, unknown) || unknown) return;
+    throw Problem("“" + destination.filename().string() + "” could not be written: there is no folder “" +
+                  folder.string() + "”.");
 }
 
 void UnfinishedFile::openNamed() {

@@ -27,6 +27,7 @@ public:
     [[noreturn]] void fail(int error) const;
 
 private:
+    void refuseWithoutFolder() const;
     void openNamed();
     bool tookFreePlace();
     void takeName();

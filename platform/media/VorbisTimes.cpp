@@ -23,7 +23,7 @@ using Parser = std::unique_ptr<AVVorbisParseContext, FreeParser>;
 
 // From one time to the next lasts the earlier packet where they are beginnings, the later one where they are
 // ends.
-bool areEnds(Input& input, const AVStream* stream) {
+bool areEnds(Demuxer& input, const AVStream* stream) {
     const AVCodecParameters& codec = *stream->codecpar;
     const bool rounded = std::string_view(input.context()->iformat->name).starts_with("matroska");
     if (codec.codec_id != AV_CODEC_ID_VORBIS || !rounded) return false;

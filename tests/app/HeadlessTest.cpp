@@ -170,6 +170,9 @@ TEST_F(Headless, stillsAreNamedAfterVideoAndTime) {
     EXPECT_EQ(murboWith({"--summary", project}).code, 0);
     folder.file("in the way");
     EXPECT_THAT(murboWith({"--still", project, "V1", "1", folder / "in the way"}).out, StartsWith("error: "));
+    fs::create_directory(into / "V1 000.30.jpg");
+    EXPECT_EQ(murboWith({"--still", project, "V1", "0.3", into}),
+              failure("“V1 000.30.jpg” could not be written: it is a folder."));
 }
 
 TEST_F(Headless, aVideoIsExportedWithItsSubtitles) {
@@ -195,8 +198,8 @@ TEST_F(Headless, aVideoIsExportedWithItsSubtitles) {
 TEST_F(Headless, anInterruptedExportLeavesNothing) {
     addVideo(200);
     folder.file("out/old.mp4", "old");
-    const auto command =
-        quoted(MURBO_PROGRAM) + " --export " + quoted(project) + " V1 " + quoted(folder / "out/old.mp4");
+    const auto command = "env --default-signal=INT,TERM " + quoted(MURBO_PROGRAM) + " --export " +
+                         quoted(project) + " V1 " + quoted(folder / "out/old.mp4");
     // With job control, or the shell would have its background jobs ignore Ctrl-C.
     for (const std::string signal : {"INT", "TERM"}) {
         const auto script = "set -m; " + command +
@@ -215,6 +218,34 @@ TEST_F(Headless, aProjectThatIsOpenElsewhereIsReadAndNotChanged) {
     EXPECT_EQ(murboWith({"--add-stream", project, movie}), open);
     EXPECT_EQ(murboWith({"--transcribe", project, "all"}), open);
     EXPECT_EQ(murboWith({"--summary", project}).code, 0);
+}
+
+TEST_F(Headless, namesTheFootageThatIsLeftOutOrBlack) {
+    const auto remarks = [&](const std::vector<std::string>& words) {
+        std::string command = quoted(MURBO_PROGRAM);
+        for (const auto& word : words) command.append(" ").append(quoted(word));
+        return shell(command + " 2>&1 >/dev/null").out;
+    };
+    const auto cutOff = folder.file("more/cut.mp4", contentsOf(sampleMovie()).substr(0, 20000));
+    folder.file("more/notes.txt");
+    const std::string why =
+        "“cut.mp4” has no index: the recording or the copying of it was cut off. It cannot be read.";
+    EXPECT_EQ(remarks({"--add-files", project, folder / "more"}), why + "\n");
+    EXPECT_EQ(remarks({"--add-files", project, movie, folder / "more/notes.txt", folder / "gone.mp4"}),
+              "“notes.txt” was left out: its name is not that of a movie.\nThere is no file “gone.mp4”.\n");
+    EXPECT_EQ(remarks({"--add-stream", project, cutOff}), why + "\n");
+
+    addVideo();
+    const std::vector<std::string> ways[] = {{"--export", project, "V1", folder / "x.mp4", "--fps", "5"},
+                                             {"--still", project, "V1", "0", folder / "stills"}};
+    for (const auto& words : ways) EXPECT_EQ(remarks(words), "");
+    fs::copy_file(cutOff, movie, fs::copy_options::overwrite_existing);
+    for (const auto& words : ways) EXPECT_THAT(remarks(words), HasSubstr(" has no index"));
+    fs::remove(movie);
+    for (const auto& words : ways)
+        EXPECT_EQ(remarks(words), "There is no file “" + name + "”. Its cuts are black.\n");
+    shell("ffmpeg -nostdin -f lavfi -i testsrc2=s=64x36:r=10:d=2 " + quoted(movie));
+    EXPECT_THAT(remarks({"--export", project, "V1", folder / "x.mp4"}), HasSubstr("--fps 30"));
 }
 
 TEST_F(Headless, commandsAreTriedInTheirOrderAndWithEnoughWords) {

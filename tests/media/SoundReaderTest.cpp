@@ -54,6 +54,24 @@ struct Kind {
 
 }
 
+// Coders of sound start up before the file's zero, and what they make of that is never heard.
+TEST(SoundReader, beginsAtTheFilesZeroWithWhatIsHeardThere) {
+    MURBO_NEEDS_FFMPEG();
+    // A click 20 ms in, less than what an AAC coder starts up for.
+    const std::string click = "-f lavfi -i \"aevalsrc=if(eq(n\\,960)\\,0.9\\,0):s=48000:d=1\" ";
+    for (const char* name : {"click.mp4", "click.m4a", "click.mkv", "click.mov"}) {
+        const auto path = made::file(name, click + "-c:a aac -b:a 192k");
+        SoundReader reader = SoundReader::open(path);
+        std::vector<float> samples(2 * Sound::rate);
+        EXPECT_EQ(reader.read(0, samples), Sound::rate) << name;
+        EXPECT_NEAR(clickAt(samples), 0.02, 0.0001) << name;
+        std::vector<float> before(2 * 4800);
+        EXPECT_GT(reader.read(-2400, before), 0) << name;
+        EXPECT_EQ(loudest(std::span(before).first(2 * 2400)), 0) << name << ": nothing sounds before zero";
+        EXPECT_NEAR(clickAt(before), 0.05 + 0.02, 0.0001) << name;
+    }
+}
+
 TEST(SoundReader, readsTheSoundThatIsThereAndTheSameAfterAJump) {
     MURBO_NEEDS_FFMPEG();
     const Kind kinds[] = {

@@ -7,12 +7,12 @@ namespace murbo {
 
 /// The MPEG-4 file under a MovieWriter: packets in, a whole file in its place at the end. Each call throws
 /// Problem where the file can't be written, with the system's reason.
-class MovieOutput {
+class Muxer {
 public:
-    explicit MovieOutput(const std::filesystem::path& path);
-    MovieOutput(const MovieOutput&) = delete;
-    MovieOutput& operator=(const MovieOutput&) = delete;
-    ~MovieOutput();
+    explicit Muxer(const std::filesystem::path& path);
+    Muxer(const Muxer&) = delete;
+    Muxer& operator=(const Muxer&) = delete;
+    ~Muxer();
 
     AVStream* addTrack(const AVCodecContext& codec);
     /// All tracks are there.
@@ -29,7 +29,7 @@ private:
     AVFormatContext* format = nullptr;
     std::int64_t position = 0;
     int failure = 0; ///< errno of the first write that failed
-    friend struct MovieOutputCalls;
+    friend struct MuxerCalls;
 };
 
 }

@@ -1,4 +1,4 @@
-#include "platform/media/Input.h"
+#include "platform/media/Demuxer.h"
 
 #include "platform/base/Problem.h"
 
@@ -101,7 +101,7 @@ double earliestStart(const AVFormatContext* format) {
 
 }
 
-Input::Input(const std::filesystem::path& path)
+Demuxer::Demuxer(const std::filesystem::path& path)
     : place(path), deadline(std::make_unique<Clock::time_point>(Clock::now() + timeToOpen)) {
     ffmpeg::quiet();
     refuseWhatIsNoFile(path);
@@ -111,37 +111,37 @@ Input::Input(const std::filesystem::path& path)
     zero = earliestStart(format.get());
 }
 
-AVStream* Input::picture() const {
+AVStream* Demuxer::picture() const {
     for (AVStream* stream : std::span(format->streams, format->nb_streams))
         if (isPicture(stream)) return stream;
     return nullptr;
 }
 
-std::vector<AVStream*> Input::sounds() const {
+std::vector<AVStream*> Demuxer::sounds() const {
     std::vector<AVStream*> found;
     for (AVStream* stream : std::span(format->streams, format->nb_streams))
         if (isSound(stream)) found.push_back(stream);
     return found;
 }
 
-double Input::seconds(std::int64_t ticks, const AVStream* stream) const {
+double Demuxer::seconds(std::int64_t ticks, const AVStream* stream) const {
     return static_cast<double>(ticks) * av_q2d(stream->time_base) - zero;
 }
 
-std::int64_t Input::ticks(double seconds, const AVStream* stream) const {
+std::int64_t Demuxer::ticks(double seconds, const AVStream* stream) const {
     // Kept far from the ends of the range, so that the libraries can add to it.
     const double most = 0x1p60;
     const double ticks = (seconds + zero) / av_q2d(stream->time_base);
     return std::isnan(ticks) ? 0 : static_cast<std::int64_t>(std::floor(std::clamp(ticks, -most, most)));
 }
 
-void Input::readOnly(const AVStream* stream) {
+void Demuxer::readOnly(const AVStream* stream) {
     chosen = stream;
     for (AVStream* each : std::span(format->streams, format->nb_streams))
         each->discard = each == stream ? AVDISCARD_DEFAULT : AVDISCARD_ALL;
 }
 
-bool Input::read(AVPacket* packet) {
+bool Demuxer::read(AVPacket* packet) {
     allow(timeToRead);
     atStart = false;
     for (int failed = 0; failed < mostFailedReads;) {
@@ -157,13 +157,13 @@ bool Input::read(AVPacket* packet) {
 }
 
 // Matroska indexes the picture track alone as a rule, and would read on to a place in another one.
-AVStream* Input::guideFor(const AVStream* stream) const {
+AVStream* Demuxer::guideFor(const AVStream* stream) const {
     AVStream* pictures = picture();
     const bool byPicture = pictures && std::string_view(format->iformat->name).starts_with("matroska");
     return byPicture ? pictures : format->streams[stream->index];
 }
 
-bool Input::seek(const AVStream* stream, double seconds) {
+bool Demuxer::seek(const AVStream* stream, double seconds) {
     allow(timeToRead);
     atStart = false;
     const AVStream* guide = guideFor(stream);
@@ -171,7 +171,7 @@ bool Input::seek(const AVStream* stream, double seconds) {
     return avformat_seek_file(format.get(), guide->index, INT64_MIN, target, target, 0) >= 0;
 }
 
-bool Input::rewind() {
+bool Demuxer::rewind() {
     if (atStart) return true;
     allow(timeToRead);
     const AVStream* stream = chosen ? chosen : format->streams[0];
@@ -185,7 +185,7 @@ bool Input::rewind() {
     return there;
 }
 
-void Input::allow(std::chrono::milliseconds time) {
+void Demuxer::allow(std::chrono::milliseconds time) {
     *deadline = Clock::now() + time;
 }
 

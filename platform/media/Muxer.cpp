@@ -1,4 +1,4 @@
-#include "platform/media/MovieOutput.h"
+#include "platform/media/Muxer.h"
 
 #include <cerrno>
 #include <new>
@@ -63,9 +63,9 @@ void release(AVIOContext*& context) {
 
 }
 
-struct MovieOutputCalls {
+struct MuxerCalls {
     static int write(void* opaque, std::uint8_t* bytes, int size) {
-        auto* output = static_cast<MovieOutput*>(opaque);
+        auto* output = static_cast<Muxer*>(opaque);
         for (int done = 0; done < size;) {
             const ssize_t more = pwrite(output->file.descriptor(), bytes + done,
                                         static_cast<std::size_t>(size - done), output->position);
@@ -81,14 +81,14 @@ struct MovieOutputCalls {
     }
 
     static std::int64_t seek(void* opaque, std::int64_t offset, int whence) {
-        auto* output = static_cast<MovieOutput*>(opaque);
+        auto* output = static_cast<Muxer*>(opaque);
         const std::int64_t there = sought(output->file.descriptor(), output->position, offset, whence);
         if (!(whence & AVSEEK_SIZE) && there >= 0) output->position = there;
         return there;
     }
 
     static int openAgain(AVFormatContext* format, AVIOContext** made, const char*, int, AVDictionary**) {
-        auto* output = static_cast<MovieOutput*>(format->opaque);
+        auto* output = static_cast<Muxer*>(format->opaque);
         auto* reading = new (std::nothrow) Reading{output->file.descriptor()};
         *made = reading ? context(0, reading, readMore, nullptr, seekReading) : nullptr;
         if (!*made) delete reading;
@@ -102,30 +102,30 @@ struct MovieOutputCalls {
     }
 };
 
-MovieOutput::MovieOutput(const std::filesystem::path& path) : file(path) {
-    writing = context(1, this, nullptr, MovieOutputCalls::write, MovieOutputCalls::seek);
+Muxer::Muxer(const std::filesystem::path& path) : file(path) {
+    writing = context(1, this, nullptr, MuxerCalls::write, MuxerCalls::seek);
     if (!writing || avformat_alloc_output_context2(&format, nullptr, "mp4", nullptr) < 0) {
         release(writing);
         throw std::bad_alloc();
     }
     format->pb = writing;
     format->opaque = this;
-    format->io_open = MovieOutputCalls::openAgain;
-    format->io_close2 = MovieOutputCalls::closeAgain;
+    format->io_open = MuxerCalls::openAgain;
+    format->io_close2 = MuxerCalls::closeAgain;
     format->flags |= AVFMT_FLAG_CUSTOM_IO;
 }
 
-MovieOutput::~MovieOutput() {
+Muxer::~Muxer() {
     avformat_free_context(format);
     release(writing);
 }
 
-void MovieOutput::check(int error) const {
+void Muxer::check(int error) const {
     if (error >= 0 && failure == 0) return;
     file.fail(failure != 0 ? failure : error < 0 && error > -4096 ? AVUNERROR(error) : EIO);
 }
 
-AVStream* MovieOutput::addTrack(const AVCodecContext& codec) {
+AVStream* Muxer::addTrack(const AVCodecContext& codec) {
     AVStream* track = avformat_new_stream(format, nullptr);
     if (!track || avcodec_parameters_from_context(track->codecpar, &codec) < 0) throw std::bad_alloc();
     track->time_base = codec.time_base;
@@ -133,7 +133,7 @@ AVStream* MovieOutput::addTrack(const AVCodecContext& codec) {
     return track;
 }
 
-void MovieOutput::begin() {
+void Muxer::begin() {
     AVDictionary* options = nullptr;
     av_dict_set(&options, "movflags", "+faststart", 0);
     const int error = avformat_write_header(format, &options);
@@ -141,13 +141,13 @@ void MovieOutput::begin() {
     check(error);
 }
 
-void MovieOutput::write(AVPacket& packet, AVRational timeBase, const AVStream* track) {
+void Muxer::write(AVPacket& packet, AVRational timeBase, const AVStream* track) {
     packet.stream_index = track->index;
     av_packet_rescale_ts(&packet, timeBase, track->time_base);
     check(av_interleaved_write_frame(format, &packet));
 }
 
-void MovieOutput::finish() {
+void Muxer::finish() {
     check(av_write_trailer(format));
     avio_flush(writing);
     check(writing->error);

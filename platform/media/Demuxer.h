@@ -10,10 +10,10 @@ namespace murbo {
 
 /// An opened media file: its tracks, its clock, packets out of it. It never waits longer than its deadlines,
 /// whatever the file or the disk under it does. For the readers of this room; one thread at a time.
-class Input {
+class Demuxer {
 public:
     /// Throws Problem where the path is no regular file, or holds nothing that can be read.
-    explicit Input(const std::filesystem::path& path);
+    explicit Demuxer(const std::filesystem::path& path);
 
     const std::filesystem::path& path() const { return place; }
     AVFormatContext* context() const { return format.get(); }
