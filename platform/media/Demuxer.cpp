@@ -13,8 +13,8 @@ using Clock = std::chrono::steady_clock;
 
 constexpr auto timeToOpen = std::chrono::seconds(20);
 constexpr auto timeToRead = std::chrono::seconds(60);
-// Torn data makes single reads fail while what comes behind it is whole.
-constexpr int mostFailedReads = 32;
+// Torn data makes single reads fail while what follows is whole.
+constexpr int maxFailedReads = 32;
 
 // What cameras, phones, recorders and sound programs write. Left out is what names further files or addresses
 // (playlists, scripts, numbered pictures), and text that is played as pictures.
@@ -130,9 +130,9 @@ double Demuxer::seconds(std::int64_t ticks, const AVStream* stream) const {
 
 std::int64_t Demuxer::ticks(double seconds, const AVStream* stream) const {
     // Kept far from the ends of the range, so that the libraries can add to it.
-    const double most = 0x1p60;
+    const double max = 0x1p60;
     const double ticks = (seconds + zero) / av_q2d(stream->time_base);
-    return std::isnan(ticks) ? 0 : static_cast<std::int64_t>(std::floor(std::clamp(ticks, -most, most)));
+    return std::isnan(ticks) ? 0 : static_cast<std::int64_t>(std::floor(std::clamp(ticks, -max, max)));
 }
 
 void Demuxer::readOnly(const AVStream* stream) {
@@ -144,7 +144,7 @@ void Demuxer::readOnly(const AVStream* stream) {
 bool Demuxer::read(AVPacket* packet) {
     allow(timeToRead);
     atStart = false;
-    for (int failed = 0; failed < mostFailedReads;) {
+    for (int failed = 0; failed < maxFailedReads;) {
         av_packet_unref(packet);
         lastError = av_read_frame(format.get(), packet);
         if (isAtEnd() || isTooSlow()) return false;
@@ -176,7 +176,7 @@ bool Demuxer::rewind() {
     allow(timeToRead);
     const AVStream* stream = chosen ? chosen : format->streams[0];
     const std::int64_t start = stream->start_time == AV_NOPTS_VALUE ? 0 : stream->start_time;
-    // Streams of packets have no index: a search for their first time may end behind it.
+    // Streams of packets have no index: a search for their first time may end after it.
     const bool unindexed = format->iformat->flags & AVFMT_TS_DISCONT;
     const bool there = (unindexed && av_seek_frame(format.get(), -1, 0, AVSEEK_FLAG_BYTE) >= 0) ||
                        avformat_seek_file(format.get(), stream->index, INT64_MIN, start, start, 0) >= 0 ||

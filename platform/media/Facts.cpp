@@ -11,12 +11,12 @@ namespace {
 // Above this a "rate" is the clock that timestamps are counted in, not pictures a second.
 constexpr double highestRate = 240;
 // Pictures may be left out of a recording, but not nearly all.
-constexpr double mostLeftOut = 8;
+constexpr double maxLeftOut = 8;
 // Above the mean by this, a header's rate is that of a clock or of a recording with gaps: the spacing
 // decides.
 constexpr double wellAboveMean = 1.3;
-// Spacings that are looked at to tell the rate of an uneven recording.
-constexpr int mostSpacings = 4000;
+// Spacings that are looked at to find the rate of an uneven recording.
+constexpr int maxSpacings = 4000;
 constexpr double unevenFrom = 0.03;
 
 constexpr double standardRates[] = {
@@ -38,9 +38,9 @@ double nearestStandard(double rate) {
 }
 
 // The rate that an uneven recording was made at: that of its closer pictures, since the wide gaps are where
-// some were left out. Told from the index; 0 without one.
+// some were left out. Found by the index; 0 without one.
 double rateBySpacing(AVStream* stream) {
-    const int entries = std::min(avformat_index_get_entries_count(stream), mostSpacings);
+    const int entries = std::min(avformat_index_get_entries_count(stream), maxSpacings);
     std::vector<std::int64_t> spacings;
     for (int index = 1; index < entries; ++index) {
         const std::int64_t before = avformat_index_get_entry(stream, index - 1)->timestamp;
@@ -57,10 +57,10 @@ double rateBySpacing(AVStream* stream) {
 double nominalRate(AVStream* stream) {
     const double mean = ratio(stream->avg_frame_rate);
     const double told = ratio(stream->r_frame_rate);
-    // Of interlaced recordings the rate of fields may be told.
+    // Of interlaced recordings the header may give the rate of fields.
     if (isInterlaced(stream) && mean > 0 && std::abs(told - 2 * mean) < 0.1 * mean)
         return nearestStandard(mean);
-    const bool sensible = told > 0 && told <= highestRate * 1.01 && (mean <= 0 || told <= mostLeftOut * mean);
+    const bool sensible = told > 0 && told <= highestRate * 1.01 && (mean <= 0 || told <= maxLeftOut * mean);
     if (sensible && (mean <= 0 || told <= wellAboveMean * mean)) return told;
     const double spaced = rateBySpacing(stream);
     if (spaced > 0) return spaced;
@@ -105,14 +105,6 @@ MediaFacts of(const Demuxer& input) {
                       "” holds neither picture nor sound that can be read.");
     facts.length = FileEnd::length(input);
     return facts;
-}
-
-}
-
-namespace murbo {
-
-MediaFacts MediaFile::facts(const std::filesystem::path& path) {
-    return Facts::of(Demuxer(path));
 }
 
 }

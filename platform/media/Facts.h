@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/media/Demuxer.h"
-#include "platform/media/MediaFile.h"
+#include "platform/media/MediaFacts.h"
 
 namespace murbo::Facts {
 

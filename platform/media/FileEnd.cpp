@@ -11,7 +11,7 @@ namespace {
 // recorders write seconds of high-rate picture as one block.
 constexpr std::int64_t tails[] = {1 << 20, 16 << 20, 256 << 20};
 // Files that can only be read through are read through up to this size.
-constexpr std::int64_t mostReadThrough = 512 << 20;
+constexpr std::int64_t maxReadThrough = 512 << 20;
 constexpr auto timeToLook = std::chrono::seconds(10);
 
 bool isCounted(const AVStream* stream) {
@@ -101,11 +101,11 @@ double lastPacket(const Demuxer& input) {
 }
 
 double readThrough(const Demuxer& input) {
-    return fileSize(input) <= mostReadThrough ? lastPacketIn(input.path(), mostReadThrough) : 0;
+    return fileSize(input) <= maxReadThrough ? lastPacketIn(input.path(), maxReadThrough) : 0;
 }
 
-// Whether a Matroska file's one segment reaches behind the file's end: an identifier, then a size whose own
-// length stands in its leading zero bits. All ones mean that no size was told.
+// Whether a Matroska file's one segment reaches past the file's end: an identifier, then a size whose own
+// length stands in its leading zero bits. All ones mean that no size is given.
 bool isSegmentTorn(const Demuxer& input) {
     std::array<char, 4096> head{};
     std::ifstream(input.path(), std::ios::binary).read(head.data(), head.size());
@@ -120,7 +120,7 @@ bool isSegmentTorn(const Demuxer& input) {
     return !unknown && size > static_cast<std::uint64_t>(fileSize(input)) - at - 4 - bytes;
 }
 
-// The index of a movie that was copied only in part points behind the end of the file.
+// The index of a movie that was copied only in part points past the end of the file.
 double endByIndex(const Demuxer& input, AVStream* stream) {
     const std::int64_t size = fileSize(input);
     int kept = avformat_index_get_entries_count(stream);

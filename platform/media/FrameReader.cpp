@@ -15,14 +15,14 @@ constexpr double rounding = 1e-6;
 constexpr double maxHalfTick = 0.0005;
 // Reading on is given up for a jump when that saves decoding more than this, about what a jump itself costs.
 constexpr double worthAJump = 0.5;
-// How far ahead reading on is tried in formats that don't tell where their keyframes lie.
+// How far ahead reading on is tried in formats that don't say where their keyframes lie.
 constexpr double blindReach = 3;
 // The first step back where a jump landed too late; then twice as far, and so on.
 constexpr double firstStepBack = 2;
 // Decoders hold pictures back for less than this.
-constexpr double mostHeldBack = 1;
-// Longer broken stretches than so many times what the decoder passes over at once end the reading.
-constexpr int mostStretches = 32;
+constexpr double maxHeldBack = 1;
+// A broken stretch ends the reading once the decoder has passed over this many at a time in vain.
+constexpr int maxStretches = 32;
 
 // Far enough for any file, and safe to calculate with.
 double bounded(double time) {
@@ -41,10 +41,10 @@ AVStream* pictureOf(const Demuxer& input) {
 
 }
 
-// `current` is the picture given last, `upcoming` the one behind it; together they tell how long `current` is
+// `current` is the picture given last, `upcoming` the one after it; together they say how long `current` is
 // on.
-struct FrameReader::Parts {
-    Parts(const std::filesystem::path& path, Purpose purpose)
+struct FrameReader::PictureSearch {
+    PictureSearch(const std::filesystem::path& path, Purpose purpose)
         : input(path),
           stream(pictureOf(input)),
           traits(FrameView::traits(input.context(), stream)),
@@ -87,17 +87,17 @@ struct FrameReader::Parts {
     bool currentIsFirst = false;
 };
 
-bool FrameReader::Parts::shows(double time) const {
+bool FrameReader::PictureSearch::shows(double time) const {
     if (shown == INT64_MIN) return false;
     const double since = input.seconds(shown, stream);
     if (since > time + reach) return currentIsFirst;
     if (upcoming || decoder.isAtEnd()) return !comesOn(upcoming, time);
-    const double passed = input.seconds(decoder.readUpTo(), stream) - mostHeldBack;
+    const double passed = input.seconds(decoder.readUpTo(), stream) - maxHeldBack;
     return time <= std::max(since + reach, passed);
 }
 
 // Decoding on costs what lies between; a jump costs what lies between its keyframe and the time.
-bool FrameReader::Parts::canReadOn(double time) const {
+bool FrameReader::PictureSearch::canReadOn(double time) const {
     if (shown == INT64_MIN || input.seconds(shown, stream) > time + reach) return false;
     if (decoder.hasFailed()) return false;
     const double position = input.seconds(decoder.readUpTo(), stream);
@@ -108,7 +108,7 @@ bool FrameReader::Parts::canReadOn(double time) const {
     return input.seconds(key->timestamp, stream) <= position + worthAJump;
 }
 
-void FrameReader::Parts::advance() {
+void FrameReader::PictureSearch::advance() {
     if (upcoming) {
         shown = upcoming->ticks;
         current = std::exchange(upcoming, std::nullopt);
@@ -118,34 +118,34 @@ void FrameReader::Parts::advance() {
     upcoming = decoder.next();
 }
 
-void FrameReader::Parts::readOn(double time) {
+void FrameReader::PictureSearch::readOn(double time) {
     decoder.windTo(input.ticks(inside(time), stream));
     if (!upcoming) upcoming = decoder.next();
     while (comesOn(upcoming, time)) advance();
     decoder.stopWinding();
 }
 
-// Whether there is a picture behind the one shown, however long the broken stretch between them.
-bool FrameReader::Parts::passedBroken() {
-    for (int tries = 0; !upcoming && tries < mostStretches; ++tries) {
+// Whether there is a picture after the one shown, however long the broken stretch between them.
+bool FrameReader::PictureSearch::passedBroken() {
+    for (int tries = 0; !upcoming && tries < maxStretches; ++tries) {
         if (decoder.isAtEnd() || decoder.hasFailed()) break;
         upcoming = decoder.next();
     }
     return upcoming.has_value();
 }
 
-// Behind the end the last picture is asked for, and those around it must be whole too.
-double FrameReader::Parts::inside(double time) const {
+// After the end the last picture is asked for, and those around it must be whole too.
+double FrameReader::PictureSearch::inside(double time) const {
     return facts.length > 0 ? std::min(time, facts.length) : time;
 }
 
-bool FrameReader::Parts::isAtFileStart(double time) const {
+bool FrameReader::PictureSearch::isAtFileStart(double time) const {
     const double first = stream->start_time == AV_NOPTS_VALUE ? 0 : input.seconds(stream->start_time, stream);
     return !(time > first);
 }
 
 // Where a jump lands is the format's guess: it counts only if what it finds is on by then.
-void FrameReader::Parts::jump(double time, bool winding) {
+void FrameReader::PictureSearch::jump(double time, bool winding) {
     const double goal = inside(time);
     shown = INT64_MIN;
     current.reset();
@@ -166,7 +166,7 @@ void FrameReader::Parts::jump(double time, bool winding) {
 }
 
 // Winding passes over pictures that no other needs; where times are uneven it may have been the very one.
-bool FrameReader::Parts::leftOutWhatIsAsked() const {
+bool FrameReader::PictureSearch::leftOutWhatIsAsked() const {
     const bool fields = stream->codecpar->field_order > AV_FIELD_PROGRESSIVE;
     const double rate = av_q2d(av_guess_frame_rate(input.context(), stream, nullptr));
     const double slack = fields && rate > 0 ? 0.9 / rate : 0; // each field may have a packet of its own
@@ -175,48 +175,48 @@ bool FrameReader::Parts::leftOutWhatIsAsked() const {
     return input.seconds(leftOut, stream) > input.seconds(shown, stream) + slack;
 }
 
-std::optional<FrameReader::TimedFrame> FrameReader::Parts::given() {
+std::optional<FrameReader::TimedFrame> FrameReader::PictureSearch::given() {
     if (!frame && current) frame = FrameView::of(std::move(current->picture), traits);
     current.reset();
     if (!frame) return std::nullopt;
     return TimedFrame{input.seconds(shown, stream), *frame};
 }
 
-FrameReader::FrameReader(std::unique_ptr<Parts> given) : parts(std::move(given)) {}
+FrameReader::FrameReader(std::unique_ptr<PictureSearch> given) : search(std::move(given)) {}
 FrameReader::FrameReader(FrameReader&&) noexcept = default;
 FrameReader& FrameReader::operator=(FrameReader&&) noexcept = default;
 FrameReader::~FrameReader() = default;
 
 FrameReader FrameReader::open(const std::filesystem::path& path, Purpose purpose) {
-    return FrameReader(std::make_unique<Parts>(path, purpose));
+    return FrameReader(std::make_unique<PictureSearch>(path, purpose));
 }
 
 const MediaFacts& FrameReader::facts() const {
-    return parts->facts;
+    return search->facts;
 }
 
 std::optional<FrameReader::TimedFrame> FrameReader::at(double asked) {
     const double time = bounded(asked);
-    if (!parts->shows(time)) {
-        if (parts->canReadOn(time))
-            parts->readOn(time);
+    if (!search->shows(time)) {
+        if (search->canReadOn(time))
+            search->readOn(time);
         else
-            parts->jump(time, true);
-        if (parts->leftOutWhatIsAsked()) parts->jump(time, false);
+            search->jump(time, true);
+        if (search->leftOutWhatIsAsked()) search->jump(time, false);
     }
-    return parts->given();
+    return search->given();
 }
 
 bool FrameReader::reaches(double asked) const {
     const double time = bounded(asked);
-    return parts->shows(time) || parts->canReadOn(time);
+    return search->shows(time) || search->canReadOn(time);
 }
 
 std::optional<FrameReader::TimedFrame> FrameReader::next() {
-    if (parts->shown == INT64_MIN) return at(0);
-    if (!parts->passedBroken()) return std::nullopt;
-    parts->advance();
-    return parts->given();
+    if (search->shown == INT64_MIN) return at(0);
+    if (!search->passedBroken()) return std::nullopt;
+    search->advance();
+    return search->given();
 }
 
 }

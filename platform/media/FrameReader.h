@@ -46,7 +46,7 @@ public:
     static constexpr double tolerance = 0.5 / 600;
 
     /// The picture that is on at `time`: the last that came on at or before it, within `tolerance`; the first
-    /// one where `time` is before it, the last one behind the end. A time a little ahead of the last one
+    /// one where `time` is before it, after the end the last one. A time a little ahead of the last one
     /// asked is reached by decoding on, any other by a seek. Nothing where not one picture can be decoded
     /// there.
     std::optional<TimedFrame> at(double time);
@@ -58,9 +58,9 @@ public:
     std::optional<TimedFrame> next();
 
 private:
-    struct Parts;
-    explicit FrameReader(std::unique_ptr<Parts> given);
-    std::unique_ptr<Parts> parts;
+    struct PictureSearch;
+    explicit FrameReader(std::unique_ptr<PictureSearch> given);
+    std::unique_ptr<PictureSearch> search;
 };
 
 }

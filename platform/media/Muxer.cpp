@@ -25,13 +25,13 @@ std::int64_t sought(int descriptor, std::int64_t position, std::int64_t offset, 
 }
 
 // A second look at the file while it is written, with which the index is brought to its front.
-struct Reading {
+struct ReadBack {
     int descriptor;
     std::int64_t position = 0;
 };
 
 int readMore(void* opaque, std::uint8_t* into, int size) {
-    auto* reading = static_cast<Reading*>(opaque);
+    auto* reading = static_cast<ReadBack*>(opaque);
     const ssize_t got = pread(reading->descriptor, into, static_cast<std::size_t>(size), reading->position);
     if (got < 0) return AVERROR(errno);
     reading->position += got;
@@ -39,7 +39,7 @@ int readMore(void* opaque, std::uint8_t* into, int size) {
 }
 
 std::int64_t seekReading(void* opaque, std::int64_t offset, int whence) {
-    auto* reading = static_cast<Reading*>(opaque);
+    auto* reading = static_cast<ReadBack*>(opaque);
     const std::int64_t there = sought(reading->descriptor, reading->position, offset, whence);
     if (!(whence & AVSEEK_SIZE) && there >= 0) reading->position = there;
     return there;
@@ -89,14 +89,14 @@ struct MuxerCalls {
 
     static int openAgain(AVFormatContext* format, AVIOContext** made, const char*, int, AVDictionary**) {
         auto* output = static_cast<Muxer*>(format->opaque);
-        auto* reading = new (std::nothrow) Reading{output->file.descriptor()};
+        auto* reading = new (std::nothrow) ReadBack{output->file.descriptor()};
         *made = reading ? context(0, reading, readMore, nullptr, seekReading) : nullptr;
         if (!*made) delete reading;
         return *made ? 0 : AVERROR(ENOMEM);
     }
 
     static int closeAgain(AVFormatContext*, AVIOContext* made) {
-        delete static_cast<Reading*>(made->opaque);
+        delete static_cast<ReadBack*>(made->opaque);
         release(made);
         return 0;
     }

@@ -2,6 +2,7 @@
 
 #include "platform/media/Deinterlacer.h"
 #include "platform/media/Demuxer.h"
+#include "platform/media/Stopped.h"
 
 #include <optional>
 
@@ -17,8 +18,8 @@ public:
     };
 
     enum class Threads {
-        one,    ///< least delay after a jump
-        several ///< pictures ahead are decoded while their forerunner is looked at
+        one,    ///< the shortest delay after a jump
+        several ///< the next pictures are decoded while one is looked at
     };
 
     /// Throws Problem where the track has no working decoder.
@@ -42,7 +43,7 @@ public:
     /// How far into the track packets have been read.
     std::int64_t readUpTo() const { return farthest; }
 
-    /// The next picture; nothing at the end, and where nothing came of a long stretch. Behind such a stretch
+    /// The next picture; nothing at the end, and where nothing came of a long stretch. After such a stretch
     /// another call reads on.
     std::optional<Decoded> next();
 
@@ -86,7 +87,6 @@ private:
     bool waitsForKey = false;
     std::int64_t firstKey = INT64_MIN;
     bool neighbourMissing = false;
-    enum class Stopped { no, inVain, failed, atEnd };
     Stopped stopped = Stopped::no;
     bool drained = false;
     int packetsInVain = 0;

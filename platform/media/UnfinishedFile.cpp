@@ -21,7 +21,7 @@ std::filesystem::path folderOf(const std::filesystem::path& path) {
 
 constexpr const char* ending = "unfinished";
 // Another writer may take a name between one call and the next.
-constexpr int mostTries = 100;
+constexpr int maxTries = 100;
 
 int link(int file, const std::filesystem::path& path) {
     const std::string own = "/proc/self/fd/" + std::to_string(file);
@@ -73,7 +73,7 @@ bool UnfinishedFile::tookFreePlace() {
 
 // A file without a name can't replace another: it takes the name of one that can.
 void UnfinishedFile::takeName() {
-    for (int tries = 0; tries < mostTries; ++tries) {
+    for (int tries = 0; tries < maxTries; ++tries) {
         const auto claimed = Beside::claim(destination, ending);
         ::unlink(claimed.path.c_str());
         const int error = link(file, claimed.path);
