@@ -79,6 +79,17 @@ bool Transform::invertible() const {
     return std::isfinite(area) && std::isfinite(tx) && std::isfinite(ty) && std::abs(area) > 1e-18;
 }
 
+bool Transform::keepsAxes() const {
+    return (b == 0 && c == 0) || (a == 0 && d == 0);
+}
+
+bool Transform::isShift() const {
+    const auto whole = [](double value) {
+        return std::abs(value - std::round(value)) < 1e-6 && std::abs(value) < (1 << 28);
+    };
+    return a == 1 && b == 0 && c == 0 && d == 1 && whole(tx) && whole(ty);
+}
+
 Transform Transform::inverse() const {
     if (!invertible()) return {};
     const double area = a * d - b * c;

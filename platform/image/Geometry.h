@@ -57,6 +57,10 @@ struct Transform {
     /// Undoes this one; an identity where it cannot be undone (see `invertible`).
     Transform inverse() const;
     bool invertible() const;
+    /// Whether upright rectangles stay upright ones: no turn but by quarters, no shear.
+    bool keepsAxes() const;
+    /// Whether pixels stay pixels, moved by whole ones.
+    bool isShift() const;
 
     Point apply(Point point) const;
     /// The smallest upright rectangle round the transformed one.

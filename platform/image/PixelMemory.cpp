@@ -1,5 +1,7 @@
 #include "platform/image/PixelMemory.h"
 
+#include "platform/base/Problem.h"
+
 #include <algorithm>
 #include <mutex>
 #include <new>
@@ -9,6 +11,9 @@ namespace murbo::PixelMemory {
 namespace {
 
 constexpr std::align_val_t alignment{64};
+constexpr int longestSide = 32768;
+/// Rows start on whole cache lines, so that no vector of pixels straddles two.
+constexpr std::ptrdiff_t rowAlignment = 64;
 /// What is smaller the allocator keeps by itself.
 constexpr std::size_t worthKeeping = 1 << 17;
 #ifdef __SANITIZE_ADDRESS__
@@ -35,7 +40,7 @@ void release(const Block& block) {
 }
 
 /// Blocks that nobody uses, the longest unused first.
-class Kept {
+class SpareBlocks {
 public:
     /// A block that fits without much waste.
     Block take(std::size_t bytes) {
@@ -75,19 +80,29 @@ private:
 };
 
 /// Never destroyed: pictures may outlive everything else.
-Kept& kept() {
-    static Kept* const blocks = new Kept;
+SpareBlocks& spareBlocks() {
+    static SpareBlocks* const blocks = new SpareBlocks;
     return *blocks;
 }
 
 }
 
+void requireSize(int width, int height) {
+    if (width > 0 && height > 0 && width <= longestSide && height <= longestSide) return;
+    throw Problem("A picture of " + std::to_string(width) + " × " + std::to_string(height) +
+                  " pixels can’t be held.");
+}
+
+std::ptrdiff_t stride(std::ptrdiff_t bytes) {
+    return (bytes + rowAlignment - 1) / rowAlignment * rowAlignment;
+}
+
 std::shared_ptr<std::uint8_t[]> take(std::size_t bytes) {
     const bool keeping = keeps && bytes >= worthKeeping;
-    Block block = keeping ? kept().take(bytes) : Block{};
+    Block block = keeping ? spareBlocks().take(bytes) : Block{};
     if (!block.memory) block = {static_cast<std::uint8_t*>(::operator new[](bytes, alignment)), bytes, 0};
     const auto done = [bytes = block.bytes, keeping](std::uint8_t* memory) {
-        keeping ? kept().give({memory, bytes, 0}) : release({memory, bytes, 0});
+        keeping ? spareBlocks().give({memory, bytes, 0}) : release({memory, bytes, 0});
     };
     return {block.memory, done};
 }

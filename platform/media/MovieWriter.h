@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/image/Bitmap.h"
+#include "platform/image/Planes.h"
 #include "platform/media/MovieSettings.h"
 
 #include <filesystem>

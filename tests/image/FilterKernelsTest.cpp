@@ -49,7 +49,7 @@ TEST(FilterKernels, coloursChangeAsTheirTwin) {
     EXPECT_ROWS_AS_TWIN(sumColours, sums);
     sums.bent = true;
     EXPECT_ROWS_AS_TWIN(sumColours, sums);
-    for (const int levels : {2, 3, 6, 8, 64, 255}) EXPECT_ROWS_AS_TWIN(posterise, levels);
+    for (const int levels : {2, 3, 6, 8, 64, 255}) EXPECT_ROWS_AS_TWIN(posterize, levels);
     for (const int side : {2, 17, 32, 64}) {
         auto entries = random<std::uint32_t>(side * side * side, 0, 0x7FFFFFFF);
         entries.resize(entries.size() + side * side + side + 1);
@@ -60,15 +60,15 @@ TEST(FilterKernels, coloursChangeAsTheirTwin) {
 TEST(FilterKernels, lightChangesAsItsTwin) {
     const auto across = random<std::int32_t>(400, 0, 2048);
     const auto light = random<std::uint32_t>(4097, 0, 32767);
-    EXPECT_ROWS_AS_TWIN(shadeRow, across.data(), 2000, light.data(), -77, 1999);
+    EXPECT_ROWS_AS_TWIN(vignetteRow, across.data(), 2000, light.data(), -77, 1999);
     auto shares = random<std::uint32_t>(256, 0, 255);
     for (auto& share : shares) share |= share << 16;
     EXPECT_ROWS_AS_TWIN(keepBright, shares.data());
     const auto grain = random<std::uint32_t>(400, 0, 0x7FFFFFFF);
     const auto in = pixels(400, 9);
     for (const int part : {0, 77}) {
-        const Kernels::TapeRow tape{grain.data(), 0x12345678, 6, part, 21, 3, 29000};
-        EXPECT_ROWS_AS_TWIN(tapeRow, tape, in.data() + 7 * 4);
+        const Kernels::VhsRow tape{grain.data(), 0x12345678, 6, part, 21, 3, 29000};
+        EXPECT_ROWS_AS_TWIN(vhsRow, tape, in.data() + 7 * 4);
     }
 }
 
@@ -98,6 +98,6 @@ TEST(FilterKernels, comicsArePrintedAsTheirTwin) {
     EXPECT_ROWS_AS_TWIN(inkRow, deep.data(), deep.data() + 900, 128);
     const auto screen = random<std::int16_t>(400, -32767, 32767);
     const auto tones = random<std::uint32_t>(256, 0, 255);
-    EXPECT_ROWS_AS_TWIN(printRow, Kernels::PrintRow{screen.data(), -30000, tones.data(), 22, 140, 6});
+    EXPECT_ROWS_AS_TWIN(comicRow, Kernels::ComicRow{screen.data(), -30000, tones.data(), 22, 140, 6});
     EXPECT_ROWS_AS_TWIN(takeAlpha, pixels(400, 8).data());
 }

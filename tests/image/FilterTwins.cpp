@@ -72,7 +72,7 @@ void sumColours(const ColourSums& sums, int count, std::uint8_t* pixels) {
     }
 }
 
-void posterise(int levels, int count, std::uint8_t* pixels) {
+void posterize(int levels, int count, std::uint8_t* pixels) {
     const int steps = levels - 1;
     onStraight(count, pixels, [&](int* colour) {
         for (int at = 0; at < 3; ++at) {
@@ -112,8 +112,8 @@ void lookUpColours(const ColourTable& table, int count, std::uint8_t* pixels) {
     }
 }
 
-void shadeRow(const std::int32_t* across, int down, const std::uint32_t* light, int x, int y, int count,
-              std::uint8_t* pixels) {
+void vignetteRow(const std::int32_t* across, int down, const std::uint32_t* light, int x, int y, int count,
+                 std::uint8_t* pixels) {
     for (int at = 0; at < count; ++at, pixels += 4) {
         const auto noise = std::uint32_t(x + at) * 3242174889u + std::uint32_t(y) * 2447445414u;
         for (int channel = 0; channel < 3; ++channel)
@@ -130,7 +130,7 @@ void keepBright(const std::uint32_t* shares, int count, std::uint8_t* pixels) {
     }
 }
 
-void tapeRow(const TapeRow& tape, const std::uint8_t* in, int count, std::uint8_t* out) {
+void vhsRow(const VhsRow& tape, const std::uint8_t* in, int count, std::uint8_t* out) {
     for (int at = 0; at < count; ++at, in += 4, out += 4) {
         const auto* left = in - tape.whole * 4;
         const int bled = (left[2] * (256 - tape.part) + left[-2] * tape.part) >> 8;
@@ -172,7 +172,7 @@ void inkRow(const std::int16_t* fine, const std::int16_t* coarse, int steep, int
         pixels[at * 4 + 3] = std::uint8_t(std::clamp(128 + ((coarse[at] - fine[at]) * steep >> 11), 0, 255));
 }
 
-void printRow(const PrintRow& print, int count, std::uint8_t* pixels) {
+void comicRow(const ComicRow& print, int count, std::uint8_t* pixels) {
     for (int at = 0; at < count; ++at, pixels += 4) {
         const int own = bright(pixels) >> 8;
         const int dots = times15(print.screen[at], print.down);

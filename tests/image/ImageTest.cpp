@@ -16,7 +16,7 @@ Image box(double width, double height, Colour colour = Colour::white) {
 
 template <typename Kind>
 bool is(const Image& image) {
-    return std::holds_alternative<Kind>(image.node().kind);
+    return std::holds_alternative<Kind>(image.node()->kind);
 }
 
 }
@@ -42,17 +42,17 @@ TEST(Images, knowTheirExtentWithoutDrawing) {
 TEST(Images, joinWhatBelongsTogether) {
     const Image image = box(100, 50);
     const auto moved = image.transformed(Transform().translated(5, 5)).transformed(Transform().scaled(2, 2));
-    ASSERT_TRUE(is<Image::Node::Move>(moved));
-    EXPECT_EQ(std::get<Image::Node::Move>(moved.node().kind).transform,
+    ASSERT_TRUE(is<ImageNode::Move>(moved));
+    EXPECT_EQ(std::get<ImageNode::Move>(moved.node()->kind).transform,
               Transform().translated(5, 5).scaled(2, 2));
     const auto faded = image.faded(0.5).faded(0.5);
-    EXPECT_EQ(std::get<Image::Node::Fade>(faded.node().kind).opacity, 0.25);
-    EXPECT_EQ(&image.cropped({-1, -1, 200, 200}).node(), &image.node());
-    EXPECT_EQ(&image.transformed(Transform().scaled(4, 4)).transformed(Transform().scaled(0.25, 0.25)).node(),
-              &image.node());
-    EXPECT_EQ(&image.over(box(10, 10)).node(), &image.node()) << "what is hidden is let go";
-    EXPECT_EQ(&image.motionBlurred(0, 30).node(), &image.node());
-    EXPECT_EQ(&image.zoomBlurred({}, std::nan("")).node(), &image.node());
+    EXPECT_EQ(std::get<ImageNode::Fade>(faded.node()->kind).opacity, 0.25);
+    EXPECT_EQ(image.cropped({-1, -1, 200, 200}).node(), image.node());
+    EXPECT_EQ(image.transformed(Transform().scaled(4, 4)).transformed(Transform().scaled(0.25, 0.25)).node(),
+              image.node());
+    EXPECT_EQ(image.over(box(10, 10)).node(), image.node()) << "what is hidden is let go";
+    EXPECT_EQ(image.motionBlurred(0, 30).node(), image.node());
+    EXPECT_EQ(image.zoomBlurred({}, std::nan("")).node(), image.node());
 }
 
 TEST(Images, aGraphThousandsDeepNeedsNoStack) {

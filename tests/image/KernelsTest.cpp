@@ -191,8 +191,8 @@ TEST(Kernels, texturesTurnAsTheirTwin) {
                 const auto expectTurned = [&, wide = wide](const Line& u, const Line& v, int from) {
                     expectTwins(
                         std::vector<std::uint8_t>(width * 4 + 8, 1),
-                        [&](auto* out) { Kernels::turnRow(texture, u, v, from, from + width, out); },
-                        [&](auto* out) { Twins::turnRow(texture, u, v, from, from + width, out); },
+                        [&](auto* out) { Kernels::affineRow(texture, u, v, from, from + width, out); },
+                        [&](auto* out) { Twins::affineRow(texture, u, v, from, from + width, out); },
                         "turn of " + std::to_string(wide));
                 };
                 expectTurned(Line::through(-20.3, stepU), Line::through(5000, stepV), 1000 - width);

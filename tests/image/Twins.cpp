@@ -197,7 +197,7 @@ void add(const std::uint8_t* above, int count, std::uint8_t* pixels) {
     for (int at = 0; at < count * 4; ++at) pixels[at] = byte(pixels[at] + above[at]);
 }
 
-void turnRow(const Texture& texture, const Line& u, const Line& v, int from, int to, std::uint8_t* out) {
+void affineRow(const Texture& texture, const Line& u, const Line& v, int from, int to, std::uint8_t* out) {
     const auto position = [](const Line& line, int at, int length) {
         // In 1/2^15 from a mark at every 64th pixel on.
         const std::int64_t mark =

@@ -26,7 +26,7 @@ void screen(const std::uint8_t* above, int count, std::uint8_t* pixels);
 void overlay(const std::uint8_t* above, int count, std::uint8_t* pixels);
 void softLight(const std::uint8_t* above, int count, std::uint8_t* pixels);
 void add(const std::uint8_t* above, int count, std::uint8_t* pixels);
-void turnRow(const Texture& texture, const Line& u, const Line& v, int from, int to, std::uint8_t* out);
+void affineRow(const Texture& texture, const Line& u, const Line& v, int from, int to, std::uint8_t* out);
 void smearRow(const std::uint8_t* in, int count, int reach, std::uint8_t* out);
 void transpose(const std::uint8_t* in, std::ptrdiff_t inStride, int width, int height, std::uint8_t* out,
                std::ptrdiff_t outStride);

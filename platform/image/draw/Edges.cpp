@@ -1,6 +1,5 @@
 #include "platform/image/draw/Edges.h"
 
-#include "platform/image/ImageNode.h"
 #include "platform/image/kernels/Kernels.h"
 
 #include <algorithm>
@@ -40,7 +39,7 @@ std::int64_t between(std::int64_t one, std::int64_t other) {
 }
 
 Edges::Edges(const Rect& rect, const Transform& transform, bool bare)
-    : upright(keepsAxes(transform)), nothingBeyond(bare) {
+    : upright(transform.keepsAxes()), nothingBeyond(bare) {
     const Transform back = transform.inverse();
     sides[0] = side(back, true, rect.x, true);
     sides[1] = side(back, true, rect.right(), false);
@@ -56,9 +55,9 @@ Edges::Side Edges::side(const Transform& back, bool across, double edge, bool be
     return {fixed(start / length), fixed(x / length), fixed(y / length)};
 }
 
-/// The part of `range` where the side's distance is at least `least`.
-Edges::Range Edges::above(const Side& side, int row, std::int64_t least, Range range) {
-    const std::int64_t missing = least - side.at(0, row);
+/// The part of `range` where the side's distance is at min `min`.
+Edges::Range Edges::above(const Side& side, int row, std::int64_t min, Range range) {
+    const std::int64_t missing = min - side.at(0, row);
     const std::int64_t low = range.from;
     const std::int64_t high = range.to;
     if (side.x > 0) return {int(std::clamp(ceilDivided(missing, side.x), low, high)), range.to};
@@ -66,9 +65,9 @@ Edges::Range Edges::above(const Side& side, int row, std::int64_t least, Range r
     return missing <= 0 ? range : Range{range.from, range.from};
 }
 
-Edges::Range Edges::reaching(int row, std::int64_t least, Range range) const {
+Edges::Range Edges::reaching(int row, std::int64_t min, Range range) const {
     for (const auto& each : sides) {
-        const Range part = above(each, row, least, range);
+        const Range part = above(each, row, min, range);
         range = {std::max(range.from, part.from),
                  std::max(std::max(range.from, part.from), std::min(range.to, part.to))};
     }
@@ -97,12 +96,13 @@ void Edges::cover(int y, int from, int to, std::uint8_t* pixels) const {
 }
 
 PixelRect Edges::reached(const PixelRect& area) const {
-    Range most{area.right, area.left};
+    Range widest{area.right, area.left};
     for (int y = area.top; y < area.bottom; ++y) {
         const Range range = reaching(y, outside, {area.left, area.right});
-        if (range.from < range.to) most = {std::min(most.from, range.from), std::max(most.to, range.to)};
+        if (range.from < range.to)
+            widest = {std::min(widest.from, range.from), std::max(widest.to, range.to)};
     }
-    return most.from < most.to ? PixelRect{most.from, area.top, most.to, area.bottom} : PixelRect{};
+    return widest.from < widest.to ? PixelRect{widest.from, area.top, widest.to, area.bottom} : PixelRect{};
 }
 
 PixelRect Edges::solid(const PixelRect& bounds) const {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/image/draw/Pixels.h"
+#include "platform/image/PixelRect.h"
 
 #include <cstdint>
 
@@ -40,8 +40,8 @@ private:
     };
 
     static Side side(const Transform& inverse, bool across, double edge, bool before);
-    static Range above(const Side& side, int row, std::int64_t least, Range range);
-    Range reaching(int row, std::int64_t least, Range range) const;
+    static Range above(const Side& side, int row, std::int64_t min, Range range);
+    Range reaching(int row, std::int64_t min, Range range) const;
     bool full(int column, int row) const;
     int coverage(int column, int row) const;
 

@@ -1,15 +1,17 @@
-#include "platform/image/draw/Rasterised.h"
-#include "platform/image/filters/FilterDrawings.h"
+#include "platform/image/filters/Comic.h"
+
+#include "platform/image/draw/AxisSampler.h"
+#include "platform/image/draw/PictureSource.h"
+#include "platform/image/draw/Strips.h"
 #include "platform/image/filters/Gauss.h"
+#include "platform/image/filters/Resampled.h"
 #include "platform/image/kernels/FilterKernels.h"
 
 #include <algorithm>
 #include <cmath>
 
-namespace murbo::FilterDrawings {
+namespace murbo::Filters {
 namespace {
-
-using Node = Image::Node;
 
 constexpr double pi = 3.14159265358979323846;
 
@@ -142,8 +144,7 @@ struct Sketch {
         Light far = light.blurred(coarse);
         for (int y = area.top; y < area.bottom; ++y) {
             auto* row = sketch.tile().at(area.left, y);
-            std::memcpy(row, const_cast<Raster&>(flat).tile().at(area.left, y),
-                        std::size_t(area.width()) * 4);
+            std::memcpy(row, flat.at(area.left, y), std::size_t(area.width()) * 4);
             Kernels::inkRow(near.at(area.left, y), far.at(area.left, y), inkSteep, area.width(), row);
         }
         return sketch;
@@ -174,22 +175,22 @@ public:
     }
 
     /// `shape` tells alpha where it is not 255 all over.
-    void fill(const Tile& tile, Raster& shape) {
+    void fill(const Tile& tile, const Raster& shape) {
         inStrips(tile, [&](const Tile& strip) {
             sampler.fill(strip);
             const auto& at = strip.area;
             for (int y = at.top; y < at.bottom; ++y) {
                 auto* row = strip.at(at.left, y);
-                Kernels::printRow({&across[at.left - bounds.left], down[y - bounds.top], tones.data(),
+                Kernels::comicRow({&across[at.left - bounds.left], down[y - bounds.top], tones.data(),
                                    colourStrength, inkLeast, inkGrowth},
                                   at.width(), row);
-                if (!shape.opaque) Kernels::takeAlpha(shape.tile().at(at.left, y), at.width(), row);
+                if (!shape.opaque) Kernels::takeAlpha(shape.at(at.left, y), at.width(), row);
             }
         });
     }
 
 private:
-    Sampler sampler;
+    AxisSampler sampler;
     PixelRect bounds;
     std::vector<std::uint32_t> tones = toneTable();
     std::vector<std::int16_t> across;
@@ -198,23 +199,22 @@ private:
 
 }
 
-Layer::Draw draw(const Inked&, const Node& of, const Transform& place, const PixelRect& bounds, int depth) {
+DrawTile Comic::draw(const PictureSource& source, const Transform& place, const PixelRect& bounds) const {
     const Sketch sketch(place, bounds);
     const auto& toGrid = sketch.toGrid;
     const auto wanted = sketch.wanted();
     Raster sharp, shape;
-    shape.opaque = of.opaque.isEverything(); // of the whole picture: no band may choose another way
+    shape.opaque = source.picture.opaque.isEverything(); // of it all: no band may choose another way
     if (shape.opaque) {
-        sharp = rasterised(of, place.then(toGrid), wanted, depth);
+        sharp = source.raster(place.then(toGrid), wanted);
     } else {
         // Drawn once and seen twice: filters upon filters must not double the work each time.
-        const auto area = PixelRect::touching(toGrid.inverse().apply(wanted.rect())).grown(2, 2);
-        shape = rasterised(of, place, area, depth);
-        if (!shape.bitmap.empty()) sharp = resampled(shape, toGrid.inverse(), wanted);
+        shape = source.raster(place, Resampled::needed(toGrid.inverse(), wanted));
+        if (!shape.bitmap.empty()) sharp = Resampled::raster(shape, toGrid.inverse(), wanted);
     }
-    if (sharp.bitmap.empty()) return nothing();
+    if (sharp.bitmap.empty()) return Resampled::nothing();
     auto drawing = std::make_shared<ComicDrawing>(sketch.of(sharp), toGrid, place, bounds);
-    return [drawing, shape](const Tile& tile) mutable { drawing->fill(tile, shape); };
+    return [drawing, shape](const Tile& tile) { drawing->fill(tile, shape); };
 }
 
 }

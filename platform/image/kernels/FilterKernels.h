@@ -22,7 +22,7 @@ struct ColourSums {
 void sumColours(const ColourSums& sums, int count, std::uint8_t* pixels);
 
 /// Each channel to the nearest of 2 to 256 even steps.
-void posterise(int levels, int count, std::uint8_t* pixels);
+void posterize(int levels, int count, std::uint8_t* pixels);
 
 /// A cube of premultiplied pixels, red running fastest, `side` a channel and at least 2; behind it stand
 /// `side`² + `side` + 1 more that weigh nothing.
@@ -35,15 +35,15 @@ void lookUpColours(const ColourTable& table, int count, std::uint8_t* pixels);
 
 /// Each pixel times light[across[i] + down], in 1/2^15. What rounds differs from place to place (x, y), so
 /// that slow changes show no steps.
-void shadeRow(const std::int32_t* across, int down, const std::uint32_t* light, int x, int y, int count,
-              std::uint8_t* pixels);
+void vignetteRow(const std::int32_t* across, int down, const std::uint32_t* light, int x, int y, int count,
+                 std::uint8_t* pixels);
 
 /// Each channel, alpha too, times shares[brightness of the pixel] in 1/255, the share standing in both
 /// halves.
 void keepBright(const std::uint32_t* shares, int count, std::uint8_t* pixels);
 
 /// What an old tape makes of a row.
-struct TapeRow {
+struct VhsRow {
     const std::uint32_t* grain; ///< for each pixel, where its grain of noise starts
     std::uint32_t seed;         ///< of the row and the moment
     int whole;                  ///< red comes from so many pixels to the left,
@@ -53,7 +53,7 @@ struct TapeRow {
     int light;                  ///< what lines leave, in 1/2^15
 };
 /// `in` can be read `whole` + 1 pixels before its start.
-void tapeRow(const TapeRow& tape, const std::uint8_t* in, int count, std::uint8_t* out);
+void vhsRow(const VhsRow& tape, const std::uint8_t* in, int count, std::uint8_t* out);
 
 /// Evens out what differs little: to the first of `taps` rows the differences of the others are added, each
 /// times its weight in 1/2^15 and times a share that falls from 1 for no difference to 0 for full light / 2
@@ -69,7 +69,7 @@ void brightnessRow(const std::uint8_t* pixels, int count, std::int16_t* out);
 void inkRow(const std::int16_t* fine, const std::int16_t* coarse, int steep, int count, std::uint8_t* pixels);
 
 /// How a comic is printed.
-struct PrintRow {
+struct ComicRow {
     const std::int16_t* screen; ///< for each pixel, the dots' share of the column, in 1/2^15
     int down;                   ///< that of the row
     const std::uint32_t* tones; ///< for each brightness of 0 to 255 the tone, 0 to 255
@@ -78,7 +78,7 @@ struct PrintRow {
     int steep;                  ///< how much blacker it gets with each level
 };
 /// Opaque pixels out of such whose alpha tells where ink is.
-void printRow(const PrintRow& print, int count, std::uint8_t* pixels);
+void comicRow(const ComicRow& print, int count, std::uint8_t* pixels);
 
 /// Sets the pixels' alpha to the others'; the colours were opaque.
 void takeAlpha(const std::uint8_t* others, int count, std::uint8_t* pixels);

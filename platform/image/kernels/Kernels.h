@@ -91,7 +91,7 @@ struct Texture {
 
 /// Pixels `from` to `to` of a row, bilinear between texel middles: pixel i looks at (u.at(i), v.at(i)),
 /// measured in texels from the middle of the first.
-void turnRow(const Texture& texture, const Line& u, const Line& v, int from, int to, std::uint8_t* out);
+void affineRow(const Texture& texture, const Line& u, const Line& v, int from, int to, std::uint8_t* out);
 
 /// Each pixel becomes the mean of those up to `reach` (in 1/64 pixel, at least 32) to either side. The row's
 /// ends repeat.
