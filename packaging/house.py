@@ -154,7 +154,7 @@ def in_function(scopes):
 
 
 def path(scopes):
-    return tuple(name for kind, name in scopes if kind in ("namespace", "type"))
+    return tuple(word for kind, name in scopes if kind in ("namespace", "type") for word in name.split("::"))
 
 
 def type_head(tokens, at):

@@ -27,7 +27,7 @@ public:
     requires requires(const Kind& kind, const Rect& body) {
         { kind.clamped(body) } -> std::same_as<std::optional<Kind>>;
     }
-    Filter(Kind kind) : self(std::make_shared<const Held<Kind>>(std::move(kind))) {}
+    Filter(Kind kind) : self(std::make_shared<const Of<Kind>>(std::move(kind))) {}
 
     /// The filter within what can be drawn; nothing where it would change nothing of a picture with that body
     /// (see ImageNode), or its numbers are none.
@@ -54,8 +54,8 @@ public:
     }
 
 private:
-    struct Any {
-        virtual ~Any() = default;
+    struct Interface {
+        virtual ~Interface() = default;
         virtual std::optional<Filter> clamped(const Rect& body) const = 0;
         virtual double reach() const = 0;
         virtual bool byPixel() const = 0;
@@ -67,50 +67,47 @@ private:
                               const std::vector<ChangeRow>& rows) const = 0;
     };
     template <typename Kind>
-    struct Held;
+    struct Of final : Interface {
+        explicit Of(Kind given) : kind(std::move(given)) {}
 
-    std::shared_ptr<const Any> self;
-};
+        std::optional<Filter> clamped(const Rect& body) const override { return kind.clamped(body); }
+        double reach() const override {
+            if constexpr (requires { kind.reach(); }) return kind.reach();
+            return 0;
+        }
+        bool byPixel() const override {
+            if constexpr (requires { kind.byPixel(); }) return kind.byPixel();
+            return false;
+        }
+        bool keepsOpaque() const override {
+            if constexpr (requires { kind.keepsOpaque(); }) return kind.keepsOpaque();
+            return reach() == 0;
+        }
+        bool sumsColours() const override {
+            if constexpr (requires { kind.sumsColours(); }) return kind.sumsColours();
+            return false;
+        }
+        bool drawsCoarsely(const Transform& place) const override {
+            if constexpr (requires { kind.drawsCoarsely(place); }) return kind.drawsCoarsely(place);
+            return false;
+        }
+        ChangeRow row(const Rect& body, const PixelRect& bounds) const override {
+            if constexpr (requires { kind.row(body, bounds); }) return kind.row(body, bounds);
+            return {};
+        }
+        DrawTile draw(const PictureSource& source, const Transform& place, const PixelRect& bounds,
+                      const std::vector<ChangeRow>& rows) const override {
+            if constexpr (requires { kind.draw(source, place, bounds, rows); })
+                return kind.draw(source, place, bounds, rows);
+            else if constexpr (requires { kind.draw(source, place, bounds); })
+                return kind.draw(source, place, bounds);
+            return {};
+        }
 
-template <typename Kind>
-struct Filter::Held final : Any {
-    explicit Held(Kind given) : kind(std::move(given)) {}
+        Kind kind;
+    };
 
-    std::optional<Filter> clamped(const Rect& body) const override { return kind.clamped(body); }
-    double reach() const override {
-        if constexpr (requires { kind.reach(); }) return kind.reach();
-        return 0;
-    }
-    bool byPixel() const override {
-        if constexpr (requires { kind.byPixel(); }) return kind.byPixel();
-        return false;
-    }
-    bool keepsOpaque() const override {
-        if constexpr (requires { kind.keepsOpaque(); }) return kind.keepsOpaque();
-        return reach() == 0;
-    }
-    bool sumsColours() const override {
-        if constexpr (requires { kind.sumsColours(); }) return kind.sumsColours();
-        return false;
-    }
-    bool drawsCoarsely(const Transform& place) const override {
-        if constexpr (requires { kind.drawsCoarsely(place); }) return kind.drawsCoarsely(place);
-        return false;
-    }
-    ChangeRow row(const Rect& body, const PixelRect& bounds) const override {
-        if constexpr (requires { kind.row(body, bounds); }) return kind.row(body, bounds);
-        return {};
-    }
-    DrawTile draw(const PictureSource& source, const Transform& place, const PixelRect& bounds,
-                  const std::vector<ChangeRow>& rows) const override {
-        if constexpr (requires { kind.draw(source, place, bounds, rows); })
-            return kind.draw(source, place, bounds, rows);
-        else if constexpr (requires { kind.draw(source, place, bounds); })
-            return kind.draw(source, place, bounds);
-        return {};
-    }
-
-    Kind kind;
+    std::shared_ptr<const Interface> self;
 };
 
 }

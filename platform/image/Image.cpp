@@ -76,8 +76,8 @@ Image Image::bitmap(Bitmap bitmap, bool opaque) {
     if (bitmap.empty()) return {};
     const int air = opaque ? 0 : bitmap.air();
     const Rect extent{0, 0, double(bitmap.width()), double(bitmap.height())};
-    return Image(
-        made(Node::Pixels{std::move(bitmap), opaque, air}, extent, extent, opaque ? extent : Rect{}, true));
+    return Image(made(Node::BitmapPixels{std::move(bitmap), opaque, air}, extent, extent,
+                      opaque ? extent : Rect{}, true));
 }
 
 Image Image::frame(Frame frame) {
@@ -85,7 +85,7 @@ Image Image::frame(Frame frame) {
     const Size size = frame.uprightSize();
     const Rect extent{0, 0, size.width, size.height};
     const Rect opaque = frame.hasAlpha ? Rect{} : extent;
-    return Image(made(Node::Picture{std::move(frame)}, extent, extent, opaque, true));
+    return Image(made(Node::FramePixels{std::move(frame)}, extent, extent, opaque, true));
 }
 
 Image Image::later(const Rect& extent, std::function<Image()> make) {
@@ -108,12 +108,12 @@ Image Image::cropped(const Rect& rect) const {
 Image Image::transformed(const Transform& transform) const {
     if (!finite(transform)) return {};
     if (transform == Transform() || empty() || std::holds_alternative<Node::Fill>(root->kind)) return *this;
-    if (const auto* move = std::get_if<Node::Move>(&root->kind))
+    if (const auto* move = std::get_if<Node::Transformed>(&root->kind))
         return Image(move->of).transformed(move->transform.then(transform));
     const bool upright = transform.keepsAxes();
     const Rect opaque = upright || root->opaque.isEverything() ? transform.apply(root->opaque) : Rect{};
-    return Image(made(Node::Move{root, transform}, transform.apply(root->extent), transform.apply(root->body),
-                      opaque, root->single && upright));
+    return Image(made(Node::Transformed{root, transform}, transform.apply(root->extent),
+                      transform.apply(root->body), opaque, root->single && upright));
 }
 
 Image Image::over(const Image& below, Blend blend) const {

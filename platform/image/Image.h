@@ -36,7 +36,7 @@ public:
 
     /// One colour without bounds.
     static Image colour(Colour colour);
-    /// A bitmap with its top left at the origin. Its pixels must not change any more; `opaque` tells that all
+    /// A bitmap with its top left at the origin. Its pixels must not change any more; `opaque` says that all
     /// of them are known to be.
     static Image bitmap(Bitmap bitmap, bool opaque = false);
     /// A decoded picture, upright, in square pixels, with its top left at the origin. HDR is tone-mapped.

@@ -27,19 +27,19 @@ struct ImageNode {
     struct Fill {
         Colour colour;
     };
-    struct Pixels {
+    struct BitmapPixels {
         Bitmap bitmap;
         bool opaque;
         int air; ///< pixels that are clear along its sides: with any it needs no smooth edges
     };
-    struct Picture {
+    struct FramePixels {
         Frame frame;
     };
     struct Crop {
         Ref of;
         Rect rect;
     };
-    struct Move {
+    struct Transformed {
         Ref of;
         Transform transform;
     };
@@ -95,8 +95,8 @@ struct ImageNode {
         Ref of;
         Filter filter; ///< within what can be drawn
     };
-    using Kind = std::variant<Fill, Pixels, Picture, Crop, Move, Over, Clamp, Fade, ZoomBlur, MotionBlur,
-                              Filtered, Mask, Gradient, RoundedRectangle, Later, Once>;
+    using Kind = std::variant<Fill, BitmapPixels, FramePixels, Crop, Transformed, Over, Clamp, Fade, ZoomBlur,
+                              MotionBlur, Filtered, Mask, Gradient, RoundedRectangle, Later, Once>;
 
     Kind kind;
     Rect extent;         ///< where there can be colour

@@ -24,46 +24,46 @@ constexpr bool keeps = true;
 #endif
 /// All that lies ready at once: a few frames' worth. More was no faster, and an export has little to spare
 /// beside its encoder.
-constexpr std::size_t mostKept = 48 << 20;
+constexpr std::size_t maxKept = 48 << 20;
 
-/// After so many further requests nobody will ask for that size again: a frame makes a few dozen at most.
+/// After this many further requests that size will not be asked for again: a frame makes a few dozen.
 constexpr std::uint64_t staleAfter = 100;
 
-struct Block {
+struct SpareBlock {
     std::uint8_t* memory = nullptr;
     std::size_t bytes = 0;
     std::uint64_t used = 0; ///< the count of requests when it was given back
 };
 
-void release(const Block& block) {
+void release(const SpareBlock& block) {
     ::operator delete[](block.memory, alignment);
 }
 
-/// Blocks that nobody uses, the longest unused first.
+/// Blocks that are not in use, the longest unused first.
 class SpareBlocks {
 public:
     /// A block that fits without much waste.
-    Block take(std::size_t bytes) {
+    SpareBlock take(std::size_t bytes) {
         const std::lock_guard lock(mutex);
         ++requests;
-        const auto found = std::find_if(blocks.rbegin(), blocks.rend(), [&](const Block& block) {
+        const auto found = std::find_if(blocks.rbegin(), blocks.rend(), [&](const SpareBlock& block) {
             return block.bytes >= bytes && block.bytes - bytes <= bytes / 4;
         });
         if (found == blocks.rend()) return {};
-        const Block block = *found;
+        const SpareBlock block = *found;
         blocks.erase(std::next(found).base());
         kept -= block.bytes;
         return block;
     }
 
-    void give(Block block) {
-        std::vector<Block> spare;
+    void give(SpareBlock block) {
+        std::vector<SpareBlock> spare;
         {
             const std::lock_guard lock(mutex);
             block.used = requests;
             blocks.push_back(block);
             kept += block.bytes;
-            while (!blocks.empty() && (kept > mostKept || requests - blocks.front().used > staleAfter)) {
+            while (!blocks.empty() && (kept > maxKept || requests - blocks.front().used > staleAfter)) {
                 spare.push_back(blocks.front());
                 kept -= blocks.front().bytes;
                 blocks.erase(blocks.begin());
@@ -74,7 +74,7 @@ public:
 
 private:
     std::mutex mutex;
-    std::vector<Block> blocks;
+    std::vector<SpareBlock> blocks;
     std::size_t kept = 0;
     std::uint64_t requests = 0;
 };
@@ -99,7 +99,7 @@ std::ptrdiff_t stride(std::ptrdiff_t bytes) {
 
 std::shared_ptr<std::uint8_t[]> take(std::size_t bytes) {
     const bool keeping = keeps && bytes >= worthKeeping;
-    Block block = keeping ? spareBlocks().take(bytes) : Block{};
+    SpareBlock block = keeping ? spareBlocks().take(bytes) : SpareBlock{};
     if (!block.memory) block = {static_cast<std::uint8_t*>(::operator new[](bytes, alignment)), bytes, 0};
     const auto done = [bytes = block.bytes, keeping](std::uint8_t* memory) {
         keeping ? spareBlocks().give({memory, bytes, 0}) : release({memory, bytes, 0});

@@ -32,8 +32,8 @@ double TileCache::level(double scale) {
     return std::ldexp(1.0, int(std::ceil(std::log2(wanted))));
 }
 
-TileCache::Level& TileCache::at(double scale, const PixelRect& whole) {
-    Level& found = levels[scale];
+TileCache::CachedLevel& TileCache::at(double scale, const PixelRect& whole) {
+    CachedLevel& found = levels[scale];
     if (!found.bitmap.empty()) return found;
     found.bitmap = Bitmap::toBeFilled(whole.width(), whole.height());
     found.cells = cellsOf(whole, whole);
@@ -42,7 +42,7 @@ TileCache::Level& TileCache::at(double scale, const PixelRect& whole) {
 }
 
 /// The first block of missing cells.
-PixelRect TileCache::missing(Level& level, const PixelRect& cells) {
+PixelRect TileCache::missing(CachedLevel& level, const PixelRect& cells) {
     const auto isMissing = [&](int column, int row) { return level.at(column, row) == Cell::missing; };
     for (int row = cells.top; row < cells.bottom; ++row) {
         for (int column = cells.left; column < cells.right; ++column) {
@@ -62,7 +62,7 @@ PixelRect TileCache::missing(Level& level, const PixelRect& cells) {
     return {};
 }
 
-bool TileCache::complete(Level& level, const PixelRect& cells) {
+bool TileCache::complete(CachedLevel& level, const PixelRect& cells) {
     for (int row = cells.top; row < cells.bottom; ++row) {
         for (int column = cells.left; column < cells.right; ++column) {
             if (level.at(column, row) != Cell::there) return false;
@@ -71,15 +71,15 @@ bool TileCache::complete(Level& level, const PixelRect& cells) {
     return true;
 }
 
-void TileCache::set(Level& level, const PixelRect& cells, Cell state) {
+void TileCache::set(CachedLevel& level, const PixelRect& cells, Cell state) {
     for (int row = cells.top; row < cells.bottom; ++row) {
         for (int column = cells.left; column < cells.right; ++column) level.at(column, row) = state;
     }
 }
 
 /// Draws a block of cells, which nobody else does meanwhile. Where that fails, another may try.
-void TileCache::drawBlock(Level& of, const PixelRect& block, const PixelRect& whole, const DrawTile& draw,
-                          std::unique_lock<std::mutex>& held) {
+void TileCache::drawBlock(CachedLevel& of, const PixelRect& block, const PixelRect& whole,
+                          const DrawTile& draw, std::unique_lock<std::mutex>& held) {
     Bitmap bitmap = of.bitmap;
     const Tile all{bitmap.row(0), bitmap.stride(), whole};
     auto outcome = Cell::missing;
@@ -101,7 +101,7 @@ void TileCache::drawBlock(Level& of, const PixelRect& block, const PixelRect& wh
 Bitmap TileCache::pixels(double level, const PixelRect& whole, const PixelRect& wanted,
                          const DrawTile& draw) {
     std::unique_lock held(lock);
-    Level& of = at(level, whole);
+    CachedLevel& of = at(level, whole);
     const auto cells = cellsOf(wanted, whole);
     while (!complete(of, cells)) {
         const auto block = missing(of, cells);

@@ -28,7 +28,7 @@ public:
 
 private:
     enum class Cell : std::uint8_t { missing, underWay, there };
-    struct Level {
+    struct CachedLevel {
         Bitmap bitmap;
         PixelRect cells; ///< counted from `whole`'s top left
         std::vector<Cell> states;
@@ -36,16 +36,16 @@ private:
         Cell& at(int column, int row) { return states[std::size_t(row) * cells.right + column]; }
     };
 
-    Level& at(double scale, const PixelRect& whole);
-    static PixelRect missing(Level& level, const PixelRect& cells);
-    static bool complete(Level& level, const PixelRect& cells);
-    void drawBlock(Level& of, const PixelRect& block, const PixelRect& whole, const DrawTile& draw,
+    CachedLevel& at(double scale, const PixelRect& whole);
+    static PixelRect missing(CachedLevel& level, const PixelRect& cells);
+    static bool complete(CachedLevel& level, const PixelRect& cells);
+    void drawBlock(CachedLevel& of, const PixelRect& block, const PixelRect& whole, const DrawTile& draw,
                    std::unique_lock<std::mutex>& held);
-    static void set(Level& level, const PixelRect& cells, Cell state);
+    static void set(CachedLevel& level, const PixelRect& cells, Cell state);
 
     std::mutex lock;
     std::condition_variable drawn;
-    std::map<double, Level> levels;
+    std::map<double, CachedLevel> levels;
 };
 
 }

@@ -30,7 +30,7 @@ Image counted(std::atomic<int>& count, double side = 400) {
 
 }
 
-TEST(Memos, arePixelsDrawnOnce) {
+TEST(TileCaches, arePixelsDrawnOnce) {
     std::atomic<int> count = 0;
     const Image once = counted(count).drawnOnce();
     const Image image = once.transformed(Transform().scaled(0.9, 0.9).rotated(20).translated(100, 40))
@@ -48,7 +48,7 @@ TEST(Memos, arePixelsDrawnOnce) {
     EXPECT_EQ(difference(target, stripes(400, 400)), 0);
 }
 
-TEST(Memos, areAsFineAsTheyAreSeen) {
+TEST(TileCaches, areAsFineAsTheyAreSeen) {
     std::atomic<int> count = 0;
     const Image plain = counted(count);
     for (const double scale : {1.0, 0.5, 0.25, 2.0}) {
@@ -71,7 +71,7 @@ TEST(Memos, areAsFineAsTheyAreSeen) {
     EXPECT_EQ(at(drawn(odd.clamped().transformed(Transform().scaled(0.5, 0.5)), 60, 60), 50, 20).alpha, 255);
 }
 
-TEST(Memos, hideOnlyWhatTheyCover) {
+TEST(TileCaches, hideOnlyWhatTheyCover) {
     const auto card = [](const Rect& rect) {
         return Image::gradient(rect, {200, 0, 0, 255}, {100, 0, 0, 255});
     };
@@ -88,7 +88,7 @@ TEST(Memos, hideOnlyWhatTheyCover) {
     EXPECT_FALSE(card({0, 0, 101, 101}).drawnOnce().node()->opaque.empty()) << "what is even hides all of it";
 }
 
-TEST(Memos, haveTheEdgesThatRepeat) {
+TEST(TileCaches, haveTheEdgesThatRepeat) {
     for (int round = 0; round < 12; ++round) drawn(Image::colour({9, 9, 9, 9}), 256, 600); // memory's content
     std::atomic<int> count = 0;
     const auto shown = [&](const Image& image) {
@@ -100,7 +100,7 @@ TEST(Memos, haveTheEdgesThatRepeat) {
     EXPECT_EQ(difference(target, drawn(shown(counted(count, 600)), 256, 600)), 0);
 }
 
-TEST(Memos, uponMemosCostNoMoreThanTheirNumber) {
+TEST(TileCaches, uponOthersCostNoMoreThanTheirNumber) {
     for (const auto& [overlays, alpha] : {std::pair{100, 255}, {1000, 0}}) {
         Image image = Image::colour({200, 30, 40, 255}).cropped({0, 0, 64, 64});
         for (int at = 0; at < overlays; ++at) {
@@ -113,7 +113,7 @@ TEST(Memos, uponMemosCostNoMoreThanTheirNumber) {
     }
 }
 
-TEST(Memos, areTheSameWhicheverThreadComesFirst) {
+TEST(TileCaches, areTheSameWhicheverThreadComesFirst) {
     std::atomic<int> count = 0;
     const auto scene = [&] {
         const Image once = counted(count).faded(0.7).drawnOnce();
@@ -134,7 +134,7 @@ TEST(Memos, areTheSameWhicheverThreadComesFirst) {
     }
 }
 
-TEST(Memos, thatFailAreTriedAgain) {
+TEST(TileCaches, thatFailAreTriedAgain) {
     int asked = 0;
     const Image once = Image::later({0, 0, 40, 40}, [&] {
                            if (++asked == 1) throw std::runtime_error("not yet");

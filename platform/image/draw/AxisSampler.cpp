@@ -13,7 +13,7 @@ using Kernels::Taps;
 /// Rows that are drawn on their side at a time: enough to fill vectors, few enough for a near cache.
 constexpr int turnedRows = 64;
 
-Kernels::Depth depthOf(const Frame& frame) {
+Kernels::SampleDepth depthOf(const Frame& frame) {
     if (frame.depth <= 8) return {1, 7, 0};
     if (frame.highBits || frame.depth >= 16) return {2, 0, 1};
     return {2, 15 - frame.depth, 0};
@@ -95,21 +95,21 @@ AxisSampler::AxisSampler(const Frame& frame, const Transform& toStored, const Pi
 }
 
 void AxisSampler::addPlane(const std::uint8_t* samples, std::ptrdiff_t stride, int values,
-                           Kernels::Depth depth, std::shared_ptr<const Axes> axes) {
-    const auto grow = [](auto& buffer, std::size_t least) {
-        if (buffer.size() < least + Kernels::slack) buffer.resize(least + Kernels::slack);
+                           Kernels::SampleDepth depth, std::shared_ptr<const Axes> axes) {
+    const auto grow = [](auto& buffer, std::size_t size) {
+        if (buffer.size() < size + Kernels::slack) buffer.resize(size + Kernels::slack);
     };
     const auto& across = axes->across;
     const std::size_t wide = across.taps.high - across.taps.low;
     grow(blended, wide * values);
     if (values == 2) grow(pairs, wide * 2);
-    grow(rows, axes->down.most);
+    grow(rows, axes->down.maxCount);
     for (auto& channel : channels) grow(channel, across.taps.outputs.size() * across.values + together);
     planes.push_back({samples, stride, values, depth, std::move(axes)});
 }
 
 /// Samples a row of one plane into its channels.
-void AxisSampler::samplePlane(const Plane& plane, int y, int from, int to, int channel) {
+void AxisSampler::samplePlane(const SampledPlane& plane, int y, int from, int to, int channel) {
     const auto& columns = plane.axes->across;
     const auto& across = columns.taps;
     const auto& down = plane.axes->down;

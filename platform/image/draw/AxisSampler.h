@@ -29,17 +29,17 @@ private:
     /// Where the samples of planes of one size fall on the canvas.
     struct Axes;
     /// One plane, of one, two or four values a sample.
-    struct Plane {
+    struct SampledPlane {
         const std::uint8_t* samples = nullptr; ///< the one at 0, 0
         std::ptrdiff_t stride = 0;
         int values = 1;
-        Kernels::Depth depth;
+        Kernels::SampleDepth depth;
         std::shared_ptr<const Axes> axes;
     };
 
-    void addPlane(const std::uint8_t* samples, std::ptrdiff_t stride, int values, Kernels::Depth depth,
+    void addPlane(const std::uint8_t* samples, std::ptrdiff_t stride, int values, Kernels::SampleDepth depth,
                   std::shared_ptr<const Axes> axes);
-    void samplePlane(const Plane& plane, int y, int from, int to, int channel);
+    void samplePlane(const SampledPlane& plane, int y, int from, int to, int channel);
     void row(int y, int from, int to, std::uint8_t* out);
     void colour(int skipped, int count, std::uint8_t* out);
     void fillTurned(const Tile& tile);
@@ -47,8 +47,8 @@ private:
     bool swapped = false; ///< rows of the canvas are columns of the picture
     bool opaque = false;
     bool alpha = false;
-    std::vector<Plane> planes;
-    Kernels::Matrix matrix;
+    std::vector<SampledPlane> planes;
+    Kernels::YCbCrMatrix matrix;
     const std::uint32_t* cube = nullptr;
     std::shared_ptr<const void> keeper;
     Bitmap bitmap;

@@ -8,14 +8,14 @@
 namespace murbo::DirectionalBlur {
 namespace {
 
-/// A long smear needs no fine grid along it: so many pixels are left of its half.
+/// A long blur needs no fine grid along it: half its length is left that many pixels.
 constexpr double reachKept = 8;
-/// A slanted smear is turned there and back, which costs most; from this reach on it is drawn at half size
+/// A slanted blur is turned there and back, which costs most; from this reach on it is drawn at half size
 /// across too.
 constexpr double coarseSlant = 40;
-/// Past this length, in pixels, a zoom smear is drawn at half size: what it would lose is smeared already.
+/// Past this length, in pixels, a zoom blur is drawn at half size: what that would lose is blurred already.
 constexpr double fineZoom = 10;
-/// Copies of a zoom smear lie no further apart than this, in pixels.
+/// Copies of a zoom blur lie no further apart than this, in pixels.
 constexpr double zoomSpacing = 1.5;
 
 Transform scaledFrom(Point centre, double scale) {

@@ -3,8 +3,8 @@
 #include "platform/image/Image.h"
 #include "platform/image/TileCache.h"
 #include "platform/image/draw/DirectionalBlur.h"
-#include "platform/image/draw/Grid.h"
 #include "platform/image/draw/Painter.h"
+#include "platform/image/draw/PixelGrid.h"
 
 #include <algorithm>
 #include <cmath>
@@ -45,7 +45,7 @@ bool hides(const Node::Over& over) {
 /// nothing.
 double levelOf(const Node& picture, const Transform& place) {
     const double scale = std::max(std::hypot(place.a, place.b), std::hypot(place.c, place.d));
-    const bool bitmap = std::holds_alternative<Node::Pixels>(picture.kind);
+    const bool bitmap = std::holds_alternative<Node::BitmapPixels>(picture.kind);
     return std::min(TileCache::level(scale), bitmap ? 1.0 : TileCache::finest);
 }
 
@@ -74,7 +74,7 @@ struct CachedPicture {
 
 Image imageOf(const Bitmap& pixels, bool opaque, int air) {
     const Rect extent{0, 0, double(pixels.width()), double(pixels.height())};
-    return Image(std::make_shared<Node>(Node::Pixels{pixels, opaque, air}, extent, extent,
+    return Image(std::make_shared<Node>(Node::BitmapPixels{pixels, opaque, air}, extent, extent,
                                         opaque ? extent : Rect{}, true));
 }
 
@@ -144,7 +144,7 @@ void Flattening::visit(const Node::Crop& crop, State& state) {
     descend(state, *crop.of);
 }
 
-void Flattening::visit(const Node::Move& move, State& state) {
+void Flattening::visit(const Node::Transformed& move, State& state) {
     if (move.transform.keepsAxes())
         state.limits = move.transform.inverse().apply(state.limits);
     else
@@ -187,7 +187,7 @@ void Flattening::visit(const Node::Clamp& clamp, State& state) {
 /// The repeated edges of a composite: what they frame is drawn by itself.
 void Flattening::addClamped(const ImageNode& picture, State& state) {
     if (tooDeep()) return;
-    const Grid grid = Grid::over(picture.extent, state.place, 1e9);
+    const PixelGrid grid = PixelGrid::over(picture.extent, state.place, 1e9);
     const auto way = state.place.inverse().then(grid.toGrid);
     const auto area = seenThrough(way, state.bounds).clampedTo(grid.whole);
     if (!Raster::holds(area)) return;

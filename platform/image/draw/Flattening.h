@@ -40,7 +40,7 @@ public:
 private:
     // The graph's operations (Flattening.cpp).
     void visit(const Node::Crop& crop, State& state);
-    void visit(const Node::Move& move, State& state);
+    void visit(const Node::Transformed& move, State& state);
     void visit(const Node::Fade& fade, State& state);
     void visit(const Node::Over& over, State& state);
     void visit(const Node::Clamp& clamp, State& state);
@@ -51,8 +51,8 @@ private:
     void visit(const Node::MotionBlur& blur, State& state);
     // What has pixels, which become a layer's (FlatteningLeaves.cpp).
     void visit(const Node::Fill& fill, State& state);
-    void visit(const Node::Pixels& pixels, State& state);
-    void visit(const Node::Picture& picture, State& state);
+    void visit(const Node::BitmapPixels& pixels, State& state);
+    void visit(const Node::FramePixels& picture, State& state);
     void visit(const Node::Gradient& gradient, State& state);
     void visit(const Node::RoundedRectangle& shape, State& state);
     // What is filtered (FlatteningFilters.cpp).

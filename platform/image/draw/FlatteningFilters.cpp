@@ -1,5 +1,4 @@
 #include "platform/image/draw/Flattening.h"
-#include "platform/image/draw/Strips.h"
 
 #include <algorithm>
 #include <cmath>
@@ -30,7 +29,7 @@ Transform uprightWay(const Transform& place) {
 /// Draws a picture and changes its rows while a strip of them lies in a near cache.
 DrawTile changed(DrawTile picture, std::vector<ChangeRow> rows) {
     return [picture = std::move(picture), rows = std::move(rows)](const Tile& tile) {
-        inStrips(tile, [&](const Tile& strip) {
+        tile.inStrips([&](const Tile& strip) {
             picture(strip);
             const auto& area = strip.area;
             for (const auto& change : rows) {

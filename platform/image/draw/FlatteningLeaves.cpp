@@ -1,10 +1,10 @@
 #include "platform/image/draw/AffineSampler.h"
 #include "platform/image/draw/AxisSampler.h"
 #include "platform/image/draw/Flattening.h"
-#include "platform/image/draw/Gradient.h"
-#include "platform/image/draw/Grid.h"
+#include "platform/image/draw/GradientSampler.h"
 #include "platform/image/draw/Painter.h"
-#include "platform/image/draw/RoundedRectangle.h"
+#include "platform/image/draw/PixelGrid.h"
+#include "platform/image/draw/RoundedRectangleSampler.h"
 #include "platform/image/kernels/Kernels.h"
 
 #include <algorithm>
@@ -13,7 +13,7 @@
 namespace murbo {
 namespace {
 
-/// Pixels at an angle may lie so much further apart than one before they count as skipped.
+/// Pixels at an angle may lie this much further than one apart before they count as skipped.
 constexpr double slack = 0.35;
 /// Pixels of the canvas beside one that may be averaged into it.
 constexpr int averaged = 2;
@@ -88,7 +88,7 @@ void Flattening::visit(const Node::Fill& fill, State& state) {
     layers.push_back(std::move(layer));
 }
 
-void Flattening::visit(const Node::Pixels& pixels, State& state) {
+void Flattening::visit(const Node::BitmapPixels& pixels, State& state) {
     const auto way = state.place.inverse();
     const Rect shown = takeLimits(state, skips(way) ? 0 : pixels.air);
     const PixelRect area{0, 0, pixels.bitmap.width(), pixels.bitmap.height()};
@@ -97,7 +97,7 @@ void Flattening::visit(const Node::Pixels& pixels, State& state) {
     addSeen(state, {pixels.bitmap, area, pixels.opaque}, way, limits);
 }
 
-void Flattening::visit(const Node::Picture& picture, State& state) {
+void Flattening::visit(const Node::FramePixels& picture, State& state) {
     const Rect shown = takeLimits(state);
     if (!state.place.keepsAxes()) return addTurned(state, shown);
     const auto& frame = picture.frame;
@@ -112,19 +112,20 @@ void Flattening::visit(const Node::Picture& picture, State& state) {
 void Flattening::visit(const Node::Gradient& gradient, State& state) {
     smooth(state);
     const bool opaque = gradient.first.alpha == 255 && gradient.last.alpha == 255;
-    add(state, opaque, drawnBy(std::make_shared<Gradient>(gradient, state.place)));
+    add(state, opaque, drawnBy(std::make_shared<GradientSampler>(gradient, state.place)));
 }
 
 void Flattening::visit(const Node::RoundedRectangle& shape, State& state) {
     smooth(state);
     const bool upright = state.place.keepsAxes();
     const Rect opaque = upright ? state.place.apply(state.node->opaque) : Rect{};
-    add(state, PixelRect::inside(opaque), drawnBy(std::make_shared<RoundedRectangle>(shape, state.place)));
+    add(state, PixelRect::inside(opaque),
+        drawnBy(std::make_shared<RoundedRectangleSampler>(shape, state.place)));
 }
 
 /// What of the node's picture may be shown, in its own space. Unless they repeat, its edges become smooth
 /// ones; on the canvas' own grid they fall between pixels. Where the picture is clear `air` pixels
-/// deep, it is only told where there is something.
+/// deep, the edges only say where there is something.
 Rect Flattening::takeLimits(State& state, int air) {
     const Rect& extent = state.node->extent;
     const bool uncut = state.limits.contains(extent);
@@ -150,7 +151,7 @@ void Flattening::addSeen(State& state, Raster raster, const Transform& way, cons
     if (!way.isShift() || !limits.contains(shifted(state.bounds, way)))
         return add(state, opaque, drawnBy(std::make_shared<AxisSampler>(raster, way, state.bounds, limits)));
     raster.area = shifted(raster.area, Transform().translated(-way.tx, -way.ty));
-    add(state, opaque, Layer::Still{std::move(raster)});
+    add(state, opaque, Layer::OnGrid{std::move(raster)});
 }
 
 /// A raster at an angle. Where the way squeezes it (a shear, uneven scales), it is drawn on a finer grid
@@ -175,7 +176,7 @@ void Flattening::addAtAngle(State& state, Raster raster, const Transform& way) {
 /// nothing is skipped, then turned.
 void Flattening::addTurned(State& state, const Rect& shown) {
     if (state.bounds.empty() || tooDeep()) return;
-    const Grid grid = Grid::over(state.node->extent, state.place, 1);
+    const PixelGrid grid = PixelGrid::over(state.node->extent, state.place, 1);
     const auto limits = PixelRect::touching(grid.toGrid.apply(shown)).clampedTo(grid.whole);
     const auto way = state.place.inverse().then(grid.toGrid);
     const auto area = seenThrough(way, state.bounds).clampedTo(limits);

@@ -17,10 +17,10 @@ struct Layer {
         std::uint32_t pixel;
     };
     /// Pixels that fall on the canvas' own grid.
-    struct Still {
+    struct OnGrid {
         Raster raster;
     };
-    using Content = std::variant<Flat, Still, DrawTile>;
+    using Content = std::variant<Flat, OnGrid, DrawTile>;
 
     Content content;
     PixelRect bounds; ///< nothing is drawn outside

@@ -31,7 +31,7 @@ void copy(const Raster& raster, const Tile& tile) {
 /// The layer's own pixels, without its edges and opacity.
 void draw(Layer& layer, const Tile& tile) {
     if (auto* draw = std::get_if<DrawTile>(&layer.content)) return (*draw)(tile);
-    if (auto* still = std::get_if<Layer::Still>(&layer.content)) return copy(still->raster, tile);
+    if (auto* onGrid = std::get_if<Layer::OnGrid>(&layer.content)) return copy(onGrid->raster, tile);
     const auto pixel = std::get<Layer::Flat>(layer.content).pixel;
     for (int y = tile.area.top; y < tile.area.bottom; ++y)
         Kernels::fill(pixel, tile.area.width(), tile.at(tile.area.left, y));
@@ -59,14 +59,14 @@ auto mixing(Blend blend) -> void (*)(const std::uint8_t*, int, std::uint8_t*) {
 /// Lays what needs no pixels of its own right over the tile.
 bool laidDirectly(Layer& layer, const Tile& tile) {
     if (layer.opacity != 255 || !layer.edges.empty() || !layer.masks.empty()) return false;
-    auto* still = std::get_if<Layer::Still>(&layer.content);
+    auto* onGrid = std::get_if<Layer::OnGrid>(&layer.content);
     const bool flat = std::holds_alternative<Layer::Flat>(layer.content) && layer.blend == Blend::normal;
-    if (!still && !flat) return false;
+    if (!onGrid && !flat) return false;
     const auto mix = mixing(layer.blend);
     for (int y = tile.area.top; y < tile.area.bottom; ++y) {
         auto* pixels = tile.at(tile.area.left, y);
-        if (still)
-            mix(still->raster.at(tile.area.left, y), tile.area.width(), pixels);
+        if (onGrid)
+            mix(onGrid->raster.at(tile.area.left, y), tile.area.width(), pixels);
         else
             Kernels::over(std::get<Layer::Flat>(layer.content).pixel, tile.area.width(), pixels);
     }
@@ -151,7 +151,7 @@ void paintStack(Layers& layers, std::size_t count, const Tile& target, const Pix
 void paint(Layers& layers, const Tile& tile) {
     const auto& area = tile.area;
     if (area.empty()) return;
-    // What lies over each other is painted while it is still in a near cache.
+    // What lies over each other is painted while it is onGrid in a near cache.
     const int rows = layers.size() > 1 ? std::max(scratchPixels / area.width(), 1) : area.height();
     for (int top = area.top; top < area.bottom; top += rows)
         paintStack(layers, layers.size(), tile,

@@ -17,7 +17,7 @@ struct Raster {
         return bitmap.row(y - area.top) + std::ptrdiff_t(x - area.left) * 4;
     }
 
-    /// Whether so much can be drawn by itself: what would need more (a shear without measure) is left out.
+    /// Whether an area is small enough to be drawn by itself: a larger one (of an extreme shear) is left out.
     static bool holds(const PixelRect& area);
     /// One of that area, to be filled.
     static Raster of(const PixelRect& area, bool opaque);

@@ -1,6 +1,7 @@
 #include "platform/image/filters/Blur.h"
 
 #include "platform/image/draw/PictureSource.h"
+#include "platform/image/filters/CoarseSigma.h"
 #include "platform/image/filters/Gauss.h"
 #include "platform/image/filters/Resampled.h"
 

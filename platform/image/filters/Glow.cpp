@@ -2,11 +2,11 @@
 
 #include "platform/image/draw/AxisSampler.h"
 #include "platform/image/draw/PictureSource.h"
-#include "platform/image/draw/Strips.h"
 #include "platform/image/filters/Blur.h"
+#include "platform/image/filters/CoarseSigma.h"
 #include "platform/image/filters/Gauss.h"
 #include "platform/image/filters/Resampled.h"
-#include "platform/image/kernels/FilterKernels.h"
+#include "platform/image/kernels/Kernels.h"
 
 #include <algorithm>
 #include <cmath>
@@ -93,7 +93,7 @@ public:
     GlowDrawing(Raster picture, DrawTile light) : base(std::move(picture)), glow(std::move(light)) {}
 
     void fill(const Tile& tile) {
-        inStrips(tile, [&](const Tile& strip) {
+        tile.inStrips([&](const Tile& strip) {
             const auto& at = strip.area;
             if (scratch.width() < at.width() || scratch.height() < at.height())
                 scratch = Bitmap::toBeFilled(at.width(), at.height());

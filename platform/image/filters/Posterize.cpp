@@ -1,6 +1,6 @@
 #include "platform/image/filters/Posterize.h"
 
-#include "platform/image/kernels/FilterKernels.h"
+#include "platform/image/kernels/Kernels.h"
 
 #include <algorithm>
 

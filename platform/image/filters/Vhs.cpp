@@ -1,9 +1,8 @@
 #include "platform/image/filters/Vhs.h"
 
 #include "platform/image/draw/PictureSource.h"
-#include "platform/image/draw/Strips.h"
 #include "platform/image/filters/ColourMatrix.h"
-#include "platform/image/kernels/FilterKernels.h"
+#include "platform/image/kernels/Kernels.h"
 
 #include <algorithm>
 #include <cmath>
@@ -56,7 +55,7 @@ public:
     void fill(const Tile& tile) {
         const auto& area = tile.area;
         const int wide = area.width() + margin;
-        inStrips(tile, [&](const Tile& strip) {
+        tile.inStrips([&](const Tile& strip) {
             const auto& part = strip.area;
             scratch.resize(std::size_t(wide) * part.height() * 4);
             const Tile sharp{scratch.data(),

@@ -1,6 +1,6 @@
 #include "platform/image/filters/Vignette.h"
 
-#include "platform/image/kernels/FilterKernels.h"
+#include "platform/image/kernels/Kernels.h"
 
 #include <algorithm>
 #include <cmath>

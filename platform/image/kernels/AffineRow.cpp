@@ -21,8 +21,8 @@ namespace murbo::Kernels::HWY_NAMESPACE {
 constexpr int marks = 64;
 constexpr int fraction = 15;
 
-/// Held near enough to the texture to be counted in 32 bits.
-int held(std::int64_t position, int length) {
+/// Kept near enough to the texture to be counted in 32 bits.
+int clampedTo(std::int64_t position, int length) {
     const std::int64_t beyond = std::int64_t(16384) << Line::bits;
     const std::int64_t farthest = std::int64_t(length + 8192) << Line::bits;
     return int(std::clamp(position, -beyond, farthest) >> (Line::bits - fraction));
@@ -189,7 +189,7 @@ void AffineRow(const Texture& texture, const Line& u, const Line& v, int from, i
     for (int at = from; at < to;) {
         const int mark = at & ~(marks - 1);
         const int end = std::min(to, mark + marks);
-        const int start[] = {held(u.at(mark), texture.width), held(v.at(mark), texture.height)};
+        const int start[] = {clampedTo(u.at(mark), texture.width), clampedTo(v.at(mark), texture.height)};
         turnStretch(texture, start, step, at - mark, end - at, out);
         out += std::ptrdiff_t(end - at) * 4;
         at = end;

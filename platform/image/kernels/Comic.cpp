@@ -1,4 +1,4 @@
-#include "platform/image/kernels/FilterKernels.h"
+#include "platform/image/kernels/Kernels.h"
 
 // This file is compiled once for each instruction set; the order of what follows matters.
 // clang-format off
@@ -41,7 +41,7 @@ void evenOut(const std::uint8_t* const* rows, const std::int16_t* weights, int t
     });
 }
 
-void EvenOutRows(const std::uint8_t* const* rows, const std::int16_t* weights, int taps, Depth depth,
+void EvenOutRows(const std::uint8_t* const* rows, const std::int16_t* weights, int taps, SampleDepth depth,
                  int tolerance, int count, std::int16_t* out) {
     if (depth.bytes == 1) return evenOut<true>(rows, weights, taps, tolerance, count, out);
     evenOut<false>(rows, weights, taps, tolerance, count, out);
@@ -77,9 +77,9 @@ void Ink(const std::int16_t* fine, const std::int16_t* coarse, int steep, int co
             hn::PromoteTo(signs, hn::Sub(hn::LoadU(narrow, coarse + at), hn::LoadU(narrow, fine + at)));
         const auto code =
             hn::Add(hn::ShiftRight<11>(hn::Mul(difference, hn::Set(signs, steep))), hn::Set(signs, 128));
-        const auto held = hn::Min(hn::Max(code, hn::Zero(signs)), hn::Set(signs, 255));
+        const auto clamped = hn::Min(hn::Max(code, hn::Zero(signs)), hn::Set(signs, 255));
         const auto colours = hn::And(load(d, pixels, at), hn::Set(d, 0x00FFFFFF));
-        store(d, hn::Or(colours, hn::ShiftLeft<24>(hn::BitCast(d, held))), pixels, at);
+        store(d, hn::Or(colours, hn::ShiftLeft<24>(hn::BitCast(d, clamped))), pixels, at);
     });
 }
 
@@ -100,7 +100,7 @@ void Comic(const ComicRow& print, int count, std::uint8_t* pixels) {
         const auto tone = hn::GatherIndex(d, print.tones, dotted);
 
         const auto ink =
-            hn::Mul(hn::Sub(hn::BitCast(signs, hn::ShiftRight<24>(found)), hn::Set(signs, print.least)),
+            hn::Mul(hn::Sub(hn::BitCast(signs, hn::ShiftRight<24>(found)), hn::Set(signs, print.minInk)),
                     hn::Set(signs, print.steep));
         const auto paper = hn::BitCast(d, hn::Sub(level, hn::Min(hn::Max(ink, hn::Zero(signs)), level)));
 
@@ -140,7 +140,7 @@ HWY_EXPORT(Ink);
 HWY_EXPORT(Comic);
 HWY_EXPORT(TakeAlpha);
 
-void evenOutRows(const std::uint8_t* const* rows, const std::int16_t* weights, int taps, Depth depth,
+void evenOutRows(const std::uint8_t* const* rows, const std::int16_t* weights, int taps, SampleDepth depth,
                  int tolerance, int count, std::int16_t* out) {
     HWY_DYNAMIC_DISPATCH(EvenOutRows)(rows, weights, taps, depth, tolerance, count, out);
 }

@@ -1,4 +1,4 @@
-#include "platform/image/kernels/FilterKernels.h"
+#include "platform/image/kernels/Kernels.h"
 
 // This file is compiled once for each instruction set; the order of what follows matters.
 // clang-format off

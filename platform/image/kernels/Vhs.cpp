@@ -1,4 +1,4 @@
-#include "platform/image/kernels/FilterKernels.h"
+#include "platform/image/kernels/Kernels.h"
 
 // This file is compiled once for each instruction set; the order of what follows matters.
 // clang-format off
@@ -37,14 +37,14 @@ void Vhs(const VhsRow& tape, const std::uint8_t* in, int count, std::uint8_t* ou
 
         const auto grain = mixed(d, hn::Xor(hn::LoadU(d, tape.grain + at), hn::Set(d, tape.seed)));
         const auto alpha = hn::ShiftRight<24>(here);
-        const auto most = hn::BitCast(words, inBothHalves(alpha));
+        const auto max = hn::BitCast(words, inBothHalves(alpha));
         const auto noise = [&](auto bits) {
             const auto random = hn::Mul(hn::BitCast(words, hn::And(bits, even)), hn::Set(words, tape.noise));
             return hn::Add(hn::ShiftRight<8>(random), hn::Set(words, tape.floor));
         };
         const auto light = hn::Set(signs, std::int16_t(tape.light));
         const auto lit = [&](auto channels, auto bits) {
-            const auto sum = hn::Min(hn::Add(channels, noise(bits)), most);
+            const auto sum = hn::Min(hn::Add(channels, noise(bits)), max);
             const auto product = hn::MulFixedPoint15(hn::BitCast(signs, hn::ShiftLeft<7>(sum)), light);
             return hn::BitCast(d,
                                hn::ShiftRight<7>(hn::BitCast(words, hn::Add(product, hn::Set(signs, 64)))));
