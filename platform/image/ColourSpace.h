@@ -18,7 +18,7 @@ Kernels::YCbCrMatrix toCube(const Frame& frame);
 /// HLG is decoded by ITU-R BT.2100 for a display of 1000 cd/m², PQ by its curve. Channels is then measured by
 /// the reference white of BT.2408, 203 cd/m²: up to half of it stays as it is, so that skin and rooms look as
 /// they were exposed; above, a shoulder (Reinhard's, extended) brings 1000 cd/m² to white, bright colours
-/// paling towards it. Primaries outside BT.709 are drawn in along the distance from grey, not cut off. The
+/// paling towards it. Colours outside BT.709 are drawn in along the distance from grey, not cut off. The
 /// result is coded for a BT.1886 display.
 const std::uint32_t* cube(const Frame& frame);
 

@@ -50,6 +50,8 @@ TEST(Canvas, showsPixelsThemselvesAtWholePlaces) {
     EXPECT_EQ(at(drawn(image.transformed(Transform().translated(3, 2)), 40, 40), 10, 9), at(bitmap, 7, 7));
     const auto turned = Transform().rotated(90).translated(20, 0);
     EXPECT_EQ(at(drawn(image.transformed(turned), 20, 30), 19 - 4, 11), at(bitmap, 11, 4));
+    const auto leftward = Transform().rotated(-90).translated(0, 30);
+    EXPECT_EQ(at(drawn(image.transformed(leftward), 20, 30), 4, 29 - 11), at(bitmap, 11, 4));
     const auto mirrored = Transform().scaled(-1, 1).translated(30, 0);
     EXPECT_EQ(at(drawn(image.transformed(mirrored), 30, 20), 29 - 7, 5), at(bitmap, 7, 5));
     EXPECT_EQ(at(drawn(image.transformed(Transform().scaled(3, 3)), 90, 60), 3 * 8 + 1, 3 * 6 + 1),
