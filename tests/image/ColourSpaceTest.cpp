@@ -139,8 +139,8 @@ TEST(ColourSpaces, turnedFramesAreTheUprightOnesTurned) {
 
 TEST(ColourSpaces, chromaLiesWhereItsSiteSays) {
     // A colour that rises steeply along the picture, again and again, is found by its place, not by its
-    // neighbour's: half a pixel off is two levels and more.
-    const auto wave = [](double pixels) { return 0.5 + 0.1 * std::sin(pixels * 0.25); };
+    // neighbour's: half a pixel off is three levels.
+    const auto wave = [](double pixels) { return 0.5 + 0.1 * std::sin(pixels * 0.15); };
     const auto ramp = [wave](double siteX, double siteY) {
         return [=](int plane, double x, double y) {
             if (plane == 0) return 0.5;

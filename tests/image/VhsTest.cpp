@@ -57,3 +57,24 @@ TEST(Vhs, hasNoiseThatJumpsFromPictureToPicture) {
     EXPECT_EQ(neighbours, side) << "grains are two rows high";
     EXPECT_NEAR(largest - least, 0.08 * 255, 3);
 }
+
+TEST(Vhs, hasRedFurtherToTheRight) {
+    const Image box = Image::colour(Colour::white).cropped({60, 0, 60, side});
+    const auto found =
+        drawn(box.over(Image::colour(Colour::black)).cropped(whole).clamped().filtered(Filters::Vhs{6, 0, 2}),
+              side, side);
+    for (int y = 4; y < side; y += 30) {
+        const auto left = at(found, 62, y);
+        EXPECT_LT(left.red, 60) << "the left edge is cyan";
+        EXPECT_GT(std::min(left.green, left.blue), 170);
+        const auto right = at(found, 122, y);
+        EXPECT_GT(right.red, 130) << "the right edge is red";
+        EXPECT_LT(std::max(right.green, right.blue), 60);
+        EXPECT_LT(at(found, 128, y).red, 60) << "six pixels and no more";
+    }
+    const auto half = drawn(
+        box.over(Image::colour(Colour::black)).cropped(whole).clamped().filtered(Filters::Vhs{2.5, 0, 2}),
+        side, side);
+    EXPECT_NEAR(at(half, 62, 4).red, (at(half, 61, 4).red + at(half, 63, 4).red) / 2.0, 25)
+        << "between pixels";
+}

@@ -6,7 +6,7 @@
 
 namespace murbo::Filters {
 
-/// An old tape: pale, red bleeding to the right, noise that jumps and lines that run.
+/// An old tape: pale, red lying further to the right, noise that jumps and lines that run.
 struct Vhs {
     double bleed = 6;       ///< pixels
     double lines = 0;       ///< pixels that the lines have run down

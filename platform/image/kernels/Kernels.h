@@ -147,8 +147,8 @@ void keepBright(const std::uint32_t* shares, int count, std::uint8_t* pixels);
 struct VhsRow {
     const std::uint32_t* grain; ///< for each pixel, where its grain of noise starts
     std::uint32_t seed;         ///< of the row and the moment
-    int whole;                  ///< red comes from so many pixels to the left,
-    int part;                   ///< and so many 1/256
+    int whole;                  ///< red comes from that many pixels to the left,
+    int part;                   ///< and that many 1/256
     int noise;                  ///< the most that is added, in 1/256 of full light
     int floor;                  ///< the least
     int light;                  ///< what lines leave, in 1/2^15

@@ -31,8 +31,7 @@ void Vhs(const VhsRow& tape, const std::uint8_t* in, int count, std::uint8_t* ou
         const auto bled = hn::ShiftRight<8>(hn::Add(hn::Mul(near, hn::Set(d, std::uint32_t(256 - tape.part))),
                                                     hn::Mul(far, hn::Set(d, std::uint32_t(tape.part)))));
         const auto even = hn::Set(d, 0x00FF00FF);
-        const auto blueRed =
-            hn::Max(hn::BitCast(words, hn::And(here, even)), hn::BitCast(words, hn::ShiftLeft<16>(bled)));
+        const auto blueRed = hn::BitCast(words, hn::Or(hn::And(here, level), hn::ShiftLeft<16>(bled)));
         const auto greenAlpha = hn::BitCast(words, hn::And(hn::ShiftRight<8>(here), even));
 
         const auto grain = mixed(d, hn::Xor(hn::LoadU(d, tape.grain + at), hn::Set(d, tape.seed)));
