@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/image/Bitmap.h"
-#include "platform/image/Planes.h"
 
 #include <cstddef>
 #include <optional>

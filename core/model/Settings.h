@@ -9,12 +9,12 @@ namespace murbo {
 namespace Settings {
 
 /// Which class of model a task wants: routine work, or judgement across the footage.
-enum class ModelClass { light, judgement };
+enum class Model { light, judgement };
 
 inline constexpr const char* standardTranscriptionModel = "elevenlabs/scribe-v2";
 
 /// The id of the model to ask.
-std::string model(ModelClass wanted);
+std::string model(Model wanted);
 
 /// The id of the paid model that turns speech to text.
 std::string transcriptionModel();

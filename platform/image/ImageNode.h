@@ -1,102 +1,92 @@
 #pragma once
 
-#include "platform/image/Bitmap.h"
-#include "platform/image/Blend.h"
-#include "platform/image/Colour.h"
-#include "platform/image/Filter.h"
-#include "platform/image/Frame.h"
-#include "platform/image/Geometry.h"
-#include "platform/image/TileCache.h"
+#include "platform/image/Image.h"
 
-#include <functional>
-#include <memory>
 #include <variant>
 #include <vector>
 
 namespace murbo {
 
+class Memo;
+
 /// One operation of an image's graph. What a canvas asks again and again (extents, what is surely opaque) is
 /// worked out once, when the node is made.
 ///
 /// A new operation is a struct here, a function in `Image`, its extents in Image.cpp and a case in
-/// `Flattening`.
-struct ImageNode {
-    /// A node that others may share; never null within a graph.
-    using Ref = std::shared_ptr<const ImageNode>;
-
+/// Layers.cpp.
+struct Image::Node {
     struct Fill {
         Colour colour;
     };
-    struct BitmapPixels {
+    struct Pixels {
         Bitmap bitmap;
         bool opaque;
         int air; ///< pixels that are clear along its sides: with any it needs no smooth edges
     };
-    struct FramePixels {
+    struct Picture {
         Frame frame;
     };
     struct Crop {
-        Ref of;
+        Image of;
         Rect rect;
     };
-    struct Transformed {
-        Ref of;
+    struct Move {
+        Image of;
         Transform transform;
     };
     struct Over {
-        Ref above;
-        Ref below;
+        Image above;
+        Image below;
         Blend blend;
     };
     struct Mask {
-        Ref of;
-        Ref mask;
+        Image of;
+        Image mask;
     };
-    /// One colour above `from`, another below `to`, and an even passage from one to the other between.
-    struct Gradient {
+    /// One colour above `from`, another below `to`, and what leads from one to the other between.
+    struct Ramp {
         double from;
         double to;
         Colour first;
         Colour last;
     };
-    struct RoundedRectangle {
+    struct Rounded {
         Rect rect;
         double radius; ///< at most half the shorter side
         double line;   ///< how wide the line along the edge; 0 fills the shape
         Colour colour;
-
-        /// Some rectangle, as large as there is one, that the shape covers wholly.
-        Rect solid() const;
     };
     struct Later {
-        std::function<Ref()> make;
+        std::function<Image()> make;
     };
     struct Once {
-        Ref of;
-        std::shared_ptr<TileCache> cache;
+        Image of;
+        std::shared_ptr<Memo> memo;
     };
     struct Clamp {
-        Ref of;
+        Image of;
     };
     struct Fade {
-        Ref of;
+        Image of;
         double opacity; ///< 0 to 1, exclusive
     };
     struct ZoomBlur {
-        Ref of;
+        Image of;
         Point centre;
-        double spread; ///< natural logarithm of the scale from a smear's inner end to its outer one
+        double
+            spread; ///< natural logarithm of the scale that leads from a smear's inner end to its outer one
     };
     struct MotionBlur {
-        Ref of;
+        Image of;
         Point reach; ///< the smear's half, from its middle to one end
     };
     struct Filtered {
-        Ref of;
-        Filter filter; ///< within what can be drawn
+        Image of;
+        Filter filter;                                           ///< within what can be drawn
+        std::shared_ptr<const std::vector<std::uint32_t>> table; ///< a cube's colours, packed
     };
-    using Kind = std::variant<Fill, BitmapPixels, FramePixels, Crop, Transformed, Over, Clamp, Fade, ZoomBlur,
-                              MotionBlur, Filtered, Mask, Gradient, RoundedRectangle, Later, Once>;
+    using Kind = std::variant<Fill, Pixels, Picture, Crop, Move, Over, Clamp, Fade, ZoomBlur, MotionBlur,
+                              Filtered, Mask, Ramp, Rounded, Later, Once>;
 
     Kind kind;
     Rect extent;         ///< where there can be colour
@@ -105,17 +95,20 @@ struct ImageNode {
     bool single = false; ///< one picture, at most cropped, faded and moved along the axes: clamping it is
                          ///< sampling it so
 
-    ImageNode(Kind what, Rect extent, Rect body, Rect opaque, bool single);
-    ~ImageNode();
-    ImageNode(const ImageNode&) = delete;
-    ImageNode& operator=(const ImageNode&) = delete;
-
-    /// Whether it is known to be opaque all over an area, seen through `place`.
-    bool covers(const Transform& place, const Rect& area) const;
+    Node(Kind what, Rect extent, Rect body, Rect opaque, bool single);
+    ~Node();
+    static Image imageOf(Pixels pixels);
+    Node(const Node&) = delete;
+    Node& operator=(const Node&) = delete;
 
 private:
-    struct Remains;
-    void giveUp(Remains& remains);
+    struct Waiting;
+    void giveUp(Waiting& children);
 };
+
+/// Whether upright rectangles stay upright ones: no turn but by quarters, no shear.
+bool keepsAxes(const Transform& transform);
+/// Whether pixels stay pixels, moved by whole ones.
+bool isShift(const Transform& transform);
 
 }

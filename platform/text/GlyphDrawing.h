@@ -1,8 +1,6 @@
 #pragma once
 
-#include "platform/text/GlyphPicture.h"
-
-#include <pango/pango.h>
+#include "platform/text/Workbench.h"
 
 namespace murbo {
 

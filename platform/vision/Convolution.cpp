@@ -15,8 +15,7 @@ namespace murbo::NetworkKernels::HWY_NAMESPACE {
 /// Sums of `pixels` results side by side and `vectors` vectors of outputs each: enough to keep the adders
 /// busy, few enough to stay in registers.
 template <int pixels, int vectors, typename D>
-HWY_INLINE void convolveBlock(D d, const ConvolutionWindow& window, const float* input, int firstOutput,
-                              float* output) {
+HWY_INLINE void convolveBlock(D d, const Window& window, const float* input, int firstOutput, float* output) {
     const int lanes = int(hn::Lanes(d));
     const int length = window.columns * window.channels;
     hn::VFromD<D> sums[pixels][vectors];
@@ -42,7 +41,7 @@ HWY_INLINE void convolveBlock(D d, const ConvolutionWindow& window, const float*
 }
 
 template <int pixels>
-HWY_INLINE void convolvePixels(const ConvolutionWindow& window, const float* input, float* output) {
+HWY_INLINE void convolvePixels(const Window& window, const float* input, float* output) {
     int at = 0;
     const auto run = [&](auto d, auto vectors) {
         const int step = vectors() * int(hn::Lanes(d));
@@ -55,7 +54,7 @@ HWY_INLINE void convolvePixels(const ConvolutionWindow& window, const float* inp
     run(hn::CappedTag<float, 1>(), std::integral_constant<int, 1>());
 }
 
-void Convolve(const ConvolutionWindow& window, const float* input, int pixels, float* output) {
+void Convolve(const Window& window, const float* input, int pixels, float* output) {
     constexpr int together = 4;
     int at = 0;
     for (; at + together <= pixels; at += together)
@@ -67,7 +66,7 @@ void Convolve(const ConvolutionWindow& window, const float* input, int pixels, f
 }
 
 template <int pixels, typename D>
-HWY_INLINE void depthwiseBlock(D d, const ConvolutionWindow& window, const float* input, float* output) {
+HWY_INLINE void depthwiseBlock(D d, const Window& window, const float* input, float* output) {
     hn::VFromD<D> sums[pixels];
     for (int p = 0; p < pixels; ++p) sums[p] = hn::LoadU(d, window.bias);
     for (int row = 0; row < window.rows; ++row) {
@@ -85,10 +84,10 @@ HWY_INLINE void depthwiseBlock(D d, const ConvolutionWindow& window, const float
         hn::StoreU(activated(d, sums[p], window.activation), d, output + std::ptrdiff_t(p) * window.channels);
 }
 
-void ConvolveDepthwise(const ConvolutionWindow& window, const float* input, int pixels, float* output) {
+void ConvolveDepthwise(const Window& window, const float* input, int pixels, float* output) {
     constexpr int together = 4;
     inLanes(std::size_t(window.channels), [&](auto d, std::size_t channel) {
-        ConvolutionWindow part = window;
+        Window part = window;
         part.weights += channel;
         part.bias += channel;
         const float* from = input + channel;
@@ -112,11 +111,11 @@ namespace murbo::NetworkKernels {
 HWY_EXPORT(Convolve);
 HWY_EXPORT(ConvolveDepthwise);
 
-void convolve(const ConvolutionWindow& window, const float* input, int pixels, float* output) {
+void convolve(const Window& window, const float* input, int pixels, float* output) {
     HWY_DYNAMIC_DISPATCH(Convolve)(window, input, pixels, output);
 }
 
-void convolveDepthwise(const ConvolutionWindow& window, const float* input, int pixels, float* output) {
+void convolveDepthwise(const Window& window, const float* input, int pixels, float* output) {
     HWY_DYNAMIC_DISPATCH(ConvolveDepthwise)(window, input, pixels, output);
 }
 

@@ -24,7 +24,7 @@ PlayerItem item(const std::vector<double>& lengths) {
 /// A playback on a clock that the test turns.
 struct Played {
     double now = 0;
-    Playback playback{[this] { return now; }, nullptr};
+    Playback playback{[this] { return now; }, {}, nullptr, nullptr};
     int times = 0;
     int rates = 0;
 

@@ -1,5 +1,7 @@
 #include "app/editor/playback/Playback.h"
 
+#include "app/editor/playback/PreviewVolume.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -10,20 +12,30 @@ constexpr double framesWithoutItem = 30;
 constexpr double lastPicture = 0.01; // seconds before the end that still show one
 constexpr double atEnd = 0.05;       // seconds from the end at which play begins anew
 constexpr double stopEarly = 0.02;   // seconds before an end at which play stops: ticks come that seldom
+constexpr double noTime = 1e-6;      // seconds
 constexpr int tickEvery = 10;        // milliseconds
 
 }
 
-Playback::Playback(QObject* parent) : Playback(PlayerClock::computer, parent) {}
+Playback::Playback(QObject* parent) : Playback(PlayerClock::computer, {}, nullptr, parent) {}
 
-Playback::Playback(PlayerClock::Now now, QObject* parent)
-    : QObject(parent), player(std::move(now)), frames(framesWithoutItem) {
+Playback::Playback(PlayerClock::Now now, SoundPlayer::MakeOutput makeOutput, PreviewVolume* volume,
+                   QObject* parent)
+    : QObject(parent), player(std::move(now), std::move(makeOutput)), frames(framesWithoutItem) {
     ticking.setTimerType(Qt::PreciseTimer);
     ticking.setInterval(tickEvery);
-    connect(&ticking, &QTimer::timeout, this, [this] { tick(player.place()); });
+    connect(&ticking, &QTimer::timeout, this, &Playback::report);
+    if (!volume) return;
+    const auto follow = [this, volume] { player.setVolume(volume->volume()); };
+    connect(volume, &PreviewVolume::changed, this, follow);
+    follow();
 }
 
 Playback::~Playback() = default;
+
+void Playback::setSink(std::shared_ptr<FrameSink> sink, int width, int height) {
+    player.setSink(std::move(sink), width, height);
+}
 
 QString Playback::sourceText() const {
     return shownSource ? QString::fromStdString(shownSource->text()) : QString();
@@ -36,13 +48,11 @@ void Playback::load(PlayerItem item, double place) {
     stopAt.reset();
     const double rate = item.composition.rate;
     const double length = item.composition.length();
-    player.load(std::move(item), 0);
-    setFrames(rate);
     setPlayable({0, length});
     setTime(inSpan(place));
-    player.seek(at);
-    player.setRate(before);
-    setRate(player.rate());
+    player.load(std::move(item), at);
+    setFrames(rate);
+    if (before != 0) run(before);
 }
 
 void Playback::unload() {
@@ -100,17 +110,15 @@ void Playback::playPause() {
     takeOver();
     if (player.rate() != 0) return halt();
     if (at >= playable.to - atEnd) seek(playable.from);
-    player.setRate(1);
-    setRate(player.rate());
+    run(1);
 }
 
 void Playback::play(Stretch stretch) {
     takeOver();
     halt();
     seek(stretch.from);
-    player.setRate(1);
     stopAt = std::isnan(stretch.to) ? playable.to : std::min(stretch.to, playable.to);
-    setRate(player.rate());
+    run(1);
 }
 
 void Playback::pause() {
@@ -123,8 +131,7 @@ void Playback::shuttle(bool forward) {
     const double now = player.rate();
     const bool same = forward ? now > 0 : now < 0;
     const double faster = same ? std::min(2 * std::abs(now), fastest) : 1;
-    player.setRate(forward ? faster : -faster);
-    setRate(player.rate());
+    run(forward ? faster : -faster);
 }
 
 void Playback::step(double by) {
@@ -136,10 +143,10 @@ void Playback::step(double by) {
 void Playback::skim(double to) {
     if (!isLoaded() || std::isnan(to)) return;
     if (!beforeSkim) {
-        beforeSkim = at;
         rateBefore = player.rate();
         wasPlaying = rateBefore != 0;
         halt();
+        beforeSkim = at;
     }
     skimPlace = std::clamp(to, 0.0, player.length());
     player.skim(skimPlace);
@@ -148,8 +155,7 @@ void Playback::skim(double to) {
 void Playback::endScrub() {
     closeSkim();
     if (!std::exchange(wasPlaying, false)) return;
-    player.setRate(rateBefore);
-    setRate(player.rate());
+    run(rateBefore);
 }
 
 std::optional<double> Playback::skimmed() const {
@@ -164,7 +170,16 @@ void Playback::tick(double place) {
     const bool done = speed > 0 ? at >= end - stopEarly : speed < 0 && at <= playable.from + stopEarly;
     if (!done) return;
     if (speed > 0) stopAt.reset();
-    halt();
+    player.stand(at);
+    setRate(0);
+}
+
+/// Ticks with the player's place. Where frames are that short the last one is let on before play ends.
+void Playback::report() {
+    double place = player.place();
+    const double end = stopAt.value_or(playable.to);
+    if (speed > 0 && place < end - 1 / frames) place = std::min(place, end - stopEarly - noTime);
+    tick(place);
 }
 
 /// Brings a skim's picture back to where it began.
@@ -179,9 +194,18 @@ void Playback::takeOver() {
     stopAt.reset();
 }
 
+/// Stands still where it is.
 void Playback::halt() {
-    player.setRate(0);
+    if (player.rate() != 0) {
+        setTime(player.place());
+        player.stand(at);
+    }
     setRate(0);
+}
+
+void Playback::run(double rate) {
+    player.run(rate);
+    setRate(player.rate());
 }
 
 void Playback::setTime(double time) {

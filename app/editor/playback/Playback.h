@@ -26,9 +26,17 @@ class Playback : public QObject {
 public:
     static constexpr double fastest = 8; ///< what `shuttle` doubles up to
 
+    /// Without sound, on the computer's clock.
     explicit Playback(QObject* parent = nullptr);
-    Playback(PlayerClock::Now now, QObject* parent);
+    /// See Player. The level is that of `volume`, which must outlive this.
+    Playback(PlayerClock::Now now, SoundPlayer::MakeOutput makeOutput, PreviewVolume* volume,
+             QObject* parent);
     ~Playback() override;
+
+    /// Who takes the pictures, drawn for so many pixels; none draws nothing. See PicturePlayer.
+    void setSink(std::shared_ptr<FrameSink> sink, int width, int height);
+    /// How many pictures were shown, and how many came too late.
+    PicturePlayer::Counts counts() const { return player.counts(); }
 
     double time() const { return at; }
     Stretch span() const { return playable; } ///< what may be played
@@ -90,7 +98,9 @@ private:
     void setFrames(double rate);
     void closeSkim();
     void takeOver();
+    void run(double rate);
     void halt();
+    void report();
     double inSpan(double time) const;
 
     Player player;

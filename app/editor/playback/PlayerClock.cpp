@@ -9,23 +9,27 @@ double PlayerClock::computer() {
     return duration<double>(steady_clock::now().time_since_epoch()).count();
 }
 
+double PlayerClock::rate() const {
+    const std::lock_guard hold(lock);
+    return speed;
+}
+
 double PlayerClock::place() const {
+    const std::lock_guard hold(lock);
     return speed == 0 ? anchor : anchor + speed * (clock() - since);
 }
 
-void PlayerClock::set(double place) {
+void PlayerClock::stand(double place) {
+    const std::lock_guard hold(lock);
     anchor = place;
-    since = clock();
+    speed = 0;
 }
 
-void PlayerClock::setRate(double rate) {
-    set(place());
-    speed = rate;
-}
-
-void PlayerClock::follow(Now now) {
-    anchor = place();
+void PlayerClock::run(double place, double rate, Now now) {
+    const std::lock_guard hold(lock);
     clock = std::move(now);
+    anchor = place;
+    speed = rate;
     since = clock();
 }
 

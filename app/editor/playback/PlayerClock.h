@@ -1,11 +1,12 @@
 #pragma once
 
 #include <functional>
+#include <mutex>
 
 namespace murbo {
 
-/// Where a player stands: a place in seconds that runs on at a rate, by any clock that gives seconds. Plain
-/// and unguarded: whoever shares one holds a lock around it.
+/// Where a player stands: a place in seconds that runs on at a rate, by any clock that gives seconds. Any
+/// thread may use it.
 class PlayerClock {
 public:
     using Now = std::function<double()>;
@@ -15,17 +16,16 @@ public:
 
     explicit PlayerClock(Now now = computer) : clock(std::move(now)) {}
 
-    double rate() const { return speed; } ///< seconds a second, signed; 0 stands still
+    double rate() const; ///< seconds a second, signed; 0 stands still
     double place() const;
 
-    /// Goes to a place; the rate stays.
-    void set(double place);
-    /// Runs on at another rate from the place where it is.
-    void setRate(double rate);
-    /// Lets another clock lead from here on.
-    void follow(Now now);
+    /// Stands still at a place.
+    void stand(double place);
+    /// Runs on from a place at a rate, with this clock to lead.
+    void run(double place, double rate, Now now);
 
 private:
+    mutable std::mutex lock;
     Now clock;
     double speed = 0;
     double anchor = 0; ///< the place at `since`

@@ -10,9 +10,10 @@ namespace murbo {
 
 namespace {
 
-constexpr double nearStep = 0.2; // seconds; who asks again within this is playing
+constexpr double nearStep = 0.2;  // seconds; who asks again within this is playing
+constexpr double liveReach = 1.5; // seconds that are sooner decoded than jumped
 constexpr double stillsASecond = 30;
-constexpr std::size_t maxStills = 91;
+constexpr std::size_t mostStills = 91;
 constexpr double longest = 1e9; // seconds
 
 std::int64_t bytesOf(const Frame& frame) {
@@ -23,20 +24,17 @@ std::int64_t bytesOf(const Frame& frame) {
 
 }
 
-Footage::Footage(std::filesystem::path given, std::int64_t maxBytes)
-    : file(std::move(given)), maxStillBytes(maxBytes) {}
+Footage::Footage(std::filesystem::path given, std::int64_t stillBytesAtMost)
+    : file(std::move(given)), mostStillBytes(stillBytesAtMost) {}
 
 std::optional<Image> Footage::frame(double time) {
     const std::lock_guard hold(lock);
     if (!open() || std::isnan(time)) return {};
     time = std::clamp(time, -longest, longest);
-    const bool near = isNear(time);
+    const bool plays = isLive(time) || isNear(time);
     asked = time;
-    // Two times within a millisecond are one; part of that the reader allows by itself.
-    time += Times::samePlace - FrameReader::tolerance;
     // Played or picked out alone, and in whatever order, a time has one picture.
-    const bool plays = near || (forward && forward->reaches(time));
-    return plays ? playing(time) : still(time);
+    return plays ? playing(time + Times::samePlace) : still(time + Times::samePlace);
 }
 
 double Footage::length() {
@@ -68,14 +66,18 @@ bool Footage::isNear(double time) const {
     return asked && *asked - Times::samePlace <= time && time <= *asked + nearStep;
 }
 
+bool Footage::isLive(double time) const {
+    return current && current->time <= time + Times::samePlace && time <= current->time + liveReach;
+}
+
 std::optional<Image> Footage::playing(double time) {
     try {
         if (!forward) forward = FrameReader::open(file, FrameReader::Purpose::playing);
-        if (const auto found = forward->at(time)) return Image::frame(found->frame);
+        current = forward->at(time);
     } catch (const Problem&) {
-        // What a single picture makes of it.
+        current.reset();
     }
-    return still(time);
+    return current ? Image::frame(current->frame) : still(time);
 }
 
 std::optional<Image> Footage::still(double time) {
@@ -88,8 +90,8 @@ std::optional<Image> Footage::still(double time) {
     return stills.at(key).image;
 }
 
-void Footage::keep(std::int64_t key, KeptStill still) {
-    if (stills.size() >= maxStills || stillBytes + still.bytes > maxStillBytes) {
+void Footage::keep(std::int64_t key, Still still) {
+    if (stills.size() >= mostStills || stillBytes + still.bytes > mostStillBytes) {
         stills.clear();
         stillBytes = 0;
     }

@@ -2,7 +2,6 @@
 
 #include "platform/image/Bitmap.h"
 #include "platform/image/Image.h"
-#include "platform/image/Planes.h"
 
 namespace murbo {
 

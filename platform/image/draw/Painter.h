@@ -1,6 +1,8 @@
 #pragma once
 
-#include "platform/image/draw/Layer.h"
+#include "platform/image/draw/Layers.h"
+
+#include <span>
 
 namespace murbo::Painter {
 

@@ -1,0 +1,205 @@
+#include "app/editor/playback/Player.h"
+#include "core/render/Stills.h"
+#include "tests/TemporaryFolder.h"
+#include "tests/playback/Recorder.h"
+#include "tests/render/Samples.h"
+
+#include <atomic>
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+namespace murbo {
+namespace {
+
+constexpr int side = 240;
+constexpr int rate = 30;
+
+/// A player on a clock that the test turns, showing a video of numbered footage.
+class Showing {
+public:
+    explicit Showing(const std::vector<samples::Stretch>& stretches, int footageRate = rate) {
+        for (const char* name : {"a.mp4", "b.mp4"}) samples::writeNumbered(folder / name, 150, footageRate);
+        project = samples::project({folder / "a.mp4", folder / "b.mp4"});
+        video = samples::video(project, stretches);
+        load(0);
+    }
+
+    PlayerItem item() const { return PlayerItem::video(video, project, {}, "", std::nullopt); }
+    void load(double at) {
+        player.load(item(), at);
+        player.setSink(recorder, side, side);
+    }
+
+    /// The still of a time, for the size of the view.
+    Bitmap still(double at) const {
+        CaptionCache captions;
+        const auto image = Stills::frame(video, project, {}, "", std::nullopt, at, std::nullopt, captions);
+        const auto frame = Plan::frameSize(video.aspect);
+        return samples::drawn(image.transformed(Transform().scaled(side / frame.width, side / frame.height)),
+                              side, side);
+    }
+    /// The number that a frame of the movie shows; -1 where it is black.
+    int expected(std::int64_t frame) const {
+        const auto& composition = player.item()->composition;
+        const auto moment = composition.moment(frame);
+        if (composition.segments[moment.segment].file.empty()) return -1;
+        return static_cast<int>(std::floor(moment.at * rate + 0.01));
+    }
+    void turnTo(double time) { now = time; }
+
+    std::atomic<double> now = 0;
+    TemporaryFolder folder;
+    Project project;
+    Video video;
+    std::shared_ptr<Recorder> recorder = std::make_shared<Recorder>();
+    Player player{[this] { return now.load(); }};
+};
+
+TEST(Player, aStandingPictureIsTheStill) {
+    Showing showing({{0, 1, 2}, {1, 0.5, 1.5}, {0, 3, 4}});
+    const struct {
+        double asked, shown; // just before a cut is at it
+    } cases[] = {{0, 0},       {0.5, 0.5}, {0.517, 0.517}, {0.99999, 1},       {1.7, 1.7},
+                 {2.99, 2.99}, {0.4, 0.4}, {2, 2},         {0.36667, 0.36667}, {2.95, 2.95}};
+    for (const auto& [asked, shown] : cases) {
+        showing.player.stand(asked);
+        const auto frame = showing.recorder->next(
+            [time = shown](const auto& each) { return each.exact && each.time == time; });
+        ASSERT_TRUE(frame) << asked;
+        EXPECT_TRUE(samples::same(frame->picture, showing.still(asked))) << asked;
+    }
+}
+
+TEST(Player, playShowsEveryFrameOnceOverAllCuts) {
+    Showing showing({{0, 1, 1.5}, {0, 1.5, 1.8}, {1, 2, 2.4}, {0, 0.2, 0.3}, {1, 2.6, 3}, {1, 0, 0.5}});
+    showing.video.cuts.edit().insert(showing.video.cuts.begin() + 2,
+                                     Cut::generated("none", 1, std::nullopt, 0.2));
+    showing.load(0);
+    const auto last = showing.player.item()->composition.frameCount() - 1;
+    ASSERT_TRUE(showing.recorder->exact());
+    showing.player.run(1);
+    for (std::int64_t frame = 1; frame <= last; ++frame) {
+        showing.turnTo(static_cast<double>(frame) / rate);
+        const auto shown = showing.recorder->number(frame);
+        ASSERT_TRUE(shown) << frame;
+        EXPECT_EQ(samples::numberIn(shown->picture), showing.expected(frame)) << frame;
+    }
+    EXPECT_EQ(showing.player.counts().dropped, 0);
+}
+
+TEST(Player, playBackwardShowsEveryFrameOfEveryCut) {
+    for (const int speed : {1, 4}) {
+        Showing showing({{0, 1, 3}, {1, 0.5, 2}, {0, 3, 4.5}});
+        const double start = 5; // the end
+        showing.load(start);
+        ASSERT_TRUE(showing.recorder->exact());
+        showing.player.run(-speed);
+        for (std::int64_t frame = 149 - speed; frame >= 0; frame -= speed) {
+            showing.turnTo((start - static_cast<double>(frame) / rate) / speed);
+            const auto shown = showing.recorder->number(frame);
+            ASSERT_TRUE(shown) << frame;
+            EXPECT_NEAR(samples::numberIn(shown->picture), showing.expected(frame), speed / 2) << frame;
+        }
+        EXPECT_EQ(showing.player.counts().dropped, 0);
+    }
+}
+
+TEST(Player, framesThatComeTooLateAreDroppedAndCounted) {
+    Showing showing({{0, 0, 4}});
+    ASSERT_TRUE(showing.recorder->exact());
+    showing.player.run(1);
+    showing.turnTo(0.1);
+    ASSERT_TRUE(showing.recorder->number(3));
+    showing.turnTo(2);
+    const auto shown = showing.recorder->next([](const auto& frame) { return frame.number >= 60; });
+    ASSERT_TRUE(shown);
+    EXPECT_EQ(samples::numberIn(shown->picture), shown->number);
+    const auto numbers = showing.recorder->numbers();
+    EXPECT_TRUE(std::ranges::is_sorted(numbers));
+    EXPECT_GE(showing.player.counts().dropped, 40);
+}
+
+TEST(Player, aNewPlanIsDrawnAtOnceAndStopsNothing) {
+    Showing showing({{0, 0, 4}});
+    ASSERT_TRUE(showing.recorder->exact());
+    auto plan = *showing.player.item()->composition.box->plan();
+    plan.shots[0].shot.zoom = 2;
+    showing.player.refresh(plan);
+    const auto changed = showing.recorder->exact();
+    ASSERT_TRUE(changed);
+    EXPECT_FALSE(samples::same(changed->picture, showing.still(0)));
+    showing.player.run(1);
+    for (std::int64_t frame = 1; frame <= 20; ++frame) {
+        if (frame % 5 == 0) showing.player.refresh(plan);
+        showing.turnTo(static_cast<double>(frame) / rate);
+        ASSERT_TRUE(showing.recorder->number(frame)) << frame;
+    }
+    EXPECT_EQ(showing.player.counts().dropped, 0);
+}
+
+TEST(Player, aSkimEndsOnTheRightPicture) {
+    Showing showing({{0, 0, 4}});
+    for (const double at : {3.5, 0.2, 2.71}) {
+        showing.player.skim(at);
+        const auto frame =
+            showing.recorder->next([at](const auto& each) { return each.exact && each.time == at; });
+        ASSERT_TRUE(frame);
+        EXPECT_TRUE(samples::same(frame->picture, showing.still(at)));
+    }
+}
+
+TEST(Player, stepsInAnyOrderShowTheRightFrame) {
+    Showing showing({{0, 0, 2}, {1, 1, 3}});
+    std::vector<std::int64_t> frames{60, 59, 58, 57, 56, 61, 62, 30, 29, 28, 27, 26, 25,  24, 23, 22,
+                                     21, 20, 19, 18, 17, 16, 15, 14, 13, 12, 11, 10, 119, 0,  1,  118};
+    for (const auto frame : frames) {
+        showing.player.stand((static_cast<double>(frame) + 0.3) / rate);
+        const auto shown =
+            showing.recorder->next([frame](const auto& each) { return each.exact && each.number == frame; });
+        ASSERT_TRUE(shown) << frame;
+        EXPECT_EQ(samples::numberIn(shown->picture), showing.expected(frame)) << frame;
+    }
+}
+
+TEST(Player, filesThatVanishOrShrinkStopNothing) {
+    Showing showing({{0, 0, 2}, {1, 1, 3}, {0, 3, 4}});
+    ASSERT_TRUE(showing.recorder->exact());
+    showing.player.run(1);
+    for (std::int64_t frame = 1; frame < 150; ++frame) {
+        if (frame == 20) std::filesystem::resize_file(showing.folder / "a.mp4", 20000);
+        if (frame == 70) std::filesystem::remove(showing.folder / "b.mp4");
+        showing.turnTo(static_cast<double>(frame) / rate);
+        ASSERT_TRUE(showing.recorder->number(frame)) << frame;
+    }
+    samples::writeNumbered(showing.folder / "a.mp4", 30, rate); // replaced by a shorter one
+    showing.load(1.5);
+    const auto after = showing.recorder->next([](const auto& frame) { return frame.number == 45; });
+    ASSERT_TRUE(after);
+    EXPECT_EQ(samples::numberIn(after->picture), 29);
+    showing.player.stand(2.5); // in the file that is gone
+    const auto black = showing.recorder->next([](const auto& frame) { return frame.number == 75; });
+    ASSERT_TRUE(black);
+    EXPECT_EQ(samples::numberIn(black->picture), -1);
+}
+
+TEST(Player, manyOrdersAtOnceEndOnTheLast) {
+    Showing showing({{0, 0, 3}, {1, 0, 2}, {0, 1, 4}});
+    for (int turn = 0; turn < 60; ++turn) {
+        const double at = std::fmod(turn * 1.37, 7.9);
+        if (turn % 7 == 3) showing.player.run(turn % 2 == 0 ? 2 : -1);
+        if (turn % 5 == 1) showing.player.skim(at);
+        if (turn % 11 == 4) showing.load(at);
+        if (turn % 13 == 6) showing.player.setSink(turn % 2 == 0 ? nullptr : showing.recorder, side, side);
+        showing.player.seek(at);
+    }
+    showing.player.setSink(showing.recorder, side, side);
+    showing.player.stand(4.2);
+    const auto frame =
+        showing.recorder->next([](const auto& each) { return each.exact && each.time == 4.2; });
+    ASSERT_TRUE(frame);
+    EXPECT_TRUE(samples::same(frame->picture, showing.still(4.2)));
+}
+
+}
+}
