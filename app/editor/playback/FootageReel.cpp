@@ -3,6 +3,8 @@
 #include "platform/base/Problem.h"
 
 #include <algorithm>
+#include <chrono>
+#include <utility>
 
 namespace murbo {
 namespace {
@@ -28,6 +30,10 @@ double bytesOf(const Frame& frame) {
 
 FootageReel::FootageReel(fs::path file) : path(std::move(file)) {}
 
+FootageReel::~FootageReel() {
+    stopBefore.request_stop();
+}
+
 bool FootageReel::isCurrent() const {
     std::error_code error;
     return reader && fs::last_write_time(path, error) == changed && fs::file_size(path, error) == size;
@@ -48,6 +54,8 @@ bool FootageReel::open() {
 
 std::optional<Frame> FootageReel::at(double time, const std::stop_token& stop) {
     if (!open()) return std::nullopt;
+    asked = time;
+    awaitBefore(time, stop);
     try {
         if (!holds(time)) {
             if (isNear(time))
@@ -130,27 +138,57 @@ void FootageReel::jump(double time, const std::stop_token& stop) {
     readOn(time, stop);
 }
 
-void FootageReel::readBefore(double time, const std::stop_token& stop) {
-    const auto few = static_cast<std::ptrdiff_t>(std::min(fewBefore, most() / 2));
-    if (kept.empty() || startsFile || kept.front().time < time - reach(few)) return;
-    std::deque<FrameReader::TimedFrame> before;
+void FootageReel::readBefore(double time) {
+    takeBefore();
+    const auto few = std::min(fewBefore, most() / 2);
+    if (before.valid() || kept.empty() || startsFile || kept.front().time < time - reach(few)) return;
     const double edge = kept.front().time;
+    beforeFrom = edge - reach(most() * 2 / 3);
+    stopBefore = {};
+    before =
+        std::async(std::launch::async, [reader = std::exchange(behind, std::nullopt), file = path,
+                                        from = beforeFrom, edge, stop = stopBefore.get_token()]() mutable {
+            return readUpTo(std::move(reader), file, from, edge, stop);
+        });
+}
+
+FootageReel::Before FootageReel::readUpTo(std::optional<FrameReader> reader, const fs::path& path,
+                                          double from, double edge, const std::stop_token& stop) {
+    Before read;
+    read.edge = edge;
     try {
-        readerIsThere = false;
-        auto frame = reader->at(edge - reach(most() * 2 / 3), stop);
+        read.reader = reader ? std::move(reader) : FrameReader::open(path);
+        auto frame = read.reader->at(from, stop);
         while (frame && frame->time < edge && !stop.stop_requested()) {
-            before.push_back(std::move(*frame));
-            frame = reader->next();
+            read.frames.push_back(std::move(*frame));
+            frame = read.reader->next();
         }
-        if (!frame || frame->time != edge || stop.stop_requested()) return; // no seam
+        read.whole = frame && frame->time == edge;
     } catch (const Problem&) {
-        return;
+        read.whole = false;
     }
-    startsFile = false;
-    kept.insert(kept.begin(), before.begin(), before.end());
-    while (kept.size() > most() && kept[kept.size() - 2].time > time + reader->slack()) {
+    return read;
+}
+
+/// Takes what was read, and waits for it where it will hold the time.
+void FootageReel::awaitBefore(double time, const std::stop_token& stop) {
+    if (!before.valid()) return;
+    const bool comes = !kept.empty() && time < kept.front().time && time >= beforeFrom;
+    while (comes && !stop.stop_requested() &&
+           before.wait_for(std::chrono::milliseconds(2)) != std::future_status::ready) {
+    }
+    takeBefore();
+}
+
+void FootageReel::takeBefore() {
+    if (!before.valid() || before.wait_for(std::chrono::seconds(0)) != std::future_status::ready) return;
+    auto read = before.get();
+    behind = std::move(read.reader);
+    if (!read.whole || kept.empty() || kept.front().time != read.edge) return; // the place is another by now
+    kept.insert(kept.begin(), read.frames.begin(), read.frames.end());
+    while (kept.size() > most() && kept[kept.size() - 2].time > asked + reader->slack()) {
         kept.pop_back();
-        endsFile = false;
+        endsFile = readerIsThere = false;
     }
     while (kept.size() > most()) kept.pop_front();
 }
@@ -172,6 +210,7 @@ void FootageReel::keep(FrameReader::TimedFrame frame) {
 }
 
 void FootageReel::forget() {
+    stopBefore.request_stop();
     kept.clear();
     startsFile = endsFile = readerIsThere = false;
 }

@@ -4,6 +4,7 @@
 
 #include <deque>
 #include <filesystem>
+#include <future>
 #include <optional>
 #include <stop_token>
 
@@ -17,6 +18,9 @@ namespace murbo {
 class FootageReel {
 public:
     explicit FootageReel(std::filesystem::path file);
+    FootageReel(FootageReel&&) noexcept = default;
+    FootageReel& operator=(FootageReel&&) noexcept = default;
+    ~FootageReel();
 
     const std::filesystem::path& file() const { return path; }
     /// Whether what was opened is still what lies at the path.
@@ -35,12 +39,25 @@ public:
 
     /// Whether a time is kept, or reached by reading on for a moment.
     bool isNear(double time) const;
-    /// Reads what lies before a time where little of that is kept, for steps back. Costs a jump.
-    void readBefore(double time, const std::stop_token& stop);
+    /// Begins to read what lies before a time, where little of that is kept, on a thread of its own: a step
+    /// back need not wait for all that lies between it and its keyframe.
+    void readBefore(double time);
     /// Lets all pictures go but the last.
     void thin();
 
 private:
+    /// What was read up to the first of the kept.
+    struct Before {
+        std::optional<FrameReader> reader; ///< to be used again
+        std::deque<FrameReader::TimedFrame> frames;
+        double edge = 0;    ///< the time of the first kept
+        bool whole = false; ///< the last is followed by that one
+    };
+
+    static Before readUpTo(std::optional<FrameReader> reader, const std::filesystem::path& path, double from,
+                           double edge, const std::stop_token& stop);
+    void awaitBefore(double time, const std::stop_token& stop);
+    void takeBefore();
     std::optional<Frame> lastBefore(double time) const;
     void readOn(double time, const std::stop_token& stop);
     void jump(double time, const std::stop_token& stop);
@@ -58,6 +75,12 @@ private:
     bool startsFile = false;                  ///< before the first kept there is none
     bool endsFile = false;                    ///< after the last kept there is none
     bool readerIsThere = false;               ///< the reader goes on after the last kept
+    double asked = 0;                         ///< seconds, the last time
+
+    std::optional<FrameReader> behind; ///< reads what lies before; on loan to `before` while that is at work
+    std::future<Before> before;
+    double beforeFrom = 0;
+    std::stop_source stopBefore;
 };
 
 }

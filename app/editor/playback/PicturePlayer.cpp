@@ -157,7 +157,7 @@ void PicturePlayer::standStill(const Order& now) {
     }
     const auto picture = footage.at(moment, 0, now.superseded);
     if (now.superseded.stop_requested() || !deliver(now, moment, picture, number)) return;
-    footage.readAround(moment, now.superseded);
+    footage.readAround(moment);
 }
 
 /// Draws frame after frame a little ahead of the clock until another order comes.

@@ -56,18 +56,23 @@ PlayedFootage::Picture PlayedFootage::backward(const VideoComposition::Moment& m
     auto picture = reel.at(moment.at);
     if (!picture && current && current->file() == segment.file)
         if (const auto frame = current->atHand(moment.at)) return {Image::frame(*frame), segment.source};
-    if (current && current->open()) current->thin();
     if (!picture) {
         reel.wait(moment.at, stop);
         picture = reel.at(moment.at);
     }
+    if (!picture && !stop.stop_requested()) return nearest(moment, segment);
+    if (current) current->thin();
     return {picture, segment.source, false};
 }
 
 PlayedFootage::Picture PlayedFootage::nearest(const VideoComposition::Moment& moment) {
     const auto& segment = composition->segments[moment.segment];
     reversed.clear();
-    if (segment.file.empty()) return {};
+    return segment.file.empty() ? Picture{} : nearest(moment, segment);
+}
+
+PlayedFootage::Picture PlayedFootage::nearest(const VideoComposition::Moment& moment,
+                                              const Segment& segment) {
     auto& reel = reelFor(moment.segment, moment.at);
     if (!reel.open()) return {};
     if (const auto frame = reel.atHand(moment.at)) return {Image::frame(*frame), segment.source, false};
@@ -76,7 +81,7 @@ PlayedFootage::Picture PlayedFootage::nearest(const VideoComposition::Moment& mo
     return {Image::frame(near->frame), segment.source, false};
 }
 
-void PlayedFootage::readAround(const VideoComposition::Moment& moment, const std::stop_token& stop) {
+void PlayedFootage::readAround(const VideoComposition::Moment& moment) {
     const auto& segment = composition->segments[moment.segment];
     const auto passed = std::llround((moment.time - segment.start) * composition->rate);
     const auto next = neighbour(moment.segment, passed < nearEdge ? -1 : 1);
@@ -85,8 +90,7 @@ void PlayedFootage::readAround(const VideoComposition::Moment& moment, const std
         const double last = there.from + there.length - 1.0 / composition->rate;
         prepare(*next, *next < moment.segment ? std::max(last, there.from) : there.from);
     }
-    if (!segment.file.empty() && current && current->file() == segment.file)
-        current->readBefore(moment.at, stop);
+    if (!segment.file.empty() && current && current->file() == segment.file) current->readBefore(moment.at);
 }
 
 /// Whether one reel plays both without a jump.

@@ -41,11 +41,12 @@ public:
     /// A picture near the moment that is quickly had.
     Picture nearest(const VideoComposition::Moment& moment);
     /// Makes ready what a step from a moment may ask for, while nothing else is to be done.
-    void readAround(const VideoComposition::Moment& moment, const std::stop_token& stop);
+    void readAround(const VideoComposition::Moment& moment);
 
 private:
     using Segment = VideoComposition::Segment;
 
+    Picture nearest(const VideoComposition::Moment& moment, const Segment& segment);
     FootageReel& reelFor(std::size_t segment, double at);
     void openAnew(const std::filesystem::path& file);
     void prepare(std::size_t segment, double at);

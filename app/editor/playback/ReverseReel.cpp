@@ -13,6 +13,7 @@ namespace {
 constexpr double smallPixels = 640 * 360; // enough while it runs; the picture that it stops on is whole
 constexpr std::size_t mostPictures = 160; // 55 MB
 constexpr auto look = std::chrono::milliseconds(5);
+constexpr int mostLooks = 30;
 
 int even(double size) {
     return std::max(2, 2 * static_cast<int>(std::lround(size / 2)));
@@ -97,10 +98,21 @@ void ReverseReel::take() {
     if (!done) begin(std::move(reader), current.from - apart / 2);
 }
 
+/// Leaves what is coming, which would come too late, for what lies before a time.
+void ReverseReel::beginAnew(double end) {
+    stopping.request_stop();
+    auto reader = coming.get().reader;
+    stopping = {};
+    current = {};
+    begin(std::move(reader), end);
+}
+
 std::optional<Image> ReverseReel::at(double time) {
     if (coming.valid() && (current.pictures.empty() || time < current.from - apart / 2) &&
         coming.wait_for(std::chrono::seconds(0)) == std::future_status::ready)
         take();
+    const double covered = comingEnd - static_cast<double>(mostPictures) * apart;
+    if (coming.valid() && time >= first && time < covered) beginAnew(time);
     auto& pictures = current.pictures;
     // Those that have been shown make room.
     while (pictures.size() > 1 && pictures.back().time > time + apart / 2) pictures.pop_back();
@@ -110,8 +122,9 @@ std::optional<Image> ReverseReel::at(double time) {
 
 void ReverseReel::wait(double time, const std::stop_token& stop) {
     const bool ready = !current.pictures.empty() && (done || time >= current.from - apart / 2);
-    while (!ready && coming.valid() && !stop.stop_requested() &&
-           coming.wait_for(look) != std::future_status::ready) {
+    for (int looks = 0; looks < mostLooks && !ready && coming.valid() && !stop.stop_requested() &&
+                        coming.wait_for(look) != std::future_status::ready;
+         ++looks) {
     }
 }
 

@@ -26,7 +26,7 @@ public:
     /// The picture that is on at a time, where it is ready, within the step: as large as the file's own, but
     /// softer. Times are asked for in falling order.
     std::optional<Image> at(double time);
-    /// Waits until there is a picture for a time, or none to be had, or `stop` came.
+    /// Waits a little for the picture of a time; no longer than it may be missed for, nor when `stop` came.
     void wait(double time, const std::stop_token& stop);
 
 private:
@@ -44,12 +44,14 @@ private:
                         double end, double step, const std::stop_token& stop);
     void begin(std::optional<FrameReader> reader, double end);
     void take();
+    void beginAnew(double end);
 
     const std::filesystem::path path;
     const double first;
     const double apart;
     std::stop_source stopping;
     std::future<Stretch> coming;
+    double comingEnd = 0; ///< where the stretch that is coming ends
     Stretch current;
     bool done = false; ///< nothing before the current stretch
 };
