@@ -23,7 +23,8 @@ inline const std::filesystem::path& folder() {
 }
 
 inline std::string quoted(const std::filesystem::path& path) {
-    return "'" + path.string() + "'";
+    std::string word = "'"; // by steps: GCC 12 warns falsely of a sum that begins with letters
+    return word.append(path.string()).append("'");
 }
 
 /// Makes a file in that folder, once, and answers its path. `arguments` stand between "ffmpeg -y" and the

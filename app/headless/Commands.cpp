@@ -10,6 +10,7 @@
 #include "platform/base/Files.h"
 #include "platform/base/Problem.h"
 #include "platform/base/Text.h"
+#include "platform/media/MediaFile.h"
 #include "platform/vision/SubjectMask.h"
 
 #include <cstdio>
@@ -34,6 +35,16 @@ std::vector<fs::path> pathsUpToOption(Commands::Words::const_iterator from,
     return paths;
 }
 
+/// Of the files that a person named, those that did not become footage; of a folder's only its movies count.
+void remarkRefused(const std::vector<fs::path>& given, const std::vector<fs::path>& movies) {
+    for (const auto& path : given)
+        if (std::error_code unknown; !fs::is_directory(path, unknown) && !Intake::isMovie(path))
+            Commands::remark("“" + path.filename().string() +
+                             "” was left out: its name is not that of a movie.");
+    for (const auto& path : movies)
+        if (const auto why = Commands::whyUnusable(path)) Commands::remark(*why);
+}
+
 /// The markers file that the words name or that lies beside the recording.
 std::optional<fs::path> markersFile(const fs::path& recording, const Commands::Words& words) {
     if (words.size() > 2 && !isOption(words[2])) return Commands::path(words[2]);
@@ -53,7 +64,7 @@ fs::path Commands::path(const std::string& word) {
     const auto typed = fs::absolute(word, error);
     auto tidy = typed.lexically_normal();
     if (!tidy.has_filename() && tidy.has_relative_path()) tidy = tidy.parent_path();
-    // Behind a symbolic link ".." may lead elsewhere than it reads.
+    // After a symbolic link ".." may lead elsewhere than it reads.
     const bool same = word.find("..") == word.npos || fs::equivalent(typed, tidy, error) || error;
     return same ? tidy : fs::weakly_canonical(typed, error);
 }
@@ -71,6 +82,17 @@ Commands::Opened Commands::open(const std::string& word) {
     auto project = ProjectPackage::read(package);
     auto missing = SourceFinder::find(project);
     return {std::move(package), std::move(project), std::move(missing)};
+}
+
+void Commands::remark(const std::string& line) {
+    std::fputs((line + "\n").c_str(), stderr);
+}
+
+std::optional<std::string> Commands::whyUnusable(const fs::path& file) try {
+    if (MediaFile::facts(file).length > 0) return {};
+    return "“" + file.filename().string() + "” has no length that could be read.";
+} catch (const Problem& problem) {
+    return problem.message();
 }
 
 void Commands::version(const Arguments&, const Words&) {
@@ -92,7 +114,10 @@ void Commands::addFiles(const Arguments&, const Words& words) {
     const auto lock = PackageLock::lock(path(words[0]));
     auto [package, project, missing] = open(words[0]);
     const auto before = project;
-    const auto files = Intake::lengths(Intake::videos(pathsUpToOption(words.begin() + 1, words.end())));
+    const auto given = pathsUpToOption(words.begin() + 1, words.end());
+    const auto movies = Intake::videos(given);
+    const auto files = Intake::lengths(movies);
+    if (files.size() < movies.size() || movies.size() < given.size()) remarkRefused(given, movies);
     std::vector<fs::path> kept;
     for (const auto& file : files) kept.push_back(file.path);
     Sources::add(project, files, Intake::groupName(kept), Source::Kind::file);
@@ -107,7 +132,10 @@ void Commands::addStream(const Arguments&, const Words& words) {
     const auto recording = path(words[1]);
     const auto name = recording.filename().string();
     const auto measured = Intake::lengths({recording});
-    if (measured.empty()) throw Problem(name + " could not be read.");
+    if (measured.empty()) {
+        if (const auto why = whyUnusable(recording)) remark(*why);
+        throw Problem(name + " could not be read.");
+    }
     const auto markers = markersFile(recording, words);
     Sources::StreamNotes notes;
     if (markers) notes = {Text::repaired(markers->filename().string()), Markers::text(*markers), {}};

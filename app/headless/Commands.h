@@ -4,13 +4,14 @@
 #include "core/model/Project.h"
 
 #include <filesystem>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
 namespace murbo {
 
-/// The headless commands. Each takes the whole command line and the words behind its own option, prints what
+/// The headless commands. Each takes the whole command line and the words after its own option, prints what
 /// it did, and throws a Problem where it could not.
 namespace Commands {
 
@@ -40,6 +41,12 @@ std::filesystem::path path(const std::string& word);
 
 /// Puts a line on standard output. Throws a Problem where it can't be written.
 void print(const std::string& line);
+
+/// Puts a line on standard error: what a person is to know, while the command goes on.
+void remark(const std::string& line);
+
+/// Why a file can't be used as footage, in words for the owner; nothing where it can.
+std::optional<std::string> whyUnusable(const std::filesystem::path& file);
 
 }
 

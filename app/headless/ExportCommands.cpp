@@ -11,6 +11,7 @@
 #include "platform/base/Problem.h"
 #include "platform/base/Text.h"
 
+#include <algorithm>
 #include <fstream>
 
 #include <fmt/format.h>
@@ -22,6 +23,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr double stillQuality = 0.85;
+constexpr double smoothRate = 16; // frames a second; with fewer, motion falls apart into pictures
 
 /// The first video with a tag, which may be typed in either case.
 const Video& video(const std::string& tag, const Project& project) {
@@ -42,18 +44,35 @@ std::vector<double> times(std::string_view list) {
 }
 
 void writePlainly(const fs::path& file, const std::string& bytes) {
-    std::ofstream stream(file, std::ios::binary);
     errno = 0;
+    std::ofstream stream(file, std::ios::binary);
     if (!stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).flush())
         throw Problem("“" + file.filename().string() + "” could not be written: " + Files::cause(errno) +
                       ".");
+}
+
+/// Names the footage that can't be shown: an export goes on without it.
+void remarkBlackCuts(const Video& video, const Commands::Opened& opened) {
+    for (const auto& source : opened.project.sources) {
+        const auto isOfIt = [&](const Cut& cut) { return cut.source == source.id && !cut.generator; };
+        if (std::ranges::none_of(video.cuts, isOfIt)) continue;
+        const auto why = Commands::whyUnusable(source.path);
+        if (why) Commands::remark(*why + " Its cuts are black.");
+    }
 }
 
 /// The frame rate asked for, else that of the footage.
 double frameRate(const Arguments& arguments, const Video& video, const Commands::Opened& opened) {
     const auto asked = arguments.value("--fps");
     const auto rate = asked ? Numbers::parse(*asked) : std::nullopt;
-    return rate ? *rate : VideoComposition::sourceRate(video, opened.project, opened.missing);
+    if (rate) return *rate;
+    const double found = VideoComposition::sourceRate(video, opened.project, opened.missing);
+    if (found < smoothRate)
+        Commands::remark(
+            fmt::format("The footage has {:.0f} pictures a second, and so will the movie: captions and "
+                        "moves are as jerky. With --fps 30 they are smooth.",
+                        found));
+    return found;
 }
 
 }
@@ -67,6 +86,7 @@ void Commands::stills(const Arguments&, const Words& words) {
     const OwnFiles own(opened.project, shown, plan);
     own.refuse(folder);
     Files::createFolder(folder);
+    remarkBlackCuts(shown, opened);
     CaptionCache captions;
     PlaybookMedia media;
     for (const double time : times(words[2])) {
@@ -82,6 +102,7 @@ void Commands::stills(const Arguments&, const Words& words) {
 void Commands::movie(const Arguments& arguments, const Words& words) {
     const auto opened = open(words[0]);
     const auto& shown = video(words[1], opened.project);
+    remarkBlackCuts(shown, opened);
     const double rate = frameRate(arguments, shown, opened);
     const auto file = path(words[2]);
     const Interruption interruption;

@@ -7,7 +7,7 @@
 namespace murbo {
 
 /// While it lives, Ctrl-C and a request to end ask for a stop instead of killing the program, so that long
-/// work can tidy up behind itself. A second one kills at once. Made before the threads of that work, which
+/// work can tidy up after itself. A second one kills at once. Made before the threads of that work, which
 /// take over its signal mask. Signals that the program was started to ignore (in the background, under nohup)
 /// stay ignored.
 class Interruption {

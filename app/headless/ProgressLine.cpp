@@ -14,7 +14,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto betweenShows = 200ms;
-constexpr auto leastToJudge = 1s; // before that, the time left would be a guess
+constexpr auto minToJudge = 1s; // before that, the time left would be a guess
 
 }
 
@@ -26,7 +26,7 @@ void ProgressLine::show(double progress) {
     shown = now;
     const std::chrono::duration<double> spent = now - started;
     auto line = fmt::format("\r\033[K{:3.0f} %", progress * 100);
-    if (spent > leastToJudge && progress > 0)
+    if (spent > minToJudge && progress > 0)
         line += fmt::format("  {} left",
                             ProjectSummary::clock(spent.count() / progress * (1 - progress) + 0.999));
     std::fputs(line.c_str(), stderr);

@@ -4,7 +4,7 @@
 
 namespace murbo {
 
-/// One line on a terminal that tells how far long work is and how long it will still take. It stands on
+/// One line on a terminal that says how far long work is and how long it will still take. It stands on
 /// standard error, and only where that is a terminal: what a script reads holds none of it.
 class ProgressLine {
 public:

@@ -54,7 +54,7 @@ double secondsSince(Clock::time_point then) {
 }
 
 /// On a terminal, a line on standard error with a clock that runs while a clip is being listened to. How far
-/// the engine is it does not tell.
+/// the engine is it does not say.
 class Listening {
 public:
     explicit Listening(std::string what) {

@@ -3,6 +3,15 @@
 
 #include "platform/image/Image.h"
 #include "platform/image/draw/Canvas.h"
+#include "platform/image/filters/Blur.h"
+#include "platform/image/filters/ColourCube.h"
+#include "platform/image/filters/ColourMatrix.h"
+#include "platform/image/filters/Comic.h"
+#include "platform/image/filters/Glow.h"
+#include "platform/image/filters/Pixel.h"
+#include "platform/image/filters/Posterize.h"
+#include "platform/image/filters/Vhs.h"
+#include "platform/image/filters/Vignette.h"
 
 #include <cmath>
 #include <cstdio>
@@ -128,8 +137,8 @@ void throughFfmpeg(benchmark::State& state, const char* words, AVPixelFormat for
     }
 }
 
-ColourCube greenKey() {
-    ColourCube cube;
+Filters::ColourCube greenKey() {
+    Filters::ColourCube cube;
     auto values = std::make_shared<std::vector<float>>();
     for (int at = 0; at < 32 * 32 * 32; ++at) {
         const float red = float(at % 32) / 31, green = float(at / 32 % 32) / 31, blue = float(at / 1024) / 31;
@@ -154,34 +163,34 @@ void yardstick(const char* words, AVPixelFormat format) {
 
 const bool registered = [] {
     benchmark::RegisterBenchmark("filter: none, the frame alone", drawnPlain)->Unit(benchmark::kMillisecond);
-    ours("filter: mono", ColourMatrix::grey());
+    ours("filter: mono", Filters::ColourMatrix::mono());
     yardstick("colorchannelmixer=.34:.55:.11:0:.34:.55:.11:0:.34:.55:.11", AV_PIX_FMT_BGRA);
-    ours("filter: sepia", ColourMatrix::sepia(0.9));
+    ours("filter: sepia", Filters::ColourMatrix::sepia(0.9));
     yardstick("colorchannelmixer=.393:.769:.189:0:.349:.686:.168:0:.272:.534:.131", AV_PIX_FMT_BGRA);
-    ours("filter: saturate", ColourMatrix::saturated(1.6));
+    ours("filter: saturate", Filters::ColourMatrix::saturated(1.6));
     yardstick("hue=s=1.6", AV_PIX_FMT_YUV420P);
-    ours("filter: bright", ColourMatrix::brightened(0.12));
+    ours("filter: bright", Filters::ColourMatrix::brightened(0.12));
     yardstick("eq=brightness=0.12", AV_PIX_FMT_YUV420P);
-    ours("filter: invert", ColourMatrix::inverted());
+    ours("filter: invert", Filters::ColourMatrix::inverted());
     yardstick("negate", AV_PIX_FMT_BGRA);
-    ours("filter: posterise", Posterised{6});
+    ours("filter: posterise", Filters::Posterize{6});
     yardstick("lutrgb=r=floor(val/43)*51:g=floor(val/43)*51:b=floor(val/43)*51", AV_PIX_FMT_BGRA);
     ours("filter: cube of 32", greenKey());
     yardstick("lut3d=interp=tetrahedral", AV_PIX_FMT_BGRA); // its table, without a file, changes nothing
     yardstick("chromakey=green:0.2:0.1", AV_PIX_FMT_YUVA420P);
-    ours("filter: blur 18", Blurred{18});
+    ours("filter: blur 18", Filters::Blur{18});
     yardstick("gblur=sigma=18:steps=3", AV_PIX_FMT_YUV420P);
     yardstick("boxblur=18:3", AV_PIX_FMT_YUV420P);
-    ours("filter: bloom 14", Bloomed{14, 0.9});
+    ours("filter: glow 14", Filters::Glow{14, 0.9});
     yardstick("split[a][b];[b]gblur=sigma=14:steps=3[c];[a][c]blend=all_mode=screen", AV_PIX_FMT_YUV420P);
-    ours("filter: pixel 24", Pixellated{24, {width / 2.0, height / 2.0}});
+    ours("filter: pixel 24", Filters::Pixel{24, {width / 2.0, height / 2.0}});
     yardstick("pixelize=w=24:h=24", AV_PIX_FMT_YUV420P);
-    ours("filter: vignette", Vignetted{1.2, 2});
+    ours("filter: vignette", Filters::Vignette{1.2, 2});
     yardstick("vignette", AV_PIX_FMT_YUV420P);
-    ours("filter: comic", Inked{});
+    ours("filter: comic", Filters::Comic{});
     yardstick("edgedetect=mode=colormix:high=0.1", AV_PIX_FMT_GBRP);
     yardstick("bilateral=sigmaS=3.5", AV_PIX_FMT_YUV420P);
-    ours("filter: vhs", Taped{6, 2, 5});
+    ours("filter: vhs", Filters::Vhs{6, 2, 5});
     yardstick("rgbashift=rh=6,noise=alls=20:allf=t,eq=saturation=0.7:contrast=1.1", AV_PIX_FMT_GBRP);
     return true;
 }();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/image/Bitmap.h"
+#include "platform/image/Planes.h"
 
 #include <cstddef>
 #include <optional>

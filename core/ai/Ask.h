@@ -35,7 +35,8 @@ struct Ask {
 
     /// The id of the model that the settings name for this class.
     static std::string modelId(Model wanted) {
-        return Settings::model(wanted == Model::strong ? Settings::Model::judgement : Settings::Model::light);
+        return Settings::model(wanted == Model::strong ? Settings::ModelClass::judgement
+                                                       : Settings::ModelClass::light);
     }
 
     bool operator==(const Ask&) const = default;

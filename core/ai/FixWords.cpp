@@ -92,8 +92,8 @@ Ask ask(const Brief::Clips& clips, const Project& project, const Said& said) {
             4'000};
 }
 
-Answer answer(const json& object, const Brief::Clips& clips, const Said& said) {
-    Answer read;
+Corrected answer(const json& object, const Brief::Clips& clips, const Said& said) {
+    Corrected read;
     std::set<UUID> asked;
     for (const auto* clip : clips) asked.insert(clip->id);
     const auto& list = Reply::member(object, "lines");

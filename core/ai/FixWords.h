@@ -23,14 +23,14 @@ std::string instructions();
 
 Ask ask(const Brief::Clips& clips, const Project& project, const Said& said);
 
-struct Answer {
+struct Corrected {
     Corrections corrections;
     std::vector<std::string> leftOut; ///< tags of lines whose correction changes too much
 };
 
 /// What a reply corrects in the lines of these clips. A correction that changes more than a third of a line's
 /// letters, or its length by half, is a rewording and left out, as is one that changes nothing.
-Answer answer(const nlohmann::json& object, const Brief::Clips& clips, const Said& said);
+Corrected answer(const nlohmann::json& object, const Brief::Clips& clips, const Said& said);
 
 /// Corrects lines that still say what they said when they were read, and stamps their clips with the run.
 /// Gives how many lines changed.

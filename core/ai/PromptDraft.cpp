@@ -6,7 +6,7 @@ namespace murbo {
 
 namespace {
 
-std::string shownAs(const PromptDraft::Thing& thing, const std::vector<PromptDraft::Named>& named) {
+std::string shownAs(const PromptDraft::Thing& thing, const std::vector<PromptDraft::NamedThing>& named) {
     const auto shown = "“" + thing.name + "”";
     const bool taken = std::any_of(named.begin(), named.end(), [&](const auto& other) {
         return other.shown == shown && other.tag != thing.tag;

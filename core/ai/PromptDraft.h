@@ -12,14 +12,14 @@ struct PromptDraft {
         std::string name;
         std::string tag;
     };
-    struct Named {
+    struct NamedThing {
         std::string shown;
         std::string tag;
-        bool operator==(const Named&) const = default;
+        bool operator==(const NamedThing&) const = default;
     };
 
     std::string text;
-    std::vector<Named> named;
+    std::vector<NamedThing> named;
 
     /// Adds things to the end of the text, by name in quotes; with the tag where the name is taken.
     void put(const std::vector<Thing>& things);

@@ -4,6 +4,7 @@
 #include "platform/base/Text.h"
 
 #include <charconv>
+#include <cmath>
 #include <limits>
 
 #include <fmt/format.h>
@@ -132,6 +133,38 @@ const Said::Pieces& Said::on(const UUID& source) const {
     static const Pieces none;
     const auto found = bySource.find(source);
     return found == bySource.end() ? none : found->second.pieces;
+}
+
+Said::Near Said::nearest(double second, const UUID& source) const {
+    const auto found = bySource.find(source);
+    if (found == bySource.end() || !std::isfinite(second)) return {};
+    const auto& [all, longest] = found->second;
+    const auto after = [](double moment, const Piece* piece) { return moment < piece->start; };
+    const auto next = std::upper_bound(all.begin(), all.end(), second, after);
+    Near best{nullptr, std::numeric_limits<double>::infinity()};
+    const auto offer = [&](const Piece* piece, double distance) {
+        if (!piece->gone && distance < best.distance) best = {piece, distance};
+    };
+    for (auto at = next; at != all.begin();) {
+        const auto* piece = *--at;
+        if (second - piece->start - longest >= best.distance) break; // all before it end earlier still
+        offer(piece, std::max(second - piece->end, 0.0));
+    }
+    const auto later = std::find_if(next, all.end(), [](const Piece* piece) { return !piece->gone; });
+    if (later != all.end()) offer(*later, (*later)->start - second);
+    return best.piece ? best : Near();
+}
+
+Said::Pieces Said::holding(std::string_view words) const {
+    std::call_once(lowered, [this] {
+        low.reserve(pieces.size());
+        for (const auto& piece : pieces) low.push_back(Text::lowercased(piece.text));
+    });
+    const auto wanted = Text::lowercased(words);
+    Pieces found;
+    for (std::size_t at = 0; at < pieces.size(); ++at)
+        if (!pieces[at].gone && low[at].find(wanted) != std::string::npos) found.push_back(&pieces[at]);
+    return found;
 }
 
 std::optional<std::string> Said::tag(std::string_view text) {

@@ -3,6 +3,7 @@
 #include "core/model/Project.h"
 
 #include <map>
+#include <mutex>
 #include <optional>
 #include <set>
 #include <string>
@@ -49,6 +50,17 @@ public:
     /// All pieces, source by source.
     const std::vector<Piece>& all() const { return pieces; }
 
+    struct Near {
+        const Piece* piece = nullptr; ///< null where nothing is said on the source
+        double distance = 0;          ///< seconds between the moment and the piece; 0 within it
+    };
+    /// The piece that a second of a source lies in, or else the nearest one; of several the one that began
+    /// last.
+    Near nearest(double second, const UUID& source) const;
+
+    /// The pieces, not gone, whose text holds these words in upper or lower case.
+    Pieces holding(std::string_view words) const;
+
     /// A tag of a line or note in its standard form: "C03.07" for "c3.7". Nothing for what is no such tag.
     static std::optional<std::string> tag(std::string_view text);
 
@@ -92,7 +104,9 @@ private:
     std::unordered_map<UUID, const Piece*> byId;
     std::unordered_map<UUID, Pieces> byClip;
     std::unordered_map<UUID, OnSource> bySource;
-    std::vector<std::string> otherForms; ///< tags whose standard form differs from the printed one
+    mutable std::once_flag lowered;
+    mutable std::vector<std::string> low; ///< the texts in lower case, made when first looked through
+    std::vector<std::string> otherForms;  ///< tags whose standard form differs from the printed one
 };
 
 }

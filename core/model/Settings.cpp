@@ -29,9 +29,9 @@ bool looksLikeACode(const std::string& code) {
 
 }
 
-std::string Settings::model(Model wanted) {
-    return wanted == Model::judgement ? textOr("judgementModel", "anthropic/claude-sonnet-5.5")
-                                      : textOr("lightModel", "anthropic/claude-haiku-5.5");
+std::string Settings::model(ModelClass wanted) {
+    return wanted == ModelClass::judgement ? textOr("judgementModel", "anthropic/claude-sonnet-5.5")
+                                           : textOr("lightModel", "anthropic/claude-haiku-5.5");
 }
 
 std::string Settings::transcriptionModel() {

@@ -9,12 +9,12 @@ namespace murbo {
 namespace Settings {
 
 /// Which class of model a task wants: routine work, or judgement across the footage.
-enum class Model { light, judgement };
+enum class ModelClass { light, judgement };
 
 inline constexpr const char* standardTranscriptionModel = "elevenlabs/scribe-v2";
 
 /// The id of the model to ask.
-std::string model(Model wanted);
+std::string model(ModelClass wanted);
 
 /// The id of the paid model that turns speech to text.
 std::string transcriptionModel();

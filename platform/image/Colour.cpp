@@ -1,5 +1,7 @@
 #include "platform/image/Colour.h"
 
+#include <cmath>
+
 namespace murbo {
 namespace {
 
@@ -29,6 +31,12 @@ std::optional<Colour> Colour::hex(std::string_view text) {
         channels[at / 2] = static_cast<std::uint8_t>(high * 16 + low);
     }
     return Colour{channels[0], channels[1], channels[2], channels[3]};
+}
+
+std::uint32_t Colour::premultiplied(double opacity) const {
+    const double share = alpha / 255.0 * opacity;
+    const auto channel = [&](int value) { return std::uint32_t(std::lround(value * share)); };
+    return channel(blue) | channel(green) << 8 | channel(red) << 16 | channel(255) << 24;
 }
 
 }

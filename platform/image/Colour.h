@@ -16,6 +16,9 @@ struct Colour {
     /// Reads "RRGGBB" or "RRGGBBAA", with any "#" at either end passed over; anything else is no colour.
     static std::optional<Colour> hex(std::string_view text);
 
+    /// As a premultiplied pixel at some opacity, 0 to 1.
+    std::uint32_t premultiplied(double opacity = 1) const;
+
     static const Colour black;
     static const Colour white;
     static const Colour clear;

@@ -31,8 +31,8 @@ double sceneLight(double signal) {
 }
 
 /// ITU-R BT.2100, HLG OOTF: scene light to light on the display, in reference whites.
-Light hlg(Light coded) {
-    const Light scene{sceneLight(coded.red), sceneLight(coded.green), sceneLight(coded.blue)};
+Channels hlg(Channels coded) {
+    const Channels scene{sceneLight(coded.red), sceneLight(coded.green), sceneLight(coded.blue)};
     const double brightness = 0.2627 * scene.red + 0.6780 * scene.green + 0.0593 * scene.blue;
     const double gain = brightness > 0 ? std::pow(brightness, 0.2) * peak / referenceWhite : 0;
     return {scene.red * gain, scene.green * gain, scene.blue * gain};
@@ -45,7 +45,7 @@ double pq(double signal) {
     return std::pow(light, 1 / 0.1593017578125) * 10000 / referenceWhite;
 }
 
-Light decoded(Light coded, Frame::Transfer transfer) {
+Channels decoded(Channels coded, Frame::Transfer transfer) {
     if (transfer == Frame::Transfer::hlg) return hlg(coded);
     if (transfer == Frame::Transfer::pq) return {pq(coded.red), pq(coded.green), pq(coded.blue)};
     return {std::pow(coded.red, displayGamma), std::pow(coded.green, displayGamma),
@@ -53,36 +53,45 @@ Light decoded(Light coded, Frame::Transfer transfer) {
 }
 
 /// ITU-R BT.2087: linear BT.2020 to BT.709.
-Light toBT709(const Light& light) {
-    return {1.6605 * light.red - 0.5876 * light.green - 0.0728 * light.blue,
-            -0.1246 * light.red + 1.1329 * light.green - 0.0083 * light.blue,
-            -0.0182 * light.red - 0.1006 * light.green + 1.1187 * light.blue};
+Channels toBT709(const Channels& light) {
+    return {1.660491 * light.red - 0.587641 * light.green - 0.072850 * light.blue,
+            -0.124551 * light.red + 1.132900 * light.green - 0.008349 * light.blue,
+            -0.018151 * light.red - 0.100579 * light.green + 1.118730 * light.blue};
 }
 
-double largest(const Light& light) {
+double largest(const Channels& light) {
     return std::max({light.red, light.green, light.blue});
 }
 
-/// A distance from grey drawn in: up to 0.8 as it is, from there 1.5 (beyond what BT.2020 reaches) comes
-/// to 1.
+/// A distance from grey drawn in: up to 0.98 as it is, from there 1.77 (beyond what BT.2020 reaches) comes
+/// to 1, where BT.709 ends.
 double drawnIn(double distance) {
-    constexpr double start = 0.8;
+    constexpr double start = 0.98;
     constexpr double room = 1 - start;
-    constexpr double reach = (1.5 - start) / room;
+    constexpr double reach = (1.77 - start) / room;
     const double beyond = (distance - start) / room;
     if (beyond <= 0) return distance;
     return start + room * beyond / (1 + beyond * (reach - 1) / reach);
 }
 
-/// Into the gamut: each channel's distance from the largest one, as a share of it, is drawn in.
-Light withinGamut(const Light& light) {
-    const double grey = largest(light);
-    if (grey <= 0) return {};
-    const auto held = [&](double channel) { return grey - drawnIn((grey - channel) / grey) * grey; };
-    return {held(light.red), held(light.green), held(light.blue)};
+double withSign(double value, double exponent) {
+    return std::copysign(std::pow(std::abs(value), exponent), value);
 }
 
-/// The tone curve: light in reference whites to display light, 0 to 1.
+/// Into the gamut: each channel's distance from the largest one, as a share of it, is drawn in. Measured in
+/// codes, as the eye sees it: in light nearly all saturated colours lie right at the edge.
+Channels withinGamut(const Channels& light) {
+    const double grey = largest(light);
+    if (grey <= 0) return {};
+    const auto inside = [&](double channel) {
+        const double distance = 1 - withSign(channel / grey, 1 / displayGamma);
+        return grey * withSign(1 - drawnIn(distance), displayGamma);
+    };
+    return {inside(light.red), inside(light.green), inside(light.blue)};
+}
+
+/// The tone curve: light in reference whites to display light, 0 to 1. Within 8 levels of ITU-R BT.2390's for
+/// the same displays.
 double shoulder(double light) {
     constexpr double knee = 0.5;
     constexpr double top = (peak / referenceWhite - knee) / (1 - knee);
@@ -93,7 +102,7 @@ double shoulder(double light) {
 
 /// Half by what the largest channel asks of the whole colour, which keeps hues, half each channel by itself,
 /// which lets bright colours pale towards white as film does: all hue and a sunlit sky turns to paint.
-Light dimmed(const Light& light) {
+Channels dimmed(const Channels& light) {
     const double bright = largest(light);
     const double gain = bright > 0 ? shoulder(bright) / bright : 0;
     const auto mixed = [&](double channel) { return (channel * gain + shoulder(channel)) / 2; };
@@ -104,7 +113,7 @@ double coded(double light) {
     return std::pow(std::clamp(light, 0.0, 1.0), 1 / displayGamma);
 }
 
-std::uint32_t packed(const Light& light) {
+std::uint32_t packed(const Channels& light) {
     const auto tenBits = [](double channel) { return std::uint32_t(std::lround(channel * 1020)); };
     return tenBits(light.blue) | tenBits(light.green) << 10 | tenBits(light.red) << 20;
 }
@@ -115,14 +124,14 @@ std::vector<std::uint32_t> filled(Frame::Transfer transfer, Frame::Primaries pri
     std::vector<std::uint32_t> cube;
     cube.reserve(side * side * side);
     for (int at = 0; at < side * side * side; ++at) {
-        const Light light{at / (side * side) / last, at / side % side / last, at % side / last};
+        const Channels light{at / (side * side) / last, at / side % side / last, at % side / last};
         cube.push_back(packed(toneMapped(light, transfer, primaries)));
     }
     return cube;
 }
 
 /// `white` in levels; `rounding` is added so that cutting the fraction off rounds.
-Kernels::Matrix matrix(const Frame& frame, double white, int rounding) {
+Kernels::YCbCrMatrix matrix(const Frame& frame, double white, int rounding) {
     // On the samples' scale 8-bit codes keep their numbers whatever the depth.
     const double span = 256 - std::ldexp(1.0, 8 - std::min(frame.depth, 16));
     const double lumaGain = white / (frame.fullRange ? span : 219);
@@ -143,18 +152,18 @@ Kernels::Matrix matrix(const Frame& frame, double white, int rounding) {
 
 }
 
-Light toneMapped(Light light, Frame::Transfer transfer, Frame::Primaries primaries) {
+Channels toneMapped(Channels light, Frame::Transfer transfer, Frame::Primaries primaries) {
     light = decoded(light, transfer);
     if (primaries == Frame::Primaries::bt2020) light = withinGamut(toBT709(light));
     if (transfer != Frame::Transfer::sdr) light = dimmed(light);
     return {coded(light.red), coded(light.green), coded(light.blue)};
 }
 
-Kernels::Matrix toPixels(const Frame& frame) {
+Kernels::YCbCrMatrix toPixels(const Frame& frame) {
     return matrix(frame, 255, 16);
 }
 
-Kernels::Matrix toCube(const Frame& frame) {
+Kernels::YCbCrMatrix toCube(const Frame& frame) {
     return matrix(frame, 256, 0);
 }
 

@@ -1,88 +1,113 @@
 #pragma once
 
-#include "platform/image/Colour.h"
 #include "platform/image/Geometry.h"
+#include "platform/image/Tile.h"
 
-#include <array>
-#include <cstdint>
 #include <memory>
-#include <variant>
+#include <optional>
 #include <vector>
 
 namespace murbo {
 
-/// How a picture's colours are mixed with those below (W3C Compositing and Blending Level 1; `add` is a sum).
-enum class Blend : std::uint8_t { normal, multiply, screen, overlay, add, softLight };
+struct PictureSource;
 
-/// Every colour becomes a weighted sum of its channels, bent then. Straight (not premultiplied) colours from
-/// 0 to 1; what falls outside is cut off. Alpha stays.
-struct ColourMatrix {
-    /// For red, green and blue: the shares of red, green, blue, and what is added; each within -8 to 8.
-    std::array<std::array<double, 4>, 3> rows{{{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}}};
-    /// How far the middle of red, green and blue is raised, black and white staying: v + 4·lift·v·(1 − v),
-    /// within a quarter.
-    std::array<double, 3> lift{};
-    /// How much the middle is steepened in an S, within a quarter: v + 4·contrast·v·(1 − v)·(2·v − 1).
-    double contrast = 0;
+/// Changes `count` pixels of row y in place, the first of them at x.
+using ChangeRow = std::function<void(int x, int y, int count, std::uint8_t* pixels)>;
 
-    static ColourMatrix saturated(double factor); ///< 0 is grey, 1 changes nothing
-    /// Brighter by so much in the middle, black and white staying; below 0 darker, black alone staying.
-    static ColourMatrix brightened(double by);
-    static ColourMatrix contrasted(double factor); ///< round middle grey
-    static ColourMatrix inverted();
-    static ColourMatrix grey();                ///< black-and-white film, a touch of contrast
-    static ColourMatrix sepia(double amount);  ///< 0 to 1
-    static ColourMatrix tinted(Colour colour); ///< shades of one colour, white becoming the colour itself
+/// What can be done to all of a picture at once: any of the kinds in `filters/`, as a value. Lengths are in
+/// the pixels of the picture that is filtered: they grow and shrink with it.
+///
+/// A kind is a plain record. It must have `clamped`, and `row` (where it changes pixels in place) or `draw`;
+/// the other functions below where its answer is not the one given here.
+class Filter {
+public:
+    static constexpr double maxLength = 4096; ///< of what filters measure, in pixels
+
+    template <typename Kind>
+    requires requires(const Kind& kind, const Rect& body) {
+        { kind.clamped(body) } -> std::same_as<std::optional<Kind>>;
+    }
+    Filter(Kind kind) : self(std::make_shared<const Of<Kind>>(std::move(kind))) {}
+
+    /// The filter within what can be drawn; nothing where it would change nothing of a picture with that body
+    /// (see ImageNode), or its numbers are none.
+    std::optional<Filter> clamped(const Rect& body) const { return self->clamped(body); }
+    /// How far colour can spread, in the picture's pixels: by default not at all.
+    double reach() const { return self->reach(); }
+    /// Whether each pixel follows from itself alone, wherever it lies: by default not.
+    bool byPixel() const { return self->byPixel(); }
+    /// Whether what is opaque stays so: by default where nothing spreads.
+    bool keepsOpaque() const { return self->keepsOpaque(); }
+    /// Whether it may as well change the means of colours, each being a weighted sum: by default not.
+    bool sumsColours() const { return self->sumsColours(); }
+    /// Whether `draw` does rows that sum colours on a coarser grid than the canvas': by default not.
+    bool drawsCoarsely(const Transform& place) const { return self->drawsCoarsely(place); }
+
+    /// How it changes pixels in place; nothing where it does not. `body` is where the picture lies, `bounds`
+    /// all that will be asked.
+    ChangeRow row(const Rect& body, const PixelRect& bounds) const { return self->row(body, bounds); }
+    /// Ready to draw any part of `bounds` of what it makes of a source, each of `rows` being done then.
+    /// `place` leads from the source's space to the canvas, scaled and moved only.
+    DrawTile draw(const PictureSource& source, const Transform& place, const PixelRect& bounds,
+                  const std::vector<ChangeRow>& rows = {}) const {
+        return self->draw(source, place, bounds, rows);
+    }
+
+private:
+    struct Interface {
+        virtual ~Interface() = default;
+        virtual std::optional<Filter> clamped(const Rect& body) const = 0;
+        virtual double reach() const = 0;
+        virtual bool byPixel() const = 0;
+        virtual bool keepsOpaque() const = 0;
+        virtual bool sumsColours() const = 0;
+        virtual bool drawsCoarsely(const Transform& place) const = 0;
+        virtual ChangeRow row(const Rect& body, const PixelRect& bounds) const = 0;
+        virtual DrawTile draw(const PictureSource& source, const Transform& place, const PixelRect& bounds,
+                              const std::vector<ChangeRow>& rows) const = 0;
+    };
+    template <typename Kind>
+    struct Of final : Interface {
+        explicit Of(Kind given) : kind(std::move(given)) {}
+
+        std::optional<Filter> clamped(const Rect& body) const override { return kind.clamped(body); }
+        double reach() const override {
+            if constexpr (requires { kind.reach(); }) return kind.reach();
+            return 0;
+        }
+        bool byPixel() const override {
+            if constexpr (requires { kind.byPixel(); }) return kind.byPixel();
+            return false;
+        }
+        bool keepsOpaque() const override {
+            if constexpr (requires { kind.keepsOpaque(); }) return kind.keepsOpaque();
+            return reach() == 0;
+        }
+        bool sumsColours() const override {
+            if constexpr (requires { kind.sumsColours(); }) return kind.sumsColours();
+            return false;
+        }
+        bool drawsCoarsely(const Transform& place) const override {
+            if constexpr (requires { kind.drawsCoarsely(place); }) return kind.drawsCoarsely(place);
+            return false;
+        }
+        ChangeRow row(const Rect& body, const PixelRect& bounds) const override {
+            if constexpr (requires { kind.row(body, bounds); }) return kind.row(body, bounds);
+            return {};
+        }
+        DrawTile draw(const PictureSource& source, const Transform& place, const PixelRect& bounds,
+                      const std::vector<ChangeRow>& rows) const override {
+            if constexpr (requires { kind.draw(source, place, bounds, rows); })
+                return kind.draw(source, place, bounds, rows);
+            else if constexpr (requires { kind.draw(source, place, bounds); })
+                return kind.draw(source, place, bounds);
+            return {};
+        }
+
+        Kind kind;
+    };
+
+    std::shared_ptr<const Interface> self;
 };
-
-/// Colours by table: premultiplied red, green, blue, alpha from 0 to 1 for `side` steps a channel, red
-/// running fastest, straight colours looking up between them. The picture's own alpha multiplies the result.
-struct ColourCube {
-    int side = 32;
-    std::shared_ptr<const std::vector<float>> values;
-};
-
-/// Each channel in `levels` even steps.
-struct Posterised {
-    int levels = 6;
-};
-
-/// Gaussian, deviation in pixels.
-struct Blurred {
-    double sigma = 0;
-};
-
-/// The picture's light spreading over its surroundings.
-struct Bloomed {
-    double radius = 0;    ///< pixels
-    double intensity = 0; ///< 0 to 1
-};
-
-/// Squares of one colour each, one of them round `middle`.
-struct Pixellated {
-    double size = 1; ///< pixels
-    Point middle;
-};
-
-/// Darker towards the corners of the picture.
-struct Vignetted {
-    double intensity = 0;
-    double radius = 0; ///< 1 leaves about the middle half bright
-};
-
-/// Printed comic: few colours, dots in the shades, ink along the edges.
-struct Inked {};
-
-/// An old tape: pale, red bleeding to the right, noise that jumps and lines that run.
-struct Taped {
-    double bleed = 6;       ///< pixels
-    double lines = 0;       ///< pixels that the lines have run down
-    std::int64_t noise = 0; ///< which of its pictures
-};
-
-/// What can be done to all of a picture at once. Lengths are in the pixels of the picture that is filtered:
-/// they grow and shrink with it.
-using Filter =
-    std::variant<ColourMatrix, ColourCube, Posterised, Blurred, Bloomed, Pixellated, Vignetted, Inked, Taped>;
 
 }

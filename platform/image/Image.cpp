@@ -1,14 +1,15 @@
 #include "platform/image/Image.h"
 
 #include "platform/image/ImageNode.h"
-#include "platform/image/draw/Memo.h"
-#include "platform/image/draw/Pixels.h"
-#include "platform/image/filters/Filters.h"
+
+#include <cmath>
+#include <vector>
 
 namespace murbo {
 namespace {
 
-using Node = Image::Node;
+using Node = ImageNode;
+using NodeRef = ImageNode::Ref;
 
 double area(const Rect& rect) {
     return rect.empty() ? 0 : rect.width * rect.height;
@@ -42,14 +43,14 @@ Rect scaledFrom(const Rect& rect, Point centre, double scale) {
         .apply(rect);
 }
 
-const std::shared_ptr<const Node>& nothing() {
-    static const std::shared_ptr<const Node> node =
+const NodeRef& nothing() {
+    static const NodeRef node =
         std::make_shared<Node>(Node::Fill{Colour::clear}, Rect{}, Rect{}, Rect{}, true);
     return node;
 }
 
 template <typename Kind>
-std::shared_ptr<const Node> made(Kind kind, Rect extent, Rect body, Rect opaque, bool single) {
+NodeRef made(Kind kind, Rect extent, Rect body, Rect opaque, bool single) {
     return std::make_shared<Node>(std::move(kind), extent, body, opaque, single);
 }
 
@@ -61,6 +62,10 @@ Rect Image::extent() const {
     return root->extent;
 }
 
+bool Image::isOpaqueOver(const Rect& rect) const {
+    return root->opaque.contains(rect);
+}
+
 Image Image::colour(Colour colour) {
     if (colour.alpha == 0) return {};
     const Rect all = Rect::everything();
@@ -68,15 +73,11 @@ Image Image::colour(Colour colour) {
 }
 
 Image Image::bitmap(Bitmap bitmap, bool opaque) {
+    if (bitmap.empty()) return {};
     const int air = opaque ? 0 : bitmap.air();
-    return Node::imageOf({std::move(bitmap), opaque, air});
-}
-
-Image Image::Node::imageOf(Pixels pixels) {
-    if (pixels.bitmap.empty()) return {};
-    const Rect extent{0, 0, double(pixels.bitmap.width()), double(pixels.bitmap.height())};
-    const Rect opaque = pixels.opaque ? extent : Rect{};
-    return Image(made(std::move(pixels), extent, extent, opaque, true));
+    const Rect extent{0, 0, double(bitmap.width()), double(bitmap.height())};
+    return Image(made(Node::BitmapPixels{std::move(bitmap), opaque, air}, extent, extent,
+                      opaque ? extent : Rect{}, true));
 }
 
 Image Image::frame(Frame frame) {
@@ -84,33 +85,34 @@ Image Image::frame(Frame frame) {
     const Size size = frame.uprightSize();
     const Rect extent{0, 0, size.width, size.height};
     const Rect opaque = frame.hasAlpha ? Rect{} : extent;
-    return Image(made(Node::Picture{std::move(frame)}, extent, extent, opaque, true));
+    return Image(made(Node::FramePixels{std::move(frame)}, extent, extent, opaque, true));
 }
 
 Image Image::later(const Rect& extent, std::function<Image()> make) {
     if (extent.empty() || !finite(extent) || !make) return {};
-    return Image(made(Node::Later{std::move(make)}, extent, extent, Rect{}, false));
+    const auto makeNode = [make = std::move(make)] { return make().root; };
+    return Image(made(Node::Later{makeNode}, extent, extent, Rect{}, false));
 }
 
 Image Image::cropped(const Rect& rect) const {
     if (!finite(rect)) return {};
     if (rect.contains(extent())) return *this;
     if (const auto* crop = std::get_if<Node::Crop>(&root->kind))
-        return crop->of.cropped(crop->rect.intersection(rect));
+        return Image(crop->of).cropped(crop->rect.intersection(rect));
     const Rect extent = root->extent.intersection(rect);
     if (extent.empty()) return {};
-    return Image(made(Node::Crop{*this, rect}, extent, root->body.intersection(rect),
+    return Image(made(Node::Crop{root, rect}, extent, root->body.intersection(rect),
                       root->opaque.intersection(rect), root->single));
 }
 
 Image Image::transformed(const Transform& transform) const {
     if (!finite(transform)) return {};
     if (transform == Transform() || empty() || std::holds_alternative<Node::Fill>(root->kind)) return *this;
-    if (const auto* move = std::get_if<Node::Move>(&root->kind))
-        return move->of.transformed(move->transform.then(transform));
-    const bool upright = keepsAxes(transform);
+    if (const auto* move = std::get_if<Node::Transformed>(&root->kind))
+        return Image(move->of).transformed(move->transform.then(transform));
+    const bool upright = transform.keepsAxes();
     const Rect opaque = upright || root->opaque.isEverything() ? transform.apply(root->opaque) : Rect{};
-    return Image(made(Node::Move{*this, transform}, transform.apply(root->extent),
+    return Image(made(Node::Transformed{root, transform}, transform.apply(root->extent),
                       transform.apply(root->body), opaque, root->single && upright));
 }
 
@@ -118,7 +120,7 @@ Image Image::over(const Image& below, Blend blend) const {
     if (empty()) return below;
     if (below.empty()) return *this;
     if (blend == Blend::normal && root->opaque.contains(below.extent())) return *this;
-    return Image(made(Node::Over{*this, below, blend}, extent().united(below.extent()),
+    return Image(made(Node::Over{root, below.root, blend}, extent().united(below.extent()),
                       root->body.united(below.root->body), larger(root->opaque, below.root->opaque), false));
 }
 
@@ -126,28 +128,28 @@ Image Image::clamped() const {
     if (empty() || extent().isEverything()) return *this;
     // What changes pixels by themselves changes repeated ones alike.
     std::vector<const Filter*> filters;
-    const Image* picture = this;
-    while (const auto* filtered = std::get_if<Node::Filtered>(&picture->root->kind)) {
-        if (!Filters::byPixel(filtered->filter)) break;
+    NodeRef picture = root;
+    while (const auto* filtered = std::get_if<Node::Filtered>(&picture->kind)) {
+        if (!filtered->filter.byPixel()) break;
         filters.push_back(&filtered->filter);
-        picture = &filtered->of;
+        picture = filtered->of;
     }
-    if (picture != this) {
-        Image repeated = picture->clamped();
+    if (picture != root) {
+        Image repeated = Image(picture).clamped();
         for (auto at = filters.rbegin(); at != filters.rend(); ++at) repeated = repeated.filtered(**at);
         return repeated;
     }
     const Rect all = Rect::everything();
     const bool solid = root->opaque.contains(extent());
-    return Image(made(Node::Clamp{*this}, all, root->body, solid ? all : Rect{}, root->single));
+    return Image(made(Node::Clamp{root}, all, root->body, solid ? all : Rect{}, root->single));
 }
 
 Image Image::faded(double opacity) const {
     if (!(opacity > 0)) return {};
     if (opacity >= 1 || empty()) return *this;
     if (const auto* fade = std::get_if<Node::Fade>(&root->kind))
-        return fade->of.faded(fade->opacity * opacity);
-    return Image(made(Node::Fade{*this, opacity}, extent(), root->body, Rect{}, root->single));
+        return Image(fade->of).faded(fade->opacity * opacity);
+    return Image(made(Node::Fade{root, opacity}, extent(), root->body, Rect{}, root->single));
 }
 
 Image Image::masked(const Image& mask) const {
@@ -155,26 +157,25 @@ Image Image::masked(const Image& mask) const {
     if (shape.opaque.contains(extent())) return *this;
     const Rect shown = extent().intersection(shape.extent);
     if (shown.empty()) return {};
-    return Image(made(Node::Mask{*this, mask}, shown, root->body.intersection(shape.extent),
+    return Image(made(Node::Mask{root, mask.root}, shown, root->body.intersection(shape.extent),
                       root->opaque.intersection(shape.opaque), false));
 }
 
 Image Image::filtered(const Filter& given) const {
-    const auto filter = Filters::held(given, root->body);
+    const auto filter = given.clamped(root->body);
     if (empty() || !filter) return *this;
     // Beside the crop it is clear, and stays so. What is filtered one after the other then comes together.
     const auto* crop = std::get_if<Node::Crop>(&root->kind);
-    if (crop && Filters::byPixel(*filter)) return crop->of.filtered(*filter).cropped(crop->rect);
-    const double reach = Filters::reach(*filter);
-    const bool solid = reach == 0 && !std::holds_alternative<ColourCube>(*filter);
-    const Rect opaque = solid || root->opaque.isEverything() ? root->opaque : Rect{};
+    if (crop && filter->byPixel()) return Image(crop->of).filtered(*filter).cropped(crop->rect);
+    const double reach = filter->reach();
+    const Rect opaque = filter->keepsOpaque() || root->opaque.isEverything() ? root->opaque : Rect{};
     const Rect body = extent().isEverything() ? root->body : grown(root->body, reach, reach);
-    return Image(made(Node::Filtered{*this, *filter, Filters::packed(*filter)}, grown(extent(), reach, reach),
-                      body, opaque, false));
+    return Image(made(Node::Filtered{root, *filter}, grown(extent(), reach, reach), body, opaque, false));
 }
 
 Image Image::drawnOnce() const {
-    if (const auto* clamp = std::get_if<Node::Clamp>(&root->kind)) return clamp->of.drawnOnce().clamped();
+    if (const auto* clamp = std::get_if<Node::Clamp>(&root->kind))
+        return Image(clamp->of).drawnOnce().clamped();
     const bool plain =
         std::holds_alternative<Node::Fill>(root->kind) || std::holds_alternative<Node::Once>(root->kind);
     if (empty() || extent().isEverything() || plain) return *this;
@@ -182,7 +183,7 @@ Image Image::drawnOnce() const {
     const bool single = root->single || PixelRect::touching(all).rect() == all;
     // On a coarser grid an opaque part's edge lies elsewhere, and other edges than repeated ones are smooth.
     const Rect opaque = single && root->opaque.contains(all) ? all : Rect{};
-    return Image(made(Node::Once{*this, std::make_shared<Memo>()}, all, root->body, opaque, single));
+    return Image(made(Node::Once{root, std::make_shared<TileCache>()}, all, root->body, opaque, single));
 }
 
 Image Image::zoomBlurred(Point centre, double amount) const {
@@ -194,14 +195,14 @@ Image Image::zoomBlurred(Point centre, double amount) const {
     const Rect all = extent();
     const Rect smeared =
         all.united(scaledFrom(all, centre, outward)).united(scaledFrom(all, centre, 1 / outward));
-    return Image(made(Node::ZoomBlur{*this, centre, spread}, smeared, root->body,
+    return Image(made(Node::ZoomBlur{root, centre, spread}, smeared, root->body,
                       root->opaque.isEverything() ? root->opaque : Rect{}, false));
 }
 
 Image Image::motionBlurred(double radius, double degrees) const {
     if (empty() || root->body.isEverything() || !(radius > 0) || !std::isfinite(degrees)) return *this;
     const Point reach = Transform().rotated(degrees).apply(Point{std::min(radius, 4096.0), 0});
-    return Image(made(Node::MotionBlur{*this, reach}, grown(extent(), std::abs(reach.x), std::abs(reach.y)),
+    return Image(made(Node::MotionBlur{root, reach}, grown(extent(), std::abs(reach.x), std::abs(reach.y)),
                       root->body, root->opaque.isEverything() ? root->opaque : Rect{}, false));
 }
 

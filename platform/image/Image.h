@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/image/Bitmap.h"
+#include "platform/image/Blend.h"
 #include "platform/image/Colour.h"
 #include "platform/image/Filter.h"
 #include "platform/image/Frame.h"
@@ -10,6 +11,8 @@
 #include <memory>
 
 namespace murbo {
+
+struct ImageNode;
 
 /// A picture to be: a small immutable value, the root of a graph of operations that draws nothing until a
 /// `Canvas` asks for pixels.
@@ -33,7 +36,7 @@ public:
 
     /// One colour without bounds.
     static Image colour(Colour colour);
-    /// A bitmap with its top left at the origin. Its pixels must not change any more; `opaque` tells that all
+    /// A bitmap with its top left at the origin. Its pixels must not change any more; `opaque` says that all
     /// of them are known to be.
     static Image bitmap(Bitmap bitmap, bool opaque = false);
     /// A decoded picture, upright, in square pixels, with its top left at the origin. HDR is tone-mapped.
@@ -50,6 +53,10 @@ public:
 
     Rect extent() const;
     bool empty() const { return extent().empty(); }
+    /// Whether it is known to be opaque all over `rect`.
+    bool isOpaqueOver(const Rect& rect) const;
+    /// Whether both are the very same picture: one graph, not merely graphs that look alike.
+    bool isSameAs(const Image& other) const { return root == other.root; }
 
     /// Only what lies in `rect`. Its edges fall between pixels: those whose middle lies inside stay, so that
     /// pictures which share an edge meet without a gap. Where the result is transformed, the edges turn
@@ -77,12 +84,12 @@ public:
     /// Smeared along a line, `radius` pixels to either side; `degrees` clockwise from the x axis.
     Image motionBlurred(double radius, double degrees) const;
 
-    struct Node;
-    const Node& node() const { return *root; }
+    /// The root of its graph, for whoever draws it.
+    const std::shared_ptr<const ImageNode>& node() const { return root; }
+    explicit Image(std::shared_ptr<const ImageNode> node) : root(std::move(node)) {}
 
 private:
-    explicit Image(std::shared_ptr<const Node> node) : root(std::move(node)) {}
-    std::shared_ptr<const Node> root;
+    std::shared_ptr<const ImageNode> root;
 };
 
 }

@@ -1,28 +1,33 @@
 #include "platform/image/ImageNode.h"
 
+#include <algorithm>
+#include <array>
+#include <cmath>
+
 namespace murbo {
 
-bool keepsAxes(const Transform& transform) {
-    return (transform.b == 0 && transform.c == 0) || (transform.a == 0 && transform.d == 0);
-}
-
-bool isShift(const Transform& transform) {
-    const auto whole = [](double value) {
-        return std::abs(value - std::round(value)) < 1e-6 && std::abs(value) < (1 << 28);
+Rect ImageNode::RoundedRectangle::solid() const {
+    if (line > 0) return {};
+    const auto inset = [&](double x, double y) {
+        const Rect inner{rect.x + x, rect.y + y, rect.width - 2 * x, rect.height - 2 * y};
+        return inner.empty() ? Rect{} : inner;
     };
-    return transform.a == 1 && transform.b == 0 && transform.c == 0 && transform.d == 1 &&
-           whole(transform.tx) && whole(transform.ty);
+    const double corner = radius * (1 - std::sqrt(0.5));
+    const std::array inner{inset(0, radius), inset(radius, 0), inset(corner, corner)};
+    return *std::max_element(inner.begin(), inner.end(), [](const Rect& one, const Rect& other) {
+        return one.width * one.height < other.width * other.height;
+    });
 }
 
-Image::Node::Node(Kind what, Rect itsExtent, Rect itsBody, Rect itsOpaque, bool isSingle)
+ImageNode::ImageNode(Kind what, Rect itsExtent, Rect itsBody, Rect itsOpaque, bool isSingle)
     : kind(std::move(what)), extent(itsExtent), body(itsBody), opaque(itsOpaque), single(isSingle) {}
 
 /// What nodes that are gone held on to.
-struct Image::Node::Waiting {
-    std::vector<std::shared_ptr<const Node>> nodes;
-    std::vector<std::function<Image()>> makers;
+struct ImageNode::Remains {
+    std::vector<Ref> nodes;
+    std::vector<std::function<Ref()>> makers;
 
-    static thread_local Waiting* now; ///< where a node is being taken apart
+    static thread_local Remains* now; ///< where a node is being taken apart
 
     /// Out of the list before it is gone: that may add to the list.
     template <typename T>
@@ -41,32 +46,37 @@ struct Image::Node::Waiting {
     }
 };
 
-thread_local Image::Node::Waiting* Image::Node::Waiting::now = nullptr;
+thread_local ImageNode::Remains* ImageNode::Remains::now = nullptr;
 
 /// Takes what it held apart one after the other: a graph thousands deep would overflow the stack if each node
 /// destroyed the next.
-Image::Node::~Node() {
-    if (Waiting::now) {
-        giveUp(*Waiting::now);
+ImageNode::~ImageNode() {
+    if (Remains::now) {
+        giveUp(*Remains::now);
     } else {
-        Waiting waiting;
-        Waiting::now = &waiting;
-        giveUp(waiting);
-        waiting.letGo();
-        Waiting::now = nullptr;
+        Remains remains;
+        Remains::now = &remains;
+        giveUp(remains);
+        remains.letGo();
+        Remains::now = nullptr;
     }
 }
 
-void Image::Node::giveUp(Waiting& waiting) {
-    const auto give = [&](Image& child) { waiting.nodes.push_back(std::move(child.root)); };
+void ImageNode::giveUp(Remains& remains) {
+    const auto give = [&](Ref& child) { remains.nodes.push_back(std::move(child)); };
     std::visit(
         [&](auto& node) {
             if constexpr (requires { node.of; }) give(node.of);
             if constexpr (requires { node.above; }) give(node.above), give(node.below);
             if constexpr (requires { node.mask; }) give(node.mask);
-            if constexpr (requires { node.make; }) waiting.makers.push_back(std::move(node.make));
+            if constexpr (requires { node.make; }) remains.makers.push_back(std::move(node.make));
         },
         kind);
+}
+
+bool ImageNode::covers(const Transform& place, const Rect& area) const {
+    if (opaque.isEverything()) return true;
+    return place.keepsAxes() && place.apply(opaque).contains(area);
 }
 
 }

@@ -1,92 +1,102 @@
 #pragma once
 
-#include "platform/image/Image.h"
+#include "platform/image/Bitmap.h"
+#include "platform/image/Blend.h"
+#include "platform/image/Colour.h"
+#include "platform/image/Filter.h"
+#include "platform/image/Frame.h"
+#include "platform/image/Geometry.h"
+#include "platform/image/TileCache.h"
 
+#include <functional>
+#include <memory>
 #include <variant>
 #include <vector>
 
 namespace murbo {
 
-class Memo;
-
 /// One operation of an image's graph. What a canvas asks again and again (extents, what is surely opaque) is
 /// worked out once, when the node is made.
 ///
 /// A new operation is a struct here, a function in `Image`, its extents in Image.cpp and a case in
-/// Layers.cpp.
-struct Image::Node {
+/// `Flattening`.
+struct ImageNode {
+    /// A node that others may share; never null within a graph.
+    using Ref = std::shared_ptr<const ImageNode>;
+
     struct Fill {
         Colour colour;
     };
-    struct Pixels {
+    struct BitmapPixels {
         Bitmap bitmap;
         bool opaque;
         int air; ///< pixels that are clear along its sides: with any it needs no smooth edges
     };
-    struct Picture {
+    struct FramePixels {
         Frame frame;
     };
     struct Crop {
-        Image of;
+        Ref of;
         Rect rect;
     };
-    struct Move {
-        Image of;
+    struct Transformed {
+        Ref of;
         Transform transform;
     };
     struct Over {
-        Image above;
-        Image below;
+        Ref above;
+        Ref below;
         Blend blend;
     };
     struct Mask {
-        Image of;
-        Image mask;
+        Ref of;
+        Ref mask;
     };
-    /// One colour above `from`, another below `to`, and what leads from one to the other between.
-    struct Ramp {
+    /// One colour above `from`, another below `to`, and an even passage from one to the other between.
+    struct Gradient {
         double from;
         double to;
         Colour first;
         Colour last;
     };
-    struct Rounded {
+    struct RoundedRectangle {
         Rect rect;
         double radius; ///< at most half the shorter side
         double line;   ///< how wide the line along the edge; 0 fills the shape
         Colour colour;
+
+        /// Some rectangle, as large as there is one, that the shape covers wholly.
+        Rect solid() const;
     };
     struct Later {
-        std::function<Image()> make;
+        std::function<Ref()> make;
     };
     struct Once {
-        Image of;
-        std::shared_ptr<Memo> memo;
+        Ref of;
+        std::shared_ptr<TileCache> cache;
     };
     struct Clamp {
-        Image of;
+        Ref of;
     };
     struct Fade {
-        Image of;
+        Ref of;
         double opacity; ///< 0 to 1, exclusive
     };
     struct ZoomBlur {
-        Image of;
+        Ref of;
         Point centre;
-        double
-            spread; ///< natural logarithm of the scale that leads from a smear's inner end to its outer one
+        double spread; ///< natural logarithm of the scale from a smear's inner end to its outer one
     };
     struct MotionBlur {
-        Image of;
+        Ref of;
         Point reach; ///< the smear's half, from its middle to one end
     };
     struct Filtered {
-        Image of;
-        Filter filter;                                           ///< within what can be drawn
-        std::shared_ptr<const std::vector<std::uint32_t>> table; ///< a cube's colours, packed
+        Ref of;
+        Filter filter; ///< within what can be drawn
     };
-    using Kind = std::variant<Fill, Pixels, Picture, Crop, Move, Over, Clamp, Fade, ZoomBlur, MotionBlur,
-                              Filtered, Mask, Ramp, Rounded, Later, Once>;
+    using Kind = std::variant<Fill, BitmapPixels, FramePixels, Crop, Transformed, Over, Clamp, Fade, ZoomBlur,
+                              MotionBlur, Filtered, Mask, Gradient, RoundedRectangle, Later, Once>;
 
     Kind kind;
     Rect extent;         ///< where there can be colour
@@ -95,20 +105,17 @@ struct Image::Node {
     bool single = false; ///< one picture, at most cropped, faded and moved along the axes: clamping it is
                          ///< sampling it so
 
-    Node(Kind what, Rect extent, Rect body, Rect opaque, bool single);
-    ~Node();
-    static Image imageOf(Pixels pixels);
-    Node(const Node&) = delete;
-    Node& operator=(const Node&) = delete;
+    ImageNode(Kind what, Rect extent, Rect body, Rect opaque, bool single);
+    ~ImageNode();
+    ImageNode(const ImageNode&) = delete;
+    ImageNode& operator=(const ImageNode&) = delete;
+
+    /// Whether it is known to be opaque all over an area, seen through `place`.
+    bool covers(const Transform& place, const Rect& area) const;
 
 private:
-    struct Waiting;
-    void giveUp(Waiting& children);
+    struct Remains;
+    void giveUp(Remains& remains);
 };
-
-/// Whether upright rectangles stay upright ones: no turn but by quarters, no shear.
-bool keepsAxes(const Transform& transform);
-/// Whether pixels stay pixels, moved by whole ones.
-bool isShift(const Transform& transform);
 
 }

@@ -11,10 +11,10 @@
 namespace murbo::Jpeg {
 namespace {
 
-constexpr long long mostPixels = 1LL << 28;
+constexpr long long maxPixels = 1LL << 28;
 constexpr unsigned longestSide = 32768;
 /// A progressive file can ask for pass after pass over the whole picture; honest ones have a dozen.
-constexpr int mostScans = 64;
+constexpr int maxScans = 64;
 
 /// The library's way out is a call that must not return: it goes back to where the work began.
 struct Errors {
@@ -36,7 +36,7 @@ jpeg_error_mgr* prepared(Errors& errors) {
 }
 
 void countScans(j_common_ptr state) {
-    if (reinterpret_cast<j_decompress_ptr>(state)->input_scan_number > mostScans) leave(state);
+    if (reinterpret_cast<j_decompress_ptr>(state)->input_scan_number > maxScans) leave(state);
 }
 
 // Nothing with a destructor lives between setjmp and longjmp: memory is held by the callers.
@@ -71,7 +71,7 @@ bool encodeInto(const Bitmap& bitmap, int quality, unsigned char** memory, unsig
 
 bool holdable(const jpeg_decompress_struct& state) {
     return state.image_width <= longestSide && state.image_height <= longestSide &&
-           static_cast<long long>(state.image_width) * state.image_height <= mostPixels;
+           static_cast<long long>(state.image_width) * state.image_height <= maxPixels;
 }
 
 /// CMYK is left out: no camera or screen writes it.
@@ -107,7 +107,7 @@ bool decodeInto(std::string_view bytes, int largest, std::optional<Bitmap>& bitm
     return true;
 }
 
-struct Freed {
+struct FreeMemory {
     void operator()(unsigned char* memory) const { std::free(memory); }
 };
 
@@ -118,7 +118,7 @@ std::string encode(const Bitmap& bitmap, double quality) {
     unsigned long size = 0;
     const int percent = int(std::lround(std::clamp(quality, 0.0, 1.0) * 100));
     const bool whole = !bitmap.empty() && encodeInto(bitmap, percent, &memory, &size);
-    const std::unique_ptr<unsigned char, Freed> held(memory);
+    const std::unique_ptr<unsigned char, FreeMemory> held(memory);
     if (!whole) throw Problem("The picture could not be written as JPEG.");
     return {reinterpret_cast<const char*>(memory), size};
 }

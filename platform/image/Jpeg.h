@@ -13,7 +13,7 @@ namespace murbo::Jpeg {
 std::string encode(const Bitmap& bitmap, double quality);
 
 /// The picture of a JPEG file; nothing where the bytes are none, are cut off before the first line, or name a
-/// picture over `largest` pixels a side or 2^28 pixels in all. What is missing behind a line is grey.
+/// picture over `largest` pixels a side or 2^28 pixels in all. What is missing after a line is grey.
 std::optional<Bitmap> decode(std::string_view bytes, int largest = 32768);
 
 }

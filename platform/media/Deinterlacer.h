@@ -22,7 +22,7 @@ public:
     bool takes(const AVFrame& picture) const;
     /// Takes the picture over, unless it answers false. `pts` is the time that it comes out with.
     bool put(AVFrame* picture);
-    /// No more will be put in: the last one comes out. False where this was told before.
+    /// No more will be put in: the last one comes out. False where it was called before.
     bool end();
     /// False where more must be put in first.
     bool take(AVFrame* picture);

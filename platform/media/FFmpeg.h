@@ -17,17 +17,17 @@ namespace murbo::ffmpeg {
 
 /// Calls a library's own "free", which takes the address of a pointer.
 template <auto function>
-struct Freed {
+struct FreeBy {
     template <class T>
     void operator()(T* held) const {
         function(&held);
     }
 };
 
-using FormatContext = std::unique_ptr<AVFormatContext, Freed<avformat_close_input>>;
-using CodecContext = std::unique_ptr<AVCodecContext, Freed<avcodec_free_context>>;
-using Packet = std::unique_ptr<AVPacket, Freed<av_packet_free>>;
-using Picture = std::unique_ptr<AVFrame, Freed<av_frame_free>>;
+using FormatContext = std::unique_ptr<AVFormatContext, FreeBy<avformat_close_input>>;
+using CodecContext = std::unique_ptr<AVCodecContext, FreeBy<avcodec_free_context>>;
+using Packet = std::unique_ptr<AVPacket, FreeBy<av_packet_free>>;
+using Picture = std::unique_ptr<AVFrame, FreeBy<av_frame_free>>;
 
 /// New and empty; throw std::bad_alloc where there is no memory.
 Packet makePacket();

@@ -11,9 +11,12 @@ namespace {
 // Above this a "rate" is the clock that timestamps are counted in, not pictures a second.
 constexpr double highestRate = 240;
 // Pictures may be left out of a recording, but not nearly all.
-constexpr double mostLeftOut = 8;
-// Spacings that are looked at to tell the rate of an uneven recording.
-constexpr int mostSpacings = 4000;
+constexpr double maxLeftOut = 8;
+// Above the mean by this, a header's rate is that of a clock or of a recording with gaps: the spacing
+// decides.
+constexpr double wellAboveMean = 1.3;
+// Spacings that are looked at to find the rate of an uneven recording.
+constexpr int maxSpacings = 4000;
 constexpr double unevenFrom = 0.03;
 
 constexpr double standardRates[] = {
@@ -29,15 +32,15 @@ bool isInterlaced(const AVStream* stream) {
 }
 
 double nearestStandard(double rate) {
-    for (const double standard : standardRates)
-        if (std::abs(rate - standard) < 0.02 * standard) return standard;
-    return rate;
+    const auto off = [&](double standard) { return std::abs(rate - standard) / standard; };
+    const double nearest = *std::ranges::min_element(standardRates, {}, off);
+    return off(nearest) < 0.02 ? nearest : rate;
 }
 
 // The rate that an uneven recording was made at: that of its closer pictures, since the wide gaps are where
-// some were left out. Told from the index; 0 without one.
+// some were left out. Found by the index; 0 without one.
 double rateBySpacing(AVStream* stream) {
-    const int entries = std::min(avformat_index_get_entries_count(stream), mostSpacings);
+    const int entries = std::min(avformat_index_get_entries_count(stream), maxSpacings);
     std::vector<std::int64_t> spacings;
     for (int index = 1; index < entries; ++index) {
         const std::int64_t before = avformat_index_get_entry(stream, index - 1)->timestamp;
@@ -54,16 +57,18 @@ double rateBySpacing(AVStream* stream) {
 double nominalRate(AVStream* stream) {
     const double mean = ratio(stream->avg_frame_rate);
     const double told = ratio(stream->r_frame_rate);
-    // Of interlaced recordings the rate of fields may be told.
+    // Of interlaced recordings the header may give the rate of fields.
     if (isInterlaced(stream) && mean > 0 && std::abs(told - 2 * mean) < 0.1 * mean)
         return nearestStandard(mean);
-    const bool sensible = told > 0 && told <= highestRate * 1.01 && (mean <= 0 || told <= mostLeftOut * mean);
-    if (sensible) return told;
+    const bool sensible = told > 0 && told <= highestRate * 1.01 && (mean <= 0 || told <= maxLeftOut * mean);
+    if (sensible && (mean <= 0 || told <= wellAboveMean * mean)) return told;
     const double spaced = rateBySpacing(stream);
-    return spaced > 0 ? spaced : mean <= highestRate * 1.01 ? mean : 0;
+    if (spaced > 0) return spaced;
+    if (sensible) return told;
+    return mean <= highestRate * 1.01 ? mean : 0;
 }
 
-MediaFacts::Picture picture(const Input& input, AVStream* stream) {
+MediaFacts::Picture picture(const Demuxer& input, AVStream* stream) {
     const PictureTraits traits = FrameView::traits(input.context(), stream);
     Frame shape;
     shape.width = stream->codecpar->width;
@@ -91,7 +96,7 @@ MediaFacts::Sound sound(const std::vector<AVStream*>& streams) {
 
 }
 
-MediaFacts of(const Input& input) {
+MediaFacts of(const Demuxer& input) {
     MediaFacts facts;
     if (AVStream* stream = input.picture()) facts.picture = picture(input, stream);
     if (const auto sounds = input.sounds(); !sounds.empty()) facts.sound = sound(sounds);
@@ -100,14 +105,6 @@ MediaFacts of(const Input& input) {
                       "” holds neither picture nor sound that can be read.");
     facts.length = FileEnd::length(input);
     return facts;
-}
-
-}
-
-namespace murbo {
-
-MediaFacts MediaFile::facts(const std::filesystem::path& path) {
-    return Facts::of(Input(path));
 }
 
 }

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/media/Input.h"
-#include "platform/media/MediaFile.h"
+#include "platform/media/Demuxer.h"
+#include "platform/media/MediaFacts.h"
 
 namespace murbo::Facts {
 
 /// The facts of a file that is already open. Reads no further in it, but may look at its end beside it.
-MediaFacts of(const Input& input);
+MediaFacts of(const Demuxer& input);
 
 }

@@ -9,18 +9,20 @@ namespace murbo {
 
 namespace {
 
-// Times that are asked for come from sums of doubles, and some formats round theirs to a millisecond.
-constexpr double timeTolerance = 0.0005;
+// Sums of doubles come out this close to what they stand for.
+constexpr double rounding = 1e-6;
+// Formats that count in milliseconds round a picture's own time too.
+constexpr double maxHalfTick = 0.0005;
 // Reading on is given up for a jump when that saves decoding more than this, about what a jump itself costs.
 constexpr double worthAJump = 0.5;
-// How far ahead reading on is tried in formats that don't tell where their keyframes lie.
+// How far ahead reading on is tried in formats that don't say where their keyframes lie.
 constexpr double blindReach = 3;
 // The first step back where a jump landed too late; then twice as far, and so on.
 constexpr double firstStepBack = 2;
 // Decoders hold pictures back for less than this.
-constexpr double mostHeldBack = 1;
-// Longer broken stretches than so many times what the decoder passes over at once end the reading.
-constexpr int mostStretches = 32;
+constexpr double maxHeldBack = 1;
+// A broken stretch ends the reading once the decoder has passed over this many at a time in vain.
+constexpr int maxStretches = 32;
 
 // Far enough for any file, and safe to calculate with.
 double bounded(double time) {
@@ -32,17 +34,17 @@ PictureDecoder::Threads threads(FrameReader::Purpose purpose) {
     return stills ? PictureDecoder::Threads::one : PictureDecoder::Threads::several;
 }
 
-AVStream* pictureOf(const Input& input) {
+AVStream* pictureOf(const Demuxer& input) {
     if (AVStream* stream = input.picture()) return stream;
     throw Problem("“" + input.path().filename().string() + "” has no picture.");
 }
 
 }
 
-// `current` is the picture given last, `upcoming` the one behind it; together they tell how long `current` is
+// `current` is the picture given last, `upcoming` the one after it; together they say how long `current` is
 // on.
-struct FrameReader::Parts {
-    Parts(const std::filesystem::path& path, Purpose purpose)
+struct FrameReader::PictureSearch {
+    PictureSearch(const std::filesystem::path& path, Purpose purpose)
         : input(path),
           stream(pictureOf(input)),
           traits(FrameView::traits(input.context(), stream)),
@@ -50,14 +52,14 @@ struct FrameReader::Parts {
           decoder(input, stream, threads(purpose)) {
         input.readOnly(stream);
         if (purpose == Purpose::sampling) decoder.onlySample();
-        tolerance = std::min(timeTolerance, av_q2d(stream->time_base) / 2) + 1e-6;
+        reach = tolerance + std::min(av_q2d(stream->time_base) / 2, maxHalfTick) + rounding;
     }
 
     double timeOf(const PictureDecoder::Decoded& picture) const {
         return input.seconds(picture.ticks, stream);
     }
     bool comesOn(const std::optional<PictureDecoder::Decoded>& picture, double time) const {
-        return picture && timeOf(*picture) <= time + tolerance;
+        return picture && timeOf(*picture) <= time + reach;
     }
 
     bool shows(double time) const;
@@ -73,12 +75,12 @@ struct FrameReader::Parts {
     bool isAtFileStart(double time) const;
     std::optional<TimedFrame> given();
 
-    Input input;
+    Demuxer input;
     AVStream* stream;
     PictureTraits traits;
     MediaFacts facts;
     PictureDecoder decoder;
-    double tolerance = 0;
+    double reach = 0; ///< seconds before a picture's own time from which it is on
 
     std::optional<PictureDecoder::Decoded> current;
     std::optional<PictureDecoder::Decoded> upcoming;
@@ -87,18 +89,18 @@ struct FrameReader::Parts {
     bool currentIsFirst = false;
 };
 
-bool FrameReader::Parts::shows(double time) const {
+bool FrameReader::PictureSearch::shows(double time) const {
     if (shown == INT64_MIN) return false;
     const double since = input.seconds(shown, stream);
-    if (since > time + tolerance) return currentIsFirst;
+    if (since > time + reach) return currentIsFirst;
     if (upcoming || decoder.isAtEnd()) return !comesOn(upcoming, time);
-    const double passed = input.seconds(decoder.readUpTo(), stream) - mostHeldBack;
-    return time <= std::max(since + tolerance, passed);
+    const double passed = input.seconds(decoder.readUpTo(), stream) - maxHeldBack;
+    return time <= std::max(since + reach, passed);
 }
 
 // Decoding on costs what lies between; a jump costs what lies between its keyframe and the time.
-bool FrameReader::Parts::canReadOn(double time) const {
-    if (shown == INT64_MIN || input.seconds(shown, stream) > time + tolerance) return false;
+bool FrameReader::PictureSearch::canReadOn(double time) const {
+    if (shown == INT64_MIN || input.seconds(shown, stream) > time + reach) return false;
     if (decoder.hasFailed()) return false;
     const double position = input.seconds(decoder.readUpTo(), stream);
     if (time <= position + worthAJump) return true;
@@ -108,7 +110,7 @@ bool FrameReader::Parts::canReadOn(double time) const {
     return input.seconds(key->timestamp, stream) <= position + worthAJump;
 }
 
-void FrameReader::Parts::advance() {
+void FrameReader::PictureSearch::advance() {
     if (upcoming) {
         shown = upcoming->ticks;
         current = std::exchange(upcoming, std::nullopt);
@@ -119,41 +121,41 @@ void FrameReader::Parts::advance() {
 }
 
 // Any picture that is asked for next takes a jump.
-void FrameReader::Parts::forget() {
+void FrameReader::PictureSearch::forget() {
     shown = INT64_MIN;
     current.reset();
     upcoming.reset();
     frame.reset();
 }
 
-void FrameReader::Parts::readOn(double time, const std::stop_token& stop) {
+void FrameReader::PictureSearch::readOn(double time, const std::stop_token& stop) {
     decoder.windTo(input.ticks(inside(time), stream));
     if (!upcoming) upcoming = decoder.next();
     while (comesOn(upcoming, time) && !stop.stop_requested()) advance();
     decoder.stopWinding();
 }
 
-// Whether there is a picture behind the one shown, however long the broken stretch between them.
-bool FrameReader::Parts::passedBroken() {
-    for (int tries = 0; !upcoming && tries < mostStretches; ++tries) {
+// Whether there is a picture after the one shown, however long the broken stretch between them.
+bool FrameReader::PictureSearch::passedBroken() {
+    for (int tries = 0; !upcoming && tries < maxStretches; ++tries) {
         if (decoder.isAtEnd() || decoder.hasFailed()) break;
         upcoming = decoder.next();
     }
     return upcoming.has_value();
 }
 
-// Behind the end the last picture is asked for, and those around it must be whole too.
-double FrameReader::Parts::inside(double time) const {
+// After the end the last picture is asked for, and those around it must be whole too.
+double FrameReader::PictureSearch::inside(double time) const {
     return facts.length > 0 ? std::min(time, facts.length) : time;
 }
 
-bool FrameReader::Parts::isAtFileStart(double time) const {
+bool FrameReader::PictureSearch::isAtFileStart(double time) const {
     const double first = stream->start_time == AV_NOPTS_VALUE ? 0 : input.seconds(stream->start_time, stream);
     return !(time > first);
 }
 
 // Where a jump lands is the format's guess: it counts only if what it finds is on by then.
-void FrameReader::Parts::land(double time, bool winding) {
+void FrameReader::PictureSearch::land(double time, bool winding) {
     const double goal = inside(time);
     shown = INT64_MIN;
     current.reset();
@@ -171,14 +173,14 @@ void FrameReader::Parts::land(double time, bool winding) {
     }
 }
 
-void FrameReader::Parts::jump(double time, bool winding, const std::stop_token& stop) {
+void FrameReader::PictureSearch::jump(double time, bool winding, const std::stop_token& stop) {
     land(time, winding);
     while (comesOn(upcoming, time) && !stop.stop_requested()) advance();
     decoder.stopWinding();
 }
 
 // Winding passes over pictures that no other needs; where times are uneven it may have been the very one.
-bool FrameReader::Parts::leftOutWhatIsAsked() const {
+bool FrameReader::PictureSearch::leftOutWhatIsAsked() const {
     const bool fields = stream->codecpar->field_order > AV_FIELD_PROGRESSIVE;
     const double rate = av_q2d(av_guess_frame_rate(input.context(), stream, nullptr));
     const double slack = fields && rate > 0 ? 0.9 / rate : 0; // each field may have a packet of its own
@@ -187,57 +189,62 @@ bool FrameReader::Parts::leftOutWhatIsAsked() const {
     return input.seconds(leftOut, stream) > input.seconds(shown, stream) + slack;
 }
 
-std::optional<FrameReader::TimedFrame> FrameReader::Parts::given() {
+std::optional<FrameReader::TimedFrame> FrameReader::PictureSearch::given() {
     if (!frame && current) frame = FrameView::of(std::move(current->picture), traits);
     current.reset();
     if (!frame) return std::nullopt;
     return TimedFrame{input.seconds(shown, stream), *frame};
 }
 
-FrameReader::FrameReader(std::unique_ptr<Parts> given) : parts(std::move(given)) {}
+FrameReader::FrameReader(std::unique_ptr<PictureSearch> given) : search(std::move(given)) {}
 FrameReader::FrameReader(FrameReader&&) noexcept = default;
 FrameReader& FrameReader::operator=(FrameReader&&) noexcept = default;
 FrameReader::~FrameReader() = default;
 
 FrameReader FrameReader::open(const std::filesystem::path& path, Purpose purpose) {
-    return FrameReader(std::make_unique<Parts>(path, purpose));
+    return FrameReader(std::make_unique<PictureSearch>(path, purpose));
 }
 
 double FrameReader::slack() const {
-    return parts->tolerance;
+    return search->reach;
 }
 
 const MediaFacts& FrameReader::facts() const {
-    return parts->facts;
+    return search->facts;
 }
 
 std::optional<FrameReader::TimedFrame> FrameReader::at(double asked, const std::stop_token& stop) {
     const double time = bounded(asked);
-    if (!parts->shows(time)) {
-        if (parts->canReadOn(time))
-            parts->readOn(time, stop);
+    if (!search->shows(time)) {
+        if (search->canReadOn(time))
+            search->readOn(time, stop);
         else
-            parts->jump(time, true, stop);
-        if (parts->leftOutWhatIsAsked()) parts->jump(time, false, stop);
+            search->jump(time, true, stop);
+        if (search->leftOutWhatIsAsked()) search->jump(time, false, stop);
         // What lies between here and there may have been passed over.
-        if (stop.stop_requested() && !parts->shows(time)) {
-            parts->forget();
+        if (stop.stop_requested() && !search->shows(time)) {
+            search->forget();
             return std::nullopt;
         }
     }
-    return parts->given();
+    return search->given();
+}
+
+bool FrameReader::reaches(double asked) const {
+    const double time = bounded(asked);
+    return search->shows(time) || search->canReadOn(time);
 }
 
 std::optional<FrameReader::TimedFrame> FrameReader::keyframe(double asked) {
-    parts->land(bounded(asked), false);
-    return parts->given();
+    search->land(bounded(asked), false);
+    return search->given();
 }
 
 std::optional<FrameReader::TimedFrame> FrameReader::next() {
-    if (parts->shown == INT64_MIN) return at(0);
-    if (!parts->passedBroken()) return std::nullopt;
-    parts->advance();
-    return parts->given();
+    if (search->shown == INT64_MIN) return at(0);
+    if (!search->passedBroken()) return std::nullopt;
+    search->advance();
+    return search->given();
 }
 
 }

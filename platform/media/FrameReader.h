@@ -42,15 +42,22 @@ public:
 
     const MediaFacts& facts() const;
 
-    /// The picture that is on at `time`: the last that came on at or before it; the first one where `time` is
-    /// before it, the last one behind the end. A time a little ahead of the last one asked is reached by
-    /// decoding on, any other by a seek. Nothing where not one picture can be decoded there, and where `stop`
-    /// came before it was reached.
+    /// Half a 600th of a second: what an asked time may miss a picture's own by. Where the file's clock is a
+    /// coarse one, what that rounds off comes on top.
+    static constexpr double tolerance = 0.5 / 600;
+
+    /// The picture that is on at `time`: the last that came on at or before it, within `tolerance`; the first
+    /// one where `time` is before it, after the end the last one. A time a little ahead of the last one
+    /// asked is reached by decoding on, any other by a seek. Nothing where not one picture can be decoded
+    /// there, and where `stop` came before it was reached.
     std::optional<TimedFrame> at(double time, const std::stop_token& stop = {});
 
     /// The last picture at or before `time` from which decoding can begin, quickly had;
     /// `next` goes on from there.
     std::optional<TimedFrame> keyframe(double time);
+
+    /// Whether `at` would come to a time by decoding on, and need no seek.
+    bool reaches(double time) const;
 
     /// The picture after the one last given; nothing at the end.
     std::optional<TimedFrame> next();
@@ -59,9 +66,9 @@ public:
     double slack() const;
 
 private:
-    struct Parts;
-    explicit FrameReader(std::unique_ptr<Parts> given);
-    std::unique_ptr<Parts> parts;
+    struct PictureSearch;
+    explicit FrameReader(std::unique_ptr<PictureSearch> given);
+    std::unique_ptr<PictureSearch> search;
 };
 
 }

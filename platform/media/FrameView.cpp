@@ -91,7 +91,7 @@ Frame::ChromaSite chromaSite(const AVFrame& picture, AVCodecID codec) {
     return centred ? Frame::ChromaSite::centre : Frame::ChromaSite::left;
 }
 
-void tellColour(Frame& frame, const AVFrame& picture, AVCodecID codec) {
+void setColour(Frame& frame, const AVFrame& picture, AVCodecID codec) {
     frame.fullRange = isFullRange(picture, codec);
     frame.matrix = matrix(picture);
     frame.transfer = transfer(picture);
@@ -136,7 +136,7 @@ std::optional<Frame> of(ffmpeg::Picture picture, const PictureTraits& traits) {
     frame.hasAlpha = layout->hasAlpha;
     frame.turn = traits.quarterTurns;
     frame.pixelAspect = traits.pixelAspect;
-    tellColour(frame, *picture, traits.codec);
+    setColour(frame, *picture, traits.codec);
     pointInto(frame, *picture);
     frame.keeper = std::shared_ptr<const AVFrame>(std::move(picture));
     return frame;

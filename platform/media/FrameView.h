@@ -2,22 +2,16 @@
 
 #include "platform/image/Frame.h"
 #include "platform/media/FFmpeg.h"
+#include "platform/media/PictureTraits.h"
 
 namespace murbo {
-
-/// What a track says of its pictures and the pictures don't say themselves.
-struct PictureTraits {
-    int quarterTurns = 0;   ///< clockwise, that bring a picture upright
-    double pixelAspect = 1; ///< width of a stored pixel over its height
-    AVCodecID codec = AV_CODEC_ID_NONE;
-};
 
 namespace FrameView {
 
 /// The traits of a track. Turns other than quarter turns, and mirrors, count as none.
 PictureTraits traits(AVFormatContext* format, AVStream* stream);
 
-/// A decoded picture as a Frame that points into it; layouts that a Frame can't tell are converted first.
+/// A decoded picture as a Frame that points into it; layouts that a Frame can't describe are converted first.
 /// Nothing where there is no picture in it, or it can't be converted.
 std::optional<Frame> of(ffmpeg::Picture picture, const PictureTraits& traits);
 

@@ -1,7 +1,7 @@
 #include "platform/media/MovieWriter.h"
 
 #include "platform/base/Problem.h"
-#include "platform/media/MovieOutput.h"
+#include "platform/media/Muxer.h"
 #include "platform/media/SoundReader.h"
 
 #include <cerrno>
@@ -98,8 +98,8 @@ void refuseWhatIsNoMovie(const MovieSettings& settings) {
 
 }
 
-struct MovieWriter::Parts {
-    Parts(const std::filesystem::path& path, const MovieSettings& given)
+struct MovieWriter::Encoding {
+    Encoding(const std::filesystem::path& path, const MovieSettings& given)
         : settings(given), output(path), pictures(pictureEncoder(given)) {
         if (settings.sound) sounds = soundEncoder();
         pictureTrack = output.addTrack(*pictures);
@@ -111,7 +111,7 @@ struct MovieWriter::Parts {
     void soundFrame(std::span<const float> interleaved);
 
     MovieSettings settings;
-    MovieOutput output;
+    Muxer output;
     ffmpeg::CodecContext pictures;
     ffmpeg::CodecContext sounds;
     AVStream* pictureTrack = nullptr;
@@ -122,8 +122,8 @@ struct MovieWriter::Parts {
     std::int64_t soundGiven = 0;
 };
 
-void MovieWriter::Parts::encode(AVCodecContext& codec, AVStream* track, const AVFrame* frame,
-                                const char* what) {
+void MovieWriter::Encoding::encode(AVCodecContext& codec, AVStream* track, const AVFrame* frame,
+                                   const char* what) {
     check(avcodec_send_frame(&codec, frame), what);
     for (;;) {
         const int error = avcodec_receive_packet(&codec, packet.get());
@@ -133,7 +133,7 @@ void MovieWriter::Parts::encode(AVCodecContext& codec, AVStream* track, const AV
     }
 }
 
-void MovieWriter::Parts::soundFrame(std::span<const float> interleaved) {
+void MovieWriter::Encoding::soundFrame(std::span<const float> interleaved) {
     ffmpeg::Picture frame = ffmpeg::makePicture();
     frame->format = AV_SAMPLE_FMT_FLTP;
     frame->sample_rate = Sound::rate;
@@ -152,7 +152,7 @@ void MovieWriter::Parts::soundFrame(std::span<const float> interleaved) {
     encode(*sounds, soundTrack, frame.get(), "sound");
 }
 
-MovieWriter::MovieWriter(std::unique_ptr<Parts> given) : parts(std::move(given)) {}
+MovieWriter::MovieWriter(std::unique_ptr<Encoding> given) : encoding(std::move(given)) {}
 MovieWriter::MovieWriter(MovieWriter&&) noexcept = default;
 MovieWriter& MovieWriter::operator=(MovieWriter&&) noexcept = default;
 MovieWriter::~MovieWriter() = default;
@@ -160,39 +160,39 @@ MovieWriter::~MovieWriter() = default;
 MovieWriter MovieWriter::open(const std::filesystem::path& path, const MovieSettings& settings) {
     ffmpeg::quiet();
     refuseWhatIsNoMovie(settings);
-    return MovieWriter(std::make_unique<Parts>(path, settings));
+    return MovieWriter(std::make_unique<Encoding>(path, settings));
 }
 
 void MovieWriter::picture(const Planes& planes) {
-    if (planes.width() != parts->settings.width || planes.height() != parts->settings.height)
+    if (planes.width() != encoding->settings.width || planes.height() != encoding->settings.height)
         throw Problem("A picture of another size than the movie's can't be put into it.");
     const ffmpeg::Picture frame = borrowed(planes);
-    frame->pts = parts->picturesGiven++;
-    parts->encode(*parts->pictures, parts->pictureTrack, frame.get(), "picture");
+    frame->pts = encoding->picturesGiven++;
+    encoding->encode(*encoding->pictures, encoding->pictureTrack, frame.get(), "picture");
 }
 
 void MovieWriter::sound(std::span<const float> samples) {
-    if (!parts->sounds) return;
-    const std::size_t whole = static_cast<std::size_t>(parts->sounds->frame_size) * Sound::channels;
-    std::vector<float>& waiting = parts->waiting;
+    if (!encoding->sounds) return;
+    const std::size_t whole = static_cast<std::size_t>(encoding->sounds->frame_size) * Sound::channels;
+    std::vector<float>& waiting = encoding->waiting;
     while (waiting.size() + samples.size() >= whole) {
         const std::size_t taken = whole - waiting.size();
         waiting.insert(waiting.end(), samples.begin(), samples.begin() + static_cast<std::ptrdiff_t>(taken));
         samples = samples.subspan(taken);
-        parts->soundFrame(waiting);
+        encoding->soundFrame(waiting);
         waiting.clear();
     }
     waiting.insert(waiting.end(), samples.begin(), samples.end());
 }
 
 void MovieWriter::finish() {
-    if (parts->picturesGiven == 0) throw Problem("A movie needs at least one picture.");
-    parts->encode(*parts->pictures, parts->pictureTrack, nullptr, "picture");
-    if (parts->sounds) {
-        if (!parts->waiting.empty()) parts->soundFrame(parts->waiting);
-        parts->encode(*parts->sounds, parts->soundTrack, nullptr, "sound");
+    if (encoding->picturesGiven == 0) throw Problem("A movie needs at least one picture.");
+    encoding->encode(*encoding->pictures, encoding->pictureTrack, nullptr, "picture");
+    if (encoding->sounds) {
+        if (!encoding->waiting.empty()) encoding->soundFrame(encoding->waiting);
+        encoding->encode(*encoding->sounds, encoding->soundTrack, nullptr, "sound");
     }
-    parts->output.finish();
+    encoding->output.finish();
 }
 
 }

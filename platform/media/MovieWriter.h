@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/image/Bitmap.h"
+#include "platform/image/Planes.h"
+#include "platform/media/MovieSettings.h"
 
 #include <filesystem>
 #include <memory>
@@ -8,18 +10,6 @@
 #include <string>
 
 namespace murbo {
-
-/// What a movie is written with.
-struct MovieSettings {
-    int width = 0;                 ///< pixels, even
-    int height = 0;                ///< pixels, even
-    int rate = 30;                 ///< whole frames a second
-    bool sound = true;             ///< AAC, 48 kHz stereo, 192 kbit/s
-    std::string preset = "medium"; ///< x264's
-    double quality = 18;           ///< x264's constant rate factor; lower is better
-    int lookahead = 0;             ///< pictures that the encoder looks ahead; 0 is the preset's
-    int threads = 0;               ///< of the encoder; 0 lets it choose
-};
 
 /// Writes an MPEG-4 movie: H.264 (BT.709, limited range, tagged so) and AAC, the index at the front. The file
 /// is written beside its place and renamed when whole; a writer that goes without `finish` leaves nothing.
@@ -43,9 +33,9 @@ public:
     void finish();
 
 private:
-    struct Parts;
-    explicit MovieWriter(std::unique_ptr<Parts> given);
-    std::unique_ptr<Parts> parts;
+    struct Encoding;
+    explicit MovieWriter(std::unique_ptr<Encoding> given);
+    std::unique_ptr<Encoding> encoding;
 };
 
 }

@@ -10,7 +10,7 @@ namespace {
 using Kind = PictureHeader::Kind;
 
 // Each scan of a progressive JPEG goes over the whole picture; honest ones have a dozen.
-constexpr int mostScans = 64;
+constexpr int maxScans = 64;
 
 std::uint32_t big(std::string_view bytes, std::size_t at, std::size_t length) {
     std::uint32_t number = 0;
@@ -34,7 +34,7 @@ std::string inLittle(std::size_t number, int length) {
 
 // ------------------------------------------------------------------- JPEG ----
 
-/// Where the marker behind the data of a scan stands.
+/// Where the marker after the data of a scan stands.
 std::size_t endOfScan(std::string_view file, std::size_t at) {
     while (at + 1 < file.size()) {
         at = file.find('\xFF', at);
@@ -47,7 +47,7 @@ std::size_t endOfScan(std::string_view file, std::size_t at) {
     return file.size();
 }
 
-/// The number of scans; and the orientation, where the file tells one.
+/// The number of scans; and the orientation, where the file gives one.
 int lookThroughJpeg(std::string_view file, int& orientation) {
     int scans = 0;
     for (std::size_t at = 2; at + 4 <= file.size() && file[at] == '\xFF';) {
@@ -63,7 +63,7 @@ int lookThroughJpeg(std::string_view file, int& orientation) {
             orientation = PictureBytes::orientationIn(inside.substr(6));
         at += 2 + length;
         if (marker != 0xDA) continue;
-        if (++scans > mostScans) break;
+        if (++scans > maxScans) break;
         at = endOfScan(file, at);
     }
     return scans;
@@ -71,7 +71,7 @@ int lookThroughJpeg(std::string_view file, int& orientation) {
 
 PictureBytes jpeg(std::string file) {
     PictureBytes picture;
-    if (lookThroughJpeg(file, picture.orientation) <= mostScans) picture.bytes = std::move(file);
+    if (lookThroughJpeg(file, picture.orientation) <= maxScans) picture.bytes = std::move(file);
     return picture;
 }
 
@@ -139,9 +139,9 @@ int PictureBytes::orientationIn(std::string_view exif) {
     const bool turned = exif.starts_with("MM");
     if (!turned && !exif.starts_with("II")) return 1;
     const auto number = turned ? big : little;
-    constexpr std::size_t mostEntries = 1000;
+    constexpr std::size_t maxEntries = 1000;
     const std::size_t list = number(exif, 4, 4);
-    const std::size_t entries = std::min<std::size_t>(number(exif, list, 2), mostEntries);
+    const std::size_t entries = std::min<std::size_t>(number(exif, list, 2), maxEntries);
     for (std::size_t entry = 0; entry < entries; ++entry) {
         const std::size_t at = list + 2 + entry * 12;
         if (number(exif, at, 2) != 0x0112) continue;

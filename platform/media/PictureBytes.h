@@ -15,7 +15,7 @@ struct PictureBytes {
 
     static PictureBytes of(PictureHeader::Kind kind, std::string file);
 
-    /// The orientation that an Exif block tells (CIPA DC-008, 4.6.5); 1 where it tells none.
+    /// The orientation that an Exif block gives (CIPA DC-008, 4.6.5); 1 where it gives none.
     static int orientationIn(std::string_view exif);
 };
 

@@ -13,7 +13,7 @@ namespace {
 using Layout = Frame::Layout;
 using Scaler = std::unique_ptr<SwsContext, decltype([](SwsContext* held) { sws_freeContext(held); })>;
 
-constexpr std::uint64_t untellable = AV_PIX_FMT_FLAG_PAL | AV_PIX_FMT_FLAG_BITSTREAM |
+constexpr std::uint64_t unknowable = AV_PIX_FMT_FLAG_PAL | AV_PIX_FMT_FLAG_BITSTREAM |
                                      AV_PIX_FMT_FLAG_HWACCEL | AV_PIX_FMT_FLAG_BAYER | AV_PIX_FMT_FLAG_FLOAT |
                                      AV_PIX_FMT_FLAG_RGB;
 
@@ -90,7 +90,7 @@ std::optional<PictureLayout> layout(AVPixelFormat format) {
     if (format == AV_PIX_FMT_BGRA) return PictureLayout{.layout = Layout::bgra, .hasAlpha = true};
     if (format == AV_PIX_FMT_BGR0) return PictureLayout{.layout = Layout::bgra};
     const AVPixFmtDescriptor* known = av_pix_fmt_desc_get(format);
-    if (!known || (known->flags & untellable) || !isLittleEndian(*known)) return std::nullopt;
+    if (!known || (known->flags & unknowable) || !isLittleEndian(*known)) return std::nullopt;
     const std::optional<Layout> layout = chroma(*known);
     const int depth = known->comp[0].depth;
     const int shift = known->comp[0].shift;

@@ -2,26 +2,19 @@
 
 #include "platform/image/Frame.h"
 #include "platform/media/FFmpeg.h"
+#include "platform/media/PictureLayout.h"
 
 #include <optional>
 
 namespace murbo {
 
-/// How samples lie, as far as a Frame can tell it.
-struct PictureLayout {
-    Frame::Layout layout = Frame::Layout::chroma420;
-    int depth = 8;
-    bool highBits = false;
-    bool interleavedChroma = false;
-    bool hasAlpha = false;
-};
-
 namespace PictureConversion {
 
-/// Nothing where a Frame can't tell it.
+/// Nothing where a Frame can't describe it.
 std::optional<PictureLayout> layout(AVPixelFormat format);
 
-/// The same picture in a layout that a Frame can tell, colours and times kept; null where that can't be done.
+/// The same picture in a layout that a Frame can describe, colours and times kept; null where that can't be
+/// done.
 ffmpeg::Picture converted(ffmpeg::Picture picture);
 
 }

@@ -10,13 +10,13 @@ namespace {
 
 // Pictures this close before a winding's goal are all decoded: it covers the goal's neighbours.
 constexpr double fullyDecoded = 0.5;
-// No decoder holds back that many packets before its first picture.
-constexpr int mostPacketsInVain = 1000;
+// No decoder holds back this many packets before its first picture.
+constexpr int maxPacketsInVain = 1000;
 // 16384 x 8192 is above all that is recorded; a header may claim anything.
-constexpr std::int64_t mostPixels = std::int64_t{1} << 27;
-constexpr int mostThreads = 8;
+constexpr std::int64_t maxPixels = std::int64_t{1} << 27;
+constexpr int maxThreads = 8;
 constexpr std::int64_t largePicture = 1280 * 720;
-// Where pictures stand for themselves, sampling decodes one in so many seconds.
+// Where each picture stands for itself, sampling decodes one in this many seconds.
 constexpr double sampledEvery = 0.1;
 
 bool hasAlphaBeside(const AVStream* stream) {
@@ -34,15 +34,21 @@ const AVCodec* decoderFor(const AVStream* stream) {
 }
 
 // In HEVC a picture that its own temporal layer does not need may be needed by a higher one. The
-// configuration record tells in its 22nd byte how many layers there are.
+// configuration record holds in its 22nd byte how many layers there are.
 bool nothingDependsOnNonReferences(const AVCodecParameters& parameters) {
     if (parameters.codec_id != AV_CODEC_ID_HEVC) return true;
     return parameters.extradata_size > 22 && parameters.extradata[0] == 1 &&
            ((parameters.extradata[21] >> 3) & 7) == 1;
 }
 
+// AVI numbers its packets and holds no times: where pictures come in another order than their packets, all
+// seem later by as many as the decoder holds back.
+bool countsPacketsOnly(const Demuxer& input, const AVStream& stream) {
+    return std::string_view(input.context()->iformat->name) == "avi" && stream.codecpar->video_delay > 0;
+}
+
 int threadCount() {
-    return std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 1, mostThreads);
+    return std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 1, maxThreads);
 }
 
 ffmpeg::CodecContext openedCodec(const AVStream* stream, PictureDecoder::Threads threads) {
@@ -51,7 +57,7 @@ ffmpeg::CodecContext openedCodec(const AVStream* stream, PictureDecoder::Threads
     if (!codec) throw std::bad_alloc();
     avcodec_parameters_to_context(codec.get(), stream->codecpar);
     codec->pkt_timebase = stream->time_base;
-    codec->max_pixels = mostPixels;
+    codec->max_pixels = maxPixels;
     const bool several = threads == PictureDecoder::Threads::several;
     codec->thread_type = several ? FF_THREAD_FRAME | FF_THREAD_SLICE : FF_THREAD_SLICE;
     codec->thread_count = threadCount();
@@ -62,10 +68,19 @@ ffmpeg::CodecContext openedCodec(const AVStream* stream, PictureDecoder::Threads
 
 }
 
-PictureDecoder::PictureDecoder(Input& from, AVStream* track, Threads threads)
+PictureDecoder::PictureDecoder(Demuxer& from, AVStream* track, Threads threads)
     : input(from), stream(track), codec(openedCodec(track, threads)) {
     mayWind = nothingDependsOnNonReferences(*stream->codecpar);
     windMargin = static_cast<std::int64_t>(fullyDecoded / av_q2d(stream->time_base));
+    if (countsPacketsOnly(input, *stream)) measureLateness();
+}
+
+// The first picture comes on at the track's start; that it comes out later is the decoder's delay.
+void PictureDecoder::measureLateness() {
+    const auto first = next();
+    if (first && stream->start_time != AV_NOPTS_VALUE)
+        lateness = std::max<std::int64_t>(0, first->ticks - stream->start_time);
+    rewind();
 }
 
 void PictureDecoder::onlySample() {
@@ -144,7 +159,7 @@ bool PictureDecoder::receive() {
             packetsInVain = 0;
             return true;
         }
-        // Any other error is one broken picture; those behind it may be whole.
+        // Any other error is one broken picture; those after it may be whole.
         if (error == AVERROR_EOF)
             stopped = Stopped::atEnd;
         else if (error == AVERROR(ENOMEM))
@@ -155,9 +170,9 @@ bool PictureDecoder::receive() {
     return false;
 }
 
-// Gives the decoder one more packet, tells it of the end, or stops.
+// Gives the decoder one more packet, says that it is the end, or stops.
 void PictureDecoder::feed() {
-    while (packetsInVain < mostPacketsInVain && input.read(packet.get())) {
+    while (packetsInVain < maxPacketsInVain && input.read(packet.get())) {
         if (!isUsable(*packet)) continue;
         if (isBetweenSamples(*packet)) continue;
         chooseSkipping(*packet);
@@ -165,7 +180,7 @@ void PictureDecoder::feed() {
         avcodec_send_packet(codec.get(), packet.get());
         return;
     }
-    if (packetsInVain >= mostPacketsInVain)
+    if (packetsInVain >= maxPacketsInVain)
         stopped = Stopped::inVain;
     else if (!input.isAtEnd())
         stopped = input.isTooSlow() ? Stopped::failed : Stopped::inVain;
@@ -200,9 +215,9 @@ void PictureDecoder::chooseSkipping(const AVPacket& given) {
     if (winding && !(given.flags & AV_PKT_FLAG_DISCARD)) leftOut = std::max(leftOut, ticks);
 }
 
-// A picture without a time follows its forerunner at the track's rate.
+// A picture without a time follows the one before it at the track's rate.
 std::int64_t PictureDecoder::timeOf(const AVFrame& shown) {
-    if (shown.best_effort_timestamp != AV_NOPTS_VALUE) return shown.best_effort_timestamp;
+    if (shown.best_effort_timestamp != AV_NOPTS_VALUE) return shown.best_effort_timestamp - lateness;
     if (lastGiven == INT64_MIN) return stream->start_time == AV_NOPTS_VALUE ? 0 : stream->start_time;
     const AVRational rate = av_guess_frame_rate(input.context(), stream, nullptr);
     const AVRational step = rate.num > 0 ? av_inv_q(rate) : AVRational{1, 25};

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "platform/media/Deinterlacer.h"
-#include "platform/media/Input.h"
+#include "platform/media/Demuxer.h"
+#include "platform/media/Stopped.h"
 
 #include <optional>
 
@@ -17,12 +18,12 @@ public:
     };
 
     enum class Threads {
-        one,    ///< least delay after a jump
-        several ///< pictures ahead are decoded while their forerunner is looked at
+        one,    ///< the shortest delay after a jump
+        several ///< the next pictures are decoded while one is looked at
     };
 
     /// Throws Problem where the track has no working decoder.
-    PictureDecoder(Input& input, AVStream* stream, Threads threads);
+    PictureDecoder(Demuxer& input, AVStream* stream, Threads threads);
 
     /// From here on gives only what can be had with little work: see FrameReader's sampling.
     void onlySample();
@@ -42,7 +43,7 @@ public:
     /// How far into the track packets have been read.
     std::int64_t readUpTo() const { return farthest; }
 
-    /// The next picture; nothing at the end, and where nothing came of a long stretch. Behind such a stretch
+    /// The next picture; nothing at the end, and where nothing came of a long stretch. After such a stretch
     /// another call reads on.
     std::optional<Decoded> next();
 
@@ -59,10 +60,11 @@ private:
     void chooseSkipping(const AVPacket& packet);
     bool receive();
     std::int64_t timeOf(const AVFrame& picture);
+    void measureLateness();
     bool deinterlace();
     std::optional<Decoded> given(std::int64_t ticks);
 
-    Input& input;
+    Demuxer& input;
     AVStream* stream;
     ffmpeg::CodecContext codec;
     ffmpeg::Packet packet = ffmpeg::makePacket();
@@ -79,11 +81,12 @@ private:
     std::int64_t farthest = INT64_MIN;
     std::int64_t lastGiven = INT64_MIN;
 
+    std::int64_t lateness = 0; ///< ticks that the packets' times are later than those of their pictures
+
     bool fromStart = true;
     bool waitsForKey = false;
     std::int64_t firstKey = INT64_MIN;
     bool neighbourMissing = false;
-    enum class Stopped { no, inVain, failed, atEnd };
     Stopped stopped = Stopped::no;
     bool drained = false;
     int packetsInVain = 0;

@@ -47,7 +47,7 @@ std::string quoted(const std::filesystem::path& path) {
 }
 
 void refuseTooLarge(const std::filesystem::path& path, double width, double height, bool clear = false) {
-    if (width * height > double(mostPixels) || (clear && std::max(width, height) > longestClear))
+    if (width * height > double(maxPixels) || (clear && std::max(width, height) > longestClear))
         throw Problem(fmt::format("{} is too large: {} × {} pixels.", quoted(path), width, height));
 }
 
@@ -55,7 +55,7 @@ ffmpeg::CodecContext opened(Kind kind) {
     const AVCodec* decoder = avcodec_find_decoder(coding(kind));
     ffmpeg::CodecContext codec(decoder ? avcodec_alloc_context3(decoder) : nullptr);
     if (!codec) return nullptr;
-    codec->max_pixels = mostPixels;
+    codec->max_pixels = maxPixels;
     codec->thread_count = 1;
     return avcodec_open2(codec.get(), decoder, nullptr) >= 0 ? std::move(codec) : nullptr;
 }
@@ -84,7 +84,7 @@ ffmpeg::Picture decoded(Kind kind, std::string& bytes) {
 }
 
 // Single pictures are of full range but for WebP's, which are small videos of one picture.
-void tellColours(AVFrame& picture, Kind kind) {
+void setColours(AVFrame& picture, Kind kind) {
     const bool video = kind == Kind::webp;
     if (picture.color_range == AVCOL_RANGE_UNSPECIFIED)
         picture.color_range = video ? AVCOL_RANGE_MPEG : AVCOL_RANGE_JPEG;
@@ -99,10 +99,10 @@ struct Upright {
 Upright decodedFile(const std::filesystem::path& path, Kind kind) {
     // Turned clockwise, then mirrored: what each Exif orientation asks for.
     static constexpr std::array<int, 9> turns{0, 0, 0, 2, 2, 1, 1, 3, 3};
-    auto [bytes, orientation] = PictureBytes::of(kind, Files::readWhole(path, mostBytes));
+    auto [bytes, orientation] = PictureBytes::of(kind, Files::readWhole(path, maxBytes));
     ffmpeg::Picture picture = bytes.empty() ? nullptr : decoded(kind, bytes);
     if (!picture) unreadable(path);
-    tellColours(*picture, kind);
+    setColours(*picture, kind);
     const bool mirrored = orientation == 2 || orientation == 4 || orientation == 5 || orientation == 7;
     auto frame = FrameView::of(std::move(picture), {turns[orientation], 1, coding(kind)});
     if (!frame) unreadable(path);
@@ -121,9 +121,9 @@ Upright firstOfMovie(const std::filesystem::path& path) {
     return {first->frame, false};
 }
 
-Bitmap drawn(const Upright& upright, double mostKept) {
+Bitmap drawn(const Upright& upright, double maxKept) {
     const Size size = upright.frame.uprightSize();
-    const double scale = std::min(1.0, std::sqrt(mostKept / (size.width * size.height)));
+    const double scale = std::min(1.0, std::sqrt(maxKept / (size.width * size.height)));
     const double width = std::max(1.0, std::round(size.width * scale));
     const double height = std::max(1.0, std::round(size.height * scale));
     Transform fitted = Transform().scaled(width / size.width, height / size.height);
@@ -133,12 +133,12 @@ Bitmap drawn(const Upright& upright, double mostKept) {
 
 }
 
-Bitmap read(const std::filesystem::path& path, double mostKept) {
+Bitmap read(const std::filesystem::path& path, double maxKept) {
     ffmpeg::quiet();
     const auto header = PictureHeader::read(path);
     if (!header) unreadable(path);
     refuseTooLarge(path, double(header->width), double(header->height));
-    return drawn(header->kind == Kind::avif ? firstOfMovie(path) : decodedFile(path, header->kind), mostKept);
+    return drawn(header->kind == Kind::avif ? firstOfMovie(path) : decodedFile(path, header->kind), maxKept);
 }
 
 }

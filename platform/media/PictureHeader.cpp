@@ -15,8 +15,8 @@ namespace {
 
 using Kind = PictureHeader::Kind;
 
-// A JPEG's size stands behind its notes, profiles and thumbnails, 64 kB each.
-constexpr int mostSegments = 2000;
+// A JPEG's size stands after its notes, profiles and thumbnails, 64 kB each.
+constexpr int maxSegments = 2000;
 
 /// Some bytes of a file, and numbers in them.
 struct Bytes {
@@ -45,17 +45,17 @@ struct Bytes {
 };
 
 // Starts of frame; three numbers among them mean other things.
-bool tellsSize(std::uint32_t marker) {
+bool holdsSize(std::uint32_t marker) {
     return marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
 }
 
 std::optional<PictureHeader> jpeg(const Descriptor& file) {
     std::int64_t at = 2;
-    for (int segment = 0; segment < mostSegments; ++segment) {
+    for (int segment = 0; segment < maxSegments; ++segment) {
         const Bytes head(file, at);
         const std::uint32_t marker = head.values[1];
         if (head.count < 9 || head.values[0] != 0xFF || marker == 0xD9 || marker == 0xDA) return {};
-        if (tellsSize(marker)) return PictureHeader{Kind::jpeg, head.big(7, 2), head.big(5, 2)};
+        if (holdsSize(marker)) return PictureHeader{Kind::jpeg, head.big(7, 2), head.big(5, 2)};
         at += marker == 0xFF ? 1 : 2 + head.big(2, 2);
     }
     return {};

@@ -6,21 +6,21 @@ extern "C" {
 #include <libswresample/swresample.h>
 }
 
-#include "platform/media/SoundReader.h"
+#include "platform/media/Sound.h"
 
 namespace murbo {
 
 namespace {
 
 // Formats round times to a millisecond, encoders a little more; nobody hears 20 ms.
-constexpr double leastGap = 0.02;
+constexpr double minGap = 0.02;
 // A clock that runs wrongly drifts by less than this from one stretch to the next.
-constexpr double mostDrift = 0.005;
+constexpr double maxDrift = 0.005;
 // A drift is made up for over this long, by playing a little slower or faster: 2 % goes unnoticed.
 constexpr int framesToCatchUp = Sound::rate;
 
 // The layouts that say nothing of where their channels stand get the usual places.
-void tellLayout(AVChannelLayout& told, const AVChannelLayout& given) {
+void nameLayout(AVChannelLayout& told, const AVChannelLayout& given) {
     if (given.order == AV_CHANNEL_ORDER_NATIVE) {
         av_channel_layout_copy(&told, &given);
         return;
@@ -32,7 +32,7 @@ void tellLayout(AVChannelLayout& told, const AVChannelLayout& given) {
 
 SwrContext* newResampler(const AVFrame& sound) {
     AVChannelLayout from{};
-    tellLayout(from, sound.ch_layout);
+    nameLayout(from, sound.ch_layout);
     AVChannelLayout stereo = AV_CHANNEL_LAYOUT_STEREO;
     SwrContext* made = nullptr;
     if (from.nb_channels == sound.ch_layout.nb_channels)
@@ -68,13 +68,13 @@ bool SoundConverter::hasShapeOf(const AVFrame& sound) const {
 
 void SoundConverter::put(const AVFrame& sound, std::int64_t at) {
     const double off = hasShapeOf(sound) ? static_cast<double>(at - next) / rate : INFINITY;
-    if (std::abs(off) > leastGap) {
-        const bool drifted = std::abs(off - lastOff) <= mostDrift;
+    if (std::abs(off) > minGap) {
+        const bool drifted = std::abs(off - lastOff) <= maxDrift;
         if (drifted) catchUp(off);
         if (!drifted) begin(sound, at);
         next = at;
     }
-    lastOff = std::abs(off) > leastGap ? 0 : off;
+    lastOff = std::abs(off) > minGap ? 0 : off;
     if (!resampler) return;
     convert(const_cast<const std::uint8_t**>(sound.extended_data), sound.nb_samples);
     next += sound.nb_samples;
@@ -110,17 +110,17 @@ void SoundConverter::finish() {
 }
 
 void SoundConverter::convert(const std::uint8_t** planes, int samples) {
-    const int most = swr_get_out_samples(resampler.get(), samples);
-    if (most <= 0) return;
-    scratch.resize(static_cast<std::size_t>(most) * Sound::channels);
+    const int max = swr_get_out_samples(resampler.get(), samples);
+    if (max <= 0) return;
+    scratch.resize(static_cast<std::size_t>(max) * Sound::channels);
     auto* out = reinterpret_cast<std::uint8_t*>(scratch.data());
-    const int made = swr_convert(resampler.get(), &out, most, planes, samples);
+    const int made = swr_convert(resampler.get(), &out, max, planes, samples);
     if (made > 0) append(scratch.data(), made);
 }
 
 // Where sound comes twice, the first stays.
 void SoundConverter::append(const float* frames, std::int64_t count) {
-    Run& run = runs.back();
+    SoundRun& run = runs.back();
     const std::int64_t known = std::clamp<std::int64_t>(run.end() - position, 0, count);
     run.samples.insert(run.samples.end(), frames + known * 2, frames + count * 2);
     position += count;
@@ -133,7 +133,7 @@ std::int64_t SoundConverter::end() const {
 std::int64_t SoundConverter::copy(std::int64_t from, std::span<float> into) const {
     const auto wanted = static_cast<std::int64_t>(into.size() / Sound::channels);
     std::int64_t held = 0;
-    for (const Run& run : runs) {
+    for (const SoundRun& run : runs) {
         const std::int64_t begin = std::max(from, run.start);
         const std::int64_t until = std::min(from + wanted, run.end());
         if (begin >= until) continue;
@@ -147,7 +147,7 @@ std::int64_t SoundConverter::copy(std::int64_t from, std::span<float> into) cons
 void SoundConverter::forget(std::int64_t until) {
     while (runs.size() > 1 && runs.front().end() <= until) runs.pop_front();
     if (runs.empty() || runs.front().start >= until) return;
-    Run& run = runs.front();
+    SoundRun& run = runs.front();
     const std::int64_t count = std::min(until, run.end()) - run.start;
     run.samples.erase(run.samples.begin(), run.samples.begin() + count * 2);
     run.start += count;

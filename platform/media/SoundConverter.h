@@ -27,7 +27,7 @@ public:
 
     /// Where the sound put in last ends, in its own samples.
     std::int64_t expected() const { return next; }
-    /// Behind the last frame that is available; the least number where there is none.
+    /// The place after the last frame that is available; INT64_MIN where there is none.
     std::int64_t end() const;
     /// Copies the frames from `from` on over `into`; those that were never put in are left alone. Answers how
     /// many of `into` lie before the end of the last one copied.
@@ -36,7 +36,7 @@ public:
     void forget(std::int64_t until);
 
 private:
-    struct Run {
+    struct SoundRun {
         std::int64_t start = 0;
         std::vector<float> samples;
         std::int64_t end() const { return start + static_cast<std::int64_t>(samples.size() / 2); }
@@ -58,7 +58,7 @@ private:
     std::int64_t next = 0;
     double lastOff = 0;        ///< seconds by which the last stretch's time was later than expected
     std::int64_t position = 0; ///< of the next frame that comes out of the resampler
-    std::deque<Run> runs;
+    std::deque<SoundRun> runs;
     std::vector<float> scratch;
 };
 

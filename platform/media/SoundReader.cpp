@@ -1,9 +1,10 @@
 #include "platform/media/SoundReader.h"
 
 #include "platform/base/Problem.h"
+#include "platform/media/Demuxer.h"
 #include "platform/media/FileEnd.h"
-#include "platform/media/Input.h"
 #include "platform/media/SoundConverter.h"
+#include "platform/media/Stopped.h"
 #include "platform/media/VorbisTimes.h"
 
 #include <limits>
@@ -16,17 +17,17 @@ namespace {
 constexpr double preRoll = 0.25;
 // Reading on over this much costs about as much as a jump.
 constexpr std::int64_t reachAhead = 2 * Sound::rate;
-// Kept behind the place read last, for the one who steps back a little.
+// Kept from before the place read last, for the one who steps back a little.
 constexpr std::int64_t keptBehind = Sound::rate / 2;
 constexpr double firstStepBack = 1;
-// Reading on through a broken stretch stops after so many packets, until the next call.
-constexpr int mostPacketsInVain = 2000;
-// Sound comes out of a decoder less than this behind the packets that go in.
-constexpr std::int64_t mostHeldBack = Sound::rate;
-// Behind any sound, and safe to calculate with.
+// Reading on through a broken stretch stops after this many packets, until the next call.
+constexpr int maxPacketsInVain = 2000;
+// Sound comes out of a decoder less than this after the packets that go in.
+constexpr std::int64_t maxHeldBack = Sound::rate;
+// After any sound, and safe to calculate with.
 constexpr std::int64_t farthest = std::int64_t{1} << 50;
 
-AVStream* trackOf(const Input& input, int track) {
+AVStream* trackOf(const Demuxer& input, int track) {
     const auto tracks = input.sounds();
     if (track >= 0 && track < static_cast<int>(tracks.size())) return tracks[track];
     const std::string name = "“" + input.path().filename().string() + "”";
@@ -48,8 +49,8 @@ ffmpeg::CodecContext openedCodec(const AVStream* stream) {
 
 }
 
-struct SoundReader::Parts {
-    Parts(const std::filesystem::path& path, int track)
+struct SoundReader::SoundSearch {
+    SoundSearch(const std::filesystem::path& path, int track)
         : input(path), stream(trackOf(input, track)), codec(openedCodec(stream)), length(lengthOf()) {
         input.readOnly(stream);
         timesAreEnds = VorbisTimes::areEnds(input, stream);
@@ -68,7 +69,7 @@ struct SoundReader::Parts {
     int gridOf(const AVFrame& sound) const;
     void read(std::int64_t from, std::int64_t until);
 
-    Input input;
+    Demuxer input;
     AVStream* stream;
     ffmpeg::CodecContext codec;
     double length = 0;
@@ -79,30 +80,29 @@ struct SoundReader::Parts {
 
     std::int64_t readyFrom = std::numeric_limits<std::int64_t>::max();
     std::int64_t trackEnd = std::numeric_limits<std::int64_t>::max(); ///< once it was met
-    std::int64_t firstPlace = 0; ///< in frames, of the first sound behind the last jump
-    int grid = 0;                ///< samples that each of the codec's frames holds, as far as they tell
+    std::int64_t firstPlace = 0; ///< in frames, of the first sound after the last jump
+    int grid = 0;                ///< samples that each of the codec's frames holds, as far as they say
     bool anything = false;       ///< whether there was any
-    enum class Stopped { no, inVain, failed, atEnd };
     Stopped stopped = Stopped::no;
     std::int64_t passed = INT64_MIN; ///< in frames: up to there nothing more will come
     bool drained = false;
     int packetsInVain = 0;
 };
 
-double SoundReader::Parts::lengthOf() const {
+double SoundReader::SoundSearch::lengthOf() const {
     if (stream->duration == AV_NOPTS_VALUE || stream->start_time == AV_NOPTS_VALUE)
         return FileEnd::length(input);
     return std::max(0.0, input.seconds(stream->start_time + stream->duration, stream));
 }
 
-bool SoundReader::Parts::reaches(std::int64_t from) const {
+bool SoundReader::SoundSearch::reaches(std::int64_t from) const {
     if (from < readyFrom) return false;
     return stopped == Stopped::atEnd || from <= std::max({converter.end(), passed, readyFrom}) + reachAhead;
 }
 
 // Whole frames at the track's own rate. Times that are rounded to a millisecond are put on the grid of the
 // codec's frames, so that a jump lands on the very sample that reading through comes to.
-std::int64_t SoundReader::Parts::placeOf(const AVFrame& given) const {
+std::int64_t SoundReader::SoundSearch::placeOf(const AVFrame& given) const {
     if (given.best_effort_timestamp == AV_NOPTS_VALUE) return converter.expected();
     const double rate = given.sample_rate;
     const auto told = std::llround(input.seconds(given.best_effort_timestamp, stream) * rate);
@@ -118,7 +118,7 @@ std::int64_t SoundReader::Parts::placeOf(const AVFrame& given) const {
 }
 
 // Where the first of the codec's frames begins, start-up included, in the track's own samples.
-std::int64_t SoundReader::Parts::gridStart(const AVFrame& given) const {
+std::int64_t SoundReader::SoundSearch::gridStart(const AVFrame& given) const {
     const int padding = stream->codecpar->initial_padding;
     if (stream->start_time < 0 && padding > 0 && given.sample_rate == stream->codecpar->sample_rate)
         return -padding;
@@ -126,7 +126,7 @@ std::int64_t SoundReader::Parts::gridStart(const AVFrame& given) const {
 }
 
 // How many samples each of the codec's frames holds; 0 where that differs.
-int SoundReader::Parts::gridOf(const AVFrame& given) const {
+int SoundReader::SoundSearch::gridOf(const AVFrame& given) const {
     const AVCodecID id = stream->codecpar->codec_id;
     const bool uneven = id == AV_CODEC_ID_VORBIS || av_get_exact_bits_per_sample(id) > 0;
     if (uneven) return 0;
@@ -137,7 +137,7 @@ int SoundReader::Parts::gridOf(const AVFrame& given) const {
 }
 
 // One more stretch of decoded sound; false when all is over, and where nothing more comes for now.
-bool SoundReader::Parts::pull() {
+bool SoundReader::SoundSearch::pull() {
     while (stopped == Stopped::no) {
         const int error = avcodec_receive_frame(codec.get(), sound.get());
         if (error == 0 && sound->sample_rate > 0 && sound->nb_samples > 0) {
@@ -161,12 +161,12 @@ bool SoundReader::Parts::pull() {
     return false;
 }
 
-// Gives the decoder one more packet, tells it of the end, or stops.
-void SoundReader::Parts::feed() {
-    if (packetsInVain >= mostPacketsInVain) {
+// Gives the decoder one more packet, says that it is the end, or stops.
+void SoundReader::SoundSearch::feed() {
+    if (packetsInVain >= maxPacketsInVain) {
         stopped = Stopped::inVain;
     } else if (input.read(packet.get())) {
-        if (++packetsInVain >= mostPacketsInVain) pass();
+        if (++packetsInVain >= maxPacketsInVain) pass();
         avcodec_send_packet(codec.get(), packet.get());
     } else if (!input.isAtEnd()) {
         stopped = input.isTooSlow() ? Stopped::failed : Stopped::inVain;
@@ -176,13 +176,13 @@ void SoundReader::Parts::feed() {
 }
 
 // What lies before this packet came to nothing, and need not be tried again.
-void SoundReader::Parts::pass() {
+void SoundReader::SoundSearch::pass() {
     if (packet->pts == AV_NOPTS_VALUE) return;
     const double seconds = std::clamp(input.seconds(packet->pts, stream), -1e9, 1e9);
-    passed = std::max(passed, std::int64_t{std::llround(seconds * Sound::rate)} - mostHeldBack);
+    passed = std::max(passed, std::int64_t{std::llround(seconds * Sound::rate)} - maxHeldBack);
 }
 
-void SoundReader::Parts::restart(double seconds, bool fromStart) {
+void SoundReader::SoundSearch::restart(double seconds, bool fromStart) {
     avcodec_flush_buffers(codec.get());
     converter.restart();
     anything = drained = false;
@@ -194,12 +194,12 @@ void SoundReader::Parts::restart(double seconds, bool fromStart) {
 }
 
 // Sound must come early enough to warm the decoder up.
-bool SoundReader::Parts::landed(std::int64_t from) const {
+bool SoundReader::SoundSearch::landed(std::int64_t from) const {
     return anything && firstPlace <= from - static_cast<std::int64_t>(preRoll / 2 * Sound::rate);
 }
 
 // Where a jump lands is the format's guess: it counts only by what it finds.
-void SoundReader::Parts::jump(std::int64_t from) {
+void SoundReader::SoundSearch::jump(std::int64_t from) {
     const double first = stream->start_time == AV_NOPTS_VALUE ? 0 : input.seconds(stream->start_time, stream);
     const double wanted = static_cast<double>(from) / Sound::rate - preRoll;
     for (double back = 0;; back = std::max(back * 2, firstStepBack)) {
@@ -214,7 +214,7 @@ void SoundReader::Parts::jump(std::int64_t from) {
     readyFrom = from;
 }
 
-void SoundReader::Parts::read(std::int64_t from, std::int64_t until) {
+void SoundReader::SoundSearch::read(std::int64_t from, std::int64_t until) {
     if (stopped == Stopped::inVain) stopped = Stopped::no;
     packetsInVain = 0;
     const auto lacking = [&] { return std::max(converter.end(), passed) < until; };
@@ -224,31 +224,31 @@ void SoundReader::Parts::read(std::int64_t from, std::int64_t until) {
     if (stopped == Stopped::atEnd && anything) trackEnd = std::max<std::int64_t>(0, converter.end());
 }
 
-SoundReader::SoundReader(std::unique_ptr<Parts> given) : parts(std::move(given)) {}
+SoundReader::SoundReader(std::unique_ptr<SoundSearch> given) : search(std::move(given)) {}
 SoundReader::SoundReader(SoundReader&&) noexcept = default;
 SoundReader& SoundReader::operator=(SoundReader&&) noexcept = default;
 SoundReader::~SoundReader() = default;
 
 SoundReader SoundReader::open(const std::filesystem::path& path, int track) {
-    return SoundReader(std::make_unique<Parts>(path, track));
+    return SoundReader(std::make_unique<SoundSearch>(path, track));
 }
 
 double SoundReader::length() const {
-    return parts->length;
+    return search->length;
 }
 
 std::int64_t SoundReader::read(std::int64_t from, std::span<float> into) {
     std::fill(into.begin(), into.end(), 0.0f);
     from = std::clamp(from, -farthest, farthest);
     const auto until = from + static_cast<std::int64_t>(into.size() / Sound::channels);
-    if (until <= 0 || from >= parts->trackEnd) return 0;
-    parts->read(std::max<std::int64_t>(0, from), until);
-    const std::int64_t held = parts->converter.copy(from, into);
+    if (until <= 0 || from >= search->trackEnd) return 0;
+    search->read(std::max<std::int64_t>(0, from), until);
+    const std::int64_t held = search->converter.copy(from, into);
     // Sound from before the file's zero has no place.
     if (from < 0) std::fill_n(into.begin(), std::min<std::size_t>(into.size(), -from * 2), 0.0f);
     const std::int64_t keep = until - keptBehind;
-    parts->converter.forget(keep);
-    parts->readyFrom = std::max(parts->readyFrom, keep);
+    search->converter.forget(keep);
+    search->readyFrom = std::max(search->readyFrom, keep);
     return held;
 }
 

@@ -1,17 +1,13 @@
 #pragma once
 
+#include "platform/media/Sound.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <span>
 
 namespace murbo {
-
-/// How all sound travels here: interleaved stereo floats, 48,000 frames a second, full scale at ±1.
-namespace Sound {
-inline constexpr int rate = 48000;
-inline constexpr int channels = 2;
-}
 
 /// Sound out of one file, sample-exact on the file's clock (the same as its FrameReader's). Mono goes to both
 /// sides, more channels are mixed down. One thread at a time may use a reader.
@@ -28,14 +24,15 @@ public:
     double length() const;
 
     /// Fills `into` (interleaved stereo) with the sound from frame `from` (at 48 kHz, 0 at the file's zero).
-    /// Where there is no sound (before the start, behind the end, a broken stretch) it is silence. Reading on
-    /// where the last call ended costs no seek. Answers how many frames held sound, counted to the last one.
+    /// Where there is no sound (before the start, after the end, in a broken stretch) it is silence. Reading
+    /// on where the last call ended costs no seek. Answers how many frames held sound, counted to the last
+    /// one.
     std::int64_t read(std::int64_t from, std::span<float> into);
 
 private:
-    struct Parts;
-    explicit SoundReader(std::unique_ptr<Parts> given);
-    std::unique_ptr<Parts> parts;
+    struct SoundSearch;
+    explicit SoundReader(std::unique_ptr<SoundSearch> given);
+    std::unique_ptr<SoundSearch> search;
 };
 
 }

@@ -21,7 +21,7 @@ std::filesystem::path folderOf(const std::filesystem::path& path) {
 
 constexpr const char* ending = "unfinished";
 // Another writer may take a name between one call and the next.
-constexpr int mostTries = 100;
+constexpr int maxTries = 100;
 
 int link(int file, const std::filesystem::path& path) {
     const std::string own = "/proc/self/fd/" + std::to_string(file);
@@ -34,6 +34,7 @@ UnfinishedFile::UnfinishedFile(const std::filesystem::path& place, bool named)
     : destination(Beside::followed(place)) {
     if (!destination.has_filename()) fail(EISDIR);
     Beside::refuseUnlessFile(destination);
+    refuseWithoutFolder();
     if (!named)
         file = Descriptor(::open(folderOf(destination).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0666));
     if (file < 0) openNamed();
@@ -43,6 +44,14 @@ UnfinishedFile::UnfinishedFile(const std::filesystem::path& place, bool named)
 
 UnfinishedFile::~UnfinishedFile() {
     if (!temporary.empty()) ::unlink(temporary.c_str());
+}
+
+void UnfinishedFile::refuseWithoutFolder() const {
+    std::error_code unknown;
+    const auto folder = folderOf(destination);
+    if (std::filesystem::exists(folder, unknown) || unknown) return;
+    throw Problem("“" + destination.filename().string() + "” could not be written: there is no folder “" +
+                  folder.string() + "”.");
 }
 
 void UnfinishedFile::openNamed() {
@@ -64,7 +73,7 @@ bool UnfinishedFile::tookFreePlace() {
 
 // A file without a name can't replace another: it takes the name of one that can.
 void UnfinishedFile::takeName() {
-    for (int tries = 0; tries < mostTries; ++tries) {
+    for (int tries = 0; tries < maxTries; ++tries) {
         const auto claimed = Beside::claim(destination, ending);
         ::unlink(claimed.path.c_str());
         const int error = link(file, claimed.path);

@@ -7,7 +7,7 @@
 namespace murbo {
 
 /// A file that is being written where nobody sees it, and takes its place as a whole. Where the file system
-/// can, it has no name until then, so that even a killed program leaves nothing behind; elsewhere it stands
+/// can, it has no name until then, so that even a killed program leaves nothing; elsewhere it stands
 /// hidden beside its place, and goes with this object; what a killed program left the next one takes over.
 class UnfinishedFile {
 public:
@@ -27,6 +27,7 @@ public:
     [[noreturn]] void fail(int error) const;
 
 private:
+    void refuseWithoutFolder() const;
     void openNamed();
     bool tookFreePlace();
     void takeName();

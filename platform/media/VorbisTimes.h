@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/media/Input.h"
+#include "platform/media/Demuxer.h"
 
 namespace murbo {
 
@@ -10,7 +10,7 @@ namespace VorbisTimes {
 
 /// Whether the times are those of the ends. Reads packets from the place where the input is until it can
 /// tell, at most a second or two of the track at its start as a rule.
-bool areEnds(Input& input, const AVStream* stream);
+bool areEnds(Demuxer& input, const AVStream* stream);
 
 }
 

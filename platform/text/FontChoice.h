@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/text/Fonts.h"
+#include "platform/text/Font.h"
 
 #include <cstddef>
 #include <string>
@@ -14,13 +14,13 @@ namespace murbo {
 /// We choose letter by letter ourselves, so that the same text gets the same fonts whatever else is
 /// installed, blanks keep the width of the text's own font between emoji, and what no font can draw is known.
 struct FontChoice {
-    struct Run {
+    struct FontRun {
         std::size_t from = 0; ///< bytes
         std::size_t to = 0;
         std::string family;
         int weight = 400;
     };
-    std::vector<Run> runs;         ///< adjacent; empty where there is no font at all
+    std::vector<FontRun> runs;     ///< adjacent; empty where there is no font at all
     std::vector<char32_t> missing; ///< no font has them
     std::string language; ///< for the forms of Han characters: "ja", "ko", "zh-cn", "zh-tw", else "en"
 

@@ -20,7 +20,7 @@ public:
         std::vector<_FcPattern*> faces;
         bool colour = false;
 
-        /// The letters of its face nearest to a weight of 100 to 1000; null where it tells none.
+        /// The letters of its face nearest to a weight of 100 to 1000; null where it names none.
         const _FcCharSet* letters(int weight) const;
     };
 

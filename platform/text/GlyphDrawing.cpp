@@ -3,9 +3,10 @@
 #include <cairo-ft.h>
 #include <ft2build.h>
 #include FT_FREETYPE_H
-
 #include "platform/text/Distance.h"
-#include "platform/text/Specks.h"
+#include "platform/text/HoleFill.h"
+
+#include <pango/pangocairo.h>
 
 namespace murbo::GlyphDrawing {
 
@@ -92,7 +93,7 @@ GlyphPicture draw(PangoFont* pango, PangoGlyph index, double x, double y, double
     if (picture.width == 0) return picture;
     if (!isColour(font)) {
         drawPlain(picture, font, glyph, stroke);
-        if (stroke > 0) Specks::close(picture.alpha, picture.width, picture.height, stroke * stroke / 4);
+        if (stroke > 0) HoleFill::close(picture.alpha, picture.width, picture.height, stroke * stroke / 4);
     } else {
         drawColour(picture, font, glyph);
         if (stroke <= 0) return picture;

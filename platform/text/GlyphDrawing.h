@@ -1,6 +1,8 @@
 #pragma once
 
-#include "platform/text/Workbench.h"
+#include "platform/text/GlyphPicture.h"
+
+#include <pango/pango.h>
 
 namespace murbo {
 

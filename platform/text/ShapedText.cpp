@@ -1,8 +1,8 @@
 #include "platform/text/ShapedText.h"
 
 #include "platform/text/FontChoice.h"
+#include "platform/text/GlyphCache.h"
 #include "platform/text/Unicode.h"
-#include "platform/text/Workbench.h"
 
 #include <unicode/uchar.h>
 #include <unicode/uscript.h>
@@ -11,14 +11,14 @@ namespace murbo {
 
 namespace {
 
-struct Unref {
+struct UnrefPango {
     void operator()(void* object) const { g_object_unref(object); }
     void operator()(PangoAttrList* list) const { pango_attr_list_unref(list); }
     void operator()(PangoFontDescription* description) const { pango_font_description_free(description); }
 };
-using Layout = std::unique_ptr<PangoLayout, Unref>;
-using Attributes = std::unique_ptr<PangoAttrList, Unref>;
-using Description = std::unique_ptr<PangoFontDescription, Unref>;
+using Layout = std::unique_ptr<PangoLayout, UnrefPango>;
+using Attributes = std::unique_ptr<PangoAttrList, UnrefPango>;
+using Description = std::unique_ptr<PangoFontDescription, UnrefPango>;
 
 constexpr double tolerance = 0.01; // pixels; sums of widths are not exact
 
@@ -80,7 +80,7 @@ bool readsFromTheRight(std::string_view text) {
 }
 
 /// A stretch that no line break divides.
-struct Segment {
+struct UnbrokenRun {
     std::size_t from = 0;
     std::size_t to = 0;
     bool ends = false; ///< with a line break of the text
@@ -88,9 +88,9 @@ struct Segment {
 
 /// Where the standard allows a line to end within a word, as it does in Japanese and Chinese, we don't: a
 /// short caption reads better in whole words.
-std::vector<Segment> segments(std::string_view text) {
+std::vector<UnbrokenRun> segments(std::string_view text) {
     const auto words = Unicode::wordEnds(text);
-    std::vector<Segment> found;
+    std::vector<UnbrokenRun> found;
     std::size_t from = 0;
     for (const std::size_t to : Unicode::lineEnds(text)) {
         std::size_t last = to - 1;
@@ -104,8 +104,8 @@ std::vector<Segment> segments(std::string_view text) {
 }
 
 /// Without the blanks of any kind at either end.
-Segment bare(std::string_view text, std::size_t from, std::size_t to) {
-    Segment result{to, to, false};
+UnbrokenRun bare(std::string_view text, std::size_t from, std::size_t to) {
+    UnbrokenRun result{to, to, false};
     bool inside = false;
     for (std::size_t at = from; at < to;) {
         const std::size_t start = at;
@@ -119,18 +119,19 @@ Segment bare(std::string_view text, std::size_t from, std::size_t to) {
 
 }
 
-struct ShapedText::Parts {
+struct ShapedText::Shaping {
     std::string text;  ///< as given
     std::string drawn; ///< of the same bytes, as drawn
     Font font;
     FontChoice choice;
     bool rightToLeft = false;
     bool tall = false;
-    std::vector<Segment> unbroken;
+    std::vector<UnbrokenRun> unbroken;
     std::vector<double> places; ///< of each byte, from the text's start, in reading order
-    Workbench::Lease bench = Workbench::borrow();
+    GlyphCache::Lease cache = GlyphCache::borrow();
 
-    Parts(std::string given, const Font& asked) : text(std::move(given)), drawn(drawable(text)), font(asked) {
+    Shaping(std::string given, const Font& asked)
+        : text(std::move(given)), drawn(drawable(text)), font(asked) {
         choice = FontChoice::choose(drawn, font);
         rightToLeft = readsFromTheRight(drawn);
         unbroken = segments(text);
@@ -164,8 +165,8 @@ struct ShapedText::Parts {
         pango_font_description_set_family_static(description.get(), choice.runs.front().family.c_str());
         pango_font_description_set_weight(description.get(), PangoWeight(font.weight));
         pango_font_description_set_absolute_size(description.get(), font.size * PANGO_SCALE);
-        pango_context_set_base_dir(bench->context(), rightToLeft ? PANGO_DIRECTION_RTL : PANGO_DIRECTION_LTR);
-        Layout result(pango_layout_new(bench->context()));
+        pango_context_set_base_dir(cache->context(), rightToLeft ? PANGO_DIRECTION_RTL : PANGO_DIRECTION_LTR);
+        Layout result(pango_layout_new(cache->context()));
         pango_layout_set_auto_dir(result.get(), FALSE);
         pango_layout_set_font_description(result.get(), description.get());
         pango_layout_set_attributes(result.get(), attributes(from, to).get());
@@ -188,7 +189,7 @@ struct ShapedText::Parts {
     }
 
     Line line(std::size_t from, std::size_t to) const {
-        const Segment inner = bare(text, from, to);
+        const UnbrokenRun inner = bare(text, from, to);
         return {inner.from, inner.to, places[inner.to] - places[inner.from]};
     }
 
@@ -210,46 +211,46 @@ struct ShapedText::Parts {
 };
 
 ShapedText::ShapedText(std::string text, const Font& font)
-    : parts(std::make_unique<Parts>(std::move(text), font)) {}
+    : shaping(std::make_unique<Shaping>(std::move(text), font)) {}
 
 ShapedText::~ShapedText() = default;
 
 double ShapedText::width() const {
     double widest = 0;
     std::size_t from = 0;
-    for (const Segment& segment : parts->unbroken) {
-        if (!segment.ends && segment.to != parts->text.size()) continue;
-        widest = std::max(widest, parts->line(from, segment.to).width);
+    for (const UnbrokenRun& segment : shaping->unbroken) {
+        if (!segment.ends && segment.to != shaping->text.size()) continue;
+        widest = std::max(widest, shaping->line(from, segment.to).width);
         from = segment.to;
     }
     return widest;
 }
 
-std::vector<ShapedText::Line> ShapedText::lines(double width, std::size_t most) const {
+std::vector<ShapedText::Line> ShapedText::lines(double width, std::size_t max) const {
     std::vector<Line> found;
     std::size_t start = 0; // of the line that is being filled
     std::size_t end = 0;
-    for (const Segment& segment : parts->unbroken) {
-        if (found.size() > most) return found;
-        if (end > start && parts->line(start, segment.to).width > width + tolerance) {
-            found.push_back(parts->line(start, end));
+    for (const UnbrokenRun& segment : shaping->unbroken) {
+        if (found.size() > max) return found;
+        if (end > start && shaping->line(start, segment.to).width > width + tolerance) {
+            found.push_back(shaping->line(start, end));
             start = end;
         }
-        if (parts->line(start, segment.to).width > width + tolerance)
-            start = parts->breakUp(start, segment.to, width, found);
+        if (shaping->line(start, segment.to).width > width + tolerance)
+            start = shaping->breakUp(start, segment.to, width, found);
         end = segment.to;
         if (!segment.ends) continue;
-        found.push_back(parts->line(start, end));
+        found.push_back(shaping->line(start, end));
         start = end;
     }
-    if (end > start) found.push_back(parts->line(start, end));
+    if (end > start) found.push_back(shaping->line(start, end));
     return found;
 }
 
 std::vector<PlacedGlyph> ShapedText::glyphs(const Line& line, Point start) const {
     std::vector<PlacedGlyph> found;
     if (hopeless() || line.to <= line.from) return found;
-    const Layout layout = parts->layout(line.from, line.to);
+    const Layout layout = shaping->layout(line.from, line.to);
     const PangoLayoutLine* laid = pango_layout_get_line_readonly(layout.get(), 0);
     double x = start.x;
     for (GSList* item = laid ? laid->runs : nullptr; item; item = item->next) {
@@ -262,32 +263,32 @@ std::vector<PlacedGlyph> ShapedText::glyphs(const Line& line, Point start) const
             const bool drawn = glyph.glyph != PANGO_GLYPH_EMPTY && !(glyph.glyph & PANGO_GLYPH_UNKNOWN_FLAG);
             if (drawn)
                 found.push_back(
-                    {parts->bench->kept(run->item->analysis.font), glyph.glyph, pen, line.from + at});
+                    {shaping->cache->keep(run->item->analysis.font), glyph.glyph, pen, line.from + at});
             x += double(glyph.geometry.width) / PANGO_SCALE;
         }
     }
     return found;
 }
 
-// Shares of the em. Fonts tell very different heights for letters of one size; lines set by these stand
+// Shares of the em. Fonts give very different heights for letters of one size; lines set by these stand
 // evenly, and a capital stands in the middle between them.
 double ShapedText::ascent() const {
-    return (parts->tall ? 1.1 : 0.95) * parts->font.size;
+    return (shaping->tall ? 1.1 : 0.95) * shaping->font.size;
 }
 double ShapedText::descent() const {
-    return (parts->tall ? 0.35 : 0.24) * parts->font.size;
+    return (shaping->tall ? 0.35 : 0.24) * shaping->font.size;
 }
 
 const std::vector<char32_t>& ShapedText::missing() const {
-    return parts->choice.missing;
+    return shaping->choice.missing;
 }
 
 bool ShapedText::hopeless() const {
-    return parts->choice.runs.empty();
+    return shaping->choice.runs.empty();
 }
 
-Workbench& ShapedText::bench() const {
-    return *parts->bench;
+GlyphCache& ShapedText::cache() const {
+    return *shaping->cache;
 }
 
 }

@@ -2,25 +2,16 @@
 
 #include "platform/image/Geometry.h"
 #include "platform/text/Fonts.h"
+#include "platform/text/PlacedGlyph.h"
 
 #include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
 
-struct _PangoFont;
-
 namespace murbo {
 
-class Workbench;
-
-/// A glyph in its place. Valid as long as the text it came from.
-struct PlacedGlyph {
-    _PangoFont* font = nullptr;
-    std::uint32_t glyph = 0;
-    Point pen;
-    std::size_t at = 0; ///< the byte of the text it draws
-};
+class GlyphCache;
 
 /// A text shaped in a font: what it measures, where it may be broken into lines, and its glyphs.
 ///
@@ -44,8 +35,8 @@ public:
     double width() const;
 
     /// The lines within `width`; a word longer than that is broken between letters. Ends once there are more
-    /// than `most` lines.
-    std::vector<Line> lines(double width, std::size_t most) const;
+    /// than `max` lines.
+    std::vector<Line> lines(double width, std::size_t max) const;
 
     /// The glyphs of a line whose left end and baseline are at `start`.
     std::vector<PlacedGlyph> glyphs(const Line& line, Point start) const;
@@ -61,11 +52,11 @@ public:
     bool hopeless() const;
 
     /// Only for this room.
-    Workbench& bench() const;
+    GlyphCache& cache() const;
 
 private:
-    struct Parts;
-    std::unique_ptr<Parts> parts;
+    struct Shaping;
+    std::unique_ptr<Shaping> shaping;
 };
 
 }

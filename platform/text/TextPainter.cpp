@@ -1,7 +1,7 @@
 #include "platform/text/TextPainter.h"
 
-#include "platform/text/Mask.h"
-#include "platform/text/Workbench.h"
+#include "platform/text/CoverageMask.h"
+#include "platform/text/GlyphCache.h"
 
 #include <numbers>
 
@@ -11,18 +11,18 @@ namespace murbo::TextPainter {
 
 namespace {
 
-struct Placed {
+struct StandingGlyph {
     std::shared_ptr<const GlyphPicture> picture;
     int x = 0;
     int y = 0;
 };
 
 /// A pen to the quarter of a pixel: near enough for the eye, and few enough pictures to keep.
-Placed place(const ShapedText& text, const PlacedGlyph& glyph, double stroke) {
+StandingGlyph place(const ShapedText& text, const PlacedGlyph& glyph, double stroke) {
     const auto x = std::int64_t(std::floor(glyph.pen.x * 4 + 0.5));
     const auto y = std::int64_t(std::floor(glyph.pen.y * 4 + 0.5));
-    Placed placed{text.bench().picture(glyph.font, glyph.glyph, int(x & 3), int(y & 3), stroke), int(x >> 2),
-                  int(y >> 2)};
+    StandingGlyph placed{text.cache().picture(glyph.font, glyph.glyph, int(x & 3), int(y & 3), stroke),
+                         int(x >> 2), int(y >> 2)};
     placed.x += placed.picture->left;
     placed.y += placed.picture->top;
     return placed;
@@ -30,9 +30,9 @@ Placed place(const ShapedText& text, const PlacedGlyph& glyph, double stroke) {
 
 enum class Take { everything, plain };
 
-Mask gathered(const Bitmap& target, const ShapedText& text, const std::vector<PlacedGlyph>& glyphs,
-              double stroke, Take take) {
-    Mask mask(target.width(), target.height());
+CoverageMask gathered(const Bitmap& target, const ShapedText& text, const std::vector<PlacedGlyph>& glyphs,
+                      double stroke, Take take) {
+    CoverageMask mask(target.width(), target.height());
     for (const auto& glyph : glyphs) {
         const auto [picture, x, y] = place(text, glyph, stroke);
         if (take == Take::plain && !picture->colours.empty()) continue;
@@ -46,7 +46,7 @@ std::uint8_t times(std::uint32_t a, std::uint32_t b) {
     return std::uint8_t((product + (product >> 8)) >> 8);
 }
 
-void drawColours(Bitmap& target, const Placed& placed, std::uint8_t alpha) {
+void drawColours(Bitmap& target, const StandingGlyph& placed, std::uint8_t alpha) {
     const auto& [picture, x, y] = placed;
     const int left = std::max(0, -x);
     const int right = std::min(picture->width, target.width() - x);
@@ -82,7 +82,7 @@ void addJoint(cairo_t* cairo, const Rect& above, const Rect& below) {
 void fill(Bitmap& target, const ShapedText& text, const std::vector<PlacedGlyph>& glyphs, Colour colour) {
     gathered(target, text, glyphs, 0, Take::plain).paint(target, colour);
     for (const auto& glyph : glyphs) {
-        const Placed placed = place(text, glyph, 0);
+        const StandingGlyph placed = place(text, glyph, 0);
         if (!placed.picture->colours.empty()) drawColours(target, placed, colour.alpha);
     }
 }
@@ -94,7 +94,7 @@ void outline(Bitmap& target, const ShapedText& text, const std::vector<PlacedGly
 
 void shadow(Bitmap& target, const ShapedText& text, const std::vector<PlacedGlyph>& glyphs, Point offset,
             double sigma, Colour colour) {
-    Mask mask = gathered(target, text, glyphs, 0, Take::everything);
+    CoverageMask mask = gathered(target, text, glyphs, 0, Take::everything);
     mask.blur(sigma);
     mask.paint(target, colour, int(std::lround(offset.x)), int(std::lround(offset.y)));
 }

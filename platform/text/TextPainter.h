@@ -2,6 +2,7 @@
 
 #include "platform/image/Bitmap.h"
 #include "platform/image/Colour.h"
+#include "platform/image/Rect.h"
 #include "platform/text/ShapedText.h"
 
 #include <vector>

@@ -120,7 +120,7 @@ bool isInvisible(char32_t character) {
 }
 
 /// Takes back the ends that part a repetition mark, or something invisible, from its word. The mark is
-/// written against its word or behind a blank: "ช้าๆ", "เด็ก ๆ".
+/// written against its word or after a blank: "ช้าๆ", "เด็ก ๆ".
 std::vector<std::size_t> joined(std::string_view text, const std::vector<std::size_t>& ends) {
     const auto isRepetition = [](char32_t character) { return character == thaiRepetition; };
     std::vector<std::size_t> kept;

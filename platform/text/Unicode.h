@@ -25,7 +25,7 @@ std::vector<std::size_t> wordEnds(std::string_view text);
 /// The places where a line may end (UAX #14), the end of the text being the last of them.
 std::vector<std::size_t> lineEnds(std::string_view text);
 
-/// The code point at `at`, which moves on behind it.
+/// The code point at `at`, which moves past it.
 char32_t next(std::string_view text, std::size_t& at);
 
 bool isBlank(char32_t character);        ///< any white space, line breaks included

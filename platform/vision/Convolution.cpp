@@ -15,7 +15,8 @@ namespace murbo::NetworkKernels::HWY_NAMESPACE {
 /// Sums of `pixels` results side by side and `vectors` vectors of outputs each: enough to keep the adders
 /// busy, few enough to stay in registers.
 template <int pixels, int vectors, typename D>
-HWY_INLINE void convolveBlock(D d, const Window& window, const float* input, int firstOutput, float* output) {
+HWY_INLINE void convolveBlock(D d, const ConvolutionWindow& window, const float* input, int firstOutput,
+                              float* output) {
     const int lanes = int(hn::Lanes(d));
     const int length = window.columns * window.channels;
     hn::VFromD<D> sums[pixels][vectors];
@@ -41,7 +42,7 @@ HWY_INLINE void convolveBlock(D d, const Window& window, const float* input, int
 }
 
 template <int pixels>
-HWY_INLINE void convolvePixels(const Window& window, const float* input, float* output) {
+HWY_INLINE void convolvePixels(const ConvolutionWindow& window, const float* input, float* output) {
     int at = 0;
     const auto run = [&](auto d, auto vectors) {
         const int step = vectors() * int(hn::Lanes(d));
@@ -54,7 +55,7 @@ HWY_INLINE void convolvePixels(const Window& window, const float* input, float* 
     run(hn::CappedTag<float, 1>(), std::integral_constant<int, 1>());
 }
 
-void Convolve(const Window& window, const float* input, int pixels, float* output) {
+void Convolve(const ConvolutionWindow& window, const float* input, int pixels, float* output) {
     constexpr int together = 4;
     int at = 0;
     for (; at + together <= pixels; at += together)
@@ -66,7 +67,7 @@ void Convolve(const Window& window, const float* input, int pixels, float* outpu
 }
 
 template <int pixels, typename D>
-HWY_INLINE void depthwiseBlock(D d, const Window& window, const float* input, float* output) {
+HWY_INLINE void depthwiseBlock(D d, const ConvolutionWindow& window, const float* input, float* output) {
     hn::VFromD<D> sums[pixels];
     for (int p = 0; p < pixels; ++p) sums[p] = hn::LoadU(d, window.bias);
     for (int row = 0; row < window.rows; ++row) {
@@ -84,10 +85,10 @@ HWY_INLINE void depthwiseBlock(D d, const Window& window, const float* input, fl
         hn::StoreU(activated(d, sums[p], window.activation), d, output + std::ptrdiff_t(p) * window.channels);
 }
 
-void ConvolveDepthwise(const Window& window, const float* input, int pixels, float* output) {
+void ConvolveDepthwise(const ConvolutionWindow& window, const float* input, int pixels, float* output) {
     constexpr int together = 4;
     inLanes(std::size_t(window.channels), [&](auto d, std::size_t channel) {
-        Window part = window;
+        ConvolutionWindow part = window;
         part.weights += channel;
         part.bias += channel;
         const float* from = input + channel;
@@ -111,11 +112,11 @@ namespace murbo::NetworkKernels {
 HWY_EXPORT(Convolve);
 HWY_EXPORT(ConvolveDepthwise);
 
-void convolve(const Window& window, const float* input, int pixels, float* output) {
+void convolve(const ConvolutionWindow& window, const float* input, int pixels, float* output) {
     HWY_DYNAMIC_DISPATCH(Convolve)(window, input, pixels, output);
 }
 
-void convolveDepthwise(const Window& window, const float* input, int pixels, float* output) {
+void convolveDepthwise(const ConvolutionWindow& window, const float* input, int pixels, float* output) {
     HWY_DYNAMIC_DISPATCH(ConvolveDepthwise)(window, input, pixels, output);
 }
 

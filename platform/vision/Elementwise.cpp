@@ -65,7 +65,8 @@ void BetweenRows(const float* one, const float* other, float part, std::size_t c
     lineBetween(one, other, part, count, output);
 }
 
-void BetweenPixels(const float* row, const Between::Place* places, int pixels, int channels, float* output) {
+void BetweenPixels(const float* row, const BilinearResize::SourcePair* places, int pixels, int channels,
+                   float* output) {
     for (int i = 0; i < pixels; ++i, output += channels)
         lineBetween(row + places[i].before, row + places[i].after, places[i].part, std::size_t(channels),
                     output);
@@ -112,7 +113,8 @@ void between(const float* one, const float* other, float part, std::size_t count
     HWY_DYNAMIC_DISPATCH(BetweenRows)(one, other, part, count, output);
 }
 
-void betweenPixels(const float* row, const Between::Place* places, int pixels, int channels, float* output) {
+void betweenPixels(const float* row, const BilinearResize::SourcePair* places, int pixels, int channels,
+                   float* output) {
     HWY_DYNAMIC_DISPATCH(BetweenPixels)(row, places, pixels, channels, output);
 }
 

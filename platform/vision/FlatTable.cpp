@@ -51,13 +51,13 @@ int FlatTable::number(int field, int otherwise) const {
     return at ? read<std::int32_t>(all, *at) : otherwise;
 }
 
-FlatTable::Vector FlatTable::vector(int field, std::size_t elementBytes, std::size_t most) const {
+FlatTable::Vector FlatTable::vector(int field, std::size_t elementBytes, std::size_t max) const {
     const auto at = place(field);
     if (!at) return {};
     const std::size_t head = followed(all, *at);
     const Vector found{head + 4, read<std::uint32_t>(all, head)};
     if (found.count > (all.size() - found.at) / elementBytes) throw Problem("The file leads outside itself.");
-    if (found.count > most) throw Problem("The file lists more than it may.");
+    if (found.count > max) throw Problem("The file lists more than it may.");
     return found;
 }
 
@@ -66,8 +66,8 @@ std::string_view FlatTable::bytes(int field) const {
     return all.substr(found.at, found.count);
 }
 
-std::vector<int> FlatTable::numbers(int field, std::size_t most) const {
-    const Vector found = vector(field, 4, most);
+std::vector<int> FlatTable::numbers(int field, std::size_t max) const {
+    const Vector found = vector(field, 4, max);
     std::vector<int> result;
     for (std::size_t i = 0; i < found.count; ++i) result.push_back(read<std::int32_t>(all, found.at + 4 * i));
     return result;
@@ -79,8 +79,8 @@ std::optional<FlatTable> FlatTable::table(int field) const {
     return FlatTable(all, followed(all, *at));
 }
 
-std::vector<FlatTable> FlatTable::tables(int field, std::size_t most) const {
-    const Vector found = vector(field, 4, most);
+std::vector<FlatTable> FlatTable::tables(int field, std::size_t max) const {
+    const Vector found = vector(field, 4, max);
     std::vector<FlatTable> result;
     for (std::size_t i = 0; i < found.count; ++i)
         result.push_back(FlatTable(all, followed(all, found.at + 4 * i)));

@@ -20,11 +20,11 @@ public:
     int number(int field, int otherwise = 0) const;
     /// A vector of bytes, or a string.
     std::string_view bytes(int field) const;
-    /// A vector of 32-bit numbers; throws where there are more than `most`.
-    std::vector<int> numbers(int field, std::size_t most) const;
+    /// A vector of 32-bit numbers; throws where there are more than `max`.
+    std::vector<int> numbers(int field, std::size_t max) const;
     std::optional<FlatTable> table(int field) const;
-    /// A vector of tables; throws where there are more than `most`.
-    std::vector<FlatTable> tables(int field, std::size_t most) const;
+    /// A vector of tables; throws where there are more than `max`.
+    std::vector<FlatTable> tables(int field, std::size_t max) const;
 
 private:
     struct Vector {
@@ -34,7 +34,7 @@ private:
 
     FlatTable(std::string_view bytes, std::size_t at);
     std::optional<std::size_t> place(int field) const;
-    Vector vector(int field, std::size_t elementBytes, std::size_t most) const;
+    Vector vector(int field, std::size_t elementBytes, std::size_t max) const;
 
     std::string_view all;
     std::size_t start = 0;

@@ -45,9 +45,9 @@ float finite(float number) {
 std::size_t GraphDraft::Tensor::numbers() const {
     std::size_t product = 1;
     for (const int side : sides) {
-        demand(side > 0 && side <= mostSide, "a size is out of bounds");
+        demand(side > 0 && side <= maxSide, "a size is out of bounds");
         product *= std::size_t(side);
-        demand(product <= mostNumbers, "a size is out of bounds");
+        demand(product <= maxNumbers, "a size is out of bounds");
     }
     return product;
 }
@@ -78,7 +78,7 @@ std::vector<float> GraphDraft::floats(const Tensor& tensor) {
     demand(halves || tensor.type == Tensor::float32, "weights are of an unknown kind");
     demand(tensor.stored.size() == count * (halves ? 2 : 4), "weights are missing");
     constants += count;
-    demand(constants <= mostNumbers, "it has too many weights");
+    demand(constants <= maxNumbers, "it has too many weights");
     std::vector<float> result(count);
     for (std::size_t i = 0; i < count; ++i)
         result[i] = halves ? fromHalf(element<std::uint16_t>(tensor.stored, i))

@@ -11,8 +11,8 @@ namespace murbo {
 /// A graph while it is read from a file that is not trusted, with the file's tensors: its values and its
 /// constants. What can't be throws Problem.
 struct GraphDraft {
-    static constexpr int mostSide = 4096;                ///< of a value, and channels
-    static constexpr std::size_t mostNumbers = 1u << 24; ///< of one value, and of all constants together
+    static constexpr int maxSide = 4096;                ///< of a value, and channels
+    static constexpr std::size_t maxNumbers = 1u << 24; ///< of one value, and of all constants together
 
     struct Tensor {
         enum Type { float32 = 0, float16 = 1, int32 = 2 };

@@ -52,7 +52,7 @@ struct Steps {
     int ahead = 0;
 };
 Steps steps(int side, int window, int stride, bool padded) {
-    demand(stride >= 1 && stride <= GraphDraft::mostSide && window <= GraphDraft::mostSide,
+    demand(stride >= 1 && stride <= GraphDraft::maxSide && window <= GraphDraft::maxSide,
            "a stride is out of bounds");
     if (!padded) {
         demand(side >= window, "a window is larger than its picture");
@@ -75,15 +75,15 @@ struct Operation {
 };
 
 /// A layer under way, with what its result must measure.
-struct Made {
+struct NewLayer {
     Layer layer;
     Shape shape;
 };
 
-Made begun(GraphDraft& draft, const Operation& operation, Kind kind, int inputs) {
+NewLayer begun(GraphDraft& draft, const Operation& operation, Kind kind, int inputs) {
     demand(operation.inputs.size() >= std::size_t(inputs) && operation.outputs.size() == 1,
            "a layer has the wrong inputs");
-    Made made;
+    NewLayer made;
     made.layer.kind = kind;
     for (int i = 0; i < inputs; ++i)
         made.layer.inputs.push_back(draft.knownValue(operation.inputs[std::size_t(i)]));
@@ -107,8 +107,8 @@ const std::vector<int>& windowSides(GraphDraft& draft, const Operation& operatio
 }
 
 /// Windows that step over the picture: both kinds of convolution.
-Made windowed(GraphDraft& draft, const Operation& operation, bool depthwise) {
-    Made made = begun(draft, operation, depthwise ? Kind::depthwise : Kind::convolution, 1);
+NewLayer windowed(GraphDraft& draft, const Operation& operation, bool depthwise) {
+    NewLayer made = begun(draft, operation, depthwise ? Kind::depthwise : Kind::convolution, 1);
     Layer& layer = made.layer;
     const auto sides = windowSides(draft, operation);
     const int dilation = depthwise ? 5 : 4;
@@ -133,10 +133,10 @@ Made windowed(GraphDraft& draft, const Operation& operation, bool depthwise) {
 }
 
 /// A transposed convolution whose windows don't overlap.
-Made enlarging(GraphDraft& draft, const Operation& operation) {
+NewLayer enlarging(GraphDraft& draft, const Operation& operation) {
     demand(operation.name == "Convolution2DTransposeBias" && operation.custom.size() >= 12,
            "it has a layer of an unknown kind");
-    Made made = begun(draft, operation, Kind::enlarging, 1);
+    NewLayer made = begun(draft, operation, Kind::enlarging, 1);
     Layer& layer = made.layer;
     const auto sides = windowSides(draft, operation);
     int strides[2];
@@ -151,8 +151,8 @@ Made enlarging(GraphDraft& draft, const Operation& operation) {
     return made;
 }
 
-Made pairwise(GraphDraft& draft, const Operation& operation, Kind kind) {
-    Made made = begun(draft, operation, kind, 2);
+NewLayer pairwise(GraphDraft& draft, const Operation& operation, Kind kind) {
+    NewLayer made = begun(draft, operation, kind, 2);
     Layer& layer = made.layer;
     const auto shape = [&](int input) { return draft.graph.values[std::size_t(layer.inputs[input])]; };
     // One pixel for all stands second.
@@ -165,8 +165,8 @@ Made pairwise(GraphDraft& draft, const Operation& operation, Kind kind) {
     return made;
 }
 
-Made mean(GraphDraft& draft, const Operation& operation) {
-    Made made = begun(draft, operation, Kind::mean, 1);
+NewLayer mean(GraphDraft& draft, const Operation& operation) {
+    NewLayer made = begun(draft, operation, Kind::mean, 1);
     if (operation.code == opAveragePool) {
         const bool whole =
             operation.option(3) == made.shape.width && operation.option(4) == made.shape.height &&
@@ -184,8 +184,8 @@ Made mean(GraphDraft& draft, const Operation& operation) {
     return made;
 }
 
-Made resize(GraphDraft& draft, const Operation& operation) {
-    Made made = begun(draft, operation, Kind::resize, 1);
+NewLayer resize(GraphDraft& draft, const Operation& operation) {
+    NewLayer made = begun(draft, operation, Kind::resize, 1);
     demand(operation.inputs.size() == 2, "a layer has the wrong inputs");
     const auto sides = draft.integers(operation.inputs[1]);
     demand(sides.size() == 2, "a size is missing");
@@ -195,13 +195,13 @@ Made resize(GraphDraft& draft, const Operation& operation) {
     return made;
 }
 
-Made activation(GraphDraft& draft, const Operation& operation, Activation kind) {
-    Made made = begun(draft, operation, Kind::activate, 1);
+NewLayer activation(GraphDraft& draft, const Operation& operation, Activation kind) {
+    NewLayer made = begun(draft, operation, Kind::activate, 1);
     made.layer.activation = kind;
     return made;
 }
 
-Made layerOf(GraphDraft& draft, const Operation& operation) {
+NewLayer layerOf(GraphDraft& draft, const Operation& operation) {
     switch (operation.code) {
         case opConvolution:
             return windowed(draft, operation, false);
@@ -245,7 +245,7 @@ void dequantise(GraphDraft& draft, const Operation& operation) {
 
 void add(GraphDraft& draft, const Operation& operation) {
     if (operation.code == opDequantise) return dequantise(draft, operation);
-    Made made = layerOf(draft, operation);
+    NewLayer made = layerOf(draft, operation);
     made.layer.output = draft.newValue(draft.tensor(operation.outputs[0]));
     demand(made.shape == draft.graph.values.back(), "a layer's result has the wrong size");
     draft.products += made.shape.size();
@@ -285,7 +285,7 @@ int only(const std::vector<int>& list) {
 }
 
 Graph GraphFile::read(std::string_view bytes) {
-    demand(bytes.size() >= 8 && bytes.size() <= mostBytes && bytes.substr(4, 4) == "TFL3",
+    demand(bytes.size() >= 8 && bytes.size() <= maxBytes && bytes.substr(4, 4) == "TFL3",
            "it is no TFLite file");
     const FlatTable file = FlatTable::root(bytes);
     const auto graphs = file.tables(2, 1);

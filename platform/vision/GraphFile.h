@@ -10,7 +10,7 @@ namespace murbo {
 namespace GraphFile {
 
 /// The largest file that is worth reading, in bytes.
-inline constexpr std::size_t mostBytes = 16 << 20;
+inline constexpr std::size_t maxBytes = 16 << 20;
 
 /// The network in a file that is not trusted: every size in it is checked against what the layers make of
 /// their inputs, and memory and work are bounded. Knows the kinds of layer of `Graph`, in 32-bit numbers with

@@ -1,6 +1,6 @@
 #include "platform/vision/MaskRefinement.h"
 
-#include "platform/vision/Between.h"
+#include "platform/vision/BilinearResize.h"
 #include "platform/vision/MaskKernels.h"
 #include "platform/vision/NetworkKernels.h"
 
@@ -188,13 +188,13 @@ Bitmap MaskRefinement::refined(const Bitmap& picture, const Bitmap& small, std::
     const auto factors = averaged(fit(guides), guides[ones]);
     const int width = guides[ones].width, height = guides[ones].height;
     const std::size_t rowFloats = std::size_t(width) * 4;
-    const auto columns = Between::places(width, picture.width(), 4);
-    const auto rows = Between::places(height, picture.height(), rowFloats);
+    const auto columns = BilinearResize::places(width, picture.width(), 4);
+    const auto rows = BilinearResize::places(height, picture.height(), rowFloats);
 
     Bitmap result = Bitmap::toBeFilled(picture.width(), picture.height());
     std::vector<float> narrow(rowFloats), wide(std::size_t(picture.width()) * 4);
     for (int y = 0; y < picture.height(); ++y) {
-        const Between::Place& at = rows[std::size_t(y)];
+        const BilinearResize::SourcePair& at = rows[std::size_t(y)];
         NetworkKernels::between(factors.data() + at.before, factors.data() + at.after, at.part, rowFloats,
                                 narrow.data());
         NetworkKernels::betweenPixels(narrow.data(), columns.data(), picture.width(), 4, wide.data());

@@ -11,7 +11,7 @@ namespace murbo {
 namespace {
 
 using Kind = Graph::Layer::Kind;
-using NetworkKernels::Window;
+using NetworkKernels::ConvolutionWindow;
 
 constexpr std::size_t mostFloats = 32 << 20; ///< of a run: some thirty times what the networks in use need
 constexpr std::size_t alignment = 16;        ///< in floats: a cache line
@@ -85,13 +85,14 @@ void Network::placeValues() {
     }
 
     spare = floats;
-    std::size_t most = 0;
+    std::size_t largest = 0;
     for (const auto& layer : graph.layers) {
-        if (layer.kind == Kind::enlarging) most = std::max(most, shape(layer.output).size());
+        if (layer.kind == Kind::enlarging) largest = std::max(largest, shape(layer.output).size());
         if (layer.kind == Kind::resize)
-            most = std::max(most, std::size_t(shape(layer.inputs[0]).width) * shape(layer.output).channels);
+            largest =
+                std::max(largest, std::size_t(shape(layer.inputs[0]).width) * shape(layer.output).channels);
     }
-    floats += most;
+    floats += largest;
     if (floats > mostFloats) throw Problem("The network can't be used: it needs too much memory.");
 }
 
@@ -126,16 +127,16 @@ void Network::convolve(const Graph::Layer& layer, const float* input, float* out
     const Graph::Shape to = shape(layer.output);
     const std::ptrdiff_t rowFloats = std::ptrdiff_t(from.width) * from.channels;
     const bool depthwise = layer.kind == Kind::depthwise;
-    Window window{layer.windowHigh,
-                  layer.windowWide,
-                  from.channels,
-                  rowFloats,
-                  layer.strideAcross * std::ptrdiff_t(from.channels),
-                  nullptr,
-                  0,
-                  layer.bias.data(),
-                  to.channels,
-                  layer.activation};
+    ConvolutionWindow window{layer.windowHigh,
+                             layer.windowWide,
+                             from.channels,
+                             rowFloats,
+                             layer.strideAcross * std::ptrdiff_t(from.channels),
+                             nullptr,
+                             0,
+                             layer.bias.data(),
+                             to.channels,
+                             layer.activation};
     const std::ptrdiff_t pixelWeights = std::ptrdiff_t(from.channels) * (depthwise ? 1 : to.channels);
     window.weightStep = layer.windowWide * pixelWeights;
     const auto kernel = depthwise ? NetworkKernels::convolveDepthwise : NetworkKernels::convolve;
@@ -171,16 +172,16 @@ void Network::enlarge(const Graph::Layer& layer, const float* input, float* spar
                       float* output) const {
     const Graph::Shape from = shape(layer.inputs[0]);
     const int channels = shape(layer.output).channels;
-    Window window{1,
-                  1,
-                  from.channels,
-                  0,
-                  from.channels,
-                  layer.weights.data(),
-                  0,
-                  layer.bias.data(),
-                  int(layer.bias.size()),
-                  layer.activation};
+    ConvolutionWindow window{1,
+                             1,
+                             from.channels,
+                             0,
+                             from.channels,
+                             layer.weights.data(),
+                             0,
+                             layer.bias.data(),
+                             int(layer.bias.size()),
+                             layer.activation};
     NetworkKernels::convolve(window, input, int(from.pixels()), spareFloats);
     const int together = layer.windowWide * channels;
     const float* next = spareFloats;
@@ -211,10 +212,10 @@ void Network::resize(const Graph::Layer& layer, const float* input, float* spare
     const Graph::Shape from = shape(layer.inputs[0]);
     const Graph::Shape to = shape(layer.output);
     const std::size_t rowFloats = std::size_t(from.width) * from.channels;
-    const auto columns = Between::places(from.width, to.width, std::size_t(from.channels));
-    const auto rows = Between::places(from.height, to.height, rowFloats);
+    const auto columns = BilinearResize::places(from.width, to.width, std::size_t(from.channels));
+    const auto rows = BilinearResize::places(from.height, to.height, rowFloats);
     for (int y = 0; y < to.height; ++y) {
-        const Between::Place& at = rows[std::size_t(y)];
+        const BilinearResize::SourcePair& at = rows[std::size_t(y)];
         NetworkKernels::between(input + at.before, input + at.after, at.part, rowFloats, spareFloats);
         NetworkKernels::betweenPixels(spareFloats, columns.data(), to.width, to.channels,
                                       output + std::size_t(y) * to.width * to.channels);

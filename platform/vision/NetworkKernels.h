@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/vision/Between.h"
+#include "platform/vision/BilinearResize.h"
 #include "platform/vision/Graph.h"
 
 #include <cstddef>
@@ -12,7 +12,7 @@ namespace murbo::NetworkKernels {
 
 /// A window over a picture, in floats. Where the window hangs over the picture's edge, only what lies inside
 /// is given.
-struct Window {
+struct ConvolutionWindow {
     int rows = 1;
     int columns = 1;
     int channels = 0;             ///< of a pixel of the input
@@ -26,9 +26,9 @@ struct Window {
 };
 
 /// `pixels` results in a row. The weights of one input channel lie side by side, one for each output.
-void convolve(const Window& window, const float* input, int pixels, float* output);
+void convolve(const ConvolutionWindow& window, const float* input, int pixels, float* output);
 /// The same where each channel has a window of its own; the weights lie as the window's pixels do.
-void convolveDepthwise(const Window& window, const float* input, int pixels, float* output);
+void convolveDepthwise(const ConvolutionWindow& window, const float* input, int pixels, float* output);
 
 void add(const float* one, const float* other, std::size_t count, Graph::Activation activation,
          float* output);
@@ -44,6 +44,7 @@ void activate(const float* input, std::size_t count, Graph::Activation activatio
 void between(const float* one, const float* other, float part, std::size_t count, float* output);
 
 /// The same for each pixel of a row.
-void betweenPixels(const float* row, const Between::Place* places, int pixels, int channels, float* output);
+void betweenPixels(const float* row, const BilinearResize::SourcePair* places, int pixels, int channels,
+                   float* output);
 
 }

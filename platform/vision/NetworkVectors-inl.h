@@ -20,9 +20,9 @@ using Activation = Graph::Activation;
 template <typename D, typename V = hn::VFromD<D>>
 HWY_INLINE V logistic(D d, V x) {
     const hn::RebindToSigned<D> whole;
-    const V held = hn::Min(hn::Max(hn::Neg(x), hn::Set(d, -80.f)), hn::Set(d, 80.f));
-    const V powers = hn::Round(hn::Mul(held, hn::Set(d, 1.44269504f)));
-    V rest = hn::Sub(held, hn::Mul(powers, hn::Set(d, 0.693359375f)));
+    const V clamped = hn::Min(hn::Max(hn::Neg(x), hn::Set(d, -80.f)), hn::Set(d, 80.f));
+    const V powers = hn::Round(hn::Mul(clamped, hn::Set(d, 1.44269504f)));
+    V rest = hn::Sub(clamped, hn::Mul(powers, hn::Set(d, 0.693359375f)));
     rest = hn::Sub(rest, hn::Mul(powers, hn::Set(d, -2.12194440e-4f)));
     V sum = hn::Set(d, 1.9875691500e-4f);
     for (const float factor :
@@ -35,16 +35,16 @@ HWY_INLINE V logistic(D d, V x) {
 
 template <typename D, typename V = hn::VFromD<D>>
 HWY_INLINE V activated(D d, V x, Activation activation) {
-    const auto held = [d](V value) { return hn::Min(hn::Max(value, hn::Zero(d)), hn::Set(d, 6.f)); };
+    const auto clamped = [d](V value) { return hn::Min(hn::Max(value, hn::Zero(d)), hn::Set(d, 6.f)); };
     switch (activation) {
         case Activation::none:
             return x;
         case Activation::relu:
             return hn::Max(x, hn::Zero(d));
         case Activation::relu6:
-            return held(x);
+            return clamped(x);
         case Activation::hardSwish:
-            return hn::Mul(hn::Mul(x, held(hn::Add(x, hn::Set(d, 3.f)))), hn::Set(d, 1.f / 6));
+            return hn::Mul(hn::Mul(x, clamped(hn::Add(x, hn::Set(d, 3.f)))), hn::Set(d, 1.f / 6));
         case Activation::logistic:
             return logistic(d, x);
     }

@@ -26,7 +26,7 @@ files::path folder() {
 }
 
 Graph readGraph(const files::path& file) {
-    Graph graph = GraphFile::read(Files::readWhole(file, GraphFile::mostBytes));
+    Graph graph = GraphFile::read(Files::readWhole(file, GraphFile::maxBytes));
     const auto& from = graph.values[std::size_t(graph.input)];
     const auto& to = graph.values[std::size_t(graph.output)];
     if (from.channels != 3 || to != Graph::Shape{from.height, from.width, 1} || from.height < 16 ||

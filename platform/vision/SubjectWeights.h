@@ -8,7 +8,7 @@ namespace murbo {
 ///   1. the one that the environment variable MURBO_SUBJECT names,
 ///   2. `subject` beside the executable,
 ///   3. `share/murbo/subject` beside the executable's folder.
-/// Both look at the whole picture stretched to their input, its channels 0…1, and tell of each pixel how
+/// Both look at the whole picture stretched to their input, its channels 0…1, and give for each pixel how
 /// likely it is a person's.
 namespace SubjectWeights {
 

@@ -37,6 +37,17 @@ TEST(Footage, isExactForwardBackwardAndInJumps) {
     for (const int number : ways) EXPECT_EQ(Movie::number(footage.frame(at(number))), number);
 }
 
+TEST(Footage, keepsPicturesApartThatShareAPlaceAmongTheStills) {
+    Movie::write(folder / "fast.mp4", 60, 128, 64, 60);
+    // What is kept is forgotten at each picture, at some, and never.
+    for (const std::int64_t bytes : {0, 128 * 64 * 4, 1 << 20}) {
+        Footage footage(folder / "fast.mp4", bytes);
+        for (int round = 0; round < 3; ++round)
+            for (const int number : {41, 10, 40, 11, 50, 10})
+                EXPECT_EQ(Movie::number(footage.frame((number + 0.5) / 60)), number) << bytes;
+    }
+}
+
 TEST(Footage, holdsTheEdgesOfTheFile) {
     Footage footage(movie());
     EXPECT_EQ(Movie::number(footage.frame(-5)), 0);

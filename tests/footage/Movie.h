@@ -17,10 +17,14 @@ namespace Movie {
 inline constexpr int rate = 30;
 inline constexpr int mostFrames = 200;
 
-inline void write(const std::filesystem::path& path, int frames, int width = 128, int height = 64) {
-    MovieWriter writer = MovieWriter::open(
-        path,
-        {.width = width, .height = height, .rate = rate, .sound = false, .preset = "veryfast", .quality = 4});
+inline void write(const std::filesystem::path& path, int frames, int width = 128, int height = 64,
+                  int picturesASecond = rate) {
+    MovieWriter writer = MovieWriter::open(path, {.width = width,
+                                                  .height = height,
+                                                  .rate = picturesASecond,
+                                                  .sound = false,
+                                                  .preset = "veryfast",
+                                                  .quality = 4});
     for (int number = 0; number < frames; ++number) {
         Planes planes(width, height);
         for (int plane = 0; plane < 3; ++plane)

@@ -1,3 +1,11 @@
+#include "platform/image/filters/Blur.h"
+#include "platform/image/filters/ColourMatrix.h"
+#include "platform/image/filters/Comic.h"
+#include "platform/image/filters/Glow.h"
+#include "platform/image/filters/Pixel.h"
+#include "platform/image/filters/Posterize.h"
+#include "platform/image/filters/Vhs.h"
+#include "platform/image/filters/Vignette.h"
 #include "tests/image/Pictures.h"
 #include "tests/image/Targets.h"
 
@@ -39,11 +47,15 @@ Image text() {
 
 const std::vector<std::pair<const char*, Filter>>& filters() {
     static const std::vector<std::pair<const char*, Filter>> all{
-        {"sepia", ColourMatrix::sepia(0.9)}, {"posterised", Posterised{6}},
-        {"slightly blurred", Blurred{2}},    {"blurred", Blurred{18}},
-        {"bloomed", Bloomed{14, 0.9}},       {"pixellated", Pixellated{24, {135, 241}}},
-        {"vignetted", Vignetted{1.2, 2}},    {"inked", Inked{}},
-        {"taped", Taped{6, 2, 41}}};
+        {"sepia", Filters::ColourMatrix::sepia(0.9)},
+        {"posterised", Filters::Posterize{6}},
+        {"slightly blurred", Filters::Blur{2}},
+        {"blurred", Filters::Blur{18}},
+        {"bloomed", Filters::Glow{14, 0.9}},
+        {"pixellated", Filters::Pixel{24, {135, 241}}},
+        {"vignetted", Filters::Vignette{1.2, 2}},
+        {"inked", Filters::Comic{}},
+        {"taped", Filters::Vhs{6, 2, 41}}};
     return all;
 }
 
@@ -111,8 +123,10 @@ std::vector<std::pair<const char*, Image>> scenes() {
         {"mild zoom", frame.clamped().zoomBlurred({100, 50}, 4).cropped(all)},
         {"clamped",
          frame.cropped({20, 30, 200, 300}).clamped().transformed(Transform().rotated(30).scaled(1.3, 0.6))},
-        {"bloom beyond the repeated edge",
-         frame.cropped({0, 0, 140, 140}).clamped().cropped({-5, -5, 200, 200}).filtered(Bloomed{8, 0.9})},
+        {"bloom beyond the repeated edge", frame.cropped({0, 0, 140, 140})
+                                               .clamped()
+                                               .cropped({-5, -5, 200, 200})
+                                               .filtered(Filters::Glow{8, 0.9})},
         {"shapes", shapes(frame)},
         {"group of shapes", shapes(Image()).faded(0.7).over(frame)},
         {"masked", frame.masked(shapes(Image()).transformed(Transform().rotated(5))).over(grouped)},

@@ -30,8 +30,8 @@ Bitmap bitmapOf(int width, int height, const std::function<Colour(int x, int y)>
 /// plane's share of the picture, 0 to 1.
 using Samples = std::function<double(int plane, double x, double y)>;
 
-/// Fills planes of the kind that `form` tells (its size, layout, depth and flags) with codes from the whole
-/// range.
+/// Fills planes of the kind that `form` describes (its size, layout, depth and flags) with codes from the
+/// whole range.
 Frame frameOf(Frame form, const Samples& samples);
 
 /// Smooth in all planes, different in each.

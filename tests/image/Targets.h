@@ -25,7 +25,7 @@ void onEachTarget(Check check) {
     hwy::GetChosenTarget().Update(all);
 }
 
-/// What a kernel and its twin make of the same, on each instruction set; what lies behind the end must stay.
+/// What a kernel and its twin make of the same, on each instruction set; what lies past the end must stay.
 template <typename T, typename Kernel, typename Twin>
 void expectTwins(std::vector<T> target, const Kernel& kernel, const Twin& twin, const std::string& what) {
     std::vector<T> expected = target;

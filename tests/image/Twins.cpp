@@ -17,7 +17,7 @@ std::uint8_t byte(int value) {
     return std::uint8_t(std::clamp(value, 0, 255));
 }
 
-int level(const std::uint8_t* row, int at, Depth depth) {
+int level(const std::uint8_t* row, int at, SampleDepth depth) {
     if (depth.bytes == 1) return row[at] << 7;
     return std::int16_t(((row[2 * at] | row[2 * at + 1] << 8) << depth.left) >> depth.right);
 }
@@ -26,7 +26,7 @@ struct Light {
     int red, green, blue;
 };
 
-Light light(int y, int u, int v, const Matrix& matrix) {
+Light light(int y, int u, int v, const YCbCrMatrix& matrix) {
     const int luma = part(y, matrix.luma) + matrix.bias;
     return {luma + part(v - 16384, matrix.redV),
             luma + part(u - 16384, matrix.greenU) + part(v - 16384, matrix.greenV),
@@ -58,14 +58,10 @@ void fromCube(const Light& light, const std::uint32_t* cube, std::uint8_t* out) 
     store(sums[2] >> 10, sums[1] >> 10, sums[0] >> 10, out);
 }
 
-int chroma(const int (&sums)[3], int blue, int green, int red) {
-    return (sums[0] * blue + sums[1] * green + sums[2] * red + (128 << 18) + (1 << 17)) >> 18;
 }
 
-}
-
-void blendRows(const std::uint8_t* const* rows, const std::int16_t* weights, int taps, Depth depth, int count,
-               std::int16_t* out) {
+void blendRows(const std::uint8_t* const* rows, const std::int16_t* weights, int taps, SampleDepth depth,
+               int count, std::int16_t* out) {
     for (int at = 0; at < count; ++at) {
         const int first = level(rows[0], at, depth);
         int sum = first;
@@ -97,7 +93,7 @@ void packPixels(const std::int16_t* in, int pixels, bool opaque, std::uint8_t* o
 }
 
 void colourRow(const std::int16_t* y, const std::int16_t* u, const std::int16_t* v, int count,
-               const Matrix& matrix, std::uint8_t* out) {
+               const YCbCrMatrix& matrix, std::uint8_t* out) {
     for (int at = 0; at < count; ++at) {
         const Light found = light(y[at], u[at], v[at], matrix);
         store(found.red >> 5, found.green >> 5, found.blue >> 5, out + at * 4);
@@ -105,7 +101,7 @@ void colourRow(const std::int16_t* y, const std::int16_t* u, const std::int16_t*
 }
 
 void colourRow(const std::int16_t* y, const std::int16_t* u, const std::int16_t* v, int count,
-               const Matrix& matrix, const std::uint32_t* cube, std::uint8_t* out) {
+               const YCbCrMatrix& matrix, const std::uint32_t* cube, std::uint8_t* out) {
     for (int at = 0; at < count; ++at) fromCube(light(y[at], u[at], v[at], matrix), cube, out + at * 4);
 }
 
@@ -136,68 +132,7 @@ void meanOfThree(const std::uint8_t* ones, const std::uint8_t* others, int count
         pixels[at] = byte(int(std::lround((ones[at] + others[at] + pixels[at]) / 3.0)));
 }
 
-void mask(const std::uint8_t* masks, int count, std::uint8_t* pixels) {
-    for (int at = 0; at < count * 4; ++at) pixels[at] = byte(share(pixels[at], masks[at | 3]));
-}
-
-namespace {
-
-/// co = cs·(1 − αb) + cb·(1 − αs) + αs·αb·B(Cb, Cs), where `blend` gives the last term from premultiplied
-/// colours and alphas, all in 1/255².
-template <typename Blend>
-void mixed(const std::uint8_t* above, int count, std::uint8_t* pixels, Blend blend) {
-    for (int at = 0; at < count; ++at, above += 4, pixels += 4) {
-        const int as = above[3];
-        const int ab = pixels[3];
-        for (int channel = 0; channel < 4; ++channel) {
-            const int cs = std::min<int>(above[channel], as);
-            const int cb = std::min<int>(pixels[channel], ab);
-            pixels[channel] = byte((cs * (255 - ab) + cb * (255 - as) + blend(cs, cb, as, ab) + 127) / 255);
-        }
-    }
-}
-
-}
-
-void multiply(const std::uint8_t* above, int count, std::uint8_t* pixels) {
-    mixed(above, count, pixels, [](int cs, int cb, int, int) { return cs * cb; });
-}
-
-void screen(const std::uint8_t* above, int count, std::uint8_t* pixels) {
-    mixed(above, count, pixels, [](int cs, int cb, int as, int ab) { return as * cb + ab * cs - cs * cb; });
-}
-
-void overlay(const std::uint8_t* above, int count, std::uint8_t* pixels) {
-    mixed(above, count, pixels, [](int cs, int cb, int as, int ab) {
-        return 2 * cb <= ab ? 2 * cs * cb : as * ab - 2 * (ab - cb) * (as - cs);
-    });
-}
-
-void softLight(const std::uint8_t* above, int count, std::uint8_t* pixels) {
-    for (int at = 0; at < count; ++at, above += 4, pixels += 4) {
-        const int as = above[3];
-        const int ab = pixels[3];
-        const int alpha = (255 * (as + ab) - as * ab + 127) / 255;
-        for (int channel = 0; channel < 3; ++channel) {
-            const int cs = std::min<int>(above[channel], as);
-            const int cb = std::min<int>(pixels[channel], ab);
-            const double x = ab == 0 ? 0 : (cb * 255 + ab / 2) / ab / 255.0;
-            const double lit = x <= 0.25 ? ((16 * x - 12) * x + 4) * x : std::sqrt(x);
-            const double pull = 2 * cs > as ? lit - x : x * (1 - x);
-            const int pulled =
-                int(std::floor(double((2 * cs - as) * ab) * double(std::lround(pull * 65536)) / 65536 + 0.5));
-            const int sum = std::max(cs * (255 - ab) + cb * 255 + pulled, 0);
-            pixels[channel] = byte(std::min((sum + 127) / 255, alpha));
-        }
-        pixels[3] = byte(alpha);
-    }
-}
-
-void add(const std::uint8_t* above, int count, std::uint8_t* pixels) {
-    for (int at = 0; at < count * 4; ++at) pixels[at] = byte(pixels[at] + above[at]);
-}
-
-void turnRow(const Texture& texture, const Line& u, const Line& v, int from, int to, std::uint8_t* out) {
+void affineRow(const Texture& texture, const Line& u, const Line& v, int from, int to, std::uint8_t* out) {
     const auto position = [](const Line& line, int at, int length) {
         // In 1/2^15 from a mark at every 64th pixel on.
         const std::int64_t mark =
@@ -241,26 +176,6 @@ void transpose(const std::uint8_t* in, std::ptrdiff_t inStride, int width, int h
     for (int y = 0; y < height; ++y) {
         for (int at = 0; at < width * 4; ++at)
             out[at / 4 * outStride + y * 4 + at % 4] = in[y * inStride + at];
-    }
-}
-
-void lumaRow(const std::uint8_t* pixels, int count, std::uint8_t* y) {
-    for (int at = 0; at < count; ++at, pixels += 4)
-        y[at] =
-            byte((pixels[0] * 2032 + pixels[1] * 20127 + pixels[2] * 5983 + (16 << 15) + (1 << 14)) >> 15);
-}
-
-void chromaRow(const std::uint8_t* upper, const std::uint8_t* lower, int count, std::uint8_t* cb,
-               std::uint8_t* cr) {
-    for (int pair = 0; pair < count / 2; ++pair) {
-        int sums[3] = {};
-        for (const auto* row : {upper, lower}) {
-            for (const int x : {std::max(2 * pair - 1, 0), 2 * pair, 2 * pair, 2 * pair + 1}) {
-                for (int channel = 0; channel < 3; ++channel) sums[channel] += row[x * 4 + channel];
-            }
-        }
-        cb[pair] = byte(chroma(sums, 14392, -11094, -3298));
-        cr[pair] = byte(chroma(sums, -1320, -13072, 14392));
     }
 }
 

@@ -23,6 +23,32 @@ std::vector<Shown> pictures(const std::filesystem::path& path, const std::string
     return shown;
 }
 
+std::uint32_t sum(const Frame& frame) {
+    std::uint32_t low = 0;
+    std::uint32_t high = 0;
+    const auto row = [&](const std::uint8_t* bytes, int count) {
+        for (int begin = 0; begin < count; begin += 3000) { // the sums don't overflow before that
+            for (int index = begin; index < std::min(count, begin + 3000); ++index)
+                high += low += bytes[index];
+            low %= 65521;
+            high %= 65521;
+        }
+    };
+    const bool halfWidth =
+        frame.layout == Frame::Layout::chroma420 || frame.layout == Frame::Layout::chroma422;
+    const bool halfHeight = frame.layout == Frame::Layout::chroma420;
+    const int bytes = frame.depth > 8 ? 2 : 1;
+    const int planes = frame.layout == Frame::Layout::bgra || frame.layout == Frame::Layout::grey ? 1 : 3;
+    for (int plane = 0; plane < planes + (frame.hasAlpha && planes == 3); ++plane) {
+        const bool chroma = plane == 1 || plane == 2;
+        const int width = chroma && halfWidth ? (frame.width + 1) / 2 : frame.width;
+        const int height = chroma && halfHeight ? (frame.height + 1) / 2 : frame.height;
+        const int wide = frame.layout == Frame::Layout::bgra ? 4 : bytes;
+        for (int y = 0; y < height; ++y) row(frame.planes[plane] + y * frame.strides[plane], width * wide);
+    }
+    return high << 16 | low;
+}
+
 std::vector<float> sound(const std::filesystem::path& path, const std::string& options) {
     const std::string bytes = output("ffmpeg -nostdin -v quiet -i " + quoted(path) + " " + options +
                                      " -map 0:a:0 -ac 2 -ar 48000 -f f32le -");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/image/Frame.h"
 #include "tests/MadeMedia.h"
 
 #include <vector>
@@ -13,6 +14,10 @@ struct Shown {
     std::uint32_t sum = 0;
 };
 std::vector<Shown> pictures(const std::filesystem::path& path, const std::string& filter = "null");
+
+/// The sum that ffmpeg's framecrc prints: Adler-32, begun at 0, over the rows of all planes one after the
+/// other.
+std::uint32_t sum(const Frame& frame);
 
 /// All sound as the ffmpeg program reads it: 48 kHz stereo floats.
 std::vector<float> sound(const std::filesystem::path& path, const std::string& options = "");

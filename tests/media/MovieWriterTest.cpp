@@ -6,6 +6,7 @@
 #include "tests/media/Made.h"
 
 #include <gmock/gmock.h>
+#include <sched.h>
 
 using namespace murbo;
 
@@ -102,6 +103,27 @@ TEST(MovieWriter, putsTheIndexInFrontAndTagsTheColours) {
     EXPECT_THAT(told, testing::HasSubstr("aac,LC,2,0.000000"));
 }
 
+TEST(MovieWriter, writesTheSameBytesOnAnyNumberOfProcessors) {
+    const TemporaryFolder folder;
+    const auto written = [&](const char* name) {
+        MovieWriter writer = MovieWriter::open(folder / name, settings);
+        write(writer);
+        writer.finish();
+        return contentsOf(folder / name);
+    };
+    const std::string all = written("all.mp4");
+    cpu_set_t before;
+    ASSERT_EQ(sched_getaffinity(0, sizeof before, &before), 0);
+    cpu_set_t one;
+    CPU_ZERO(&one);
+    for (int processor = 0; CPU_COUNT(&one) == 0; ++processor)
+        if (CPU_ISSET(processor, &before)) CPU_SET(processor, &one);
+    ASSERT_EQ(sched_setaffinity(0, sizeof one, &one), 0);
+    const std::string alone = written("one.mp4");
+    sched_setaffinity(0, sizeof before, &before);
+    EXPECT_TRUE(all == alone);
+}
+
 TEST(MovieWriter, leavesNothingWhereItIsAbandoned) {
     const TemporaryFolder folder;
     const auto path = folder.file("movie.mp4", "the old one");
@@ -118,7 +140,9 @@ TEST(MovieWriter, leavesNothingWhereItIsAbandoned) {
 
 TEST(MovieWriter, saysWhyAPlaceCannotBeWritten) {
     const TemporaryFolder folder;
-    EXPECT_THROW(MovieWriter::open(folder / "missing" / "movie.mp4", settings), Problem);
+    const auto missing = folder / "missing";
+    EXPECT_EQ(problemOf([&] { MovieWriter::open(missing / "movie.mp4", settings); }),
+              "“movie.mp4” could not be written: there is no folder “" + missing.string() + "”.");
     EXPECT_THROW(MovieWriter::open(folder.path, settings), Problem);
     EXPECT_THROW(MovieWriter::open("/proc/movie.mp4", settings), Problem);
     for (const int odd : {191, 0})

@@ -11,9 +11,9 @@ TEST(Settings, fallBackWhereTheyAreMissingOrUnfit) {
     const TemporaryFolder folder;
     setenv("XDG_CONFIG_HOME", folder.path.c_str(), 1);
     auto& store = SettingsStore::standard();
-    const auto light = [] { return Settings::model(Settings::Model::light); };
+    const auto light = [] { return Settings::model(Settings::ModelClass::light); };
     EXPECT_EQ(light(), "anthropic/claude-haiku-5.5");
-    EXPECT_EQ(Settings::model(Settings::Model::judgement), "anthropic/claude-sonnet-5.5");
+    EXPECT_EQ(Settings::model(Settings::ModelClass::judgement), "anthropic/claude-sonnet-5.5");
     EXPECT_EQ(Settings::transcriptionModel(), "elevenlabs/scribe-v2");
     EXPECT_EQ(Settings::language(), "th");
     store.set("lightModel", "  ");
@@ -21,7 +21,7 @@ TEST(Settings, fallBackWhereTheyAreMissingOrUnfit) {
     store.set("punchZoom", 1.0);
     store.set("quietLeast", "two");
     EXPECT_EQ(light(), "anthropic/claude-haiku-5.5");
-    EXPECT_EQ(Settings::model(Settings::Model::judgement), "own/model");
+    EXPECT_EQ(Settings::model(Settings::ModelClass::judgement), "own/model");
     EXPECT_EQ(Settings::punchZoom(), 1.3);
     EXPECT_EQ(Settings::quietLeast(), 2);
     store.set("punchZoom", 1.5);

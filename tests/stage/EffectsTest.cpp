@@ -1,6 +1,5 @@
 #include "core/playbooks/Words.h"
 #include "core/render/stage/Effects.h"
-#include "platform/image/ImageNode.h"
 #include "platform/image/draw/Canvas.h"
 
 #include <cmath>
@@ -55,8 +54,8 @@ TEST(Effects, whatIsNoEffectChangesNothing) {
     const Image image = picture();
     for (const char* effect : {"", "Mono", "mono ", "sparkle", "tint", "tint:", "tint:12345", "tint:GGGGGG",
                                "tint:RRGGBB", "tint:-12345"})
-        EXPECT_EQ(&Stage::apply(effect, image, 1).node(), &image.node()) << effect;
-    EXPECT_NE(&Stage::apply("tint:#ff8800", image, 1).node(), &image.node());
+        EXPECT_TRUE(Stage::apply(effect, image, 1).isSameAs(image)) << effect;
+    EXPECT_FALSE(Stage::apply("tint:#ff8800", image, 1).isSameAs(image));
     for (const auto word : PlaybookWords::effects)
         EXPECT_TRUE(Stage::apply(word, Image(), 1).empty()) << word;
 }

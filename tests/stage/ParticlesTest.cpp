@@ -36,8 +36,8 @@ struct Scatter {
 /// How many pictures lie over each other, and their extents.
 std::vector<Rect> pieces(Image image) {
     std::vector<Rect> all;
-    while (const auto* over = std::get_if<Image::Node::Over>(&image.node().kind)) {
-        all.push_back(over->above.extent());
+    while (const auto* over = std::get_if<ImageNode::Over>(&image.node()->kind)) {
+        all.push_back(over->above->extent);
         image = Image(over->below);
     }
     if (!image.empty()) all.push_back(image.extent());
@@ -45,7 +45,7 @@ std::vector<Rect> pieces(Image image) {
 }
 
 double opacityOf(const Image& image) {
-    const auto* fade = std::get_if<Image::Node::Fade>(&image.node().kind);
+    const auto* fade = std::get_if<ImageNode::Fade>(&image.node()->kind);
     return fade ? fade->opacity : 1;
 }
 
@@ -114,10 +114,10 @@ TEST(Particles, goWhereTheirDriftTakesThem) {
     Scatter rising("rise");
     Image left = rising.at(2);
     int faded = 0;
-    while (const auto* over = std::get_if<Image::Node::Over>(&left.node().kind)) {
-        const double y = over->above.extent().middle().y;
-        EXPECT_NEAR(opacityOf(over->above), std::clamp(y / (0.25 * height), 0.0, 1.0), 1e-3);
-        faded += opacityOf(over->above) < 1;
+    while (const auto* over = std::get_if<ImageNode::Over>(&left.node()->kind)) {
+        const double y = over->above->extent.middle().y;
+        EXPECT_NEAR(opacityOf(Image(over->above)), std::clamp(y / (0.25 * height), 0.0, 1.0), 1e-3);
+        faded += opacityOf(Image(over->above)) < 1;
         left = Image(over->below);
     }
     EXPECT_GT(faded, 5);

@@ -34,7 +34,7 @@ double seconds(const std::function<void()>& call) {
 }
 
 /// What of a colour a cube leaves, 0 to 1: its four numbers at the nearest of its steps.
-std::array<float, 4> looked(const ColourCube& cube, double red, double green, double blue) {
+std::array<float, 4> looked(const Filters::ColourCube& cube, double red, double green, double blue) {
     const auto step = [](double channel) { return std::size_t(std::lround(channel * 31)); };
     const float* cell = cube.values->data() + (step(blue) * 1024 + step(green) * 32 + step(red)) * 4;
     return {cell[0], cell[1], cell[2], cell[3]};
@@ -165,7 +165,7 @@ TEST(PlaybookMedia, manyLargeWordsAreKeptTogether) {
         if (const auto image = media.text(word, style, "", 4)) drawn.push_back(*image);
     if (drawn.empty()) GTEST_SKIP() << "No font is installed.";
     for (std::size_t i = 0; i < words.size(); ++i)
-        EXPECT_EQ(&media.text(words[i], style, "", 4)->node(), &drawn[i].node()) << words[i];
+        EXPECT_EQ(media.text(words[i], style, "", 4)->node(), drawn[i].node()) << words[i];
     const Rect plain = media.text(words[0], style, "")->extent();
     EXPECT_NEAR(drawn[0].extent().width, plain.width, 2) << "trimmed, but as large as its block";
     EXPECT_NEAR(drawn[0].extent().height, plain.height, 2);

@@ -1,9 +1,6 @@
 #include "platform/text/Fonts.h"
-#include "platform/text/ShapedText.h"
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
+#include <cmath>
 
 #include <gtest/gtest.h>
 
@@ -12,21 +9,6 @@ using namespace murbo;
 namespace {
 
 using Names = std::vector<std::string>;
-
-/// Makes this process see the fonts of one folder alone. Only before the first use of fonts.
-void seeOnly(const std::string& folder) {
-    const auto rules =
-        std::filesystem::temp_directory_path() / ("murbo-fonts-" + std::to_string(getpid()) + ".conf");
-    std::ofstream(rules) << "<fontconfig>" << (folder.empty() ? "" : "<dir>" + folder + "</dir>")
-                         << "</fontconfig>";
-    setenv("FONTCONFIG_FILE", rules.c_str(), 1);
-    setenv("MURBO_FONTS", std::filesystem::temp_directory_path().c_str(), 1);
-}
-
-int leave(bool good) {
-    std::filesystem::remove(std::getenv("FONTCONFIG_FILE"));
-    std::exit(good ? 0 : 1);
-}
 
 }
 
@@ -50,29 +32,4 @@ TEST(Fonts, theRoundedFacesGoByTheirPlainNames) {
     for (const char* name : {"Nunito", "Mitr", "M PLUS Rounded 1c"})
         EXPECT_TRUE(Fonts::installed(name)) << name;
     EXPECT_FALSE(Fonts::installed("Rounded Mplus 1c Bold"));
-}
-
-// Each in a process of its own, since fonts are scanned once.
-TEST(FontsDeathTest, withoutAnyFontNothingIsDrawn) {
-    testing::FLAGS_gtest_death_test_style = "threadsafe";
-    const auto alone = [] {
-        seeOnly("");
-        const ShapedText text("Hello ครับ 😂", Fonts::font("Arial", 0.5, 40));
-        leave(text.hopeless() && text.lines(100, 9).size() > 0 &&
-              text.glyphs(text.lines(1e6, 9).front(), {}).empty());
-    };
-    EXPECT_EXIT(alone(), testing::ExitedWithCode(0), "");
-}
-
-TEST(FontsDeathTest, oneLatinFontDrawsLatinAndTellsWhatIsMissing) {
-    testing::FLAGS_gtest_death_test_style = "threadsafe";
-    const std::string folder = "/usr/share/fonts/truetype/quicksand";
-    if (!std::filesystem::exists(folder)) GTEST_SKIP() << "Quicksand is not installed.";
-    const auto alone = [&] {
-        seeOnly(folder);
-        const ShapedText text("Hi ครับ", Fonts::font("", 0.5, 40));
-        const auto glyphs = text.glyphs(text.lines(1e6, 9).front(), {});
-        leave(!text.hopeless() && text.missing().size() == 3 && glyphs.size() >= 2 && glyphs[0].glyph != 0);
-    };
-    EXPECT_EXIT(alone(), testing::ExitedWithCode(0), "");
 }

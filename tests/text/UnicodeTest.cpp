@@ -21,7 +21,7 @@ TEST(Unicode, brokenBytesAreCharactersOfTheirOwnAndNeverLost) {
     }
 }
 
-TEST(Unicode, linesMayEndBetweenThaiWordsAndBehindBlanks) {
+TEST(Unicode, linesMayEndBetweenThaiWordsAndAfterBlanks) {
     const std::string text = "สวัสดีครับ ok";
     const std::vector<std::size_t> ends{18, 31, 33};
     EXPECT_EQ(Unicode::lineEnds(text), ends);

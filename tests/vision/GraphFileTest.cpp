@@ -15,7 +15,7 @@ using namespace murbo;
 namespace {
 
 // Pieces of a FlatBuffer. They point only forward and by distance, so what lies under a table may stand
-// behind it.
+// after it.
 
 template <typename T>
 std::string bytes(T number) {

@@ -7,6 +7,7 @@
 #include "platform/vision/Network.h"
 #include "platform/vision/SubjectMask.h"
 #include "tests/image/Targets.h"
+#include "tests/vision/GreyPicture.h"
 #include "tests/vision/PlainNetwork.h"
 
 #include <cstring>
@@ -40,17 +41,6 @@ double difference(const Bitmap& one, const Bitmap& other, int channel) {
         for (int x = 0; x < one.width(); ++x)
             sum += std::abs(one.row(y)[4 * x + channel] - other.row(y)[4 * x + channel]);
     return sum / 255 / one.width() / one.height();
-}
-
-template <typename Grey>
-Bitmap picture(int width, int height, const Grey& grey) {
-    Bitmap result(width, height);
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
-            std::memset(result.row(y) + 4 * x, grey(x, y), 3);
-            result.row(y)[4 * x + 3] = 255;
-        }
-    return result;
 }
 
 class SubjectMaskTest : public testing::Test {
@@ -89,9 +79,9 @@ TEST_F(SubjectMaskTest, findsPeopleInEveryShapeOfPicture) {
 
 TEST_F(SubjectMaskTest, findsNobodyWhereNobodyIs) {
     std::minstd_rand random;
-    EXPECT_FALSE(SubjectMask::of(picture(300, 500, [&](int, int) { return random() % 256; })));
-    EXPECT_FALSE(SubjectMask::of(picture(512, 288, [](int, int) { return 128; })));
-    EXPECT_FALSE(SubjectMask::of(picture(1, 1, [](int, int) { return 255; })));
+    EXPECT_FALSE(SubjectMask::of(greyPicture(300, 500, [&](int, int) { return random() % 256; })));
+    EXPECT_FALSE(SubjectMask::of(greyPicture(512, 288, [](int, int) { return 128; })));
+    EXPECT_FALSE(SubjectMask::of(greyPicture(1, 1, [](int, int) { return 255; })));
     EXPECT_FALSE(SubjectMask::of(Bitmap()));
 }
 
@@ -133,7 +123,7 @@ TEST_F(SubjectMaskTest, theNetworksAreRunAsTheirFilesSay) {
     const auto folder = std::filesystem::read_symlink("/proc/self/exe").parent_path() / "subject";
     if (!std::filesystem::exists(folder)) GTEST_SKIP() << "the weights lie elsewhere";
     for (const char* name : {"square.tflite", "landscape.tflite"}) {
-        const std::string bytes = Files::readWhole(folder / name, GraphFile::mostBytes);
+        const std::string bytes = Files::readWhole(folder / name, GraphFile::maxBytes);
         const Graph graph = GraphFile::read(bytes);
         const Network network(graph);
         Network::Run run(network);
@@ -149,26 +139,4 @@ TEST_F(SubjectMaskTest, theNetworksAreRunAsTheirFilesSay) {
         for (std::size_t length = 0; length < bytes.size(); length += 997)
             EXPECT_THROW(GraphFile::read(bytes.substr(0, length)), Problem) << length;
     }
-}
-
-TEST(MaskRefinement, edgesAreThoseOfThePicture) {
-    // What the network says rises over twenty pixels of the picture.
-    std::vector<float> likely;
-    for (int i = 0; i < 256 * 256; ++i)
-        likely.push_back(std::clamp(float(i % 256 - 128) / 16 + 0.5f, 0.f, 1.f));
-    const auto step = [&](int brighter) {
-        const auto shade = [&](int edge) {
-            return [=](int x, int) { return x < edge ? 40 : 40 + brighter; };
-        };
-        const Bitmap mask =
-            MaskRefinement::refined(picture(400, 300, shade(200)), picture(256, 256, shade(128)), likely);
-        for (const int y : {0, 150, 299}) {
-            EXPECT_EQ(mask.row(y)[4 * 180 + 3], 0);
-            EXPECT_EQ(mask.row(y)[4 * 220], 255) << "white at its alpha";
-        }
-        return mask.row(150)[4 * 202 + 3] - mask.row(150)[4 * 197 + 3];
-    };
-    EXPECT_LT(step(0), 128); // a fifth of the rise, which the curve makes at most 2.5 times as steep
-    EXPECT_GT(step(60), 200);
-    EXPECT_GT(step(215), 200);
 }

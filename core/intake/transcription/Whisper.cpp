@@ -25,7 +25,7 @@ constexpr std::size_t largestAnswer = 64 << 20; // bytes; a day of speech
 constexpr std::string_view brokenLetter = "\xEF\xBF\xBD";
 
 /// The part of the tool's JSON that counts.
-struct Answer {
+struct WhisperOutput {
     struct Offsets {
         std::int64_t from = 0; ///< milliseconds
         std::int64_t to = 0;
@@ -41,9 +41,11 @@ struct Answer {
         }
     };
     std::vector<Item> transcription;
-    static constexpr auto fields() { return std::tuple{field("transcription", &Answer::transcription)}; }
+    static constexpr auto fields() {
+        return std::tuple{field("transcription", &WhisperOutput::transcription)};
+    }
 };
-static_assert(Record<Answer::Offsets> && Record<Answer::Item> && Record<Answer>);
+static_assert(Record<WhisperOutput::Offsets> && Record<WhisperOutput::Item> && Record<WhisperOutput>);
 
 /// A file that somebody else makes, removed when this goes.
 struct Removed {
@@ -129,7 +131,7 @@ Transcriber Whisper::on(const fs::path& model, const std::string& tool) {
 
 std::vector<HeardLine> Whisper::lines(std::string_view json) {
     // A letter that it cut in two stands at the seam as bytes that are no UTF-8.
-    const auto answer = Codec::decode<Answer>(Text::repaired(json));
+    const auto answer = Codec::decode<WhisperOutput>(Text::repaired(json));
     std::vector<HeardLine> found;
     for (const auto& [offsets, given] : answer.transcription) {
         auto text = Text::trimmed(withoutBrokenLetters(given));

@@ -5,6 +5,7 @@
 #include "core/render/stage/PlaybookMedia.h"
 #include "platform/base/Channel.h"
 #include "platform/image/Bitmap.h"
+#include "platform/image/Planes.h"
 
 #include <cstdint>
 #include <future>

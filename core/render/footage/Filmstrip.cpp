@@ -14,13 +14,13 @@ namespace murbo {
 namespace {
 
 constexpr double quality = 0.7;
-constexpr std::size_t mostBytes = 1 << 20; // far above any thumbnail
-constexpr int longestStep = 1 << 30;       // seconds
+constexpr std::size_t maxBytes = 1 << 20; // far above any thumbnail
+constexpr int longestStep = 1 << 30;      // seconds
 
-/// The picture in at most `Filmstrip::mostPixels` a side.
+/// The picture in at most `Filmstrip::maxPixels` a side.
 Bitmap thumbnail(const Frame& frame) {
     const Size size = frame.uprightSize();
-    const double scale = std::min(1.0, Filmstrip::mostPixels / std::max(size.width, size.height));
+    const double scale = std::min(1.0, Filmstrip::maxPixels / std::max(size.width, size.height));
     const double width = std::max(1.0, std::round(size.width * scale));
     const double height = std::max(1.0, std::round(size.height * scale));
     const Transform fitted = Transform().scaled(width / size.width, height / size.height);
@@ -65,7 +65,7 @@ std::optional<Bitmap> Filmstrip::stored(int second) const {
     const auto path = place(second);
     if (!path) return {};
     try {
-        auto picture = Jpeg::decode(Files::readWhole(*path, mostBytes), mostPixels);
+        auto picture = Jpeg::decode(Files::readWhole(*path, maxBytes), maxPixels);
         if (picture) return picture;
     } catch (const Problem&) {
     }
@@ -97,7 +97,7 @@ void Filmstrip::store(int second, const Bitmap& picture) const {
 void Filmstrip::keep(int second, const Bitmap& picture) {
     const std::lock_guard hold(lock);
     if (!images.insert_or_assign(second, picture).second) return;
-    if (order.size() >= mostKept) {
+    if (order.size() >= maxKept) {
         images.erase(order.front());
         order.pop_front();
     }

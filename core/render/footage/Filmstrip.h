@@ -12,13 +12,13 @@
 
 namespace murbo {
 
-/// Thumbnails of one source, one a second at most, kept in memory and in the package.
+/// Thumbnails of one source, at most one a second, kept in memory and in the package.
 ///
 /// Any thread may ask. Making one blocks while another of the same source is made.
 class Filmstrip {
 public:
-    static constexpr int mostPixels = 320;       ///< a side
-    static constexpr std::size_t mostKept = 600; ///< in memory
+    static constexpr int maxPixels = 320;       ///< a side
+    static constexpr std::size_t maxKept = 600; ///< in memory
 
     /// Thumbnails are also kept under the package, where there is one.
     explicit Filmstrip(const Source& source, const std::optional<std::filesystem::path>& package = {});

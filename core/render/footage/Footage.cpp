@@ -10,10 +10,9 @@ namespace murbo {
 
 namespace {
 
-constexpr double nearStep = 0.2;  // seconds; who asks again within this is playing
-constexpr double liveReach = 1.5; // seconds that are sooner decoded than jumped
+constexpr double nearStep = 0.2; // seconds; who asks again within this is playing
 constexpr double stillsASecond = 30;
-constexpr std::size_t mostStills = 91;
+constexpr std::size_t maxStills = 91;
 constexpr double longest = 1e9; // seconds
 
 std::int64_t bytesOf(const Frame& frame) {
@@ -24,17 +23,20 @@ std::int64_t bytesOf(const Frame& frame) {
 
 }
 
-Footage::Footage(std::filesystem::path given, std::int64_t stillBytesAtMost)
-    : file(std::move(given)), mostStillBytes(stillBytesAtMost) {}
+Footage::Footage(std::filesystem::path given, std::int64_t maxBytes)
+    : file(std::move(given)), maxStillBytes(maxBytes) {}
 
 std::optional<Image> Footage::frame(double time) {
     const std::lock_guard hold(lock);
     if (!open() || std::isnan(time)) return {};
     time = std::clamp(time, -longest, longest);
-    const bool plays = isLive(time) || isNear(time);
+    const bool near = isNear(time);
     asked = time;
+    // Two times within a millisecond are one; part of that the reader allows by itself.
+    time += Times::samePlace - FrameReader::tolerance;
     // Played or picked out alone, and in whatever order, a time has one picture.
-    return plays ? playing(time + Times::samePlace) : still(time + Times::samePlace);
+    const bool plays = near || (forward && forward->reaches(time));
+    return plays ? playing(time) : still(time);
 }
 
 double Footage::length() {
@@ -66,18 +68,14 @@ bool Footage::isNear(double time) const {
     return asked && *asked - Times::samePlace <= time && time <= *asked + nearStep;
 }
 
-bool Footage::isLive(double time) const {
-    return current && current->time <= time + Times::samePlace && time <= current->time + liveReach;
-}
-
 std::optional<Image> Footage::playing(double time) {
     try {
         if (!forward) forward = FrameReader::open(file, FrameReader::Purpose::playing);
-        current = forward->at(time);
+        if (const auto found = forward->at(time)) return Image::frame(found->frame);
     } catch (const Problem&) {
-        current.reset();
+        // What a single picture makes of it.
     }
-    return current ? Image::frame(current->frame) : still(time);
+    return still(time);
 }
 
 std::optional<Image> Footage::still(double time) {
@@ -90,8 +88,8 @@ std::optional<Image> Footage::still(double time) {
     return stills.at(key).image;
 }
 
-void Footage::keep(std::int64_t key, Still still) {
-    if (stills.size() >= mostStills || stillBytes + still.bytes > mostStillBytes) {
+void Footage::keep(std::int64_t key, KeptStill still) {
+    if (stills.size() >= maxStills || stillBytes + still.bytes > maxStillBytes) {
         stills.clear();
         stillBytes = 0;
     }

@@ -12,15 +12,16 @@
 namespace murbo {
 
 /// Pictures out of one file for those who draw it: mostly forward in small steps, at times a jump. Going
-/// forward decodes on; a jump takes a single picture and keeps it, for it is likely to be asked for again.
+/// forward decodes on, as far as FrameReader::reaches; a jump takes a single picture and keeps it, for it is
+/// likely to be asked for again.
 ///
 /// Any thread may ask; one is served at a time.
 class Footage {
 public:
-    /// `mostStillBytes` is what the kept pictures may take.
-    explicit Footage(std::filesystem::path file, std::int64_t mostStillBytes = std::int64_t{256} << 20);
+    /// `maxStillBytes` is what the kept pictures may take.
+    explicit Footage(std::filesystem::path file, std::int64_t maxStillBytes = std::int64_t{256} << 20);
 
-    /// The picture that is on at `time` seconds, upright; the last one behind the end. Nothing where the file
+    /// The picture that is on at `time` seconds, upright; after the end the last one. Nothing where the file
     /// has no picture to be read.
     std::optional<Image> frame(double time);
 
@@ -31,7 +32,7 @@ public:
     std::int64_t area();
 
 private:
-    struct Still {
+    struct KeptStill {
         Image image;
         double from = 0;  // it came on then …
         double until = 0; // … and was still on
@@ -42,22 +43,20 @@ private:
 
     bool open();
     bool isNear(double time) const;
-    bool isLive(double time) const;
     std::optional<Image> playing(double time);
     std::optional<Image> still(double time);
-    void keep(std::int64_t key, Still still);
+    void keep(std::int64_t key, KeptStill still);
 
     const std::filesystem::path file;
-    const std::int64_t mostStillBytes;
+    const std::int64_t maxStillBytes;
     std::mutex lock; // guards all below
     bool opened = false;
     double seconds = 0;
     std::int64_t pixels = 0;
     std::optional<FrameReader> single; // for jumps
     std::optional<FrameReader> forward;
-    std::optional<FrameReader::TimedFrame> current; // the newest that `forward` gave
-    std::optional<double> asked;                    // last
-    std::map<std::int64_t, Still> stills;
+    std::optional<double> asked; // last
+    std::map<std::int64_t, KeptStill> stills;
     std::int64_t stillBytes = 0;
 };
 

@@ -45,7 +45,7 @@ double alpha(const Tone& tone, double key) {
 
 }
 
-std::optional<ColourCube> cube(Colour key) {
+std::optional<Filters::ColourCube> cube(Colour key) {
     const Tone wanted{key.red / 255.0, key.green / 255.0, key.blue / 255.0};
     if (wanted.spread() < leastSpread) return {};
     const double hue = wanted.hue();
@@ -60,7 +60,7 @@ std::optional<ColourCube> cube(Colour key) {
                 for (const double channel : {tone.red, tone.green, tone.blue, 1.0})
                     values->push_back(float(kept * channel));
             }
-    return ColourCube{side, std::move(values)};
+    return Filters::ColourCube{side, std::move(values)};
 }
 
 }

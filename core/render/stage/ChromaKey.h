@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/image/Colour.h"
-#include "platform/image/Filter.h"
+#include "platform/image/filters/ColourCube.h"
 
 #include <optional>
 
@@ -9,6 +9,6 @@ namespace murbo::ChromaKey {
 
 /// Takes out the colours whose hue is within 22 degrees of the key's, softly up to 40. What is nearly black
 /// or nearly grey stays, whatever the key. Nothing where the key is a grey: that has no hue.
-std::optional<ColourCube> cube(Colour key);
+std::optional<Filters::ColourCube> cube(Colour key);
 
 }

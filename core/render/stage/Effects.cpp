@@ -2,6 +2,14 @@
 
 #include "core/playbooks/Words.h"
 #include "core/render/stage/Budget.h"
+#include "platform/image/filters/Blur.h"
+#include "platform/image/filters/ColourMatrix.h"
+#include "platform/image/filters/Comic.h"
+#include "platform/image/filters/Glow.h"
+#include "platform/image/filters/Pixel.h"
+#include "platform/image/filters/Posterize.h"
+#include "platform/image/filters/Vhs.h"
+#include "platform/image/filters/Vignette.h"
 
 #include <algorithm>
 #include <array>
@@ -24,35 +32,38 @@ Image within(const Image& image, const Filter& filter) {
 Image onTape(const Image& image, double held) {
     const double time = std::isfinite(held) ? held : 0;
     const double picture = std::fmod(std::floor(time * 30), 97);
-    return within(image, Taped{6, std::fmod(time * 60, 6), std::int64_t(picture)});
+    return within(image, Filters::Vhs{6, std::fmod(time * 60, 6), std::int64_t(picture)});
 }
 
 constexpr std::array<Effect, 14> effects{{
-    {"mono", [](const Image& image, double) { return image.filtered(ColourMatrix::grey()); }},
-    {"sepia", [](const Image& image, double) { return image.filtered(ColourMatrix::sepia(0.9)); }},
-    {"blur", [](const Image& image, double) { return within(image, Blurred{18}); }},
+    {"mono", [](const Image& image, double) { return image.filtered(Filters::ColourMatrix::mono()); }},
+    {"sepia", [](const Image& image, double) { return image.filtered(Filters::ColourMatrix::sepia(0.9)); }},
+    {"blur", [](const Image& image, double) { return within(image, Filters::Blur{18}); }},
     {"glow",
      [](const Image& image, double) {
-         return within(image, Bloomed{14, 0.9});
+         return within(image, Filters::Glow{14, 0.9});
      }},
     {"zoom-blur",
      [](const Image& image, double) {
          return image.clamped().zoomBlurred(image.extent().middle(), 24).cropped(image.extent());
      }},
-    {"invert", [](const Image& image, double) { return image.filtered(ColourMatrix::inverted()); }},
+    {"invert", [](const Image& image, double) { return image.filtered(Filters::ColourMatrix::inverted()); }},
     {"pixel",
      [](const Image& image, double) {
-         return within(image, Pixellated{24, image.extent().middle()});
+         return within(image, Filters::Pixel{24, image.extent().middle()});
      }},
     {"vignette",
      [](const Image& image, double) {
-         return image.filtered(Vignetted{1.2, 2});
+         return image.filtered(Filters::Vignette{1.2, 2});
      }},
-    {"comic", [](const Image& image, double) { return within(image, Inked{}); }},
-    {"posterize", [](const Image& image, double) { return image.filtered(Posterised{6}); }},
-    {"bright", [](const Image& image, double) { return image.filtered(ColourMatrix::brightened(0.12)); }},
-    {"dark", [](const Image& image, double) { return image.filtered(ColourMatrix::brightened(-0.18)); }},
-    {"saturate", [](const Image& image, double) { return image.filtered(ColourMatrix::saturated(1.6)); }},
+    {"comic", [](const Image& image, double) { return within(image, Filters::Comic{}); }},
+    {"posterize", [](const Image& image, double) { return image.filtered(Filters::Posterize{6}); }},
+    {"bright",
+     [](const Image& image, double) { return image.filtered(Filters::ColourMatrix::brightened(0.12)); }},
+    {"dark",
+     [](const Image& image, double) { return image.filtered(Filters::ColourMatrix::brightened(-0.18)); }},
+    {"saturate",
+     [](const Image& image, double) { return image.filtered(Filters::ColourMatrix::saturated(1.6)); }},
     {"vhs", onTape},
 }};
 
@@ -66,7 +77,7 @@ std::int64_t costOf(std::string_view effect) {
 Image apply(std::string_view effect, const Image& image, double held) {
     if (effect.starts_with(PlaybookWords::tint)) {
         const auto colour = Colour::hex(effect.substr(PlaybookWords::tint.size()));
-        return colour ? image.filtered(ColourMatrix::tinted(*colour)) : image;
+        return colour ? image.filtered(Filters::ColourMatrix::tinted(*colour)) : image;
     }
     for (const auto& each : effects) {
         if (each.word == effect) return each.apply(image, held);

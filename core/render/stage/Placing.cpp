@@ -1,7 +1,6 @@
 #include "core/render/stage/Placing.h"
 
 #include "core/render/stage/Movement.h"
-#include "platform/image/ImageNode.h"
 
 #include <algorithm>
 #include <array>
@@ -119,7 +118,7 @@ Transform placeOf(const Made& made, const Context& context, const Pose& pose, co
 bool coversAtAngle(const Image& image, const Transform& place, const Rect& frame) {
     constexpr double margin = 2;
     const Rect extent = image.extent();
-    if (!image.node().opaque.contains(extent) || !place.invertible()) return false;
+    if (!image.isOpaqueOver(extent) || !place.invertible()) return false;
     const Transform back = place.inverse();
     const double left = frame.x - margin, right = frame.right() + margin;
     const double top = frame.y - margin, bottom = frame.bottom() + margin;
@@ -132,7 +131,7 @@ bool coversAtAngle(const Image& image, const Transform& place, const Rect& frame
 
 /// Where it covers the frame its edges may as well repeat, and it is known to be opaque.
 Image moved(const Image& image, const Transform& place, const Rect& frame) {
-    const bool covers = !keepsAxes(place) && coversAtAngle(image, place, frame);
+    const bool covers = !place.keepsAxes() && coversAtAngle(image, place, frame);
     return (covers ? image.clamped() : image).transformed(place).cropped(frame);
 }
 
@@ -163,7 +162,7 @@ Laid laid(const Made& made, const Context& context, const PlaybookClock& clock, 
     const double opacity = pose.opacity * movement.opacity;
     const Image image = moved(revealed(made.image, movement.reveal), place, context.frame());
     Laid laid{opacity < full ? image.faded(opacity) : image, blendOf(context.layer.blend)};
-    laid.hides = laid.blend == Blend::normal && laid.image.node().opaque.contains(context.frame());
+    laid.hides = laid.blend == Blend::normal && laid.image.isOpaqueOver(context.frame());
     return laid;
 }
 

@@ -23,7 +23,7 @@ namespace {
 using Pictures = MediaCache<std::string, std::optional<Image>>;
 using Letters = MediaCache<CaptionPicture::Request, std::optional<Image>>;
 using Videos = MediaCache<std::string, std::shared_ptr<Footage>>;
-using Cubes = MediaCache<std::uint32_t, std::optional<ColourCube>>;
+using Cubes = MediaCache<std::uint32_t, std::optional<Filters::ColourCube>>;
 
 constexpr std::size_t megabyte = std::size_t{1} << 20;
 constexpr Pictures::Bounds pictureBounds{1000, 384 * megabyte};
@@ -170,7 +170,7 @@ std::optional<Image> PlaybookMedia::glyph(const std::string& glyph, double point
     return ifItCan([&] { return parts->glyphs.get(name, [&] { return drawn(glyph, points); }); });
 }
 
-std::optional<ColourCube> PlaybookMedia::cube(Colour key) {
+std::optional<Filters::ColourCube> PlaybookMedia::cube(Colour key) {
     const std::uint32_t name = std::uint32_t{key.red} << 16 | std::uint32_t{key.green} << 8 | key.blue;
     const auto made = [&]() -> Cubes::Made { return {ChromaKey::cube(key)}; };
     return ifItCan([&] { return parts->cubes.get(name, made); });

@@ -3,6 +3,7 @@
 #include "core/model/CaptionStyle.h"
 #include "core/render/footage/Footage.h"
 #include "platform/image/Image.h"
+#include "platform/image/filters/ColourCube.h"
 
 #include <filesystem>
 #include <memory>
@@ -36,7 +37,7 @@ public:
     std::optional<Image> glyph(const std::string& glyph, double points);
 
     /// Takes a colour out, as before a green screen. Nothing for a grey.
-    std::optional<ColourCube> cube(Colour key);
+    std::optional<Filters::ColourCube> cube(Colour key);
 
     /// The subject of a picture alone; the picture itself where none is found.
     Image cutout(const Image& image);

@@ -78,7 +78,7 @@ Image draw(const PlacedOverlay& placed, double time, const Scene& given, const I
     if (!scene.budget) scene.budget = &own;
     const Budget before = *scene.budget;
     const auto direct = composite(placed, time, scene, canvas);
-    const bool same = &canvas.node() == &scene.below.node();
+    const bool same = canvas.isSameAs(scene.below);
     const int needed = direct.readings + (same && direct.showsCanvas ? 1 : 0);
     if (direct.readings == 0 || needed < 2) return direct.image;
     *scene.budget = before;

@@ -1,8 +1,9 @@
 #include "platform/image/draw/Canvas.h"
 
 #include "platform/base/Problem.h"
-#include "platform/image/draw/Layers.h"
+#include "platform/image/draw/Flattening.h"
 #include "platform/image/draw/Painter.h"
+#include "platform/image/kernels/Kernels.h"
 
 #include <algorithm>
 
@@ -27,7 +28,7 @@ void encode(const Tile& strip, Planes& target) {
 void draw(const Image& image, Bitmap& target, int top, int bottom) {
     const PixelRect area{0, std::max(top, 0), target.width(), std::min(bottom, target.height())};
     if (area.empty()) return;
-    auto layers = layersOf(image.node(), Transform(), area);
+    auto layers = layersOf(*image.node(), Transform(), area);
     Painter::paint(layers, {target.row(area.top), target.stride(), area});
 }
 
@@ -38,7 +39,7 @@ void draw(const Image& image, Bitmap& target) {
 void draw(const Image& image, Planes& target, int top, int bottom) {
     const PixelRect area{0, std::max(top, 0) & ~1, target.width(), std::min(bottom, target.height()) & ~1};
     if (area.empty()) return;
-    auto layers = layersOf(image.node(), Transform(), area);
+    auto layers = layersOf(*image.node(), Transform(), area);
     const std::ptrdiff_t stride = std::ptrdiff_t(area.width()) * 4;
     const auto strip = std::make_unique_for_overwrite<std::uint8_t[]>(stride * stripRows);
     for (int y = area.top; y < area.bottom; y += stripRows) {
@@ -55,7 +56,7 @@ void draw(const Image& image, Planes& target) {
 Bitmap bitmap(const Image& image, const Rect& rect) {
     const auto area = PixelRect::touching(rect);
     Bitmap result = Bitmap::toBeFilled(area.width(), area.height());
-    auto layers = layersOf(image.node(), Transform(), area);
+    auto layers = layersOf(*image.node(), Transform(), area);
     Painter::paint(layers, {result.row(0), result.stride(), area});
     return result;
 }

@@ -2,6 +2,7 @@
 
 #include "platform/image/Bitmap.h"
 #include "platform/image/Image.h"
+#include "platform/image/Planes.h"
 
 namespace murbo {
 

@@ -1,6 +1,5 @@
 #include "platform/image/draw/Edges.h"
 
-#include "platform/image/ImageNode.h"
 #include "platform/image/kernels/Kernels.h"
 
 #include <algorithm>
@@ -40,7 +39,7 @@ std::int64_t between(std::int64_t one, std::int64_t other) {
 }
 
 Edges::Edges(const Rect& rect, const Transform& transform, bool bare)
-    : upright(keepsAxes(transform)), nothingBeyond(bare) {
+    : upright(transform.keepsAxes()), nothingBeyond(bare) {
     const Transform back = transform.inverse();
     sides[0] = side(back, true, rect.x, true);
     sides[1] = side(back, true, rect.right(), false);
@@ -56,19 +55,19 @@ Edges::Side Edges::side(const Transform& back, bool across, double edge, bool be
     return {fixed(start / length), fixed(x / length), fixed(y / length)};
 }
 
-/// The part of `range` where the side's distance is at least `least`.
-Edges::Range Edges::above(const Side& side, int row, std::int64_t least, Range range) {
-    const std::int64_t missing = least - side.at(0, row);
+/// The part of `range` where the side's distance is at min `min`.
+Edges::ColumnRange Edges::above(const Side& side, int row, std::int64_t min, ColumnRange range) {
+    const std::int64_t missing = min - side.at(0, row);
     const std::int64_t low = range.from;
     const std::int64_t high = range.to;
     if (side.x > 0) return {int(std::clamp(ceilDivided(missing, side.x), low, high)), range.to};
     if (side.x < 0) return {range.from, int(std::clamp(floorDivided(missing, side.x) + 1, low, high))};
-    return missing <= 0 ? range : Range{range.from, range.from};
+    return missing <= 0 ? range : ColumnRange{range.from, range.from};
 }
 
-Edges::Range Edges::reaching(int row, std::int64_t least, Range range) const {
+Edges::ColumnRange Edges::reaching(int row, std::int64_t min, ColumnRange range) const {
     for (const auto& each : sides) {
-        const Range part = above(each, row, least, range);
+        const ColumnRange part = above(each, row, min, range);
         range = {std::max(range.from, part.from),
                  std::max(std::max(range.from, part.from), std::min(range.to, part.to))};
     }
@@ -87,8 +86,8 @@ int Edges::coverage(int column, int row) const {
 
 void Edges::cover(int y, int from, int to, std::uint8_t* pixels) const {
     if (nothingBeyond) return;
-    const Range some = reaching(y, outside, {from, to});
-    const Range all = reaching(y, inside, some);
+    const ColumnRange some = reaching(y, outside, {from, to});
+    const ColumnRange all = reaching(y, inside, some);
     const auto at = [&](int x) { return pixels + std::ptrdiff_t(x - from) * 4; };
     Kernels::fill(0, some.from - from, at(from));
     for (int x = some.from; x < all.from; ++x) Kernels::fade(coverage(x, y), 1, at(x));
@@ -97,12 +96,13 @@ void Edges::cover(int y, int from, int to, std::uint8_t* pixels) const {
 }
 
 PixelRect Edges::reached(const PixelRect& area) const {
-    Range most{area.right, area.left};
+    ColumnRange widest{area.right, area.left};
     for (int y = area.top; y < area.bottom; ++y) {
-        const Range range = reaching(y, outside, {area.left, area.right});
-        if (range.from < range.to) most = {std::min(most.from, range.from), std::max(most.to, range.to)};
+        const ColumnRange range = reaching(y, outside, {area.left, area.right});
+        if (range.from < range.to)
+            widest = {std::min(widest.from, range.from), std::max(widest.to, range.to)};
     }
-    return most.from < most.to ? PixelRect{most.from, area.top, most.to, area.bottom} : PixelRect{};
+    return widest.from < widest.to ? PixelRect{widest.from, area.top, widest.to, area.bottom} : PixelRect{};
 }
 
 PixelRect Edges::solid(const PixelRect& bounds) const {
@@ -116,10 +116,10 @@ PixelRect Edges::solid(const PixelRect& bounds) const {
     for (const auto& each : sides) {
         // Upright: a side looks along one axis only; the other is asked with the axes changed over.
         const Side turned{each.start, each.y, each.x};
-        const Range columns =
-            each.x != 0 ? above(each, 0, inside, {solid.left, solid.right}) : Range{solid.left, solid.right};
-        const Range rows = each.x == 0 ? above(turned, 0, inside, {solid.top, solid.bottom})
-                                       : Range{solid.top, solid.bottom};
+        const ColumnRange columns = each.x != 0 ? above(each, 0, inside, {solid.left, solid.right})
+                                                : ColumnRange{solid.left, solid.right};
+        const ColumnRange rows = each.x == 0 ? above(turned, 0, inside, {solid.top, solid.bottom})
+                                             : ColumnRange{solid.top, solid.bottom};
         solid = {columns.from, rows.from, columns.to, rows.to};
     }
     return solid.empty() ? PixelRect{} : solid;

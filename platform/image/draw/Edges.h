@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/image/draw/Pixels.h"
+#include "platform/image/PixelRect.h"
 
 #include <cstdint>
 
@@ -10,7 +10,7 @@ namespace murbo {
 /// distance to each side. In whole numbers, by absolute position, as all drawing.
 class Edges {
 public:
-    /// `bare` is a rectangle beyond which there is nothing anyway: it only tells where to look.
+    /// `bare` is a rectangle beyond which there is nothing anyway: it only says where to look.
     Edges(const Rect& rect, const Transform& transform, bool bare = false);
 
     /// Fades `to − from` pixels of row y, of which the first is at x = from, by how much of each is inside.
@@ -34,14 +34,14 @@ private:
 
         std::int64_t at(int column, int row) const { return start + column * x + row * y; }
     };
-    struct Range {
+    struct ColumnRange {
         int from;
         int to;
     };
 
     static Side side(const Transform& inverse, bool across, double edge, bool before);
-    static Range above(const Side& side, int row, std::int64_t least, Range range);
-    Range reaching(int row, std::int64_t least, Range range) const;
+    static ColumnRange above(const Side& side, int row, std::int64_t min, ColumnRange range);
+    ColumnRange reaching(int row, std::int64_t min, ColumnRange range) const;
     bool full(int column, int row) const;
     int coverage(int column, int row) const;
 

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "platform/image/draw/Layers.h"
+#include "platform/image/ImageNode.h"
+#include "platform/image/draw/Layer.h"
+#include "platform/image/draw/PictureSource.h"
 
 #include <memory>
 #include <vector>
@@ -11,7 +13,7 @@ namespace murbo {
 /// stack.
 class Flattening {
 public:
-    using Node = Image::Node;
+    using Node = ImageNode;
 
     /// What a node inherits from those above it.
     struct State {
@@ -36,45 +38,59 @@ public:
     Layers run(State first);
 
 private:
-    // The graph's operations (Layers.cpp).
+    // The graph's operations (Flattening.cpp).
     void visit(const Node::Crop& crop, State& state);
-    void visit(const Node::Move& move, State& state);
+    void visit(const Node::Transformed& move, State& state);
     void visit(const Node::Fade& fade, State& state);
     void visit(const Node::Over& over, State& state);
     void visit(const Node::Clamp& clamp, State& state);
     void visit(const Node::Mask& mask, State& state);
     void visit(const Node::Later& later, State& state);
     void visit(const Node::Once& once, State& state);
-    // What has pixels, which become a layer's (Inks.cpp).
-    void visit(const Node::Fill& fill, State& state);
-    void visit(const Node::Pixels& pixels, State& state);
-    void visit(const Node::Picture& picture, State& state);
-    void visit(const Node::Ramp& ramp, State& state);
-    void visit(const Node::Rounded& shape, State& state);
     void visit(const Node::ZoomBlur& blur, State& state);
     void visit(const Node::MotionBlur& blur, State& state);
+    // What has pixels, which become a layer's (FlatteningLeaves.cpp).
+    void visit(const Node::Fill& fill, State& state);
+    void visit(const Node::BitmapPixels& pixels, State& state);
+    void visit(const Node::FramePixels& picture, State& state);
+    void visit(const Node::Gradient& gradient, State& state);
+    void visit(const Node::RoundedRectangle& shape, State& state);
+    // What is filtered (FlatteningFilters.cpp).
     void visit(const Node::Filtered& filtered, State& state);
 
     bool tooDeep() const;
-    void descend(State& state, const Image& child);
+    /// A picture that is drawn by itself.
+    PictureSource sourceOf(const Node& node) const;
+    void descend(State& state, const ImageNode& child);
     static void smooth(State& state, bool bare = false);
     void addGroup(State& state);
-    void addClamped(const Image& image, State& state);
-    void addMade(const Image& image, State& state, int itsDepth);
+    void addClamped(const ImageNode& picture, State& state);
+    void addMade(const ImageNode& picture, State& state, int itsDepth);
 
     static Rect takeLimits(State& state, int air = 0);
     /// What of a grid is needed to draw `bounds`, `way` leading from the canvas to it.
     static PixelRect seenThrough(const Transform& way, const PixelRect& bounds);
-    void add(State& state, bool opaque, Layer::Ink ink);
+    void add(State& state, bool opaque, Layer::Content content);
     /// `opaque` are pixels that hide all below by themselves.
-    void add(State& state, const PixelRect& opaque, Layer::Ink ink);
+    void add(State& state, const PixelRect& opaque, Layer::Content content);
     void addSeen(State& state, Raster raster, const Transform& way, const PixelRect& limits);
     void addAtAngle(State& state, Raster raster, const Transform& way);
     void addTurned(State& state, const Rect& shown);
+
+    DrawTile filtered(const Node::Filtered& filtered, const Transform& place, const PixelRect& bounds) const;
+    DrawTile filteredInPlace(const Node::Filtered& topmost, const Transform& place,
+                             const PixelRect& bounds) const;
+    void addFilteredUpright(const Node::Filtered& filtered, State& state);
 
     int depth;
     std::vector<State> waiting;
     Layers layers;
 };
+
+/// Flattens a graph: what is empty or outside is passed over, transforms and crops are worked into each
+/// layer. `place` leads from the node's space to the canvas, `bounds` is all that will be asked. Composites
+/// that must be drawn by themselves (a fade of several pictures, a blur) nest; what lies deeper than 500 of
+/// them is left out.
+Layers layersOf(const ImageNode& node, const Transform& place, const PixelRect& bounds, int depth = 0);
 
 }

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "platform/image/draw/Layers.h"
-
-#include <span>
+#include "platform/image/draw/Layer.h"
 
 namespace murbo::Painter {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/image/Bitmap.h"
-#include "platform/image/draw/Pixels.h"
+#include "platform/image/Tile.h"
 
 namespace murbo {
 
@@ -12,20 +12,15 @@ struct Raster {
     bool opaque = false;
 
     Tile tile() { return {bitmap.row(0), bitmap.stride(), area}; }
+    /// The pixel at a place of the grid.
+    const std::uint8_t* at(int x, int y) const {
+        return bitmap.row(y - area.top) + std::ptrdiff_t(x - area.left) * 4;
+    }
 
-    /// Whether so much can be drawn by itself: what would need more (a shear without measure) is left out.
+    /// Whether an area is small enough to be drawn by itself: a larger one (of an extreme shear) is left out.
     static bool holds(const PixelRect& area);
     /// One of that area, to be filled.
     static Raster of(const PixelRect& area, bool opaque);
-};
-
-/// A grid of whole pixels over a picture's extent.
-struct Grid {
-    PixelRect whole;
-    Transform toGrid;
-
-    /// As fine as the picture is seen through `place`, and at most `most` times as fine as its own pixels.
-    static Grid over(const Rect& extent, const Transform& place, double most);
 };
 
 }

@@ -1,15 +1,16 @@
-#include "platform/image/draw/Rasterised.h"
-#include "platform/image/filters/FilterDrawings.h"
+#include "platform/image/filters/Comic.h"
+
+#include "platform/image/draw/AxisSampler.h"
+#include "platform/image/draw/PictureSource.h"
 #include "platform/image/filters/Gauss.h"
-#include "platform/image/kernels/FilterKernels.h"
+#include "platform/image/filters/Resampled.h"
+#include "platform/image/kernels/Kernels.h"
 
 #include <algorithm>
 #include <cmath>
 
-namespace murbo::FilterDrawings {
+namespace murbo::Filters {
 namespace {
-
-using Node = Image::Node;
 
 constexpr double pi = 3.14159265358979323846;
 
@@ -21,10 +22,10 @@ constexpr int tolerance = 3;
 /// Where the picture is darker over the one deviation than over the other there is ink.
 constexpr double fineSigma = 2;
 constexpr double coarseSigma = 6;
-/// How ink is told in 8 bits, 128 being no difference: eight to a level; it begins at the one and grows with
+/// How ink is coded in 8 bits, 128 being no difference: eight to a level; it begins at the one and grows with
 /// each above by the other.
 constexpr int inkSteep = 128;
-constexpr int inkLeast = 153;
+constexpr int minInk = 153;
 constexpr int inkGrowth = 6;
 /// A picture that is seen smaller than this is sketched as finely as the canvas: its lines would get lost.
 constexpr double smallest = 0.4;
@@ -34,11 +35,11 @@ constexpr double softness = 0.35;
 constexpr int blackest = 8;
 /// How much stronger colours get, in 1/16.
 constexpr int colourStrength = 22;
-/// Dots lie on a lattice at 45 degrees, so far apart along a row, and move a tone by so many levels.
+/// Dots lie on a lattice at 45 degrees, `dotPeriod` apart along a row, and move a tone by `dotLevels`.
 constexpr double dotPeriod = 12;
 constexpr double dotLevels = 10;
 /// Dots that would have fewer pixels than this are left out, as their mean is none.
-constexpr double leastDot = 3;
+constexpr double minDot = 3;
 
 /// The tone for each brightness: dark ones sink, the steps are soft so that nothing flickers.
 std::vector<std::uint32_t> toneTable() {
@@ -68,7 +69,7 @@ std::vector<std::int16_t> dots(double start, double scale, int from, int to, dou
 /// Evened out but for its edges; smaller by the weights' reach at each side.
 Raster evened(const Raster& raster, const Gauss& gauss) {
     Raster result = Raster::of(raster.area.grown(-gauss.reach, -gauss.reach), true);
-    const auto weigh = [](const auto& rows, const Gauss& given, Kernels::Depth depth, int count,
+    const auto weigh = [](const auto& rows, const Gauss& given, Kernels::SampleDepth depth, int count,
                           std::int16_t* out) {
         Kernels::evenOutRows(rows.data(), given.weights.data(), int(rows.size()), depth, tolerance, count,
                              out);
@@ -86,26 +87,26 @@ Raster evened(const Raster& raster, const Gauss& gauss) {
 }
 
 /// Brightness in 15 bits.
-struct Light {
+struct Brightness {
     PixelRect area;
     std::vector<std::int16_t> values;
 
-    explicit Light(const PixelRect& whole) : area(whole), values(std::size_t(whole.area())) {}
+    explicit Brightness(const PixelRect& whole) : area(whole), values(std::size_t(whole.area())) {}
 
     std::int16_t* at(int x, int y) {
         return &values[std::size_t(y - area.top) * area.width() + (x - area.left)];
     }
 
-    static Light of(const Raster& raster) {
-        Light light(raster.area);
+    static Brightness of(const Raster& raster) {
+        Brightness light(raster.area);
         for (int y = 0; y < raster.area.height(); ++y)
             Kernels::brightnessRow(raster.bitmap.row(y), raster.area.width(),
                                    light.at(raster.area.left, raster.area.top + y));
         return light;
     }
 
-    Light blurred(const Gauss& gauss) const {
-        Light result(area.grown(-gauss.reach, -gauss.reach));
+    Brightness blurred(const Gauss& gauss) const {
+        Brightness result(area.grown(-gauss.reach, -gauss.reach));
         separably({reinterpret_cast<const std::uint8_t*>(values.data()),
                    std::ptrdiff_t(area.width()) * 2,
                    {2, 0, 0},
@@ -137,13 +138,12 @@ struct Sketch {
     Raster of(const Raster& sharp) const {
         Raster sketch = Raster::of(area, false);
         const Raster flat = evened(evened(sharp, even), even);
-        Light light = Light::of(sharp);
-        Light near = light.blurred(fine);
-        Light far = light.blurred(coarse);
+        Brightness light = Brightness::of(sharp);
+        Brightness near = light.blurred(fine);
+        Brightness far = light.blurred(coarse);
         for (int y = area.top; y < area.bottom; ++y) {
             auto* row = sketch.tile().at(area.left, y);
-            std::memcpy(row, const_cast<Raster&>(flat).tile().at(area.left, y),
-                        std::size_t(area.width()) * 4);
+            std::memcpy(row, flat.at(area.left, y), std::size_t(area.width()) * 4);
             Kernels::inkRow(near.at(area.left, y), far.at(area.left, y), inkSteep, area.width(), row);
         }
         return sketch;
@@ -168,28 +168,28 @@ public:
                  const PixelRect& whole)
         : sampler(sketch, toGrid, whole, sketch.area), bounds(whole) {
         const double scale = std::sqrt(place.a * place.d);
-        const double strength = std::clamp(dotPeriod * scale / leastDot - 1, 0.0, 1.0) * dotLevels / 16;
+        const double strength = std::clamp(dotPeriod * scale / minDot - 1, 0.0, 1.0) * dotLevels / 16;
         across = dots(place.tx, place.a, bounds.left, bounds.right, strength);
         down = dots(place.ty, place.d, bounds.top, bounds.bottom, 1);
     }
 
-    /// `shape` tells alpha where it is not 255 all over.
-    void fill(const Tile& tile, Raster& shape) {
-        inStrips(tile, [&](const Tile& strip) {
+    /// `shape` gives alpha where it is not 255 all over.
+    void fill(const Tile& tile, const Raster& shape) {
+        tile.inStrips([&](const Tile& strip) {
             sampler.fill(strip);
             const auto& at = strip.area;
             for (int y = at.top; y < at.bottom; ++y) {
                 auto* row = strip.at(at.left, y);
-                Kernels::printRow({&across[at.left - bounds.left], down[y - bounds.top], tones.data(),
-                                   colourStrength, inkLeast, inkGrowth},
+                Kernels::comicRow({&across[at.left - bounds.left], down[y - bounds.top], tones.data(),
+                                   colourStrength, minInk, inkGrowth},
                                   at.width(), row);
-                if (!shape.opaque) Kernels::takeAlpha(shape.tile().at(at.left, y), at.width(), row);
+                if (!shape.opaque) Kernels::takeAlpha(shape.at(at.left, y), at.width(), row);
             }
         });
     }
 
 private:
-    Sampler sampler;
+    AxisSampler sampler;
     PixelRect bounds;
     std::vector<std::uint32_t> tones = toneTable();
     std::vector<std::int16_t> across;
@@ -198,23 +198,22 @@ private:
 
 }
 
-Layer::Draw draw(const Inked&, const Node& of, const Transform& place, const PixelRect& bounds, int depth) {
+DrawTile Comic::draw(const PictureSource& source, const Transform& place, const PixelRect& bounds) const {
     const Sketch sketch(place, bounds);
     const auto& toGrid = sketch.toGrid;
     const auto wanted = sketch.wanted();
     Raster sharp, shape;
-    shape.opaque = of.opaque.isEverything(); // of the whole picture: no band may choose another way
+    shape.opaque = source.picture.opaque.isEverything(); // of it all: no band may choose another way
     if (shape.opaque) {
-        sharp = rasterised(of, place.then(toGrid), wanted, depth);
+        sharp = source.raster(place.then(toGrid), wanted);
     } else {
         // Drawn once and seen twice: filters upon filters must not double the work each time.
-        const auto area = PixelRect::touching(toGrid.inverse().apply(wanted.rect())).grown(2, 2);
-        shape = rasterised(of, place, area, depth);
-        if (!shape.bitmap.empty()) sharp = resampled(shape, toGrid.inverse(), wanted);
+        shape = source.raster(place, Resampled::needed(toGrid.inverse(), wanted));
+        if (!shape.bitmap.empty()) sharp = Resampled::raster(shape, toGrid.inverse(), wanted);
     }
-    if (sharp.bitmap.empty()) return nothing();
+    if (sharp.bitmap.empty()) return Resampled::nothing();
     auto drawing = std::make_shared<ComicDrawing>(sketch.of(sharp), toGrid, place, bounds);
-    return [drawing, shape](const Tile& tile) mutable { drawing->fill(tile, shape); };
+    return [drawing, shape](const Tile& tile) { drawing->fill(tile, shape); };
 }
 
 }

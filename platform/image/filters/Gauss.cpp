@@ -4,14 +4,6 @@
 #include <cmath>
 
 namespace murbo {
-namespace {
-
-/// The least deviation that a coarse grid still shows smoothly.
-constexpr double leastCoarse = 3;
-/// What averaging onto a coarse grid and sampling from it blur by themselves, in its pixels, squared.
-constexpr double gridVariance = 0.25;
-
-}
 
 Gauss::Gauss(double sigma, double farthest) : reach(std::max(int(std::ceil(sigma * farthest)), 0)) {
     std::vector<double> shares{1};
@@ -24,14 +16,8 @@ Gauss::Gauss(double sigma, double farthest) : reach(std::max(int(std::ceil(sigma
         weights.insert(weights.end(), 2, std::int16_t(std::lround(shares[away] / sum * 32768)));
 }
 
-CoarseSigma::CoarseSigma(double given) : sigma(given) {
-    if (given < 2 * leastCoarse) return;
-    shrink = std::exp2(std::floor(std::log2(given / leastCoarse)));
-    sigma = std::sqrt(given / shrink * (given / shrink) - gridVariance);
-}
-
-void weighPlainly(const std::vector<const std::uint8_t*>& rows, const Gauss& gauss, Kernels::Depth depth,
-                  int count, std::int16_t* out) {
+void weighPlainly(const std::vector<const std::uint8_t*>& rows, const Gauss& gauss,
+                  Kernels::SampleDepth depth, int count, std::int16_t* out) {
     Kernels::blendRows(rows.data(), gauss.weights.data(), int(rows.size()), depth, count, out);
 }
 

@@ -20,20 +20,11 @@ struct Gauss {
     static Raster blurred(const Raster& sharp, const Gauss& across, const Gauss& down);
 };
 
-/// A blur is drawn on a coarser grid where it would leave no detail to see: along one axis, how much coarser,
-/// and the deviation that is left to do there.
-struct CoarseSigma {
-    double shrink = 1; ///< a power of two
-    double sigma = 0;
-
-    explicit CoarseSigma(double sigma);
-};
-
 /// Rows of samples to be weighed across and then down.
-struct Sharp {
+struct UnweighedRows {
     const std::uint8_t* samples; ///< the first row's first
     std::ptrdiff_t stride;       ///< bytes from row to row
-    Kernels::Depth depth;
+    Kernels::SampleDepth depth;
     int values; ///< a sample
     int width;
     int height;
@@ -43,14 +34,15 @@ struct Sharp {
 /// gauss, depth, count, out)` makes one row of 15 bits out of several, the middle one first; `take(y, row)`
 /// is handed each row of the result, which is smaller by what the weights reach at each side.
 template <typename Weigh, typename Take>
-void separably(const Sharp& sharp, const Gauss& across, const Gauss& down, const Weigh& weigh,
+void separably(const UnweighedRows& sharp, const Gauss& across, const Gauss& down, const Weigh& weigh,
                const Take& take) {
     const int count = (sharp.width - 2 * across.reach) * sharp.values;
     const int kept = 2 * down.reach + 1;
     std::vector<std::int16_t> ring(std::size_t(kept) * count);
     std::vector<std::int16_t> result(count);
     std::vector<const std::uint8_t*> rows;
-    const auto weighed = [&](const Gauss& gauss, Kernels::Depth depth, std::int16_t* out, const auto& at) {
+    const auto weighed = [&](const Gauss& gauss, Kernels::SampleDepth depth, std::int16_t* out,
+                             const auto& at) {
         rows.assign(1, at(0));
         for (int away = 1; away <= gauss.reach; ++away) rows.insert(rows.end(), {at(-away), at(away)});
         weigh(rows, gauss, depth, count, out);
@@ -70,7 +62,7 @@ void separably(const Sharp& sharp, const Gauss& across, const Gauss& down, const
 }
 
 /// The weighing of a plain blur.
-void weighPlainly(const std::vector<const std::uint8_t*>& rows, const Gauss& gauss, Kernels::Depth depth,
-                  int count, std::int16_t* out);
+void weighPlainly(const std::vector<const std::uint8_t*>& rows, const Gauss& gauss,
+                  Kernels::SampleDepth depth, int count, std::int16_t* out);
 
 }

@@ -95,7 +95,7 @@ void Add(const std::uint8_t* above, int count, std::uint8_t* pixels) {
 }
 
 /// Straight levels of premultiplied ones, rounded. Quotients of such small whole numbers are far enough from
-/// the next whole number for a float to tell.
+/// the next whole number for a float to get them right.
 template <typename D, typename V>
 HWY_INLINE V straight(D d, V value, V alpha) {
     const hn::Rebind<float, D> floats;

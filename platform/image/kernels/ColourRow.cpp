@@ -13,12 +13,12 @@ HWY_BEFORE_NAMESPACE();
 namespace murbo::Kernels::HWY_NAMESPACE {
 
 template <typename V>
-struct Light {
+struct Rgb {
     V red, green, blue;
 };
 
 template <typename D, typename V = hn::VFromD<D>>
-HWY_INLINE Light<V> light(D d, V y, V u, V v, const Matrix& matrix) {
+HWY_INLINE Rgb<V> light(D d, V y, V u, V v, const YCbCrMatrix& matrix) {
     const auto luma = hn::Add(hn::MulFixedPoint15(y, hn::Set(d, matrix.luma)), hn::Set(d, matrix.bias));
     const auto cb = hn::Sub(u, hn::Set(d, 16384));
     const auto cr = hn::Sub(v, hn::Set(d, 16384));
@@ -29,7 +29,7 @@ HWY_INLINE Light<V> light(D d, V y, V u, V v, const Matrix& matrix) {
 }
 
 void ColourRow(const std::int16_t* y, const std::int16_t* u, const std::int16_t* v, int count,
-               const Matrix& matrix, std::uint8_t* out) {
+               const YCbCrMatrix& matrix, std::uint8_t* out) {
     inVectors<std::int16_t>(count, [&](auto d, int at) {
         const hn::RebindToUnsigned<decltype(d)> words;
         const auto byte = [&](auto value) {
@@ -47,7 +47,7 @@ void ColourRow(const std::int16_t* y, const std::int16_t* u, const std::int16_t*
 /// the longest fraction first.
 template <typename D, typename V = hn::VFromD<D>>
 HWY_INLINE V fromCube(D d, V red, V green, V blue, const std::uint32_t* cube) {
-    const auto held = [&](V value) { return hn::Min(hn::Max(value, hn::Zero(d)), hn::Set(d, 8191)); };
+    const auto clamped = [&](V value) { return hn::Min(hn::Max(value, hn::Zero(d)), hn::Set(d, 8191)); };
     const auto cell = [&](V value, int stride) {
         return hn::Mul(hn::ShiftRight<8>(value), hn::Set(d, stride));
     };
@@ -56,9 +56,9 @@ HWY_INLINE V fromCube(D d, V red, V green, V blue, const std::uint32_t* cube) {
         return hn::Or(hn::ShiftLeft<12>(hn::And(value, hn::Set(d, 255))), hn::Set(d, stride));
     };
     constexpr int redStride = cubeSide * cubeSide;
-    red = held(red);
-    green = held(green);
-    blue = held(blue);
+    red = clamped(red);
+    green = clamped(green);
+    blue = clamped(blue);
     const V keyR = key(red, redStride);
     const V keyG = key(green, cubeSide);
     const V keyB = key(blue, 1);
@@ -92,7 +92,7 @@ HWY_INLINE V fromCube(D d, V red, V green, V blue, const std::uint32_t* cube) {
 }
 
 void ColourCubeRow(const std::int16_t* y, const std::int16_t* u, const std::int16_t* v, int count,
-                   const Matrix& matrix, const std::uint32_t* cube, std::uint8_t* out) {
+                   const YCbCrMatrix& matrix, const std::uint32_t* cube, std::uint8_t* out) {
     inVectors<std::int32_t>(count, [&](auto d, int at) {
         const hn::Rebind<std::int16_t, decltype(d)> narrow;
         const auto found = light(narrow, hn::LoadU(narrow, y + at), hn::LoadU(narrow, u + at),
@@ -113,12 +113,12 @@ HWY_EXPORT(ColourRow);
 HWY_EXPORT(ColourCubeRow);
 
 void colourRow(const std::int16_t* y, const std::int16_t* u, const std::int16_t* v, int count,
-               const Matrix& matrix, std::uint8_t* out) {
+               const YCbCrMatrix& matrix, std::uint8_t* out) {
     HWY_DYNAMIC_DISPATCH(ColourRow)(y, u, v, count, matrix, out);
 }
 
 void colourRow(const std::int16_t* y, const std::int16_t* u, const std::int16_t* v, int count,
-               const Matrix& matrix, const std::uint32_t* cube, std::uint8_t* out) {
+               const YCbCrMatrix& matrix, const std::uint32_t* cube, std::uint8_t* out) {
     HWY_DYNAMIC_DISPATCH(ColourCubeRow)(y, u, v, count, matrix, cube, out);
 }
 

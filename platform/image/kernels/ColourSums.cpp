@@ -1,4 +1,4 @@
-#include "platform/image/kernels/FilterKernels.h"
+#include "platform/image/kernels/Kernels.h"
 
 // This file is compiled once for each instruction set; the order of what follows matters.
 // clang-format off
@@ -94,28 +94,6 @@ void SumColours(const ColourSums& sums, int count, std::uint8_t* pixels) {
     });
 }
 
-void Posterise(int levels, int count, std::uint8_t* pixels) {
-    const auto steps = std::uint16_t(levels - 1);
-    const auto step = std::uint16_t(255 * 256 / steps);
-    inVectors<std::uint32_t>(count, [&](auto d, int at) {
-        const hn::Repartition<std::uint16_t, decltype(d)> words;
-        const auto nearest = [&](auto values) {
-            const auto product = hn::Add(hn::Mul(values, hn::Set(words, steps)), hn::Set(words, 128));
-            const auto index = hn::ShiftRight<8>(hn::Add(product, hn::ShiftRight<8>(product)));
-            return hn::ShiftRight<8>(hn::Add(hn::Mul(index, hn::Set(words, step)), hn::Set(words, 255)));
-        };
-        store(d,
-              onStraight(d, load(d, pixels, at),
-                         [&](auto opaque) {
-                             const auto both = hn::BitCast(words, opaque);
-                             const auto low = nearest(hn::And(both, hn::Set(words, 0x00FF)));
-                             const auto high = hn::ShiftLeft<8>(nearest(hn::ShiftRight<8>(both)));
-                             return hn::BitCast(d, hn::Or(low, high));
-                         }),
-              pixels, at);
-    });
-}
-
 }
 HWY_AFTER_NAMESPACE();
 
@@ -123,14 +101,9 @@ HWY_AFTER_NAMESPACE();
 namespace murbo::Kernels {
 
 HWY_EXPORT(SumColours);
-HWY_EXPORT(Posterise);
 
 void sumColours(const ColourSums& sums, int count, std::uint8_t* pixels) {
     HWY_DYNAMIC_DISPATCH(SumColours)(sums, count, pixels);
-}
-
-void posterise(int levels, int count, std::uint8_t* pixels) {
-    HWY_DYNAMIC_DISPATCH(Posterise)(levels, count, pixels);
 }
 
 }

@@ -13,7 +13,7 @@ HWY_BEFORE_NAMESPACE();
 namespace murbo::Kernels::HWY_NAMESPACE {
 
 template <typename D>
-HWY_INLINE hn::VFromD<D> levels(D d, const std::uint8_t* row, int at, Depth depth, bool bytes) {
+HWY_INLINE hn::VFromD<D> levels(D d, const std::uint8_t* row, int at, SampleDepth depth, bool bytes) {
     if (bytes) return hn::ShiftLeft<7>(hn::PromoteTo(d, hn::LoadU(hn::Rebind<std::uint8_t, D>(), row + at)));
     const hn::RebindToUnsigned<D> stored;
     const auto words = hn::LoadU(stored, reinterpret_cast<const std::uint16_t*>(row) + at);
@@ -22,8 +22,8 @@ HWY_INLINE hn::VFromD<D> levels(D d, const std::uint8_t* row, int at, Depth dept
 
 /// `taps` of 0 stands for any number.
 template <int taps, bool bytes>
-void blend(const std::uint8_t* const* rows, const std::int16_t* weights, int many, Depth depth, int count,
-           std::int16_t* out) {
+void blend(const std::uint8_t* const* rows, const std::int16_t* weights, int many, SampleDepth depth,
+           int count, std::int16_t* out) {
     const int all = taps == 0 ? many : taps;
     inVectors<std::int16_t>(count, [&](auto d, int at) {
         const auto first = levels(d, rows[0], at, depth, bytes);
@@ -37,16 +37,16 @@ void blend(const std::uint8_t* const* rows, const std::int16_t* weights, int man
 }
 
 template <bool bytes>
-void blendAny(const std::uint8_t* const* rows, const std::int16_t* weights, int taps, Depth depth, int count,
-              std::int16_t* out) {
+void blendAny(const std::uint8_t* const* rows, const std::int16_t* weights, int taps, SampleDepth depth,
+              int count, std::int16_t* out) {
     if (taps == 1) return blend<1, bytes>(rows, weights, taps, depth, count, out);
     if (taps == 2) return blend<2, bytes>(rows, weights, taps, depth, count, out);
     if (taps == 3) return blend<3, bytes>(rows, weights, taps, depth, count, out);
     blend<0, bytes>(rows, weights, taps, depth, count, out);
 }
 
-void BlendRows(const std::uint8_t* const* rows, const std::int16_t* weights, int taps, Depth depth, int count,
-               std::int16_t* out) {
+void BlendRows(const std::uint8_t* const* rows, const std::int16_t* weights, int taps, SampleDepth depth,
+               int count, std::int16_t* out) {
     if (depth.bytes == 1) return blendAny<true>(rows, weights, taps, depth, count, out);
     blendAny<false>(rows, weights, taps, depth, count, out);
 }
@@ -222,8 +222,8 @@ HWY_EXPORT(ResampleRow);
 HWY_EXPORT(SplitPairs);
 HWY_EXPORT(PackPixels);
 
-void blendRows(const std::uint8_t* const* rows, const std::int16_t* weights, int taps, Depth depth, int count,
-               std::int16_t* out) {
+void blendRows(const std::uint8_t* const* rows, const std::int16_t* weights, int taps, SampleDepth depth,
+               int count, std::int16_t* out) {
     HWY_DYNAMIC_DISPATCH(BlendRows)(rows, weights, taps, depth, count, out);
 }
 

@@ -7,7 +7,7 @@
 #endif
 
 #include "platform/image/kernels/Pixels-inl.h"
-#include "platform/image/kernels/Shares.h"
+#include "platform/image/kernels/StraightShares.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace murbo::Kernels::HWY_NAMESPACE {

@@ -6,36 +6,33 @@
 namespace murbo::Kernels {
 namespace {
 
-/// Up to this step eight outputs read at most sixteen samples: what one pair of registers holds.
-constexpr std::int64_t narrowStep = Line::one * 7 / 4;
-
 /// Past this a picture is a speck, whatever of it is averaged.
-constexpr std::int64_t mostCovered = Line::one * 1024;
+constexpr std::int64_t maxCovered = Line::one * 1024;
 
-struct Stretch {
+struct Coverage {
     std::int64_t start;
     std::int64_t end;
 };
 
-/// What an output covers, widened to one sample, and held to what a tiny picture can show.
-Stretch covered(const Line& line, int output) {
+/// What an output covers, widened to one sample, and limited to what a tiny picture can show.
+Coverage covered(const Line& line, int output) {
     const std::int64_t one = line.at(output);
     const std::int64_t other = line.at(output + 1);
     const std::int64_t start = std::min(one, other);
     const std::int64_t length = std::max(one, other) - start;
-    if (length >= Line::one && length <= mostCovered) return {start, start + length};
+    if (length >= Line::one && length <= maxCovered) return {start, start + length};
     const std::int64_t middle = start + length / 2;
-    const std::int64_t half = (length < Line::one ? Line::one : mostCovered) / 2;
+    const std::int64_t half = (length < Line::one ? Line::one : maxCovered) / 2;
     return {middle - half, middle + half};
 }
 
 /// A sample counts by how much of it an output covers, taken as wide as half the output: hard borders would
 /// let fine patterns through as moiré.
 struct Reach {
-    Stretch stretch;
+    Coverage stretch;
     std::int64_t around;
 
-    explicit Reach(const Stretch& covered)
+    explicit Reach(const Coverage& covered)
         : stretch(covered), around(std::max((covered.end - covered.start) / 4, Line::one / 2)) {}
 
     std::int64_t first() const { return (stretch.start - around - Line::one / 2) >> Line::bits; }
@@ -56,9 +53,9 @@ std::int64_t measure(const Reach& reach, int lowest, int highest, int& first,
     for (std::int64_t sample = reach.first(); sample <= reach.last(); ++sample) {
         const std::int64_t length = reach.length(sample);
         if (length == 0) continue;
-        const int held = int(std::clamp<std::int64_t>(sample, lowest, highest - 1));
-        if (lengths.empty()) first = held;
-        lengths.resize(held - first + 1);
+        const int nearest = int(std::clamp<std::int64_t>(sample, lowest, highest - 1));
+        if (lengths.empty()) first = nearest;
+        lengths.resize(nearest - first + 1);
         lengths.back() += length;
         total += length;
     }
@@ -80,27 +77,6 @@ void weigh(const std::vector<std::int64_t>& lengths, std::int64_t total, int who
     *heaviest = std::int16_t(std::min(*heaviest + left, 32767));
 }
 
-/// Where the bytes of eight samples lie from the first one's on.
-void placeSamples(const Taps::Output* outputs, int count, Columns::Group& group) {
-    int first = outputs[0].first;
-    for (int at = 1; at < count; ++at) first = std::min(first, outputs[at].first);
-    group.first[0] = first;
-    for (int at = 0; at < 8; ++at) {
-        const int sample = at < count ? outputs[at].first - first : 0;
-        group.bytes[2 * at] = std::uint8_t(2 * sample);
-        group.bytes[2 * at + 1] = std::uint8_t(2 * sample + 1);
-    }
-}
-
-}
-
-Line Line::through(double offset, double slope) {
-    constexpr double farthest = double(std::int64_t(1) << 36);
-    constexpr double steepest = double(1 << 20);
-    const auto held = [](double value, double most) {
-        return std::isnan(value) ? 0 : std::llround(std::clamp(value, -most, most) * double(one));
-    };
-    return {held(offset, farthest), held(slope, steepest)};
 }
 
 Taps Taps::along(const Line& line, int from, int to, int lowest, int highest, Sum sum) {
@@ -120,36 +96,9 @@ Taps Taps::along(const Line& line, int from, int to, int lowest, int highest, Su
         taps.outputs.push_back(output);
         taps.low = std::min(taps.low, output.first);
         taps.high = std::max(taps.high, output.first + output.count);
-        taps.most = std::max(taps.most, output.count);
+        taps.maxCount = std::max(taps.maxCount, output.count);
     }
     return taps;
-}
-
-Columns::Columns(const Line& line, int from, int to, int lowest, int highest, int valuesOfOne)
-    : values(valuesOfOne) {
-    const bool few = std::abs(line.step) <= narrowStep;
-    taps = Taps::along(line, from, to, lowest, highest, few ? Taps::Sum::differences : Taps::Sum::products);
-    pairs = taps.most <= 2;
-    if (!few) return;
-    const int count = int(taps.outputs.size());
-    for (int start = 0; start < count; start += together())
-        addGroup(&taps.outputs[start], std::min(together(), count - start));
-}
-
-void Columns::addGroup(const Taps::Output* outputs, int count) {
-    Group group{};
-    if (values == 1) placeSamples(outputs, count, group);
-    near = near && *std::max_element(group.bytes, group.bytes + 16) < (pairs ? 14 : 12);
-    for (int at = 0; at < count; ++at) {
-        if (values == 4) group.first[at] = outputs[at].first;
-        for (int lane = at * 8 / together(); lane < (at + 1) * 8 / together(); ++lane) {
-            const auto* weights = &taps.weights[outputs[at].weights];
-            if (outputs[at].count > 1) group.second[lane] = weights[1];
-            if (outputs[at].count > 2) group.third[lane] = weights[2];
-        }
-    }
-    if (values == 4 && count == 1) group.first[1] = group.first[0];
-    groups.push_back(group);
 }
 
 }

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "core/ai/Said.h"
+#include "core/model/Project.h"
+
+#include <map>
+#include <memory>
+
+namespace murbo {
+
+/// The `Said` of a project, made anew only where its clips, sources or transcripts are other ones than last
+/// time. One thread at a time.
+class SaidCache {
+public:
+    std::shared_ptr<const Said> of(const Project& project);
+
+private:
+    bool holdsFor(const Project& project) const;
+
+    List<Source> sources;
+    List<Clip> clips;
+    std::map<UUID, Transcript> transcripts;
+    std::shared_ptr<const Said> kept;
+};
+
+}

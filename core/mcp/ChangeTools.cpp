@@ -1,0 +1,204 @@
+#include "core/mcp/ChangeTools.h"
+
+#include "core/ai/Brief.h"
+#include "core/ai/CaptionsByTag.h"
+#include "core/ai/DescribeClips.h"
+#include "core/ai/Ideas.h"
+#include "core/ai/LastRuns.h"
+#include "core/ai/VideoChange.h"
+#include "core/model/ProjectSummary.h"
+#include "core/model/edits/ProjectOperations.h"
+#include "platform/base/Problem.h"
+#include "platform/base/RawText.h"
+#include "platform/base/Text.h"
+
+#include <unordered_map>
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+#include <nlohmann/json.hpp>
+
+namespace murbo::ChangeTools {
+
+namespace {
+
+using Tags = std::vector<std::string>;
+using VideoChange::member;
+
+Run run() {
+    return LastRuns::now(Run::By::mcp);
+}
+
+std::string oneOrMore(const char* one, const char* more, std::size_t count) {
+    return count == 1 ? one : more;
+}
+
+/// The tags of the clips that entries speak of, those that are texts.
+json clipTags(const json& entries) {
+    auto tags = json::array();
+    if (!entries.is_array()) return tags;
+    for (const auto& entry : entries)
+        if (const auto& tag = member(entry, "clip"); tag.is_string()) tags.push_back(tag);
+    return tags;
+}
+
+struct Correction {
+    const Said::Piece* line;
+    std::string text;
+};
+
+std::vector<Correction> corrections(const json& entries, const Said& said) {
+    std::vector<Correction> found;
+    if (!entries.is_array()) return found;
+    for (const auto& entry : entries) {
+        const auto* piece = said.piece(member(entry, "line"));
+        const auto text = Ideas::text(entry, "text");
+        if (piece && !piece->note && text) found.push_back({piece, Text::trimmed(*text)});
+    }
+    return found;
+}
+
+std::optional<Idea> idea(const json& entry, const Said& said) {
+    auto cuts = said.cuts(member(entry, "cuts"));
+    if (cuts.empty()) return std::nullopt;
+    return Idea{.title = Ideas::text(entry, "title").value_or("Untitled"),
+                .hook = Ideas::text(entry, "hook").value_or(""),
+                .why = Ideas::text(entry, "why").value_or(""),
+                .format = Ideas::text(entry, "format"),
+                .cuts = std::move(cuts),
+                .run = run()};
+}
+
+Video::Aspect aspect(const json& value) {
+    if (!value.is_string()) return Video::Aspect::vertical;
+    return fromRawText<Video::Aspect>(Text::trimmed(value.get<std::string>()))
+        .value_or(Video::Aspect::vertical);
+}
+
+std::string joined(const Tags& tags) {
+    return fmt::format("{}", fmt::join(tags, ", "));
+}
+
+}
+
+Result describeClips(const json& arguments, Project& project, const Said& said) {
+    constexpr const char* nothing = "Nothing could be read: each entry needs a clip and a title.";
+    const auto& entries = member(arguments, "clips");
+    const auto wanted = clipTags(entries);
+    if (wanted.empty()) throw Problem(nothing);
+    const auto clips = MCPCalls::clips(wanted, project);
+    const auto summaries = DescribeClips::summaries(entries, clips, said);
+    if (summaries.empty()) throw Problem(nothing);
+    Tags done;
+    Tags leftOut;
+    for (const auto* clip : clips)
+        summaries.contains(clip->id) ? done.push_back(clip->tag())
+                                     : leftOut.push_back(clip->tag() + ": it needs a title and a summary");
+    DescribeClips::apply(summaries, project, run());
+    return {.text = fmt::format("Described {}.{}", joined(done), VideoChange::leftOut(leftOut)),
+            .step = oneOrMore("Describe Clip", "Describe Clips", done.size())};
+}
+
+Result fixLines(const json& arguments, Project& project, const Said& said) {
+    const auto found = corrections(member(arguments, "lines"), said);
+    if (found.empty())
+        throw Problem("No line could be fixed: each needs the tag of a line that is there and its words.");
+    std::map<UUID, std::unordered_map<UUID, std::string>> texts; // by source, by line
+    std::map<UUID, Clip*> clips;
+    Tags tags;
+    for (const auto& [line, text] : found) {
+        if (!texts[line->source].insert_or_assign(line->id, text).second) continue;
+        tags.push_back(line->tag);
+        clips[line->clip] = nullptr;
+    }
+    for (const auto& [source, lines] : texts)
+        for (auto& line : project.transcripts.at(source).lines.edit())
+            if (const auto text = lines.find(line.id); text != lines.end()) line.text = text->second;
+    for (auto& clip : project.clips.edit())
+        if (clips.contains(clip.id)) LastRuns::note(clip.runs, Kit::ID::fixWords, run());
+    return {.text = fmt::format("Fixed {}.", joined(tags)),
+            .step = oneOrMore("Fix Line", "Fix Lines", tags.size())};
+}
+
+Result proposeIdeas(const json& arguments, Project& project, const Said& said) {
+    std::vector<Idea> ideas;
+    Tags titles;
+    if (const auto& entries = member(arguments, "ideas"); entries.is_array())
+        for (const auto& entry : entries)
+            if (auto made = idea(entry, said)) {
+                titles.push_back(Brief::oneLine(made->title));
+                ideas.push_back(std::move(*made));
+            }
+    if (ideas.empty())
+        throw Problem(
+            "No idea had a cut that holds up: every cut needs a from and a to, lines that are there, in one "
+            "clip.");
+    if (!project.ideas) project.ideas.emplace();
+    auto& all = project.ideas->edit();
+    std::ranges::move(ideas, std::back_inserter(all));
+    return {.text = fmt::format("The owner sees {} in Project ▸ Ideas: {}.",
+                                titles.size() == 1 ? "it" : "them", joined(titles)),
+            .step = oneOrMore("Propose Idea", "Propose Ideas", titles.size())};
+}
+
+Result makeVideo(const json& arguments, Project& project, const Said& said) {
+    auto cuts = said.cuts(member(arguments, "cuts"));
+    if (cuts.empty())
+        throw Problem("No cut holds up: each needs a from and a to, lines that are there, in one clip.");
+    const auto title = Ideas::text(arguments, "title").value_or("Untitled Video");
+    const auto id = ProjectOperations::newVideo(project, title, aspect(member(arguments, "aspect"))).id;
+    auto& video = project.videos.edit().back();
+    video.cuts = std::move(cuts);
+    LastRuns::note(video.runs, Kit::ID::cutToInstruction, run());
+    return {.text = fmt::format("{} “{}”, {}, {} cuts.", video.tag(), Brief::oneLine(video.title),
+                                ProjectSummary::clock(video.length()), video.cuts.size()),
+            .step = "Make Video",
+            .looked = id};
+}
+
+Result setCuts(const json& arguments, Project& project, const Said& said) {
+    const auto video = MCPCalls::video(member(arguments, "video"), project);
+    auto cuts = said.keepingTrims(said.cuts(member(arguments, "cuts")), video.cuts);
+    if (cuts.empty()) throw Problem(fmt::format("No cut holds up, so {} is left as it was.", video.tag()));
+    cuts = said.keepingGenerators(std::move(cuts), video.cuts);
+    std::string text;
+    VideoChange::apply(project, video.id, video.tag(), [&](Video& changed) {
+        changed.cuts = std::move(cuts);
+        LastRuns::note(changed.runs, Kit::ID::reviseCuts, run());
+        text = fmt::format("{} now has {} cuts, {}.", changed.tag(), changed.cuts.size(),
+                           ProjectSummary::clock(changed.length()));
+    });
+    return {.text = std::move(text), .step = "Revise Cuts", .looked = video.id};
+}
+
+Result renameVideo(const json& arguments, Project& project) {
+    const auto video = MCPCalls::video(member(arguments, "video"), project);
+    const auto title = Ideas::text(arguments, "title");
+    if (!title) throw Problem("Say the new title.");
+    VideoChange::apply(project, video.id, video.tag(), [&](Video& changed) { changed.title = *title; });
+    return {.text = fmt::format("{} is “{}”.", video.tag(), Brief::oneLine(*title)),
+            .step = "Rename Video",
+            .looked = video.id};
+}
+
+Result setShots(const json& arguments, Project& project, const Said& said, const Context& context) {
+    const auto id = MCPCalls::video(member(arguments, "video"), project).id;
+    auto text = ShotsByTag::replace(project, id, member(arguments, "shots"), said, context.layouts, run());
+    return {.text = std::move(text), .step = "Frame by Claude", .looked = id};
+}
+
+Result setCaptions(const json& arguments, Project& project, const Said& said) {
+    const auto id = MCPCalls::video(member(arguments, "video"), project).id;
+    const CaptionsByTag::Wishes wishes{member(arguments, "big"), member(arguments, "hidden"),
+                                       member(arguments, "breaks")};
+    auto text = CaptionsByTag::replace(project, id, wishes, said, run());
+    return {.text = std::move(text), .step = "Captions by Claude", .looked = id};
+}
+
+Result setSounds(const json& arguments, Project& project, const Said& said, const Context& context) {
+    const auto id = MCPCalls::video(member(arguments, "video"), project).id;
+    auto text = SoundsByTag::replace(project, id, member(arguments, "sounds"), said, context.sounds, run());
+    return {.text = std::move(text), .step = "Sounds by Claude", .looked = id};
+}
+
+}

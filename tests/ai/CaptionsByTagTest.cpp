@@ -1,0 +1,29 @@
+#include "tests/ProblemOf.h"
+#include "tests/ai/ByTag.h"
+
+using namespace murbo;
+using nlohmann::json;
+
+namespace {
+
+using CaptionsByTagTest = ByTag;
+
+}
+
+TEST_F(CaptionsByTagTest, captionsReplaceWhatWasChosenAndKeepTheRest) {
+    const auto& lines = Footage::lines();
+    look().captions.lines.edit() = {{.line = lines[1].id, .hidden = true, .stress = {{1}}},
+                                    {.line = lines[2].id, .big = true}};
+    EXPECT_EQ(captions({"C01.02", "C01.04"}, nullptr,
+                       json::parse(R"([{"line": "C01.02", "pieces": [" two", "words "]},
+                                       {"line": "C01.03", "pieces": ["thre"]}])")),
+              "V1: 1 big, 0 hidden, 1 broken by hand. Left out: C01.04: not a line the video plays; "
+              "C01.03: its pieces are not its words.");
+    ASSERT_EQ(look().captions.lines.size(), 1u) << "an entry that says nothing any more is dropped";
+    const auto& entry = look().captions.lines[0];
+    EXPECT_EQ(entry.big, true);
+    EXPECT_EQ(entry.hidden, std::nullopt);
+    EXPECT_EQ(entry.stress, std::vector<std::int64_t>{1});
+    ASSERT_TRUE(entry.pieces);
+    EXPECT_EQ(entry.pieces->at(1).text, "words");
+}

@@ -1,0 +1,41 @@
+#include "core/ai/FixWords.h"
+#include "tests/ai/Played.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+using namespace murbo;
+using testing::ElementsAre;
+
+TEST(FixWords, correctsButNeverRewords) {
+    Played played;
+    const Said said(played.project);
+    const auto answer =
+        FixWords::answer({{"lines",
+                           {{{"line", "C01.01"}, {"text", "one too three"}},
+                            {{"line", "C01.02"}, {"text", "something else altogether"}},
+                            {{"line", "C01.03"}, {"text", "seven eight and a good deal more"}},
+                            {{"line", "C01.04"}, {"text", "nine"}},
+                            {{"line", "C02.01"}, {"text", "elsewhen"}},
+                            {{"line", "C01.09"}, {"text", "x"}},
+                            {{"line", "C01.01"}},
+                            "C01.01"}}},
+                         {&played.project.clips[0]}, said);
+    EXPECT_EQ(answer.corrections, (FixWords::Corrections{{played.line(0), "one too three"}}));
+    EXPECT_THAT(answer.leftOut, ElementsAre("C01.02", "C01.03"));
+}
+
+TEST(FixWords, keepsWhatTheOwnerChangedMeanwhile) {
+    Played played;
+    const auto then = played.project;
+    const Said said(then);
+    played.lines()[0].text = "the owner's own";
+    const FixWords::Corrections corrections{{played.line(0), "one too three"},
+                                            {played.line(1), "for five six"}};
+    EXPECT_EQ(FixWords::apply(corrections, said, played.project, played.run), 1u);
+    EXPECT_EQ(played.lines()[0].text, "the owner's own");
+    EXPECT_EQ(played.lines()[1].text, "for five six");
+    EXPECT_TRUE(LastRuns::of(played.project.clips[0].runs, Kit::ID::fixWords));
+    EXPECT_FALSE(LastRuns::of(played.project.clips[1].runs, Kit::ID::fixWords));
+}

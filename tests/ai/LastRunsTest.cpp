@@ -1,0 +1,18 @@
+#include "core/ai/LastRuns.h"
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+TEST(LastRuns, keepOneOfEachKit) {
+    std::optional<Runs> runs;
+    EXPECT_EQ(LastRuns::of(runs, Kit::ID::look), std::nullopt);
+    const Run sound{.at = 1, .by = Run::By::mcp};
+    const Run look{.at = 2, .by = Run::By::app, .with = "m"};
+    LastRuns::note(runs, Kit::ID::sound, sound);
+    LastRuns::note(runs, Kit::ID::look, {.at = 1});
+    LastRuns::note(runs, Kit::ID::look, look);
+    EXPECT_EQ(LastRuns::of(runs, Kit::ID::look), look);
+    EXPECT_EQ(LastRuns::of(runs, Kit::ID::sound), sound);
+    EXPECT_EQ(runs->size(), 2u);
+}

@@ -1,0 +1,14 @@
+#include "core/ai/Toolkit.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+TEST(Toolkit, eachKitStandsUnderItsId) {
+    ASSERT_EQ(Toolkit::kits().size(), rawTexts(Kit::ID{}).size());
+    for (const auto& kit : Toolkit::kits()) {
+        EXPECT_EQ(&Toolkit::kit(kit.id), &kit);
+        EXPECT_EQ(kit.overMCP, !kit.request.empty()) << kit.name;
+    }
+}

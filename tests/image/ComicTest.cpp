@@ -1,0 +1,55 @@
+#include "platform/image/filters/Comic.h"
+#include "tests/image/FilterKinds.h"
+
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+using namespace murbo::Pictures;
+using namespace murbo::FilterKinds;
+
+namespace {
+
+double mean(const Bitmap& bitmap, const Rect& part) {
+    double sum = 0;
+    for (int y = int(part.y); y < part.bottom(); ++y) {
+        for (int x = int(part.x); x < part.right(); ++x) sum += at(bitmap, x, y).green;
+    }
+    return sum / (part.width * part.height);
+}
+
+Bitmap printed(const Image& image) {
+    return drawn(image.cropped(whole).clamped().filtered(Filters::Comic()), side, side);
+}
+
+}
+
+TEST(Comic, printsInFewTones) {
+    // Evenly grey pictures, and the tone that each is printed in; dots move it to both sides alike.
+    const std::pair<int, double> tones[] = {{0, 8}, {20, 8}, {100, 82}, {150, 147}, {200, 205}, {255, 255}};
+    for (const auto& [level, tone] : tones) {
+        const auto grey = std::uint8_t(level);
+        const auto found = printed(Image::colour({grey, grey, grey, 255}));
+        EXPECT_NEAR(mean(found, {48, 48, 96, 96}), tone, 4) << level;
+    }
+    const auto dotted = printed(Image::colour({128, 128, 128, 255}));
+    int least = 255, largest = 0;
+    for (int x = 40; x < 150; ++x) {
+        least = std::min(least, at(dotted, x, 96).green);
+        largest = std::max(largest, at(dotted, x, 96).green);
+    }
+    EXPECT_NEAR(largest - least, 13, 2) << "dots";
+    const auto strong = at(printed(Image::colour({160, 110, 110, 255})), 96, 96);
+    EXPECT_NEAR(strong.red - strong.green, 50 * 22 / 16.0, 2) << "colours get stronger";
+}
+
+TEST(Comic, inksWhatIsDarkerThanItsSurroundings) {
+    const Image ground = Image::colour({170, 170, 170, 255});
+    const auto line = printed(Image::colour({60, 60, 60, 255}).cropped({94, 0, 4, side}).over(ground));
+    EXPECT_LT(mean(line, {95, 40, 2, 100}), 12);
+    const auto light = printed(Image::colour({250, 250, 250, 255}).cropped({94, 0, 4, side}).over(ground));
+    EXPECT_GT(mean(light, {95, 40, 2, 100}), 160) << "what is lighter gets no ink";
+    const auto area = printed(Image::colour({60, 60, 60, 255}).cropped({60, 0, 72, side}).over(ground));
+    EXPECT_GT(mean(area, {90, 40, 12, 100}), 30) << "nor does an area";
+}

@@ -1,0 +1,117 @@
+#include "tests/image/Pictures.h"
+#include "tests/image/Rows.h"
+
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+using namespace murbo::Pictures;
+
+namespace {
+
+constexpr int side = 160;
+
+Colour wavy(int x, int y) {
+    return {std::uint8_t(128 + 100 * std::sin(x * 0.12 + y * 0.02)),
+            std::uint8_t(128 + 90 * std::cos(y * 0.09 - x * 0.05)),
+            std::uint8_t(130 + 90 * std::tanh((x - 80) / 5.0)), 255};
+}
+
+/// The mean colour along `steps` points that `place` gives, -1 to 1.
+template <typename Place>
+Pixel meanAlong(const Place& place) {
+    constexpr int steps = 400;
+    double sums[3] = {};
+    for (int step = 0; step < steps; ++step) {
+        const Point point = place(2 * (step + 0.5) / steps - 1);
+        const auto colour = wavy(std::clamp(int(std::floor(point.x)), 0, side - 1),
+                                 std::clamp(int(std::floor(point.y)), 0, side - 1));
+        sums[0] += colour.red, sums[1] += colour.green, sums[2] += colour.blue;
+    }
+    return {int(sums[0] / steps + 0.5), int(sums[1] / steps + 0.5), int(sums[2] / steps + 0.5), 255};
+}
+
+}
+
+TEST(DirectionalBlur, motionIsTheMeanAlongItsLine) {
+    const Image image = Image::bitmap(bitmapOf(side, side, wavy)).clamped();
+    struct Case {
+        double radius, degrees;
+        int most; ///< difference of a channel
+    };
+    // Long slanted smears are drawn at half size, which rounds fine detail across them off.
+    for (const auto& [radius, degrees, most] : {Case{3, 0, 10},
+                                                {12.5, 0, 10},
+                                                {50, 0, 10},
+                                                {20, 90, 10},
+                                                {20, 35, 10},
+                                                {30, -120, 10},
+                                                {50, 10, 15}}) {
+        const auto smeared = drawn(image.motionBlurred(radius, degrees), side, side);
+        const double x = std::cos(degrees * 3.14159265 / 180) * radius;
+        const double y = std::sin(degrees * 3.14159265 / 180) * radius;
+        for (int at = 8; at < side; at += 12) {
+            for (int down = 8; down < side; down += 12) {
+                const auto truth = meanAlong([&](double step) {
+                    return Point{at + 0.5 + step * x, down + 0.5 + step * y};
+                });
+                EXPECT_LE(difference(Pictures::at(smeared, at, down), truth), most)
+                    << radius << " at " << degrees;
+            }
+        }
+    }
+}
+
+TEST(DirectionalBlur, zoomIsTheMeanAlongTheWayFromItsCentre) {
+    const Image image = Image::bitmap(bitmapOf(side, side, wavy)).clamped();
+    const Point centre{60, 90};
+    for (const double amount : {4.0, 16.0, 40.0}) {
+        const auto smeared = drawn(image.zoomBlurred(centre, amount), side, side);
+        const double share = amount / (side / 2.0);
+        for (int at = 8; at < side; at += 12) {
+            for (int down = 8; down < side; down += 12) {
+                const auto truth = meanAlong([&](double step) {
+                    const double scale = 1 + step * share / 2;
+                    return Point{centre.x + (at + 0.5 - centre.x) * scale,
+                                 centre.y + (down + 0.5 - centre.y) * scale};
+                });
+                EXPECT_LE(difference(Pictures::at(smeared, at, down), truth), 14)
+                    << amount << " at " << at << ", " << down;
+            }
+        }
+    }
+}
+
+TEST(DirectionalBlur, keepFlatColoursAndFadeAtBareEdges) {
+    const Image flat = Image::colour({90, 120, 200, 255}).cropped({0, 0, side, side});
+    const Pixel colour{90, 120, 200, 255};
+    EXPECT_LE(difference(at(drawn(flat.clamped().motionBlurred(60, 0), side, side), 3, 80), colour), 1);
+    EXPECT_LE(difference(at(drawn(flat.clamped().motionBlurred(60, 77), side, side), 3, 80), colour), 1);
+    EXPECT_LE(difference(at(drawn(flat.clamped().zoomBlurred({80, 80}, 60), side, side), 3, 80), colour), 1);
+    const auto bare = drawn(flat.motionBlurred(40, 0), side, side);
+    EXPECT_NEAR(at(bare, 0, 80).alpha, 128, 4);
+    EXPECT_EQ(at(bare, 80, 80).alpha, 255);
+}
+
+TEST(DirectionalBlur, scaleWithThePicture) {
+    const Image image = Image::bitmap(bitmapOf(side, side, wavy)).clamped();
+    const auto half = Transform().scaled(0.5, 0.5);
+    for (const Image& smeared : {image.motionBlurred(24, 20), image.zoomBlurred({80, 80}, 30)}) {
+        const auto small = drawn(smeared.transformed(half), side / 2, side / 2);
+        const auto large = Canvas::bitmap(Image::bitmap(drawn(smeared, side, side)).transformed(half),
+                                          {0, 0, side / 2, side / 2});
+        EXPECT_LE(difference(small, large), 12);
+    }
+}
+
+TEST(DirectionalBlur, rowsSmearAsTheirTwin) {
+    for (const int width : Rows::widths) {
+        const auto row = Rows::pixels(width);
+        for (const int reach : {32, 33, 96, 500, 4096})
+            expectTwins(
+                std::vector<std::uint8_t>(width * 4 + 4, 1),
+                [&](auto* out) { Kernels::smearRow(row.data(), width, reach, out); },
+                [&](auto* out) { Twins::smearRow(row.data(), width, reach, out); }, "smear");
+    }
+}

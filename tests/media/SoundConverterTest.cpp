@@ -1,0 +1,60 @@
+#include "platform/media/SoundReader.h"
+#include "tests/media/Sounds.h"
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+TEST(SoundConverter, takesAGapByItsTimes) {
+    MURBO_NEEDS_FFMPEG();
+    const auto gap = made::file(
+        "gap.mkv", "-f lavfi -i sine=d=6:r=48000 -af \"aselect='not(between(t,2,3.5))'\" -c:a pcm_s16le");
+    SoundReader reader = SoundReader::open(gap);
+    std::vector<float> whole(6 * Sound::rate * 2);
+    reader.read(0, whole);
+    const auto part = [&](double from, double to) {
+        return std::span(whole).subspan(static_cast<std::size_t>(from * 96000) / 2 * 2,
+                                        static_cast<std::size_t>((to - from) * 96000) / 2 * 2);
+    };
+    EXPECT_GT(loudest(part(1.9, 1.97)), 0.1);
+    EXPECT_EQ(loudest(part(2.1, 3.4)), 0);
+    EXPECT_GT(loudest(part(3.6, 3.7)), 0.1);
+    std::vector<float> again(Sound::rate);
+    reader.read(static_cast<std::int64_t>(3.2 * Sound::rate), again);
+    EXPECT_EQ(largestDifference(again, part(3.2, 3.7)), 0);
+}
+
+TEST(SoundConverter, followsAClockThatDriftsWithoutABreak) {
+    MURBO_NEEDS_FFMPEG();
+    for (const double speed : {1.002, 0.998}) {
+        // A tone that is loudest around 24 s.
+        const auto path = made::file(
+            "drift" + std::to_string(speed) + ".mkv",
+            "-f lavfi -i \"aevalsrc='sin(600*t)*(0.2+0.7*exp(-2000*(t-24)*(t-24)))':s=48000:d=30\" -af "
+            "asetpts=PTS*" +
+                std::to_string(speed) + " -c:a pcm_s16le");
+        SoundReader reader = SoundReader::open(path);
+        const auto whole = readAll(reader, 29 * Sound::rate);
+        EXPECT_NEAR(clickAt(whole), 24 * speed, 0.025) << speed;
+        for (std::size_t index = 4800; index + 960 < whole.size(); index += 480)
+            ASSERT_GT(loudest(std::span(whole).subspan(index, 960)), 0.15)
+                << "silent at " << static_cast<double>(index) / 96000;
+    }
+}
+
+TEST(SoundConverter, mixesChannelsAsPeopleHearThem) {
+    MURBO_NEEDS_FFMPEG();
+    const auto expectLevels = [](const char* name, const std::string& arguments, double left, double right) {
+        SoundReader reader = SoundReader::open(made::file(name, arguments + ":s=48000:d=2 -c:a pcm_s16le"));
+        std::vector<float> second(Sound::rate * 2), sides[2];
+        reader.read(Sound::rate / 2, second);
+        for (std::size_t index = 0; index < second.size(); ++index) sides[index % 2].push_back(second[index]);
+        EXPECT_NEAR(loudest(sides[0]), left, 0.001) << name;
+        EXPECT_NEAR(loudest(sides[1]), right, 0.001) << name;
+    };
+    expectLevels("mono.wav", "-f lavfi -i aevalsrc='0.5*sin(600*t)'", 0.5, 0.5);
+    // Left, right, middle, low, back left, back right: the middle is heard on both sides.
+    expectLevels("surround.wav",
+                 "-f lavfi -i aevalsrc='0.2*sin(600*t)|0|0.3*sin(600*t)|0.5*sin(100*t)|0|0':c=5.1",
+                 0.2 + 0.3 * 0.7071, 0.3 * 0.7071);
+}
