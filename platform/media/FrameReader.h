@@ -52,8 +52,8 @@ public:
     /// there, and where `stop` came before it was reached.
     std::optional<TimedFrame> at(double time, const std::stop_token& stop = {});
 
-    /// The last picture at or before `time` from which decoding can begin, quickly had;
-    /// `next` goes on from there.
+    /// The last picture at or before `time` from which decoding can begin, quickly had; `next` goes on from
+    /// there.
     std::optional<TimedFrame> keyframe(double time);
 
     /// Whether `at` would come to a time by decoding on, and need no seek.
