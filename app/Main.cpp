@@ -20,12 +20,6 @@ int become(const std::string& name, char** words) {
     return Ending::failure("“" + program.string() + "” could not be started. Install Murbo again.");
 }
 
-int run(const std::string& option) {
-    if (option == "--mcp") return Ending::failure("AI apps can't be connected in this version of Murbo yet.");
-    std::fputs(Options::usage().c_str(), stdout);
-    return 0;
-}
-
 }
 
 int main(int count, char** words) {
@@ -41,8 +35,11 @@ int main(int count, char** words) {
             return become("murbo-headless", words);
         case Options::Program::session:
             return become("murbo-session", words);
+        case Options::Program::bridge:
+            return become("murbo-bridge", words);
         case Options::Program::launcher:
             break;
     }
-    return run(match->option->name);
+    std::fputs(Options::usage().c_str(), stdout);
+    return 0;
 }

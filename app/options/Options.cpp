@@ -4,7 +4,10 @@ namespace murbo::Options {
 namespace {
 
 constexpr Option table[] = {
-    {"--mcp", "", "Connects an AI app (not in this version yet).", 0, Program::launcher},
+    {"--mcp", "", "Connects an AI app, which starts it, with the project that is open.", 0, Program::bridge},
+    {"--set-up-claude", "", "Lets Claude Desktop start Murbo's connection.", 0, Program::bridge},
+    {"--serve", "<project>", "Keeps a project open to AI apps, with no window, until Ctrl-C.", 1,
+     Program::session},
     {"--add-files", "<project> <path>...",
      "Adds movie files, or folders of them. A file of up to ten minutes becomes a clip.", 2,
      Program::headless},

@@ -18,7 +18,8 @@ namespace Options {
 enum class Program {
     launcher, ///< `murbo` itself: small, does little, and hands all else on
     headless, ///< `murbo-headless`: commands that need no session
-    session   ///< `murbo-session`: one open project, live
+    session,  ///< `murbo-session`: one open project, live
+    bridge    ///< `murbo-bridge`: AI apps start it, and it carries their messages to a session
 };
 
 struct Option {

@@ -6,6 +6,7 @@
 #include "core/ai/Ideas.h"
 #include "core/ai/LastRuns.h"
 #include "core/ai/VideoChange.h"
+#include "core/mcp/MCPTags.h"
 #include "core/model/ProjectSummary.h"
 #include "core/model/edits/ProjectOperations.h"
 #include "platform/base/Problem.h"
@@ -81,12 +82,12 @@ std::string joined(const Tags& tags) {
 
 }
 
-Result describeClips(const json& arguments, Project& project, const Said& said) {
+MCPResult describeClips(const json& arguments, Project& project, const Said& said) {
     constexpr const char* nothing = "Nothing could be read: each entry needs a clip and a title.";
     const auto& entries = member(arguments, "clips");
     const auto wanted = clipTags(entries);
     if (wanted.empty()) throw Problem(nothing);
-    const auto clips = MCPCalls::clips(wanted, project);
+    const auto clips = MCPTags::clips(wanted, project);
     const auto summaries = DescribeClips::summaries(entries, clips, said);
     if (summaries.empty()) throw Problem(nothing);
     Tags done;
@@ -99,7 +100,7 @@ Result describeClips(const json& arguments, Project& project, const Said& said) 
             .step = oneOrMore("Describe Clip", "Describe Clips", done.size())};
 }
 
-Result fixLines(const json& arguments, Project& project, const Said& said) {
+MCPResult fixLines(const json& arguments, Project& project, const Said& said) {
     const auto found = corrections(member(arguments, "lines"), said);
     if (found.empty())
         throw Problem("No line could be fixed: each needs the tag of a line that is there and its words.");
@@ -120,7 +121,7 @@ Result fixLines(const json& arguments, Project& project, const Said& said) {
             .step = oneOrMore("Fix Line", "Fix Lines", tags.size())};
 }
 
-Result proposeIdeas(const json& arguments, Project& project, const Said& said) {
+MCPResult proposeIdeas(const json& arguments, Project& project, const Said& said) {
     std::vector<Idea> ideas;
     Tags titles;
     if (const auto& entries = member(arguments, "ideas"); entries.is_array())
@@ -141,7 +142,7 @@ Result proposeIdeas(const json& arguments, Project& project, const Said& said) {
             .step = oneOrMore("Propose Idea", "Propose Ideas", titles.size())};
 }
 
-Result makeVideo(const json& arguments, Project& project, const Said& said) {
+MCPResult makeVideo(const json& arguments, Project& project, const Said& said) {
     auto cuts = said.cuts(member(arguments, "cuts"));
     if (cuts.empty())
         throw Problem("No cut holds up: each needs a from and a to, lines that are there, in one clip.");
@@ -156,8 +157,8 @@ Result makeVideo(const json& arguments, Project& project, const Said& said) {
             .looked = id};
 }
 
-Result setCuts(const json& arguments, Project& project, const Said& said) {
-    const auto video = MCPCalls::video(member(arguments, "video"), project);
+MCPResult setCuts(const json& arguments, Project& project, const Said& said) {
+    const auto video = MCPTags::video(member(arguments, "video"), project);
     auto cuts = said.keepingTrims(said.cuts(member(arguments, "cuts")), video.cuts);
     if (cuts.empty()) throw Problem(fmt::format("No cut holds up, so {} is left as it was.", video.tag()));
     cuts = said.keepingGenerators(std::move(cuts), video.cuts);
@@ -171,8 +172,8 @@ Result setCuts(const json& arguments, Project& project, const Said& said) {
     return {.text = std::move(text), .step = "Revise Cuts", .looked = video.id};
 }
 
-Result renameVideo(const json& arguments, Project& project) {
-    const auto video = MCPCalls::video(member(arguments, "video"), project);
+MCPResult renameVideo(const json& arguments, Project& project) {
+    const auto video = MCPTags::video(member(arguments, "video"), project);
     const auto title = Ideas::text(arguments, "title");
     if (!title) throw Problem("Say the new title.");
     VideoChange::apply(project, video.id, video.tag(), [&](Video& changed) { changed.title = *title; });
@@ -181,22 +182,22 @@ Result renameVideo(const json& arguments, Project& project) {
             .looked = video.id};
 }
 
-Result setShots(const json& arguments, Project& project, const Said& said, const Context& context) {
-    const auto id = MCPCalls::video(member(arguments, "video"), project).id;
+MCPResult setShots(const json& arguments, Project& project, const Said& said, const MCPContext& context) {
+    const auto id = MCPTags::video(member(arguments, "video"), project).id;
     auto text = ShotsByTag::replace(project, id, member(arguments, "shots"), said, context.layouts, run());
     return {.text = std::move(text), .step = "Frame by Claude", .looked = id};
 }
 
-Result setCaptions(const json& arguments, Project& project, const Said& said) {
-    const auto id = MCPCalls::video(member(arguments, "video"), project).id;
+MCPResult setCaptions(const json& arguments, Project& project, const Said& said) {
+    const auto id = MCPTags::video(member(arguments, "video"), project).id;
     const CaptionsByTag::Wishes wishes{member(arguments, "big"), member(arguments, "hidden"),
                                        member(arguments, "breaks")};
     auto text = CaptionsByTag::replace(project, id, wishes, said, run());
     return {.text = std::move(text), .step = "Captions by Claude", .looked = id};
 }
 
-Result setSounds(const json& arguments, Project& project, const Said& said, const Context& context) {
-    const auto id = MCPCalls::video(member(arguments, "video"), project).id;
+MCPResult setSounds(const json& arguments, Project& project, const Said& said, const MCPContext& context) {
+    const auto id = MCPTags::video(member(arguments, "video"), project).id;
     auto text = SoundsByTag::replace(project, id, member(arguments, "sounds"), said, context.sounds, run());
     return {.text = std::move(text), .step = "Sounds by Claude", .looked = id};
 }

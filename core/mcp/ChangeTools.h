@@ -1,6 +1,8 @@
 #pragma once
 
-#include "core/mcp/MCPCalls.h"
+#include "core/mcp/MCPContext.h"
+
+#include <nlohmann/json_fwd.hpp>
 
 namespace murbo {
 
@@ -8,19 +10,17 @@ namespace murbo {
 /// call holds up; what doesn't in a call that does is named in the answer.
 namespace ChangeTools {
 
-using MCPCalls::Context;
-using MCPCalls::Result;
 using nlohmann::json;
 
-Result describeClips(const json& arguments, Project& project, const Said& said);
-Result fixLines(const json& arguments, Project& project, const Said& said);
-Result proposeIdeas(const json& arguments, Project& project, const Said& said);
-Result makeVideo(const json& arguments, Project& project, const Said& said);
-Result setCuts(const json& arguments, Project& project, const Said& said);
-Result renameVideo(const json& arguments, Project& project);
-Result setShots(const json& arguments, Project& project, const Said& said, const Context& context);
-Result setCaptions(const json& arguments, Project& project, const Said& said);
-Result setSounds(const json& arguments, Project& project, const Said& said, const Context& context);
+MCPResult describeClips(const json& arguments, Project& project, const Said& said);
+MCPResult fixLines(const json& arguments, Project& project, const Said& said);
+MCPResult proposeIdeas(const json& arguments, Project& project, const Said& said);
+MCPResult makeVideo(const json& arguments, Project& project, const Said& said);
+MCPResult setCuts(const json& arguments, Project& project, const Said& said);
+MCPResult renameVideo(const json& arguments, Project& project);
+MCPResult setShots(const json& arguments, Project& project, const Said& said, const MCPContext& context);
+MCPResult setCaptions(const json& arguments, Project& project, const Said& said);
+MCPResult setSounds(const json& arguments, Project& project, const Said& said, const MCPContext& context);
 
 }
 

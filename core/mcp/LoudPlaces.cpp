@@ -2,7 +2,7 @@
 
 #include "core/ai/VideoChange.h"
 #include "core/intake/samples/Heard.h"
-#include "core/mcp/MCPCalls.h"
+#include "core/mcp/MCPTags.h"
 #include "core/model/ProjectSummary.h"
 #include "core/model/VideoTime.h"
 #include "core/model/edits/ProjectOperations.h"
@@ -22,7 +22,7 @@ constexpr double betweenPeaks = 2; // seconds
 constexpr std::size_t mostPeaks = 8;
 constexpr std::size_t mostPlaces = 40;
 
-struct Peak {
+struct LoudMoment {
     double at = 0;     ///< on the clock that is told
     double second = 0; ///< on the source
     std::uint8_t level = 0;
@@ -44,31 +44,31 @@ private:
     std::size_t count = 0;
 };
 
-std::string place(const Stretch& stretch, const Heard& heard, const Said& said) {
+std::string place(const Stretch& stretch, const HeardStretch& heard, const Said& said) {
     const auto shift = heard.at - heard.on.from;
     auto text = fmt::format("{} to {}", ProjectSummary::clock(stretch.from + shift),
                             ProjectSummary::clock(stretch.to + shift));
-    if (const auto line = MCPCalls::line(stretch.from, heard.source, said)) text += ", " + *line;
+    if (const auto line = MCPTags::line(stretch.from, heard.source, said)) text += ", " + *line;
     return text;
 }
 
 /// The loudest moments of all stretches, so far apart that each is one of its own.
-std::vector<Peak> loudest(std::vector<Peak> all) {
-    std::ranges::stable_sort(all, std::ranges::greater(), &Peak::level);
-    std::vector<Peak> chosen;
+std::vector<LoudMoment> loudest(std::vector<LoudMoment> all) {
+    std::ranges::stable_sort(all, std::ranges::greater(), &LoudMoment::level);
+    std::vector<LoudMoment> chosen;
     for (const auto& peak : all) {
         if (chosen.size() == mostPeaks) break;
-        const bool isNear = std::ranges::any_of(chosen, [&](const Peak& other) {
+        const bool isNear = std::ranges::any_of(chosen, [&](const LoudMoment& other) {
             return other.source == peak.source && std::abs(other.at - peak.at) < betweenPeaks;
         });
         if (!isNear && peak.level > 0) chosen.push_back(peak);
     }
-    std::ranges::sort(chosen, {}, &Peak::at);
+    std::ranges::sort(chosen, {}, &LoudMoment::at);
     return chosen;
 }
 
 /// Enough peaks of one stretch to choose from: of each second its loudest.
-void addPeaks(const murbo::Heard& sound, const Heard& heard, std::vector<Peak>& peaks) {
+void addPeaks(const Heard& sound, const HeardStretch& heard, std::vector<LoudMoment>& peaks) {
     const auto range = LevelRange::of(heard.on, sound.rate, sound.levels.size());
     const auto rate = static_cast<std::size_t>(sound.rate);
     for (auto from = range.from; from < range.to; from += rate) {
@@ -81,10 +81,10 @@ void addPeaks(const murbo::Heard& sound, const Heard& heard, std::vector<Peak>& 
     }
 }
 
-std::string told(const std::vector<Peak>& peaks, const Said& said) {
+std::string told(const std::vector<LoudMoment>& peaks, const Said& said) {
     Places places;
     for (const auto& peak : peaks) {
-        const auto line = MCPCalls::line(peak.second, peak.source, said);
+        const auto line = MCPTags::line(peak.second, peak.source, said);
         places.add(ProjectSummary::clock(peak.at) + (line ? ", " + *line : ""));
     }
     return places.whole();
@@ -95,7 +95,7 @@ std::string told(const std::vector<Peak>& peaks, const Said& said) {
 Stretches stretches(const nlohmann::json& arguments, const Project& project) {
     Stretches found;
     if (const auto& tag = VideoChange::member(arguments, "video"); !tag.is_null()) {
-        const auto& video = MCPCalls::video(tag, project);
+        const auto& video = MCPTags::video(tag, project);
         const auto starts = VideoTime::starts(video.cuts);
         found.onVideo = true;
         for (std::size_t at = 0; at < starts.size(); ++at)
@@ -103,7 +103,7 @@ Stretches stretches(const nlohmann::json& arguments, const Project& project) {
                 found.all.push_back({cut.source, {cut.start, cut.end}, starts[at]});
         return found;
     }
-    for (const auto* clip : MCPCalls::clips(VideoChange::member(arguments, "clips"), project))
+    for (const auto* clip : MCPTags::clips(VideoChange::member(arguments, "clips"), project))
         if (project.source(clip->source))
             found.all.push_back({clip->source, {clip->start, clip->end}, clip->start});
     return found;
@@ -111,19 +111,19 @@ Stretches stretches(const nlohmann::json& arguments, const Project& project) {
 
 std::string text(const Stretches& stretches, const Project& project, const Said& said,
                  const std::map<UUID, std::vector<std::uint8_t>>& loudness) {
-    std::map<UUID, std::pair<murbo::Heard, int>> sounds; // with their usual level
+    std::map<UUID, std::pair<Heard, int>> sounds; // with their usual level
     for (const auto& heard : stretches.all) {
         if (sounds.contains(heard.source)) continue;
         const auto levels = loudness.find(heard.source);
         if (levels == loudness.end())
             throw Problem("Murbo is still measuring how loud the footage is. Ask again in a minute.");
-        murbo::Heard sound{.levels = levels->second};
+        Heard sound{.levels = levels->second};
         const auto usual = sound.usual();
         sounds.emplace(heard.source, std::pair{std::move(sound), usual});
     }
     Places loud;
     Places quiet;
-    std::vector<Peak> peaks;
+    std::vector<LoudMoment> peaks;
     for (const auto& heard : stretches.all) {
         const auto& [sound, usual] = sounds.at(heard.source);
         for (const auto& one : sound.loudStretches(heard.on, usual)) loud.add(place(one, heard, said));
@@ -140,11 +140,10 @@ std::string text(const Stretches& stretches, const Project& project, const Said&
         told(loudest(std::move(peaks)), said), quiet.whole());
 }
 
+std::vector<UUID> sources(const nlohmann::json& arguments, const Project& project) {
+    std::set<UUID> found;
+    for (const auto& heard : stretches(arguments, project).all) found.insert(heard.source);
+    return {found.begin(), found.end()};
 }
 
-std::vector<murbo::UUID> murbo::MCPCalls::sourcesHeard(const nlohmann::json& arguments,
-                                                       const Project& project) {
-    std::set<UUID> sources;
-    for (const auto& heard : LoudPlaces::stretches(arguments, project).all) sources.insert(heard.source);
-    return {sources.begin(), sources.end()};
 }

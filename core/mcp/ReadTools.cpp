@@ -3,6 +3,7 @@
 #include "core/ai/Brief.h"
 #include "core/ai/VideoChange.h"
 #include "core/mcp/LoudPlaces.h"
+#include "core/mcp/MCPTags.h"
 #include "core/mcp/Overview.h"
 #include "core/mcp/VideoInWords.h"
 #include "core/model/ProjectSummary.h"
@@ -41,18 +42,18 @@ std::string place(const Bookmark& bookmark, const Project& project, const Said& 
     const auto clip = std::ranges::find_if(
         clips, [&](const Clip& one) { return one.source == bookmark.source && one.holds(bookmark.at); });
     auto text = clip == clips.end() ? std::string(", in no clip") : ", in " + clip->tag();
-    if (const auto line = MCPCalls::line(bookmark.at, bookmark.source, said)) text += ", at " + *line;
+    if (const auto line = MCPTags::line(bookmark.at, bookmark.source, said)) text += ", at " + *line;
     return text;
 }
 
 }
 
-Result overview(const Project& project, const Said& said) {
+MCPResult overview(const Project& project, const Said& said) {
     return {.text = Overview::text(project, said)};
 }
 
-Result readClips(const json& arguments, const Project& project, const Said& said) {
-    const auto clips = MCPCalls::clips(member(arguments, "clips"), project);
+MCPResult readClips(const json& arguments, const Project& project, const Said& said) {
+    const auto clips = MCPTags::clips(member(arguments, "clips"), project);
     std::string text;
     std::size_t shown = 0;
     for (const auto* clip : clips) {
@@ -66,7 +67,7 @@ Result readClips(const json& arguments, const Project& project, const Said& said
     return {.text = std::move(text)};
 }
 
-Result searchLines(const json& arguments, const Project& project, const Said& said) {
+MCPResult searchLines(const json& arguments, const Project& project, const Said& said) {
     const auto& query = member(arguments, "query");
     const auto words = query.is_string() ? Text::trimmed(query.get<std::string>()) : "";
     if (words.empty()) throw Problem("Say what words to find.");
@@ -82,17 +83,18 @@ Result searchLines(const json& arguments, const Project& project, const Said& sa
     return {.text = std::move(text)};
 }
 
-Result readVideo(const json& arguments, const Project& project, const Said& said) {
-    const auto& video = MCPCalls::video(member(arguments, "video"), project);
+MCPResult readVideo(const json& arguments, const Project& project, const Said& said) {
+    const auto& video = MCPTags::video(member(arguments, "video"), project);
     return {.text = VideoInWords::whole(video, said), .looked = video.id};
 }
 
-Result readLoudness(const json& arguments, const Project& project, const Said& said, const Context& context) {
+MCPResult readLoudness(const json& arguments, const Project& project, const Said& said,
+                       const MCPContext& context) {
     return {.text =
                 LoudPlaces::text(LoudPlaces::stretches(arguments, project), project, said, context.loudness)};
 }
 
-Result listBookmarks(const Project& project, const Said& said) {
+MCPResult listBookmarks(const Project& project, const Said& said) {
     if (project.bookmarks.empty()) return {.text = "The owner has no bookmarks."};
     std::string text;
     for (const auto& bookmark : project.bookmarks) {
@@ -106,8 +108,9 @@ Result listBookmarks(const Project& project, const Said& said) {
     return {.text = std::move(text)};
 }
 
-Result whatChanged(const json& arguments, const Project& project, const Said& said, const Context& context) {
-    const auto& video = MCPCalls::video(member(arguments, "video"), project);
+MCPResult whatChanged(const json& arguments, const Project& project, const Said& said,
+                      const MCPContext& context) {
+    const auto& video = MCPTags::video(member(arguments, "video"), project);
     const auto tag = video.tag();
     const auto seen = context.seen.find(video.id);
     if (seen == context.seen.end())

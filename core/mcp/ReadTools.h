@@ -1,23 +1,25 @@
 #pragma once
 
-#include "core/mcp/MCPCalls.h"
+#include "core/mcp/MCPContext.h"
+
+#include <nlohmann/json_fwd.hpp>
 
 namespace murbo {
 
 /// The tools that read. Each throws a Problem with words for the model.
 namespace ReadTools {
 
-using MCPCalls::Context;
-using MCPCalls::Result;
 using nlohmann::json;
 
-Result overview(const Project& project, const Said& said);
-Result readClips(const json& arguments, const Project& project, const Said& said);
-Result searchLines(const json& arguments, const Project& project, const Said& said);
-Result readVideo(const json& arguments, const Project& project, const Said& said);
-Result readLoudness(const json& arguments, const Project& project, const Said& said, const Context& context);
-Result listBookmarks(const Project& project, const Said& said);
-Result whatChanged(const json& arguments, const Project& project, const Said& said, const Context& context);
+MCPResult overview(const Project& project, const Said& said);
+MCPResult readClips(const json& arguments, const Project& project, const Said& said);
+MCPResult searchLines(const json& arguments, const Project& project, const Said& said);
+MCPResult readVideo(const json& arguments, const Project& project, const Said& said);
+MCPResult readLoudness(const json& arguments, const Project& project, const Said& said,
+                       const MCPContext& context);
+MCPResult listBookmarks(const Project& project, const Said& said);
+MCPResult whatChanged(const json& arguments, const Project& project, const Said& said,
+                      const MCPContext& context);
 
 }
 

@@ -2,7 +2,7 @@
 
 #include "core/ai/Brief.h"
 #include "core/ai/SoundsByTag.h"
-#include "core/mcp/MCPCalls.h"
+#include "core/mcp/MCPTags.h"
 #include "core/model/ProjectSummary.h"
 #include "core/model/VideoTime.h"
 #include "platform/base/RawText.h"
@@ -36,7 +36,7 @@ std::optional<double> place(const Video& video, const UUID& source, double at) {
 std::string shot(const Shot& shot, const Video& video, const Said& said) {
     const auto at = place(video, shot.source, shot.at);
     auto text = at ? ProjectSummary::clock(*at) + " on the video" : std::string("not on the video");
-    if (const auto line = MCPCalls::line(shot.at, shot.source, said)) text += ", " + *line;
+    if (const auto line = MCPTags::line(shot.at, shot.source, said)) text += ", " + *line;
     text += ": " + (shot.playbook ? Brief::oneLine(*shot.playbook) : std::string(rawText(shot.layout)));
     if (std::abs(shot.zoom - 1) > 0.01) text += fmt::format(", zoom {:.2f}", shot.zoom);
     if (shot.move) text += ", " + Brief::oneLine(*shot.move);

@@ -1,5 +1,5 @@
 #include "core/mcp/MCPCalls.h"
-#include "core/mcp/Overview.h"
+#include "core/mcp/MCPTags.h"
 #include "tests/ProblemOf.h"
 #include "tests/ai/Footage.h"
 
@@ -21,7 +21,7 @@ protected:
         addVideo("First", {cut(1, 4), cut(101, 104)});            // V1
     }
 
-    MCPCalls::Result call(const char* tool, const char* arguments) {
+    MCPResult call(const char* tool, const char* arguments) {
         auto result = MCPCalls::call(tool, json::parse(arguments), project, context);
         if (result.looked)
             for (const auto& video : project.videos)
@@ -37,7 +37,7 @@ protected:
     }
     Video& video() { return project.videos.edit()[0]; }
 
-    MCPCalls::Context context;
+    MCPContext context;
 };
 
 }
@@ -142,7 +142,7 @@ TEST_F(MCPCallsTest, bookmarksSayWhereTheyAre) {
               "B1 rec.mp4 0:03, in C01, at C01.02: here\n"
               "B2 rec.mp4 0:50 to 0:55, in no clip, at C01.03 + 44.0 s\n"
               "B3 a missing file 0:01, in no clip");
-    EXPECT_EQ(MCPCalls::line(100, source(), Said(project)), "C02.01 - 1.0 s")
+    EXPECT_EQ(MCPTags::line(100, source(), Said(project)), "C02.01 - 1.0 s")
         << "before the line it is nearest to";
 }
 

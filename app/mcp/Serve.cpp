@@ -1,0 +1,58 @@
+#include "app/mcp/Serve.h"
+
+#include "app/mcp/EndSignals.h"
+#include "app/mcp/MCPHost.h"
+#include "app/mcp/ServedProject.h"
+#include "app/mcp/TerminalQuestion.h"
+#include "core/ai/Brief.h"
+#include "platform/base/Problem.h"
+#include "platform/store/SettingsStore.h"
+
+#include <QCoreApplication>
+#include <cstdio>
+
+#include <fmt/format.h>
+#include <unistd.h>
+
+namespace murbo {
+
+namespace {
+
+std::string line(const MCPActivity::Entry& entry) {
+    const auto said = entry.said.substr(0, entry.said.find('\n'));
+    return fmt::format("{}{}{}: {}{}\n", MCPTool::named(entry.tool)->title(), entry.asked.empty() ? "" : ", ",
+                       entry.asked, entry.failed ? "refused: " : "", Brief::oneLine(said));
+}
+
+void print(const std::string& text) {
+    std::fputs(text.c_str(), stdout);
+    std::fflush(stdout);
+}
+
+/// The path as a whole, without a slash at its end.
+std::filesystem::path whole(const std::filesystem::path& typed) {
+    auto tidy = std::filesystem::absolute(typed).lexically_normal();
+    return tidy.has_filename() ? tidy : tidy.parent_path();
+}
+
+}
+
+void Serve::run(const std::filesystem::path& typed) {
+    const auto package = whole(typed);
+    const EndSignals endings; // before the threads of the session, which take over what is blocked
+    const auto session = std::make_shared<ServedProject>(package);
+    MCPHost host(&SettingsStore::standard());
+    host.setSession(session);
+    host.start();
+    if (!host.problem().empty()) throw Problem(host.problem());
+    const TerminalQuestion questions(host);
+    if (isatty(STDOUT_FILENO)) {
+        print(fmt::format("AI apps can work on {} now. Ctrl-C ends it.\n", package.filename().string()));
+        QObject::connect(&host, &MCPHost::called, [&] { print(line(host.activity().entries().back())); });
+    }
+    QObject::connect(&endings, &EndSignals::ending, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    QCoreApplication::exec();
+    host.stop();
+}
+
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QObject>
+#include <string>
+
+namespace murbo {
+
+class MCPHost;
+
+/// Asks the owner's questions on a terminal: on standard error, answered on standard input by a letter and
+/// return. Where either is no terminal a question waits.
+class TerminalQuestion : public QObject {
+    Q_OBJECT
+
+public:
+    explicit TerminalQuestion(MCPHost& host);
+
+private:
+    void show();
+    void read();
+    void answer(const std::string& line);
+
+    MCPHost& host;
+    std::string typed;
+};
+
+}
