@@ -1,8 +1,16 @@
 #include "core/playbooks/Check.h"
 
+#include "core/model/EaseCurve.h"
+#include "core/model/Entrance.h"
+#include "core/playbooks/BlendTexts.h"
+#include "core/playbooks/Drift.h"
+#include "core/playbooks/Effect.h"
+#include "core/playbooks/Hold.h"
+#include "core/playbooks/LayerContent.h"
 #include "core/playbooks/ParameterName.h"
+#include "core/playbooks/ParameterType.h"
 #include "core/playbooks/PlaybookCodec.h"
-#include "core/playbooks/Words.h"
+#include "core/playbooks/Shape.h"
 #include "platform/base/Json.h"
 #include "platform/base/Problem.h"
 
@@ -23,19 +31,13 @@ std::vector<std::string_view> fieldNames() {
                       T::fields());
 }
 
-template <class List>
-bool knows(const List& words, std::string_view word) {
-    return std::find(words.begin(), words.end(), word) != words.end();
+bool knows(const std::vector<std::string_view>& fields, std::string_view field) {
+    return std::find(fields.begin(), fields.end(), field) != fields.end();
 }
 
-template <class List>
-std::string listed(const List& words) {
-    return fmt::format("{}", fmt::join(words, ", "));
-}
-
-template <class List>
-std::string notOneOf(std::string_view where, std::string_view word, const List& words) {
-    return fmt::format("{}“{}” is not one of {}.", where, word, listed(words));
+template <HasRawTexts Word>
+std::string notOneOf(std::string_view where, std::string_view word) {
+    return fmt::format("{}“{}” is not one of {}.", where, word, fmt::join(rawTexts(Word{}), ", "));
 }
 
 /// The elements of a list of objects; nothing where it is no list or anything else stands in it.
@@ -89,8 +91,8 @@ private:
         std::sort(known.begin(), known.end());
         for (const auto key : root.names())
             if (!knows(known, key))
-                found.push_back(
-                    fmt::format("“{}” is not a field of a playbook. Fields: {}.", key, listed(known)));
+                found.push_back(fmt::format("“{}” is not a field of a playbook. Fields: {}.", key,
+                                            fmt::join(known, ", ")));
     }
 
     void parameterTypes() {
@@ -102,8 +104,8 @@ private:
         for (const auto name : names) {
             const auto entry = params->member(name);
             const auto type = text(entry->member("type"));
-            if (type && !knows(PlaybookWords::types, *type))
-                found.push_back(notOneOf(fmt::format("params.{}: type ", name), *type, PlaybookWords::types));
+            if (type && !fromRawText<ParameterType>(*type))
+                found.push_back(notOneOf<ParameterType>(fmt::format("params.{}: type ", name), *type));
         }
     }
 
@@ -136,7 +138,7 @@ private:
 
     void content(const JsonValue& layer, const std::string& where) {
         std::vector<std::string_view> present;
-        for (const auto word : PlaybookWords::contents)
+        for (const auto word : rawTexts(LayerContent{}))
             if (layer.member(word)) present.push_back(word);
         if (present.size() == 1) return;
         found.push_back(fmt::format(
@@ -145,20 +147,19 @@ private:
     }
 
     void words(const JsonValue& layer, const std::string& where) {
-        using namespace PlaybookWords;
-        word(layer, where, "in", enters);
-        word(layer, where, "out", enters);
-        word(layer, where, "hold", PlaybookWords::holds);
-        word(layer, where, "blend", blends);
-        word(layer, where, "shape", shapes);
-        word(layer, where, "drift", drifts);
+        word<Entrance>(layer, where, "in");
+        word<Entrance>(layer, where, "out");
+        word<Hold>(layer, where, "hold");
+        word<Blend>(layer, where, "blend");
+        word<Shape>(layer, where, "shape");
+        word<Drift>(layer, where, "drift");
     }
 
-    template <class List>
-    void word(const JsonValue& layer, const std::string& where, const char* key, const List& known) {
+    template <HasRawTexts Word>
+    void word(const JsonValue& layer, const std::string& where, const char* key) {
         const auto value = text(layer.member(key));
-        if (value && !value->starts_with('$') && !knows(known, *value))
-            found.push_back(notOneOf(fmt::format("{}.{}: ", where, key), *value, known));
+        if (value && !value->starts_with('$') && !fromRawText<Word>(*value))
+            found.push_back(notOneOf<Word>(fmt::format("{}.{}: ", where, key), *value));
     }
 
     void effects(const JsonValue& layer, const std::string& where) {
@@ -168,8 +169,7 @@ private:
         for (std::size_t at = 0; at < list->size(); ++at) {
             const auto effect = text(list->element(at));
             if (!effect) return;
-            if (!knows(PlaybookWords::effects, *effect) && !effect->starts_with(PlaybookWords::tint))
-                wrong.push_back(notOneOf(where + ".effects: ", *effect, PlaybookWords::effects));
+            if (!effectNamed(*effect)) wrong.push_back(notOneOf<Effect>(where + ".effects: ", *effect));
         }
         found.insert(found.end(), wrong.begin(), wrong.end());
     }
@@ -184,8 +184,8 @@ private:
                 if (!knows(known, name))
                     found.push_back(fmt::format("{}: “{}” is not a field of a key.", place, name));
             const auto ease = text((*keys)[at].member("ease"));
-            if (ease && !knows(PlaybookWords::eases, *ease))
-                found.push_back(notOneOf(place + ".ease: ", *ease, PlaybookWords::eases));
+            if (ease && !fromRawText<EaseCurve>(*ease))
+                found.push_back(notOneOf<EaseCurve>(place + ".ease: ", *ease));
         }
     }
 

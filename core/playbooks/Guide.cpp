@@ -1,7 +1,14 @@
 #include "core/playbooks/Guide.h"
 
 #include "core/model/CaptionStyle.h"
-#include "core/playbooks/Words.h"
+#include "core/model/EaseCurve.h"
+#include "core/model/Entrance.h"
+#include "core/playbooks/BlendTexts.h"
+#include "core/playbooks/Drift.h"
+#include "core/playbooks/Effect.h"
+#include "core/playbooks/Hold.h"
+#include "core/playbooks/ParameterType.h"
+#include "core/playbooks/Shape.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -9,23 +16,22 @@
 namespace murbo {
 namespace {
 
-template <class List>
-std::string listed(const List& words) {
-    return fmt::format("{}", fmt::join(words, ", "));
+template <HasRawTexts Word>
+std::string listed(const char* between = ", ") {
+    return fmt::format("{}", fmt::join(rawTexts(Word{}), between));
 }
 
 std::string builtInStyles() {
     std::vector<std::string> ids;
     for (const auto& style : CaptionStyle::builtIn())
         if (style.id) ids.push_back(*style.id);
-    return listed(ids);
+    return fmt::format("{}", fmt::join(ids, ", "));
 }
 
 }
 
 // clang-format off
 std::string PlaybookGuide::text() {
-    using namespace PlaybookWords;
     return std::string(R"guide(A playbook is a small motion-graphics clip laid over a video (vertical 1080 × 1920, or horizontal, square, 4:5): a sticker, a burst, a title card, a transition, a look, a picture-in-picture replay. It is JSON; nothing in it runs. The app draws it the same in the preview and the export.
 
 TOP LEVEL
@@ -38,7 +44,7 @@ LAYOUTS. "kind": "layout" makes a playbook a way to frame a shot, chosen like Sp
 GENERATORS. "kind": "generator" makes frames of their own: a title card, a colour, a background. Put on the timeline as a clip, it takes time between the footage and is drawn on black, so its first layer usually fills the frame (a shape with fill: true, or a gradient). Dropped over the picture instead, it is laid over like any playbook. Its entrance plays at the start of the clip and its exit at the end, however long the clip is trimmed. The app's own Solid Colour, Gradient and Title Card are generators: read them for examples.
 
 PARAMS: what the editor fills in for each placement. {"title": {"type": "text", "label": "Title", "value": "default"}}. Types: )guide") +
-           listed(types) +
+           listed<ParameterType>() +
            R"guide(. number takes min and max; choice takes options. A $name inside a longer text fills in its value, so a choice can pick a file: {"image": "assets/$emote.png"} with an "emote" choice of the file names. A media value is a file, or face, content, under (see slot), or rec:START-END (seconds of the recording). Layers use a parameter as "$title"; numbers (x, y, w, h, scale, rotation, opacity, size) can be "$name" too, or a sum of numbers and parameters with + - * / and brackets: "1-$split", "$size*0.675+0.004".
 
 LAYERS: exactly one of
@@ -47,28 +53,28 @@ LAYERS: exactly one of
            builtInStyles() +
            R"guide( or the owner's, or a $parameter), with size (points), color, outline ("" for none), box (a colour behind each line, fitted to it). Emoji work.
   shape: )guide" +
-           listed(shapes) +
+           listed<Shape>() +
            R"guide( with color, w, h, radius (share of the shorter side); fill: true covers the frame. A rect with gradient (a second colour) fades from color at its top to gradient at its bottom.
   particles: emoji or letters to scatter, comma separated ("💗,💕"), or confetti; with count, w (each one's size), drift ()guide" +
-           listed(drifts) +
+           listed<Drift>() +
            R"guide(), seed; burst starts from x, y.
   slot: under (the video's picture so far, for effects, shakes and zooms), face or content (the stream's face or content box, live), picture (the whole recording, live), a $media parameter, or a file. radius rounds a picture's corners too.
   sound: an audio file, played when the layer comes on (from), with volume 0 to 1. A video's sound plays this way too: a sound layer naming the same file.
   start (video and sound): where in the file it starts, in seconds, to use the middle of a longer clip.
 PLACE: x, y (the centre, 0 to 1 from the top left; default 0.5), w (share of the frame's width; height follows the picture) and h (with w, the picture is cropped to fill w × h), fill (cover the frame), scale, rotation (degrees clockwise), opacity, blend ()guide" +
-           listed(blends) +
+           listed<Blend>() +
            R"guide().
 MOVE: in, out ()guide" +
-           listed(enters) +
+           listed<Entrance>() +
            R"guide(; an exit plays the entrance backwards, so slide-left leaves to the left), hold ()guide" +
-           listed(holds) +
+           listed<Hold>() +
            R"guide(), or keys: [{"t": seconds, "x", "y", "scale", "rotation", "opacity", "ease": )guide" +
-           fmt::format("{}", fmt::join(eases, "/")) +
+           listed<EaseCurve>("/") +
            R"guide(}] (keys override the layer's own values; each key eases from the one before).
 VIDEO: loop, bounce (back and forth), speed; key: a green-screen colour to take out, like "00FF00".
 CUT-OUT: cutout: true lifts the subject out of its background, on any picture, video or slot. {"slot": "face", "cutout": true} is the streamer's avatar alone, live, ready to slide over a paper background.
 LOOK: effects: [)guide" +
-           listed(effects) +
+           listed<Effect>() +
            R"guide(], applied to the layer (on an under slot, to the picture).
 
 EXAMPLE, a replay of a stretch in a framed panel, with a word that pops:

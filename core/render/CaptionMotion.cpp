@@ -1,6 +1,9 @@
 #include "core/render/CaptionMotion.h"
 
+#include "core/model/CaptionEntrance.h"
+#include "core/model/CaptionExit.h"
 #include "core/render/plan/CaptionText.h"
+#include "core/render/plan/Motion.h"
 
 #include <algorithm>
 #include <cmath>
@@ -28,53 +31,65 @@ double settled(double age, double length) {
     return 1 - rest * rest;
 }
 
-double pixels(Size frame) {
-    return travel * std::min(frame.width, frame.height) / 1080;
+/// From where a caption settles that rises, `rest` being 0 at its place.
+double risen(Size frame, double rest) {
+    return travel * std::min(frame.width, frame.height) / 1080 * rest;
 }
 
-Motion::Offset entrance(const std::string& name, bool big, double age, Size frame) {
-    Motion::Offset at;
-    if (big && (name == "pop" || name == "words")) {
-        at.scale = 0.6 + 0.4 * settled(age, 0.16);
-    } else if (name == "pop") {
-        at.scale = 0.86 + 0.14 * settled(age, 0.12);
-    } else if (name == "words") {
-        at.scale = 0.94 + 0.06 * settled(age, 0.12);
-    } else if (name == "fade") {
-        at.opacity = settled(age, 0.15);
-    } else if (name == "rise") {
-        at.opacity = settled(age, 0.2);
-        at.y = pixels(frame) * (1 - settled(age, 0.2));
-    } else if (name != "none") {
-        at = Motion::enter(name, std::min(age / entranceLength, 1.0), frame.width, frame.height);
-    }
+/// An entrance that layers have too. Captions come the other way up: one that slides up settles from above.
+Movement shared(const std::string& name, double progress, Size frame) {
+    const auto entrance = fromRawText<Entrance>(name);
+    Movement at = entrance ? Motion::enter(*entrance, progress, frame) : Movement();
+    at.dy = -at.dy;
     return at;
 }
 
-void leave(Motion::Offset& at, const std::string& name, double left, Size frame) {
-    if (name == "none" || left >= exitLength) return;
+Movement entrance(const std::string& name, bool big, double age, Size frame) {
+    const auto own = fromRawText<CaptionEntrance>(name);
+    if (!own) return shared(name, std::min(age / entranceLength, 1.0), frame);
+    const bool grows = *own == CaptionEntrance::pop || *own == CaptionEntrance::words;
+    if (big && grows) return {.scale = 0.6 + 0.4 * settled(age, 0.16)};
+    switch (*own) {
+        case CaptionEntrance::none:
+            return {};
+        case CaptionEntrance::pop:
+            return {.scale = 0.86 + 0.14 * settled(age, 0.12)};
+        case CaptionEntrance::words:
+            return {.scale = 0.94 + 0.06 * settled(age, 0.12)};
+        case CaptionEntrance::fade:
+            return {.opacity = settled(age, 0.15)};
+        case CaptionEntrance::rise:
+            return {.dy = -risen(frame, 1 - settled(age, 0.2)), .opacity = settled(age, 0.2)};
+    }
+    return {};
+}
+
+Movement exit(const std::string& name, double left, Size frame) {
+    if (left >= exitLength) return {};
     const double rest = std::max(left / exitLength, 0.0);
-    if (name == "fade") {
-        at.opacity *= rest;
-    } else if (name == "pop") {
-        at.scale *= std::max(rest, 0.001);
-    } else if (name == "sink") {
-        at.y -= pixels(frame) * (1 - rest);
-        at.opacity *= rest;
-    } else {
-        const auto back = Motion::enter(name, rest, frame.width, frame.height);
-        at.x += back.x;
-        at.y += back.y;
-        at.opacity *= back.opacity;
+    const auto own = fromRawText<CaptionExit>(name);
+    if (!own) {
+        const auto back = shared(name, rest, frame);
+        return {.dx = back.dx, .dy = back.dy, .opacity = back.opacity};
     }
+    switch (*own) {
+        case CaptionExit::none:
+            return {};
+        case CaptionExit::fade:
+            return {.opacity = rest};
+        case CaptionExit::pop:
+            return {.scale = std::max(rest, 0.001)};
+        case CaptionExit::sink:
+            return {.dy = risen(frame, 1 - rest), .opacity = rest};
+    }
+    return {};
 }
 
 }
 
-Motion::Offset offset(const CaptionCue& cue, const CaptionStyle& style, double time, Size frame) {
-    auto at = entrance(entranceName(cue, style), cue.big, time - cue.start, frame);
-    leave(at, exitName(cue, style), cue.end - time, frame);
-    return at;
+Movement at(const CaptionCue& cue, const CaptionStyle& style, double time, Size frame) {
+    return entrance(entranceName(cue, style), cue.big, time - cue.start, frame)
+        .with(exit(exitName(cue, style), cue.end - time, frame));
 }
 
 std::optional<std::int64_t> reveal(const CaptionCue& cue, const CaptionStyle& style, double time) {

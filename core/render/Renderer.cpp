@@ -1,5 +1,6 @@
 #include "core/render/Renderer.h"
 
+#include "core/model/Transition.h"
 #include "core/render/CaptionMotion.h"
 #include "core/render/OverlayStack.h"
 #include "core/render/plan/Motion.h"
@@ -72,6 +73,22 @@ Image inTransition(const Image& image, const PlacedShot& placed, const Plan& pla
     return transitionIn(*placed.shot.transition, image, age / transitionLength, plan.frame);
 }
 
+Image blurred(const Image& image, double left, Size frame) {
+    const Point middle{frame.width / 2, frame.height / 2};
+    return image.clamped().zoomBlurred(middle, 40 * left).cropped(whole(frame));
+}
+
+Image whipped(const Image& image, double left, Size frame) {
+    const auto aside = Transform().translated(frame.width * left * left * 0.5, 0);
+    return image.clamped().motionBlurred(60 * left, 0).transformed(aside).cropped(whole(frame));
+}
+
+Image glitched(const Image& image, double progress, Size frame) {
+    const double noise = Motion::noise(glitchSeed, static_cast<long long>(progress * 30));
+    const auto aside = Transform().translated((noise - 0.5) * 60 * frame.width / 1080, 0);
+    return image.transformed(aside).cropped(whole(frame));
+}
+
 /// Where a layout has captions stand.
 std::optional<double> seamOf(const Book& book, const Shot& shot, const Framing& framing) {
     if (!book.playbook.captions) return std::nullopt;
@@ -133,22 +150,21 @@ Image draw(const Image& picture, const Panel& panel) {
 }
 
 Image transitionIn(std::string_view name, const Image& image, double progress, Size frame) {
+    const auto transition = fromRawText<Transition>(name);
+    if (!transition) return image;
     const double p = std::clamp(progress, 0.0, 1.0);
-    const double q = 1 - p;
-    if (name == "flash") return filled(Colour::white, frame).faded(0.9 * q * q).over(image);
-    if (name == "dip") return filled(Colour::black, frame).faded(q).over(image);
-    if (name == "blur") {
-        const Point middle{frame.width / 2, frame.height / 2};
-        return image.clamped().zoomBlurred(middle, 40 * q).cropped(whole(frame));
-    }
-    if (name == "whip") {
-        const auto aside = Transform().translated(frame.width * q * q * 0.5, 0);
-        return image.clamped().motionBlurred(60 * q, 0).transformed(aside).cropped(whole(frame));
-    }
-    if (name == "glitch" && q > 0.35) {
-        const double noise = Motion::noise(glitchSeed, static_cast<long long>(p * 30));
-        const auto aside = Transform().translated((noise - 0.5) * 60 * frame.width / 1080, 0);
-        return image.transformed(aside).cropped(whole(frame));
+    const double left = 1 - p;
+    switch (*transition) {
+        case Transition::flash:
+            return filled(Colour::white, frame).faded(0.9 * left * left).over(image);
+        case Transition::dip:
+            return filled(Colour::black, frame).faded(left).over(image);
+        case Transition::blur:
+            return blurred(image, left, frame);
+        case Transition::whip:
+            return whipped(image, left, frame);
+        case Transition::glitch:
+            return left > 0.35 ? glitched(image, p, frame) : image;
     }
     return image;
 }
@@ -166,19 +182,19 @@ std::optional<Image> caption(const CaptionCue& cue, double time, const Shot& sho
                                            .width = 0.86 * width});
     if (!picture) return std::nullopt;
 
-    const auto offset = CaptionMotion::offset(cue, plan.style, time, plan.frame);
+    const auto movement = CaptionMotion::at(cue, plan.style, time, plan.frame);
     const auto placement = Motion::placement(cue.move.value_or(Move()), CaptionMotion::share(cue, time));
     const auto middle = picture->extent().middle();
-    const double scale = offset.scale * placement.scale.value_or(1);
-    const double turn = offset.rotation + placement.rotation.value_or(0);
+    const double scale = movement.scale * placement.scale.value_or(1);
+    const double turn = movement.rotation + placement.rotation.value_or(0);
     const auto place = Transform()
                            .translated(-middle.x, -middle.y)
                            .scaled(scale, scale)
                            .rotated(turn)
-                           .translated(width * placement.x.value_or(0.5) + offset.x,
-                                       high * height(placement, shot, framing, plan) - offset.y);
-    const bool still = scale == 1 && turn == 0 && offset.x == 0 && offset.y == 0 && !travels(cue);
-    return picture->transformed(still ? onPixels(place) : place).faded(offset.opacity);
+                           .translated(width * placement.x.value_or(0.5) + movement.dx,
+                                       high * height(placement, shot, framing, plan) + movement.dy);
+    const bool still = scale == 1 && turn == 0 && movement.dx == 0 && movement.dy == 0 && !travels(cue);
+    return picture->transformed(still ? onPixels(place) : place).faded(movement.opacity);
 }
 
 }

@@ -27,8 +27,8 @@ Image render(const std::optional<Image>& picture, const std::optional<UUID>& sou
 /// The panel's part of a picture, put in its place. Beyond the picture's edge its edge pixels go on.
 Image draw(const Image& picture, const Panel& panel);
 
-/// A frame in transition: "flash", "dip", "blur", "whip" or "glitch" at `progress` (clamped to 0…1, where 0
-/// is the cut). Any other name changes nothing.
+/// A frame in the transition of that name at `progress` (clamped to 0…1, where 0 is the cut). A name that is
+/// no `Transition` changes nothing.
 Image transitionIn(std::string_view name, const Image& image, double progress, Size frame);
 
 /// The caption in its place at a video time; nothing where it can't be drawn.

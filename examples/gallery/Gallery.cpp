@@ -5,8 +5,13 @@
 
 #include "Scene.h"
 #include "Sheet.h"
+#include "core/model/Entrance.h"
+#include "core/model/Transition.h"
+#include "core/playbooks/BlendTexts.h"
+#include "core/playbooks/Drift.h"
+#include "core/playbooks/Effect.h"
+#include "core/playbooks/Hold.h"
 #include "core/playbooks/Stock.h"
-#include "core/playbooks/Words.h"
 #include "platform/base/Files.h"
 #include "platform/base/Problem.h"
 
@@ -150,7 +155,7 @@ Sheet still(const std::string& title, const Words& words, const std::vector<Scen
 
 Sheet transitions(const Scene& scene) {
     Sheet sheet("Transitions", {cell.width * 0.75, cell.height * 0.75});
-    for (const char* name : {"flash", "dip", "blur", "whip", "glitch"}) {
+    for (const auto name : rawTexts(Transition{})) {
         Plan plan = scene.filled();
         plan.shots[0].implicit = false;
         plan.shots[0].shot.transition = name;
@@ -162,16 +167,16 @@ Sheet transitions(const Scene& scene) {
 }
 
 void Gallery::words() const {
-    using namespace PlaybookWords;
     std::vector<std::string> looks{"as it is"};
-    for (const auto word : effects) looks.emplace_back(word == "tint:RRGGBB" ? "tint:3A86FF" : word);
+    for (const auto word : rawTexts(Effect{}))
+        looks.emplace_back(word == "tint:RRGGBB" ? "tint:3A86FF" : word);
     write(still("Effects", looks, scenes,
                 [](const auto& word) {
                     const std::string effect = word == "as it is" ? "" : fmt::format("\"{}\"", word);
                     return fmt::format(R"({{"slot": "under", "fill": true, "effects": [{}]}})", effect);
                 }),
           "effects");
-    write(still("Blends: a picture and a gradient over the footage", blends, scenes,
+    write(still("Blends: a picture and a gradient over the footage", rawTexts(Blend{}), scenes,
                 [&](const auto word) {
                     return fmt::format(
                         R"({{"image": "{}", "w": 0.7, "y": 0.28, "blend": "{}"}},
@@ -191,16 +196,17 @@ void Gallery::words() const {
             }),
         "cut-outs");
     const Scene& scene = scenes.front();
-    write(moving("Entrances over 0.6 seconds", enters, scene, {0.03, 0.12, 0.24, 0.36, 0.48, 0.62},
+    write(moving("Entrances over 0.6 seconds", rawTexts(Entrance{}), scene,
+                 {0.03, 0.12, 0.24, 0.36, 0.48, 0.62},
                  [](const auto word) { return fmt::format(R"({{{}, "in": "{}"}})", card, word); }),
           "entrances");
-    write(moving("Exits over 0.6 seconds", enters, scene, {2.4, 2.52, 2.64, 2.76, 2.88, 2.97},
+    write(moving("Exits over 0.6 seconds", rawTexts(Entrance{}), scene, {2.4, 2.52, 2.64, 2.76, 2.88, 2.97},
                  [](const auto word) { return fmt::format(R"({{{}, "out": "{}"}})", card, word); }),
           "exits");
-    write(moving("Holds", holds, scene, {0.0, 0.15, 0.3, 0.5, 0.8, 1.5},
+    write(moving("Holds", rawTexts(Hold{}), scene, {0.0, 0.15, 0.3, 0.5, 0.8, 1.5},
                  [](const auto word) { return fmt::format(R"({{{}, "hold": "{}"}})", card, word); }),
           "holds");
-    write(moving("Drifts", drifts, scene, {0.1, 0.4, 0.8, 1.2, 2.0, 2.8},
+    write(moving("Drifts", rawTexts(Drift{}), scene, {0.1, 0.4, 0.8, 1.2, 2.0, 2.8},
                  [](const auto word) {
                      return fmt::format(R"({{"particles": "{}", "count": 40, "w": {}, "drift": "{}"}})",
                                         word == "burst" ? "confetti" : "💗,🔥,😂", word == "burst" ? 0.03 : 0.1,

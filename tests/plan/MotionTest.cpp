@@ -13,58 +13,49 @@ constexpr double none = std::numeric_limits<double>::quiet_NaN();
 
 }
 
-TEST(Ease, everyNameButTwoIsASmoothstep) {
-    EXPECT_DOUBLE_EQ(Ease::named("linear", 0.25), 0.25);
-    EXPECT_DOUBLE_EQ(Ease::named("snap", 0.25), 0.578125);
-    for (const std::optional<std::string>& name :
-         {std::optional<std::string>(), std::optional<std::string>("Linear")})
-        EXPECT_DOUBLE_EQ(Ease::named(name, 0.25), 0.15625);
-}
-
 TEST(Motion, entrancesStandWhereTheirTableSays) {
     struct Case {
-        const char* name;
+        Entrance entrance;
         double progress;
-        Motion::Offset expected;
+        Movement expected;
     };
     const Case cases[] = {
-        {"fade", 0.5, {.opacity = 0.875}},
-        {"pop", 0, {.scale = 0.001, .opacity = 0}},
-        {"pop", 0.5, {.scale = 1.1125, .opacity = 1}},
-        {"zoom", 0.5, {.scale = 1.075, .opacity = 0.875}},
-        {"slide-left", 0.5, {.x = -125}},
-        {"slide-right", 0.5, {.x = 125}},
-        {"slide-up", 0.5, {.y = 150}},
-        {"slide-down", 0.5, {.y = -150}},
-        {"drop", 0, {.y = -1000}},
-        {"drop", 1, {.y = 0}},
-        {"spin", 0.5, {.scale = 0.9125, .rotation = -22.5, .opacity = 0.875}},
-        {"stamp", 0.5, {.scale = 1.35, .opacity = 1}},
-        {"stamp", 0.1, {.scale = 2.134, .opacity = 0.3}},
-        {"slide-left", -3, {.x = -1000}},
-        {"slide-left", none, {.x = -1000}},
-        {"slide-left", 7, {}},
-        {"none of these", 0, {}},
+        {Entrance::none, 0, {}},
+        {Entrance::fade, 0.5, {.opacity = 0.875}},
+        {Entrance::pop, 0, {.scale = 0.001, .opacity = 0}},
+        {Entrance::pop, 0.5, {.scale = 1.1125, .opacity = 1}},
+        {Entrance::zoom, 0.5, {.scale = 1.075, .opacity = 0.875}},
+        {Entrance::slideLeft, 0.5, {.dx = -125}},
+        {Entrance::slideRight, 0.5, {.dx = 125}},
+        {Entrance::slideUp, 0.5, {.dy = 150}},
+        {Entrance::slideDown, 0.5, {.dy = -150}},
+        {Entrance::drop, 0, {.dy = -1000}},
+        {Entrance::spin, 0.5, {.scale = 0.9125, .rotation = -22.5, .opacity = 0.875}},
+        {Entrance::stamp, 0.5, {.scale = 1.35, .opacity = 1}},
+        {Entrance::stamp, 0.1, {.scale = 2.134, .opacity = 0.3}},
+        {Entrance::wipe, 0.5, {.reveal = 0.875}},
+        {Entrance::slideLeft, -3, {.dx = -1000}},
+        {Entrance::slideLeft, none, {.dx = -1000}},
     };
     for (const Case& each : cases) {
-        const Motion::Offset offset = Motion::enter(each.name, each.progress, 1000, 2000);
-        SCOPED_TRACE(std::string(each.name) + " at " + std::to_string(each.progress));
-        EXPECT_NEAR(offset.x, each.expected.x, 1e-9);
-        EXPECT_NEAR(offset.y, each.expected.y, 1e-9);
-        EXPECT_NEAR(offset.scale, each.expected.scale, 1e-9);
-        EXPECT_NEAR(offset.rotation, each.expected.rotation, 1e-9);
-        EXPECT_NEAR(offset.opacity, each.expected.opacity, 1e-9);
+        const Movement at = Motion::enter(each.entrance, each.progress, {1000, 2000});
+        SCOPED_TRACE(std::string(rawText(each.entrance)) + " at " + std::to_string(each.progress));
+        EXPECT_NEAR(at.dx, each.expected.dx, 1e-9);
+        EXPECT_NEAR(at.dy, each.expected.dy, 1e-9);
+        EXPECT_NEAR(at.scale, each.expected.scale, 1e-9);
+        EXPECT_NEAR(at.rotation, each.expected.rotation, 1e-9);
+        EXPECT_NEAR(at.opacity, each.expected.opacity, 1e-9);
+        EXPECT_NEAR(at.reveal, each.expected.reveal, 1e-9);
     }
 }
 
-TEST(Motion, theFourArcsOfABounceMeet) {
-    for (const double seam : {0.36363636363636365, 0.7272727272727273, 0.9090909090909091, 1.0})
-        EXPECT_NEAR(Motion::bounce(seam), 1, 1e-12) << seam;
-    EXPECT_NEAR(Motion::bounce(0.2), 0.3025, 1e-12);
-    EXPECT_NEAR(Motion::bounce(0.5454545454545454), 0.75, 1e-12);
-    EXPECT_NEAR(Motion::bounce(0.8181818181818182), 0.9375, 1e-12);
-    EXPECT_NEAR(Motion::bounce(0.9545454545454546), 0.984375, 1e-12);
-    EXPECT_EQ(Motion::bounce(0), 0);
+TEST(Motion, everyEntranceEndsAtRest) {
+    for (const auto word : rawTexts(Entrance{}))
+        for (const double end : {1.0, 7.0}) {
+            const auto at = Motion::enter(*fromRawText<Entrance>(word), end, {1000, 2000});
+            EXPECT_TRUE(at.rests()) << word;
+            EXPECT_DOUBLE_EQ(at.opacity * at.reveal, 1) << word;
+        }
 }
 
 TEST(Motion, aPlacementGoesFieldByField) {

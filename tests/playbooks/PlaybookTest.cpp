@@ -1,8 +1,8 @@
 #include "core/playbooks/Check.h"
+#include "core/playbooks/Effect.h"
 #include "core/playbooks/Guide.h"
 #include "core/playbooks/Playbook.h"
 #include "core/playbooks/PlaybookCodec.h"
-#include "core/playbooks/Words.h"
 #include "platform/base/Problem.h"
 
 #include <filesystem>
@@ -194,7 +194,7 @@ TEST(PlaybookDecoding, takesKeysWithAnyCharacters) {
 
 TEST(PlaybookGuide, carriesEveryWordOfTheFormat) {
     const auto guide = PlaybookGuide::text();
-    for (const auto effect : PlaybookWords::effects) EXPECT_THAT(guide, HasSubstr(std::string(effect)));
+    for (const auto effect : rawTexts(Effect{})) EXPECT_THAT(guide, HasSubstr(std::string(effect)));
     EXPECT_THAT(guide, HasSubstr("(style: pop, clean, bold, story, boxed or the owner's, or a $parameter)"));
     EXPECT_THAT(guide, HasSubstr("\"ease\": smooth/linear/snap/bounce}]"));
     EXPECT_THAT(guide, HasSubstr("in, out (none, fade, pop, zoom, slide-left,"));

@@ -22,7 +22,7 @@ TEST(CaptionMotion, entrancesAndExitsFollowTheirCurves) {
         std::string exit;
         bool big;
         double time; // of a caption from 1 to 3
-        Motion::Offset expected;
+        Movement expected;
     };
     const double half = 0.75; // the settling curve half-way
     for (const auto& [enter, exit, big, time, expected] :
@@ -31,25 +31,25 @@ TEST(CaptionMotion, entrancesAndExitsFollowTheirCurves) {
                            {"pop", "none", true, 1.08, {.scale = 0.6 + 0.4 * half}},
                            {"words", "none", false, 1.06, {.scale = 0.94 + 0.06 * half}},
                            {"fade", "none", false, 1.075, {.opacity = half}},
-                           {"rise", "none", false, 1.1, {.y = 60 * (1 - half), .opacity = half}},
+                           {"rise", "none", false, 1.1, {.dy = -60 * (1 - half), .opacity = half}},
                            {"none", "none", true, 1, {}},
-                           {"slide-up", "none", false, 1, {.y = 0.6 * high}},
+                           {"slide-up", "none", false, 1, {.dy = -0.6 * high}},
                            {"none", "fade", false, 2.925, {.opacity = 0.5}},
                            {"none", "pop", false, 3, {.scale = 0.001}},
-                           {"none", "sink", false, 2.925, {.y = -30, .opacity = 0.5}},
-                           {"none", "slide-left", false, 3, {.x = -wide}}}) {
+                           {"none", "sink", false, 2.925, {.dy = 30, .opacity = 0.5}},
+                           {"none", "slide-left", false, 3, {.dx = -wide}}}) {
         auto cue = cueOf("one two", 1, 3);
         cue.big = big;
         CaptionStyle style;
         style.motion = enter;
         style.exit = exit;
-        const auto offset = CaptionMotion::offset(cue, style, time, {wide, high});
+        const auto at = CaptionMotion::at(cue, style, time, {wide, high});
         const auto name = enter + " to " + exit + " at " + std::to_string(time);
-        EXPECT_NEAR(offset.x, expected.x, 1e-6) << name;
-        EXPECT_NEAR(offset.y, expected.y, 1e-6) << name;
-        EXPECT_NEAR(offset.scale, expected.scale, 1e-9) << name;
-        EXPECT_NEAR(offset.rotation, expected.rotation, 1e-9) << name;
-        EXPECT_NEAR(offset.opacity, expected.opacity, 1e-9) << name;
+        EXPECT_NEAR(at.dx, expected.dx, 1e-6) << name;
+        EXPECT_NEAR(at.dy, expected.dy, 1e-6) << name;
+        EXPECT_NEAR(at.scale, expected.scale, 1e-9) << name;
+        EXPECT_NEAR(at.rotation, expected.rotation, 1e-9) << name;
+        EXPECT_NEAR(at.opacity, expected.opacity, 1e-9) << name;
     }
 }
 
@@ -57,10 +57,10 @@ TEST(CaptionMotion, theCuesOwnMotionGoesBeforeTheStyles) {
     auto cue = cueOf("one", 0, 1);
     CaptionStyle style;
     style.motion = "fade";
-    EXPECT_EQ(CaptionMotion::offset(cue, style, 0, {wide, high}).opacity, 0);
+    EXPECT_EQ(CaptionMotion::at(cue, style, 0, {wide, high}).opacity, 0);
     cue.move = Move{.enter = "none"};
-    EXPECT_EQ(CaptionMotion::offset(cue, style, 0, {wide, high}).opacity, 1);
-    EXPECT_EQ(CaptionMotion::offset(cueOf("one", 0, 1), {}, 0, {wide, high}).scale, 0.86); // "pop" by default
+    EXPECT_EQ(CaptionMotion::at(cue, style, 0, {wide, high}).opacity, 1);
+    EXPECT_EQ(CaptionMotion::at(cueOf("one", 0, 1), {}, 0, {wide, high}).scale, 0.86); // "pop" by default
 }
 
 TEST(CaptionMotion, wordsComeOneByOne) {

@@ -1,4 +1,4 @@
-#include "core/playbooks/Words.h"
+#include "core/playbooks/Effect.h"
 #include "core/render/stage/Effects.h"
 #include "platform/image/draw/Canvas.h"
 
@@ -41,7 +41,7 @@ std::string bytes(const Image& image) {
 TEST(Effects, everyWordChangesThePictureWithinItsExtent) {
     for (const bool holes : {false, true}) {
         const Image image = picture(holes);
-        for (const auto word : PlaybookWords::effects) {
+        for (const auto word : rawTexts(Effect{})) {
             const std::string effect = word == "tint:RRGGBB" ? "tint:FF8800" : std::string(word);
             const Image changed = Stage::apply(effect, image, 1.5);
             EXPECT_EQ(changed.extent(), image.extent()) << effect;
@@ -56,13 +56,12 @@ TEST(Effects, whatIsNoEffectChangesNothing) {
                                "tint:RRGGBB", "tint:-12345"})
         EXPECT_TRUE(Stage::apply(effect, image, 1).isSameAs(image)) << effect;
     EXPECT_FALSE(Stage::apply("tint:#ff8800", image, 1).isSameAs(image));
-    for (const auto word : PlaybookWords::effects)
-        EXPECT_TRUE(Stage::apply(word, Image(), 1).empty()) << word;
+    for (const auto word : rawTexts(Effect{})) EXPECT_TRUE(Stage::apply(word, Image(), 1).empty()) << word;
 }
 
 TEST(Effects, onlyTheTapeMovesWithTime) {
     const Image image = picture();
-    for (const auto word : PlaybookWords::effects)
+    for (const auto word : rawTexts(Effect{}))
         EXPECT_EQ(bytes(Stage::apply(word, image, 0)) == bytes(Stage::apply(word, image, 0.37)),
                   word != "vhs")
             << word;

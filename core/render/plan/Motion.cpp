@@ -1,8 +1,10 @@
 #include "core/render/plan/Motion.h"
 
+#include "core/render/plan/Ease.h"
+#include "platform/base/SeededRandom.h"
+
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 
 namespace murbo {
 
@@ -32,40 +34,37 @@ double popped(double progress) {
 
 }
 
-double Ease::named(const std::optional<std::string>& name, double progress) {
-    if (name == "linear") return progress;
-    if (name == "snap") return 1 - cubed(1 - progress);
-    return progress * progress * (3 - 2 * progress);
-}
-
-Motion::Offset Motion::enter(std::string_view name, double progress, double width, double height) {
+Movement Motion::enter(Entrance entrance, double progress, Size frame) {
     const double p = share(progress);
     const double come = 1 - cubed(1 - p);
     const double left = 1 - come;
-    if (name == "fade") return {.opacity = come};
-    if (name == "pop") return {.scale = popped(p), .opacity = std::min(4 * p, 1.0)};
-    if (name == "zoom") return {.scale = 1.6 - 0.6 * come, .opacity = come};
-    if (name == "slide-left") return {.x = -left * width};
-    if (name == "slide-right") return {.x = left * width};
-    if (name == "slide-up") return {.y = 0.6 * left * height};
-    if (name == "slide-down") return {.y = -0.6 * left * height};
-    if (name == "drop") return {.y = -0.5 * (1 - bounce(p)) * height};
-    if (name == "spin") return {.scale = 0.3 + 0.7 * come, .rotation = -180 * left, .opacity = come};
-    if (name == "stamp") return {.scale = 1 + 1.4 * (1 - p) * (1 - p), .opacity = std::min(3 * p, 1.0)};
+    switch (entrance) {
+        case Entrance::none:
+            return {};
+        case Entrance::fade:
+            return {.opacity = come};
+        case Entrance::pop:
+            return {.scale = popped(p), .opacity = std::min(4 * p, 1.0)};
+        case Entrance::zoom:
+            return {.scale = 1.6 - 0.6 * come, .opacity = come};
+        case Entrance::slideLeft:
+            return {.dx = -left * frame.width};
+        case Entrance::slideRight:
+            return {.dx = left * frame.width};
+        case Entrance::slideUp:
+            return {.dy = 0.6 * left * frame.height};
+        case Entrance::slideDown:
+            return {.dy = -0.6 * left * frame.height};
+        case Entrance::drop:
+            return {.dy = -0.5 * (1 - Ease::along(EaseCurve::bounce, p)) * frame.height};
+        case Entrance::spin:
+            return {.scale = 0.3 + 0.7 * come, .rotation = -180 * left, .opacity = come};
+        case Entrance::stamp:
+            return {.scale = 1 + 1.4 * (1 - p) * (1 - p), .opacity = std::min(3 * p, 1.0)};
+        case Entrance::wipe:
+            return {.reveal = come};
+    }
     return {};
-}
-
-double Motion::bounce(double progress) {
-    struct Arc {
-        double until, middle, height;
-    };
-    static constexpr Arc arcs[] = {{1 / 2.75, 0, 0},
-                                   {2 / 2.75, 1.5 / 2.75, 0.75},
-                                   {2.5 / 2.75, 2.25 / 2.75, 0.9375},
-                                   {HUGE_VAL, 2.625 / 2.75, 0.984375}};
-    const Arc& arc = *std::find_if(std::begin(arcs), std::end(arcs) - 1,
-                                   [&](const Arc& each) { return progress < each.until; });
-    return 7.5625 * (progress - arc.middle) * (progress - arc.middle) + arc.height;
 }
 
 Placement Motion::placement(const Move& move, double progress) {
@@ -79,10 +78,7 @@ Placement Motion::placement(const Move& move, double progress) {
 }
 
 double Motion::noise(std::uint64_t seed, std::int64_t step) {
-    std::uint64_t z = seed + static_cast<std::uint64_t>(step) * 104729;
-    z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9;
-    z = (z ^ (z >> 27)) * 0x94D049BB133111EB;
-    return static_cast<double>((z >> 11) ^ (z >> 42)) * 0x1p-53;
+    return SeededRandom::unit(SeededRandom::mix(seed + static_cast<std::uint64_t>(step) * 104729));
 }
 
 std::int64_t Motion::step(double elapsed, double rate) {

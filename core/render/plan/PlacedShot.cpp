@@ -1,7 +1,9 @@
 #include "core/render/plan/PlacedShot.h"
 
+#include "core/model/ShotMove.h"
 #include "core/model/Times.h"
 #include "core/model/VideoTime.h"
+#include "core/render/plan/Ease.h"
 #include "core/render/plan/Motion.h"
 
 #include <algorithm>
@@ -20,8 +22,8 @@ constexpr std::size_t mostShots = 20'000; // a file may ask for every shot in ea
 constexpr std::uint64_t focusSeed = 0x9E3779B97F5EADDF;
 constexpr std::uint64_t joltSeed = 0x9E3779B97F72C0BA;
 
-bool isPan(const Shot& shot) {
-    return shot.move == "pan-left" || shot.move == "pan-right";
+std::optional<ShotMove> moveOf(const Shot& shot) {
+    return fromRawText<ShotMove>(shot.move.value_or(""));
 }
 
 double eased(const PlacedShot& placed, double time) {
@@ -97,21 +99,35 @@ std::vector<PlacedShot> PlacedShot::place(const List<Shot>& shots, const List<Cu
 
 Shot PlacedShot::moved(double time) const {
     Shot result = shot;
-    if (shot.move == "pan-left") result.focus = 0.85 - 0.7 * eased(*this, time);
-    if (shot.move == "pan-right") result.focus = 0.15 + 0.7 * eased(*this, time);
-    if (shot.move == "shake") result.focus = shot.focus.value_or(0.5) + shake(focusSeed, time - start) * 0.25;
+    const auto move = moveOf(shot);
+    if (move == ShotMove::panLeft) result.focus = 0.85 - 0.7 * eased(*this, time);
+    if (move == ShotMove::panRight) result.focus = 0.15 + 0.7 * eased(*this, time);
+    if (move == ShotMove::shake)
+        result.focus = shot.focus.value_or(0.5) + shake(focusSeed, time - start) * 0.25;
     return result;
 }
 
 double PlacedShot::zoom(double time) const {
-    if (shot.move == "push") return 1 + eased(*this, time) * (shot.zoom - 1);
-    if (shot.move == "pull") return shot.zoom - eased(*this, time) * (shot.zoom - 1);
-    if (shot.move == "drift") return shot.zoom * (1 + 0.08 * eased(*this, time));
-    return isPan(shot) ? std::max(shot.zoom, leastPanZoom) : shot.zoom;
+    const auto move = moveOf(shot);
+    if (!move) return shot.zoom;
+    switch (*move) {
+        case ShotMove::push:
+            return 1 + eased(*this, time) * (shot.zoom - 1);
+        case ShotMove::pull:
+            return shot.zoom - eased(*this, time) * (shot.zoom - 1);
+        case ShotMove::drift:
+            return shot.zoom * (1 + 0.08 * eased(*this, time));
+        case ShotMove::panLeft:
+        case ShotMove::panRight:
+            return std::max(shot.zoom, leastPanZoom);
+        case ShotMove::shake:
+            return shot.zoom;
+    }
+    return shot.zoom;
 }
 
 double PlacedShot::jolt(double time) const {
-    return shot.move == "shake" ? shake(joltSeed, time - start) * 40 : 0;
+    return moveOf(shot) == ShotMove::shake ? shake(joltSeed, time - start) * 40 : 0;
 }
 
 }

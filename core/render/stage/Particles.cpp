@@ -1,5 +1,6 @@
 #include "core/render/stage/Particles.h"
 
+#include "core/playbooks/Drift.h"
 #include "platform/base/SeededRandom.h"
 #include "platform/base/Text.h"
 
@@ -37,7 +38,7 @@ private:
 };
 
 /// Where a particle is at some age.
-struct Place {
+struct ParticlePose {
     double x = 0;
     double y = 0;
     double rotation = 0; ///< degrees clockwise
@@ -57,21 +58,21 @@ double spin(const Chances& r, double slowest, double range) {
     return (r(9) >= 0.5 ? 1 : -1) * (range * r(6) + slowest);
 }
 
-Place rise(const Chances& r, const Flight& flight) {
+ParticlePose rise(const Chances& r, const Flight& flight) {
     const double x = flight.width * r(1) + 36 * std::sin(6 * r(5) + (1.5 * r(4) + 1.5) * flight.age);
     const double y = flight.height + flight.size - (0.25 * r(2) + 0.22) * flight.height * flight.age;
     const double rotation = 14 * std::sin(6 * r(6) + 2.2 * flight.age);
     return {x, y, rotation, std::clamp(y / (0.25 * flight.height), 0.0, 1.0)};
 }
 
-Place fall(const Chances& r, const Flight& flight) {
+ParticlePose fall(const Chances& r, const Flight& flight) {
     const double x = flight.width * r(1) + 40 * std::sin(6 * r(5) + (2 * r(4) + 2) * flight.age);
     const double y = (0.3 * r(2) + 0.25) * flight.height * flight.age - flight.size;
     return {x, y, spin(r, 200, 300) * flight.age};
 }
 
 /// Thrown outward, and pulled down as it flies.
-Place burst(const Chances& r, const Flight& flight) {
+ParticlePose burst(const Chances& r, const Flight& flight) {
     const double thrown = flight.height * (0.65 * r(2) + 0.35) * flight.age;
     const double fallen = 0.65 * flight.height * flight.age * flight.age;
     const double way = fullTurn * r(1);
@@ -79,20 +80,25 @@ Place burst(const Chances& r, const Flight& flight) {
             spin(r, 300, 400) * flight.age};
 }
 
-Place hover(const Chances& r, const Flight& flight) {
+ParticlePose hover(const Chances& r, const Flight& flight) {
     const double x = flight.width * r(1) + 30 * std::sin(6 * r(5) + (r(4) + 1) * flight.age);
     const double y = flight.height * (0.8 * r(2) + 0.1) + 30 * std::cos(6 * r(4) + (r(6) + 0.8) * flight.age);
     const double glimmer = 0.5 + 0.5 * std::sin(6 * r(8) + (3 * r(9) + 3) * flight.age);
     return {x, y, 20 * std::sin(6 * r(5) + 2 * flight.age), 0.35 + 0.65 * glimmer};
 }
 
-using Drift = Place (*)(const Chances&, const Flight&);
-
-Drift driftNamed(const std::string& word) {
-    if (word == "fall") return fall;
-    if (word == "burst") return burst;
-    if (word == "float") return hover;
-    return rise;
+ParticlePose poseOf(Drift drift, const Chances& r, const Flight& flight) {
+    switch (drift) {
+        case Drift::rise:
+            return rise(r, flight);
+        case Drift::fall:
+            return fall(r, flight);
+        case Drift::burst:
+            return burst(r, flight);
+        case Drift::floating:
+            return hover(r, flight);
+    }
+    return {};
 }
 
 Image confetti(const Chances& r, double size) {
@@ -120,7 +126,7 @@ std::vector<std::string> listed(std::string_view text) {
 }
 
 /// The pictures of as many glyphs as there are particles to show them. Each is drawn once, at a size near to
-/// that of the particles, and only placed by each of them. A glyph that no font has keeps its place.
+/// that of the particles, and only placed by each of them. A glyph that no font has keeps its pose.
 std::vector<Image> glyphs(const std::vector<std::string>& names, std::int64_t count, const Context& context) {
     std::vector<Image> pictures(std::min(names.size(), std::size_t(count)));
     const auto drawn = context.take(&Budget::glyphs, std::int64_t(pictures.size()));
@@ -130,17 +136,17 @@ std::vector<Image> glyphs(const std::vector<std::string>& names, std::int64_t co
 }
 
 /// The picture's middle goes to its place, as wide as the particle.
-Image placed(const Image& picture, const Place& place, double size) {
+Image placed(const Image& picture, const ParticlePose& pose, double size) {
     const auto extent = picture.extent();
     const auto middle = extent.middle();
     const double scale = size / std::max(extent.width, 1.0);
     const auto way = Transform()
                          .translated(-middle.x, -middle.y)
                          .scaled(scale, scale)
-                         .rotated(place.rotation)
-                         .translated(place.x, place.y);
+                         .rotated(pose.rotation)
+                         .translated(pose.x, pose.y);
     const Image moved = picture.transformed(way);
-    return place.opacity < opaqueEnough ? moved.faded(place.opacity) : moved;
+    return pose.opacity < opaqueEnough ? moved.faded(pose.opacity) : moved;
 }
 
 }
@@ -154,7 +160,7 @@ Image particles(const std::string& text, const Context& context, double width) {
     const auto pictures = coloured ? std::vector<Image>() : glyphs(listed(text), count, context);
     if (!coloured && pictures.empty()) return {};
     const auto seed = std::uint64_t(layer.seed.value_or(usualSeed)) * seedSpacing;
-    const Drift drift = driftNamed(context.text(layer.drift).value_or("rise"));
+    const auto drift = fromRawText<Drift>(context.text(layer.drift).value_or("")).value_or(Drift::rise);
     const Point origin{context.width() * context.number(layer.x).value_or(0.5),
                        context.height() * context.number(layer.y).value_or(0.5)};
     Image all;
@@ -165,7 +171,7 @@ Image particles(const std::string& text, const Context& context, double width) {
         if (age < 0) continue; // it sets off later
         const Image picture = coloured ? confetti(r, size) : pictures[std::size_t(i) % pictures.size()];
         const Flight flight{context.width(), context.height(), origin, size, age};
-        all = placed(picture, drift(r, flight), size).over(all);
+        all = placed(picture, poseOf(drift, r, flight), size).over(all);
     }
     return all;
 }

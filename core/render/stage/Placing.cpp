@@ -1,6 +1,9 @@
 #include "core/render/stage/Placing.h"
 
-#include "core/render/stage/Movement.h"
+#include "core/playbooks/BlendTexts.h"
+#include "core/render/plan/Motion.h"
+#include "core/render/stage/Holds.h"
+#include "core/render/stage/KeyedValue.h"
 
 #include <algorithm>
 #include <array>
@@ -40,7 +43,7 @@ public:
 private:
     double number(const std::optional<Playbook::Num>& own, std::optional<double> Key::*field, double rest) {
         const auto& keys = context.layer.keys;
-        const auto keyed = keys ? interpolate(*keys, field, keyTime) : std::nullopt;
+        const auto keyed = keys ? KeyedValue::at(keyTime, *keys, field) : std::nullopt;
         travels = travels || (keyed && keyed->travels);
         return keyed ? keyed->value : context.number(own).value_or(rest);
     }
@@ -54,24 +57,33 @@ Pose poseOf(const Context& context, const PlaybookClock& clock, double elapsed) 
     return Posing(context, clock.own(elapsed) - context.layer.from.value_or(0)).pose();
 }
 
+std::optional<Hold> holdOf(const Context& context) {
+    return fromRawText<Hold>(context.text(context.layer.hold).value_or(""));
+}
+
+Movement entered(const std::optional<std::string>& word, double progress, Size frame) {
+    const auto entrance = fromRawText<Entrance>(word.value_or(""));
+    return entrance ? Motion::enter(*entrance, progress, frame) : Movement();
+}
+
 /// Coming in, staying and going, all at once.
 Movement movementOf(const Context& context, const PlaybookClock& clock, double elapsed) {
     const auto& layer = context.layer;
     const auto span = clock.span(layer);
     const Size frame = context.scene.plan.frame;
     Movement movement;
-    if (layer.enter && clock.entrance() > 0)
-        movement = movement.with(enter(*layer.enter, (elapsed - span.on) / clock.entrance(), frame));
-    if (layer.exit && clock.exit() > 0)
-        movement = movement.with(enter(*layer.exit, (span.off - elapsed) / clock.exit(), frame));
-    if (const auto word = context.text(layer.hold))
-        movement = movement.with(hold(*word, context.held, context.index));
+    if (clock.entrance() > 0)
+        movement = movement.with(entered(layer.enter, (elapsed - span.on) / clock.entrance(), frame));
+    if (clock.exit() > 0)
+        movement = movement.with(entered(layer.exit, (span.off - elapsed) / clock.exit(), frame));
+    if (const auto hold = holdOf(context))
+        movement = movement.with(Holds::at(*hold, context.held, context.index));
     return movement;
 }
 
 bool keepsMoving(const Context& context) {
-    const auto word = context.text(context.layer.hold);
-    return word && isMoving(*word);
+    const auto hold = holdOf(context);
+    return hold && Holds::isMoving(*hold);
 }
 
 /// The scale of a picture of that extent, held at where it shows less than a thousandth of itself at once:
@@ -136,12 +148,7 @@ Image moved(const Image& image, const Transform& place, const Rect& frame) {
 }
 
 Blend blendOf(const std::optional<std::string>& word) {
-    if (word == "multiply") return Blend::multiply;
-    if (word == "screen") return Blend::screen;
-    if (word == "overlay") return Blend::overlay;
-    if (word == "add") return Blend::add;
-    if (word == "soft") return Blend::softLight;
-    return Blend::normal;
+    return fromRawText<Blend>(word.value_or("")).value_or(Blend::normal);
 }
 
 /// A wipe's share of the picture, from its left.

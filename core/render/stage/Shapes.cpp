@@ -1,5 +1,7 @@
 #include "core/render/stage/Shapes.h"
 
+#include "core/playbooks/Shape.h"
+
 #include <algorithm>
 
 namespace murbo::Stage {
@@ -29,13 +31,34 @@ double radiusOf(const Context& context) {
     return std::clamp(context.layer.radius.value_or(0.2), 0.0, 0.5);
 }
 
-Image drawn(const std::string& word, const Rect& rect, Colour colour, const Context& context) {
+/// What a layer says that names no shape stays a rectangle of one colour.
+std::optional<Shape> shapeOf(const Context& context) {
+    const auto word = context.text(context.layer.shape);
+    return word ? fromRawText<Shape>(*word) : Shape::rect;
+}
+
+Image plain(const Rect& rect, Colour colour) {
+    return Image::colour(colour).cropped(rect);
+}
+
+Image rectangle(const Rect& rect, Colour colour, const Context& context) {
+    const auto bottom = colourOf(context.text(context.layer.gradient));
+    return bottom ? Image::gradient(rect, colour, *bottom) : plain(rect, colour);
+}
+
+Image drawn(Shape shape, const Rect& rect, Colour colour, const Context& context) {
     const double side = std::min(rect.width, rect.height);
-    if (word == "round") return Image::roundedRectangle(rect, side * radiusOf(context), colour);
-    if (word == "circle") return Image::roundedRectangle(rect, side * 0.5, colour);
-    if (word == "ring") return ring(rect, side, colour);
-    const auto bottom = word == "rect" ? colourOf(context.text(context.layer.gradient)) : std::nullopt;
-    return bottom ? Image::gradient(rect, colour, *bottom) : Image::colour(colour).cropped(rect);
+    switch (shape) {
+        case Shape::rect:
+            return rectangle(rect, colour, context);
+        case Shape::round:
+            return Image::roundedRectangle(rect, side * radiusOf(context), colour);
+        case Shape::circle:
+            return Image::roundedRectangle(rect, side * 0.5, colour);
+        case Shape::ring:
+            return ring(rect, side, colour);
+    }
+    return {};
 }
 
 }
@@ -43,11 +66,11 @@ Image drawn(const std::string& word, const Rect& rect, Colour colour, const Cont
 std::optional<Made> shape(const Context& context) {
     const Rect rect = rectOf(context);
     if (rect.empty() || rect.width > largestSide || rect.height > largestSide) return std::nullopt;
-    const auto word = context.text(context.layer.shape).value_or("rect");
+    const auto named = shapeOf(context);
     const auto colour = colourOf(context.text(context.layer.color)).value_or(Colour::white);
-    return Made{.image = drawn(word, rect, colour, context),
+    return Made{.image = named ? drawn(*named, rect, colour, context) : plain(rect, colour),
                 .placed = context.layer.fill.value_or(false),
-                .round = word == "round" || word == "circle" || word == "ring"};
+                .round = named && *named != Shape::rect};
 }
 
 Image rounded(const Image& image, std::optional<double> radius) {

@@ -1,5 +1,6 @@
 #include "platform/image/filters/Vhs.h"
 
+#include "platform/base/SeededRandom.h"
 #include "platform/image/draw/PictureSource.h"
 #include "platform/image/filters/ColourMatrix.h"
 #include "platform/image/kernels/Kernels.h"
@@ -23,9 +24,7 @@ double darkUpTo(double to) {
 }
 
 std::uint32_t mixed(std::uint64_t value) {
-    value = (value ^ (value >> 30)) * 0xBF58476D1CE4E5B9;
-    value = (value ^ (value >> 27)) * 0x94D049BB133111EB;
-    return std::uint32_t(value ^ (value >> 31));
+    return std::uint32_t(SeededRandom::mix(value));
 }
 
 /// The grain under a pixel's middle, along one axis; `scale` is canvas pixels for one of the picture's.

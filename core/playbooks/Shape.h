@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/base/RawText.h"
+
+namespace murbo {
+
+/// The shapes that a layer may be.
+enum class Shape { rect, round, circle, ring };
+constexpr auto rawTexts(Shape) {
+    return std::array<std::string_view, 4>{"rect", "round", "circle", "ring"};
+}
+
+}
