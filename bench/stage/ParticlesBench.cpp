@@ -32,7 +32,8 @@ void drawn(State& state, const std::string& text, const std::string& drift) {
     for (auto _ : state) {
         const double held = 1.2 + frame++ % 30 / 30.0;
         const Image scattered =
-            text.empty() ? Image() : Stage::particles(text, {placed, layer, 0, held, 4, scene}, width * 0.08);
+            text.empty() ? Image()
+                         : Stage::Particles::scatter(text, {placed, layer, 0, held, 4, scene}, width * 0.08);
         Canvas::draw(scattered.over(below), target);
     }
 }

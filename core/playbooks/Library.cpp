@@ -11,7 +11,7 @@
 namespace murbo::Library {
 namespace {
 
-constexpr std::size_t mostStylesBytes = std::size_t{4} << 20;
+constexpr std::size_t maxStylesBytes = std::size_t{4} << 20;
 
 std::mutex overrideLock;
 std::optional<std::filesystem::path> overrideFolder;
@@ -80,7 +80,7 @@ std::filesystem::path music() {
 
 std::vector<CaptionStyle> styles() {
     try {
-        return Codec::decode<std::vector<CaptionStyle>>(Files::readWhole(stylesFile(), mostStylesBytes));
+        return Codec::decode<std::vector<CaptionStyle>>(Files::readWhole(stylesFile(), maxStylesBytes));
     } catch (const Problem&) {
         return {};
     }

@@ -1,34 +1,58 @@
 #include "core/playbooks/Playbook.h"
 
-#include "core/playbooks/Check.h"
-#include "core/playbooks/PlaybookCodec.h"
-#include "platform/base/Problem.h"
+#include "core/playbooks/NumberExpression.h"
+#include "core/playbooks/ParameterName.h"
 
-#include <fmt/format.h>
+#include <algorithm>
 
 namespace murbo {
+namespace {
 
-template <>
-Playbook::Num Codec::read<Playbook::Num>(const JsonValue& value) {
-    if (!value.isText()) return value.number();
-    const auto num = Playbook::Num::parse(value.text());
-    if (!num) value.fail("a number, a $parameter, or a sum of them like 1-$split");
-    return *num;
+/// The name in "$name", where that is the whole text.
+std::optional<std::string> wholeParameter(std::string_view text) {
+    if (!text.starts_with('$')) return std::nullopt;
+    const auto name = text.substr(1);
+    if (ParameterName::length(name) != name.size()) return std::nullopt;
+    return std::string(name);
 }
 
-template <>
-void Codec::write<Playbook::Num>(JsonWriter& writer, const Playbook::Num& num) {
-    std::visit([&](const auto& form) { write(writer, form); }, num.json());
+/// What an entrance or exit takes of the whole.
+double part(const std::optional<double>& seconds, double whole) {
+    constexpr double usual = 0.3;
+    return std::min(seconds.value_or(usual), whole / 2);
 }
 
-Playbook Playbook::decode(std::string_view text) {
-    PlaybookCheck::check(text);
-    try {
-        return Codec::decode<Playbook>(text);
-    } catch (const JsonProblem& problem) {
-        const auto way = problem.way.empty() ? "the top" : problem.way;
-        throw Problem(fmt::format("At {}: {}", way, problem.missing ? "this is needed." : problem.fault));
-    }
+}
+
+std::optional<double> Playbook::evaluate(std::string_view text, const Values& values, bool strict) {
+    return NumberExpression::value(text, values, strict);
+}
+
+std::optional<Playbook::Num> Playbook::Num::parse(const std::string& text) {
+    if (text.size() > NumberExpression::maxBytes) return std::nullopt;
+    if (wholeParameter(text) || evaluate(text, {}, false)) return Num(text);
+    return std::nullopt;
+}
+
+std::optional<double> Playbook::Num::value(const Values& values) const {
+    if (const auto* number = std::get_if<double>(&form)) return *number;
+    const auto& text = std::get<std::string>(form);
+    const auto name = wholeParameter(text);
+    return name ? NumberExpression::parameter(*name, values) : evaluate(text, values, true);
+}
+
+double Playbook::naturalLength() const {
+    constexpr double usual = 3;
+    constexpr double shortest = 0.2;
+    return std::max(length.value_or(usual), shortest);
+}
+
+double Playbook::enterLength() const {
+    return part(timing ? timing->enter : std::nullopt, naturalLength());
+}
+
+double Playbook::exitLength() const {
+    return part(timing ? timing->exit : std::nullopt, naturalLength());
 }
 
 }

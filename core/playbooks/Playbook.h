@@ -194,9 +194,9 @@ struct Playbook {
     std::vector<Layer> layers; ///< bottom to top
 
     /// The one way from bytes to a playbook. Throws a Problem with every fault of its words, or with the
-    /// first of its types. At most `mostBytes` of JSON are read.
+    /// first of its types. At most `maxBytes` of JSON are read.
     static Playbook decode(std::string_view json);
-    static constexpr std::size_t mostBytes = std::size_t{4} << 20;
+    static constexpr std::size_t maxBytes = std::size_t{4} << 20;
 
     /// The value of a number expression over parameters: + - * / and brackets, white space passed over. A
     /// division by 0 divides by 1. A parameter that is no number has no value, or counts as 1 where not

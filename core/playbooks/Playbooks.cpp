@@ -1,5 +1,6 @@
 #include "core/playbooks/Playbooks.h"
 
+#include "core/playbooks/JsonChanges.h"
 #include "core/playbooks/Library.h"
 #include "core/playbooks/PlaybookCodec.h"
 #include "core/playbooks/Stock.h"
@@ -13,7 +14,7 @@ namespace murbo::Playbooks {
 namespace {
 
 namespace fs = std::filesystem;
-using Clock = std::chrono::steady_clock;
+using Time = std::chrono::steady_clock;
 
 constexpr const char* extension = ".mbplay";
 constexpr auto listingHolds = std::chrono::seconds(3);
@@ -22,7 +23,7 @@ using Books = std::shared_ptr<const std::vector<Book>>;
 
 struct Listing {
     fs::path folder;
-    Clock::time_point made;
+    Time::time_point made;
     Books books;
 };
 std::mutex listingLock;
@@ -59,12 +60,12 @@ Books owners() {
     const auto folder = Library::playbooks();
     {
         const std::lock_guard held(listingLock);
-        if (listing && listing->folder == folder && Clock::now() - listing->made < listingHolds)
+        if (listing && listing->folder == folder && Time::now() - listing->made < listingHolds)
             return listing->books;
     }
     auto books = listed(folder);
     const std::lock_guard held(listingLock);
-    listing = Listing{folder, Clock::now(), books};
+    listing = Listing{folder, Time::now(), books};
     return books;
 }
 
@@ -100,7 +101,7 @@ void dropListing() {
 }
 
 Book load(const std::filesystem::path& folder) {
-    Book book{Playbook::decode(Files::readWhole(folder / "playbook.json", Playbook::mostBytes)), folder};
+    Book book{Playbook::decode(Files::readWhole(folder / "playbook.json", Playbook::maxBytes)), folder};
     if (!book.playbook.id) book.playbook.id = folder.stem().string();
     return book;
 }
@@ -147,6 +148,10 @@ Book copy(const Book& book, const std::filesystem::path& project) {
 
 std::string encoded(const Playbook& playbook) {
     return Codec::encode(playbook);
+}
+
+std::vector<std::string> diff(std::string_view before, std::string_view after) {
+    return JsonChanges::lines(before, after);
 }
 
 }

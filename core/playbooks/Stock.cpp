@@ -27,7 +27,7 @@ R"json({"id": "stock.layout.corner", "kind": "layout", "name": "Face Corner", "a
             {"shape": "round", "color": "FFFFFF", "w": "$size+0.015", "h": "$size*0.675+0.0084", "x": "$x", "y": "$y", "radius": 0.1},
             {"slot": "face", "w": "$size", "h": "$size*0.675", "x": "$x", "y": "$y", "radius": 0.09}]})json",
 
-R"json({"id": "stock.layout.reaction", "kind": "layout", "name": "Reaction", "about": "The face fills the frame, the content in a panel above it.", "captions": "$y+$size*0.158+0.07",
+R"json({"id": "stock.layout.reaction", "kind": "layout", "name": "Reaction", "about": "The face fills the frame, the content in a panel above it.", "captions": 0.72,
  "params": {"size": {"type": "number", "label": "Panel size", "value": "0.88", "min": 0.4, "max": 0.96},
             "y": {"type": "number", "label": "Down", "value": "0.22", "min": 0.12, "max": 0.85}, "border": {"type": "colour", "label": "Border", "value": "FFFFFF"}},
  "layers": [{"slot": "face", "shot": true, "fill": true},
@@ -54,7 +54,7 @@ R"json({"id": "stock.generator.background", "kind": "generator", "name": "Backgr
             {"slot": "$media", "fill": true, "loop": true, "hold": "drift"}]})json",
 
 R"json({"id": "stock.generator.picture", "kind": "generator", "name": "Picture or Video", "about": "A picture or a video of yours over the footage, a video looping: a photo, a screenshot, a transparent video. Move and size it on the picture.", "length": 4, "timing": {"in": 0.2, "out": 0.2},
- "params": {"media": {"type": "media", "label": "Picture or video"},
+ "params": {"media": {"type": "media", "label": "Picture or video", "value": "emoji:🖼️"},
             "x": {"type": "number", "label": "Across", "value": "0.5", "min": 0, "max": 1}, "y": {"type": "number", "label": "Down", "value": "0.4", "min": 0, "max": 1},
             "size": {"type": "number", "label": "Size", "value": "0.8", "min": 0.1, "max": 2}, "tilt": {"type": "number", "label": "Tilt", "value": "0", "min": -30, "max": 30}},
  "layers": [{"slot": "$media", "loop": true, "w": "$size", "x": "$x", "y": "$y", "rotation": "$tilt", "in": "fade", "out": "fade"}]})json",
@@ -63,8 +63,8 @@ R"json({"id": "stock.generator.title", "kind": "generator", "name": "Title Card"
  "params": {"title": {"type": "text", "label": "Title", "value": "Title"}, "subtitle": {"type": "text", "label": "Under It", "value": ""},
             "colour": {"type": "colour", "label": "Background", "value": "111111"}, "letters": {"type": "colour", "label": "Letters", "value": "FFFFFF"}},
  "layers": [{"shape": "rect", "color": "$colour", "fill": true},
-            {"text": "$title", "size": 110, "color": "$letters", "outline": "", "y": 0.46, "in": "slide-up", "out": "fade"},
-            {"text": "$subtitle", "size": 56, "color": "$letters", "outline": "", "y": 0.55, "opacity": 0.75, "from": 0.15, "in": "fade", "out": "fade"}]})json",
+            {"text": "$title", "size": 220, "color": "$letters", "outline": "", "y": 0.43, "in": "slide-up", "out": "fade"},
+            {"text": "$subtitle", "size": 112, "color": "$letters", "outline": "", "y": 0.63, "opacity": 0.75, "from": 0.15, "in": "fade", "out": "fade"}]})json",
 
 R"json({"id": "stock.hearts", "name": "Hearts", "about": "Hearts float up across the frame, for a cute moment.", "length": 3, "timing": {"in": 0.3, "out": 0.5},
  "params": {"hearts": {"type": "text", "label": "Hearts", "value": "💗,💕,💖"}, "size": {"type": "number", "label": "Size", "value": "0.1", "min": 0.04, "max": 0.25}},
@@ -74,12 +74,13 @@ R"json({"id": "stock.hearts", "name": "Hearts", "about": "Hearts float up across
 R"json({"id": "stock.confetti", "name": "Confetti", "about": "A burst of confetti from the middle, for a win.", "length": 2.5, "timing": {"in": 0, "out": 0.6},
  "params": {"x": {"type": "number", "label": "Across", "value": "0.5", "min": 0, "max": 1}, "y": {"type": "number", "label": "Down", "value": "0.5", "min": 0, "max": 1}},
  "layers": [{"particles": "confetti", "count": 170, "w": 0.032, "drift": "burst", "x": "$x", "y": "$y", "seed": 5, "out": "fade"},
-            {"particles": "confetti", "count": 90, "w": 0.022, "drift": "burst", "x": "$x", "y": "$y", "seed": 11, "out": "fade"}]})json",
+            {"particles": "confetti", "count": 60, "w": 0.022, "drift": "burst", "x": "$x-0.3", "y": "$y", "seed": 11, "out": "fade"},
+            {"particles": "confetti", "count": 60, "w": 0.022, "drift": "burst", "x": "$x+0.3", "y": "$y", "seed": 12, "out": "fade"}]})json",
 
 R"json({"id": "stock.sparkles", "name": "Sparkles", "about": "Sparkles twinkle over the picture.", "length": 3, "timing": {"in": 0.3, "out": 0.4},
  "params": {"sparkles": {"type": "text", "label": "Sparkles", "value": "✨"}, "size": {"type": "number", "label": "Size", "value": "0.08", "min": 0.03, "max": 0.2}},
- "layers": [{"particles": "$sparkles", "count": 24, "w": "$size", "drift": "float", "seed": 4, "in": "fade", "out": "fade"},
-            {"particles": "$sparkles", "count": 16, "w": "$size*0.5", "drift": "float", "seed": 9, "in": "fade", "out": "fade"}]})json",
+ "layers": [{"particles": "$sparkles", "count": 24, "w": "$size", "drift": "float", "seed": 171, "in": "fade", "out": "fade"},
+            {"particles": "$sparkles", "count": 16, "w": "$size*0.5", "drift": "float", "seed": 103, "in": "fade", "out": "fade"}]})json",
 
 R"json({"id": "stock.sticker", "name": "Sticker", "version": 3, "about": "An emoji or a word pops on, wobbles, and pops off.", "length": 1.6, "timing": {"in": 0.25, "out": 0.2},
  "params": {"sticker": {"type": "text", "label": "Sticker", "value": "😂"}, "x": {"type": "number", "label": "Across", "value": "0.72", "min": 0, "max": 1},
@@ -89,7 +90,7 @@ R"json({"id": "stock.sticker", "name": "Sticker", "version": 3, "about": "An emo
  "layers": [{"text": "$sticker", "style": "$style", "size": "$size", "x": "$x", "y": "$y", "rotation": "$tilt", "color": "$colour", "outline": "$outline", "in": "pop", "hold": "wobble", "out": "pop"}]})json",
 
 R"json({"id": "stock.picture-sticker", "name": "Picture Sticker", "about": "A picture (an emote, a cut-out) pops on, wobbles, and pops off.", "length": 1.8, "timing": {"in": 0.25, "out": 0.2},
- "params": {"picture": {"type": "media", "label": "Picture"}, "x": {"type": "number", "label": "Across", "value": "0.72", "min": 0, "max": 1},
+ "params": {"picture": {"type": "media", "label": "Picture", "value": "emoji:🖼️"}, "x": {"type": "number", "label": "Across", "value": "0.72", "min": 0, "max": 1},
             "y": {"type": "number", "label": "Down", "value": "0.38", "min": 0, "max": 1}, "size": {"type": "number", "label": "Size", "value": "0.34", "min": 0.05, "max": 1},
             "tilt": {"type": "number", "label": "Tilt", "value": "0", "min": -30, "max": 30}},
  "layers": [{"slot": "$picture", "loop": true, "w": "$size", "x": "$x", "y": "$y", "rotation": "$tilt", "in": "pop", "hold": "wobble", "out": "pop"}]})json",
@@ -101,7 +102,7 @@ R"json({"id": "stock.hook", "name": "Hook Card", "version": 2, "about": "A title
 
 R"json({"id": "stock.label", "name": "Name Tag", "version": 2, "about": "A label slides in low on the frame: a name, a place, a game.", "length": 2.5, "timing": {"in": 0.3, "out": 0.25},
  "params": {"name": {"type": "text", "label": "Name", "value": "Name"}, "box": {"type": "colour", "label": "Box", "value": "111111"}, "ink": {"type": "colour", "label": "Letters", "value": "FFFFFF"},
-            "x": {"type": "number", "label": "Across", "value": "0.3", "min": 0, "max": 1}, "y": {"type": "number", "label": "Down", "value": "0.8", "min": 0, "max": 1}, "size": {"type": "number", "label": "Size", "value": "64", "min": 24, "max": 160}},
+            "x": {"type": "number", "label": "Across", "value": "0.5", "min": 0, "max": 1}, "y": {"type": "number", "label": "Down", "value": "0.74", "min": 0, "max": 1}, "size": {"type": "number", "label": "Size", "value": "64", "min": 24, "max": 160}},
  "layers": [{"text": "$name", "style": "clean", "size": "$size", "color": "$ink", "outline": "", "box": "$box", "x": "$x", "y": "$y", "in": "slide-left", "out": "slide-left"}]})json",
 
 R"json({"id": "stock.circle", "name": "Circle It", "about": "A ring pulses around something on screen, to point at it.", "length": 2, "timing": {"in": 0.2, "out": 0.2},

@@ -1,16 +1,16 @@
 // Draws what playbooks can do over footage, into contact sheets: every playbook of the stock at five moments,
 // and every effect, entrance, hold, blend, drift and transition by its name.
 //
-//   gallery FOLDER PICTURE FOOTAGE…    FOOTAGE is told as in Scene.h; PICTURE is what is given for media
+//   gallery FOLDER PICTURE FOOTAGE…    FOOTAGE as in Scene.h; PICTURE is what is given for media
 
 #include "Scene.h"
 #include "Sheet.h"
 #include "core/model/Entrance.h"
 #include "core/model/Transition.h"
-#include "core/playbooks/BlendTexts.h"
 #include "core/playbooks/Drift.h"
 #include "core/playbooks/Effect.h"
 #include "core/playbooks/Hold.h"
+#include "core/playbooks/LayerBlend.h"
 #include "core/playbooks/Stock.h"
 #include "platform/base/Files.h"
 #include "platform/base/Problem.h"

@@ -33,9 +33,9 @@ Box box(const std::string& text) {
 
 }
 
-Scene::Scene(const std::string& told) {
-    const auto parts = split(told, '@');
-    if (parts.size() < 2) throw Problem("Footage is told as FILE@SECONDS, not “" + told + "”.");
+Scene::Scene(const std::string& given) {
+    const auto parts = split(given, '@');
+    if (parts.size() < 2) throw Problem("Footage is given as FILE@SECONDS, not “" + given + "”.");
     from = number(parts[1]);
     Source source;
     source.path = std::filesystem::absolute(parts[0]).string();

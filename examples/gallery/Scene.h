@@ -12,9 +12,9 @@ namespace murbo {
 /// A stretch of footage as a vertical video, to draw playbooks over.
 class Scene {
 public:
-    /// `told` is FILE@SECONDS, further @CONTENT@FACE, each box as x,y,w,h in fractions of the picture.
+    /// `given` is FILE@SECONDS, further @CONTENT@FACE, each box as x,y,w,h in fractions of the picture.
     /// Throws Problem where that can't be read.
-    explicit Scene(const std::string& told);
+    explicit Scene(const std::string& given);
 
     /// The plan of the video without any playbook, split into content and face.
     const Plan& plan() const { return plain; }

@@ -45,6 +45,10 @@ bool JsonValue::isNull() const {
     return value->is_null();
 }
 
+bool JsonValue::isNumber() const {
+    return value->is_number();
+}
+
 bool JsonValue::isText() const {
     return value->is_string();
 }

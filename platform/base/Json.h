@@ -20,6 +20,7 @@ namespace murbo {
 class JsonValue {
 public:
     bool isNull() const;
+    bool isNumber() const;
     bool isText() const;
     bool isList() const;
     bool isObject() const;

@@ -14,6 +14,9 @@ namespace murbo::Unicode {
 namespace {
 
 constexpr char32_t thaiRepetition = 0x0E46;
+constexpr char32_t textSelector = 0xFE0E;
+constexpr char32_t emojiSelector = 0xFE0F;
+constexpr char32_t keycap = 0x20E3;
 
 /// A text as ICU reads it, with the way back to bytes.
 struct Wide {
@@ -185,6 +188,36 @@ bool isTrimmedBlank(char32_t character) {
 bool isMark(char32_t character) {
     constexpr auto marks = U_GC_P_MASK | U_GC_S_MASK;
     return (U_MASK(u_charType(UChar32(character))) & marks) != 0;
+}
+
+namespace {
+
+/// Whether one character as a person counts asks for a picture in colour (UTS #51).
+bool isEmoji(std::string_view character) {
+    bool emoji = false;
+    for (std::size_t at = 0; at < character.size();) {
+        const auto part = next(character, at);
+        if (part == textSelector) return false;
+        emoji = emoji || part == emojiSelector || part == keycap ||
+                u_hasBinaryProperty(UChar32(part), UCHAR_EMOJI_PRESENTATION) ||
+                u_hasBinaryProperty(UChar32(part), UCHAR_EMOJI_MODIFIER);
+    }
+    return emoji;
+}
+
+}
+
+bool isOnlyEmoji(std::string_view text) {
+    std::size_t from = 0;
+    bool found = false;
+    for (const std::size_t end : characterEnds(text)) {
+        const auto character = text.substr(from, end - from);
+        from = end;
+        if (trimmed(character).empty()) continue;
+        if (!isEmoji(character)) return false;
+        found = true;
+    }
+    return found;
 }
 
 std::string_view trimmed(std::string_view text) {

@@ -2,10 +2,10 @@
 #include "core/render/stage/Stage.h"
 #include "platform/base/Problem.h"
 #include "platform/image/draw/Canvas.h"
+#include "tests/SameBitmaps.h"
 #include "tests/fuzz/RoundTrip.h"
 
 #include <array>
-#include <cstring>
 #include <vector>
 
 using namespace murbo;
@@ -44,12 +44,6 @@ Bitmap drawn(const PlacedOverlay& overlay, double time, const Stage::Scene& scen
     Bitmap bitmap(width, height);
     Canvas::draw(Stage::draw(overlay, time, scene, scene.below), bitmap);
     return bitmap;
-}
-
-bool same(const Bitmap& one, const Bitmap& other) {
-    for (int y = 0; y < height; ++y)
-        if (std::memcmp(one.row(y), other.row(y), std::size_t{width} * 4) != 0) return false;
-    return true;
 }
 
 /// The frames of a playbook, and again from the last to the first: they must be the same.

@@ -89,9 +89,12 @@ TEST(PlacedOverlay, playsTheProjectsOwnVersionAndABrokenOneCostsItselfAlone) {
 
     const Plan plan = looked.plan();
     ASSERT_EQ(text(plan.overlays), "1-2 Seven, 3-4 Flash, 4-5 Seven");
-    EXPECT_EQ(plan.overlays[0].values, (Values{{"a", "x"}, {"b", "y"}}));
-    EXPECT_EQ(plan.overlays[2].values, (Values{{"a", "x"}, {"b", "z"}, {"c", "free"}}));
+    EXPECT_EQ(*plan.overlays[0].values, (Values{{"a", "x"}, {"b", "y"}}));
+    EXPECT_EQ(*plan.overlays[2].values, (Values{{"a", "x"}, {"b", "z"}, {"c", "free"}}));
     EXPECT_TRUE(plan.overlays[0].book.same(plan.overlays[2].book)) << "held twice";
+    looked.overlay("stock.flash", 5, 1).version = 7;
+    const Plan more = looked.plan();
+    EXPECT_TRUE(more.overlays[0].values.same(more.overlays[3].values)) << "nothing filled in, and held twice";
     EXPECT_EQ(plan.overlays[2].overlay, looked.video.look->overlays[3]);
 }
 
@@ -111,8 +114,8 @@ TEST(PlacedOverlay, generatedStretchesStandUnderTheirCutsNames) {
     const Plan plan = looked.plan();
     ASSERT_EQ(text(plan.generated), "2-5 Title Card, 6-7 Solid Colour");
     EXPECT_EQ(plan.generated[0].overlay.id, looked.video.cuts[1].id);
-    EXPECT_EQ(plan.generated[0].values.at("title"), "Hi");
-    EXPECT_EQ(plan.generated[0].values.at("letters"), "FFFFFF");
+    EXPECT_EQ(plan.generated[0].values->at("title"), "Hi");
+    EXPECT_EQ(plan.generated[0].values->at("letters"), "FFFFFF");
     for (const auto& [time, name] : {std::pair{1.9999, ""},
                                      {2.0, "Title Card"},
                                      {5.0, ""},
@@ -154,7 +157,7 @@ TEST(PlacedOverlay, aLayoutIsTheShotsAndTheFirstFoundOfItsNameIsEveryones) {
     EXPECT_EQ(placed.overlay.source, one);
     EXPECT_EQ(fmt::format("{}-{} {} {}", placed.start, placed.end, placed.zoom, *placed.focus),
               "12-16 2 0.2");
-    EXPECT_EQ(placed.values, (Values{{"a", "b"}}));
+    EXPECT_EQ(*placed.values, (Values{{"a", "b"}}));
 }
 
 TEST(Plan, valuesOfALayoutComeFromItsShotAndFraming) {

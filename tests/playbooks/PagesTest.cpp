@@ -1,4 +1,4 @@
-#include "core/playbooks/Guide.h"
+#include "core/playbooks/PlaybookGuide.h"
 #include "core/playbooks/Stock.h"
 #include "platform/base/Files.h"
 #include "platform/base/Problem.h"

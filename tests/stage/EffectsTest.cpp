@@ -43,7 +43,7 @@ TEST(Effects, everyWordChangesThePictureWithinItsExtent) {
         const Image image = picture(holes);
         for (const auto word : rawTexts(Effect{})) {
             const std::string effect = word == "tint:RRGGBB" ? "tint:FF8800" : std::string(word);
-            const Image changed = Stage::apply(effect, image, 1.5);
+            const Image changed = Stage::Effects::apply(effect, image, 1.5);
             EXPECT_EQ(changed.extent(), image.extent()) << effect;
             EXPECT_NE(bytes(changed), bytes(image)) << effect;
         }
@@ -54,22 +54,24 @@ TEST(Effects, whatIsNoEffectChangesNothing) {
     const Image image = picture();
     for (const char* effect : {"", "Mono", "mono ", "sparkle", "tint", "tint:", "tint:12345", "tint:GGGGGG",
                                "tint:RRGGBB", "tint:-12345"})
-        EXPECT_TRUE(Stage::apply(effect, image, 1).isSameAs(image)) << effect;
-    EXPECT_FALSE(Stage::apply("tint:#ff8800", image, 1).isSameAs(image));
-    for (const auto word : rawTexts(Effect{})) EXPECT_TRUE(Stage::apply(word, Image(), 1).empty()) << word;
+        EXPECT_TRUE(Stage::Effects::apply(effect, image, 1).isSameAs(image)) << effect;
+    EXPECT_FALSE(Stage::Effects::apply("tint:#ff8800", image, 1).isSameAs(image));
+    for (const auto word : rawTexts(Effect{}))
+        EXPECT_TRUE(Stage::Effects::apply(word, Image(), 1).empty()) << word;
 }
 
 TEST(Effects, onlyTheTapeMovesWithTime) {
     const Image image = picture();
     for (const auto word : rawTexts(Effect{}))
-        EXPECT_EQ(bytes(Stage::apply(word, image, 0)) == bytes(Stage::apply(word, image, 0.37)),
-                  word != "vhs")
+        EXPECT_EQ(
+            bytes(Stage::Effects::apply(word, image, 0)) == bytes(Stage::Effects::apply(word, image, 0.37)),
+            word != "vhs")
             << word;
 }
 
 TEST(Effects, theTapeIsTheSameWheneverItIsDrawn) {
     const Image image = picture();
-    const auto at = [&](double held) { return bytes(Stage::apply("vhs", image, held)); };
+    const auto at = [&](double held) { return bytes(Stage::Effects::apply("vhs", image, held)); };
     const double moments[] = {0, 0.011, 0.04, 0.5, 3.2, 100};
     std::vector<std::string> forward;
     for (const double held : moments) forward.push_back(at(held));

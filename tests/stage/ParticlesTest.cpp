@@ -28,7 +28,7 @@ struct Scatter {
     }
     Image at(double held, const std::string& text = "confetti", double size = 20) {
         const Stage::Scene scene{stage.below, std::nullopt, stage.framing, stage.plan, stage.media};
-        return Stage::particles(text, {placed, layer, 0, held, life, scene}, size);
+        return Stage::Particles::scatter(text, {placed, layer, 0, held, life, scene}, size);
     }
     Bitmap drawn(double held, const std::string& text = "confetti") { return stage.drawn(at(held, text)); }
 };

@@ -2,8 +2,8 @@
 
 #include "core/render/stage/Stage.h"
 #include "platform/image/draw/Canvas.h"
+#include "tests/SameBitmaps.h"
 
-#include <cstring>
 #include <optional>
 #include <string>
 
@@ -57,12 +57,6 @@ inline std::string at(const Bitmap& bitmap, int x, int y) {
     char text[8];
     std::snprintf(text, sizeof text, "%02X%02X%02X", pixel[2], pixel[1], pixel[0]);
     return text;
-}
-
-inline bool same(const Bitmap& one, const Bitmap& other) {
-    for (int y = 0; y < one.height(); ++y)
-        if (std::memcmp(one.row(y), other.row(y), std::size_t(one.width()) * 4) != 0) return false;
-    return one.width() == other.width() && one.height() == other.height();
 }
 
 }

@@ -129,7 +129,7 @@ OwnFiles::OwnFiles(const Project& project, const Video& video, const Plan& plan)
 
     LayerNames layers(names);
     for (const auto* all : {&plan.overlays, &plan.generated})
-        for (const PlacedOverlay& placed : *all) layers.add(*placed.book, placed.values);
+        for (const PlacedOverlay& placed : *all) layers.add(*placed.book, *placed.values);
     for (const PlacedShot& placed : plan.shots)
         if (const auto* book = plan.layout(placed.shot))
             layers.add(**book, layers.areEnough()

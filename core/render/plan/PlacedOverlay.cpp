@@ -7,6 +7,7 @@
 #include "core/render/plan/PlanBooks.h"
 
 #include <algorithm>
+#include <map>
 
 namespace murbo {
 
@@ -14,6 +15,26 @@ namespace {
 
 constexpr double shortest = 0.1;             // seconds
 constexpr std::size_t mostOverlays = 20'000; // no video has nearly as many
+
+/// What a placement's parameters are filled in with. Those of one playbook that fill in nothing share one
+/// list; the others copy it, as long as there are not absurdly many values.
+class PlacedValues {
+public:
+    Shared<Values> of(const Shared<Book>& book, const std::optional<Values>& overrides) {
+        const auto [found, isNew] = defaults.try_emplace(&*book);
+        auto& usual = found->second;
+        if (isNew) usual = book->values({});
+        if (!overrides || overrides->empty() || copied + usual->size() > maxValues) return usual;
+        copied += usual->size();
+        return book->values(overrides);
+    }
+
+private:
+    static constexpr std::size_t maxValues = 200'000;
+
+    std::map<const Book*, Shared<Values>> defaults;
+    std::size_t copied = 0;
+};
 
 double atLeast(double length) {
     return length > shortest ? length : shortest; // also of what is no number
@@ -43,6 +64,7 @@ std::vector<PlacedOverlay> PlacedOverlay::place(const List<Overlay>& overlays, c
     std::vector<PlacedOverlay> placed;
     const double last = murbo::end(cuts);
     const ShownMoments moments(cuts);
+    PlacedValues values;
     for (const Overlay& overlay : overlays) {
         if (placed.size() == mostOverlays) break;
         const auto start = moments.on(overlay.source, overlay.at);
@@ -52,7 +74,7 @@ std::vector<PlacedOverlay> PlacedOverlay::place(const List<Overlay>& overlays, c
                           .end = std::min(*start + atLeast(overlay.length), last),
                           .overlay = overlay,
                           .book = *book,
-                          .values = (*book)->values(overlay.values)});
+                          .values = values.of(*book, overlay.values)});
     }
     putInRows(placed);
     return placed;
@@ -60,6 +82,7 @@ std::vector<PlacedOverlay> PlacedOverlay::place(const List<Overlay>& overlays, c
 
 std::vector<PlacedOverlay> PlacedOverlay::generated(const List<Cut>& cuts, PlanBooks& books) {
     std::vector<PlacedOverlay> placed;
+    PlacedValues values;
     double start = 0;
     for (const Cut& cut : cuts) {
         if (placed.size() == mostOverlays) break;
@@ -75,7 +98,7 @@ std::vector<PlacedOverlay> PlacedOverlay::generated(const List<Cut>& cuts, PlanB
                                           .at = cut.start,
                                           .length = cut.length()},
                               .book = *book,
-                              .values = (*book)->values(cut.generator->values)});
+                              .values = values.of(*book, cut.generator->values)});
         start += cut.length();
     }
     return placed;

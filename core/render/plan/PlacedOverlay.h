@@ -20,7 +20,7 @@ struct PlacedOverlay {
     double end = 0;
     Overlay overlay;             ///< its id stays the same for as long as the same thing is drawn
     Shared<Book> book;           ///< one for all that show it
-    Values values;               ///< of all its parameters
+    Shared<Values> values;       ///< of all its parameters; one for all that fill in nothing
     double zoom = 1;             ///< of a layout: the shot's
     std::optional<double> focus; ///< of a layout: the shot's, 0 to 1 across
     std::size_t row = 0;         ///< of a generator: among those laid over the picture, the undermost 0

@@ -30,7 +30,7 @@ private:
 
     std::optional<std::filesystem::path> package;
     std::map<Key, std::optional<Shared<Book>>> known;
-    std::size_t layers = 0; // of all that were found
+    std::size_t parts = 0; // layers, keys and parameters of all that were found
 };
 
 }

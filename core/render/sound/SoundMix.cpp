@@ -221,7 +221,7 @@ std::vector<SoundLayer> soundLayers(const Plan& plan) {
         for (const auto* layer : layers->second) {
             steps += 1 + static_cast<int>(std::ranges::count(*layer->sound, '$'));
             if (found.size() == mostLayers || steps > mostSteps) return found;
-            const auto name = Stage::value(layer->sound, placed.values);
+            const auto name = Stage::value(layer->sound, *placed.values);
             auto file = name ? plan.file(*name, &*placed.book) : std::nullopt;
             if (file) found.push_back({placed, *layer, std::move(*file)});
         }

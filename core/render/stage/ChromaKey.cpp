@@ -12,7 +12,7 @@ constexpr double gone = 22; // degrees from the key's hue
 constexpr double band = 18; // in which colours fade in
 constexpr double darkest = 0.2;
 constexpr double palest = 0.28;
-constexpr double leastSpread = 0.03; // of a key's channels, for it to have a hue
+constexpr double minSpread = 0.03; // of a key's channels, for it to have a hue
 
 /// Channels from 0 to 1.
 struct Tone {
@@ -25,20 +25,20 @@ struct Tone {
 
     /// Degrees on the circle of colours, 0 (red) to 360; 0 for a grey.
     double hue() const {
-        const double most = highest();
+        const double max = highest();
         const double range = spread();
         if (!(range > 0)) return 0;
-        const double sixths = most == red     ? (green - blue) / range
-                              : most == green ? (blue - red) / range + 2
-                                              : (red - green) / range + 4;
+        const double sixths = max == red     ? (green - blue) / range
+                              : max == green ? (blue - red) / range + 2
+                                             : (red - green) / range + 4;
         return sixths < 0 ? sixths * 60 + 360 : sixths * 60;
     }
 };
 
 double alpha(const Tone& tone, double key) {
-    const double most = tone.highest();
+    const double max = tone.highest();
     const double range = tone.spread();
-    if (!(range > 0 && most > darkest && range / most > palest)) return 1;
+    if (!(range > 0 && max > darkest && range / max > palest)) return 1;
     const double apart = std::abs(tone.hue() - key);
     return std::clamp((std::min(apart, 360 - apart) - gone) / band, 0.0, 1.0);
 }
@@ -47,7 +47,7 @@ double alpha(const Tone& tone, double key) {
 
 std::optional<Filters::ColourCube> cube(Colour key) {
     const Tone wanted{key.red / 255.0, key.green / 255.0, key.blue / 255.0};
-    if (wanted.spread() < leastSpread) return {};
+    if (wanted.spread() < minSpread) return {};
     const double hue = wanted.hue();
     auto values = std::make_shared<std::vector<float>>();
     values->reserve(std::size_t{side} * side * side * 4);

@@ -1,9 +1,13 @@
 #pragma once
 
-#include "core/render/stage/Stage.h"
+#include "core/render/plan/PlacedOverlay.h"
+#include "core/render/plan/StageValue.h"
+#include "core/render/stage/Scene.h"
 
 #include <cmath>
 #include <cstddef>
+#include <optional>
+#include <string>
 
 namespace murbo::Stage {
 
@@ -23,16 +27,37 @@ struct Context {
     double width() const { return scene.plan.frame.width; }
     double height() const { return scene.plan.frame.height; }
     Rect frame() const { return {0, 0, width(), height()}; }
-    /// So much of what the frame may still have, or as much as is left.
+    /// As many as are wanted of what the frame may still have, or as many as are left.
     std::int64_t take(std::int64_t Budget::*what, std::int64_t wanted) const {
         return scene.budget ? scene.budget->take(what, wanted) : wanted;
     }
+    /// Whether the frame may have all of them; they are taken, or else all that is left, so that nothing
+    /// which comes later is drawn in their place.
+    bool takeAll(std::int64_t Budget::*what, std::int64_t wanted) const {
+        return take(what, wanted) == wanted;
+    }
+    /// The same for a picture that has `finer` pixels to the one, across and down.
+    bool takePixels(const Image& image, double finer) const {
+        const Rect extent = image.extent();
+        const auto pixels = std::int64_t(std::min(extent.width * extent.height * finer * finer, 1e15));
+        return takeAll(&Budget::pixels, std::max(pixels, Budget::fewestPixels));
+    }
+    bool has(std::int64_t Budget::*what, std::int64_t wanted) const {
+        return !scene.budget || scene.budget->*what >= wanted;
+    }
+    /// The same for the part of the frame that a rectangle covers.
+    bool takeArea(const Rect& covered, bool costly) const {
+        const Rect seen = covered.intersection(frame());
+        const double share = seen.empty() ? 0 : seen.width * seen.height / (width() * height());
+        return takeAll(&Budget::area, std::int64_t(std::ceil(share * double(Budget::frame))) *
+                                          (costly ? Budget::costlyArea : 1));
+    }
     std::optional<std::string> text(const std::optional<std::string>& given) const {
-        return value(given, placed.values);
+        return value(given, *placed.values);
     }
     /// A number of the layer; nothing where it has none, or no finite one comes of it.
     std::optional<double> number(const std::optional<Playbook::Num>& given) const {
-        const auto number = given ? given->value(placed.values) : std::nullopt;
+        const auto number = given ? given->value(*placed.values) : std::nullopt;
         return number && std::isfinite(*number) ? number : std::nullopt;
     }
     /// Pixels of a side that the layer gives as a share of a side of the frame: of its half where no number

@@ -12,8 +12,8 @@ namespace murbo::Cutout {
 
 namespace {
 
-constexpr std::size_t mostMasks = 900;
-constexpr std::size_t mostBytes = std::size_t{128} << 20;
+constexpr std::size_t maxMasks = 900;
+constexpr std::size_t maxBytes = std::size_t{128} << 20;
 
 std::size_t bytesOf(const std::optional<Bitmap>& mask) {
     return mask ? std::size_t(mask->stride()) * std::size_t(mask->height()) : 0;
@@ -59,7 +59,7 @@ Image laidOver(const Bitmap& mask, const Rect& extent) {
 
 Image made(const Image& picture, Masks& masks) {
     const Bitmap looked = small(picture);
-    const auto mask = masks.get(nameOf(looked), [&]() -> Masks::Made {
+    const auto mask = masks.get(nameOf(looked), [&]() -> Masks::Weighed {
         auto found = SubjectMask::of(looked);
         const std::size_t bytes = bytesOf(found);
         return {std::move(found), bytes};
@@ -74,7 +74,7 @@ bool hasBounds(const Rect& rect) {
 }
 
 std::shared_ptr<Masks> makeMasks() {
-    return std::make_shared<Masks>(Masks::Bounds{mostMasks, mostBytes});
+    return std::make_shared<Masks>(Masks::Bounds{maxMasks, maxBytes});
 }
 
 Image of(const Image& picture, const std::shared_ptr<Masks>& masks) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/render/stage/MediaCache.h"
+#include "platform/base/BoundedCache.h"
 #include "platform/image/Bitmap.h"
 #include "platform/image/Image.h"
 
@@ -12,7 +12,7 @@ namespace murbo::Cutout {
 
 /// The masks found so far, by the pixels that they were found for: a mask can never be of another picture, in
 /// whatever order frames are drawn, and a picture that stands still takes one.
-using Masks = MediaCache<std::string, std::optional<Bitmap>>;
+using Masks = BoundedCache<std::string, std::optional<Bitmap>>;
 
 /// A minute of one subject at 15 masks a second, where they are small.
 std::shared_ptr<Masks> makeMasks();

@@ -13,7 +13,7 @@
 
 #include <cmath>
 
-namespace murbo::Stage {
+namespace murbo::Stage::Effects {
 namespace {
 
 /// Filters that look beyond a pixel meet the picture's own edge repeated, not the clear round it.
@@ -100,7 +100,7 @@ bool isCostly(Effect effect) {
 
 }
 
-std::int64_t costOf(std::string_view word) {
+std::int64_t cost(std::string_view word) {
     const auto effect = effectNamed(word);
     return effect && isCostly(*effect) ? Budget::costlyLook : 1;
 }

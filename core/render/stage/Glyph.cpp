@@ -1,6 +1,6 @@
 #include "core/render/stage/Glyph.h"
 
-#include "core/render/stage/Ink.h"
+#include "core/render/stage/VisibleBounds.h"
 #include "platform/text/TextPainter.h"
 
 #include <cmath>
@@ -11,7 +11,7 @@ namespace {
 
 constexpr double largest = 4000;  // points
 constexpr double weight = 0.56;   // as captions have it
-constexpr double air = 4;         // pixels on each side
+constexpr double margin = 4;      // pixels on each side
 constexpr double sharpUpTo = 400; // pixels that a letter is drawn in
 constexpr double widest = 4096;
 
@@ -33,14 +33,14 @@ std::optional<Bitmap> drawn(const std::string& text, double size) {
 std::optional<Glyph> Glyph::draw(const std::string& text, double points) {
     if (text.empty() || text.size() > longest || !(points >= 1 && points <= largest)) return {};
     const double size = points * letterShare;
-    // Whole steps, so that the air is whole pixels too. A long word has to do with fewer.
+    // Whole steps, so that the margin is whole pixels too. A long word has to do with fewer.
     for (double finer = std::max(1.0, std::round(sharpUpTo / size)); finer >= 1;
          finer = std::floor(finer / 2)) {
         const auto room = drawn(text, size * finer);
         if (!room) continue;
-        const Ink ink(*room);
-        if (ink.empty()) return {};
-        return Glyph{ink.cutOut(*room, int(air * finer)), finer};
+        const VisibleBounds bounds(*room);
+        if (bounds.empty()) return {};
+        return Glyph{bounds.cutOut(*room, int(margin * finer)), finer};
     }
     return {};
 }

@@ -8,7 +8,7 @@
 namespace murbo {
 
 /// What particles and emoji stickers are made of: an emoji in its own colours, or letters in white, with a
-/// little air round them.
+/// little room round them.
 struct Glyph {
     static constexpr std::size_t longest = 200; ///< bytes
     static constexpr double letterShare = 0.56; ///< of the points asked for, that letters are large

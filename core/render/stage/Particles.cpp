@@ -9,10 +9,10 @@
 #include <cmath>
 #include <vector>
 
-namespace murbo::Stage {
+namespace murbo::Stage::Particles {
 namespace {
 
-constexpr std::int64_t mostParticles = 200;
+constexpr std::int64_t maxParticles = 200;
 constexpr std::int64_t usualParticles = 12;
 /// Seeds that follow one another lie far apart.
 constexpr std::uint64_t seedSpacing = 7919;
@@ -126,7 +126,7 @@ std::vector<std::string> listed(std::string_view text) {
 }
 
 /// The pictures of as many glyphs as there are particles to show them. Each is drawn once, at a size near to
-/// that of the particles, and only placed by each of them. A glyph that no font has keeps its pose.
+/// that of the particles, and only placed by each of them. A glyph that no font has keeps its place.
 std::vector<Image> glyphs(const std::vector<std::string>& names, std::int64_t count, const Context& context) {
     std::vector<Image> pictures(std::min(names.size(), std::size_t(count)));
     const auto drawn = context.take(&Budget::glyphs, std::int64_t(pictures.size()));
@@ -151,10 +151,10 @@ Image placed(const Image& picture, const ParticlePose& pose, double size) {
 
 }
 
-Image particles(const std::string& text, const Context& context, double width) {
+Image scatter(const std::string& text, const Context& context, double width) {
     const auto& layer = context.layer;
     const bool coloured = text == "confetti";
-    const auto wanted = std::clamp<std::int64_t>(layer.count.value_or(usualParticles), 1, mostParticles);
+    const auto wanted = std::clamp<std::int64_t>(layer.count.value_or(usualParticles), 1, maxParticles);
     const auto count = context.take(&Budget::particles, wanted);
     // No more than there are particles, so that each particle's number still leads to its own glyph.
     const auto pictures = coloured ? std::vector<Image>() : glyphs(listed(text), count, context);
@@ -171,7 +171,9 @@ Image particles(const std::string& text, const Context& context, double width) {
         if (age < 0) continue; // it sets off later
         const Image picture = coloured ? confetti(r, size) : pictures[std::size_t(i) % pictures.size()];
         const Flight flight{context.width(), context.height(), origin, size, age};
-        all = placed(picture, poseOf(drift, r, flight), size).over(all);
+        const Image particle = placed(picture, poseOf(drift, r, flight), size);
+        if (!context.takeArea(particle.extent(), true)) break;
+        all = particle.over(all);
     }
     return all;
 }

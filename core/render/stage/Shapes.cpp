@@ -1,10 +1,10 @@
 #include "core/render/stage/Shapes.h"
 
-#include "core/playbooks/Shape.h"
+#include "core/playbooks/LayerShape.h"
 
 #include <algorithm>
 
-namespace murbo::Stage {
+namespace murbo::Stage::Shapes {
 namespace {
 
 std::optional<Colour> colourOf(const std::optional<std::string>& text) {
@@ -32,9 +32,9 @@ double radiusOf(const Context& context) {
 }
 
 /// What a layer says that names no shape stays a rectangle of one colour.
-std::optional<Shape> shapeOf(const Context& context) {
+std::optional<LayerShape> shapeOf(const Context& context) {
     const auto word = context.text(context.layer.shape);
-    return word ? fromRawText<Shape>(*word) : Shape::rect;
+    return word ? fromRawText<LayerShape>(*word) : LayerShape::rect;
 }
 
 Image plain(const Rect& rect, Colour colour) {
@@ -46,16 +46,16 @@ Image rectangle(const Rect& rect, Colour colour, const Context& context) {
     return bottom ? Image::gradient(rect, colour, *bottom) : plain(rect, colour);
 }
 
-Image drawn(Shape shape, const Rect& rect, Colour colour, const Context& context) {
+Image drawn(LayerShape shape, const Rect& rect, Colour colour, const Context& context) {
     const double side = std::min(rect.width, rect.height);
     switch (shape) {
-        case Shape::rect:
+        case LayerShape::rect:
             return rectangle(rect, colour, context);
-        case Shape::round:
+        case LayerShape::round:
             return Image::roundedRectangle(rect, side * radiusOf(context), colour);
-        case Shape::circle:
+        case LayerShape::circle:
             return Image::roundedRectangle(rect, side * 0.5, colour);
-        case Shape::ring:
+        case LayerShape::ring:
             return ring(rect, side, colour);
     }
     return {};
@@ -63,14 +63,14 @@ Image drawn(Shape shape, const Rect& rect, Colour colour, const Context& context
 
 }
 
-std::optional<Made> shape(const Context& context) {
+std::optional<LayerPicture> picture(const Context& context) {
     const Rect rect = rectOf(context);
     if (rect.empty() || rect.width > largestSide || rect.height > largestSide) return std::nullopt;
     const auto named = shapeOf(context);
     const auto colour = colourOf(context.text(context.layer.color)).value_or(Colour::white);
-    return Made{.image = named ? drawn(*named, rect, colour, context) : plain(rect, colour),
-                .placed = context.layer.fill.value_or(false),
-                .round = named && *named != Shape::rect};
+    return LayerPicture{.image = named ? drawn(*named, rect, colour, context) : plain(rect, colour),
+                        .placed = context.layer.fill.value_or(false),
+                        .round = named && *named != LayerShape::rect};
 }
 
 Image rounded(const Image& image, std::optional<double> radius) {

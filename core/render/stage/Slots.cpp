@@ -1,5 +1,6 @@
 #include "core/render/stage/Slots.h"
 
+#include "core/render/footage/Footage.h"
 #include "platform/base/Numbers.h"
 #include "platform/base/Text.h"
 
@@ -8,7 +9,7 @@
 #include <cmath>
 #include <vector>
 
-namespace murbo::Stage {
+namespace murbo::Stage::Slots {
 namespace {
 
 namespace fs = std::filesystem;
@@ -35,7 +36,7 @@ bool isVideo(const fs::path& path) {
     return std::find(extensions.begin(), extensions.end(), extension) != extensions.end();
 }
 
-/// A video for the layer to play. Nothing where the frame shows so many that they could not all stay open.
+/// A video for the layer to play. Nothing where the frame shows more than could all stay open.
 std::shared_ptr<Footage> footageOf(const fs::path& path, const Context& context) {
     if (context.take(&Budget::videos, 1) == 0) return nullptr;
     const auto footage = context.scene.media.footage(path, readerKey(context));
@@ -49,6 +50,20 @@ std::optional<Image> videoPicture(const fs::path& path, const Context& context) 
     const double start = context.layer.start.value_or(0);
     const double left = std::max(footage->length() - start, 0.0);
     return footage->frame(start + playhead(context.layer, context.held, left));
+}
+
+/// A picture file, where the frame may have its pixels; coarser where it may not have those of the largest.
+std::optional<Image> filePicture(const fs::path& path, const Context& context) {
+    if (!context.has(&Budget::pixels, Budget::fewestPixels)) return std::nullopt;
+    const bool whole = context.has(&Budget::pixels, std::int64_t(PlaybookMedia::maxPixels));
+    const auto image = context.scene.media.image(path, PlaybookMedia::maxPixels / (whole ? 1 : 4));
+    return image && context.takePixels(*image, 1) ? image : std::nullopt;
+}
+
+std::optional<Image> emojiPicture(const std::string& text, const Context& context) {
+    if (!context.has(&Budget::pixels, Budget::fewestPixels)) return std::nullopt;
+    const auto image = context.scene.media.glyph(text, emojiPoints);
+    return image && context.takePixels(*image, 1) ? image : std::nullopt;
 }
 
 std::vector<double> numbers(std::string_view text) {
@@ -75,7 +90,7 @@ bool readsBelow(const Context& context) {
     return context.layer.slot && context.text(context.layer.slot) == under;
 }
 
-std::optional<Image> slot(const std::string& text, const Context& context) {
+std::optional<Image> picture(const std::string& text, const Context& context) {
     if (text == under) return context.scene.below.cropped(context.frame());
     if (text == "face" || text == "content") return std::nullopt; // panels, where there is footage
     const auto& sources = context.scene.plan.sources;
@@ -86,10 +101,10 @@ std::optional<Image> slot(const std::string& text, const Context& context) {
 }
 
 std::optional<Image> file(const std::string& text, const Context& context) {
-    if (text.starts_with(emoji)) return context.scene.media.glyph(text.substr(emoji.size()), emojiPoints);
+    if (text.starts_with(emoji)) return emojiPicture(text.substr(emoji.size()), context);
     const auto path = context.scene.plan.file(text, &*context.placed.book);
     if (!path || !canBeRead(*path)) return std::nullopt;
-    return isVideo(*path) ? videoPicture(*path, context) : context.scene.media.image(*path);
+    return isVideo(*path) ? videoPicture(*path, context) : filePicture(*path, context);
 }
 
 double playhead(const Playbook::Layer& layer, double held, double length) {

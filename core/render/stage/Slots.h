@@ -1,22 +1,18 @@
 #pragma once
 
-#include "core/render/stage/Elements.h"
+#include "core/render/stage/Context.h"
 
 #include <optional>
 #include <string>
 
-namespace murbo::Stage {
+namespace murbo::Stage::Slots {
 
 /// What a slot's text names: the picture beneath, a stretch of the recording ("rec:4-6.5"), an emoji
 /// ("emoji:🔥") or a file.
-std::optional<Image> slot(const std::string& text, const Context& context);
+std::optional<Image> picture(const std::string& text, const Context& context);
 
 /// A picture or video file: an absolute path, "media/…" in the project, or one of the playbook's own.
 std::optional<Image> file(const std::string& text, const Context& context);
-
-/// A piece of the footage live, cropped to the layer's shape: "face", "content", or "picture" for all of it.
-/// Nothing for any other word and without footage.
-std::optional<Made> panel(const std::string& word, const Context& context);
 
 /// Seconds into a clip of that length that a layer shows.
 double playhead(const Playbook::Layer& layer, double held, double length);

@@ -1,7 +1,8 @@
 #include "core/render/stage/Stage.h"
 
-#include "core/render/stage/Placing.h"
+#include "core/render/stage/Elements.h"
 #include "core/render/stage/Slots.h"
+#include "core/render/stage/StagedLayer.h"
 
 #include <algorithm>
 #include <exception>
@@ -10,15 +11,15 @@
 namespace murbo::Stage {
 namespace {
 
-/// So many layers of one playbook are drawn at a moment, the undermost ones.
-constexpr std::size_t mostLayers = 500;
+/// Of the layers of one playbook that are on at a moment only the undermost are drawn.
+constexpr std::size_t maxLayers = 500;
 
 /// The layers that are on, undermost first.
 std::vector<Context> layersOn(const PlacedOverlay& placed, const PlaybookClock& clock, double elapsed,
                               const Scene& scene) {
     std::vector<Context> result;
     const auto& layers = placed.book->playbook.layers;
-    for (std::size_t i = 0; i < layers.size() && result.size() < mostLayers; ++i) {
+    for (std::size_t i = 0; i < layers.size() && result.size() < maxLayers; ++i) {
         const auto span = clock.span(layers[i]);
         if (layers[i].sound || !span.holds(elapsed)) continue;
         const double held = (elapsed - span.on) / clock.factor();
@@ -29,10 +30,10 @@ std::vector<Context> layersOn(const PlacedOverlay& placed, const PlaybookClock& 
 }
 
 /// The layer at its place; nothing where it can't be drawn, for whatever cause.
-Laid laidOf(const Context& context, const PlaybookClock& clock, double elapsed) {
+StagedLayer staged(const Context& context, const PlaybookClock& clock, double elapsed) {
     try {
-        const auto made = element(context);
-        return made ? laid(*made, context, clock, elapsed) : Laid{};
+        const auto picture = Elements::picture(context);
+        return picture ? StagedLayer::place(*picture, context, clock, elapsed) : StagedLayer{};
     } catch (const std::exception&) {
         return {};
     }
@@ -44,7 +45,7 @@ struct Composite {
     bool showsCanvas = true;
     int readings = 0; ///< of what lies below, by layers that still show
 
-    void lay(const Laid& layer, bool reads) {
+    void add(const StagedLayer& layer, bool reads) {
         if (layer.image.empty()) return;
         if (layer.hides) {
             showsCanvas = false;
@@ -61,7 +62,9 @@ Composite composite(const PlacedOverlay& placed, double time, const Scene& scene
     Composite result{canvas};
     for (const auto& context : layersOn(placed, clock, elapsed, scene)) {
         if (context.take(&Budget::layers, 1) == 0) break;
-        result.lay(laidOf(context, clock, elapsed), readsBelow(context));
+        const auto layer = staged(context, clock, elapsed);
+        if (!context.takeArea(layer.image.extent(), layer.costly)) break;
+        result.add(layer, Slots::readsBelow(context));
     }
     result.image = result.image.cropped({0, 0, scene.plan.frame.width, scene.plan.frame.height});
     return result;
@@ -88,7 +91,7 @@ Image draw(const PlacedOverlay& placed, double time, const Scene& given, const I
 
 bool showsBelow(const PlacedOverlay& placed, double time, const Scene& scene) {
     const auto layers = layersOn(placed, PlaybookClock(placed), time - placed.start, scene);
-    return std::any_of(layers.begin(), layers.end(), readsBelow);
+    return std::any_of(layers.begin(), layers.end(), Slots::readsBelow);
 }
 
 }

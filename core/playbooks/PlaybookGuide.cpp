@@ -1,14 +1,14 @@
-#include "core/playbooks/Guide.h"
+#include "core/playbooks/PlaybookGuide.h"
 
 #include "core/model/CaptionStyle.h"
 #include "core/model/EaseCurve.h"
 #include "core/model/Entrance.h"
-#include "core/playbooks/BlendTexts.h"
 #include "core/playbooks/Drift.h"
 #include "core/playbooks/Effect.h"
 #include "core/playbooks/Hold.h"
+#include "core/playbooks/LayerBlend.h"
+#include "core/playbooks/LayerShape.h"
 #include "core/playbooks/ParameterType.h"
-#include "core/playbooks/Shape.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -53,7 +53,7 @@ LAYERS: exactly one of
            builtInStyles() +
            R"guide( or the owner's, or a $parameter), with size (points), color, outline ("" for none), box (a colour behind each line, fitted to it). Emoji work.
   shape: )guide" +
-           listed<Shape>() +
+           listed<LayerShape>() +
            R"guide( with color, w, h, radius (share of the shorter side); fill: true covers the frame. A rect with gradient (a second colour) fades from color at its top to gradient at its bottom.
   particles: emoji or letters to scatter, comma separated ("💗,💕"), or confetti; with count, w (each one's size), drift ()guide" +
            listed<Drift>() +

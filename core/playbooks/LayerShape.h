@@ -5,8 +5,8 @@
 namespace murbo {
 
 /// The shapes that a layer may be.
-enum class Shape { rect, round, circle, ring };
-constexpr auto rawTexts(Shape) {
+enum class LayerShape { rect, round, circle, ring };
+constexpr auto rawTexts(LayerShape) {
     return std::array<std::string_view, 4>{"rect", "round", "circle", "ring"};
 }
 

@@ -1,11 +1,12 @@
 #pragma once
 
 #include "platform/base/RawText.h"
-#include "platform/image/Filter.h"
+#include "platform/image/Blend.h"
 
 namespace murbo {
 
-/// What playbooks call the blends.
+/// How a layer may be mixed with those below.
+using LayerBlend = Blend;
 constexpr auto rawTexts(Blend) {
     return std::array<std::string_view, 6>{"normal", "multiply", "screen", "overlay", "add", "soft"};
 }

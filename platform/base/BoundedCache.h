@@ -10,23 +10,23 @@
 
 namespace murbo {
 
-/// What is costly to make and used again, as far as it fits: what was used longest ago goes first. Any thread
-/// may ask. What several ask for at once is made once; those who ask for other things never wait for it.
+/// Keeps what is costly to make and used again, as far as it fits; what was used longest ago goes first. Any
+/// thread may ask. What several ask for at once is made once; those who ask for other things never wait.
 template <class Key, class Value>
-class MediaCache {
+class BoundedCache {
 public:
     struct Bounds {
         std::size_t entries = 0;
         std::size_t bytes = SIZE_MAX; ///< what was asked for last is kept even alone above them
     };
-    struct Made {
+    struct Weighed {
         Value value;
         std::size_t bytes = 0;
     };
 
-    explicit MediaCache(Bounds given) : bounds(given) {}
+    explicit BoundedCache(Bounds given) : bounds(given) {}
 
-    /// What is kept under a key, or else what `make` answers (a `Made`). Where that throws, nothing is kept.
+    /// What is kept under a key, or else what `make` gives (a `Weighed`). Where that throws, nothing is kept.
     template <class Make>
     Value get(const Key& key, const Make& make) {
         const std::shared_ptr<Slot> slot = find(key);
@@ -39,7 +39,7 @@ public:
     }
 
     std::size_t count() const {
-        const std::lock_guard hold(lock);
+        const std::lock_guard locked(lock);
         return entries.size();
     }
 
@@ -56,7 +56,7 @@ private:
 
     std::shared_ptr<Slot> find(const Key& key) {
         std::vector<Entry> dropped; // freed after the lock
-        const std::lock_guard hold(lock);
+        const std::lock_guard locked(lock);
         Entry& entry = entries[key];
         entry.used = ++uses;
         auto slot = entry.slot;
@@ -66,11 +66,11 @@ private:
 
     void weigh(const Key& key, const std::shared_ptr<Slot>& slot, std::size_t bytes) {
         std::vector<Entry> dropped;
-        const std::lock_guard hold(lock);
+        const std::lock_guard locked(lock);
         const auto found = entries.find(key);
         if (found == entries.end() || found->second.slot != slot) return;
         found->second.bytes = bytes;
-        held += bytes;
+        total += bytes;
         makeRoom(dropped);
     }
 
@@ -78,9 +78,9 @@ private:
         const auto older = [](const auto& one, const auto& other) {
             return one.second.used < other.second.used;
         };
-        while (entries.size() > 1 && (entries.size() > bounds.entries || held > bounds.bytes)) {
+        while (entries.size() > 1 && (entries.size() > bounds.entries || total > bounds.bytes)) {
             const auto oldest = std::min_element(entries.begin(), entries.end(), older);
-            held -= oldest->second.bytes;
+            total -= oldest->second.bytes;
             dropped.push_back(std::move(oldest->second));
             entries.erase(oldest);
         }
@@ -89,7 +89,7 @@ private:
     const Bounds bounds;
     mutable std::mutex lock; // guards all below, never a making
     std::unordered_map<Key, Entry> entries;
-    std::size_t held = 0;
+    std::size_t total = 0; // bytes
     std::uint64_t uses = 0;
 };
 

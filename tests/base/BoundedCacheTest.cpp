@@ -1,4 +1,4 @@
-#include "core/render/stage/MediaCache.h"
+#include "platform/base/BoundedCache.h"
 
 #include <atomic>
 #include <stdexcept>
@@ -9,14 +9,14 @@
 
 namespace murbo {
 
-using Cache = MediaCache<std::string, int>;
+using Cache = BoundedCache<std::string, int>;
 
-TEST(MediaCache, whatWasUsedLongestAgoGoesFirst) {
+TEST(BoundedCache, whatWasUsedLongestAgoGoesFirst) {
     Cache cache({.entries = 3, .bytes = 100});
     int made = 0;
     const auto ask = [&](const std::string& key, std::size_t bytes = 1) {
         const int before = made;
-        cache.get(key, [&]() -> Cache::Made { return {++made, bytes}; });
+        cache.get(key, [&]() -> Cache::Weighed { return {++made, bytes}; });
         return made > before;
     };
     EXPECT_TRUE(ask("a") && ask("b") && ask("c"));
@@ -31,15 +31,15 @@ TEST(MediaCache, whatWasUsedLongestAgoGoesFirst) {
     EXPECT_EQ(cache.count(), 1U);
 }
 
-TEST(MediaCache, whatSeveralAskForIsMadeOnce) {
-    MediaCache<std::string, int> cache({.entries = 10});
+TEST(BoundedCache, whatSeveralAskForIsMadeOnce) {
+    BoundedCache<std::string, int> cache({.entries = 10});
     std::atomic<int> made = 0;
     std::vector<std::thread> threads;
     for (int thread = 0; thread < 8; ++thread)
         threads.emplace_back([&] {
             for (int time = 0; time < 200; ++time)
                 EXPECT_EQ(cache.get(std::to_string(time % 5),
-                                    [&]() -> Cache::Made {
+                                    [&]() -> Cache::Weighed {
                                         ++made;
                                         return {time % 5, 1};
                                     }),
@@ -49,11 +49,11 @@ TEST(MediaCache, whatSeveralAskForIsMadeOnce) {
     EXPECT_EQ(made, 5);
 }
 
-TEST(MediaCache, whatCouldNotBeMadeIsTriedAgain) {
+TEST(BoundedCache, whatCouldNotBeMadeIsTriedAgain) {
     Cache cache({.entries = 10});
-    const auto failing = []() -> Cache::Made { throw std::runtime_error("no memory"); };
+    const auto failing = []() -> Cache::Weighed { throw std::runtime_error("no memory"); };
     EXPECT_THROW(cache.get("a", failing), std::runtime_error);
-    EXPECT_EQ(cache.get("a", []() -> Cache::Made { return {7, 1}; }), 7);
+    EXPECT_EQ(cache.get("a", []() -> Cache::Weighed { return {7, 1}; }), 7);
 }
 
 }

@@ -1,6 +1,6 @@
-#include "core/render/stage/Placing.h"
+#include "core/render/stage/StagedLayer.h"
 
-#include "core/playbooks/BlendTexts.h"
+#include "core/playbooks/LayerBlend.h"
 #include "core/render/plan/Motion.h"
 #include "core/render/stage/Holds.h"
 #include "core/render/stage/KeyedValue.h"
@@ -86,12 +86,12 @@ bool keepsMoving(const Context& context) {
     return hold && Holds::isMoving(*hold);
 }
 
-/// The scale of a picture of that extent, held at where it shows less than a thousandth of itself at once:
+/// The scale of a picture of that extent, clamped to where it shows less than a thousandth of itself at once:
 /// more could only strain the arithmetic.
-double heldScale(double scale, const Rect& extent) {
+double clampedScale(double scale, const Rect& extent) {
     constexpr double largest = 1e6; // pixels of its longer side
-    const double most = largest / std::max({extent.width, extent.height, 1.0});
-    return std::clamp(scale, -most, most);
+    const double max = largest / std::max({extent.width, extent.height, 1.0});
+    return std::clamp(scale, -max, max);
 }
 
 /// Puts a picture that stands upright and still on whole pixels: between them letters blur, and edges that
@@ -111,9 +111,10 @@ Transform onPixels(const Transform& place, const Rect& extent) {
         .translated(left, top);
 }
 
-Transform placeOf(const Made& made, const Context& context, const Pose& pose, const Movement& movement) {
-    const Rect extent = made.image.extent();
-    const double scale = heldScale(pose.scale * made.scale * movement.scale, extent);
+Transform placeOf(const LayerPicture& picture, const Context& context, const Pose& pose,
+                  const Movement& movement) {
+    const Rect extent = picture.image.extent();
+    const double scale = clampedScale(pose.scale * picture.scale * movement.scale, extent);
     const double turn = pose.rotation + movement.rotation;
     const Point middle = extent.middle();
     const auto place =
@@ -123,7 +124,7 @@ Transform placeOf(const Made& made, const Context& context, const Pose& pose, co
             .rotated(turn)
             .translated(context.width() * pose.x + movement.dx, context.height() * pose.y + movement.dy);
     const bool still = movement.rests() && turn == 0 && scale > 0 && !pose.travels && !keepsMoving(context);
-    return still && !made.round ? onPixels(place, extent) : place;
+    return still && !picture.round ? onPixels(place, extent) : place;
 }
 
 /// Whether a picture at an angle hides the whole frame, its smooth edges well outside.
@@ -161,16 +162,18 @@ Image revealed(const Image& image, double share) {
 
 }
 
-Laid laid(const Made& made, const Context& context, const PlaybookClock& clock, double elapsed) {
+StagedLayer StagedLayer::place(const LayerPicture& picture, const Context& context,
+                               const PlaybookClock& clock, double elapsed) {
     constexpr double full = 0.999;
     const Pose pose = poseOf(context, clock, elapsed);
     const Movement movement = movementOf(context, clock, elapsed);
-    const Transform place = made.placed ? Transform() : placeOf(made, context, pose, movement);
+    const Transform place = picture.placed ? Transform() : placeOf(picture, context, pose, movement);
     const double opacity = pose.opacity * movement.opacity;
-    const Image image = moved(revealed(made.image, movement.reveal), place, context.frame());
-    Laid laid{opacity < full ? image.faded(opacity) : image, blendOf(context.layer.blend)};
-    laid.hides = laid.blend == Blend::normal && laid.image.isOpaqueOver(context.frame());
-    return laid;
+    const Image image = moved(revealed(picture.image, movement.reveal), place, context.frame());
+    StagedLayer layer{opacity < full ? image.faded(opacity) : image, blendOf(context.layer.blend)};
+    layer.costly = layer.blend != Blend::normal || picture.round || !place.keepsAxes();
+    layer.hides = layer.blend == Blend::normal && layer.image.isOpaqueOver(context.frame());
+    return layer;
 }
 
 }

@@ -1,5 +1,6 @@
-#include "core/playbooks/Check.h"
+#include "core/playbooks/JsonChanges.h"
 #include "core/playbooks/Library.h"
+#include "core/playbooks/PlaybookCheck.h"
 #include "core/playbooks/PlaybookCodec.h"
 #include "core/playbooks/Playbooks.h"
 #include "platform/base/Dates.h"
@@ -22,18 +23,18 @@ namespace fs = std::filesystem;
 
 constexpr const char* fileName = "playbook.json";
 constexpr std::size_t longestStem = 200; ///< bytes; leaves room for a number and the ending
-constexpr std::size_t mostLogBytes = std::size_t{64} << 20;
+constexpr std::size_t maxLogBytes = std::size_t{64} << 20;
 
 /// A line of a playbook's own log.
-struct Change {
+struct LogLine {
     std::string by;
     std::vector<std::string> changes;
     std::string date;
     std::int64_t version = 1;
 
     static constexpr auto fields() {
-        return std::tuple{field("by", &Change::by), field("changes", &Change::changes),
-                          field("date", &Change::date), field("version", &Change::version)};
+        return std::tuple{field("by", &LogLine::by), field("changes", &LogLine::changes),
+                          field("date", &LogLine::date), field("version", &LogLine::version)};
     }
 };
 
@@ -101,7 +102,7 @@ void copyIn(const Asset& asset, const fs::path& work) {
 
 std::vector<std::string> changes(const Book& before, const Playbook& after,
                                  const std::vector<Asset>& assets) {
-    auto lines = diff(encoded(before.playbook), encoded(after));
+    auto lines = JsonChanges::lines(encoded(before.playbook), encoded(after));
     for (const auto& asset : assets) lines.push_back("added assets/" + asset.name);
     return lines;
 }
@@ -109,14 +110,14 @@ std::vector<std::string> changes(const Book& before, const Playbook& after,
 void keepVersion(const Book& before, const fs::path& work) {
     Files::createFolder(work / "versions");
     Files::writeWhole(work / "versions" / (std::to_string(before.version()) + ".json"),
-                      Files::readWhole(*before.folder / fileName, Playbook::mostBytes));
+                      Files::readWhole(*before.folder / fileName, Playbook::maxBytes));
 }
 
-void log(const Change& change, const fs::path& work) {
+void log(const LogLine& line, const fs::path& work) {
     const auto file = work / "changes.jsonl";
     std::error_code ignored;
-    const auto before = fs::exists(file, ignored) ? Files::readWhole(file, mostLogBytes) : std::string();
-    Files::writeWhole(file, before + Codec::encode(change, JsonWriter::Layout::compact) + "\n");
+    const auto before = fs::exists(file, ignored) ? Files::readWhole(file, maxLogBytes) : std::string();
+    Files::writeWhole(file, before + Codec::encode(line, JsonWriter::Layout::compact) + "\n");
 }
 
 /// For file systems that know no exchange: the old folder steps aside for a moment, and back if need be.
@@ -143,7 +144,7 @@ void putInPlace(const fs::path& work, const fs::path& folder) {
     fail("The playbook could not be saved", {cause, std::generic_category()});
 }
 
-/// The folder that a book stands in, behind any link.
+/// The folder that a book stands in, where any link to it leads.
 fs::path standing(const Book& book) {
     std::error_code error;
     const auto folder = fs::canonical(*book.folder, error);

@@ -1,16 +1,16 @@
-#include "core/playbooks/Check.h"
+#include "core/playbooks/PlaybookCheck.h"
 
 #include "core/model/EaseCurve.h"
 #include "core/model/Entrance.h"
-#include "core/playbooks/BlendTexts.h"
 #include "core/playbooks/Drift.h"
 #include "core/playbooks/Effect.h"
 #include "core/playbooks/Hold.h"
+#include "core/playbooks/LayerBlend.h"
 #include "core/playbooks/LayerContent.h"
+#include "core/playbooks/LayerShape.h"
 #include "core/playbooks/ParameterName.h"
 #include "core/playbooks/ParameterType.h"
-#include "core/playbooks/PlaybookCodec.h"
-#include "core/playbooks/Shape.h"
+#include "core/playbooks/Playbook.h"
 #include "platform/base/Json.h"
 #include "platform/base/Problem.h"
 
@@ -23,7 +23,8 @@ namespace {
 using Faults = std::vector<std::string>;
 
 /// So that a file made to have faults without end still gives a message that somebody can read.
-constexpr std::size_t mostFaults = 1000;
+constexpr std::size_t maxFaults = 1000;
+constexpr std::size_t maxFaultBytes = 1'000'000;
 
 template <class T>
 std::vector<std::string_view> fieldNames() {
@@ -56,14 +57,13 @@ std::optional<std::string> text(const std::optional<JsonValue>& value) {
     return value->text();
 }
 
-/// The names of the parameters that a text asks for.
-std::vector<std::string> parameters(const std::string& text) {
-    std::vector<std::string> names;
-    for (auto at = text.find('$'); at != std::string::npos; at = text.find('$', at + 1)) {
-        auto name = text.substr(at + 1, ParameterName::length(std::string_view(text).substr(at + 1)));
-        if (!name.empty()) names.push_back(std::move(name));
+/// Calls with the name of each parameter that a text asks for, as long as it says so.
+template <class Call>
+void eachParameter(std::string_view text, const Call& wantsMore) {
+    for (auto at = text.find('$'); at != text.npos; at = text.find('$', at + 1)) {
+        const auto name = text.substr(at + 1, ParameterName::length(text.substr(at + 1)));
+        if (!name.empty() && !wantsMore(name)) return;
     }
-    return names;
 }
 
 class Check {
@@ -79,20 +79,27 @@ public:
         declared("captions", root.member("captions"));
         const auto list = root.member("layers");
         if (const auto layers = objects(list))
-            for (std::size_t at = 0; at < layers->size(); ++at)
+            for (std::size_t at = 0; at < layers->size() && !isFull(); ++at)
                 layer((*layers)[at], fmt::format("layers[{}]", at));
-        if (!list || !list->isList()) found.push_back("A playbook needs layers, a list.");
+        if (!list || !list->isList()) fault("A playbook needs layers, a list.");
         return std::move(found);
     }
 
 private:
+    bool isFull() const { return found.size() >= maxFaults || bytes >= maxFaultBytes; }
+    void fault(std::string words) {
+        if (isFull()) return;
+        bytes += words.size();
+        found.push_back(std::move(words));
+    }
+
     void fields() {
         auto known = fieldNames<Playbook>();
         std::sort(known.begin(), known.end());
         for (const auto key : root.names())
             if (!knows(known, key))
-                found.push_back(fmt::format("“{}” is not a field of a playbook. Fields: {}.", key,
-                                            fmt::join(known, ", ")));
+                fault(fmt::format("“{}” is not a field of a playbook. Fields: {}.", key,
+                                  fmt::join(known, ", ")));
     }
 
     void parameterTypes() {
@@ -105,29 +112,27 @@ private:
             const auto entry = params->member(name);
             const auto type = text(entry->member("type"));
             if (type && !fromRawText<ParameterType>(*type))
-                found.push_back(notOneOf<ParameterType>(fmt::format("params.{}: type ", name), *type));
+                fault(notOneOf<ParameterType>(fmt::format("params.{}: type ", name), *type));
         }
     }
 
     void identity() {
         const auto id = text(root.member("id"));
         if (id && (id->find('/') != std::string::npos || id->find("..") != std::string::npos))
-            found.push_back(fmt::format("id: “{}” may not contain / or ..", *id));
+            fault(fmt::format("id: “{}” may not contain / or ..", *id));
     }
 
     void kind() {
         const auto kind = text(root.member("kind"));
         if (kind && *kind != "layout" && *kind != "generator")
-            found.push_back(fmt::format(
+            fault(fmt::format(
                 "kind: “{}” is not a kind of playbook; leave it out, or say layout or generator.", *kind));
     }
 
     void layer(const JsonValue& layer, const std::string& where) {
-        if (found.size() > mostFaults) return;
         const auto known = fieldNames<Playbook::Layer>();
         for (const auto key : layer.names())
-            if (!knows(known, key))
-                found.push_back(fmt::format("{}: “{}” is not a field of a layer.", where, key));
+            if (!knows(known, key)) fault(fmt::format("{}: “{}” is not a field of a layer.", where, key));
         content(layer, where);
         words(layer, where);
         effects(layer, where);
@@ -141,7 +146,7 @@ private:
         for (const auto word : rawTexts(LayerContent{}))
             if (layer.member(word)) present.push_back(word);
         if (present.size() == 1) return;
-        found.push_back(fmt::format(
+        fault(fmt::format(
             "{} must be exactly one of image, video, text, shape, particles, slot or sound; it is {}.", where,
             present.empty() ? "none" : fmt::format("{}", fmt::join(present, " and "))));
     }
@@ -151,7 +156,7 @@ private:
         word<Entrance>(layer, where, "out");
         word<Hold>(layer, where, "hold");
         word<Blend>(layer, where, "blend");
-        word<Shape>(layer, where, "shape");
+        word<LayerShape>(layer, where, "shape");
         word<Drift>(layer, where, "drift");
     }
 
@@ -159,33 +164,31 @@ private:
     void word(const JsonValue& layer, const std::string& where, const char* key) {
         const auto value = text(layer.member(key));
         if (value && !value->starts_with('$') && !fromRawText<Word>(*value))
-            found.push_back(notOneOf<Word>(fmt::format("{}.{}: ", where, key), *value));
+            fault(notOneOf<Word>(fmt::format("{}.{}: ", where, key), *value));
     }
 
     void effects(const JsonValue& layer, const std::string& where) {
         const auto list = layer.member("effects");
         if (!list || !list->isList()) return;
-        Faults wrong;
-        for (std::size_t at = 0; at < list->size(); ++at) {
-            const auto effect = text(list->element(at));
-            if (!effect) return;
-            if (!effectNamed(*effect)) wrong.push_back(notOneOf<Effect>(where + ".effects: ", *effect));
+        // One that is no text is a fault of types, and then none is of words.
+        for (std::size_t at = 0; at < list->size(); ++at)
+            if (!list->element(at).isText()) return;
+        for (std::size_t at = 0; at < list->size() && !isFull(); ++at) {
+            const auto effect = list->element(at).text();
+            if (!effectNamed(effect)) fault(notOneOf<Effect>(where + ".effects: ", effect));
         }
-        found.insert(found.end(), wrong.begin(), wrong.end());
     }
 
     void keys(const JsonValue& layer, const std::string& where) {
         const auto keys = objects(layer.member("keys"));
         if (!keys) return;
         const auto known = fieldNames<Playbook::Key>();
-        for (std::size_t at = 0; at < keys->size(); ++at) {
+        for (std::size_t at = 0; at < keys->size() && !isFull(); ++at) {
             const auto place = fmt::format("{}.keys[{}]", where, at);
             for (const auto name : (*keys)[at].names())
-                if (!knows(known, name))
-                    found.push_back(fmt::format("{}: “{}” is not a field of a key.", place, name));
+                if (!knows(known, name)) fault(fmt::format("{}: “{}” is not a field of a key.", place, name));
             const auto ease = text((*keys)[at].member("ease"));
-            if (ease && !fromRawText<EaseCurve>(*ease))
-                found.push_back(notOneOf<EaseCurve>(place + ".ease: ", *ease));
+            if (ease && !fromRawText<EaseCurve>(*ease)) fault(notOneOf<EaseCurve>(place + ".ease: ", *ease));
         }
     }
 
@@ -194,9 +197,11 @@ private:
         const auto used = text(value);
         if (!used) return;
         const auto params = root.member("params");
-        for (const auto& name : parameters(*used))
+        eachParameter(*used, [&](std::string_view name) {
             if (!params || !params->isObject() || !params->member(name))
-                found.push_back(fmt::format("{}: ${} is not declared in params.", where, name));
+                fault(fmt::format("{}: ${} is not declared in params.", where, name));
+            return !isFull();
+        });
     }
 
     void files(const JsonValue& layer, const std::string& where) {
@@ -205,20 +210,21 @@ private:
             if (!name || name->find('$') != std::string::npos) continue;
             std::error_code ignored;
             if (name->find("..") != std::string::npos)
-                found.push_back(fmt::format("{}.{}: {} climbs out of the playbook.", where, key, *name));
+                fault(fmt::format("{}.{}: {} climbs out of the playbook.", where, key, *name));
             else if (!std::filesystem::exists(*folder / std::filesystem::path(*name).relative_path(),
                                               ignored))
-                found.push_back(fmt::format("{}.{}: {} is not in the playbook.", where, key, *name));
+                fault(fmt::format("{}.{}: {} is not in the playbook.", where, key, *name));
         }
     }
 
     const JsonValue& root;
     const std::optional<std::filesystem::path>& folder;
     Faults found;
+    std::size_t bytes = 0; // of their words
 };
 
 Json parsed(std::string_view text) {
-    if (text.size() > Playbook::mostBytes) throw Problem("The playbook is too large.");
+    if (text.size() > Playbook::maxBytes) throw Problem("The playbook is too large.");
     return Json::parse(text);
 }
 

@@ -1,9 +1,12 @@
-#include "core/playbooks/Playbooks.h"
+#include "core/playbooks/JsonChanges.h"
+
+#include <set>
+#include <utility>
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
-namespace murbo {
+namespace murbo::JsonChanges {
 namespace {
 
 using Json = nlohmann::json;
@@ -72,12 +75,12 @@ void compare(const Json& before, const Json& after, const std::string& path, Lin
 
 }
 
-std::vector<std::string> Playbooks::diff(std::string_view before, std::string_view after) {
-    Lines lines;
+std::vector<std::string> lines(std::string_view before, std::string_view after) {
+    Lines changes;
     const auto old = Json::parse(before, nullptr, false);
     const auto now = Json::parse(after, nullptr, false);
-    if (!old.is_discarded() && !now.is_discarded()) compare(old, now, "", lines);
-    return lines;
+    if (!old.is_discarded() && !now.is_discarded()) compare(old, now, "", changes);
+    return changes;
 }
 
 }

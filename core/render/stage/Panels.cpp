@@ -1,12 +1,13 @@
+#include "core/render/stage/Panels.h"
+
 #include "core/render/plan/Crop.h"
-#include "core/render/stage/Slots.h"
 
 #include <algorithm>
 
-namespace murbo::Stage {
+namespace murbo::Stage::Panels {
 namespace {
 
-/// The panel's size in the frame. Where only the width is told, the height follows the footage's area.
+/// The panel's size in the frame. Where only the width is given, the height follows the footage's area.
 Size panelSize(const Context& context, const Rect& area) {
     const auto& layer = context.layer;
     if (layer.fill.value_or(false)) return {context.width(), context.height()};
@@ -38,19 +39,19 @@ std::optional<Rect> areaOf(const std::string& word, Size picture, const Framing&
 
 }
 
-std::optional<Made> panel(const std::string& word, const Context& context) {
+std::optional<LayerPicture> picture(const std::string& word, const Context& context) {
     if (!context.scene.source) return std::nullopt;
     const auto extent = context.scene.source->extent();
     const Size picture{extent.width, extent.height};
     const auto area = areaOf(word, picture, context.scene.framing);
     if (!area) return std::nullopt;
     const Size size = panelSize(context, *area);
-    if (!canBeShown(size)) return Made{};
+    if (!canBeShown(size)) return LayerPicture{};
     const Rect crop = cropOf(word, *area, picture, size, context);
     const auto image = context.scene.source->clamped()
                            .transformed(Transform().translated(-extent.x - crop.x, -extent.y - crop.y))
                            .cropped({0, 0, crop.width, crop.height});
-    return Made{.image = image, .scale = size.width / std::max(crop.width, 1.0)};
+    return LayerPicture{.image = image, .scale = size.width / std::max(crop.width, 1.0)};
 }
 
 }

@@ -1,0 +1,88 @@
+#include "platform/base/Problem.h"
+#include "tests/playbooks/OwnersLibrary.h"
+
+#include <fstream>
+
+#include <gmock/gmock.h>
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+
+namespace murbo {
+namespace {
+
+class PlaybookSaving : public OwnersLibrary {};
+
+TEST_F(PlaybookSaving, keepsEveryVersionOfAPlaybook) {
+    auto first = Playbooks::write(named("Star"), {{asset("a.png"), "a.png"}}, "Claude");
+    EXPECT_EQ(first.version(), 1);
+    EXPECT_EQ(first.folder, folder / "Playbooks" / "Star.mbplay");
+    EXPECT_TRUE(fs::exists(*first.folder / "assets/a.png"));
+
+    Playbook next = first.playbook;
+    next.about = "Shines.";
+    next.layers[0].text = std::string(60, 'x');
+    const auto second = Playbooks::write(next, {{asset("b.png"), "deep/b.png"}}, "me");
+    EXPECT_EQ(second.version(), 2);
+    EXPECT_EQ(second.folder, first.folder);
+    EXPECT_TRUE(fs::exists(*second.folder / "assets/a.png"));
+    EXPECT_EQ(Playbook::decode(read(*second.folder / "versions/1.json")), first.playbook);
+    const auto log = read(*second.folder / "changes.jsonl");
+    EXPECT_THAT(log, HasSubstr(R"("by":"Claude","changes":[])"));
+    EXPECT_THAT(log, HasSubstr(R"("changes":["about: added “Shines.”","layers[0].text: “Hi” → “)" +
+                               std::string(40, 'x') + R"(…”","added assets/deep/b.png"])"));
+    EXPECT_EQ(Playbooks::find(first.id())->version(), 2);
+    EXPECT_FALSE(Playbooks::book(first.id(), 1, std::nullopt));
+}
+
+TEST_F(PlaybookSaving, aSaveThatFailsLeavesEverythingAsItWas) {
+    const auto book = Playbooks::write(named("Star"), {}, "me");
+    const auto before = read(*book.folder / "playbook.json");
+    Playbook broken = book.playbook;
+    broken.layers[0].text.reset();
+    broken.layers[0].image = "assets/none.png";
+    EXPECT_THROW(Playbooks::write(broken, {}, "me"), Problem);
+    for (const char* name : {"../out.png", "", "a/../../out.png", "."})
+        EXPECT_THROW(Playbooks::write(book.playbook, {{asset("c.png"), name}}, "me"), Problem) << name;
+    EXPECT_EQ(read(*book.folder / "playbook.json"), before);
+    EXPECT_FALSE(fs::exists(folder / "Playbooks" / "out.png"));
+    const auto left = std::distance(fs::directory_iterator(folder / "Playbooks"), {});
+    EXPECT_EQ(left, 1);
+}
+
+TEST_F(PlaybookSaving, savesUnderLongNamesAndBehindLinks) {
+    std::string name;
+    for (int at = 0; at < 90; ++at) name += "ก";
+    const auto book = Playbooks::write(named(name), {}, "me");
+    EXPECT_EQ(book.playbook.name, name);
+
+    fs::create_directories(folder / "elsewhere");
+    fs::rename(*book.folder, folder / "elsewhere/One.mbplay");
+    fs::create_symlink(folder / "elsewhere/One.mbplay", folder / "Playbooks/One.mbplay");
+    Playbooks::dropListing();
+    EXPECT_EQ(Playbooks::write(book.playbook, {}, "me").version(), 2);
+    EXPECT_TRUE(fs::is_symlink(folder / "Playbooks/One.mbplay"));
+
+    Playbook last = book.playbook;
+    last.version = std::numeric_limits<std::int64_t>::max();
+    std::ofstream(folder / "elsewhere/One.mbplay/playbook.json") << Playbooks::encoded(last);
+    Playbooks::dropListing();
+    EXPECT_THROW(Playbooks::write(last, {}, "me"), Problem);
+}
+
+TEST_F(PlaybookSaving, aSaveTakesAwayWhatAKilledOneLeft) {
+    const auto left = [&](const char* name, std::chrono::minutes age) {
+        fs::create_directories(Library::playbooks() / name / "assets");
+        fs::last_write_time(Library::playbooks() / name, fs::file_time_type::clock::now() - age);
+        return Library::playbooks() / name;
+    };
+    const auto killed = left(".saving-killed", std::chrono::minutes(61));
+    const auto working = left(".saving-working", std::chrono::minutes(5));
+    const auto owners = left("Old and mine", std::chrono::minutes(600));
+    Playbooks::write(named("New"), {}, "test");
+    EXPECT_FALSE(fs::exists(killed));
+    EXPECT_TRUE(fs::exists(working) && fs::exists(owners));
+}
+
+}
+}

@@ -1,0 +1,78 @@
+#include "tests/stage/Staged.h"
+
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+TEST(Elements, keepLettersSharpThatTheyEnlarge) {
+    const Staged stage(400, 200, {30, 60, 200});
+    const auto large = stage.drawn(R"({"text": "Hi", "size": 120})");
+    const auto enlarged = stage.drawn(R"({"text": "Hi", "size": 30, "scale": 4})");
+    int letters = 0, apart = 0;
+    for (int y = 0; y < 200; ++y)
+        for (int x = 0; x < 400; ++x) {
+            letters += large.row(y)[x * 4] != 200;
+            apart += std::abs(large.row(y)[x * 4] - enlarged.row(y)[x * 4]) > 40;
+        }
+    EXPECT_GT(letters, 5000);
+    EXPECT_LT(apart, letters / 50) << "of " << letters;
+}
+
+namespace {
+
+/// How many pixels have that colour.
+int countOf(const Bitmap& bitmap, const std::string& colour) {
+    int count = 0;
+    for (int y = 0; y < bitmap.height(); ++y)
+        for (int x = 0; x < bitmap.width(); ++x) count += at(bitmap, x, y) == colour;
+    return count;
+}
+
+}
+
+TEST(Elements, dropTheBoxOfAStyleWhereTheLayerHasItsOwnColour) {
+    Staged stage(300, 150, {0, 0, 200});
+    CaptionStyle card;
+    card.fill = "111111";
+    card.outline = "";
+    card.shadow = false;
+    card.pill = "FFFFFF";
+    stage.plan.presets["card"] = card;
+    const auto drawn = [&](const std::string& more) {
+        return stage.drawn(R"({"text": "I", "style": "card", "size": 60)" + more + "}");
+    };
+    if (countOf(drawn(""), "111111") == 0) GTEST_SKIP() << "No font is installed.";
+    EXPECT_GT(countOf(drawn(""), "FFFFFF"), 500) << "the style's own letters keep its box";
+    EXPECT_EQ(countOf(drawn(R"(, "color": "FF0000")"), "FFFFFF"), 0);
+    EXPECT_GT(countOf(drawn(R"(, "color": "FF0000")"), "FF0000"), 50);
+    EXPECT_GT(countOf(drawn(R"(, "color": "FF0000", "box": "00FF00")"), "00FF00"), 500);
+}
+
+TEST(Elements, ringLettersButNoEmoji) {
+    const Staged stage(400, 200, {0, 0, 200});
+    const auto green = [&](const std::string& text) {
+        return countOf(stage.drawn(R"({"text": ")" + text + R"(", "size": 90, "outline": "00FF00"})"),
+                       "00FF00");
+    };
+    if (green("I") == 0) GTEST_SKIP() << "No font is installed.";
+    EXPECT_EQ(green("😂"), 0);
+    EXPECT_EQ(green("❤️ 🔥"), 0);
+    EXPECT_GT(green("I😂"), 50);
+}
+
+TEST(Elements, breakLettersByTheWidthOfTheFrame) {
+    const auto widthIn = [](double width, double height) {
+        const Staged stage(width, height);
+        const auto frame = stage.drawn(R"({"text": "What a very long line of words this is", "size": 60})");
+        int left = int(width), right = 0;
+        for (int y = 0; y < frame.height(); ++y)
+            for (int x = 0; x < frame.width(); ++x)
+                if (at(frame, x, y) == "FFFFFF") left = std::min(left, x), right = std::max(right, x);
+        return right - left;
+    };
+    if (widthIn(1080, 400) < 0) GTEST_SKIP() << "No font is installed.";
+    EXPECT_LT(widthIn(1080, 400), 0.86 * 1080);
+    EXPECT_GT(widthIn(1920, 400), 1000) << "one line";
+}

@@ -1,0 +1,77 @@
+#include "tests/stage/Staged.h"
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+constexpr const char* white = "FFFFFF";
+constexpr const char* black = "000000";
+
+std::string rect(const std::string& more) {
+    return R"({"shape": "rect", "w": 0.5, "h": 0.25, )" + more + "}";
+}
+
+/// Which of some pixels are white.
+std::string seen(const Bitmap& bitmap, const std::vector<std::pair<int, int>>& places) {
+    std::string result;
+    for (const auto& [x, y] : places) result += at(bitmap, x, y) == white ? '#' : '.';
+    return result;
+}
+
+}
+
+TEST(StagedLayer, standsWhereItsNumbersSay) {
+    const Staged stage(80, 160);
+    // Just inside and just outside of each side.
+    const std::vector<std::pair<int, int>> edges{{0, 100}, {39, 139}, {40, 120}, {20, 99}, {20, 140}};
+    EXPECT_EQ(seen(stage.drawn(rect(R"("x": 0.25, "y": 0.75)")), edges), "##...");
+    EXPECT_EQ(seen(stage.drawn(rect(R"("x": "$x", "y": 0.5)")), {{20, 60}, {59, 99}, {19, 60}}), "##.")
+        << "a parameter without a value is the default";
+    EXPECT_EQ(seen(stage.drawn(rect(R"("scale": 2)")), {{0, 40}, {79, 119}, {40, 39}, {40, 120}}), "##..");
+    EXPECT_EQ(seen(stage.drawn(R"({"shape": "rect", "w": 0.9, "h": 0.05, "rotation": 45})"),
+                   {{60, 100}, {20, 60}, {60, 60}, {20, 100}}),
+              "##..")
+        << "clockwise: what pointed right points down";
+    EXPECT_EQ(
+        seen(stage.drawn(R"({"shape": "rect", "fill": true, "x": 0.9, "scale": 0.1})"), {{0, 0}, {79, 159}}),
+        "##")
+        << "what fills the frame stays";
+    EXPECT_EQ(seen(stage.drawn(rect(R"("scale": 1e9)")), {{0, 0}, {79, 159}}), "##")
+        << "zoomed into without end";
+    EXPECT_EQ(at(stage.drawn(rect(R"("opacity": 0.5)")), 40, 80), "808080");
+    EXPECT_EQ(at(stage.drawn(rect(R"("opacity": 0.5, "color": "FF0000", "blend": "screen")")), 40, 80),
+              "800000");
+}
+
+TEST(StagedLayer, comesAndGoesAndMovesByItsTimes) {
+    const Staged stage(80, 160);
+    const auto timed = Staged::placed(rect(R"("from": 1, "to": 2)"));
+    for (const auto& [time, colour] : {std::pair{0.9, black}, {1.0, white}, {2.0, white}, {2.1, black}})
+        EXPECT_EQ(at(stage.drawn(timed, time), 40, 80), colour) << time;
+
+    const auto keyed = Staged::placed(
+        rect(R"("x": 0.9, "from": 1, "keys": [{"t": 0, "x": 0}, {"t": 1, "x": 1, "ease": "linear"}])"));
+    EXPECT_EQ(seen(stage.drawn(keyed, 1), {{0, 80}, {19, 80}, {21, 80}}), "##.")
+        << "keys count from the layer's start";
+    EXPECT_EQ(seen(stage.drawn(keyed, 1.5), {{18, 80}, {21, 80}, {58, 80}, {61, 80}}), ".##.");
+
+    const auto entering =
+        Staged::placed(rect(R"("x": 0.5, "in": "slide-up", "out": "wipe")"), 3, R"({"in": 0.4, "out": 0.4})");
+    EXPECT_EQ(seen(stage.drawn(entering, 0.2), {{40, 60}, {40, 71}, {40, 73}, {40, 111}}), "..##")
+        << "still below";
+    EXPECT_EQ(seen(stage.drawn(entering, 1), {{20, 60}, {59, 99}}), "##");
+    EXPECT_EQ(seen(stage.drawn(entering, 2.8), {{20, 80}, {52, 80}, {57, 80}}), "##.") << "from the right";
+}
+
+TEST(StagedLayer, thatStandsStillLiesOnWholePixels) {
+    const Staged stage(81, 161);
+    for (const char* place : {"0.301", "0.377", "0.5", "0.62"}) {
+        const auto frame = stage.drawn(rect(R"("x": )" + std::string(place) + R"(, "y": )" + place));
+        for (int x = 0; x < 81; ++x) {
+            const auto pixel = at(frame, x, int(161 * std::atof(place)));
+            EXPECT_TRUE(pixel == white || pixel == black) << pixel << " at " << x << " for " << place;
+        }
+    }
+}
