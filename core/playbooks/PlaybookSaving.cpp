@@ -4,14 +4,18 @@
 #include "core/playbooks/PlaybookCodec.h"
 #include "core/playbooks/Playbooks.h"
 #include "platform/base/Dates.h"
+#include "platform/base/Descriptor.h"
 #include "platform/base/Files.h"
 #include "platform/base/Problem.h"
 #include "platform/base/Text.h"
 
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
+#include <thread>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -121,17 +125,19 @@ void log(const LogLine& line, const fs::path& work) {
 }
 
 /// For file systems that know no exchange: the old folder steps aside for a moment, and back if need be.
-bool replaceByTurns(const fs::path& work, const fs::path& folder) {
-    const auto aside = work.parent_path() / (work.filename().string() + ".old");
-    std::error_code error;
+/// Where it can't step back it stays, under a name that no sweep takes away.
+void replaceByTurns(const fs::path& work, const fs::path& folder) {
+    const auto aside = folder.parent_path() / (".replaced-" + UUID::make().text());
+    std::error_code error, back;
     const bool replacing = fs::exists(folder, error);
     if (replacing) fs::rename(folder, aside, error);
-    if (error) return false;
+    if (error) fail("The playbook could not be saved", error);
     fs::rename(work, folder, error);
-    std::error_code ignored;
-    if (error && replacing) fs::rename(aside, folder, ignored);
-    fs::remove_all(aside, ignored);
-    return !error;
+    if (error && replacing) fs::rename(aside, folder, back);
+    if (back)
+        fail("The playbook could not be saved, and lies in “" + aside.filename().string() + "” now", back);
+    if (error) fail("The playbook could not be saved", error);
+    fs::remove_all(aside, error);
 }
 
 /// One folder in the place of another; both names hold a whole folder at every moment.
@@ -140,8 +146,40 @@ void putInPlace(const fs::path& work, const fs::path& folder) {
     const unsigned flags = fs::exists(folder, ignored) ? RENAME_EXCHANGE : RENAME_NOREPLACE;
     if (renameat2(AT_FDCWD, work.c_str(), AT_FDCWD, folder.c_str(), flags) == 0) return;
     const int cause = errno;
-    if ((cause == EINVAL || cause == ENOSYS) && replaceByTurns(work, folder)) return;
-    fail("The playbook could not be saved", {cause, std::generic_category()});
+    if (cause != EINVAL && cause != ENOSYS)
+        fail("The playbook could not be saved", {cause, std::generic_category()});
+    replaceByTurns(work, folder);
+}
+
+/// One save at a time into a library: two at once would make one version, and one of them would be lost.
+/// Where a file system knows no locks, nobody waits.
+class SavingLock {
+public:
+    explicit SavingLock(const fs::path& library)
+        : folder(::open(library.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+        const auto patience = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+        while (folder >= 0 && ::flock(folder, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+            if (std::chrono::steady_clock::now() > patience)
+                throw Problem("Another program is saving a playbook. Try again in a moment.");
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        }
+    }
+
+private:
+    Descriptor folder;
+};
+
+/// All of a folder, flushed: the one that it was copied from goes when this one is in its place.
+void copyFolder(const fs::path& from, const fs::path& to) {
+    for (const auto& entry : fs::recursive_directory_iterator(from)) {
+        const auto there = to / entry.path().lexically_relative(from);
+        if (entry.is_symlink())
+            fs::copy_symlink(entry.path(), there);
+        else if (entry.is_directory())
+            Files::createFolder(there);
+        else if (entry.is_regular_file())
+            Files::copy(entry.path(), there);
+    }
 }
 
 /// The folder that a book stands in, where any link to it leads.
@@ -161,16 +199,21 @@ std::int64_t versionAfter(const Book& before) {
 }
 
 Book write(Playbook playbook, const std::vector<Asset>& assets, const std::string& by) {
+    Files::createFolder(Library::playbooks());
+    const SavingLock lock(Library::playbooks());
+    dropListing(); // others may have saved since it was made
     const auto before = replaced(playbook);
     playbook.id = before ? before->id() : UUID::make().text();
     playbook.version = before ? versionAfter(*before) : 1;
     const auto folder = before ? standing(*before) : freeFolder(playbook.name);
 
     const WorkFolder work(folder.parent_path());
-    std::error_code error;
     if (before) {
-        fs::copy(folder, work.path, fs::copy_options::recursive | fs::copy_options::copy_symlinks, error);
-        if (error) fail("“" + playbook.name + "” could not be copied", error);
+        try {
+            copyFolder(folder, work.path);
+        } catch (const fs::filesystem_error& error) {
+            fail("“" + playbook.name + "” could not be copied", error.code());
+        }
     }
     for (const auto& asset : assets) copyIn(asset, work.path);
     const auto json = encoded(playbook);

@@ -2,6 +2,7 @@
 #include "tests/playbooks/OwnersLibrary.h"
 
 #include <fstream>
+#include <thread>
 
 #include <gmock/gmock.h>
 
@@ -82,6 +83,31 @@ TEST_F(PlaybookSaving, aSaveTakesAwayWhatAKilledOneLeft) {
     Playbooks::write(named("New"), {}, "test");
     EXPECT_FALSE(fs::exists(killed));
     EXPECT_TRUE(fs::exists(working) && fs::exists(owners));
+}
+
+TEST_F(PlaybookSaving, countsOnFromTheVersionThatAnotherProgramSaved) {
+    const auto first = Playbooks::write(named("Star"), {}, "me");
+    Playbooks::library(); // the listing is fresh now
+    Playbook theirs = first.playbook;
+    theirs.version = 2;
+    theirs.about = "theirs";
+    folder.file(first.folder->lexically_relative(folder.path) / "playbook.json", Playbooks::encoded(theirs));
+    EXPECT_EQ(Playbooks::write(first.playbook, {}, "me").version(), 3);
+    EXPECT_EQ(Playbook::decode(read(*first.folder / "versions/2.json")).about, "theirs");
+}
+
+TEST_F(PlaybookSaving, savesOneAfterTheOther) {
+    const auto first = Playbooks::write(named("Star"), {{asset("a.png"), "a.png"}}, "me");
+    std::vector<std::thread> savers;
+    for (int saver = 0; saver < 4; ++saver)
+        savers.emplace_back([&] {
+            for (int time = 0; time < 5; ++time) Playbooks::write(first.playbook, {}, "me");
+        });
+    for (auto& saver : savers) saver.join();
+    EXPECT_EQ(Playbooks::load(*first.folder).version(), 21);
+    for (int version = 1; version < 21; ++version)
+        EXPECT_TRUE(fs::exists(*first.folder / "versions" / (std::to_string(version) + ".json"))) << version;
+    EXPECT_TRUE(fs::exists(*first.folder / "assets/a.png"));
 }
 
 }

@@ -59,7 +59,7 @@ TEST(StockDrawn, theLinesOfATitleCardLieApart) {
     if (!hasFonts()) GTEST_SKIP() << "No font is installed.";
     for (const Size frame : frames) {
         const auto title =
-            brightRows(drawn("stock.generator.title", {{"title", "How it began"}, {"subtitle", ""}}, frame));
+            brightRows(drawn("stock.generator.title", {{"title", "The end"}, {"subtitle", ""}}, frame));
         const auto under = brightRows(
             drawn("stock.generator.title", {{"title", ""}, {"subtitle", "and where it ended"}}, frame));
         ASSERT_LT(title.first, title.second);

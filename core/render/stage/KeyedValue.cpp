@@ -15,7 +15,7 @@ double eased(const Key& to, double progress) {
 }
 
 /// The keys that a time lies at or between. Of keys at one time the first is reached and the last is left.
-struct Neighbours {
+struct NearKeys {
     const Key* first = nullptr;
     const Key* before = nullptr; ///< the last one reached
     const Key* after = nullptr;  ///< the next one
@@ -31,7 +31,7 @@ struct Neighbours {
 
 std::optional<KeyedValue> KeyedValue::at(double time, const std::vector<Key>& keys,
                                          std::optional<double> Key::*field) {
-    Neighbours near;
+    NearKeys near;
     for (const Key& key : keys)
         if (key.*field) near.meet(key, time);
     if (!near.first) return std::nullopt;

@@ -57,7 +57,8 @@ std::optional<Image> filePicture(const fs::path& path, const Context& context) {
     if (!context.has(&Budget::pixels, Budget::fewestPixels)) return std::nullopt;
     const bool whole = context.has(&Budget::pixels, std::int64_t(PlaybookMedia::maxPixels));
     const auto image = context.scene.media.image(path, PlaybookMedia::maxPixels / (whole ? 1 : 4));
-    return image && context.takePixels(*image, 1) ? image : std::nullopt;
+    const double readAnyway = 1.5; // reading it takes as long as for all of its pixels
+    return image && context.takePixels(*image, whole ? 1 : readAnyway) ? image : std::nullopt;
 }
 
 std::optional<Image> emojiPicture(const std::string& text, const Context& context) {
