@@ -25,7 +25,7 @@ int drawnOf(const std::string& layers, Stage::Budget budget, int copies = 1) {
         const auto* over = std::get_if<ImageNode::Over>(&image.node()->kind);
         if (!over && !crop) return count + 1;
         if (over) ++count;
-        image = over ? over->below : crop->of;
+        image = Image(over ? over->below : crop->of);
     }
     return count;
 }
