@@ -38,4 +38,6 @@ TEST(Encoding, encodesPlanesFromTheSamePixels) {
     EXPECT_EQ(code(Image()), (std::array{16, 128, 128}));
     EXPECT_EQ(code(Image::colour(Colour::white)), (std::array{235, 128, 128}));
     EXPECT_EQ(code(Image::colour({255, 0, 0, 255})), (std::array{63, 102, 240}));
+    EXPECT_EQ(code(Image::colour({0, 255, 0, 255})), (std::array{173, 42, 26}));
+    EXPECT_EQ(code(Image::colour({0, 0, 255, 255})), (std::array{32, 240, 118}));
 }
