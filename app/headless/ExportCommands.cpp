@@ -107,7 +107,7 @@ void Commands::movie(const Arguments& arguments, const Words& words) {
     const auto file = path(words[2]);
     const Interruption interruption;
     ProgressLine line;
-    Exporter::movie(
+    const auto notes = Exporter::movie(
         shown, opened.project,
         {.to = file,
          .missing = opened.missing,
@@ -118,6 +118,10 @@ void Commands::movie(const Arguments& arguments, const Words& words) {
         [&](double progress) { line.show(progress); }, interruption.token());
     line.clear();
     print(fmt::format("{} {:.0f} fps", file.string(), rate));
+    if (notes.oldSubtitles)
+        fmt::print(stderr,
+                   "note: “{}” was there before and is not of this movie, but players will show it.\n",
+                   Text::repaired(notes.oldSubtitles->filename().string()));
 }
 
 }

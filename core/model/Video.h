@@ -2,6 +2,7 @@
 
 #include "core/model/Look.h"
 #include "core/model/Run.h"
+#include "core/model/Times.h"
 #include "platform/base/Field.h"
 #include "platform/base/Shared.h"
 #include "platform/base/UUID.h"
@@ -43,7 +44,12 @@ struct Cut {
     static Cut generated(std::string playbook, std::int64_t version, std::optional<Values> values,
                          double length);
 
-    double length() const { return end - start; }
+    /// The seconds that it takes in a video, a whole number of ticks: so the cuts of a long video begin on
+    /// their frames, however their times were rounded. 0 where the end lies before the start.
+    double length() const {
+        const double length = Times::onTick(end) - Times::onTick(start);
+        return length > 0 ? length : 0;
+    }
 
     bool operator==(const Cut&) const = default;
     static constexpr auto fields() {

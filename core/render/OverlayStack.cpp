@@ -51,7 +51,9 @@ Image moved(const Image& layers, const PlacedOverlay& placed, double time, Size 
                                   .translated(middle.x, middle.y));
 }
 
-Image drawn(const PlacedOverlay& placed, double time, const Stage::Scene& scene) {
+/// Its first frame may come a hair before it starts.
+Image drawn(const PlacedOverlay& placed, double frameTime, const Stage::Scene& scene) {
+    const double time = std::max(frameTime, placed.start);
     if (!isMoved(placed.overlay)) return Stage::draw(placed, time, scene, scene.below);
     const auto [width, height] = scene.plan.frame;
     auto own = scene;

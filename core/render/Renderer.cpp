@@ -56,13 +56,13 @@ Image base(const Stage::Scene& scene, const PlacedShot& placed, double time) {
     const auto& plan = scene.plan;
     const auto& background = scene.below;
     if (const auto* generated = plan.generatedAt(time))
-        return Stage::draw(*generated, time, {background, {}, {}, plan, scene.media, scene.budget},
-                           background);
+        return Stage::draw(*generated, std::max(time, generated->start),
+                           {background, {}, {}, plan, scene.media, scene.budget}, background);
     if (!scene.source) return background;
     if (const auto* book = layoutOf(placed, plan)) {
         auto values = Plan::values(placed.shot, **book, scene.framing);
-        return Stage::draw(PlacedOverlay::layout(placed, time, *book, std::move(values)), time, scene,
-                           background);
+        return Stage::draw(PlacedOverlay::layout(placed, time, *book, std::move(values)),
+                           std::max(time, placed.start), scene, background);
     }
     return inPanels(*scene.source, placed, scene.framing, plan, time).over(background);
 }
@@ -179,7 +179,7 @@ std::optional<Image> caption(const CaptionCue& cue, double time, const Shot& sho
                                            .reveal = CaptionMotion::reveal(cue, plan.style, time),
                                            .stress = cue.stress,
                                            .scale = std::min(width, high) / 1080,
-                                           .width = 0.86 * width});
+                                           .width = CaptionPicture::widestShare * width});
     if (!picture) return std::nullopt;
 
     const auto movement = CaptionMotion::at(cue, plan.style, time, plan.frame);

@@ -1,8 +1,8 @@
 #include "core/render/Stills.h"
 
-#include "core/model/Times.h"
 #include "core/model/VideoTime.h"
 #include "core/render/Renderer.h"
+#include "core/render/plan/FrameTime.h"
 #include "platform/base/Problem.h"
 #include "platform/image/Jpeg.h"
 #include "platform/image/draw/Canvas.h"
@@ -17,8 +17,7 @@
 namespace murbo::Stills {
 namespace {
 
-constexpr double specimenWidth = 0.86 * 1080; // the widest caption of a vertical frame
-constexpr int bandRows = 128;                 // enough rows that a thread is worth its start
+constexpr int bandRows = 128; // enough rows that a thread is worth its start
 
 /// What the footage shows at a moment of a video, and whose it is.
 struct Footage {
@@ -26,10 +25,17 @@ struct Footage {
     std::optional<UUID> source;
 };
 
-/// A time a hair before a cut's start counts as at it, as it does for the frames of a movie.
+/// A time just before a cut's start counts as at it, as it does for the frames of a movie.
 double onCut(double at, const List<Cut>& cuts) {
-    const auto place = VideoTime::locate(at + Times::noStretch, cuts);
-    return place ? std::max(at, VideoTime::starts(cuts)[place->cut]) : at;
+    const auto starts = VideoTime::starts(cuts);
+    const auto next = std::ranges::find_if(starts, [&](double start) { return start > at; });
+    return next != starts.end() && FrameTime::reached(*next, at) ? *next : at;
+}
+
+/// The moment of its source that a cut shows at a place, as a movie's frame there does.
+double momentOf(const VideoTime::Place& place, const List<Cut>& cuts) {
+    const auto* next = place.cut + 1 < cuts.size() ? &cuts[place.cut + 1] : nullptr;
+    return std::min(place.at, FrameTime::lastMoment(cuts[place.cut], next));
 }
 
 Footage footage(const Video& video, const Project& project, const std::set<UUID>& missing, double time) {
@@ -39,7 +45,7 @@ Footage footage(const Video& video, const Project& project, const std::set<UUID>
     if (!source || missing.contains(source->id)) return {};
     try {
         auto reader = FrameReader::open(source->path, FrameReader::Purpose::stills);
-        const auto shown = reader.at(place->at);
+        const auto shown = reader.at(momentOf(*place, video.cuts));
         if (!shown) return {{}, source->id};
         return {Image::frame(shown->frame), source->id};
     } catch (const Problem&) {
@@ -95,8 +101,7 @@ std::vector<Image> styled(const Video& video, const Project& project, const std:
 }
 
 std::optional<Image> caption(const std::string& text, const CaptionStyle& style, const std::string& fonts) {
-    return CaptionPicture::draw(
-        {.text = text, .style = style, .fonts = fonts, .scale = 1, .width = specimenWidth});
+    return CaptionPicture::draw({.text = text, .style = style, .fonts = fonts, .scale = 1});
 }
 
 std::optional<std::string> jpeg(const Image& image, double quality) {

@@ -1,6 +1,6 @@
 #include "core/render/VideoComposition.h"
 
-#include "core/model/Times.h"
+#include "core/render/plan/FrameTime.h"
 #include "platform/base/Problem.h"
 #include "platform/media/MediaFile.h"
 
@@ -32,20 +32,18 @@ double nominalRate(const std::filesystem::path& file) {
     }
 }
 
-/// The first frame at or behind a video time; one that lies a hair before it counts as at it.
-std::int64_t frameAt(double time, int rate) {
-    return static_cast<std::int64_t>(std::ceil(std::max(time - Times::noStretch, 0.0) * rate));
-}
-
 std::vector<VideoComposition::Segment> laidOut(const Video& video, const Plan& plan,
                                                const std::set<UUID>& missing, int rate) {
     std::vector<VideoComposition::Segment> segments;
     double at = 0;
-    for (const auto& cut : video.cuts) {
+    for (std::size_t index = 0; index < video.cuts.size(); ++index) {
+        const auto& cut = video.cuts[index];
+        const auto* next = index + 1 < video.cuts.size() ? &video.cuts[index + 1] : nullptr;
         VideoComposition::Segment segment;
         segment.start = at;
-        segment.length = std::max(cut.length(), 0.0);
+        segment.length = cut.length();
         segment.from = cut.start;
+        segment.lastMoment = FrameTime::lastMoment(cut, next);
         const auto file = plan.sources.find(cut.source);
         if (file != plan.sources.end() && !missing.contains(cut.source)) {
             segment.file = file->second;
@@ -53,8 +51,8 @@ std::vector<VideoComposition::Segment> laidOut(const Video& video, const Plan& p
         }
         at = segment.end();
         if (!(at <= longestVideo)) throw Problem("The video is too long to be made into a movie.");
-        segment.firstFrame = frameAt(segment.start, rate);
-        segment.endFrame = frameAt(at, rate);
+        segment.firstFrame = FrameTime::first(segment.start, rate);
+        segment.endFrame = FrameTime::first(at, rate);
         segments.push_back(std::move(segment));
     }
     return segments;
@@ -90,7 +88,8 @@ VideoComposition::Moment VideoComposition::moment(std::int64_t frame) const {
         return segment.endFrame <= frame;
     });
     const double time = std::max(static_cast<double>(frame) / rate, on->start);
-    return {static_cast<std::size_t>(on - segments.begin()), time, on->from + (time - on->start)};
+    return {static_cast<std::size_t>(on - segments.begin()), time,
+            std::min(on->from + (time - on->start), on->lastMoment)};
 }
 
 }

@@ -16,14 +16,15 @@ namespace murbo {
 /// A video as what a player or an exporter runs through: its cuts one behind the other, each with the stretch
 /// of a file that it shows, and whole numbered frames over them.
 ///
-/// Frame n is the picture at n / rate seconds. Frames are whole numbers everywhere, so that nothing drifts
-/// however long the video is; a frame within `Times::noStretch` of a cut's start is that cut's first.
+/// Frame n is the picture at n / rate seconds, by the rule of `FrameTime`. Frames are whole numbers
+/// everywhere, so that nothing drifts however long the video is.
 struct VideoComposition {
     /// One cut on the video's clock.
     struct Segment {
         double start = 0;           ///< video seconds
         double length = 0;          ///< seconds
         double from = 0;            ///< where it starts in the file, seconds
+        double lastMoment = 0;      ///< the last that may be asked of the file, seconds
         std::filesystem::path file; ///< empty where there is no footage: black
         std::optional<UUID> source; ///< whose footage; none where there is no file
         std::int64_t firstFrame = 0;

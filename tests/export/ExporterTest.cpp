@@ -111,7 +111,8 @@ TEST(Exporter, soundAndPictureKeepInStepOverManyCuts) {
         const double second = 1 + (cut * 5) % 8;
         stretches.push_back({0, second - 0.213, second + 0.321 + 0.011 * cut});
     }
-    Exporter::movie(samples::video(project, stretches), project, orderTo(folder / "out.mp4"));
+    const auto video = samples::video(project, stretches);
+    Exporter::movie(video, project, orderTo(folder / "out.mp4"));
 
     const auto movie = read(folder / "out.mp4");
     std::vector<double> flashes;
@@ -127,7 +128,7 @@ TEST(Exporter, soundAndPictureKeepInStepOverManyCuts) {
     for (std::size_t cut = 0; cut < stretches.size(); ++cut) {
         EXPECT_NEAR(beeps[cut], start + 0.213, 0.003) << cut;
         EXPECT_THAT(flashes[cut] - beeps[cut], AllOf(Ge(-0.002), Le(1 / 30.0 + 0.002))) << cut;
-        start += stretches[cut].end - stretches[cut].start;
+        start += video.cuts[cut].length();
     }
 }
 
@@ -183,8 +184,15 @@ TEST(Exporter, footageIsNeverExportedOver) {
     EXPECT_THROW(Exporter::movie(generated, project, orderTo(folder / "own.mp4")), Problem);
     EXPECT_EQ(contents(folder / "own.mp4"), "the only one");
 
-    auto order = orderTo(folder / "out.srt");
+    // Nor are its files by subtitles.
+    folder.file("own.srt", "written by hand");
+    generated.cuts.edit()[1].generator->values = Values{{"media", folder / "own.srt"}};
+    auto order = orderTo(folder / "own.mpg");
     order.subtitles = true;
+    EXPECT_THROW(Exporter::movie(generated, project, order), Problem);
+    EXPECT_FALSE(std::filesystem::exists(folder / "own.mpg"));
+
+    order.to = folder / "out.srt";
     EXPECT_THROW(Exporter::movie(video, project, order), Problem);
     EXPECT_FALSE(std::filesystem::exists(folder / "out.srt"));
 }
@@ -209,6 +217,26 @@ TEST(Exporter, aCancelledExportLeavesNothing) {
     }
 }
 
+TEST(Exporter, footageWithSoundGivesAMovieWithSoundEvenWhereNoneIsHeard) {
+    const TemporaryFolder folder;
+    samples::writeNumbered(folder / "a.mp4", 60, 30, true);
+    samples::writeNumbered(folder / "silent.mp4", 10, 30);
+    const auto project = samples::project({folder / "a.mp4", folder / "silent.mp4"});
+    const auto exported = [&](const Video& video) {
+        Exporter::movie(video, project, orderTo(folder / "out.mp4"));
+        return MediaFile::facts(folder / "out.mp4");
+    };
+    auto video = samples::video(project, {{0, 1, 1.5}});
+    video.cuts.edit()[0].muted = true;
+    EXPECT_TRUE(exported(video).sound);
+    EXPECT_TRUE(onsets(folder / "out.mp4").empty());
+    video.cuts.edit()[0].muted.reset();
+    video.look->mix.emplace().video = 0;
+    EXPECT_TRUE(exported(video).sound);
+    video.cuts.edit()[0].source = project.sources[1].id;
+    EXPECT_FALSE(exported(video).sound);
+}
+
 TEST(Exporter, subtitlesStandBesideTheMovieWhereThereAreAny) {
     const TemporaryFolder folder;
     samples::writeNumbered(folder / "a.mp4", 60, 30);
@@ -216,7 +244,7 @@ TEST(Exporter, subtitlesStandBesideTheMovieWhereThereAreAny) {
     const auto video = samples::video(project, {{0, 0, 0.5}});
     auto order = orderTo(folder / "out.mp4");
     order.subtitles = true;
-    Exporter::movie(video, project, order);
+    EXPECT_FALSE(Exporter::movie(video, project, order).oldSubtitles);
     EXPECT_FALSE(std::filesystem::exists(folder / "out.srt"));
 
     Line line;
@@ -225,6 +253,12 @@ TEST(Exporter, subtitlesStandBesideTheMovieWhereThereAreAny) {
     line.text = "Hello";
     project.transcripts[project.sources[0].id].lines.edit().push_back(line);
     Exporter::movie(video, project, order);
+    EXPECT_EQ(contents(folder / "out.srt"), "1\n00:00:00,100 --> 00:00:00,400\nHello\n");
+
+    // Hidden captions are none, and what was there before is left, but told of.
+    auto hidden = video;
+    hidden.look->captions.lines.edit() = {{.line = line.id, .hidden = true}};
+    EXPECT_EQ(Exporter::movie(hidden, project, order).oldSubtitles, folder / "out.srt");
     EXPECT_EQ(contents(folder / "out.srt"), "1\n00:00:00,100 --> 00:00:00,400\nHello\n");
 
     std::filesystem::remove(folder / "out.srt");

@@ -1,4 +1,5 @@
 #include "core/render/plan/CaptionCue.h"
+#include "core/render/plan/FrameTime.h"
 #include "tests/plan/Made.h"
 
 #include <cmath>
@@ -125,6 +126,28 @@ TEST(CaptionCue, standsCompleteBetweenItsEntranceAndItsExit) {
     EXPECT_NEAR(*CaptionCue::shown(1, cues), 1.84, 1e-9);
     EXPECT_NEAR(*CaptionCue::shown(2, cues), 4.1, 1e-9);
     EXPECT_NEAR(*CaptionCue::shown(99, cues), 4.1, 1e-9);
+}
+
+TEST(CaptionCue, isOnFromTheFirstFrameOfItsCutToTheLast) {
+    // A line over each cut; cuts in whole frames as people write them.
+    std::vector<std::pair<double, double>> cuts;
+    for (int each = 0; each < 200; ++each) {
+        const int first = each * 37 % 900;
+        cuts.emplace_back(std::round(first / 0.03) / 1000, std::round((first + 5 + each % 9) / 0.03) / 1000);
+    }
+    const Spoken spoken({line(0, 100, "said")}, cuts);
+    const auto cues = CaptionCue::cues(spoken.video, spoken.project);
+    ASSERT_EQ(cues.size(), cuts.size());
+    std::int64_t frame = 0;
+    for (std::size_t each = 0; each < cuts.size(); ++each) {
+        EXPECT_EQ(FrameTime::first(cues[each].start, 30), frame) << each;
+        frame += 5 + std::int64_t(each) % 9;
+        EXPECT_EQ(FrameTime::first(cues[each].end, 30), frame) << each;
+    }
+}
+
+TEST(CaptionCue, isNoneInACutThatEndsBeforeItStarts) {
+    EXPECT_EQ(cues(Spoken({line(19, 31, "said")}, {{2, 12}, {29, 20}, {28, 30}})), "10-12 said");
 }
 
 TEST(CaptionCue, passesOverTimesThatAreNone) {

@@ -55,6 +55,21 @@ std::string text(const std::vector<PlacedOverlay>& overlays) {
 
 }
 
+TEST(PlacedOverlay, ofTwoThatMeetEachFrameShowsOne) {
+    for (int pair = 0; pair < 100; ++pair) {
+        const double at = 10 + pair * 0.0371;
+        const double length = std::round(1000 * (0.4 + pair % 7 / 30.0)) / 1000;
+        Looked looked({Made::cut(UUID::make(), 0, 1.0 / 3), Made::cut(one, 10, 20)});
+        looked.overlay("stock.flash", at, length);
+        looked.overlay("stock.flash", at + length, 1);
+        const Plan plan = looked.plan();
+        const auto first = FrameTime::first(plan.overlays[0].start, 30);
+        for (auto frame = first; frame < first + 30; ++frame)
+            EXPECT_NE(plan.overlays[0].isOn(double(frame) / 30), plan.overlays[1].isOn(double(frame) / 30))
+                << pair << " at " << frame;
+    }
+}
+
 TEST(PlacedOverlay, standsWhereItsMomentIsFirstShown) {
     Looked looked({Made::cut(one, 10, 14), Made::cut(UUID::make(), 0, 2), Made::cut(one, 10, 12)});
     struct Case {
@@ -116,7 +131,7 @@ TEST(PlacedOverlay, generatedStretchesStandUnderTheirCutsNames) {
     EXPECT_EQ(plan.generated[0].overlay.id, looked.video.cuts[1].id);
     EXPECT_EQ(plan.generated[0].values->at("title"), "Hi");
     EXPECT_EQ(plan.generated[0].values->at("letters"), "FFFFFF");
-    for (const auto& [time, name] : {std::pair{1.9999, ""},
+    for (const auto& [time, name] : {std::pair{1.999, ""},
                                      {2.0, "Title Card"},
                                      {5.0, ""},
                                      {6.5, "Solid Colour"},

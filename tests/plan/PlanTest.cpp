@@ -59,7 +59,7 @@ TEST(Plan, findsWhatIsOnAtATime) {
          {std::pair{-1.0, 0.0}, {0, 0}, {4.999, 0}, {4.9996, 5}, {5, 5}, {99, 5}, {NAN, 0}})
         EXPECT_EQ(made.shot(time)->shot.at, at) << time;
     for (const auto& [time, text] :
-         {std::pair{-0.0004, ""}, {0.0, "a"}, {1.9996, "a"}, {2.0, "b"}, {3.0, ""}, {NAN, ""}}) {
+         {std::pair{-0.001, ""}, {0.0, "a"}, {1.999, "a"}, {1.9996, "b"}, {2.0, "b"}, {3.0, ""}, {NAN, ""}}) {
         const CaptionCue* cue = made.cue(time);
         EXPECT_EQ(cue ? cue->text : "", text) << time;
     }

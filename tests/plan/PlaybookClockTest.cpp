@@ -10,7 +10,7 @@ namespace {
 
 constexpr double none = -1; ///< left out of the JSON
 
-struct Times {
+struct Placed {
     double length = none, enter = none, exit = none; ///< of the playbook
     double placed = 0;                               ///< seconds
     bool stretch = false;
@@ -23,7 +23,7 @@ Playbook::Layer layerFrom(double from, double to = none) {
     return layer;
 }
 
-PlacedOverlay placed(const Times& times) {
+PlacedOverlay placed(const Placed& times) {
     const auto given = [](double value) { return value == none ? std::nullopt : std::optional(value); };
     Playbook playbook;
     playbook.length = given(times.length);
@@ -40,11 +40,11 @@ PlacedOverlay placed(const Times& times) {
 
 TEST(PlaybookClock, holdsTheMiddleOrStretchesAll) {
     struct Case {
-        Times times;
+        Placed times;
         double elapsed, own;
     };
-    const Times held{.length = 3, .placed = 10}, brief{.length = 3, .placed = 1.5};
-    const Times stretched{.length = 3, .placed = 6, .stretch = true};
+    const Placed held{.length = 3, .placed = 10}, brief{.length = 3, .placed = 1.5};
+    const Placed stretched{.length = 3, .placed = 6, .stretch = true};
     for (const auto& [times, elapsed, own] : {
              Case{held, 0.2, 0.2}, Case{held, 2, 2}, Case{held, 5, 2.7}, Case{held, 9.7, 2.7},
              Case{held, 9.9, 2.9}, Case{held, 10, 3},
@@ -60,10 +60,10 @@ TEST(PlaybookClock, holdsTheMiddleOrStretchesAll) {
 
 TEST(PlaybookClock, keepsALayerOfTheExitAtItsDistanceFromTheEnd) {
     struct Case {
-        Times times;
+        Placed times;
         double from, to, on, off;
     };
-    const Times held{.length = 3, .placed = 10};
+    const Placed held{.length = 3, .placed = 10};
     for (const auto& [times, from, to, on, off] : {
              Case{held, 0, none, 0, 10},
              Case{held, 2.8, none, 9.8, 10},

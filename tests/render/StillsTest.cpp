@@ -88,6 +88,25 @@ TEST(Stills, aStillIsTheExportedFrame) {
     }
 }
 
+TEST(Stills, afterTheEndTheLastFrameOfTheLastCutStays) {
+    const TemporaryFolder folder;
+    samples::writeNumbered(folder / "a.mp4", 120, 30);
+    const auto project = samples::project({folder / "a.mp4"});
+    const auto video = samples::video(project, {{0, 0, 1}, {0, 2.033, 3.067}});
+    const auto composition = VideoComposition::make(video, project, {}, "", {}, 30);
+    ASSERT_EQ(composition.frameCount(), 61);
+    CaptionCache captions;
+    for (const auto& [time, number] : {std::pair{1.0, 61},
+                                       {0.9995, 61},
+                                       {60 / 30.0, 91},
+                                       {composition.length(), 91},
+                                       {99.0, 91},
+                                       {0.998, 29}}) {
+        const auto still = Stills::frame(video, project, {}, "", {}, time, {}, captions);
+        EXPECT_EQ(samples::numberIn(samples::drawn(still, 1080, 1080)), number) << time;
+    }
+}
+
 TEST(Stills, withoutAReadablePictureTheCaptionStandsOnBlack) {
     const auto project = projectSaying("MMMM", 0, 2, "/nowhere/a.mp4");
     auto video = captioned(project, {{0, 0, 2}});

@@ -1,4 +1,3 @@
-#include "core/model/Times.h"
 #include "core/render/sound/SoundMixer.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/sound/Waves.h"
@@ -119,8 +118,8 @@ TEST(SoundMixer, everyMomentStandsAtItsOwnFrameHoweverLongTheVideo) {
     double start = 0;
     for (int each = 0; each < 1000; ++each) {
         const int second = 1 + each * 17 % 60;
-        const double from = filmTime(second * 30 - 9);
-        const double to = filmTime(second * 30 + 9);
+        const double from = Times::onTick(filmTime(second * 30 - 9));
+        const double to = Times::onTick(filmTime(second * 30 + 9));
         stage.show(one, from, to);
         expected.push_back(std::llround((start + (second - from)) * 48000));
         start += to - from;
@@ -131,7 +130,18 @@ TEST(SoundMixer, everyMomentStandsAtItsOwnFrameHoweverLongTheVideo) {
     for (std::size_t each = 0; each < heard.size(); ++each)
         worst = std::max(worst, std::abs(heard[each] - expected[each]));
     EXPECT_LE(worst, 1) << "frames of 1/48000 s";
-    EXPECT_NEAR(start, 1000 * 18 * 1001.0 / 30000, 1e-6);
+    EXPECT_NEAR(start, 1000 * 18 * 1001.0 / 30000, 0.1);
+}
+
+TEST(SoundMixer, cutsThatEndBeforeTheyStartTakeNoTime) {
+    Stage stage;
+    stage.put(one, std::vector<float>(2 * 48000 * 60, 0.25F));
+    for (const auto& [from, to] :
+         {std::pair{2.0, 12.0}, {29.0, 20.0}, {30.0, 38.0}, {48.0, 40.0}, {50.0, 51.0}})
+        stage.show(one, from, to);
+    const auto all = stage.mixed();
+    ASSERT_EQ(all.size(), 2U * 48000 * 19);
+    for (const int second : {5, 14, 18}) EXPECT_EQ(all[2 * 48000 * second + 24000], 0.25F) << second;
 }
 
 TEST(SoundMixer, isTheSameHoweverItIsRead) {

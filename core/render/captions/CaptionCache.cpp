@@ -6,8 +6,8 @@ namespace {
 
 // When either is reached all are dropped: captions are cheap to draw again, and no order of leaving is worth
 // keeping. The pixels (64 MB) hold a minute of captions, so that memory stays flat over a long video.
-constexpr std::size_t mostPictures = 401;
-constexpr double mostPixels = 16'000'000;
+constexpr std::size_t maxPictures = 401;
+constexpr double maxPixels = 16'000'000;
 
 double area(const Image& image) {
     return image.extent().width * image.extent().height;
@@ -36,7 +36,7 @@ std::optional<Image> CaptionCache::kept(const CaptionPicture::Request& request) 
 void CaptionCache::keep(const CaptionPicture::Request& request, const Image& image) {
     std::unordered_map<CaptionPicture::Request, Image> dropped; // freed after the lock
     const std::lock_guard guard(lock);
-    if (pictures.size() >= mostPictures || pixels + area(image) > mostPixels) {
+    if (pictures.size() >= maxPictures || pixels + area(image) > maxPixels) {
         dropped.swap(pictures);
         pixels = 0;
     }

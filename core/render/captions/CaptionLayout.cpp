@@ -43,8 +43,8 @@ bool isDrawable(const std::string& text, double size, double width) {
 double blockWidth(const ShapedText& text, double size, double maxWidth) {
     const double natural = text.width();
     if (natural <= maxWidth) return maxWidth;
-    const auto least = std::size_t(std::ceil(natural / maxWidth));
-    for (std::size_t lines = least; lines <= least + moreLines; ++lines) {
+    const auto fewest = std::size_t(std::ceil(natural / maxWidth));
+    for (std::size_t lines = fewest; lines <= fewest + moreLines; ++lines) {
         double width = 0.8 * size + std::ceil(natural / double(lines));
         while (width < maxWidth && !fits(text, width, lines)) width += 0.5 * size;
         if (width < maxWidth) return width;
@@ -53,7 +53,7 @@ double blockWidth(const ShapedText& text, double size, double maxWidth) {
     return maxWidth;
 }
 
-std::optional<Laid> lay(const ShapedText& text, const Block& block) {
+std::optional<Layout> lay(const ShapedText& text, const Block& block) {
     const double width = blockWidth(text, block.size, block.maxWidth);
     const auto lines = text.lines(width, std::numeric_limits<std::size_t>::max());
     const double height = text.ascent() + text.descent();
@@ -65,19 +65,19 @@ std::optional<Laid> lay(const ShapedText& text, const Block& block) {
         pictureWidth * pictureHeight > largestArea)
         return {};
 
-    Laid laid{int(pictureWidth), int(pictureHeight), {}, {}};
+    Layout layout{int(pictureWidth), int(pictureHeight), {}, {}};
     // What a multiple adds or takes is shared between above and below, so that the block's middle is the
     // text's.
     double baseline = pad + text.ascent() + (step - height) / 2;
     for (const auto& line : lines) {
         const Point start{pad + (width - line.width) / 2, baseline};
         const auto glyphs = text.glyphs(line, start);
-        laid.glyphs.insert(laid.glyphs.end(), glyphs.begin(), glyphs.end());
+        layout.glyphs.insert(layout.glyphs.end(), glyphs.begin(), glyphs.end());
         if (block.pill && line.to > line.from)
-            laid.boxes.push_back(boxOf(text, start, line.width, block.size));
+            layout.boxes.push_back(boxOf(text, start, line.width, block.size));
         baseline += step;
     }
-    return laid;
+    return layout;
 }
 
 }

@@ -19,7 +19,7 @@ struct Block {
     double stroke = 0; ///< width of the outline; 0 for none
 };
 
-struct Laid {
+struct Layout {
     int width = 0; ///< of the picture
     int height = 0;
     std::vector<PlacedGlyph> glyphs;
@@ -29,12 +29,12 @@ struct Laid {
 /// Whether numbers and text are such that a picture can come of them at all.
 bool isDrawable(const std::string& text, double size, double width);
 
-/// The width of the block: the widest there is for a text that fits in one line, else the least at which its
-/// lines come out even.
+/// The width of the block: the widest there is for a text that fits in one line, else the smallest at which
+/// its lines come out even.
 double blockWidth(const ShapedText& text, double size, double maxWidth);
 
 /// The text in centred lines. Nothing where the picture would be too large.
-std::optional<Laid> lay(const ShapedText& text, const Block& block);
+std::optional<Layout> lay(const ShapedText& text, const Block& block);
 
 }
 

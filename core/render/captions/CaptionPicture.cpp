@@ -15,6 +15,7 @@ constexpr double defaultStroke = 30; // percent of the font size
 constexpr double widestStroke = 200;
 constexpr double defaultBigScale = 1.7;
 constexpr std::string_view defaultStress = "FFD60A";
+constexpr std::string_view defaultFill = "FFFFFF";
 constexpr Colour shadowColour{0, 0, 0, 179}; // 0.7
 
 const std::string& textOf(const std::optional<std::string>& value) {
@@ -27,30 +28,45 @@ double sizeOf(const Request& request) {
     return request.style.size.value_or(defaultSize) * big * request.scale;
 }
 
+bool isDrawable(const Request& request) {
+    return CaptionLayout::isDrawable(request.text, sizeOf(request), request.width);
+}
+
+/// What a request says, worked out: with its defaults filled in and its colours read.
+struct Lettering {
+    explicit Lettering(const Request& request);
+
+    std::string text;
+    double size; // pixels
+    Font font;
+    Colour fill;
+    Colour stress;
+    std::optional<Colour> outline;
+    std::optional<Colour> pill;
+    double stroke = 0; // pixels; 0 without an outline
+    bool shadow;
+};
+
 Font fontOf(const Request& request) {
     const std::string& own = textOf(request.style.font);
     return Fonts::font(own.empty() ? request.fonts : own, request.style.weight.value_or(defaultWeight),
                        sizeOf(request));
 }
 
-std::string shownText(const Request& request) {
-    return request.style.upper.value_or(false) ? Unicode::upper(request.text) : request.text;
-}
-
-Colour colourOf(const Request& request) {
-    const std::string& big = textOf(request.style.bigFill);
-    const std::string& plain = request.style.fill ? *request.style.fill : "FFFFFF";
-    return Colour::hex(request.big && !big.empty() ? big : plain).value_or(Colour::white);
-}
-
-Colour stressOf(const Request& request) {
-    const std::string& big = textOf(request.style.bigFill);
-    return Colour::hex(big.empty() ? defaultStress : std::string_view(big)).value_or(Colour::white);
-}
-
-double strokeOf(const Request& request) {
-    const double stroke = request.style.stroke.value_or(defaultStroke);
-    return stroke > 0 ? std::min(stroke, widestStroke) / 100 * sizeOf(request) : 0;
+Lettering::Lettering(const Request& request)
+    : text(request.style.upper.value_or(false) ? Unicode::upper(request.text) : request.text),
+      size(sizeOf(request)),
+      font(fontOf(request)),
+      outline(Colour::hex(textOf(request.style.outline))),
+      pill(Colour::hex(textOf(request.style.pill))),
+      shadow(request.style.shadow.value_or(false)) {
+    const CaptionStyle& style = request.style;
+    const std::string& big = textOf(style.bigFill);
+    const std::string_view plain = style.fill ? std::string_view(*style.fill) : defaultFill;
+    fill = Colour::hex(request.big && !big.empty() ? std::string_view(big) : plain).value_or(Colour::white);
+    stress = Colour::hex(big.empty() ? defaultStress : std::string_view(big)).value_or(Colour::white);
+    const double percent = style.stroke.value_or(defaultStroke);
+    if (outline && percent > 0) stroke = std::min(percent, widestStroke) / 100 * size;
 }
 
 /// The words of the text, and which glyphs stand in which colour.
@@ -77,20 +93,18 @@ private:
     std::size_t shown; ///< what begins before this byte
 };
 
-void drawText(Bitmap& bitmap, const Request& request, const ShapedText& text, std::vector<PlacedGlyph> glyphs,
-              const Colouring& colouring) {
+void drawText(Bitmap& bitmap, const Lettering& lettering, const ShapedText& text,
+              std::vector<PlacedGlyph> glyphs, const Colouring& colouring) {
     std::erase_if(glyphs, [&](const auto& glyph) { return !colouring.isShown(glyph); });
-    const double size = sizeOf(request);
-    const auto outline = Colour::hex(textOf(request.style.outline));
-    if (outline && strokeOf(request) > 0)
-        TextPainter::outline(bitmap, text, glyphs, strokeOf(request), *outline);
-    if (request.style.shadow.value_or(false))
+    const double size = lettering.size;
+    if (lettering.stroke > 0)
+        TextPainter::outline(bitmap, text, glyphs, lettering.stroke, *lettering.outline);
+    if (lettering.shadow)
         TextPainter::shadow(bitmap, text, glyphs, {0, 0.05 * size}, 0.15 * size, shadowColour);
     const auto stressed = std::stable_partition(
         glyphs.begin(), glyphs.end(), [&](const auto& glyph) { return !colouring.isStressed(glyph); });
-    TextPainter::fill(bitmap, text, {glyphs.begin(), stressed}, colourOf(request));
-    if (stressed != glyphs.end())
-        TextPainter::fill(bitmap, text, {stressed, glyphs.end()}, stressOf(request));
+    TextPainter::fill(bitmap, text, {glyphs.begin(), stressed}, lettering.fill);
+    if (stressed != glyphs.end()) TextPainter::fill(bitmap, text, {stressed, glyphs.end()}, lettering.stress);
 }
 
 }
@@ -101,25 +115,25 @@ std::optional<Image> draw(const Request& request) {
 }
 
 std::optional<Bitmap> bitmap(const Request& request) {
-    const double size = sizeOf(request);
-    if (!CaptionLayout::isDrawable(request.text, size, request.width)) return {};
-    const std::string words = shownText(request);
-    const ShapedText text(words, fontOf(request));
+    if (!isDrawable(request)) return {};
+    const Lettering lettering(request);
+    const ShapedText text(lettering.text, lettering.font);
     if (text.hopeless()) return {};
-    const auto pill = Colour::hex(textOf(request.style.pill));
-    const bool outlined = Colour::hex(textOf(request.style.outline)).has_value();
-    const auto layout = CaptionLayout::lay(
-        text, {size, std::round(request.width), bool(pill), outlined ? strokeOf(request) : 0});
+    const auto layout = CaptionLayout::lay(text, {.size = lettering.size,
+                                                  .maxWidth = std::round(request.width),
+                                                  .pill = lettering.pill.has_value(),
+                                                  .stroke = lettering.stroke});
     if (!layout) return {};
     Bitmap target(layout->width, layout->height);
-    if (pill) TextPainter::boxes(target, layout->boxes, 0.24 * size, *pill);
-    drawText(target, request, text, layout->glyphs, Colouring(request, words));
+    if (lettering.pill) TextPainter::boxes(target, layout->boxes, 0.24 * lettering.size, *lettering.pill);
+    drawText(target, lettering, text, layout->glyphs, Colouring(request, lettering.text));
     return target;
 }
 
 std::vector<char32_t> missing(const Request& request) {
-    if (!CaptionLayout::isDrawable(request.text, sizeOf(request), request.width)) return {};
-    return ShapedText(shownText(request), fontOf(request)).missing();
+    if (!isDrawable(request)) return {};
+    const Lettering lettering(request);
+    return ShapedText(lettering.text, lettering.font).missing();
 }
 
 }

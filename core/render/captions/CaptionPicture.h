@@ -13,6 +13,9 @@ namespace murbo {
 /// The picture of one caption: its text with outline, shadow, boxes, stressed and hidden words, on nothing.
 namespace CaptionPicture {
 
+/// The widest that a caption may be, as a share of the frame's width.
+inline constexpr double widestShare = 0.86;
+
 /// Equal requests give equal pictures.
 struct Request {
     std::string text;
@@ -22,7 +25,7 @@ struct Request {
     std::optional<std::int64_t> reveal; ///< how many words show; none for all
     std::vector<std::int64_t> stress;   ///< indexes of words in the stress colour
     double scale = 1;                   ///< short side of the frame over 1080
-    double width = 928.8;               ///< the widest a line may be, in pixels
+    double width = widestShare * 1080;  ///< the widest that a line may be, in pixels
 
     bool operator==(const Request&) const = default;
 };

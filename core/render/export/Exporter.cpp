@@ -59,10 +59,13 @@ MovieSettings settings(const VideoComposition& composition, bool sound) {
 /// An export at work: pictures and sound are made ahead on threads of their own and meet in the movie here.
 class Session {
 public:
-    Session(const VideoComposition& given, std::vector<SoundMix::Track> tracks,
+    /// Without `tracks` the movie has no sound; with none in it, a silent one.
+    Session(const VideoComposition& given, std::optional<std::vector<SoundMix::Track>> tracks,
             const std::filesystem::path& to) try
-        : composition(given), writer(MovieWriter::open(to, settings(given, !tracks.empty()))), frames(given) {
-        if (!tracks.empty()) sound.emplace(std::move(tracks), given.length());
+        : composition(given),
+          writer(MovieWriter::open(to, settings(given, tracks.has_value()))),
+          frames(given) {
+        if (tracks) sound.emplace(std::move(*tracks), given.length());
     } catch (const std::system_error&) {
         std::throw_with_nested(ExportError::cannotStart());
     }
@@ -102,7 +105,7 @@ private:
     const VideoComposition& composition;
     MovieWriter writer;
     DrawnFrames frames;
-    std::optional<MixedSound> sound; ///< none where nothing sounds
+    std::optional<MixedSound> sound; ///< none where there is no sound track
     double soundUntil = 0;           ///< seconds
 };
 
@@ -110,10 +113,12 @@ std::filesystem::path subtitlesBeside(std::filesystem::path movie) {
     return movie.replace_extension("srt");
 }
 
-void writeSubtitles(const Video& sounding, const Project& project, const std::filesystem::path& movie) {
+/// Whether there were any to write.
+bool writeSubtitles(const Video& sounding, const Project& project, const std::filesystem::path& movie) {
     auto cues = CaptionCue::cues(sounding, project);
     std::erase_if(cues, [](const CaptionCue& cue) { return cue.hidden; });
     if (!cues.empty()) Files::writeWhole(subtitlesBeside(movie), Subtitles::srt(cues));
+    return !cues.empty();
 }
 
 void refuseOwnFiles(const Order& order, const Video& video, const Project& project, const Plan& plan) {
@@ -128,17 +133,23 @@ void refuseOwnFiles(const Order& order, const Video& video, const Project& proje
 
 }
 
-void movie(const Video& video, const Project& project, const Order& order, const Progress& progress,
-           std::stop_token stop) {
+Notes movie(const Video& video, const Project& project, const Order& order, const Progress& progress,
+            std::stop_token stop) {
     const auto sounding = heard(video, {.includingMutedRows = order.includingMutedRows,
                                         .includingMutedBlocks = order.includingMutedBlocks});
     const auto composition =
         VideoComposition::make(sounding, project, order.missing, order.fonts, order.package, order.frameRate);
     if (composition.frameCount() == 0) throw Problem("The video has no cuts, so there is nothing to export.");
     refuseOwnFiles(order, video, project, *composition.box->plan());
-    auto tracks = SoundMix::tracks(sounding, *composition.box->plan(), order.missing);
+    const auto& plan = *composition.box->plan();
+    std::optional tracks = SoundMix::tracks(sounding, plan, order.missing);
+    if (tracks->empty() && !SoundMix::isRecorded(sounding, plan, order.missing)) tracks.reset();
     Session(composition, std::move(tracks), order.to).run(progress, stop);
-    if (order.subtitles) writeSubtitles(sounding, project, order.to);
+    const bool hasOwn = order.subtitles && writeSubtitles(sounding, project, order.to);
+    const auto beside = subtitlesBeside(order.to);
+    std::error_code failed;
+    if (hasOwn || beside == order.to || !std::filesystem::exists(beside, failed)) return {};
+    return {.oldSubtitles = beside};
 }
 
 }

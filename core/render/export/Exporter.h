@@ -32,11 +32,16 @@ struct Order {
     bool includingMutedBlocks = false;
 };
 
+/// What is worth knowing of a movie that was made.
+struct Notes {
+    std::optional<std::filesystem::path> oldSubtitles; ///< an ".srt" beside it from before: players load it
+};
+
 /// Exports a video; blocks until the movie is in its place. `progress` gets 0 to 1 on this thread. Throws
 /// Problem where it can't be made, ExportCancelled where `stop` was asked for: then nothing partial is left,
 /// and what stood at the place stands there still. When only the subtitles fail, the movie stays.
-void movie(const Video& video, const Project& project, const Order& order,
-           const std::function<void(double)>& progress = {}, std::stop_token stop = {});
+Notes movie(const Video& video, const Project& project, const Order& order,
+            const std::function<void(double)>& progress = {}, std::stop_token stop = {});
 
 }
 

@@ -46,6 +46,7 @@ public:
 
     /// The lines that a cut shows, as stored.
     std::vector<Timed> in(const Cut& cut) const {
+        if (!(cut.length() > 0)) return {};
         const auto first = std::ranges::upper_bound(timed, cut.start + leastShown, {}, &Timed::endSoFar);
         const auto last = std::ranges::lower_bound(timed, cut.end - leastShown, {}, &Timed::start);
         std::vector<Timed> shown;
@@ -139,8 +140,9 @@ std::vector<CaptionCue> CaptionCue::cues(const Video& video, const Project& proj
         const Spoken& spoken =
             sources.try_emplace(cut.source, project.transcript(cut.source), changed).first->second;
         for (const Timed& timed : spoken.in(cut)) {
-            const CaptionCue cue{.start = start + std::max(timed.start, cut.start) - cut.start,
-                                 .end = start + std::min(timed.end, cut.end) - cut.start,
+            const double length = timed.end < cut.end ? timed.end - cut.start : cut.length();
+            const CaptionCue cue{.start = start + std::max(timed.start - cut.start, 0.0),
+                                 .end = start + std::min(length, cut.length()),
                                  .text = CaptionText::said(timed.line->text),
                                  .line = timed.line->id};
             if (!cue.text.empty())

@@ -2,11 +2,13 @@
 
 #include "core/model/Lanes.h"
 #include "core/model/ShownMoments.h"
+#include "core/model/Times.h"
 #include "core/model/VideoTime.h"
 #include "core/render/plan/PlacedShot.h"
 #include "core/render/plan/PlanBooks.h"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 
 namespace murbo {
@@ -40,9 +42,27 @@ double atLeast(double length) {
     return length > shortest ? length : shortest; // also of what is no number
 }
 
-double end(const List<Cut>& cuts) {
-    return cuts.empty() ? 0 : VideoTime::starts(cuts).back() + cuts.back().length();
-}
+/// Where cuts end in their video.
+class CutEnds {
+public:
+    explicit CutEnds(const List<Cut>& given) : cuts(given), starts(VideoTime::starts(given)) {}
+
+    /// Where what begins at a video time and lasts that long ends: with its cut where it was meant to, else
+    /// by its length, and never after the video.
+    double end(double start, const Overlay& overlay) const {
+        const auto after = std::ranges::upper_bound(starts, start);
+        if (after == starts.begin()) return start;
+        const auto index = std::size_t(after - starts.begin()) - 1;
+        const double cutEnd = starts[index] + cuts[index].length();
+        const double length = atLeast(overlay.length);
+        if (std::abs(overlay.at + length - cuts[index].end) < Times::tick / 2) return cutEnd;
+        return std::min(start + length, starts.back() + cuts.back().length());
+    }
+
+private:
+    const List<Cut>& cuts;
+    const std::vector<double> starts;
+};
 
 /// Generators that are on together lie in rows, as the timeline shows them.
 void putInRows(std::vector<PlacedOverlay>& overlays) {
@@ -62,7 +82,7 @@ void putInRows(std::vector<PlacedOverlay>& overlays) {
 std::vector<PlacedOverlay> PlacedOverlay::place(const List<Overlay>& overlays, const List<Cut>& cuts,
                                                 PlanBooks& books) {
     std::vector<PlacedOverlay> placed;
-    const double last = murbo::end(cuts);
+    const CutEnds ends(cuts);
     const ShownMoments moments(cuts);
     PlacedValues values;
     for (const Overlay& overlay : overlays) {
@@ -71,7 +91,7 @@ std::vector<PlacedOverlay> PlacedOverlay::place(const List<Overlay>& overlays, c
         const auto* book = start ? books.find(overlay.playbook, overlay.version) : nullptr;
         if (!book) continue;
         placed.push_back({.start = *start,
-                          .end = std::min(*start + atLeast(overlay.length), last),
+                          .end = ends.end(*start, overlay),
                           .overlay = overlay,
                           .book = *book,
                           .values = values.of(*book, overlay.values)});

@@ -2,6 +2,7 @@
 
 #include "core/model/Look.h"
 #include "core/playbooks/Book.h"
+#include "core/render/plan/FrameTime.h"
 #include "platform/base/Shared.h"
 
 #include <cstddef>
@@ -26,7 +27,7 @@ struct PlacedOverlay {
     std::size_t row = 0;         ///< of a generator: among those laid over the picture, the undermost 0
 
     const Playbook& playbook() const { return book->playbook; }
-    bool isOn(double time) const { return start <= time && time < end; }
+    bool isOn(double time) const { return FrameTime::isOn(start, end, time); }
 
     /// A look's overlays whose moment the cuts show and whose playbook is found, in the look's order.
     static std::vector<PlacedOverlay> place(const List<Overlay>& overlays, const List<Cut>& cuts,

@@ -1,7 +1,7 @@
 #include "core/render/plan/Plan.h"
 
 #include "core/model/CaptionPresets.h"
-#include "core/model/Times.h"
+#include "core/render/plan/FrameTime.h"
 #include "core/render/plan/PlanBooks.h"
 #include "platform/base/Files.h"
 
@@ -80,13 +80,13 @@ Size Plan::frameSize(Video::Aspect aspect) {
 const PlacedShot* Plan::shot(double time) const {
     if (shots.empty()) return nullptr;
     const auto after = std::ranges::partition_point(
-        shots, [&](const PlacedShot& shot) { return shot.start <= time + Times::noStretch; });
+        shots, [&](const PlacedShot& shot) { return FrameTime::reached(shot.start, time); });
     return after == shots.begin() ? &shots.front() : &*std::prev(after);
 }
 
 const CaptionCue* Plan::cue(double time) const {
     const auto found = std::ranges::find_if(
-        cues, [&](const CaptionCue& cue) { return cue.start <= time && time < cue.end; });
+        cues, [&](const CaptionCue& cue) { return FrameTime::isOn(cue.start, cue.end, time); });
     return found == cues.end() ? nullptr : &*found;
 }
 

@@ -90,7 +90,7 @@ Curve footageCurve(double level, const std::vector<Stretch>& quiet, double total
 /// where the piece began, so that many small jumps don't add up.
 bool continues(const Piece& piece, const Cut& cut, double start) {
     const double at = piece.from + (start - piece.start);
-    return piece.end == start && std::abs(at - cut.start) <= Times::samePlace;
+    return piece.end == start && std::abs(at - Times::onTick(cut.start)) <= Times::samePlace;
 }
 
 void addPiece(Track& track, const Cut& cut, double start) {
@@ -99,7 +99,7 @@ void addPiece(Track& track, const Cut& cut, double start) {
     if (!track.pieces.empty() && continues(track.pieces.back(), cut, start))
         track.pieces.back().end = end;
     else
-        track.pieces.push_back({start, end, cut.start});
+        track.pieces.push_back({start, end, Times::onTick(cut.start)});
 }
 
 /// One track for each source, in the order in which they come.
@@ -294,6 +294,14 @@ std::vector<Track> tracks(const Video& video, const Plan& plan, const std::set<U
         add(layer, std::optional(layer.file),
             bounded(layer.layer.volume.value_or(layerVolume)) * level(video, Lane::overlays), flat);
     return tracks;
+}
+
+bool isRecorded(const Video& video, const Plan& plan, const std::set<UUID>& missing, const Lengths& lengths) {
+    std::set<UUID> seen = missing;
+    return std::ranges::any_of(video.cuts, [&](const Cut& cut) {
+        const auto source = plan.sources.find(cut.source);
+        return source != plan.sources.end() && seen.insert(cut.source).second && lengths(source->second);
+    });
 }
 
 std::vector<std::filesystem::path> files(const Video& video, const Plan& plan) {

@@ -64,6 +64,10 @@ std::optional<double> lengthOf(const std::filesystem::path& file);
 std::vector<Track> tracks(const Video& video, const Plan& plan, const std::set<UUID>& missing = {},
                           const Lengths& lengths = lengthOf);
 
+/// Whether the footage that a video shows has sound, heard or not: its movie then has a sound track too.
+bool isRecorded(const Video& video, const Plan& plan, const std::set<UUID>& missing = {},
+                const Lengths& lengths = lengthOf);
+
 /// Every sound file that the video names, found or not: music first, then effects, then those of overlays.
 std::vector<std::filesystem::path> files(const Video& video, const Plan& plan);
 
