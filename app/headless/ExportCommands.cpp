@@ -87,13 +87,11 @@ void Commands::stills(const Arguments&, const Words& words) {
     own.refuse(folder);
     Files::createFolder(folder);
     remarkBlackCuts(shown, opened);
-    CaptionCache captions;
-    PlaybookMedia media;
+    PlanBox box(plan);
     for (const double time : times(words[2])) {
         const auto file = folder / fmt::format("{} {:06.2f}.jpg", shown.tag(), time);
         own.refuse(file);
-        const auto still = Stills::frame(shown, opened.project, opened.missing, fonts, opened.package, time,
-                                         plan, captions, &media);
+        const auto still = Stills::frame({shown, opened.project, opened.missing}, time, box);
         if (const auto bytes = Stills::jpeg(still, stillQuality)) writePlainly(file, *bytes);
         print(file.string());
     }

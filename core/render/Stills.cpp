@@ -20,7 +20,7 @@ namespace {
 constexpr int bandRows = 128; // enough rows that a thread is worth its start
 
 /// What the footage shows at a moment of a video, and whose it is.
-struct Footage {
+struct ShownFootage {
     std::optional<Image> picture;
     std::optional<UUID> source;
 };
@@ -35,17 +35,19 @@ double onCut(double at, const List<Cut>& cuts) {
 /// The moment of its source that a cut shows at a place, as a movie's frame there does.
 double momentOf(const VideoTime::Place& place, const List<Cut>& cuts) {
     const auto* next = place.cut + 1 < cuts.size() ? &cuts[place.cut + 1] : nullptr;
-    return std::min(place.at, FrameTime::lastMoment(cuts[place.cut], next));
+    const auto& cut = cuts[place.cut];
+    return FrameTime::asked(cut.start, place.at - cut.start, FrameTime::lastMoment(cut, next));
 }
 
-Footage footage(const Video& video, const Project& project, const std::set<UUID>& missing, double time) {
-    const auto place = VideoTime::locate(time, video.cuts);
+ShownFootage footage(const Subject& of, double time) {
+    const auto& cuts = of.video.cuts;
+    const auto place = VideoTime::locate(time, cuts);
     if (!place) return {};
-    const auto* source = project.source(video.cuts[place->cut].source);
-    if (!source || missing.contains(source->id)) return {};
+    const auto* source = of.project.source(cuts[place->cut].source);
+    if (!source || of.missing.contains(source->id)) return {};
     try {
         auto reader = FrameReader::open(source->path, FrameReader::Purpose::stills);
-        const auto shown = reader.at(momentOf(*place, video.cuts));
+        const auto shown = reader.at(momentOf(*place, cuts));
         if (!shown) return {{}, source->id};
         return {Image::frame(shown->frame), source->id};
     } catch (const Problem&) {
@@ -58,8 +60,8 @@ Bitmap inBands(const Image& image) {
     const auto extent = image.extent();
     const auto placed = image.transformed(Transform().translated(-extent.x, -extent.y));
     Bitmap target(static_cast<int>(std::ceil(extent.width)), static_cast<int>(std::ceil(extent.height)));
-    const int most = static_cast<int>(std::max(std::thread::hardware_concurrency(), 1U));
-    const int bands = std::clamp(target.height() / bandRows, 1, most);
+    const int max = static_cast<int>(std::max(std::thread::hardware_concurrency(), 1U));
+    const int bands = std::clamp(target.height() / bandRows, 1, max);
     std::vector<std::future<void>> others;
     for (int band = 0; band < bands; ++band) {
         const int top = target.height() * band / bands;
@@ -74,28 +76,22 @@ Bitmap inBands(const Image& image) {
 
 }
 
-Image frame(const Video& video, const Project& project, const std::set<UUID>& missing,
-            const std::string& fonts, const std::optional<std::filesystem::path>& package, double at,
-            const std::optional<Plan>& plan, CaptionCache& captions, PlaybookMedia* media) {
-    const double time = onCut(at, video.cuts);
-    const auto [picture, source] = footage(video, project, missing, time);
-    PlaybookMedia own;
-    return Renderer::render(picture, source, plan ? *plan : Plan::video(video, project, fonts, package), time,
-                            captions, media ? *media : own);
+Image frame(const Subject& of, double at, PlanBox& box) {
+    const double time = onCut(at, of.video.cuts);
+    const auto [picture, source] = footage(of, time);
+    return Renderer::render(picture, source, *box.plan(), time, box.captions(), box.media());
 }
 
-std::vector<Image> styled(const Video& video, const Project& project, const std::set<UUID>& missing,
-                          const std::string& fonts, const std::optional<std::filesystem::path>& package,
-                          double at, const std::vector<CaptionStyle>& styles) {
-    const double time = onCut(at, video.cuts);
-    const auto [picture, source] = footage(video, project, missing, time);
-    auto plan = Plan::video(video, project, fonts, package);
-    CaptionCache captions;
-    PlaybookMedia media;
+std::vector<Image> styled(const Subject& of, double at, const Plan& plan,
+                          const std::vector<CaptionStyle>& styles) {
+    const double time = onCut(at, of.video.cuts);
+    const auto [picture, source] = footage(of, time);
+    PlanBox box(plan);
     std::vector<Image> images;
     for (const auto& style : styles) {
-        plan.style = style;
-        images.push_back(Renderer::render(picture, source, plan, time, captions, media));
+        auto dressed = plan;
+        dressed.style = style;
+        images.push_back(Renderer::render(picture, source, dressed, time, box.captions(), box.media()));
     }
     return images;
 }

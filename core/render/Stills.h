@@ -1,11 +1,8 @@
 #pragma once
 
-#include "core/render/captions/CaptionCache.h"
-#include "core/render/plan/Plan.h"
-#include "core/render/stage/PlaybookMedia.h"
+#include "core/render/PlanBox.h"
 #include "platform/image/Image.h"
 
-#include <filesystem>
 #include <optional>
 #include <set>
 #include <string>
@@ -16,17 +13,20 @@ namespace murbo {
 /// Single pictures of a video, the same that its movie holds.
 namespace Stills {
 
-/// The video at a moment, in video seconds. The picture is the exact one; where it can't be read it is black,
-/// with its captions. `plan` saves laying the video out again, and whoever takes many stills saves reading
-/// the files of playbooks again by giving the same `media` each time.
-Image frame(const Video& video, const Project& project, const std::set<UUID>& missing,
-            const std::string& fonts, const std::optional<std::filesystem::path>& package, double at,
-            const std::optional<Plan>& plan, CaptionCache& captions, PlaybookMedia* media = nullptr);
+/// What stills are taken of.
+struct Subject {
+    const Video& video;
+    const Project& project;
+    std::set<UUID> missing; ///< sources whose file is gone: black
+};
+
+/// The video at a moment, in video seconds, by its plan in the box. The picture is the exact one; where it
+/// can't be read it is black, with its captions. After the end it is the last frame of the last cut.
+Image frame(const Subject& of, double at, PlanBox& box);
 
 /// The same moment once in each caption style.
-std::vector<Image> styled(const Video& video, const Project& project, const std::set<UUID>& missing,
-                          const std::string& fonts, const std::optional<std::filesystem::path>& package,
-                          double at, const std::vector<CaptionStyle>& styles);
+std::vector<Image> styled(const Subject& of, double at, const Plan& plan,
+                          const std::vector<CaptionStyle>& styles);
 
 /// A specimen of a caption style; nothing where it can't be drawn.
 std::optional<Image> caption(const std::string& text, const CaptionStyle& style, const std::string& fonts);

@@ -89,7 +89,7 @@ VideoComposition::Moment VideoComposition::moment(std::int64_t frame) const {
     });
     const double time = std::max(static_cast<double>(frame) / rate, on->start);
     return {static_cast<std::size_t>(on - segments.begin()), time,
-            std::min(on->from + (time - on->start), on->lastMoment)};
+            FrameTime::asked(on->from, time - on->start, on->lastMoment)};
 }
 
 }

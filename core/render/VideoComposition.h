@@ -38,7 +38,7 @@ struct VideoComposition {
     struct Moment {
         std::size_t segment = 0; ///< index
         double time = 0;         ///< video seconds
-        double at = 0;           ///< seconds in the segment's file
+        double at = 0;           ///< seconds in the segment's file, to ask its reader for
     };
 
     std::shared_ptr<PlanBox> box;

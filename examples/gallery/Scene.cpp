@@ -60,8 +60,8 @@ Plan Scene::filled() const {
 }
 
 Image Scene::still(const Plan& plan, double time) const {
-    CaptionCache captions;
-    return Stills::frame(video, project, {}, "", std::nullopt, time, plan, captions);
+    PlanBox box(plan);
+    return Stills::frame({video, project, {}}, time, box);
 }
 
 }

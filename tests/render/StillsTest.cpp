@@ -69,12 +69,11 @@ TEST(Stills, aStillIsTheExportedFrame) {
     DrawnFrames frames(composition, 3);
     Exporter::movie(video, project, {.to = folder / "out.mp4", .frameRate = 30});
     auto movie = FrameReader::open(folder / "out.mp4");
-    CaptionCache captions;
     std::vector<Planes> drawn;
     while (auto planes = frames.next()) drawn.push_back(*planes);
     ASSERT_EQ(drawn.size(), 15U);
     for (const int frame : {7, 14, 0, 1, 12, 3, 4, 11, 10, 5, 6, 9, 8, 2, 13}) {
-        const auto still = Stills::frame(video, project, {}, "", {}, frame / 30.0, {}, captions);
+        const auto still = Stills::frame({video, project, {}}, frame / 30.0, *composition.box);
         Planes planes(1080, 1920);
         Canvas::draw(still, planes);
         EXPECT_EQ(differingRows(planes, drawn[frame]), 0) << frame;
@@ -95,14 +94,13 @@ TEST(Stills, afterTheEndTheLastFrameOfTheLastCutStays) {
     const auto video = samples::video(project, {{0, 0, 1}, {0, 2.033, 3.067}});
     const auto composition = VideoComposition::make(video, project, {}, "", {}, 30);
     ASSERT_EQ(composition.frameCount(), 61);
-    CaptionCache captions;
     for (const auto& [time, number] : {std::pair{1.0, 61},
                                        {0.9995, 61},
                                        {60 / 30.0, 91},
                                        {composition.length(), 91},
                                        {99.0, 91},
                                        {0.998, 29}}) {
-        const auto still = Stills::frame(video, project, {}, "", {}, time, {}, captions);
+        const auto still = Stills::frame({video, project, {}}, time, *composition.box);
         EXPECT_EQ(samples::numberIn(samples::drawn(still, 1080, 1080)), number) << time;
     }
 }
@@ -111,10 +109,9 @@ TEST(Stills, withoutAReadablePictureTheCaptionStandsOnBlack) {
     const auto project = projectSaying("MMMM", 0, 2, "/nowhere/a.mp4");
     auto video = captioned(project, {{0, 0, 2}});
     video.cuts.edit().push_back(Cut::generated("found nowhere", 1, std::nullopt, 1));
-    CaptionCache captions;
+    PlanBox box(Plan::video(video, project, "", {}));
     const auto brightest = [&](double at) {
-        const auto frame =
-            samples::drawn(Stills::frame(video, project, {}, "", {}, at, {}, captions), 1080, 1080);
+        const auto frame = samples::drawn(Stills::frame({video, project, {}}, at, box), 1080, 1080);
         int most = 0;
         for (int y = 0; y < 1080; ++y) {
             for (int x = 0; x < 1080; ++x) most = std::max<int>(most, frame.row(y)[4 * x]);
@@ -141,7 +138,8 @@ TEST(Stills, eachStyleGivesItsOwnPicture) {
     const auto project = projectSaying("Hello", 0, 2, "/nowhere/a.mp4");
     const auto video = captioned(project, {{0, 0, 2}});
     const auto& presets = CaptionStyle::builtIn();
-    const auto images = Stills::styled(video, project, {}, "", {}, 1, {presets[0], presets[4]});
+    const auto images = Stills::styled({video, project, {}}, 1, Plan::video(video, project, "", {}),
+                                       {presets[0], presets[4]});
     ASSERT_EQ(images.size(), 2U);
     EXPECT_FALSE(samples::same(samples::drawn(images[0], 1080, 1080), samples::drawn(images[1], 1080, 1080)));
 }

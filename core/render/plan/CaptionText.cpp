@@ -69,20 +69,12 @@ std::vector<std::int64_t> runningCounts(std::string_view text, const std::vector
 /// The best unit to begin a piece with, from `from` on: near `target` characters, at a space if one is near.
 std::size_t bestBreak(const std::vector<std::int64_t>& counts, const std::vector<bool>& blanks,
                       std::size_t from, std::int64_t target) {
-    const auto distance = [&](std::size_t unit) { return std::abs(counts[unit] - target); };
-    // Counts only grow: whatever lies further off than the nearest unit by more than a space's worth has
-    // lost.
-    const auto last = blanks.size() - 1;
-    const auto first = counts.begin() + std::ptrdiff_t(from);
-    const auto after =
-        std::min(std::size_t(std::lower_bound(first, counts.end(), target) - counts.begin()), last);
-    const auto nearest = std::min(distance(after), distance(std::max(after, from + 1) - 1)) + spaceWorth;
-    const auto start = std::lower_bound(first, counts.end(), target - nearest) - counts.begin();
-
     std::size_t best = from;
     std::int64_t lowest = std::numeric_limits<std::int64_t>::max();
-    for (auto unit = std::size_t(start); unit <= last && counts[unit] <= target + nearest; ++unit) {
-        const std::int64_t score = distance(unit) - (blanks[unit] || blanks[unit - 1] ? spaceWorth : 0);
+    // Counts only grow: where even a space would no longer make up for the distance, nothing better comes.
+    for (auto unit = from; unit < blanks.size() && counts[unit] - target - spaceWorth < lowest; ++unit) {
+        const bool atSpace = blanks[unit] || blanks[unit - 1];
+        const std::int64_t score = std::abs(counts[unit] - target) - (atSpace ? spaceWorth : 0);
         if (score < lowest) best = unit;
         lowest = std::min(lowest, score);
     }

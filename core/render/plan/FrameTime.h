@@ -37,10 +37,15 @@ inline std::int64_t first(double edge, int rate) {
     return frame;
 }
 
-/// The last moment of its source that a cut may ask for. Readers give a picture that comes on within a tick
-/// after the time they are asked for, and the picture at the cut's end is no longer the cut's. Where the next
-/// cut goes on there (or null for none), it may be.
+/// The last moment of its source that a cut may ask for: the picture at its end is no longer the cut's. Where
+/// the next cut goes on there (or null for none), it may be.
 double lastMoment(const Cut& cut, const Cut* next);
+
+/// The moment to ask a source for, so long after a cut's start `from`. A picture that comes on up to half a
+/// tick later was meant: its time was rounded, or that of the cut.
+inline double asked(double from, double elapsed, double lastMoment) {
+    return std::min(from + elapsed + Times::tick / 2, lastMoment);
+}
 
 }
 
