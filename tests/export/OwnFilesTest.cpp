@@ -57,7 +57,7 @@ TEST(OwnFiles, nothingThatAVideoIsMadeOfIsWrittenOver) {
     const auto path = [&](const char* name) { return (folder / name).string(); };
     for (const char* name : {"footage.mp4", "song.mp3", "muted.mp3", "own.mp4", "picture.png", "literal.png",
                              "joined/a b.webm", "default.mp4", "boo.wav", "other.png", "panel.png",
-                             "free.mp4", "library/Playbooks/mine.mbplay/playbook.json"})
+                             "shot.png", "free.mp4", "library/Playbooks/mine.mbplay/playbook.json"})
         folder.file(name, "{}");
     std::filesystem::create_symlink(folder / "own.mp4", folder / "link.mp4");
     std::filesystem::create_symlink(folder / "linked", folder / "dangling.mp4");
@@ -82,6 +82,8 @@ TEST(OwnFiles, nothingThatAVideoIsMadeOfIsWrittenOver) {
                                  .playbook = "panel",
                                  .values = Values{{"folder", path("")}}});
     look.shots.edit()[0].version = 1;
+    look.shots.edit().push_back(
+        {.source = owned.project.sources[0].id, .at = 99, .values = Values{{"still", path("shot.png")}}});
     owned.overlay("stock.sticker", 99).values = Values{{"picture", path("picture.png")}}; // shown by no cut
     Video other;
     other.cuts.edit().push_back(
@@ -95,6 +97,7 @@ TEST(OwnFiles, nothingThatAVideoIsMadeOfIsWrittenOver) {
           "joined/../own.mp4", "a.mbproj/project.json", "a.mbproj/new.mp4", "door/media/new.mp4",
           "a.mbproj/playbooks/files@1.mbplay/assets/new.mp4", "library/Playbooks/mine.mbplay/new.mp4"})
         EXPECT_TRUE(refuses(own, folder / name)) << name;
+    EXPECT_TRUE(refuses(own, folder / "shot.png")) << "a shot names it";
     for (const char* name : {"free.mp4", "new.mp4", "dangling.mp4", "a.mbproj2/new.mp4", "joined/c.webm",
                              "nowhere/new.mp4", "library/new.mp4"})
         EXPECT_FALSE(refuses(own, folder / name)) << name;

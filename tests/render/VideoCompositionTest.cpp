@@ -1,3 +1,4 @@
+#include "core/model/Times.h"
 #include "core/render/VideoComposition.h"
 #include "platform/base/Problem.h"
 #include "tests/TemporaryFolder.h"
@@ -51,7 +52,7 @@ TEST(VideoComposition, nothingDriftsOverManyCuts) {
         const auto moment = composition.moment(frame);
         EXPECT_EQ(moment.segment, static_cast<std::size_t>(frame / 30));
         EXPECT_NEAR(moment.time, static_cast<double>(frame) / 30, 1e-6);
-        EXPECT_NEAR(moment.at, 7.7 + static_cast<double>(frame % 30) / 30, 1e-6);
+        EXPECT_NEAR(moment.at, 7.7 + static_cast<double>(frame % 30) / 30, Times::tick / 2 + 1e-6);
         EXPECT_GE(moment.time, composition.segments[moment.segment].start);
     }
 }
