@@ -1,0 +1,124 @@
+#include "app/mcp/bridge/MCPBridge.h"
+#include "core/mcp/MCPServer.h"
+
+#include <array>
+#include <chrono>
+#include <thread>
+
+#include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <nlohmann/json.hpp>
+#include <sys/socket.h>
+#include <unistd.h>
+
+using namespace murbo;
+using nlohmann::json;
+
+namespace {
+
+/// A port of this machine that answers the n-th request after n tenths of a second less each, or never.
+class Port {
+public:
+    explicit Port(std::string gives) : answer(std::move(gives)) {
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        bind(listening, reinterpret_cast<sockaddr*>(&address), sizeof address);
+        listen(listening, 8);
+        socklen_t size = sizeof address;
+        getsockname(listening, reinterpret_cast<sockaddr*>(&address), &size);
+        number = ntohs(address.sin_port);
+        serving = std::thread([this] { serve(); });
+    }
+    ~Port() {
+        shutdown(listening, SHUT_RDWR);
+        serving.join();
+        close(listening);
+        for (const int one : silent) close(one);
+    }
+
+    std::uint16_t number = 0;
+
+private:
+    void serve() {
+        for (int taken; (taken = accept(listening, nullptr, nullptr)) >= 0;) {
+            if (answer.empty()) {
+                silent.push_back(taken);
+                continue;
+            }
+            std::string got;
+            std::array<char, 65536> bytes;
+            while (got.find("\n}") == got.npos && got.find("}}") == got.npos) {
+                const auto count = recv(taken, bytes.data(), bytes.size(), 0);
+                if (count <= 0) break;
+                got.append(bytes.data(), static_cast<std::size_t>(count));
+            }
+            const auto whole = "HTTP/1.1 200 OK\r\n\r\n" + answer;
+            send(taken, whole.data(), whole.size(), MSG_NOSIGNAL);
+            close(taken);
+        }
+    }
+
+    std::string answer;
+    int listening = socket(AF_INET, SOCK_STREAM, 0);
+    std::vector<int> silent;
+    std::thread serving;
+};
+
+/// What the bridge prints for these lines, from beginning to end.
+std::string printed(const std::string& lines, std::uint16_t port) {
+    std::array<int, 2> in;
+    std::array<int, 2> out;
+    EXPECT_EQ(pipe(in.data()) + pipe(out.data()), 0);
+    std::thread writing([&] {
+        for (std::size_t at = 0; at < lines.size();)
+            at += static_cast<std::size_t>(write(in[1], lines.data() + at, lines.size() - at));
+        close(in[1]);
+    });
+    std::thread bridging([&] {
+        MCPBridge::run({in[0], out[1], port});
+        close(in[0]);
+        close(out[1]);
+    });
+    std::string text;
+    std::array<char, 65536> bytes;
+    for (ssize_t count; (count = read(out[0], bytes.data(), bytes.size())) > 0;)
+        text.append(bytes.data(), static_cast<std::size_t>(count));
+    writing.join();
+    bridging.join();
+    close(out[0]);
+    return text;
+}
+
+constexpr auto call = "{\"id\": 7, \"method\": \"tools/call\", \"params\": {}}\n";
+
+}
+
+TEST(MCPBridge, answersByItselfWhatNeedsNoProgram) {
+    const auto text =
+        printed("{\"id\": 0, \"method\": \"ping\"}\nnonsense\n[]\n{\"method\": \"notifications/x\"}\n" +
+                    std::string(call),
+                1);
+    const auto end = text.find('\n');
+    EXPECT_EQ(json::parse(text.substr(0, end)),
+              (json{{"jsonrpc", "2.0"}, {"id", 0}, {"result", json::object()}}));
+    const auto closed = json::parse(text.substr(end + 1));
+    EXPECT_EQ(closed["id"], 7);
+    EXPECT_EQ(closed["result"]["content"][0]["text"], MCPServer::closed);
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 2);
+}
+
+TEST(MCPBridge, carriesCallsThereAndBackOnOneLine) {
+    const Port port("{\"id\": 7,\n\"result\": {}}");
+    EXPECT_EQ(printed(call, port.number), "{\"id\": 7, \"result\": {}}\n");
+    const auto large = "{\"id\": 7, \"method\": \"tools/call\", \"params\": {\"x\": \"" +
+                       std::string(4 << 20, 'y') + "\"}}\n";
+    EXPECT_EQ(printed(large, port.number), "{\"id\": 7, \"result\": {}}\n");
+}
+
+TEST(MCPBridge, endsSoonAfterItsInputWhateverIsOut) {
+    const Port port("");
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(printed(call, port.number), "");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+}

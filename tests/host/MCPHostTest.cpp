@@ -1,0 +1,169 @@
+#include "app/mcp/MCPHost.h"
+#include "tests/ai/Footage.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+using namespace murbo;
+using nlohmann::json;
+using testing::HasSubstr;
+
+namespace {
+
+/// A session in memory.
+class HeldSession : public MCPSession, public Footage {
+public:
+    HeldSession() {
+        addClip(0, {"one", "two"});
+        addVideo("First", {cut(1, 4)});
+    }
+    const Project& project() const override { return Footage::project; }
+    const History& history() const override { return steps; }
+    void closeDrag() override {}
+    void commit(const std::string& name, Project changed) override {
+        steps.record(name, Footage::project, changed);
+        Footage::project = std::move(changed);
+    }
+    void undo() override { steps.undo(Footage::project); }
+    std::string keepMedia(const std::filesystem::path&) override { return ""; }
+    std::map<UUID, std::vector<std::uint8_t>> loudness(const std::vector<UUID>&) override { return {}; }
+
+    /// A change of the owner's own.
+    void rename(const char* title) {
+        auto changed = Footage::project;
+        changed.videos.edit()[0].title = title;
+        commit("Rename", changed);
+    }
+
+    History steps;
+};
+
+class MCPHostTest : public testing::Test {
+protected:
+    MCPHostTest() { host.setSession(session); }
+
+    /// Asks, and keeps what comes back.
+    void ask(const char* tool, const json& arguments = json::object(), QObject* client = nullptr) {
+        answers.clear();
+        host.call(tool, arguments, client, [this](const json& result) {
+            answers.push_back((result["isError"].get<bool>() ? "failed: " : "") +
+                              result["content"][0]["text"].get<std::string>());
+        });
+    }
+    std::string answer(const char* tool, const json& arguments = json::object()) {
+        ask(tool, arguments);
+        return answers.empty() ? "nothing yet" : answers.back();
+    }
+    void permit(const char* tool, MCPPermissions::Permission permission) {
+        auto permissions = host.permissions();
+        permissions.set(permission, *MCPTool::named(tool));
+        host.setPermissions(permissions);
+    }
+    const std::string& title() const { return session->project().videos[0].title; }
+
+    std::shared_ptr<HeldSession> session = std::make_shared<HeldSession>();
+    MCPHost host{nullptr};
+    std::vector<std::string> answers;
+};
+
+const json renaming{{"video", "V1"}, {"title", "Second"}};
+
+}
+
+TEST_F(MCPHostTest, aChangeIsOneStepThatItsMakerCanTakeBack) {
+    EXPECT_EQ(answer("rename_video", renaming), "V1 is “Second”.");
+    EXPECT_EQ(session->steps.undoName(), "Rename Video");
+    const auto& entry = host.activity().entries().back();
+    EXPECT_EQ(entry.asked, "V1, title Second");
+    EXPECT_EQ(entry.step, "Rename Video");
+    EXPECT_TRUE(entry.made);
+    EXPECT_EQ(answer("undo_my_last"), "Took back “Rename Video”.");
+    EXPECT_EQ(title(), "First");
+    EXPECT_EQ(answer("what_changed", {{"video", "V1"}}), "Nothing in V1 changed since you last read it.");
+    EXPECT_THAT(answer("undo_my_last"), HasSubstr("Nothing of yours to take back"));
+}
+
+TEST_F(MCPHostTest, whatTheOwnerDidSinceIsNotTakenBack) {
+    answer("rename_video", renaming);
+    session->rename("Third");
+    EXPECT_THAT(answer("undo_my_last"), HasSubstr("Nothing of yours to take back"));
+    EXPECT_THAT(answer("what_changed", {{"video", "V1"}}), HasSubstr("Title: “Second” → “Third”"));
+    const auto entry = host.activity().entries().front();
+    EXPECT_TRUE(host.undoToBefore(entry));
+    EXPECT_EQ(title(), "First");
+    EXPECT_FALSE(host.undoToBefore(entry)) << "it is undone already";
+}
+
+TEST_F(MCPHostTest, aChangeThatChangesNothingIsNobodysToTakeBack) {
+    answer("rename_video", {{"video", "V1"}, {"title", "First"}});
+    session->rename("Third");
+    answer("rename_video", {{"video", "V1"}, {"title", "Third"}});
+    EXPECT_THAT(answer("undo_my_last"), HasSubstr("your last call changed nothing"));
+    EXPECT_EQ(title(), "Third");
+}
+
+TEST_F(MCPHostTest, whatIsOffIsRefusedAndFailuresLeaveNoStep) {
+    permit("rename_video", MCPPermissions::Permission::off);
+    EXPECT_EQ(answer("rename_video", renaming),
+              "failed: The owner has turned Rename Video off in Murbo's Settings ▸ MCP.");
+    EXPECT_EQ(answer("set_cuts", {{"video", "V1"}}), "failed: No cut holds up, so V1 is left as it was.");
+    EXPECT_EQ(answer("nonsense"), "failed: Murbo has no tool called nonsense.");
+    EXPECT_TRUE(session->steps.past().empty());
+    EXPECT_TRUE(host.activity().entries().back().failed);
+    host.setSession(nullptr);
+    EXPECT_EQ(answer("overview"), "failed: No project is open in Murbo. Ask the owner to open one.");
+}
+
+TEST_F(MCPHostTest, theOwnerIsAskedAndOthersGoOnMeanwhile) {
+    permit("rename_video", MCPPermissions::Permission::ask);
+    ask("rename_video", renaming);
+    ASSERT_TRUE(host.question());
+    EXPECT_EQ(host.question()->asked, "V1, title Second");
+    EXPECT_EQ(host.busy(), 1);
+    EXPECT_EQ(answer("list_bookmarks"), "The owner has no bookmarks.")
+        << "no call waits for another's question";
+    answers.clear();
+    host.reply(true, true);
+    EXPECT_EQ(answers, std::vector<std::string>{"V1 is “Second”."});
+    EXPECT_EQ(answer("rename_video", renaming), "V1 is “Second”.") << "allowed for ten minutes";
+    EXPECT_EQ(host.busy(), 0);
+}
+
+TEST_F(MCPHostTest, onlyOneQuestionIsOut) {
+    permit("rename_video", MCPPermissions::Permission::ask);
+    std::vector<std::string> first;
+    host.call("rename_video", renaming, nullptr,
+              [&](const json& result) { first.push_back(result["content"][0]["text"].get<std::string>()); });
+    ask("rename_video", {{"video", "V1"}, {"title", "Other"}});
+    EXPECT_EQ(first, std::vector<std::string>{"The owner said no to Rename Video."});
+    host.reply(true);
+    EXPECT_EQ(title(), "Other");
+    host.reply(true); // nothing is asked any more
+}
+
+TEST_F(MCPHostTest, anAppThatLeavesTakesItsQuestionWithIt) {
+    permit("rename_video", MCPPermissions::Permission::ask);
+    auto client = std::make_unique<QObject>();
+    ask("rename_video", renaming, client.get());
+    client.reset();
+    EXPECT_FALSE(host.question());
+    EXPECT_EQ(host.activity().entries().back().said, "The app left before the owner answered.");
+    EXPECT_EQ(title(), "First");
+}
+
+TEST(MCPActivity, keepsTheLastThreeHundred) {
+    MCPActivity activity;
+    for (int count = 0; count < 301; ++count) activity.add({.tool = std::to_string(count)});
+    EXPECT_EQ(activity.entries().size(), 300u);
+    EXPECT_EQ(activity.entries().front().tool, "1");
+}
+
+TEST(MCPActivity, tellsArgumentsInAFewWords) {
+    const auto forty = std::string(40, 'x');
+    EXPECT_EQ(
+        MCPActivity::brief({{"video", "V2"}, {"cuts", {1, 2, 3}}, {"a", forty + "y"}, {"z", json::object()}}),
+        "V2, a " + forty + "…, 3 cuts, z");
+    EXPECT_EQ(MCPActivity::brief({{"query", "one\ntwo"}}), "query one two");
+    EXPECT_EQ(MCPActivity::firstLines("\n a\n\nb\nc\nd"), " a\nb\nc");
+}

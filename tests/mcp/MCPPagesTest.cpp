@@ -1,0 +1,70 @@
+#include "core/mcp/MCPServer.h"
+#include "core/mcp/MCPTool.h"
+#include "platform/base/Files.h"
+#include "platform/base/Problem.h"
+#include "platform/base/RawText.h"
+
+#include <cstdlib>
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+using namespace murbo;
+
+namespace {
+
+const char* heading(MCPTool::Kind kind) {
+    switch (kind) {
+        case MCPTool::Kind::read:
+            return "Reading";
+        case MCPTool::Kind::changeClips:
+            return "Changing clips";
+        case MCPTool::Kind::changeVideos:
+            return "Changing videos";
+        case MCPTool::Kind::library:
+            return "The owner's library: asked for each time, unless allowed";
+    }
+    return "";
+}
+
+std::string rows(std::span<const MCPTool::Param> params, const std::string& indent = "") {
+    std::string text;
+    for (const auto& param : params)
+        text += fmt::format("{}- `{}`, {}{}: {}\n", indent, param.name, rawText(param.type),
+                            param.required ? "" : ", optional", param.about) +
+                rows(param.items, indent + "  ");
+    return text;
+}
+
+std::string page() {
+    std::string page =
+        "# The tools of AI apps\n\nWhat an AI app can do with the project that is open. "
+        "[How to connect one](ai-apps.md). `./dev pages` prints this page anew from the program's own "
+        "table.\n";
+    const char* before = "";
+    for (const auto& tool : MCPTool::all()) {
+        if (heading(tool.kind) != before) page += fmt::format("\n## {}\n", before = heading(tool.kind));
+        page += fmt::format("\n### {}\n\n{}\n", tool.name, tool.about);
+        if (!tool.params.empty())
+            page += fmt::format("\n{}\n`{} {}`\n", rows(tool.params), tool.name, tool.example);
+    }
+    page += "\n## Prompts\n\nReady-made requests; each takes what it works on.\n\n";
+    for (const auto& prompt : MCPServer::prompts())
+        page += fmt::format("- `{}`: {}\n", prompt["name"].get<std::string>(),
+                            prompt["description"].get<std::string>());
+    return page;
+}
+
+}
+
+TEST(MCPPages, theToolsPageIsTheProgramsOwn) {
+    const auto file = std::filesystem::path(MURBO_TESTS).parent_path() / "docs" / "mcp.md";
+    if (std::getenv("MURBO_RENEW_PAGES")) Files::writeWhole(file, page());
+    std::string standing;
+    try {
+        standing = Files::readWhole(file, 1 << 20);
+    } catch (const Problem&) { // it is stale then
+    }
+    EXPECT_EQ(standing, page()) << "The page is stale: ./dev pages renews it.";
+}
