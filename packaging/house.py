@@ -204,7 +204,7 @@ def unnamed_headers(headers):
     found = []
     for file in headers:
         name = PurePath(stem(file)).name
-        if not any(each.name == name for each in declarations(file)):
+        if not any(each.name.lower() == name.lower() for each in declarations(file)):
             found.append(file)
     return found
 

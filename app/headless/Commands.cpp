@@ -35,12 +35,19 @@ std::vector<fs::path> pathsUpToOption(Commands::Words::const_iterator from,
     return paths;
 }
 
-/// Of the files that a person named, those that did not become footage; of a folder's only its movies count.
-void remarkRefused(const std::vector<fs::path>& given, const std::vector<fs::path>& movies) {
-    for (const auto& path : given)
-        if (std::error_code unknown; !fs::is_directory(path, unknown) && !Intake::isMovie(path))
-            Commands::remark("“" + path.filename().string() +
-                             "” was left out: its name is not that of a movie.");
+/// Why a file that a person named did not become footage; nothing for folders, of which only the movies
+/// count.
+std::optional<std::string> whyRefused(const fs::path& named) {
+    std::error_code unknown;
+    if (fs::is_directory(named, unknown)) return {};
+    if (!Intake::isMovie(named))
+        return "“" + named.filename().string() + "” was left out: its name is not that of a movie.";
+    return fs::exists(named, unknown) ? std::nullopt : Commands::whyUnusable(named);
+}
+
+void remarkRefused(const std::vector<fs::path>& named, const std::vector<fs::path>& movies) {
+    for (const auto& path : named)
+        if (const auto why = whyRefused(path)) Commands::remark(*why);
     for (const auto& path : movies)
         if (const auto why = Commands::whyUnusable(path)) Commands::remark(*why);
 }

@@ -28,7 +28,7 @@ TEST(SoundReader, beginsAtTheFilesZeroWithWhatIsHeardThere) {
     MURBO_NEEDS_FFMPEG();
     // A click 20 ms in, less than what an AAC coder starts up for.
     const std::string click = "-f lavfi -i \"aevalsrc=if(eq(n\\,960)\\,0.9\\,0):s=48000:d=1\" ";
-    for (const char* name : {"early.mp4", "early.m4a", "early.mkv", "early.mov"}) {
+    for (const char* name : {"early.mp4", "early.m4a", "early.mov"}) {
         const auto path = made::file(name, click + "-c:a aac -b:a 192k");
         SoundReader reader = SoundReader::open(path);
         std::vector<float> samples(2 * Sound::rate);
