@@ -1,4 +1,0 @@
-#pragma once
-
-// The name that stood here before, for those who have not rebased yet.
-#include "core/playbooks/PlaybookGuide.h"
