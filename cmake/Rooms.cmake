@@ -41,7 +41,8 @@ function(murbo_qt_precompiled target)
             ${CMAKE_SOURCE_DIR}/cmake/Precompiled.h <QObject> <QTimer> <qcorotask.h>)
         set_target_properties(murbo_qt_precompiled_header PROPERTIES POSITION_INDEPENDENT_CODE ON)
     endif()
-    set_target_properties(${target} PROPERTIES AUTOMOC ON POSITION_INDEPENDENT_CODE ON)
+    # Moc 6.4 stumbles over the concepts of the standard library; without the compiler's own words it passes them.
+    set_target_properties(${target} PROPERTIES AUTOMOC ON AUTOMOC_COMPILER_PREDEFINES OFF POSITION_INDEPENDENT_CODE ON)
     target_precompile_headers(${target} REUSE_FROM murbo_qt_precompiled_header)
 endfunction()
 

@@ -1,5 +1,6 @@
 #include "app/headless/Commands.h"
 
+#include "app/options/Paths.h"
 #include "core/intake/Intake.h"
 #include "core/intake/Markers.h"
 #include "core/intake/SourceFinder.h"
@@ -31,7 +32,7 @@ bool isOption(const std::string& word) {
 std::vector<fs::path> pathsUpToOption(Commands::Words::const_iterator from,
                                       Commands::Words::const_iterator end) {
     std::vector<fs::path> paths;
-    std::transform(from, std::find_if(from, end, isOption), std::back_inserter(paths), Commands::path);
+    std::transform(from, std::find_if(from, end, isOption), std::back_inserter(paths), Paths::absolute);
     return paths;
 }
 
@@ -54,7 +55,7 @@ void remarkRefused(const std::vector<fs::path>& named, const std::vector<fs::pat
 
 /// The markers file that the words name or that lies beside the recording.
 std::optional<fs::path> markersFile(const fs::path& recording, const Commands::Words& words) {
-    if (words.size() > 2 && !isOption(words[2])) return Commands::path(words[2]);
+    if (words.size() > 2 && !isOption(words[2])) return Paths::absolute(words[2]);
     return Markers::find(recording);
 }
 
@@ -66,16 +67,6 @@ std::size_t clipsOn(const UUID& source, const Project& project) {
 
 }
 
-fs::path Commands::path(const std::string& word) {
-    std::error_code error;
-    const auto typed = fs::absolute(word, error);
-    auto tidy = typed.lexically_normal();
-    if (!tidy.has_filename() && tidy.has_relative_path()) tidy = tidy.parent_path();
-    // After a symbolic link ".." may lead elsewhere than it reads.
-    const bool same = word.find("..") == word.npos || fs::equivalent(typed, tidy, error) || error;
-    return same ? tidy : fs::weakly_canonical(typed, error);
-}
-
 void Commands::print(const std::string& line) {
     std::fwrite(line.data(), 1, line.size(), stdout);
     std::fputc('\n', stdout);
@@ -85,7 +76,7 @@ void Commands::print(const std::string& line) {
 }
 
 Commands::Opened Commands::open(const std::string& word) {
-    auto package = path(word);
+    auto package = Paths::absolute(word);
     auto project = ProjectPackage::read(package);
     auto missing = SourceFinder::find(project);
     return {std::move(package), std::move(project), std::move(missing)};
@@ -109,7 +100,7 @@ void Commands::version(const Arguments&, const Words&) {
 }
 
 void Commands::create(const Arguments&, const Words& words) {
-    ProjectPackage::create(path(words[0]));
+    ProjectPackage::create(Paths::absolute(words[0]));
 }
 
 void Commands::summary(const Arguments&, const Words& words) {
@@ -118,7 +109,7 @@ void Commands::summary(const Arguments&, const Words& words) {
 }
 
 void Commands::addFiles(const Arguments&, const Words& words) {
-    const auto lock = PackageLock::lock(path(words[0]));
+    const auto lock = PackageLock::lock(Paths::absolute(words[0]));
     auto [package, project, missing] = open(words[0]);
     const auto before = project;
     const auto given = pathsUpToOption(words.begin() + 1, words.end());
@@ -133,10 +124,10 @@ void Commands::addFiles(const Arguments&, const Words& words) {
 }
 
 void Commands::addStream(const Arguments&, const Words& words) {
-    const auto lock = PackageLock::lock(path(words[0]));
+    const auto lock = PackageLock::lock(Paths::absolute(words[0]));
     auto [package, project, missing] = open(words[0]);
     const auto before = project;
-    const auto recording = path(words[1]);
+    const auto recording = Paths::absolute(words[1]);
     const auto name = recording.filename().string();
     const auto measured = Intake::lengths({recording});
     if (measured.empty()) {

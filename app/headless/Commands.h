@@ -36,9 +36,6 @@ struct Opened {
 /// Throws ProjectError.
 Opened open(const std::string& word);
 
-/// A word of the command line as an absolute path, without the detours by which it was typed.
-std::filesystem::path path(const std::string& word);
-
 /// Puts a line on standard output. Throws a Problem where it can't be written.
 void print(const std::string& line);
 

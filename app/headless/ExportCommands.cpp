@@ -1,6 +1,7 @@
 #include "app/headless/Commands.h"
 #include "app/headless/Interruption.h"
 #include "app/headless/ProgressLine.h"
+#include "app/options/Paths.h"
 #include "core/model/Settings.h"
 #include "core/render/Stills.h"
 #include "core/render/VideoComposition.h"
@@ -80,7 +81,7 @@ double frameRate(const Arguments& arguments, const Video& video, const Commands:
 void Commands::stills(const Arguments&, const Words& words) {
     const auto opened = open(words[0]);
     const auto& shown = video(words[1], opened.project);
-    const auto folder = path(words[3]);
+    const auto folder = Paths::absolute(words[3]);
     const auto fonts = Settings::captionFonts();
     const auto plan = Plan::video(shown, opened.project, fonts, opened.package);
     const OwnFiles own(opened.project, shown, plan);
@@ -102,7 +103,7 @@ void Commands::movie(const Arguments& arguments, const Words& words) {
     const auto& shown = video(words[1], opened.project);
     remarkBlackCuts(shown, opened);
     const double rate = frameRate(arguments, shown, opened);
-    const auto file = path(words[2]);
+    const auto file = Paths::absolute(words[2]);
     const Interruption interruption;
     ProgressLine line;
     const auto notes = Exporter::movie(

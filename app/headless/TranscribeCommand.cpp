@@ -1,5 +1,6 @@
 #include "app/headless/Commands.h"
 #include "app/headless/Interruption.h"
+#include "app/options/Paths.h"
 #include "core/intake/transcription/Transcription.h"
 #include "core/intake/transcription/Transcripts.h"
 #include "core/intake/transcription/Whisper.h"
@@ -121,7 +122,7 @@ std::vector<Line> transcribe(const Clip& clip, const Source& source, Commands::O
 }
 
 void Commands::transcribe(const Arguments&, const Words& words) {
-    const auto lock = PackageLock::lock(path(words[0]));
+    const auto lock = PackageLock::lock(Paths::absolute(words[0]));
     auto opened = open(words[0]);
     const auto wanted = clips(words[1], opened);
     const Interruption interruption;

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <array>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace murbo {
+
+class SettingsStore;
+
+/// The editing commands that a key can give.
+enum class Command {
+    play,
+    backward,
+    stop,
+    forward,
+    markStart,
+    markEnd,
+    markClip,
+    addToEnd,
+    insert,
+    select,
+    trim,
+    blade,
+    hand,
+    skimming,
+    snapping,
+    remove,
+    favourite,
+    clearRating,
+    cutSplit,
+    cutContent,
+    cutFace,
+    punch,
+    clipMark,
+    bookmark
+};
+constexpr auto rawTexts(Command) {
+    return std::array<std::string_view, 24>{"play",    "backward",  "stop",        "forward",  "markStart",
+                                            "markEnd", "markClip",  "addToEnd",    "insert",   "select",
+                                            "trim",    "blade",     "hand",        "skimming", "snapping",
+                                            "remove",  "favourite", "clearRating", "cutSplit", "cutContent",
+                                            "cutFace", "punch",     "clipMark",    "bookmark"};
+}
+
+/// Which key gives which command; the user may change it. A key is one lower-case character, or "space" or
+/// "delete". Main thread only.
+class Keys {
+public:
+    /// Those of the user's own settings.
+    static Keys& standard();
+
+    explicit Keys(SettingsStore& settings);
+
+    static std::string_view title(Command command);
+    static std::string_view standardKey(Command command);
+
+    std::string key(Command command) const;
+    /// The first command with that key.
+    std::optional<Command> command(const std::string& key) const;
+
+    /// Gives a command a key. Whoever had it takes the command's own in exchange, and is answered.
+    std::optional<Command> bind(Command command, const std::string& key);
+    /// Gives every command its standard key again.
+    void useStandard();
+
+    /// The name of a typed key; nothing for those that can't be bound (return, tab, arrows, function keys). A
+    /// character counts in lower case, without the keys held beside it.
+    static std::optional<std::string> name(const std::string& typed);
+
+private:
+    void put(Command command, const std::string& key);
+    void keep();
+
+    SettingsStore& settings;
+    std::map<std::string, std::string> bindings; ///< by raw text; only keys that are not standard
+};
+
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "app/editor/commands/EditorCommand.h"
+#include "app/editor/commands/Named.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace murbo {
+
+/// What a person does to clips and lines, and the marks on what the source player holds.
+namespace FootageCommands {
+
+/// The clips that a command acts on: those picked, else the held one.
+std::vector<UUID> clipsActedOn(const Editor& editor);
+
+/// 1 is a favourite, -1 a reject; 0 or none clears the rating.
+void rate(Editor& editor, const std::vector<UUID>& clips, std::optional<std::int64_t> value);
+/// Gives a clip a name of the user's own; a blank one takes it away.
+void renameClip(Editor& editor, const UUID& clip, const std::string& to);
+/// Corrects what a line says; its times stay.
+void correct(Editor& editor, const UUID& line, const UUID& source, const std::string& to);
+
+/// Marks the range from the first of these lines to the last.
+void pick(Editor& editor, const std::vector<Named::FoundLine>& lines);
+void markStart(Editor& editor);
+void markEnd(Editor& editor);
+void markClip(Editor& editor);
+/// Lets go of the range, of all picks and of the tool.
+void clear(Editor& editor);
+
+CommandList table();
+
+}
+
+}

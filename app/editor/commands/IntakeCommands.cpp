@@ -1,0 +1,132 @@
+#include "app/editor/commands/IntakeCommands.h"
+
+#include "app/editor/commands/Row.h"
+#include "app/editor/commands/TranscribeCommands.h"
+#include "core/intake/Intake.h"
+#include "core/intake/Markers.h"
+#include "core/intake/SourceFinder.h"
+#include "core/intake/Sources.h"
+#include "platform/base/Text.h"
+
+#include <algorithm>
+
+#include <qcorotask.h>
+
+namespace murbo::IntakeCommands {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string nameOf(const fs::path& file) {
+    return Text::repaired(file.filename().string());
+}
+
+/// Has new sources in view and does with them what is wanted.
+void welcome(Editor& editor, const std::vector<UUID>& sources, Then then) {
+    editor.setMissing(SourceFinder::find(editor.project()));
+    if (sources.empty()) return;
+    editor.setSidebar({Collection::sources, sources.front()});
+    if (then.transcribe)
+        TranscribeCommands::transcribeQueue(editor, TranscribeCommands::stretches(editor.project(), sources),
+                                            false);
+}
+
+QCoro::Task<> takeIn(Editor& editor, std::vector<fs::path> files, Then then) {
+    const auto hold = editor.busy();
+    const auto measuring = [files] { return Intake::lengths(files); };
+    const auto measured = co_await editor.background.run(measuring);
+    if (measured.empty()) {
+        editor.refuse("Those files could not be read");
+        co_return;
+    }
+    std::vector<fs::path> kept;
+    for (const auto& file : measured) kept.push_back(file.path);
+    std::vector<UUID> sources;
+    editor.change("Add Footage", [&](Project& project) {
+        sources = Sources::add(project, measured, Intake::groupName(kept), Source::Kind::file);
+    });
+    welcome(editor, sources, then);
+}
+
+Sources::StreamNotes notes(const std::optional<fs::path>& markers, const std::string& note) {
+    Sources::StreamNotes found;
+    if (markers) found = {nameOf(*markers), Markers::text(*markers), {}};
+    if (!Text::trimmed(note).empty()) found.note = note;
+    return found;
+}
+
+QCoro::Task<> takeInStream(Editor& editor, fs::path recording, std::optional<fs::path> markers,
+                           std::string note, Then then) {
+    const auto hold = editor.busy();
+    const auto measuring = [recording] { return Intake::lengths({recording}); };
+    const auto measured = co_await editor.background.run(measuring);
+    if (measured.empty()) {
+        editor.refuse(nameOf(recording) + " could not be read");
+        co_return;
+    }
+    UUID source;
+    editor.change("Add Stream", [&](Project& project) {
+        source = Sources::addStream(project, measured.front(), notes(markers, note));
+    });
+    welcome(editor, {source}, then);
+}
+
+}
+
+void addFiles(Editor& editor, const std::vector<fs::path>& given, Then then) {
+    auto files = Intake::videos(given);
+    if (files.empty()) return editor.refuse("No video files there");
+    takeIn(editor, std::move(files), then);
+}
+
+void addStream(Editor& editor, const fs::path& recording, const std::optional<fs::path>& markers,
+               const std::string& note, Then then) {
+    takeInStream(editor, recording, markers ? markers : Markers::find(recording), note, then);
+}
+
+void findMissing(Editor& editor, const fs::path& folder) {
+    const auto candidates = Intake::videos({folder});
+    std::map<UUID, std::string> found;
+    for (const auto& source : editor.project().sources) {
+        if (!editor.missing().contains(source.id)) continue;
+        const auto same = std::find_if(candidates.begin(), candidates.end(), [&](const fs::path& file) {
+            return file.filename() == source.name();
+        });
+        if (same != candidates.end()) found[source.id] = same->string();
+    }
+    if (found.empty()) return editor.refuse("None of the missing files were there");
+    auto missing = editor.missing();
+    for (const auto& entry : found) missing.erase(entry.first);
+    editor.setMissing(missing);
+    editor.apply([&](Project& project) {
+        for (auto& source : project.sources.edit())
+            if (const auto path = found.find(source.id); path != found.end()) source.path = path->second;
+    });
+    editor.reloadVideo(std::nullopt);
+    editor.say("Found " + std::to_string(found.size()) +
+               (found.size() == 1 ? " missing file" : " missing files"));
+}
+
+CommandList table() {
+    using Kind::Flag;
+    using Kind::Maybe;
+    return {
+        row<Kind::ListOf<Kind::File>, Maybe<Flag>, Maybe<Flag>>(
+            "addFiles", "Add Footage", {"files", "transcribe", "describe"},
+            [](Editor& editor, const std::vector<fs::path>& files, std::optional<bool> transcribe,
+               std::optional<bool> describe) {
+                addFiles(editor, files, {transcribe.value_or(false), describe.value_or(false)});
+            }),
+        row<Kind::File, Maybe<Kind::File>, Maybe<Kind::AnyText>, Maybe<Flag>, Maybe<Flag>>(
+            "addStream", "Add Stream", {"recording", "markers", "note", "transcribe", "describe"},
+            [](Editor& editor, const fs::path& recording, const std::optional<fs::path>& markers,
+               const std::optional<std::string>& note, std::optional<bool> transcribe,
+               std::optional<bool> describe) {
+                addStream(editor, recording, markers, note.value_or(""),
+                          {transcribe.value_or(false), describe.value_or(false)});
+            }),
+        row<Kind::File>("findMissing", "Find Missing Footage", {"in"}, findMissing),
+    };
+}
+
+}

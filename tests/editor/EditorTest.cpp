@@ -1,0 +1,98 @@
+#include "app/editor/Editor.h"
+#include "tests/editor/Lines.h"
+
+#include <QMetaMethod>
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+/// Counts all that an object notifies of its properties.
+class Notifications : public QObject {
+public:
+    explicit Notifications(EditorFields& editor) {
+        connect(&editor, &EditorFields::toolChanged, this, [this] { ++count; });
+        connect(&editor, &EditorFields::pickedChanged, this, [this] { ++count; });
+        connect(&editor, &EditorFields::rangeChanged, this, [this] { ++count; });
+    }
+    int count = 0;
+};
+
+void rename(Project& project, const std::string& name) {
+    project.groups.edit().front().name = name;
+}
+
+}
+
+TEST(Editor, everyPropertyNotifies) {
+    const auto& meta = EditorFields::staticMetaObject;
+    for (int at = meta.propertyOffset(); at < meta.propertyCount(); ++at)
+        EXPECT_TRUE(meta.property(at).hasNotifySignal()) << meta.property(at).name();
+    EXPECT_GE(meta.propertyCount() - meta.propertyOffset(), 23);
+}
+
+TEST(Editor, notifiesOncePerRealChange) {
+    Lines lines;
+    Notifications notes(lines.editor());
+    lines.editor().setTool(EditingTool::blade);
+    lines.editor().setTool(EditingTool::blade);
+    lines.editor().setRange(Stretch{1, 2});
+    lines.editor().setRange(Stretch{1, 2});
+    lines.editor().setPicked(std::nullopt);
+    EXPECT_EQ(notes.count, 2);
+}
+
+TEST(Editor, aChangeOfNothingIsNoStepAndNoSave) {
+    int saves = 0;
+    Editor editor(Lines::made(), {}, std::nullopt, [&](const Project&) { ++saves; });
+    editor.change("Nothing", [](Project& project) { rename(project, "Stream"); });
+    EXPECT_EQ(saves, 0);
+    EXPECT_TRUE(editor.history().past().empty());
+    editor.change("Rename", [](Project& project) { rename(project, "B"); });
+    EXPECT_EQ(saves, 1);
+}
+
+TEST(Editor, whatATaskFindsOutSurvivesAnOpenDragAndIsNotInItsStep) {
+    Editor editor(Lines::made(), {}, std::nullopt, [](const Project&) {});
+    editor.beginDrag("Slide");
+    editor.dragPiece([](Project& project) { rename(project, "dragged"); });
+    editor.apply([](Project& project) { project.language = "en"; });
+    editor.undo(); // ends the drag and takes back that very drag
+    EXPECT_EQ(editor.project().groups[0].name, "Stream");
+    EXPECT_EQ(editor.project().language, "en");
+    EXPECT_EQ(editor.history().redoName(), "Slide");
+}
+
+TEST(Editor, aGroupIsOneStepAlsoWithinAnother) {
+    Editor editor(Lines::made(), {}, std::nullopt, [](const Project&) {});
+    editor.group("Both", [&] {
+        editor.change("One", [](Project& project) { rename(project, "1"); });
+        editor.group("Inner",
+                     [&] { editor.change("Two", [](Project& project) { project.language = "en"; }); });
+    });
+    ASSERT_EQ(editor.history().past().size(), 1);
+    EXPECT_EQ(editor.history().undoName(), "Both");
+}
+
+TEST(Editor, aFileFoundAgainStaysFoundOverAnUndo) {
+    Editor editor(Lines::made(), {}, std::nullopt, [](const Project&) {});
+    editor.change("Note", [](Project& project) { project.sources.edit()[0].note = "words"; });
+    editor.apply([](Project& project) { project.sources.edit()[0].path = "/found/rec.mp4"; });
+    editor.undo();
+    EXPECT_FALSE(editor.project().sources[0].note);
+    EXPECT_EQ(editor.project().sources[0].path, "/found/rec.mp4");
+}
+
+TEST(Editor, aChangeThatFailsLeavesNothing) {
+    Editor editor(Lines::made(), {}, std::nullopt, [](const Project&) {});
+    const auto before = editor.project();
+    EXPECT_THROW(editor.change("Fails",
+                               [](Project& project) {
+                                   rename(project, "half");
+                                   throw std::runtime_error("no");
+                               }),
+                 std::runtime_error);
+    EXPECT_EQ(editor.project(), before);
+}

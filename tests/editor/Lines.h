@@ -1,0 +1,70 @@
+#pragma once
+
+#include "app/editor/ProjectDocument.h"
+#include "app/editor/script/Script.h"
+#include "core/model/package/ProjectPackage.h"
+#include "tests/Environment.h"
+#include "tests/TemporaryFolder.h"
+
+#include <QCoreApplication>
+#include <memory>
+#include <string>
+
+namespace murbo {
+
+/// A project in a folder of its own, opened and driven by lines, with settings and library of its own. Its
+/// source "rec.mp4", 100 s long, is no file: what is edited does not need it.
+class Lines {
+public:
+    Lines() {
+        ProjectPackage::write(made(), package(), nullptr);
+        open();
+    }
+
+    static Project made() {
+        Project project;
+        project.groups.edit().push_back({.name = "Stream"});
+        Source source{.group = project.groups.front().id, .path = "/nowhere/rec.mp4", .length = 100};
+        Source other{.group = project.groups.front().id, .path = "/nowhere/cam.mp4", .length = 30};
+        for (int number = 1; number <= 3; ++number)
+            project.clips.edit().push_back(
+                {.number = number, .source = source.id, .start = number * 20.0, .end = number * 20.0 + 10});
+        project.lastClip = 3;
+        auto& lines = project.transcripts[source.id].lines.edit();
+        for (int at = 0; at < 9; ++at)
+            lines.push_back(
+                {.start = 21 + at * 5.0, .end = 24 + at * 5.0, .text = "Line number " + std::to_string(at)});
+        project.sources = {{source, other}};
+        return project;
+    }
+
+    void open() {
+        document = ProjectDocument::open(package());
+        script = std::make_unique<Script>(*document);
+    }
+    void close() {
+        document->close();
+        script.reset();
+        document.reset();
+    }
+
+    /// Carries out a line and waits for its answer; empty for a blank line.
+    std::string operator()(const std::string& line) {
+        std::string answer;
+        if (!script->run(line, [&](const std::string& text) { answer = text; })) return "";
+        while (answer.empty()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        return answer;
+    }
+
+    std::filesystem::path package() const { return folder / "p.mbproj"; }
+    Editor& editor() { return document->editor(); }
+    const Project& project() { return editor().project(); }
+
+    TemporaryFolder folder;
+    Environment config{"XDG_CONFIG_HOME", folder.path / "config"};
+    Environment home{"HOME", folder.path / "home"};
+    std::unique_ptr<ProjectDocument> document;
+    std::unique_ptr<Script> script;
+};
+
+}

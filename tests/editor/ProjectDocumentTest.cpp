@@ -1,0 +1,68 @@
+#include "app/editor/ProjectDocument.h"
+#include "tests/FullDisk.h"
+#include "tests/ProblemOf.h"
+#include "tests/editor/Lines.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace murbo;
+using testing::HasSubstr;
+
+namespace fs = std::filesystem;
+
+TEST(ProjectDocument, aSecondSessionIsRefused) {
+    Lines lines;
+    EXPECT_EQ(problemOf([&] { ProjectDocument::open(lines.package()); }),
+              "“p.mbproj” is open in Murbo. Close it there first.");
+}
+
+TEST(ProjectDocument, aSaveThatFailsIsToldAndMadeUpFor) {
+    Lines lines;
+    {
+        const FullDisk disk(100);
+        EXPECT_THAT(lines(R"(["renameClip","C01","Best"])"), HasSubstr("\"toast\":\"Not saved: "));
+        EXPECT_THAT(lines(R"(["renameClip","C01","Better"])"), HasSubstr("\"step\":\"Rename Clip\""));
+        EXPECT_TRUE(lines.document->unsaved());
+    }
+    lines(R"(["wait",3.5])");
+    EXPECT_FALSE(lines.document->unsaved());
+    EXPECT_EQ(ProjectPackage::read(lines.package()).clips[0].name, "Better");
+}
+
+TEST(ProjectDocument, aPackageThatIsGoneIsNotMadeAgain) {
+    Lines lines;
+    fs::rename(lines.package(), lines.folder / "away");
+    EXPECT_THAT(lines(R"(["renameClip","C01","Best"])"), HasSubstr("is not in its place any more"));
+    EXPECT_FALSE(fs::exists(lines.package()));
+    fs::rename(lines.folder / "away", lines.package());
+    lines(R"(["renameClip","C02","Too"])");
+    EXPECT_EQ(ProjectPackage::read(lines.package()), lines.project());
+}
+
+TEST(ProjectDocument, whatAnotherProgramWroteIsKeptBeside) {
+    Lines lines;
+    auto theirs = lines.project();
+    theirs.language = "en";
+    ProjectPackage::write(theirs, lines.package(), nullptr);
+    EXPECT_THAT(lines(R"(["renameClip","C01","Ours"])"), HasSubstr("p (changed elsewhere).mbproj"));
+    EXPECT_EQ(ProjectPackage::read(lines.folder / "p (changed elsewhere).mbproj"), theirs);
+    EXPECT_EQ(ProjectPackage::read(lines.package()), lines.project());
+    EXPECT_EQ(lines(R"(["renameClip","C01","More"])"), R"({"ok":true,"step":"Rename Clip"})");
+}
+
+TEST(ProjectDocument, filesPutBackAsTheyWereAreNoChange) {
+    Lines lines;
+    ProjectPackage::write(lines.project(), lines.package(), nullptr);
+    EXPECT_EQ(lines(R"(["renameClip","C01","Ours"])"), R"({"ok":true,"step":"Rename Clip"})");
+    EXPECT_FALSE(fs::exists(lines.folder / "p (changed elsewhere).mbproj"));
+}
+
+TEST(ProjectDocument, theHistoryOutlivesTheSession) {
+    Lines lines;
+    lines(R"(["renameClip","C01","Best"])");
+    lines.close();
+    lines.open();
+    EXPECT_EQ(lines(R"(["undo"])"), R"({"ok":true,"toast":"Undid Rename Clip"})");
+    EXPECT_FALSE(lines.project().clips[0].name);
+}
