@@ -12,6 +12,7 @@
 #include "platform/media/FrameReader.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -118,6 +119,38 @@ void play(const char* name, const PlayerItem& item, int width, int height) {
         counts.shown, counts.dropped,
         100.0 * static_cast<double>(counts.dropped) / static_cast<double>(counts.shown + counts.dropped),
         100 * (used - decoding) / length, 100 * decoding / length, peakMegabytes());
+}
+
+/// What playing costs on a machine that is busy otherwise: the clock waits for each picture.
+void cost(const char* name, const PlayerItem& item, int width, int height) {
+    const auto frames = std::min<std::int64_t>(std::llround(playedSeconds()) * item.composition.rate,
+                                               item.composition.frameCount());
+    const double length = static_cast<double>(frames) / item.composition.rate;
+    double before = cpu();
+    PictureFeed feed(item.composition);
+    for (std::int64_t frame = 0; frame < frames; ++frame) feed.frame(frame);
+    const double decoding = (cpu() - before) / length;
+    before = cpu();
+    SoundFeed sound(item.sound, item.composition.length());
+    sound.start(0, 1);
+    std::vector<float> block(2 * 480);
+    for (double at = 0; at < length; at += 0.01) sound.read(block);
+    const double sounding = (cpu() - before) / length;
+    std::atomic<double> now = 0;
+    const auto watch = std::make_shared<Watch>();
+    Player player([&] { return now.load(); });
+    player.setSink(watch, width, height);
+    player.load(item, 0);
+    watch->wait([](const auto& frame) { return frame.exact; });
+    before = cpu();
+    player.run(1);
+    for (std::int64_t frame = 1; frame < frames; ++frame) {
+        now = static_cast<double>(frame) / item.composition.rate;
+        watch->wait([&](const auto& shown) { return shown.number == frame; });
+    }
+    const double showing = (cpu() - before) / length;
+    say(name, "{:.0f} % of a core for decoding, {:.0f} % beside it, {:.1f} % for sound; {} of {} dropped",
+        100 * decoding, 100 * (showing - decoding), 100 * sounding, player.counts().dropped, frames);
 }
 
 void refresh() {
@@ -303,6 +336,8 @@ void run(const std::set<std::string>& names) {
     const std::pair<const char*, std::function<void()>> all[] = {
         {"play540", [] { play("play540", split(), 540, 960); }},
         {"play1080", [] { play("play1080", split(30), 1080, 1920); }},
+        {"cost540", [] { cost("cost540", split(), 540, 960); }},
+        {"cost1080", [] { cost("cost1080", split(30), 1080, 1920); }},
         {"refresh", refresh},
         {"step", step},
         {"seek", seek},

@@ -14,6 +14,7 @@ namespace {
 constexpr std::size_t mostAhead = 3;  // frames drawn before their time
 constexpr int largestSide = 8192;     // pixels of a view
 constexpr double longestSleep = 0.02; // seconds: the clock may be another's and run unevenly
+constexpr double longestLate = 0.15;  // seconds after its time that a picture may still be waited for
 constexpr double soon = 0.0005;       // seconds that are not worth a sleep
 constexpr double frameSlack = 0.001;  // a time this little before a frame's own counts as at it
 
@@ -178,8 +179,9 @@ void PicturePlayer::drawOn(const Order& now) {
         }
         const double start = PlayerClock::computer();
         const auto moment = now.composition->moment(next);
+        const auto late = [&] { return (clock.place() - moment.time) / now.rate > longestLate; };
         const auto picture = now.rate > 0 ? footage.at(moment, now.rate, now.superseded)
-                                          : footage.backward(moment, now.rate, now.superseded);
+                                          : footage.backward(moment, now.rate, now.superseded, late);
         if (!deliver(now, moment, picture, next)) return;
         cost += (PlayerClock::computer() - start - cost) / 8;
         last = next;

@@ -42,7 +42,8 @@ PlayedFootage::Picture PlayedFootage::at(const VideoComposition::Moment& moment,
 }
 
 PlayedFootage::Picture PlayedFootage::backward(const VideoComposition::Moment& moment, double rate,
-                                               const std::stop_token& stop) {
+                                               const std::stop_token& stop,
+                                               const std::function<bool()>& late) {
     const auto& segment = composition->segments[moment.segment];
     const double step = std::max(std::abs(rate), 1.0) / composition->rate;
     const auto before = neighbour(moment.segment, -1);
@@ -57,7 +58,7 @@ PlayedFootage::Picture PlayedFootage::backward(const VideoComposition::Moment& m
     if (!picture && current && current->file() == segment.file)
         if (const auto frame = current->atHand(moment.at)) return {Image::frame(*frame), segment.source};
     if (!picture) {
-        reel.wait(moment.at, stop);
+        reel.wait(moment.at, [&] { return stop.stop_requested() || late(); });
         picture = reel.at(moment.at);
     }
     if (!picture && !stop.stop_requested()) return nearest(moment, segment);

@@ -6,6 +6,7 @@
 #include "platform/image/Image.h"
 
 #include <cstddef>
+#include <functional>
 #include <future>
 #include <map>
 #include <memory>
@@ -36,8 +37,10 @@ public:
     /// The picture at a moment. `rate` says which way it goes on, for what is made ready meanwhile; 0 where
     /// it stands. Nothing once `stop` came.
     Picture at(const VideoComposition::Moment& moment, double rate, const std::stop_token& stop);
-    /// The same played backward: quick, and softer.
-    Picture backward(const VideoComposition::Moment& moment, double rate, const std::stop_token& stop);
+    /// The same played backward: quick, and softer. Where it isn't there once `late` says that it is wanted
+    /// no more, a picture near by takes its place.
+    Picture backward(const VideoComposition::Moment& moment, double rate, const std::stop_token& stop,
+                     const std::function<bool()>& late);
     /// A picture near the moment that is quickly had.
     Picture nearest(const VideoComposition::Moment& moment);
     /// Makes ready what a step from a moment may ask for, while nothing else is to be done.

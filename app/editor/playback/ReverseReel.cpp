@@ -13,7 +13,6 @@ namespace {
 constexpr double smallPixels = 640 * 360; // enough while it runs; the picture that it stops on is whole
 constexpr std::size_t mostPictures = 160; // 55 MB
 constexpr auto look = std::chrono::milliseconds(5);
-constexpr int mostLooks = 30;
 
 int even(double size) {
     return std::max(2, 2 * static_cast<int>(std::lround(size / 2)));
@@ -120,11 +119,9 @@ std::optional<Image> ReverseReel::at(double time) {
     return pictures.back().picture;
 }
 
-void ReverseReel::wait(double time, const std::stop_token& stop) {
+void ReverseReel::wait(double time, const std::function<bool()>& enough) {
     const bool ready = !current.pictures.empty() && (done || time >= current.from - apart / 2);
-    for (int looks = 0; looks < mostLooks && !ready && coming.valid() && !stop.stop_requested() &&
-                        coming.wait_for(look) != std::future_status::ready;
-         ++looks) {
+    while (!ready && coming.valid() && !enough() && coming.wait_for(look) != std::future_status::ready) {
     }
 }
 

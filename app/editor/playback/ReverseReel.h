@@ -4,6 +4,7 @@
 #include "platform/media/FrameReader.h"
 
 #include <filesystem>
+#include <functional>
 #include <future>
 #include <optional>
 #include <stop_token>
@@ -26,8 +27,8 @@ public:
     /// The picture that is on at a time, where it is ready, within the step: as large as the file's own, but
     /// softer. Times are asked for in falling order.
     std::optional<Image> at(double time);
-    /// Waits a little for the picture of a time; no longer than it may be missed for, nor when `stop` came.
-    void wait(double time, const std::stop_token& stop);
+    /// Waits until there is a picture for a time, or none to be had, or `enough` says so.
+    void wait(double time, const std::function<bool()>& enough);
 
 private:
     struct Small {
