@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 using namespace murbo;
+using nlohmann::json;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;

@@ -25,7 +25,7 @@ protected:
     }
 };
 
-using Times = std::vector<std::pair<double, double>>;
+using Spans = std::vector<std::pair<double, double>>;
 
 }
 
@@ -45,8 +45,8 @@ TEST_F(SaidTest, cutsRunFromALineToALineOfOneClip) {
     EXPECT_EQ(
         times(cuts(
             R"([{"from": "C01.01", "to": "c1.3"}, {"from": "C02.01", "to": "C02.01", "role": "payoff"}])")),
-        (Times{{1, 6}, {101, 102}}));
-    EXPECT_EQ(times(cuts(R"([{"from": "C01.04", "to": "C01.n1"}])")), (Times{{7, 8.6}}));
+        (Spans{{1, 6}, {101, 102}}));
+    EXPECT_EQ(times(cuts(R"([{"from": "C01.04", "to": "C01.n1"}])")), (Spans{{7, 8.6}}));
     for (const auto* bad :
          {R"([{"from": "C01.01", "to": "C02.01"}])", R"([{"from": "C01.03", "to": "C01.01"}])",
           R"([{"from": "C01.09", "to": "C01.09"}])", R"([{"from": 3, "to": "C01.01"}])", R"(["C01.01"])",
@@ -59,7 +59,7 @@ TEST_F(SaidTest, cutsRunFromALineToALineOfOneClip) {
 TEST_F(SaidTest, aLineThatIsGoneEndsNoCutButMayLieInOne) {
     lines()[1].gone = true;
     EXPECT_TRUE(cuts(R"([{"from": "C01.02", "to": "C01.03"}])").empty());
-    EXPECT_EQ(times(cuts(R"([{"from": "C01.01", "to": "C01.03"}])")), (Times{{1, 6}}));
+    EXPECT_EQ(times(cuts(R"([{"from": "C01.01", "to": "C01.03"}])")), (Spans{{1, 6}}));
 }
 
 TEST_F(SaidTest, aCutTooShortToBeMeantIsNone) {

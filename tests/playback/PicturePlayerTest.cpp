@@ -1,4 +1,5 @@
 #include "app/editor/playback/Player.h"
+#include "core/render/PlanBox.h"
 #include "core/render/Stills.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/playback/Recorder.h"
@@ -33,8 +34,8 @@ public:
 
     /// The still of a time, for the size of the view.
     Bitmap still(double at) const {
-        CaptionCache captions;
-        const auto image = Stills::frame(video, project, {}, "", std::nullopt, at, std::nullopt, captions);
+        PlanBox box(Plan::video(video, project, "", {}));
+        const auto image = Stills::frame({video, project, {}}, at, box);
         const auto frame = Plan::frameSize(video.aspect);
         return samples::drawn(image.transformed(Transform().scaled(side / frame.width, side / frame.height)),
                               side, side);
