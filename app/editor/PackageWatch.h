@@ -31,7 +31,7 @@ public:
     std::filesystem::path copyBeside() const;
 
 private:
-    /// What tells one state of a file from another without reading it.
+    /// What differs between two states of a file, known without reading it.
     struct Stamp {
         std::uint64_t device = 0;
         std::uint64_t file = 0;

@@ -14,8 +14,8 @@
 namespace murbo {
 
 /// A project that is open: its package on disk, and the session on it. Every change is on disk when the
-/// command that made it returns; there is no save command. A save that fails is told once, keeps the session
-/// alive, and is tried again with the next change and every few seconds.
+/// command that made it returns; there is no save command. A save that fails is reported once, keeps the
+/// session alive, and is tried again with the next change and every few seconds.
 ///
 /// When something else changed the package (a sync service, another machine), the next save notices it. Then
 /// both sides are kept: what the other wrote goes into a package beside this one, and the session's own state

@@ -7,7 +7,7 @@ namespace murbo {
 /// The forms of a time on screen. A time below 0 is 0, and one past 10,000 years is that.
 namespace Timecode {
 
-/// Hours, minutes, seconds and frames, "00:01:02:15", at so many frames a second.
+/// Hours, minutes, seconds and frames, "00:01:02:15", at `rate` frames a second.
 std::string frames(double time, double rate);
 
 /// Whole seconds: "1:02", from an hour on "1:00:02".

@@ -40,7 +40,7 @@ QCoro::Task<> Work::perform(Job job) {
     try {
         co_await job.body(*this);
     } catch (const std::exception&) {
-        // A job tells of its own failures; what it could not tell ends it all the same.
+        // A job reports its own failures; what it could not report ends it all the same.
     }
     end();
 }

@@ -25,7 +25,7 @@ using nlohmann::json;
 
 constexpr auto patience = 900s; // without a byte: models think for long
 constexpr auto patienceInAll = 1h;
-constexpr double dearest = 1e6; // dollars; a cost beyond is a slip of the one who told it
+constexpr double dearest = 1e6; // dollars; a cost beyond is a slip of the one who reported it
 
 void member(JsonWriter& writer, const char* key, std::string_view text) {
     writer.key(key);

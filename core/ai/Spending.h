@@ -17,8 +17,8 @@ void add(double dollars);
 /// What was spent today in all projects, in dollars; a day begins at midnight of this computer's clock.
 double today();
 
-/// Why a run that is estimated at so many dollars may not start: the setting "spendCap", dollars a day, would
-/// be passed. Nothing where there is no cap or room enough.
+/// Why a run with that estimate, in dollars, may not start: the setting "spendCap", dollars a day, would
+/// would be passed. Nothing where there is no cap or room enough.
 std::optional<std::string> refusal(std::optional<double> estimate);
 
 /// A project's log in words: what each day, task and model came to.

@@ -61,7 +61,7 @@ void put(Editor& editor, const std::vector<Cut>& cuts, std::string name, const P
     editor.group(name, [&] { putInto(editor, cuts, name, place); });
 }
 
-/// What is offered; with nothing, the owner is told and the list is empty.
+/// What is offered; with nothing, a toast says so and the list is empty.
 std::vector<Cut> offeredOrRefused(Editor& editor) {
     auto cuts = offeredCuts(editor);
     if (cuts.empty()) editor.refuse("Pick a clip in the browser first");

@@ -28,7 +28,7 @@ struct Moment {
 };
 /// That under a time, of the playhead without one. Nothing where no cut is.
 std::optional<Moment> momentAt(const Editor& editor, std::optional<double> time = std::nullopt);
-/// The same; where there is none the owner is told.
+/// The same; where there is none a toast says so.
 std::optional<Moment> momentOrRefused(Editor& editor, std::optional<double> time = std::nullopt);
 
 /// Copies a file into a folder of the package's media, once however often it is added. Its path as a look

@@ -13,7 +13,7 @@ const Source* heldSource(const Editor& editor) {
     return editor.heldSource() ? editor.project().source(*editor.heldSource()) : nullptr;
 }
 
-/// The held source; where none is, the owner is told.
+/// The held source; where none is, a toast says so.
 const Source* heldOrRefused(Editor& editor) {
     const auto* source = heldSource(editor);
     if (!source) editor.refuse("Look through a source in the source viewer first");

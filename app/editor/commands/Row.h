@@ -49,7 +49,7 @@ EditorCommand row(const std::string& name, const std::string& title,
         if (line.size() > most + 1)
             throw Problem("There are too many arguments: at most " + std::to_string(most) + " are expected.");
         return [&]<std::size_t... At>(std::index_sequence<At...>)->std::optional<std::string> {
-            // Braces: from left to right, so that the first fault is told.
+            // Braces: from left to right, so that the first fault is the one reported.
             std::tuple<typename Kinds::Value...> values{Row::read<Kinds>(editor, line, At + 1, names[At])...};
             if constexpr (std::is_void_v<decltype(run(editor, std::move(std::get<At>(values))...))>) {
                 run(editor, std::move(std::get<At>(values))...);

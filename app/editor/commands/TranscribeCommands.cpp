@@ -22,7 +22,7 @@ namespace {
 
 using Stretches = std::vector<SourceStretch>;
 
-/// The engine to use; where it lacks something the owner is told.
+/// The engine to use; where it lacks something a toast says so.
 std::optional<Transcriber> engine(Editor& editor, bool paid) {
     if (!paid) {
         if (const auto lacking = Whisper::missing()) {
@@ -48,7 +48,7 @@ void log(Editor& editor, Activity activity, const char* state) {
     if (editor.package()) Activity::log(activity, *editor.package());
 }
 
-/// Transcribes one stretch. Whether it is done; where not, the owner has been told.
+/// Transcribes one stretch. Whether it is done; where not, a toast has said why.
 QCoro::Task<bool> transcribe(Editor& editor, SourceStretch stretch, Transcriber engine,
                              std::stop_token stop) {
     const auto* found = editor.project().source(stretch.source);

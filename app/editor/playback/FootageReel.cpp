@@ -221,7 +221,7 @@ std::size_t FootageReel::most() const {
     return std::clamp(fit, leastKept, mostKept);
 }
 
-/// How long so many pictures are on, in seconds.
+/// How long that number of pictures is on, in seconds.
 double FootageReel::reach(std::size_t pictures) const {
     const auto& facts = reader->facts().picture;
     const double rate = facts && facts->meanRate > 1 ? facts->meanRate : usualRate;
