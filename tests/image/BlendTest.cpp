@@ -86,6 +86,7 @@ TEST(Blends, mixWithWhatTheirGroupHasOnly) {
         EXPECT_EQ(at(drawn(image, 8, 4), 1, 1), (Pixel{0, 0, 0, 255})) << name;
         EXPECT_EQ(at(drawn(image, 8, 4), 6, 1), (Pixel{255, 0, 0, 255})) << name;
     }
+    EXPECT_EQ(at(drawn(group.over(box(all, {0, 255, 0, 255})), 8, 4), 6, 1), (Pixel{255, 0, 0, 255}));
     const Bitmap faded = drawn(group.faded(0.5).over(white), 8, 4);
     EXPECT_EQ(at(faded, 1, 1), (Pixel{127, 127, 127, 255}));
     EXPECT_EQ(at(faded, 6, 1), (Pixel{255, 127, 127, 255}));

@@ -53,3 +53,16 @@ TEST(Comic, inksWhatIsDarkerThanItsSurroundings) {
     const auto area = printed(Image::colour({60, 60, 60, 255}).cropped({60, 0, 72, side}).over(ground));
     EXPECT_GT(mean(area, {90, 40, 12, 100}), 30) << "nor does an area";
 }
+
+TEST(Comic, inksFaintLinesInPart) {
+    const auto lineOnGround = [](int darker) {
+        const auto level = std::uint8_t(170 - darker);
+        const Image line = Image::colour({level, level, level, 255}).cropped({94, 0, 4, side});
+        const auto found = printed(line.over(Image::colour({170, 170, 170, 255})));
+        return mean(found, {95, 36, 2, 120}) / mean(found, {130, 36, 24, 120});
+    };
+    EXPECT_GT(lineOnGround(5), 0.9) << "grain is no line";
+    EXPECT_GT(lineOnGround(15), 0.3);
+    EXPECT_LT(lineOnGround(15), 0.8);
+    EXPECT_LT(lineOnGround(40), 0.1);
+}

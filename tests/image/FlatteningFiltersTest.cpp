@@ -1,4 +1,5 @@
 #include "platform/image/filters/ColourMatrix.h"
+#include "platform/image/filters/Posterize.h"
 #include "platform/image/filters/Vignette.h"
 #include "tests/image/FilterKinds.h"
 
@@ -44,4 +45,13 @@ TEST(FlatteningFilters, ofMirroredPicturesSmoothNothing) {
                              drawn(image.transformed(way), 400, 400)),
                   1);
     }
+}
+
+TEST(FlatteningFilters, areDoneInTheOrderInWhichTheyRead) {
+    const Filter steps = Filters::Posterize{4};
+    const Filter sepia = Filters::ColourMatrix::sepia(0.7);
+    const Bitmap first = drawn(picture().filtered(steps), side, side);
+    EXPECT_EQ(difference(drawn(picture().filtered(steps).filtered(sepia), side, side),
+                         drawn(Image::bitmap(first, true).filtered(sepia), side, side)),
+              0);
 }

@@ -45,3 +45,14 @@ TEST(Glow, spreadsNearAndFar) {
     EXPECT_EQ(at(lit, 96, 186).red, 0);
     EXPECT_EQ(at(lit, 110, 96), at(lit, 96, 110)) << "as far across as down";
 }
+
+TEST(Glow, hasAWideGlowOfFourTimesTheDeviation) {
+    const Image half = Image::colour(Colour::white).cropped({0, 0, 96, side});
+    const auto lit =
+        drawn(half.over(Image::colour(Colour::black)).cropped(whole).clamped().filtered(Filters::Glow{6, 1}),
+              side, side);
+    for (const int away : {24, 32, 40, 50}) {
+        const double light = 140 * 0.5 * std::erfc((away + 0.5) / (24 * std::sqrt(2.0)));
+        EXPECT_NEAR(at(lit, 96 + away, 96).green, light, 2) << away;
+    }
+}
