@@ -8,10 +8,12 @@ fs::path Paths::absolute(const std::string& word) {
     std::error_code error;
     const auto typed = fs::absolute(word, error);
     auto tidy = typed.lexically_normal();
-    if (!tidy.has_filename() && tidy.has_relative_path()) tidy = tidy.parent_path();
-    // After a symbolic link ".." may lead elsewhere than it reads.
-    const bool same = word.find("..") == word.npos || fs::equivalent(typed, tidy, error) || error;
-    return same ? tidy : fs::weakly_canonical(typed, error);
+    // After a symbolic link ".." may lead elsewhere than it reads, also for what is not there yet.
+    if (word.find("..") != word.npos && !fs::equivalent(typed, tidy, error)) {
+        const auto led = fs::weakly_canonical(typed, error);
+        if (!led.empty()) tidy = led;
+    }
+    return !tidy.has_filename() && tidy.has_relative_path() ? tidy.parent_path() : tidy;
 }
 
 }

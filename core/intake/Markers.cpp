@@ -6,6 +6,7 @@
 #include "platform/base/Problem.h"
 #include "platform/base/Text.h"
 
+#include <unicode/brkiter.h>
 #include <unicode/unistr.h>
 
 namespace murbo {
@@ -30,9 +31,15 @@ std::size_t lineBreak(std::string_view text) {
 /// The first characters of a name, as a person counts them; nothing where it has fewer.
 std::optional<std::string> beginning(const std::string& name) {
     const auto unicode = icu::UnicodeString::fromUTF8(name);
-    if (unicode.countChar32() < sharedCharacters) return {};
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::BreakIterator> characters(
+        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+    if (U_FAILURE(status)) return {};
+    characters->setText(unicode);
+    const auto end = characters->next(sharedCharacters);
+    if (end == icu::BreakIterator::DONE) return {};
     std::string result;
-    unicode.tempSubString(0, unicode.moveIndex32(0, sharedCharacters)).toUTF8String(result);
+    unicode.tempSubString(0, end).toUTF8String(result);
     return name.starts_with(result) ? std::optional(result) : std::nullopt;
 }
 

@@ -20,9 +20,9 @@ constexpr double longestTime = 1e15; // whole seconds are counted exactly up to 
 class SortedTags {
 public:
     template <class Spoken>
-    SortedTags(const List<Spoken>& all, const std::unordered_map<UUID, std::string>& tags) {
+    SortedTags(const List<Spoken>& all, const std::unordered_map<UUID, Tags::Named>& tags) {
         for (const auto& one : all)
-            if (const auto tag = tags.find(one.id); tag != tags.end()) sorted.push_back(tag->second);
+            if (const auto tag = tags.find(one.id); tag != tags.end()) sorted.push_back(tag->second.tag);
         std::sort(sorted.begin(), sorted.end());
     }
 
@@ -37,13 +37,20 @@ private:
     std::vector<std::string_view> sorted;
 };
 
-std::vector<Clip> clipsOf(const Source& source, const Project& project) {
-    std::vector<Clip> clips;
-    for (const auto& clip : project.clips)
-        if (clip.source == source.id) clips.push_back(clip);
-    std::stable_sort(clips.begin(), clips.end(), [](auto& a, auto& b) { return a.start < b.start; });
-    return clips;
-}
+/// What belongs to what, found once: a project may hold tens of thousands of sources.
+struct Belongings {
+    std::unordered_map<UUID, std::vector<const Source*>> ofGroup;
+    std::unordered_map<UUID, std::vector<const Clip*>> ofSource; ///< in the project's order
+    std::unordered_map<UUID, const Source*> source;              ///< the first with that id
+
+    explicit Belongings(const Project& project) {
+        for (const auto& one : project.sources) {
+            ofGroup[one.group].push_back(&one);
+            source.emplace(one.id, &one);
+        }
+        for (const auto& clip : project.clips) ofSource[clip.source].push_back(&clip);
+    }
+};
 
 std::string clipLine(const Clip& clip, const SortedTags& lines, const SortedTags& notes) {
     const auto tag = clip.tag();
@@ -55,19 +62,21 @@ std::string clipLine(const Clip& clip, const SortedTags& lines, const SortedTags
     return text;
 }
 
-void addSource(std::vector<std::string>& out, const Source& source, const Project& project, bool missing) {
-    const auto& transcript = project.transcript(source.id);
+void addSource(std::vector<std::string>& out, const Source& source, std::vector<const Clip*> clips,
+               const Transcript& transcript, bool missing) {
     out.push_back(fmt::format("  {}  {}, {}, {}{}", source.name(), rawText(source.kind), clock(source.length),
                               count(transcript.lines.size(), "line"), missing ? "  (missing)" : ""));
-    const auto tags = Tags::on(source.id, project);
+    const auto tags = Tags::named(transcript, clips);
     const SortedTags lines(transcript.lines, tags);
     const SortedTags notes(transcript.notes, tags);
-    for (const auto& clip : clipsOf(source, project)) out.push_back(clipLine(clip, lines, notes));
+    std::stable_sort(clips.begin(), clips.end(), [](auto* a, auto* b) { return a->start < b->start; });
+    for (const auto* clip : clips) out.push_back(clipLine(*clip, lines, notes));
 }
 
-std::string bookmarkLine(const Bookmark& bookmark, const Project& project) {
-    const auto* source = project.source(bookmark.source);
-    auto text = fmt::format("{}  {} {}", bookmark.tag(), source ? source->name() : "?", clock(bookmark.at));
+std::string bookmarkLine(const Bookmark& bookmark, const Belongings& belongings) {
+    const auto source = belongings.source.find(bookmark.source);
+    const auto name = source != belongings.source.end() ? source->second->name() : "?";
+    auto text = fmt::format("{}  {} {}", bookmark.tag(), name, clock(bookmark.at));
     return bookmark.note ? text + "  " + *bookmark.note : text;
 }
 
@@ -95,16 +104,18 @@ std::string text(const Project& project, const std::set<UUID>& missing) {
     std::vector<std::string> out;
     std::size_t lines = 0;
     std::size_t notes = 0;
+    Belongings belongings(project);
     for (const auto& group : project.groups) {
         out.push_back(group.name);
-        for (const auto& source : project.sources) {
-            if (source.group != group.id) continue;
-            addSource(out, source, project, missing.contains(source.id));
-            lines += project.transcript(source.id).lines.size();
-            notes += project.transcript(source.id).notes.size();
+        for (const auto* source : belongings.ofGroup[group.id]) {
+            const auto& transcript = project.transcript(source->id);
+            addSource(out, *source, belongings.ofSource[source->id], transcript,
+                      missing.contains(source->id));
+            lines += transcript.lines.size();
+            notes += transcript.notes.size();
         }
     }
-    for (const auto& bookmark : project.bookmarks) out.push_back(bookmarkLine(bookmark, project));
+    for (const auto& bookmark : project.bookmarks) out.push_back(bookmarkLine(bookmark, belongings));
     for (const auto& video : project.videos) out.push_back(videoLine(video));
     out.push_back(fmt::format("{} ({} missing), {}, {}, {}, {}, {}", count(project.sources.size(), "source"),
                               missing.size(), count(project.clips.size(), "clip"), count(lines, "line"),

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 namespace murbo {
 
@@ -21,8 +22,11 @@ struct Named {
     UUID clip;
 };
 
-/// The lines and notes of one source that lie in a clip, by their ids. Where clips overlap the later one in
-/// the project names them.
+/// The lines and notes of a transcript that lie in its source's clips, by their ids. Where clips overlap the
+/// later one names them.
+std::unordered_map<UUID, Named> named(const Transcript& transcript, const std::vector<const Clip*>& clips);
+
+/// The same for one source of a project.
 std::unordered_map<UUID, Named> named(const UUID& source, const Project& project);
 
 /// The tags of the lines and notes of one source that lie in a clip, by their ids.

@@ -40,7 +40,13 @@ Claimed claim(const std::filesystem::path& place, std::string_view ending) {
         auto path = folder / fmt::format(".{}.{}.{}", name, number, ending);
         Descriptor opened(
             ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, ownersDefault));
-        if (opened < 0) notWritten(place, errno);
+        if (opened < 0) {
+            const int cause = errno;
+            std::error_code unknown;
+            if (std::filesystem::exists(std::filesystem::symlink_status(path, unknown)))
+                continue; // another's
+            notWritten(place, cause);
+        }
         if (::flock(opened, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) continue;
         if (standsAt(opened, path)) return {std::move(path), std::move(opened)};
     }

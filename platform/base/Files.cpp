@@ -49,9 +49,9 @@ public:
     void begin() {
         struct stat old {};
         if (::ftruncate(claimed.file, 0) != 0) notWritten(destination);
-        if (::stat(destination.c_str(), &old) == 0 &&
-            ::fchmod(claimed.file, old.st_mode & permissionBits) != 0)
-            notWritten(destination);
+        if (::stat(destination.c_str(), &old) != 0) return;
+        keepOwner(old);
+        if (::fchmod(claimed.file, old.st_mode & permissionBits) != 0) notWritten(destination);
     }
 
     void append(std::string_view bytes) {
@@ -70,6 +70,13 @@ public:
     }
 
 private:
+    /// Who saves as root must not take a file from its owner. Where the system forbids giving it back, it is
+    /// as if the one who saves had made it.
+    void keepOwner(const struct stat& old) {
+        if (::fchown(claimed.file, old.st_uid, old.st_gid) == 0) return;
+        [[maybe_unused]] const auto refused = ::fchown(claimed.file, static_cast<uid_t>(-1), old.st_gid);
+    }
+
     std::filesystem::path destination;
     Beside::Claimed claimed{{}, Descriptor(-1)};
 };

@@ -18,6 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view prefix = "murbo-";
+constexpr int mostTries = 100;                       // a sweep comes between once in a million times
 constexpr std::string_view companions[] = {".json"}; // made beside a file of ours by the tools that read it
 
 [[noreturn]] void notWritten(int error) {
@@ -36,13 +37,27 @@ bool isOurs(const fs::path& path) {
     return stem.starts_with(prefix) && UUID::parse(stem.substr(prefix.size()));
 }
 
-/// Whether a file is ours to have, by nobody else's leave: locked from now on, and still under its name.
-bool take(int file, const fs::path& path) {
+/// Whether an open file still stands under its name.
+bool standsAt(int file, const fs::path& path) {
     struct stat open {};
     struct stat named {};
-    return file >= 0 && ::flock(file, LOCK_EX | LOCK_NB) == 0 && ::fstat(file, &open) == 0 &&
-           ::lstat(path.c_str(), &named) == 0 && open.st_ino == named.st_ino && open.st_dev == named.st_dev &&
-           open.st_uid == ::geteuid();
+    return ::fstat(file, &open) == 0 && ::lstat(path.c_str(), &named) == 0 && open.st_ino == named.st_ino &&
+           open.st_dev == named.st_dev;
+}
+
+/// Whether a file was left by a process of ours that is gone: nobody holds its lock, which is ours from now
+/// on.
+bool takeOver(int file, const fs::path& path) {
+    struct stat facts {};
+    return file >= 0 && ::flock(file, LOCK_EX | LOCK_NB) == 0 && standsAt(file, path) &&
+           ::fstat(file, &facts) == 0 && facts.st_uid == ::geteuid();
+}
+
+/// Locks a file that we have just made, so that no sweep takes it. Not where a sweep came between. Where the
+/// disk knows no locks, as some network mounts, no sweep can take it either.
+bool keep(int file, const fs::path& path) {
+    const bool swept = ::flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    return !swept && standsAt(file, path);
 }
 
 fs::path beside(fs::path path, std::string_view extension) {
@@ -67,7 +82,7 @@ void sweep(const fs::path& from) {
         const auto& path = entry->path();
         if (!isOurs(path) || isCompanion(path)) continue;
         const Descriptor file(::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
-        if (take(file, path)) unlinkWithCompanions(path);
+        if (takeOver(file, path)) unlinkWithCompanions(path);
     }
 }
 
@@ -76,13 +91,14 @@ void sweep(const fs::path& from) {
 TemporaryFile TemporaryFile::make(std::string_view extension) {
     const auto where = folder();
     sweep(where);
-    for (;;) {
+    for (int tries = 0; tries < mostTries; ++tries) {
         auto path = where / (std::string(prefix) + UUID::make().text() + std::string(extension));
         Descriptor file(::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
-        if (file < 0 && errno != EEXIST) notWritten(errno);
-        // Another one's sweep may have come between the two steps.
-        if (take(file, path)) return TemporaryFile(std::move(path), std::move(file));
+        if (file < 0) notWritten(errno);
+        if (keep(file, path)) return TemporaryFile(std::move(path), std::move(file));
+        ::unlink(path.c_str());
     }
+    notWritten(EBUSY);
 }
 
 TemporaryFile::TemporaryFile(fs::path path, Descriptor opened)

@@ -2,6 +2,7 @@
 #include "tests/FullDisk.h"
 #include "tests/ProblemOf.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/base/SystemCalls.h"
 
 #include <csignal>
 #include <thread>
@@ -33,6 +34,40 @@ TEST(Files, aWrittenFileIsReadBackAndKeepsItsPermissions) {
     EXPECT_EQ(Files::readWhole(path, plenty), bytes);
     EXPECT_EQ(fs::status(path).permissions(), fs::perms(0640));
     EXPECT_EQ(entriesIn(folder.path), 1);
+}
+
+TEST(Files, aWrittenFileIsOnTheDiskBeforeItTakesItsPlaceAndItsFolderAfter) {
+    const TemporaryFolder folder;
+    folder.file("from", "bytes");
+    const systemcalls::Flushed flushed;
+    Files::writeWhole(folder / "file", "bytes");
+    Files::copy(folder / "from", folder / "copy");
+    EXPECT_THAT(flushed.paths(),
+                ::testing::ElementsAre(::testing::HasSubstr(".file."), folder.path.string(),
+                                       ::testing::HasSubstr(".copy."), folder.path.string()));
+}
+
+TEST(Files, aFileStaysItsOwners) {
+    if (::geteuid() != 0) GTEST_SKIP() << "Only root may write for others.";
+    const TemporaryFolder folder;
+    const auto path = folder.file("project.json", "old");
+    ASSERT_EQ(::chown(path.c_str(), 4711, 4712), 0);
+    ASSERT_EQ(::chmod(path.c_str(), 0600), 0);
+    Files::writeWhole(path, "new");
+    struct stat facts {};
+    ASSERT_EQ(::stat(path.c_str(), &facts), 0);
+    EXPECT_EQ(facts.st_uid, 4711u);
+    EXPECT_EQ(facts.st_gid, 4712u);
+    EXPECT_EQ(facts.st_mode & 07777, 0600u);
+}
+
+TEST(Files, whatOthersPutInTheWayOfANewFileIsPassedBy) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder / ".file.0.new");
+    fs::create_symlink("nowhere", folder / ".file.1.new");
+    Files::writeWhole(folder / "file", "bytes");
+    EXPECT_EQ(Files::readWhole(folder / "file", plenty), "bytes");
+    EXPECT_EQ(entriesIn(folder.path), 3);
 }
 
 TEST(Files, aFailedWriteLeavesTheOldFileAndNothingElse) {

@@ -3,6 +3,9 @@
 #include "tests/Environment.h"
 #include "tests/FullDisk.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/base/SystemCalls.h"
+
+#include <cerrno>
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -52,6 +55,19 @@ TEST_F(TemporaryFiles, ofAKilledProcessAreSweptAndThoseOfALivingOneAreNot) {
     EXPECT_EQ(entriesIn(folder.path), 3);
     EXPECT_TRUE(fs::exists(living.path()));
     EXPECT_TRUE(fs::exists(folder / "murbo-notes.wav")) << "not a name of ours";
+}
+
+TEST_F(TemporaryFiles, areMadeOnADiskWithoutLocksAndGiveUpWhereNoneCanBeHad) {
+    {
+        const systemcalls::FailingLocks unknown(ENOLCK);
+        const auto file = TemporaryFile::make(".wav");
+        file.write("here", 0);
+        EXPECT_EQ(fs::file_size(file.path()), 4u);
+        EXPECT_EQ(entriesIn(folder.path), 1);
+    }
+    const systemcalls::FailingLocks held(EWOULDBLOCK);
+    EXPECT_THROW(TemporaryFile::make(".wav"), Problem);
+    EXPECT_EQ(entriesIn(folder.path), 0) << "what could not be had is left behind";
 }
 
 TEST_F(TemporaryFiles, failInWords) {

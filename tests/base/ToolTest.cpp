@@ -106,10 +106,11 @@ TEST_F(Tools, getTheirArgumentsAsTheyAreAndNothingElse) {
     const auto said = (folder / "said").string();
     tool("bin/teller",
          "printf '%s|' \"$@\" >\"$SAID\"; cat >>\"$SAID\"; ls /proc/self/fd >>\"$SAID\"; "
+         "grep -E 'Sig(Ign|Blk)' /proc/self/status | tr -d '\\t' >>\"$SAID\"; umask >>\"$SAID\"; "
          "kill -s INT $$; echo deaf >>\"$SAID\"");
     const Environment variable("SAID", said);
     // What a program that ignores and blocks signals starts must not inherit that.
-    std::signal(SIGINT, SIG_IGN);
+    for (const int ignored : {SIGINT, SIGPIPE, SIGHUP}) std::signal(ignored, SIG_IGN);
     sigset_t interrupt, before;
     sigemptyset(&interrupt);
     sigaddset(&interrupt, SIGINT);
@@ -118,8 +119,10 @@ TEST_F(Tools, getTheirArgumentsAsTheyAreAndNothingElse) {
     EXPECT_NE(failure("teller", {"a b", "", "ü;$(x)"}), "");
     close(leaked);
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
-    std::signal(SIGINT, SIG_DFL);
-    EXPECT_EQ(contentsOf(said), "a b||ü;$(x)|0\n1\n2\n3\n");
+    for (const int ignored : {SIGINT, SIGPIPE, SIGHUP}) std::signal(ignored, SIG_DFL);
+    EXPECT_EQ(contentsOf(said),
+              "a b||ü;$(x)|0\n1\n2\n3\nSigBlk:0000000000000000\n"
+              "SigIgn:0000000000000000\n0077\n");
 }
 
 TEST_F(Tools, endWithAllTheyStartedWhenTheyTakeTooLong) {
@@ -144,6 +147,12 @@ TEST_F(Tools, endAtOnceWhenAskedTo) {
     EXPECT_THROW(Tool::run("hang", {}, stop.get_token()), Cancelled);
     EXPECT_TRUE(isGone(number("child")));
     EXPECT_THROW(Tool::run("hang", {}, stop.get_token()), Cancelled) << "asked before";
+}
+
+TEST_F(Tools, takeWithThemWhatTheyLeaveRunning) {
+    tool("bin/parent", "(sleep 600 >/dev/null 2>&1 & echo $! >\"$HOME/grandchild\")");
+    Tool::run("parent", {});
+    EXPECT_TRUE(isGone(number("grandchild")));
 }
 
 TEST_F(Tools, dieWithUsHoweverWeDie) {

@@ -135,6 +135,14 @@ TEST(Clips, oneThatGrowsTakesInItsNeighboursAndLosesItsSummary) {
     EXPECT_EQ(project.lastClip, 3);
 }
 
+TEST(Clips, thatExactlyTouchBecomeOneWhenOneOfThemGrows) {
+    auto project = projectWith(5000);
+    project.clips.edit() = {Clip{.number = 1, .source = stream, .start = 100, .end = 300},
+                            Clip{.number = 2, .source = stream, .start = 300, .end = 400}};
+    Clips::addAround(project, {500}, stream);
+    EXPECT_THAT(told(project), ElementsAre("C01 100-560 500"));
+}
+
 TEST(Clips, aPlaceBehindTheEndAfterMergingIsNoFault) {
     auto project = projectWith(5000);
     project.clips.edit() = {{.number = 1, .source = stream, .start = 0, .end = 100},

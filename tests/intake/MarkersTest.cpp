@@ -114,6 +114,10 @@ TEST(Markers, findsTheFileWithTheLongestNameThenTheSameDay) {
     folder.file("สตรีมวันเสาร์ เกม.csv");
     EXPECT_EQ(recording("สตรีมวันเสาร์ ตอน 2.mkv"), named("สตรีมวันเสาร์ เกม.csv"));
     EXPECT_EQ(Markers::find(folder / "no such folder" / "a.mkv"), std::nullopt);
+    folder.file("วันที่ 17 ก.csv"); // of ten characters only seven are shared, though ten code points are
+    EXPECT_EQ(recording("วันที่ 17 เกม.mkv"), std::nullopt) << "another recording's";
+    folder.file("วันที่ 17 เกมเก่า.csv");
+    EXPECT_EQ(recording("วันที่ 17 เกมใหม่.mkv"), named("วันที่ 17 เกมเก่า.csv"));
 }
 
 TEST(Markers, readsUtf8AndUtf16ButNoOtherBytes) {

@@ -66,6 +66,7 @@ TEST(Picker, joinsGoodMomentsAndKeepsTheBestWindow) {
     EXPECT_EQ(pick(samples(stretchOf({{40, 200}}))), (Times{{0, 10}}));
     EXPECT_EQ(pick(samples(stretchOf({{20, 180}, {40, 250}, {20, 180}}))), (Times{{5, 15}}));
     EXPECT_EQ(pick(samples(stretchOf({{60, 200}}))), (Times{{0, 10}}));
+    EXPECT_EQ(pick(samples(stretchOf({{20, 180}, {40, 250}}))), (Times{{5, 15}})) << "the last window";
     EXPECT_EQ(pick(samples({})), Times{});
 }
 

@@ -63,6 +63,10 @@ TEST(SoundFile, holdsTheStretchToTheSample) {
     EXPECT_EQ(read(Sound::wav(source, 8, 60)).size(), 44u + 32000);
     EXPECT_EQ(read(Sound::wav(source, 15, 60)), Sound::header(0));
     EXPECT_EQ(read(Sound::wav(source, 1, 0.5)), Sound::header(0));
+    // Whatever times a project holds.
+    EXPECT_EQ(read(Sound::wav(source, 5e300, 6e300)), Sound::header(0));
+    for (const double start : {-1e6, -5e14, -5e300})
+        EXPECT_THROW(Sound::wav(source, start, 5e14), Problem) << start;
 }
 
 TEST(SoundFile, namesTheFileThatHasNoneOrCannotBeRead) {

@@ -1,4 +1,6 @@
 #include "core/model/package/ProjectPackage.h"
+#include "tests/FullDisk.h"
+#include "tests/ProblemOf.h"
 #include "tests/TemporaryFolder.h"
 
 #include <csignal>
@@ -123,6 +125,35 @@ TEST_F(Package, isCreatedOnlyWhereNothingStands) {
     fs::create_symlink("nowhere", folder / "Link.mbproj");
     EXPECT_THROW(ProjectPackage::create(folder / "Link.mbproj"), ProjectError);
     EXPECT_THROW(ProjectPackage::create(folder / "project.json/Name.mbproj"), Problem);
+}
+
+TEST_F(Package, whoseCreationFailsLeavesNoFolder) {
+    {
+        const FullDisk disk(10);
+        EXPECT_THROW(ProjectPackage::create(folder / "new/Name.mbproj"), Problem);
+    }
+    EXPECT_FALSE(fs::exists(folder / "new"));
+}
+
+TEST_F(Package, thatWasMovedIsNotMadeAnewByHalves) {
+    const auto package = folder / "Name.mbproj";
+    ProjectPackage::write(project, package, nullptr);
+    fs::rename(package, folder / "Other.mbproj");
+    auto changed = project;
+    changed.lastClip = 7;
+    EXPECT_EQ(problemOf([&] { ProjectPackage::write(changed, package, &project); }),
+              "“Name.mbproj” is no longer in its place. It was moved or deleted.");
+    EXPECT_FALSE(fs::exists(package));
+}
+
+TEST_F(Package, aProjectFileThatIsALinkStaysOne) {
+    const TemporaryFolder elsewhere;
+    fs::rename(folder / "project.json", elsewhere / "kept.json");
+    fs::create_symlink(elsewhere / "kept.json", folder / "project.json");
+    project.lastClip = 7;
+    ProjectPackage::write(project, folder.path, nullptr);
+    EXPECT_TRUE(fs::is_symlink(folder / "project.json"));
+    EXPECT_EQ(ProjectPackage::read(folder.path).lastClip, 7);
 }
 
 TEST_F(Package, aNumberThatCannotBeWrittenCostsNothing) {

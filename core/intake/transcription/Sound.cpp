@@ -58,6 +58,13 @@ std::int64_t sampleAt(double seconds) {
     return std::llround(seconds * Sound::speechRate);
 }
 
+/// A project may hold any times: what is too long is refused before it fills the disk, in numbers that can't
+/// overflow.
+void refuseTooLong(double seconds) {
+    constexpr double immense = 1e12;
+    Sound::header(std::llround(std::clamp(seconds, 0.0, immense)) * Sound::speechBytesPerSecond);
+}
+
 /// Writes the samples behind the header. Answers how many there are, up to the last that holds sound.
 std::int64_t copy(MonoReader& reader, std::int64_t from, std::int64_t to, const TemporaryFile& into,
                   const std::stop_token& stop) {
@@ -96,9 +103,10 @@ std::string Sound::header(std::int64_t bytes) {
 
 TemporaryFile Sound::wav(const std::filesystem::path& file, double start, double end, std::stop_token stop) {
     auto reader = open(file);
-    const auto from = sampleAt(start);
-    const auto to = std::max(from, sampleAt(std::min(end, reader.length())));
-    header((to - from) * 2); // refused before it fills the disk
+    const double last = std::min(end, reader.length());
+    refuseTooLong(last - start);
+    const auto from = start < last ? sampleAt(start) : 0;
+    const auto to = start < last ? sampleAt(last) : 0;
     auto wav = TemporaryFile::make(".wav");
     const auto count = copy(reader, from, to, wav, stop);
     wav.write(header(count * 2), 0);

@@ -1,5 +1,6 @@
 #include "core/model/package/History.h"
 
+#include "platform/base/Beside.h"
 #include "platform/base/Codec.h"
 #include "platform/base/Files.h"
 #include "platform/base/Problem.h"
@@ -158,13 +159,13 @@ struct HistoryFile {
 History ProjectPackage::readHistory(const std::filesystem::path& package) {
     try {
         return HistoryFile::read(Files::readWhole(package / HistoryFile::name, HistoryFile::mostBytes));
-    } catch (const Problem&) {
+    } catch (const std::exception&) { // memory that isn't there included
         return {};
     }
 }
 
 void ProjectPackage::writeHistory(const History& history, const std::filesystem::path& package) {
-    Files::writeWhole(package / HistoryFile::name, HistoryFile::text(history));
+    Files::writeWhole(Beside::followed(package / HistoryFile::name), HistoryFile::text(history));
 }
 
 }

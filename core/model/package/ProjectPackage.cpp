@@ -1,5 +1,6 @@
 #include "core/model/package/ProjectPackage.h"
 
+#include "platform/base/Beside.h"
 #include "platform/base/Codec.h"
 #include "platform/base/Files.h"
 
@@ -60,7 +61,16 @@ void readTranscripts(Project& project, const fs::path& package) {
 /// What could not be read again must not take the place of what can.
 void save(const fs::path& file, const std::string& text) {
     if (text.size() > largestFile) throw Problem("This project has grown too large to be saved.");
-    Files::writeWhole(file, text);
+    Files::writeWhole(Beside::followed(file), text);
+}
+
+/// The folders from the package upwards that are not there yet.
+std::vector<fs::path> missingFolders(fs::path package) {
+    std::vector<fs::path> missing;
+    std::error_code unknown;
+    for (; package.has_relative_path() && !fs::exists(package, unknown); package = package.parent_path())
+        missing.push_back(package);
+    return missing;
 }
 
 /// Whether both are the same in all that `project.json` holds.
@@ -85,6 +95,10 @@ Project read(const fs::path& package) {
 }
 
 void write(const Project& project, const fs::path& package, const Project* previous) {
+    std::error_code unknown;
+    if (previous && !fs::is_directory(package, unknown))
+        throw Problem(ProjectError::quotedName(package) +
+                      " is no longer in its place. It was moved or deleted.");
     Files::createFolder(package);
     if (!previous || !sameInFile(project, *previous)) save(projectFile(package), Codec::encode(project));
     for (const auto& [source, transcript] : project.transcripts) {
@@ -98,7 +112,13 @@ void create(const fs::path& package) {
     std::error_code unknown; // what can't be looked at can't be written to either, which tells why
     if (fs::exists(fs::symlink_status(package, unknown)))
         throw ProjectError(ProjectError::Kind::exists, package);
-    write(Project(), package, nullptr);
+    const auto made = missingFolders(package);
+    try {
+        write(Project(), package, nullptr);
+    } catch (const Problem&) {
+        for (const auto& folder : made) fs::remove(folder, unknown); // only those that are empty
+        throw;
+    }
 }
 
 }

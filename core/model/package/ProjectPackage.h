@@ -17,8 +17,9 @@ inline constexpr const char* fileExtension = "mbproj";
 Project read(const std::filesystem::path& package);
 
 /// Writes what changed since `previous`, the project as it was last read from or written to this very
-/// package; all of it where that is null. Creates the package with all folders above it. Deletes nothing: the
-/// file of a transcript that is gone stays. Throws a Problem; files written before it stay written.
+/// package; all of it where that is null: then the package is created with all folders above it, else it has
+/// to be there still. Deletes nothing: the file of a transcript that is gone stays. Throws a Problem; files
+/// written before it stay written.
 void write(const Project& project, const std::filesystem::path& package, const Project* previous);
 
 /// A package with an empty project. Throws ProjectError `exists` where anything has the name.
