@@ -42,7 +42,9 @@ function(murbo_qt_precompiled target)
         set_target_properties(murbo_qt_precompiled_header PROPERTIES POSITION_INDEPENDENT_CODE ON)
     endif()
     # Moc 6.4 stumbles over the concepts of the standard library; without the compiler's own words it passes them.
-    set_target_properties(${target} PROPERTIES AUTOMOC ON AUTOMOC_COMPILER_PREDEFINES OFF POSITION_INDEPENDENT_CODE ON)
+    # moc misreads a standard header whose macros it has not met: they come first.
+    set_target_properties(${target} PROPERTIES AUTOMOC ON AUTOMOC_COMPILER_PREDEFINES OFF POSITION_INDEPENDENT_CODE ON
+        AUTOMOC_MOC_OPTIONS "--include=bits/c++config.h")
     target_precompile_headers(${target} REUSE_FROM murbo_qt_precompiled_header)
 endfunction()
 

@@ -2,7 +2,7 @@
 // that does the least it could cost on the same bytes.
 #include "core/model/ProjectSummary.h"
 #include "core/model/package/ProjectPackage.h"
-#include "platform/base/Codec.h"
+#include "core/model/ModelCodec.h"
 #include "platform/base/Files.h"
 
 #include <cstring>

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <string_view>
-#include <tuple>
 
 namespace murbo {
 
@@ -21,10 +20,9 @@ struct Price {
     }
 
     bool operator==(const Price&) const = default;
-    static constexpr auto fields() {
-        return std::tuple{field("input", &Price::input), field("output", &Price::output)};
+    static constexpr auto fields(auto visit) {
+        return visit(field("input", &Price::input), field("output", &Price::output));
     }
 };
-static_assert(Record<Price>);
 
 }

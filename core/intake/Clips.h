@@ -1,10 +1,13 @@
 #pragma once
 
-#include "core/model/Project.h"
+#include "platform/base/UUID.h"
 
 #include <vector>
 
 namespace murbo {
+
+struct Clip;
+struct Project;
 
 /// How far a clip reaches around a marker, in seconds: a streamer marks what has just happened.
 struct ClipReach {

@@ -1,5 +1,7 @@
 #include "core/intake/SourceFinder.h"
 
+#include "core/model/Project.h"
+
 #include <filesystem>
 
 namespace murbo {

@@ -1,10 +1,13 @@
 #pragma once
 
-#include "core/model/Project.h"
+#include "platform/base/UUID.h"
 
 #include <set>
 
 namespace murbo {
+
+struct Project;
+struct Source;
 
 /// Which footage is there. Another system's file references (Source::bookmark) can't be resolved here: they
 /// are kept as they were found, and none are made.

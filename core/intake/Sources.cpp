@@ -1,6 +1,7 @@
 #include "core/intake/Sources.h"
 
 #include "core/intake/Markers.h"
+#include "core/model/Project.h"
 
 namespace murbo {
 

@@ -2,7 +2,7 @@
 
 #include "core/intake/Clips.h"
 #include "core/intake/Intake.h"
-#include "core/model/Project.h"
+#include "core/model/Source.h"
 
 #include <filesystem>
 #include <optional>
@@ -10,6 +10,8 @@
 #include <vector>
 
 namespace murbo {
+
+struct Project;
 
 /// Adding footage to a project.
 namespace Sources {

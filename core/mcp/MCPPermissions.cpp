@@ -21,8 +21,8 @@ struct Stored {
     std::map<std::string, Permission> changed;
     std::optional<Preset> chosen;
 
-    static constexpr auto fields() {
-        return std::tuple{field("changed", &Stored::changed), field("chosen", &Stored::chosen)};
+    static constexpr auto fields(auto visit) {
+        return visit(field("changed", &Stored::changed), field("chosen", &Stored::chosen));
     }
 };
 

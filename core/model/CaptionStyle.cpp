@@ -100,7 +100,7 @@ CaptionStyle CaptionStyle::over(const CaptionStyle& beneath) const {
     const auto inherit = [&](const auto& field) {
         if (!(merged.*field.member)) merged.*field.member = beneath.*field.member;
     };
-    std::apply([&](const auto&... field) { (inherit(field), ...); }, fields());
+    fields([&](const auto&... field) { (inherit(field), ...); });
     return merged;
 }
 

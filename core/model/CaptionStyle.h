@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <tuple>
 
 namespace murbo {
 
@@ -40,20 +39,17 @@ struct CaptionStyle {
     CaptionStyle over(const CaptionStyle& beneath) const;
 
     bool operator==(const CaptionStyle&) const = default;
-    static constexpr auto fields() {
+    static constexpr auto fields(auto visit) {
         using Style = CaptionStyle;
-        return std::tuple{field("id", &Style::id),           field("name", &Style::name),
-                          field("base", &Style::base),       field("font", &Style::font),
-                          field("weight", &Style::weight),   field("size", &Style::size),
-                          field("fill", &Style::fill),       field("outline", &Style::outline),
-                          field("stroke", &Style::stroke),   field("shadow", &Style::shadow),
-                          field("pill", &Style::pill),       field("bigScale", &Style::bigScale),
-                          field("bigFill", &Style::bigFill), field("y", &Style::y),
-                          field("seam", &Style::seam),       field("most", &Style::most),
-                          field("motion", &Style::motion),   field("exit", &Style::exit),
-                          field("upper", &Style::upper)};
+        return visit(
+            field("id", &Style::id), field("name", &Style::name), field("base", &Style::base),
+            field("font", &Style::font), field("weight", &Style::weight), field("size", &Style::size),
+            field("fill", &Style::fill), field("outline", &Style::outline), field("stroke", &Style::stroke),
+            field("shadow", &Style::shadow), field("pill", &Style::pill), field("bigScale", &Style::bigScale),
+            field("bigFill", &Style::bigFill), field("y", &Style::y), field("seam", &Style::seam),
+            field("most", &Style::most), field("motion", &Style::motion), field("exit", &Style::exit),
+            field("upper", &Style::upper));
     }
 };
-static_assert(Record<CaptionStyle>);
 
 }

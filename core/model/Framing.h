@@ -1,35 +1,12 @@
 #pragma once
 
+#include "core/model/Box.h"
+#include "core/model/Spot.h"
 #include "platform/base/Field.h"
 
 #include <optional>
-#include <tuple>
 
 namespace murbo {
-
-/// A rectangle in fractions of a picture, from its top left.
-struct Box {
-    double x = 0;
-    double y = 0;
-    double w = 0;
-    double h = 0;
-
-    bool operator==(const Box&) const = default;
-    static constexpr auto fields() {
-        return std::tuple{field("x", &Box::x), field("y", &Box::y), field("w", &Box::w), field("h", &Box::h)};
-    }
-};
-static_assert(Record<Box>);
-
-/// A point in fractions of a picture, from its top left.
-struct Spot {
-    double x = 0;
-    double y = 0;
-
-    bool operator==(const Spot&) const = default;
-    static constexpr auto fields() { return std::tuple{field("x", &Spot::x), field("y", &Spot::y)}; }
-};
-static_assert(Record<Spot>);
 
 /// Where content and face lie in a source's picture. The defaults hold for a source that tells nothing.
 struct Framing {
@@ -39,11 +16,10 @@ struct Framing {
     std::optional<Spot> eyes;
 
     bool operator==(const Framing&) const = default;
-    static constexpr auto fields() {
-        return std::tuple{field("content", &Framing::content), field("face", &Framing::face),
-                          field("split", &Framing::split), field("eyes", &Framing::eyes)};
+    static constexpr auto fields(auto visit) {
+        return visit(field("content", &Framing::content), field("face", &Framing::face),
+                     field("split", &Framing::split), field("eyes", &Framing::eyes));
     }
 };
-static_assert(Record<Framing>);
 
 }

@@ -7,7 +7,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <tuple>
 
 namespace murbo {
 
@@ -20,11 +19,10 @@ struct Run {
     std::optional<std::string> with; ///< the model's id
 
     bool operator==(const Run&) const = default;
-    static constexpr auto fields() {
-        return std::tuple{field("at", &Run::at), field("by", &Run::by), field("with", &Run::with)};
+    static constexpr auto fields(auto visit) {
+        return visit(field("at", &Run::at), field("by", &Run::by), field("with", &Run::with));
     }
 };
-static_assert(Record<Run>);
 constexpr auto rawTexts(Run::By) {
     return std::array<std::string_view, 2>{"app", "mcp"};
 }

@@ -1,6 +1,6 @@
 #include "core/playbooks/Library.h"
 
-#include "platform/base/Codec.h"
+#include "core/model/ModelCodec.h"
 #include "platform/base/Files.h"
 #include "platform/base/HomeFolder.h"
 #include "platform/base/Names.h"

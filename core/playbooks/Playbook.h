@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/model/Look.h"
+#include "core/model/Values.h"
 #include "platform/base/Field.h"
 
 #include <cstdint>
@@ -8,7 +8,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <variant>
 #include <vector>
 
@@ -46,8 +45,8 @@ struct Playbook {
         std::optional<double> exit;
 
         bool operator==(const Timing&) const = default;
-        static constexpr auto fields() {
-            return std::tuple{field("in", &Timing::enter), field("out", &Timing::exit)};
+        static constexpr auto fields(auto visit) {
+            return visit(field("in", &Timing::enter), field("out", &Timing::exit));
         }
     };
 
@@ -61,10 +60,10 @@ struct Playbook {
         std::optional<double> max;
 
         bool operator==(const Param&) const = default;
-        static constexpr auto fields() {
-            return std::tuple{field("type", &Param::type),   field("label", &Param::label),
-                              field("value", &Param::value), field("options", &Param::options),
-                              field("min", &Param::min),     field("max", &Param::max)};
+        static constexpr auto fields(auto visit) {
+            return visit(field("type", &Param::type), field("label", &Param::label),
+                         field("value", &Param::value), field("options", &Param::options),
+                         field("min", &Param::min), field("max", &Param::max));
         }
     };
 
@@ -79,14 +78,10 @@ struct Playbook {
         std::optional<std::string> ease;
 
         bool operator==(const Key&) const = default;
-        static constexpr auto fields() {
-            return std::tuple{field("t", &Key::t),
-                              field("x", &Key::x),
-                              field("y", &Key::y),
-                              field("scale", &Key::scale),
-                              field("rotation", &Key::rotation),
-                              field("opacity", &Key::opacity),
-                              field("ease", &Key::ease)};
+        static constexpr auto fields(auto visit) {
+            return visit(field("t", &Key::t), field("x", &Key::x), field("y", &Key::y),
+                         field("scale", &Key::scale), field("rotation", &Key::rotation),
+                         field("opacity", &Key::opacity), field("ease", &Key::ease));
         }
     };
 
@@ -135,48 +130,24 @@ struct Playbook {
         std::optional<double> start;  ///< seconds in the file
 
         bool operator==(const Layer&) const = default;
-        static constexpr auto fields() {
-            return std::tuple{field("image", &Layer::image),
-                              field("video", &Layer::video),
-                              field("text", &Layer::text),
-                              field("shape", &Layer::shape),
-                              field("particles", &Layer::particles),
-                              field("slot", &Layer::slot),
-                              field("sound", &Layer::sound),
-                              field("x", &Layer::x),
-                              field("y", &Layer::y),
-                              field("w", &Layer::w),
-                              field("h", &Layer::h),
-                              field("fill", &Layer::fill),
-                              field("scale", &Layer::scale),
-                              field("rotation", &Layer::rotation),
-                              field("opacity", &Layer::opacity),
-                              field("color", &Layer::color),
-                              field("gradient", &Layer::gradient),
-                              field("radius", &Layer::radius),
-                              field("size", &Layer::size),
-                              field("style", &Layer::style),
-                              field("outline", &Layer::outline),
-                              field("box", &Layer::box),
-                              field("blend", &Layer::blend),
-                              field("from", &Layer::from),
-                              field("to", &Layer::to),
-                              field("in", &Layer::enter),
-                              field("hold", &Layer::hold),
-                              field("out", &Layer::exit),
-                              field("keys", &Layer::keys),
-                              field("loop", &Layer::loop),
-                              field("bounce", &Layer::bounce),
-                              field("speed", &Layer::speed),
-                              field("key", &Layer::key),
-                              field("cutout", &Layer::cutout),
-                              field("shot", &Layer::shot),
-                              field("effects", &Layer::effects),
-                              field("count", &Layer::count),
-                              field("seed", &Layer::seed),
-                              field("drift", &Layer::drift),
-                              field("volume", &Layer::volume),
-                              field("start", &Layer::start)};
+        static constexpr auto fields(auto visit) {
+            return visit(
+                field("image", &Layer::image), field("video", &Layer::video), field("text", &Layer::text),
+                field("shape", &Layer::shape), field("particles", &Layer::particles),
+                field("slot", &Layer::slot), field("sound", &Layer::sound), field("x", &Layer::x),
+                field("y", &Layer::y), field("w", &Layer::w), field("h", &Layer::h),
+                field("fill", &Layer::fill), field("scale", &Layer::scale),
+                field("rotation", &Layer::rotation), field("opacity", &Layer::opacity),
+                field("color", &Layer::color), field("gradient", &Layer::gradient),
+                field("radius", &Layer::radius), field("size", &Layer::size), field("style", &Layer::style),
+                field("outline", &Layer::outline), field("box", &Layer::box), field("blend", &Layer::blend),
+                field("from", &Layer::from), field("to", &Layer::to), field("in", &Layer::enter),
+                field("hold", &Layer::hold), field("out", &Layer::exit), field("keys", &Layer::keys),
+                field("loop", &Layer::loop), field("bounce", &Layer::bounce), field("speed", &Layer::speed),
+                field("key", &Layer::key), field("cutout", &Layer::cutout), field("shot", &Layer::shot),
+                field("effects", &Layer::effects), field("count", &Layer::count), field("seed", &Layer::seed),
+                field("drift", &Layer::drift), field("volume", &Layer::volume),
+                field("start", &Layer::start));
         }
     };
 
@@ -209,16 +180,14 @@ struct Playbook {
     bool layered() const { return kind == "generator"; }
 
     bool operator==(const Playbook&) const = default;
-    static constexpr auto fields() {
-        return std::tuple{field("id", &Playbook::id),         field("kind", &Playbook::kind),
-                          field("name", &Playbook::name),     field("version", &Playbook::version),
-                          field("about", &Playbook::about),   field("length", &Playbook::length),
-                          field("timing", &Playbook::timing), field("cover", &Playbook::cover),
-                          field("mute", &Playbook::mute),     field("captions", &Playbook::captions),
-                          field("params", &Playbook::params), field("layers", &Playbook::layers)};
+    static constexpr auto fields(auto visit) {
+        return visit(field("id", &Playbook::id), field("kind", &Playbook::kind),
+                     field("name", &Playbook::name), field("version", &Playbook::version),
+                     field("about", &Playbook::about), field("length", &Playbook::length),
+                     field("timing", &Playbook::timing), field("cover", &Playbook::cover),
+                     field("mute", &Playbook::mute), field("captions", &Playbook::captions),
+                     field("params", &Playbook::params), field("layers", &Playbook::layers));
     }
 };
-static_assert(Record<Playbook::Timing> && Record<Playbook::Param> && Record<Playbook::Key>);
-static_assert(Record<Playbook::Layer> && Record<Playbook>);
 
 }

@@ -28,8 +28,7 @@ constexpr std::size_t maxFaultBytes = 1'000'000;
 
 template <class T>
 std::vector<std::string_view> fieldNames() {
-    return std::apply([](const auto&... field) { return std::vector<std::string_view>{field.name...}; },
-                      T::fields());
+    return T::fields([](const auto&... field) { return std::vector<std::string_view>{field.name...}; });
 }
 
 bool knows(const std::vector<std::string_view>& fields, std::string_view field) {

@@ -36,9 +36,9 @@ struct LogLine {
     std::string date;
     std::int64_t version = 1;
 
-    static constexpr auto fields() {
-        return std::tuple{field("by", &LogLine::by), field("changes", &LogLine::changes),
-                          field("date", &LogLine::date), field("version", &LogLine::version)};
+    static constexpr auto fields(auto visit) {
+        return visit(field("by", &LogLine::by), field("changes", &LogLine::changes),
+                     field("date", &LogLine::date), field("version", &LogLine::version));
     }
 };
 

@@ -1,5 +1,6 @@
 #include "core/playbooks/Stock.h"
 
+#include "core/model/Move.h"
 #include "platform/base/Problem.h"
 
 #include <array>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/model/CaptionStyle.h"
 #include "core/render/plan/CaptionCue.h"
 #include "core/render/plan/Movement.h"
 #include "platform/image/Geometry.h"

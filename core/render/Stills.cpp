@@ -1,5 +1,7 @@
 #include "core/render/Stills.h"
 
+#include "core/model/Project.h"
+#include "core/model/Times.h"
 #include "core/model/VideoTime.h"
 #include "core/render/Renderer.h"
 #include "core/render/plan/FrameTime.h"

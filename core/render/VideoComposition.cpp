@@ -1,6 +1,7 @@
 #include "core/render/VideoComposition.h"
 
 #include "core/render/plan/FrameTime.h"
+#include "core/model/Project.h"
 #include "platform/base/Problem.h"
 #include "platform/media/MediaFile.h"
 

@@ -1,5 +1,6 @@
 #include "Scene.h"
 
+#include "core/model/Project.h"
 #include "core/render/Stills.h"
 #include "platform/base/Numbers.h"
 #include "platform/base/Problem.h"

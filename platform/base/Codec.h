@@ -53,12 +53,11 @@ struct Inner<Shared<T>> {
 template <class T>
 inline constexpr bool unknown = false;
 
-/// The fields of a record in the order of their keys.
+/// The places of a record's fields in the order of their keys.
 template <class T>
 constexpr auto keyOrder() {
-    constexpr auto fields = T::fields();
     const auto names =
-        std::apply([](const auto&... field) { return std::array{std::string_view(field.name)...}; }, fields);
+        T::fields([](const auto&... field) { return std::array{std::string_view(field.name)...}; });
     std::array<std::size_t, names.size()> order{};
     std::iota(order.begin(), order.end(), std::size_t{0});
     std::sort(order.begin(), order.end(), [&](auto a, auto b) { return names[a] < names[b]; });
@@ -74,27 +73,40 @@ void write(JsonWriter& writer, const T& value);
 
 namespace detail {
 
+// These are made once for each type of member, not for each member: records have hundreds.
+
+template <class Value>
+Value readMember(const JsonValue& object, const char* name) {
+    const auto member = object.member(name);
+    constexpr bool mayBeMissing = is<Value, std::optional>;
+    if (member && member->isNull() && !mayBeMissing) member->fail("a value is needed.");
+    if (member && !member->isNull()) return read<Value>(*member);
+    if constexpr (mayBeMissing)
+        return std::nullopt;
+    else
+        object.failMissing(name);
+}
+
+template <class Value>
+Value readMemberOr(const Value& otherwise, const JsonValue& object, const char* name) {
+    const auto member = object.member(name);
+    return member && !member->isNull() ? read<Value>(*member) : otherwise;
+}
+
 template <class Owner, class Value>
 Value readField(const JsonValue& object, const Field<Owner, Value>& field) {
-    const auto member = object.member(field.name);
-    constexpr bool mayBeMissing = Lenient<Owner> || is<Value, std::optional>;
-    const bool isNull = member && member->isNull();
-    if (isNull && !mayBeMissing) member->fail("a value is needed.");
-    if (member && !isNull) return read<Value>(*member);
-    if constexpr (is<Value, std::optional>) {
-        return std::nullopt;
-    } else if constexpr (Lenient<Owner>) {
+    if constexpr (Lenient<Owner>) {
         static const Owner defaults;
-        return defaults.*field.member;
+        return readMemberOr(defaults.*field.member, object, field.name);
     } else {
-        object.failMissing(field.name);
+        return readMember<Value>(object, field.name);
     }
 }
 
 template <class T>
 T readRecord(const JsonValue& value) {
     // Straight into place: a default record would make up a new identity only to have it replaced.
-    return std::apply([&](const auto&... field) { return T{readField(value, field)...}; }, T::fields());
+    return T::fields([&](const auto&... field) { return T{readField(value, field)...}; });
 }
 
 template <class T>
@@ -120,25 +132,31 @@ T given(std::optional<T> parsed, const JsonValue& value, const char* otherwise) 
     return std::move(*parsed);
 }
 
-template <class Owner, class Value>
-void writeField(JsonWriter& writer, const Owner& record, const Field<Owner, Value>& field) {
-    const auto& value = record.*field.member;
+/// A member on its way out, its type forgotten.
+struct WrittenMember {
+    const char* name;
+    const void* value;
+    void (*write)(JsonWriter& writer, const char* name, const void* value);
+};
+
+template <class Value>
+void writeMember(JsonWriter& writer, const char* name, const void* member) {
+    const auto& value = *static_cast<const Value*>(member);
     if constexpr (is<Value, std::optional>) {
         if (!value) return;
     }
-    writer.key(field.name);
+    writer.key(name);
     write(writer, value);
 }
 
 template <class T>
 void writeRecord(JsonWriter& writer, const T& record) {
     static constexpr auto order = keyOrder<T>();
-    static constexpr auto fields = T::fields();
+    const auto members = T::fields([&]<class... Value>(const Field<T, Value>&... field) {
+        return std::array{WrittenMember{field.name, &(record.*field.member), &writeMember<Value>}...};
+    });
     writer.beginObject();
-    [&]<std::size_t... At>(std::index_sequence<At...>) {
-        (writeField(writer, record, std::get<order[At]>(fields)), ...);
-    }
-    (std::make_index_sequence<order.size()>());
+    for (const auto at : order) members[at].write(writer, members[at].name, members[at].value);
     writer.endObject();
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <optional>
 #include <tuple>
 #include <type_traits>
@@ -11,7 +10,6 @@ namespace murbo {
 /// One member of a record under its name in JSON.
 template <class Owner, class Value>
 struct Field {
-    using Type = Value;
     const char* name;
     Value Owner::*member;
 };
@@ -41,24 +39,34 @@ struct UnlistedOf<T> {
     using Type = typename T::Unlisted;
 };
 
-template <class T, class Listed, class Unlisted, class... More>
+/// Visits the fields of a record: whether values of their types, and `More` after them, initialise it.
+template <class T, class Unlisted, class... More>
 struct Initialises;
-template <class T, class... Listed, class... Unlisted, class... More>
-struct Initialises<T, std::tuple<Listed...>, std::tuple<Unlisted...>, More...> {
-    static constexpr bool value = requires {
-        T{std::declval<typename Listed::Type>()..., std::declval<Unlisted>()..., std::declval<More>()...};
-    };
+template <class T, class... Unlisted, class... More>
+struct Initialises<T, std::tuple<Unlisted...>, More...> {
+    template <class... Listed>
+    constexpr auto operator()(const Field<T, Listed>&...) const {
+        return std::bool_constant < requires {
+            T{std::declval<Listed>()..., std::declval<Unlisted>()..., std::declval<More>()...};
+        }
+        > ();
+    }
 };
 
 template <class T, class... More>
 inline constexpr bool initialises =
-    Initialises<T, std::remove_cvref_t<decltype(T::fields())>, typename UnlistedOf<T>::Type, More...>::value;
+    decltype(T::fields(Initialises<T, typename UnlistedOf<T>::Type, More...>()))::value;
 
 }
 
-/// A plain struct whose `fields()` names its members, all of them and in their order. That one list drives
-/// reading and writing, so it is held against the struct here: the listed types must initialise it, and no
-/// member may be left over. (An optional is not made from `Anything` without doubt, hence the second try.)
+/// A plain struct whose `fields(visit)` calls `visit` with all its members, in their order. That one list
+/// drives reading and writing, so the codec holds it against the struct: the listed types must initialise it,
+/// and no member may be left over. (An optional is not made from `Anything` without doubt, hence the second
+/// try.)
+///
+///     static constexpr auto fields(auto visit) {
+///         return visit(field("id", &Note::id), field("text", &Note::text));
+///     }
 template <class T>
 concept Record =
     std::is_aggregate_v<T> && detail::initialises<T> && !detail::initialises<T, detail::Anything> &&

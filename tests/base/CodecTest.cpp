@@ -16,8 +16,8 @@ struct Leaf {
     Colour colour = Colour::red;
     std::optional<double> weight;
     bool operator==(const Leaf&) const = default;
-    static constexpr auto fields() {
-        return std::tuple{field("colour", &Leaf::colour), field("weight", &Leaf::weight)};
+    static constexpr auto fields(auto visit) {
+        return visit(field("colour", &Leaf::colour), field("weight", &Leaf::weight));
     }
 };
 static_assert(Record<Leaf>);
@@ -31,9 +31,9 @@ struct Tree {
     std::optional<std::map<std::string, Leaf>> named;
     Data seed;
     bool operator==(const Tree&) const = default;
-    static constexpr auto fields() {
-        return std::tuple{field("rings", &Tree::rings), field("leaves", &Tree::leaves),
-                          field("named", &Tree::named), field("seed", &Tree::seed)};
+    static constexpr auto fields(auto visit) {
+        return visit(field("rings", &Tree::rings), field("leaves", &Tree::leaves),
+                     field("named", &Tree::named), field("seed", &Tree::seed));
     }
 };
 static_assert(Record<Tree>);
@@ -42,8 +42,8 @@ struct Garden {
     bool open = true;
     std::vector<Tree> trees;
     static constexpr bool everyKeyMayBeMissing = true;
-    static constexpr auto fields() {
-        return std::tuple{field("open", &Garden::open), field("trees", &Garden::trees)};
+    static constexpr auto fields(auto visit) {
+        return visit(field("open", &Garden::open), field("trees", &Garden::trees));
     }
 };
 static_assert(Record<Garden>);
@@ -52,7 +52,7 @@ static_assert(Record<Garden>);
 struct Forgetful {
     double told = 0;
     double forgotten = 0;
-    static constexpr auto fields() { return std::tuple{field("told", &Forgetful::told)}; }
+    static constexpr auto fields(auto visit) { return visit(field("told", &Forgetful::told)); }
 };
 static_assert(!Record<Forgetful>);
 

@@ -1,3 +1,4 @@
+#include "core/model/Project.h"
 #include "core/playbooks/Library.h"
 #include "core/playbooks/Playbooks.h"
 #include "core/render/export/OwnFiles.h"

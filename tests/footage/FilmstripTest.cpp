@@ -1,3 +1,4 @@
+#include "core/model/Source.h"
 #include "core/render/footage/Filmstrip.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/footage/Movie.h"

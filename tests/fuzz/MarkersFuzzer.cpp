@@ -1,5 +1,6 @@
 #include "core/intake/Markers.h"
 #include "core/intake/Sources.h"
+#include "core/model/Project.h"
 #include "tests/fuzz/RoundTrip.h"
 
 using namespace murbo;

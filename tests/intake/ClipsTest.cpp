@@ -1,4 +1,5 @@
 #include "core/intake/Clips.h"
+#include "core/model/Project.h"
 #include "platform/base/Problem.h"
 
 #include <limits>

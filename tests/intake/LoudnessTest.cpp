@@ -1,5 +1,6 @@
 #include "core/intake/samples/Loudness.h"
 #include "core/intake/transcription/Sound.h"
+#include "core/model/Project.h"
 #include "platform/base/Problem.h"
 #include "tests/TemporaryFolder.h"
 

@@ -1,6 +1,7 @@
 #include "core/intake/SourceFinder.h"
 #include "core/intake/Sources.h"
 #include "core/intake/transcription/Transcripts.h"
+#include "core/model/Project.h"
 #include "tests/TemporaryFolder.h"
 
 #include <gmock/gmock.h>

@@ -1,5 +1,5 @@
 #include "core/model/package/ProjectPackage.h"
-#include "platform/base/Codec.h"
+#include "core/model/ModelCodec.h"
 #include "tests/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

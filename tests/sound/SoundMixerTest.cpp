@@ -1,3 +1,5 @@
+#include "core/model/Project.h"
+#include "core/model/Times.h"
 #include "core/render/sound/SoundMixer.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/sound/Waves.h"

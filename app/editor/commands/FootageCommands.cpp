@@ -26,12 +26,11 @@ struct RenameQuestion {
     std::optional<std::string> text;
     std::string name;
     bool operator==(const RenameQuestion&) const = default;
-    static constexpr auto fields() {
-        return std::tuple{field("title", &RenameQuestion::title), field("text", &RenameQuestion::text),
-                          field("name", &RenameQuestion::name)};
+    static constexpr auto fields(auto visit) {
+        return visit(field("title", &RenameQuestion::title), field("text", &RenameQuestion::text),
+                     field("name", &RenameQuestion::name));
     }
 };
-static_assert(Record<RenameQuestion>);
 
 /// What a window asks before it renames a clip.
 RenameQuestion askToRename(const Editor& editor, const UUID& id) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/model/Project.h"
+#include "core/model/Source.h"
 
 #include <cstdint>
 #include <filesystem>

@@ -4,6 +4,7 @@
 #include "core/intake/samples/Exposure.h"
 #include "core/intake/samples/Measures.h"
 #include "core/intake/samples/Sharpness.h"
+#include "core/model/Look.h"
 #include "platform/base/Cancelled.h"
 #include "platform/base/Codec.h"
 #include "platform/media/FrameReader.h"

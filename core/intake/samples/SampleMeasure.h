@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/intake/samples/Samples.h"
-#include "core/model/Project.h"
+#include "core/model/Source.h"
 
 #include <filesystem>
 #include <map>

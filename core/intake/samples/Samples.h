@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
-#include <tuple>
 #include <vector>
 
 namespace murbo {
@@ -25,13 +24,12 @@ struct Samples {
     std::size_t count() const;
 
     bool operator==(const Samples&) const = default;
-    static constexpr auto fields() {
-        return std::tuple{field("rate", &Samples::rate), field("sharpness", &Samples::sharpness),
-                          field("exposure", &Samples::exposure), field("steadiness", &Samples::steadiness),
-                          field("moves", &Samples::moves)};
+    static constexpr auto fields(auto visit) {
+        return visit(field("rate", &Samples::rate), field("sharpness", &Samples::sharpness),
+                     field("exposure", &Samples::exposure), field("steadiness", &Samples::steadiness),
+                     field("moves", &Samples::moves));
     }
 };
-static_assert(Record<Samples>);
 constexpr auto rawTexts(Samples::Move) {
     return std::array<std::string_view, 6>{"still", "pan", "tilt", "zoom", "roll", "mixed"};
 }

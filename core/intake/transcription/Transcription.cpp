@@ -1,6 +1,7 @@
 #include "core/intake/transcription/Transcription.h"
 
 #include "core/intake/transcription/Sound.h"
+#include "core/model/Source.h"
 
 #include <algorithm>
 

@@ -1,13 +1,15 @@
 #pragma once
 
 #include "core/intake/transcription/Transcriber.h"
-#include "core/model/Project.h"
+#include "core/model/Line.h"
 
 #include <stop_token>
 #include <string>
 #include <vector>
 
 namespace murbo {
+
+struct Source;
 
 /// From a stretch of a source to timed lines, by any engine.
 namespace Transcription {

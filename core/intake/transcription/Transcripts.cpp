@@ -1,5 +1,7 @@
 #include "core/intake/transcription/Transcripts.h"
 
+#include "core/model/Project.h"
+
 namespace murbo {
 
 void Transcripts::replaceLines(Project& project, const UUID& source, double start, double end,

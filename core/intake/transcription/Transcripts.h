@@ -1,10 +1,12 @@
 #pragma once
 
-#include "core/model/Project.h"
+#include "core/model/Line.h"
 
 #include <vector>
 
 namespace murbo {
+
+struct Project;
 
 namespace Transcripts {
 

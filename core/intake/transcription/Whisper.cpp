@@ -29,21 +29,19 @@ struct WhisperOutput {
     struct Offsets {
         std::int64_t from = 0; ///< milliseconds
         std::int64_t to = 0;
-        static constexpr auto fields() {
-            return std::tuple{field("from", &Offsets::from), field("to", &Offsets::to)};
+        static constexpr auto fields(auto visit) {
+            return visit(field("from", &Offsets::from), field("to", &Offsets::to));
         }
     };
     struct Item {
         Offsets offsets;
         std::string text;
-        static constexpr auto fields() {
-            return std::tuple{field("offsets", &Item::offsets), field("text", &Item::text)};
+        static constexpr auto fields(auto visit) {
+            return visit(field("offsets", &Item::offsets), field("text", &Item::text));
         }
     };
     std::vector<Item> transcription;
-    static constexpr auto fields() {
-        return std::tuple{field("transcription", &WhisperOutput::transcription)};
-    }
+    static constexpr auto fields(auto visit) { return visit(field("transcription", &WhisperOutput::transcription)); }
 };
 static_assert(Record<WhisperOutput::Offsets> && Record<WhisperOutput::Item> && Record<WhisperOutput>);
 

@@ -31,12 +31,12 @@ struct Logged {
     std::optional<std::string> request;
     std::optional<std::string> reply;
 
-    static constexpr auto fields() {
-        return std::tuple{field("kind", &Logged::kind),       field("title", &Logged::title),
-                          field("engine", &Logged::engine),   field("started", &Logged::started),
-                          field("ended", &Logged::ended),     field("state", &Logged::state),
-                          field("cost", &Logged::cost),       field("error", &Logged::error),
-                          field("request", &Logged::request), field("reply", &Logged::reply)};
+    static constexpr auto fields(auto visit) {
+        return visit(field("kind", &Logged::kind), field("title", &Logged::title),
+                     field("engine", &Logged::engine), field("started", &Logged::started),
+                     field("ended", &Logged::ended), field("state", &Logged::state),
+                     field("cost", &Logged::cost), field("error", &Logged::error),
+                     field("request", &Logged::request), field("reply", &Logged::reply));
     }
 };
 static_assert(Record<Logged>);

@@ -1,7 +1,7 @@
 #include "core/model/package/History.h"
 
 #include "platform/base/Beside.h"
-#include "platform/base/Codec.h"
+#include "core/model/ModelCodec.h"
 #include "platform/base/Files.h"
 #include "platform/base/Problem.h"
 

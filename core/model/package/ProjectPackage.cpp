@@ -1,7 +1,7 @@
 #include "core/model/package/ProjectPackage.h"
 
 #include "platform/base/Beside.h"
-#include "platform/base/Codec.h"
+#include "core/model/ModelCodec.h"
 #include "platform/base/Files.h"
 
 #include <exception>
@@ -18,7 +18,7 @@ constexpr std::size_t largestFile = 128 << 20;
 struct Header {
     std::int64_t format = 0;
 
-    static constexpr auto fields() { return std::tuple{field("format", &Header::format)}; }
+    static constexpr auto fields(auto visit) { return visit(field("format", &Header::format)); }
 };
 static_assert(Record<Header>);
 
@@ -75,9 +75,8 @@ std::vector<fs::path> missingFolders(fs::path package) {
 
 /// Whether both are the same in all that `project.json` holds.
 bool sameInFile(const Project& one, const Project& other) {
-    return std::apply(
-        [&](const auto&... field) { return ((one.*field.member == other.*field.member) && ...); },
-        Project::fields());
+    return Project::fields(
+        [&](const auto&... field) { return ((one.*field.member == other.*field.member) && ...); });
 }
 
 bool sameTranscript(const Project* previous, const UUID& source, const Transcript& transcript) {

@@ -1,6 +1,6 @@
 #include "core/model/package/ProjectPart.h"
 
-#include "platform/base/Codec.h"
+#include "core/model/ModelCodec.h"
 #include "platform/base/Problem.h"
 
 namespace murbo::Parts {
@@ -88,13 +88,10 @@ std::size_t weigh(const T& thing);
 template <class T>
 std::size_t weighRecord(const T& record) {
     constexpr std::size_t punctuation = 6;
-    return std::apply(
-        [&](const auto&... member) {
-            return (
-                std::size_t{2} + ... +
+    return T::fields([&](const auto&... member) {
+        return (std::size_t{2} + ... +
                 (weigh(record.*member.member) + std::char_traits<char>::length(member.name) + punctuation));
-        },
-        T::fields());
+    });
 }
 
 template <class T>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/model/Project.h"
+#include "platform/base/UUID.h"
 
 #include <filesystem>
 #include <functional>
@@ -10,6 +10,9 @@
 #include <string>
 
 namespace murbo {
+
+struct Project;
+struct Video;
 
 /// Takes a finished video out of the program as a movie file.
 namespace Exporter {

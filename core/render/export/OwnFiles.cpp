@@ -1,5 +1,6 @@
 #include "core/render/export/OwnFiles.h"
 
+#include "core/model/Project.h"
 #include "core/playbooks/Library.h"
 #include "core/render/plan/StageValue.h"
 #include "platform/base/Beside.h"

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/model/Project.h"
 #include "core/render/plan/Plan.h"
 
 #include <filesystem>
@@ -11,6 +10,9 @@
 #include <sys/types.h>
 
 namespace murbo {
+
+struct Project;
+struct Video;
 
 /// What a project is made of: its package, its footage, the files that its videos name, playbooks and the
 /// files that those name. Nothing that is written out of a project may take such a file's place: a slip of

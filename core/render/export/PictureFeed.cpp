@@ -1,5 +1,6 @@
 #include "core/render/export/PictureFeed.h"
 
+#include "core/model/Run.h"
 #include "core/model/Times.h"
 #include "platform/base/Problem.h"
 

@@ -1,5 +1,6 @@
 #include "core/render/footage/Filmstrip.h"
 
+#include "core/model/Source.h"
 #include "platform/base/Files.h"
 #include "platform/base/Problem.h"
 #include "platform/image/Image.h"

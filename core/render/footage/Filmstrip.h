@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/model/Project.h"
 #include "platform/image/Bitmap.h"
 #include "platform/media/FrameReader.h"
 
@@ -11,6 +10,8 @@
 #include <optional>
 
 namespace murbo {
+
+struct Source;
 
 /// Thumbnails of one source, at most one a second, kept in memory and in the package.
 ///

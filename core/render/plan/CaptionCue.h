@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/model/Project.h"
+#include "core/model/CaptionLine.h"
 
 #include <cstdint>
 #include <optional>
@@ -8,6 +8,9 @@
 #include <vector>
 
 namespace murbo {
+
+struct Project;
+struct Video;
 
 /// One caption on the video's clock, worked out from a transcript line and what was changed on it by hand.
 struct CaptionCue {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/model/Framing.h"
-#include "core/model/Look.h"
+#include "core/model/Shot.h"
 #include "platform/image/Geometry.h"
 
 #include <optional>

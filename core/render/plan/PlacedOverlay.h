@@ -1,6 +1,7 @@
 #pragma once
 
-#include "core/model/Look.h"
+#include "core/model/Cut.h"
+#include "core/model/Overlay.h"
 #include "core/playbooks/Book.h"
 #include "core/render/plan/FrameTime.h"
 #include "platform/base/Shared.h"

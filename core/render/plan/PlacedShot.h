@@ -1,6 +1,8 @@
 #pragma once
 
-#include "core/model/Video.h"
+#include "core/model/Cut.h"
+#include "core/model/Shot.h"
+#include "platform/base/Shared.h"
 
 #include <vector>
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "core/model/CaptionStyle.h"
-#include "core/model/Project.h"
+#include "core/model/Framing.h"
+#include "core/model/Shot.h"
+#include "core/model/Video.h"
 #include "core/render/plan/CaptionCue.h"
 #include "core/render/plan/PlacedOverlay.h"
 #include "core/render/plan/PlacedShot.h"
@@ -14,6 +16,8 @@
 #include <vector>
 
 namespace murbo {
+
+struct Project;
 
 /// One video laid out on its own clock: all that drawing and mixing need to know, and nothing else. A plain
 /// value, worked out anew whenever the video changes. What can't be resolved is left out.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/model/Look.h"
+#include "core/model/Values.h"
 
 #include <optional>
 #include <string>

@@ -1,5 +1,6 @@
 #include "core/render/sound/SoundMix.h"
 
+#include "core/model/Project.h"
 #include "core/model/ShownMoments.h"
 #include "core/model/Times.h"
 #include "core/render/plan/PlaybookClock.h"

@@ -1,5 +1,6 @@
 #include "core/render/stage/Panels.h"
 
+#include "core/model/Source.h"
 #include "core/render/plan/Crop.h"
 
 #include <algorithm>

@@ -1,14 +1,8 @@
-#include "core/model/Look.h"
+#include "core/model/Mix.h"
 
 #include <algorithm>
 
 namespace murbo {
-
-const CaptionLine* Captions::line(const UUID& id) const {
-    const auto found =
-        std::find_if(lines.begin(), lines.end(), [&](const auto& entry) { return entry.line == id; });
-    return found == lines.end() ? nullptr : &*found;
-}
 
 double Mix::level(Lane lane) const {
     switch (lane) {
