@@ -8,8 +8,8 @@
 #include "core/model/ProjectSummary.h"
 #include "core/model/package/PackageLock.h"
 #include "core/model/package/ProjectPackage.h"
-#include "platform/base/Files.h"
 #include "platform/base/Problem.h"
+#include "platform/base/SystemError.h"
 #include "platform/base/Text.h"
 #include "platform/media/MediaFile.h"
 #include "platform/vision/SubjectMask.h"
@@ -72,7 +72,7 @@ void Commands::print(const std::string& line) {
     std::fputc('\n', stdout);
     // That nobody reads on is no failure.
     if (std::fflush(stdout) != 0 && errno != EPIPE)
-        throw Problem("The output could not be written: " + Files::cause(errno) + ".");
+        throw Problem("The output could not be written: " + SystemError::cause(errno) + ".");
 }
 
 Commands::Opened Commands::open(const std::string& word) {

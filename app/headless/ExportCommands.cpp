@@ -10,6 +10,7 @@
 #include "platform/base/Files.h"
 #include "platform/base/Numbers.h"
 #include "platform/base/Problem.h"
+#include "platform/base/SystemError.h"
 #include "platform/base/Text.h"
 
 #include <algorithm>
@@ -48,8 +49,8 @@ void writePlainly(const fs::path& file, const std::string& bytes) {
     errno = 0;
     std::ofstream stream(file, std::ios::binary);
     if (!stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).flush())
-        throw Problem("“" + file.filename().string() + "” could not be written: " + Files::cause(errno) +
-                      ".");
+        throw Problem("“" + file.filename().string() +
+                      "” could not be written: " + SystemError::cause(errno) + ".");
 }
 
 /// Names the footage that can't be shown: an export goes on without it.

@@ -1,7 +1,7 @@
 // Undo in a project whose one recording has 20,000 lines: the worst case, since a transcript is kept as a
 // whole.
-#include "core/model/package/History.h"
 #include "core/model/ModelCodec.h"
+#include "core/model/package/History.h"
 
 #include <benchmark/benchmark.h>
 #include <unistd.h>

@@ -1,8 +1,8 @@
 // A project with ten hours of transcript (20,000 lines), 500 clips and 50 videos, each job beside a yardstick
 // that does the least it could cost on the same bytes.
+#include "core/model/ModelCodec.h"
 #include "core/model/ProjectSummary.h"
 #include "core/model/package/ProjectPackage.h"
-#include "core/model/ModelCodec.h"
 #include "platform/base/Files.h"
 
 #include <cstring>

@@ -1,6 +1,7 @@
 #include "core/ai/Said.h"
 
 #include "core/model/Tags.h"
+#include "platform/base/Numbers.h"
 #include "platform/base/Text.h"
 
 #include <charconv>
@@ -181,8 +182,8 @@ std::optional<std::string> Said::tag(std::string_view text) {
     const bool isNote = after.starts_with('n');
     const auto place = number(isNote ? after.substr(1) : after);
     if (!place) return std::nullopt;
-    return fmt::format("C{}{}.{}", Tags::twoDigits(*clip), std::string_view(letters, before.end()),
-                       isNote ? fmt::format("n{}", *place) : Tags::twoDigits(*place));
+    return fmt::format("C{}{}.{}", Numbers::twoDigits(*clip), std::string_view(letters, before.end()),
+                       isNote ? fmt::format("n{}", *place) : Numbers::twoDigits(*place));
 }
 
 std::vector<Cut> Said::cuts(const nlohmann::json& value, const std::set<UUID>* clips) const {

@@ -11,12 +11,12 @@ namespace {
 
 constexpr double endless = std::numeric_limits<double>::max();
 
-struct Window {
+struct MarkWindow {
     double start = 0;
     double end = 0;
 };
 
-Window window(double mark, const ClipReach& reach, double length) {
+MarkWindow window(double mark, const ClipReach& reach, double length) {
     const double end = mark + reach.after;
     return {std::max(mark - reach.before, 0.0), end < length ? end : length};
 }
@@ -57,7 +57,7 @@ class Growing {
 public:
     Growing(Project& given, const UUID& id) : project(given), source(id) {}
 
-    UUID take(double mark, const Window& window) {
+    UUID take(double mark, const MarkWindow& window) {
         const auto& clips = *project.clips;
         const auto met = std::find_if(clips.begin(), clips.end(), [&](auto& clip) {
             return clip.source == source && clip.start <= window.end && window.start <= clip.end;
@@ -69,7 +69,7 @@ public:
     }
 
 private:
-    UUID grow(std::size_t index, double mark, const Window& window) {
+    UUID grow(std::size_t index, double mark, const MarkWindow& window) {
         auto& clips = project.clips.edit();
         auto& clip = clips[index];
         const UUID id = clip.id;

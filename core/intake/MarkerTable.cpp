@@ -1,6 +1,6 @@
 #include "core/intake/MarkerTable.h"
 
-#include "core/intake/Markers.h"
+#include "core/intake/MarkerTime.h"
 #include "platform/base/Text.h"
 
 namespace murbo {
@@ -105,7 +105,7 @@ std::vector<double> MarkerTable::parse(const std::vector<std::string_view>& line
     for (const auto& row : rows) {
         if (named.value_or(0) >= row.size()) continue;
         const auto& field = row[named.value_or(0)];
-        if (const auto time = Markers::time(named ? withoutFrames(field) : field)) times.push_back(*time);
+        if (const auto time = MarkerTime::parse(named ? withoutFrames(field) : field)) times.push_back(*time);
     }
     return times;
 }

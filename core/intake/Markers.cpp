@@ -1,8 +1,8 @@
 #include "core/intake/Markers.h"
 
 #include "core/intake/MarkerTable.h"
+#include "core/intake/MarkerTime.h"
 #include "platform/base/Files.h"
-#include "platform/base/Numbers.h"
 #include "platform/base/Problem.h"
 #include "platform/base/Text.h"
 
@@ -86,27 +86,12 @@ std::vector<std::string_view> Markers::lines(std::string_view text) {
     return result;
 }
 
-std::optional<double> Markers::time(std::string_view field) {
-    double value = 0;
-    int parts = 0;
-    for (std::size_t at = 0; at < field.size();) {
-        const auto end = std::min(field.find(':', at), field.size());
-        if (end > at) {
-            const auto part = Numbers::parse(Text::trimmedOfBlanks(field.substr(at, end - at)));
-            if (!part || ++parts > 3) return {};
-            value = value * 60 + *part;
-        }
-        at = end + 1;
-    }
-    return parts > 0 && std::isfinite(value) ? std::optional(value) : std::nullopt;
-}
-
 std::vector<double> Markers::parse(std::string_view text, std::string_view recording) {
     if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
     const auto all = lines(text);
     std::vector<double> times;
     for (const auto line : all)
-        if (const auto marker = time(line.substr(0, line.find(',')))) times.push_back(*marker);
+        if (const auto marker = MarkerTime::parse(line.substr(0, line.find(',')))) times.push_back(*marker);
     return times.empty() ? MarkerTable::parse(all, recording) : times;
 }
 

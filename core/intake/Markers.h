@@ -16,12 +16,8 @@ namespace Markers {
 ///
 /// A line is a marker by what stands before its first comma: seconds, m:ss or h:mm:ss. All other lines are
 /// passed over. A text in which no line is a marker by that rule is read as the table of another program
-/// (MarkerTable.h); `recording` is the recording's file name, for tables that tell several recordings apart.
+/// (MarkerTable.h); `recording` is the recording's file name, for tables that hold several recordings.
 std::vector<double> parse(std::string_view text, std::string_view recording = {});
-
-/// The time that a field tells: one to three numbers with colons between, each sixty of the one behind it.
-/// Nothing where it is no time, or none that is finite.
-std::optional<double> time(std::string_view field);
 
 /// The lines of a text, empty ones left out. All of Unicode's line breaks end a line.
 std::vector<std::string_view> lines(std::string_view text);

@@ -1,6 +1,6 @@
 #include "core/model/Clip.h"
 
-#include "core/model/Tags.h"
+#include "platform/base/Numbers.h"
 #include "platform/base/Text.h"
 
 #include <fmt/format.h>
@@ -8,7 +8,7 @@
 namespace murbo {
 
 std::string Clip::tag() const {
-    return fmt::format("C{}{}", Tags::twoDigits(number), part.value_or(""));
+    return fmt::format("C{}{}", Numbers::twoDigits(number), part.value_or(""));
 }
 
 std::string Clip::title(const std::string& otherwise) const {

@@ -1,5 +1,7 @@
 #include "core/model/Tags.h"
 
+#include "platform/base/Numbers.h"
+
 #include <algorithm>
 
 #include <fmt/format.h>
@@ -35,10 +37,6 @@ private:
 
 }
 
-std::string twoDigits(std::int64_t number) {
-    return fmt::format("{}{}", number > 9 ? "" : "0", number);
-}
-
 std::unordered_map<UUID, Named> named(const Transcript& transcript, const std::vector<const Clip*>& clips) {
     const ByMiddle lines(transcript.lines);
     const ByMiddle notes(transcript.notes);
@@ -48,7 +46,7 @@ std::unordered_map<UUID, Named> named(const Transcript& transcript, const std::v
         const auto tag = clip->tag();
         std::int64_t number = 0;
         for (const auto* line : lines.in(*clip))
-            found[line->id] = {fmt::format("{}.{}", tag, twoDigits(++number)), clip->id};
+            found[line->id] = {fmt::format("{}.{}", tag, Numbers::twoDigits(++number)), clip->id};
         number = 0;
         for (const auto* note : notes.in(*clip))
             found[note->id] = {fmt::format("{}.n{}", tag, ++number), clip->id};

@@ -2,7 +2,6 @@
 
 #include "core/model/Project.h"
 
-#include <cstdint>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -12,9 +11,6 @@ namespace murbo {
 /// The short names by which people and models speak of footage: C14 a clip, C14.03 its third line, C14.n1
 /// its first note. Printed from the records and never stored: they hold only for the project as it stands.
 namespace Tags {
-
-/// The number in at least two digits: "07", "14", "123".
-std::string twoDigits(std::int64_t number);
 
 /// What a line or note is called, and the clip that it is called after.
 struct Named {

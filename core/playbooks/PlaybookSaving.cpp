@@ -7,6 +7,7 @@
 #include "platform/base/Descriptor.h"
 #include "platform/base/Files.h"
 #include "platform/base/Problem.h"
+#include "platform/base/SystemError.h"
 #include "platform/base/Text.h"
 
 #include <cerrno>
@@ -74,7 +75,7 @@ public:
 };
 
 [[noreturn]] void fail(const std::string& what, const std::error_code& error) {
-    throw Problem(what + ": " + Files::cause(error.value()) + ".");
+    throw Problem(what + ": " + SystemError::cause(error.value()) + ".");
 }
 
 /// The book of the owner's that a playbook replaces.

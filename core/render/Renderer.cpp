@@ -1,7 +1,7 @@
 #include "core/render/Renderer.h"
 
-#include "core/model/Transition.h"
 #include "core/model/Source.h"
+#include "core/model/Transition.h"
 #include "core/render/CaptionMotion.h"
 #include "core/render/OverlayStack.h"
 #include "core/render/plan/Motion.h"

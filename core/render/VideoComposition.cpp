@@ -1,7 +1,7 @@
 #include "core/render/VideoComposition.h"
 
-#include "core/render/plan/FrameTime.h"
 #include "core/model/Project.h"
+#include "core/render/plan/FrameTime.h"
 #include "platform/base/Problem.h"
 #include "platform/media/MediaFile.h"
 

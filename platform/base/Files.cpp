@@ -1,8 +1,9 @@
 #include "platform/base/Files.h"
 
-#include "platform/base/Beside.h"
 #include "platform/base/Descriptor.h"
 #include "platform/base/Problem.h"
+#include "platform/base/SiblingFile.h"
+#include "platform/base/SystemError.h"
 
 #include <cerrno>
 #include <cstring>
@@ -19,7 +20,8 @@ namespace {
 constexpr mode_t permissionBits = 07777;
 
 [[noreturn]] void failed(const std::filesystem::path& path, const char* verb, int error) {
-    throw Problem(fmt::format("“{}” could not be {}: {}.", path.filename().string(), verb, cause(error)));
+    throw Problem(
+        fmt::format("“{}” could not be {}: {}.", path.filename().string(), verb, SystemError::cause(error)));
 }
 
 [[noreturn]] void notWritten(const std::filesystem::path& path) {
@@ -37,8 +39,8 @@ std::filesystem::path folderOf(const std::filesystem::path& path) {
 class NewFile {
 public:
     explicit NewFile(const std::filesystem::path& path) : destination(path) {
-        Beside::refuseUnlessFile(path);
-        claimed = Beside::claim(path, "new");
+        SiblingFile::refuseUnlessFile(path);
+        claimed = SiblingFile::claim(path, "new");
     }
 
     NewFile(const NewFile&) = delete;
@@ -78,7 +80,7 @@ private:
     }
 
     std::filesystem::path destination;
-    Beside::Claimed claimed{{}, Descriptor(-1)};
+    SiblingFile::Claimed claimed{{}, Descriptor(-1)};
 };
 
 /// A rename is sure only once its folder is on the disk. Some file systems can't flush folders: then it is as
@@ -154,36 +156,6 @@ std::optional<std::filesystem::path> inside(const std::filesystem::path& folder,
     if (failed) return std::nullopt;
     const auto [left, _] = std::mismatch(within.begin(), within.end(), found.begin(), found.end());
     return left == within.end() ? std::optional(found) : std::nullopt;
-}
-
-std::string cause(int error) {
-    switch (error) {
-        case ENOSPC:
-        case EDQUOT:
-            return "there is no space left on the disk";
-        case EACCES:
-        case EPERM:
-            return "you have no permission";
-        case EROFS:
-            return "the disk can only be read";
-        case ENOENT:
-            return "it does not exist";
-        case ENOTDIR:
-        case EEXIST:
-            return "a file stands where a folder is needed";
-        case EISDIR:
-            return "it is a folder";
-        case ESPIPE:
-            return "it is no ordinary file";
-        case EFBIG:
-            return "it is too large";
-        case ENAMETOOLONG:
-            return "its name is too long";
-        case EIO:
-            return "the disk reports an error";
-        default:
-            return std::generic_category().message(error);
-    }
 }
 
 }

@@ -31,9 +31,6 @@ void createFolder(const std::filesystem::path& path);
 std::optional<std::filesystem::path> inside(const std::filesystem::path& folder,
                                             const std::filesystem::path& name);
 
-/// The cause of a failed system call in words that end a sentence: "there is no space left on the disk".
-std::string cause(int error);
-
 }
 
 }

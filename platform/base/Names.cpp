@@ -32,13 +32,13 @@ int compare(std::string_view one, std::string_view other) {
     return collator()->compareUTF8(piece(one), piece(other), status);
 }
 
-struct Keyed {
+struct NameWithKey {
     icu::CollationKey key; ///< compared byte by byte, far faster than the texts
     std::filesystem::path path;
 };
 
-Keyed keyed(std::filesystem::path path) {
-    Keyed made{{}, std::move(path)};
+NameWithKey keyed(std::filesystem::path path) {
+    NameWithKey made{{}, std::move(path)};
     UErrorCode status = U_ZERO_ERROR;
     if (collator())
         collator()->getCollationKey(icu::UnicodeString::fromUTF8(piece(made.path.native())), made.key,
@@ -46,7 +46,7 @@ Keyed keyed(std::filesystem::path path) {
     return made;
 }
 
-bool keyedBefore(const Keyed& one, const Keyed& other) {
+bool keyedBefore(const NameWithKey& one, const NameWithKey& other) {
     UErrorCode status = U_ZERO_ERROR;
     const auto order = one.key.compareTo(other.key, status);
     return order != UCOL_EQUAL ? order == UCOL_LESS : one.path.native() < other.path.native();
@@ -60,11 +60,12 @@ bool before(std::string_view one, std::string_view other) {
 }
 
 void sort(std::vector<std::filesystem::path>& paths) {
-    std::vector<Keyed> all;
+    std::vector<NameWithKey> all;
     all.reserve(paths.size());
     for (auto& path : paths) all.push_back(keyed(std::move(path)));
     std::stable_sort(all.begin(), all.end(), keyedBefore);
-    std::transform(all.begin(), all.end(), paths.begin(), [](Keyed& one) { return std::move(one.path); });
+    std::transform(all.begin(), all.end(), paths.begin(),
+                   [](NameWithKey& one) { return std::move(one.path); });
 }
 
 }

@@ -13,4 +13,8 @@ std::optional<double> Numbers::parse(std::string_view text) {
     return whole && std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
+std::string Numbers::twoDigits(std::int64_t number) {
+    return (number > 9 ? "" : "0") + std::to_string(number);
+}
+
 }

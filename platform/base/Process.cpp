@@ -1,7 +1,7 @@
 #include "platform/base/Process.h"
 
-#include "platform/base/Files.h"
 #include "platform/base/Problem.h"
+#include "platform/base/SystemError.h"
 
 #include <algorithm>
 #include <array>
@@ -31,7 +31,7 @@ constexpr int lastSignal = 31;             // of those that a handler or a paren
 
 [[noreturn]] void notStarted(const std::string& program, int error) {
     const auto name = std::filesystem::path(program).filename().string();
-    throw Problem(fmt::format("{} could not be started: {}.", name, Files::cause(error)));
+    throw Problem(fmt::format("{} could not be started: {}.", name, SystemError::cause(error)));
 }
 
 struct Pipe {
@@ -129,7 +129,7 @@ bool Process::wait(Clock::time_point until, int wake) {
     for (;;) {
         std::array<pollfd, 3> sources{{{handle, POLLIN, 0}, {errors, POLLIN, 0}, {wake, POLLIN, 0}}};
         const int ready = ::poll(sources.data(), sources.size(), milliseconds(until));
-        if (ready < 0 && errno != EINTR) throw Problem(Files::cause(errno));
+        if (ready < 0 && errno != EINTR) throw Problem(SystemError::cause(errno));
         takeWords();
         if (sources[0].revents != 0) return reap();
         if (sources[2].revents != 0 || Clock::now() >= until) return false;

@@ -1,7 +1,7 @@
 #include "platform/base/TemporaryFile.h"
 
-#include "platform/base/Files.h"
 #include "platform/base/Problem.h"
+#include "platform/base/SystemError.h"
 #include "platform/base/UUID.h"
 
 #include <cerrno>
@@ -22,7 +22,7 @@ constexpr int mostTries = 100;                       // a sweep comes between on
 constexpr std::string_view companions[] = {".json"}; // made beside a file of ours by the tools that read it
 
 [[noreturn]] void notWritten(int error) {
-    throw Problem("A temporary file could not be written: " + Files::cause(error) + ".");
+    throw Problem("A temporary file could not be written: " + SystemError::cause(error) + ".");
 }
 
 fs::path folder() {

@@ -1,8 +1,8 @@
 #include "platform/media/UnfinishedFile.h"
 
-#include "platform/base/Beside.h"
-#include "platform/base/Files.h"
 #include "platform/base/Problem.h"
+#include "platform/base/SiblingFile.h"
+#include "platform/base/SystemError.h"
 
 #include <cerrno>
 
@@ -31,9 +31,9 @@ int link(int file, const std::filesystem::path& path) {
 }
 
 UnfinishedFile::UnfinishedFile(const std::filesystem::path& place, bool named)
-    : destination(Beside::followed(place)) {
+    : destination(SiblingFile::followed(place)) {
     if (!destination.has_filename()) fail(EISDIR);
-    Beside::refuseUnlessFile(destination);
+    SiblingFile::refuseUnlessFile(destination);
     refuseWithoutFolder();
     if (!named)
         file = Descriptor(::open(folderOf(destination).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0666));
@@ -55,7 +55,7 @@ void UnfinishedFile::refuseWithoutFolder() const {
 }
 
 void UnfinishedFile::openNamed() {
-    auto claimed = Beside::claim(destination, ending);
+    auto claimed = SiblingFile::claim(destination, ending);
     temporary = std::move(claimed.path);
     file = std::move(claimed.file);
     if (::ftruncate(file, 0) == 0) return;
@@ -74,7 +74,7 @@ bool UnfinishedFile::tookFreePlace() {
 // A file without a name can't replace another: it takes the name of one that can.
 void UnfinishedFile::takeName() {
     for (int tries = 0; tries < maxTries; ++tries) {
-        const auto claimed = Beside::claim(destination, ending);
+        const auto claimed = SiblingFile::claim(destination, ending);
         ::unlink(claimed.path.c_str());
         const int error = link(file, claimed.path);
         if (error == EEXIST) continue;
@@ -87,7 +87,7 @@ void UnfinishedFile::takeName() {
 
 void UnfinishedFile::finish() {
     if (::fsync(file) != 0) fail(errno);
-    Beside::refuseUnlessFile(destination);
+    SiblingFile::refuseUnlessFile(destination);
     const bool placed = temporary.empty() && tookFreePlace();
     if (!placed && temporary.empty()) takeName();
     if (!placed && ::rename(temporary.c_str(), destination.c_str()) != 0) fail(errno);
@@ -98,8 +98,8 @@ void UnfinishedFile::finish() {
 }
 
 void UnfinishedFile::fail(int error) const {
-    throw Problem("“" + destination.filename().string() + "” could not be written: " + Files::cause(error) +
-                  ".");
+    throw Problem("“" + destination.filename().string() +
+                  "” could not be written: " + SystemError::cause(error) + ".");
 }
 
 }

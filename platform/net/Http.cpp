@@ -54,9 +54,9 @@ struct Address {
 };
 
 /// A request under way.
-class Transfer {
+class HttpTransfer {
 public:
-    Transfer(const Http::Request& given, const Address& address) : request(given), host(address.host) {
+    HttpTransfer(const Http::Request& given, const Address& address) : request(given), host(address.host) {
         if (!easy || !multi) throw Problem("The network can't be used.");
         for (const auto& line : request.headers) addHeader(line);
         addHeader("Expect:"); // no round trip before the body
@@ -71,8 +71,8 @@ public:
         setWatch();
         curl_multi_add_handle(multi.get(), easy.get());
     }
-    Transfer(const Transfer&) = delete;
-    ~Transfer() {
+    HttpTransfer(const HttpTransfer&) = delete;
+    ~HttpTransfer() {
         if (easy && multi) curl_multi_remove_handle(multi.get(), easy.get());
     }
 
@@ -110,15 +110,15 @@ private:
     }
 
     void setWatch() {
-        set(CURLOPT_WRITEFUNCTION, &Transfer::take);
+        set(CURLOPT_WRITEFUNCTION, &HttpTransfer::take);
         set(CURLOPT_WRITEDATA, this);
         set(CURLOPT_NOPROGRESS, 0L);
-        set(CURLOPT_XFERINFOFUNCTION, &Transfer::watch);
+        set(CURLOPT_XFERINFOFUNCTION, &HttpTransfer::watch);
         set(CURLOPT_XFERINFODATA, this);
     }
 
     static std::size_t take(char* bytes, std::size_t size, std::size_t count, void* self) {
-        auto& transfer = *static_cast<Transfer*>(self);
+        auto& transfer = *static_cast<HttpTransfer*>(self);
         transfer.tooLong = transfer.reply.body.size() + size * count > transfer.request.most;
         if (transfer.tooLong) return 0;
         transfer.reply.body.append(bytes, size * count);
@@ -126,7 +126,7 @@ private:
     }
 
     static int watch(void* self, curl_off_t, curl_off_t down, curl_off_t, curl_off_t up) {
-        auto& transfer = *static_cast<Transfer*>(self);
+        auto& transfer = *static_cast<HttpTransfer*>(self);
         if (down + up != transfer.moved) transfer.movedAt = Clock::now();
         transfer.moved = down + up;
         return 0;
@@ -172,7 +172,7 @@ bool Http::mayGoTo(const std::string& url) {
 Http::Reply Http::send(const Request& request, std::stop_token stop) {
     const Address address(request.url);
     if (!address.isFit()) throw Problem("Nothing is sent to " + request.url + ": it is no HTTPS address.");
-    return Transfer(request, address).run(stop);
+    return HttpTransfer(request, address).run(stop);
 }
 
 }

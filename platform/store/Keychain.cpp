@@ -31,7 +31,7 @@ const SecretSchema schema = {
     nullptr,
     nullptr};
 
-struct Unref {
+struct SecretRelease {
     void operator()(GCancellable* object) const { g_object_unref(object); }
 };
 
@@ -48,7 +48,7 @@ private:
             if (!stop.stop_requested()) g_cancellable_cancel(cancel.get());
     }
 
-    std::unique_ptr<GCancellable, Unref> cancel{g_cancellable_new()};
+    std::unique_ptr<GCancellable, SecretRelease> cancel{g_cancellable_new()};
     std::mutex guard;
     std::condition_variable_any over;
     std::jthread waiting;

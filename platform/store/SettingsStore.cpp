@@ -87,7 +87,7 @@ void makeFolder(const fs::path& folder) {
 
 }
 
-struct SettingsStore::Parts {
+struct SettingsStore::OpenSettings {
     fs::path file;
     std::mutex guard;
     Stamp stamp;
@@ -144,7 +144,7 @@ struct SettingsStore::Parts {
     }
 };
 
-SettingsStore::SettingsStore(fs::path file) : parts(std::make_unique<Parts>()) {
+SettingsStore::SettingsStore(fs::path file) : parts(std::make_unique<OpenSettings>()) {
     parts->file = std::move(file);
 }
 SettingsStore::~SettingsStore() = default;

@@ -42,8 +42,8 @@ public:
     void remove(const std::string& key);
 
 private:
-    struct Parts;
-    const std::unique_ptr<Parts> parts;
+    struct OpenSettings;
+    const std::unique_ptr<OpenSettings> parts;
 };
 
 }

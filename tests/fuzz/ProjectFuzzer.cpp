@@ -1,5 +1,6 @@
 #include "core/model/CaptionPresets.h"
-#include "core/model/Heard.h"
+#include "core/model/HeardOptions.h"
+#include "core/model/Muted.h"
 #include "core/model/ProjectSummary.h"
 #include "core/model/edits/PlayerChange.h"
 #include "core/model/edits/ProjectOperations.h"

@@ -15,6 +15,6 @@ TEST(Measures, ofManySourcesAreAllThereWithTheirOwn) {
         });
         ASSERT_EQ(all.size(), sources.size() - 1);
         for (const auto& source : sources)
-            if (source.length != 77) ASSERT_EQ(all.at(source.id), source.length);
+            ASSERT_TRUE(source.length == 77 || all.at(source.id) == source.length);
     }
 }

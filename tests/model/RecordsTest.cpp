@@ -1,5 +1,5 @@
-#include "core/model/package/ProjectPackage.h"
 #include "core/model/ModelCodec.h"
+#include "core/model/package/ProjectPackage.h"
 #include "tests/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -108,39 +108,4 @@ TEST(Records, captionsAreStrictInsideALenientLook) {
     EXPECT_THROW(Codec::decode<Look>(R"({"mix": {"muted": ["voice"]}})"), Problem);
     EXPECT_NO_THROW(
         Codec::decode<Look>(R"({"captions": {"on": true, "lines": [], "style": {"motion": "?"}}})"));
-}
-
-TEST(Records, areNamedForTheirOwner) {
-    const std::tuple<std::optional<std::string>, std::optional<std::string>, const char*> clips[] = {
-        {{}, {}, "otherwise"},
-        {" \t", {}, "otherwise"},
-        {"Best bit", {}, "Best bit · C07"},
-        {" Best bit ", " The fall ", "Best bit ·  The fall "},
-        {"Best bit", "  ", "Best bit · C07"},
-        {{}, " The fall ", " The fall "},
-        {"", "\u00A0", "otherwise"},
-    };
-    for (const auto& [name, title, shown] : clips) {
-        Clip clip{.number = 7, .name = name};
-        if (title) clip.summary = Clip::Summary{*title, ""};
-        EXPECT_EQ(clip.title("otherwise"), shown);
-    }
-    for (const auto& [path, name] :
-         {std::pair{"/a/b c.mp4", "b c.mp4"}, {"b.mp4", "b.mp4"}, {"/a/b/", "b"}, {"", ""}, {"/", "/"}})
-        EXPECT_EQ(Source{.path = path}.name(), name);
-    for (const auto& [number, tag] : {std::pair{0, "C00"}, {7, "C07"}, {10, "C10"}, {123, "C123"}})
-        EXPECT_EQ(Clip{.number = number}.tag(), tag);
-}
-
-TEST(Mix, togglesLanesInTheOrderTheyWereTurnedOff) {
-    Mix mix;
-    mix.music = 0.5;
-    mix.toggleMute(Lane::music);
-    mix.toggleMute(Lane::video);
-    EXPECT_EQ(mix.muted, (std::vector{Lane::music, Lane::video}));
-    EXPECT_EQ(mix.level(Lane::music), 0.5);
-    EXPECT_EQ(mix.level(Lane::sounds), 1);
-    mix.toggleMute(Lane::music);
-    mix.toggleMute(Lane::video);
-    EXPECT_EQ(mix.muted, std::nullopt);
 }

@@ -195,7 +195,8 @@ struct Fields {
         std::vector<Value> setters;
         for (const auto name : value.names()) {
             Value setter;
-            Record::fields([&](const auto&... field) { (note(setter, field, name, *value.member(name)), ...); });
+            Record::fields(
+                [&](const auto&... field) { (note(setter, field, name, *value.member(name)), ...); });
             if (!setter) throw Problem("there is no field “" + std::string(name) + "” to set.");
             setters.push_back(std::move(setter));
         }

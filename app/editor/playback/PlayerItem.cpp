@@ -1,6 +1,6 @@
 #include "app/editor/playback/PlayerItem.h"
 
-#include "core/model/Heard.h"
+#include "core/model/HeardOptions.h"
 #include "core/model/Project.h"
 #include "platform/base/Problem.h"
 #include "platform/media/MediaFile.h"

@@ -1,7 +1,7 @@
 #include "app/editor/script/ScriptRun.h"
 
-#include "platform/base/Files.h"
 #include "platform/base/Problem.h"
+#include "platform/base/SystemError.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -16,7 +16,8 @@ int opened(const std::optional<std::filesystem::path>& lines) {
     if (!lines) return STDIN_FILENO;
     const int file = ::open(lines->c_str(), O_RDONLY | O_CLOEXEC);
     if (file < 0)
-        throw Problem("“" + lines->filename().string() + "” could not be read: " + Files::cause(errno) + ".");
+        throw Problem("“" + lines->filename().string() + "” could not be read: " + SystemError::cause(errno) +
+                      ".");
     return file;
 }
 

@@ -62,7 +62,7 @@ bool isPlausible(const CameraFlow::Motion& motion) {
 
 }
 
-struct CameraFlow::Parts {
+struct CameraFlow::Tracking {
     Luma picture;
     std::vector<cv::Mat> pyramid;
     Points corners;
@@ -77,7 +77,7 @@ struct CameraFlow::Parts {
     std::optional<Motion> agreed(const Points& from, const Points& to);
 };
 
-void CameraFlow::Parts::look() {
+void CameraFlow::Tracking::look() {
     picturesSinceLook = 0;
     const double distance = picture.width * cornerDistance;
     cv::Mat open(here().size(), CV_8UC1, cv::Scalar(255));
@@ -90,7 +90,7 @@ void CameraFlow::Parts::look() {
 }
 
 // Leaves those corners that the camera's motion explains, at their new places.
-std::optional<CameraFlow::Motion> CameraFlow::Parts::follow(const std::vector<cv::Mat>& next) {
+std::optional<CameraFlow::Motion> CameraFlow::Tracking::follow(const std::vector<cv::Mat>& next) {
     const bool due = ++picturesSinceLook >= picturesToANewLook;
     if (corners.size() < hardlyAny || (due && corners.size() < fewCorners)) look();
     Points from = std::exchange(corners, {});
@@ -105,7 +105,7 @@ std::optional<CameraFlow::Motion> CameraFlow::Parts::follow(const std::vector<cv
     return agreed(from, to);
 }
 
-std::optional<CameraFlow::Motion> CameraFlow::Parts::agreed(const Points& from, const Points& to) {
+std::optional<CameraFlow::Motion> CameraFlow::Tracking::agreed(const Points& from, const Points& to) {
     std::vector<std::uint8_t> agrees;
     const cv::Mat fit = cv::estimateAffinePartial2D(from, to, agrees, cv::RANSAC, agreement, 300, 0.99, 5);
     const auto agreeing = static_cast<std::size_t>(std::count(agrees.begin(), agrees.end(), 1));
@@ -119,7 +119,7 @@ std::optional<CameraFlow::Motion> CameraFlow::Parts::agreed(const Points& from, 
     return moved;
 }
 
-CameraFlow::CameraFlow() : parts(std::make_unique<Parts>()) {
+CameraFlow::CameraFlow() : parts(std::make_unique<Tracking>()) {
     // Pictures this small are done before a pool of threads is awake, and sources are measured side by side.
     [[maybe_unused]] static const bool once = (cv::setNumThreads(1), true);
 }

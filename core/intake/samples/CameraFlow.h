@@ -31,8 +31,8 @@ public:
     std::optional<Motion> to(const Luma& luma);
 
 private:
-    struct Parts;
-    std::unique_ptr<Parts> parts;
+    struct Tracking;
+    std::unique_ptr<Tracking> parts;
 };
 
 }

@@ -21,7 +21,7 @@ struct Course {
 };
 
 /// Sums of powers of the times, shared by all courses over the same moments.
-struct Grid {
+struct PowerSums {
     std::vector<double> times;
     std::array<double, 5> powers{};
 
@@ -60,7 +60,7 @@ std::array<double, 3> solved(std::array<Row, 3> rows, int unknowns) {
     return answer;
 }
 
-Course Grid::course(const std::vector<double>& values) const {
+Course PowerSums::course(const std::vector<double>& values) const {
     const int unknowns = times.size() >= 5 ? 3 : times.size() >= 2 ? 2 : 1;
     std::array<Row, 3> rows{};
     for (int row = 0; row < 3; ++row)
@@ -92,7 +92,7 @@ constexpr double toTheRim = 0.5; ///< from the middle, in widths
 
 template <class Places>
 Courses coursesOf(const Places& places, double time) {
-    Grid grid;
+    PowerSums grid;
     for (const auto& place : places) grid.add(place.time - time);
     const auto course = [&](double Motion::*part, double scale) {
         std::vector<double> values;
@@ -127,7 +127,7 @@ double steadyShare(const Courses& seen) {
 }
 
 void CameraPath::add(double time, const std::optional<Motion>& motion) {
-    Place place{.time = time};
+    CameraPlace place{.time = time};
     if (!places.empty()) place.shot = places.back().shot + (motion ? 0 : 1);
     if (motion && !places.empty()) {
         const Motion& before = places.back().sum;
@@ -138,10 +138,10 @@ void CameraPath::add(double time, const std::optional<Motion>& motion) {
 }
 
 // The places of the shot that is on, as far as the reach goes; beyond it only to have two of them.
-std::vector<CameraPath::Place> CameraPath::round(double time) const {
+std::vector<CameraPath::CameraPlace> CameraPath::round(double time) const {
     const auto after =
         std::upper_bound(places.begin(), places.end(), time,
-                         [](double wanted, const Place& place) { return wanted < place.time; });
+                         [](double wanted, const CameraPlace& place) { return wanted < place.time; });
     const auto on = after == places.begin() ? after : after - 1;
     auto from = on;
     auto to = on + 1;
@@ -166,7 +166,7 @@ double CameraPath::lostShare(double time) const {
     return lost > 1 ? lost / links : 0;
 }
 
-CameraPath::Moment CameraPath::at(double time) const {
+CameraPath::CameraMoment CameraPath::at(double time) const {
     if (places.empty()) return {};
     const auto shot = round(time);
     const double lost = lostShare(time);

@@ -14,7 +14,7 @@ public:
     /// What is looked at on either side of a moment, in seconds: a swaying step is shake, a pan is not.
     static constexpr double reach = 0.4;
 
-    struct Moment {
+    struct CameraMoment {
         std::uint8_t steadiness = 0; ///< 255 for a camera on its stand
         Samples::Move move = Samples::Move::still;
     };
@@ -23,22 +23,22 @@ public:
     void add(double time, const std::optional<CameraFlow::Motion>& motion);
 
     /// What a moment is like. Pictures up to `time + reach` must have been added, where there are any.
-    Moment at(double time) const;
+    CameraMoment at(double time) const;
 
     /// From here on nothing before this time is asked for.
     void forgetBefore(double time);
 
 private:
-    struct Place {
+    struct CameraPlace {
         double time = 0;
         CameraFlow::Motion sum; ///< all motions since the shot's beginning
         int shot = 0;
     };
 
-    std::vector<Place> round(double time) const;
+    std::vector<CameraPlace> round(double time) const;
     double lostShare(double time) const;
 
-    std::deque<Place> places;
+    std::deque<CameraPlace> places;
 };
 
 }

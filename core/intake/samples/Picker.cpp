@@ -145,14 +145,14 @@ Pick pick(const UUID& source, const Run& run, const Samples& samples, const Scor
 }
 
 /// A source on the line that all of them make end to end.
-struct Laid {
+struct PlacedSource {
     UUID source;
     double offset = 0;
     double seconds = 0;
 };
 
-std::vector<Laid> laid(const std::vector<Length>& sources) {
-    std::vector<Laid> line;
+std::vector<PlacedSource> laid(const std::vector<Length>& sources) {
+    std::vector<PlacedSource> line;
     double offset = 0;
     for (const auto& source : sources) {
         const double seconds = std::isfinite(source.seconds) ? std::max(source.seconds, 0.0) : 0;
@@ -167,7 +167,7 @@ double uniform(std::mt19937_64& generator, double below) {
     return static_cast<double>(generator() >> 11) * 0x1p-53 * below;
 }
 
-std::optional<Pick> anywhere(const std::vector<Laid>& line, const Stretch& slot, double length,
+std::optional<Pick> anywhere(const std::vector<PlacedSource>& line, const Stretch& slot, double length,
                              std::mt19937_64& generator) {
     struct Room {
         UUID source;

@@ -32,14 +32,14 @@ int stepFor(const Frame& frame, bool interlaced) {
     return std::max(static_cast<int>(std::lround(side / lookSide)), interlaced ? 2 : 1);
 }
 
-struct Look {
+struct PictureMeasure {
     double time = 0;
     std::uint8_t sharpness = 0;
     std::uint8_t exposure = 0;
 };
 
 /// Takes pictures in the order of their times, and makes a sample for each stretch that lies behind.
-class Sampler {
+class SampleTaker {
 public:
     void add(const FrameReader::TimedFrame& given, int step);
     /// All samples of a file that is that long, in seconds, if it tells.
@@ -51,17 +51,17 @@ private:
     void look(const Luma& luma);
     void settle(double upTo);
     void append(double middle);
-    const Look& lookAt(double time) const;
+    const PictureMeasure& lookAt(double time) const;
 
     Samples samples{.rate = perSecond};
     CameraFlow flow;
     CameraPath path;
-    std::deque<Look> looks;
+    std::deque<PictureMeasure> looks;
     std::size_t nextLook = 0;
     double last = -1;
 };
 
-void Sampler::add(const FrameReader::TimedFrame& given, int step) {
+void SampleTaker::add(const FrameReader::TimedFrame& given, int step) {
     if (given.time > longest) throw Problem("The picture is too long to be measured.");
     if (last >= 0 && given.time < last + leastStep) return;
     last = std::max(given.time, 0.0);
@@ -73,20 +73,20 @@ void Sampler::add(const FrameReader::TimedFrame& given, int step) {
     settle(last - CameraPath::reach);
 }
 
-void Sampler::look(const Luma& luma) {
+void SampleTaker::look(const Luma& luma) {
     looks.push_back({last, Sharpness::of(luma), Exposure::of(luma)});
     nextLook = static_cast<std::size_t>((last + lookAhead) * perSecond) + 1;
 }
 
-void Sampler::settle(double upTo) {
+void SampleTaker::settle(double upTo) {
     while (middleOf(count()) <= upTo) append(middleOf(count()));
     const double next = middleOf(count());
     path.forgetBefore(next);
     while (looks.size() > 2 && looks[1].time < next - 1 / perSecond) looks.pop_front();
 }
 
-void Sampler::append(double middle) {
-    const Look& look = lookAt(middle);
+void SampleTaker::append(double middle) {
+    const PictureMeasure& look = lookAt(middle);
     const auto moment = path.at(middle);
     samples.sharpness.push_back(look.sharpness);
     samples.exposure.push_back(look.exposure);
@@ -95,15 +95,16 @@ void Sampler::append(double middle) {
 }
 
 // The one that is near, or else the one that was still on then.
-const Look& Sampler::lookAt(double time) const {
-    auto after = std::find_if(looks.begin(), looks.end(), [&](const Look& look) { return look.time > time; });
+const PictureMeasure& SampleTaker::lookAt(double time) const {
+    auto after = std::find_if(looks.begin(), looks.end(),
+                              [&](const PictureMeasure& look) { return look.time > time; });
     if (after == looks.begin()) return *after;
     const auto before = after - 1;
     const bool near = after != looks.end() && after->time - time < 0.5 / perSecond;
     return near && after->time - time < time - before->time ? *after : *before;
 }
 
-Samples Sampler::finish(double length) {
+Samples SampleTaker::finish(double length) {
     if (last < 0) throw Problem("Not one picture of it could be read.");
     // Sound may go on behind the picture; nothing is said of that.
     const double end = std::clamp(length, last, last + 1);
@@ -140,7 +141,7 @@ Samples measure(const std::filesystem::path& file, std::stop_token stop) {
     const MediaFacts facts = MediaFile::facts(file);
     if (!facts.picture) return {.rate = perSecond};
     auto reader = FrameReader::open(file, FrameReader::Purpose::sampling);
-    Sampler sampler;
+    SampleTaker sampler;
     while (const auto given = reader.next()) {
         if (stop.stop_requested()) throw Cancelled();
         sampler.add(*given, stepFor(given->frame, facts.picture->interlaced));

@@ -33,7 +33,7 @@ struct Direction {
     double bends = 0;
 };
 
-struct Tile {
+struct SharpnessTile {
     Direction across;
     Direction down;
     double slopes() const { return across.slopes + down.slopes; }
@@ -67,7 +67,7 @@ Smooth smoothed(const Luma& luma) {
     return smooth;
 }
 
-Tile tileAt(const Smooth& picture, int left, int top) {
+SharpnessTile tileAt(const Smooth& picture, int left, int top) {
     std::int32_t across = 0, acrossBends = 0, down = 0, downBends = 0;
     for (int y = top; y < top + side; ++y) {
         const auto* above = picture.row(y - 1) + left;
@@ -89,11 +89,11 @@ Tile tileAt(const Smooth& picture, int left, int top) {
     return {{across * slope, acrossBends * bend}, {down * slope, downBends * bend}};
 }
 
-std::vector<Tile> tilesOf(const Smooth& picture) {
-    std::vector<Tile> tiles;
+std::vector<SharpnessTile> tilesOf(const Smooth& picture) {
+    std::vector<SharpnessTile> tiles;
     for (int top = 1; top + side < picture.height; top += side)
         for (int left = 1; left + side < picture.width; left += side) {
-            const Tile tile = tileAt(picture, left, top);
+            const SharpnessTile tile = tileAt(picture, left, top);
             // Black bars and drawn areas have no grain, and would hide that of the rest.
             if (tile.bends() > 0) tiles.push_back(tile);
         }
@@ -101,18 +101,18 @@ std::vector<Tile> tilesOf(const Smooth& picture) {
 }
 
 /// Mean squared second difference, in one direction, that grain makes.
-double grainOf(std::vector<Tile>& tiles) {
+double grainOf(std::vector<SharpnessTile>& tiles) {
     const auto calm = tiles.begin() + static_cast<std::ptrdiff_t>(tiles.size() / calmestOneOf);
     std::nth_element(tiles.begin(), calm, tiles.end(),
-                     [](const Tile& a, const Tile& b) { return a.bends() < b.bends(); });
+                     [](const SharpnessTile& a, const SharpnessTile& b) { return a.bends() < b.bends(); });
     return std::min(calm->bends() / 2 * grainMargin, mostGrain);
 }
 
-Tile bestOf(std::vector<Tile>& tiles) {
+SharpnessTile bestOf(std::vector<SharpnessTile>& tiles) {
     const std::size_t count = std::max<std::size_t>(tiles.size() / toldByOneOf, 1);
     std::nth_element(tiles.begin(), tiles.begin() + static_cast<std::ptrdiff_t>(count - 1), tiles.end(),
-                     [](const Tile& a, const Tile& b) { return a.slopes() > b.slopes(); });
-    Tile best;
+                     [](const SharpnessTile& a, const SharpnessTile& b) { return a.slopes() > b.slopes(); });
+    SharpnessTile best;
     for (std::size_t at = 0; at < count; ++at) {
         const auto add = [&](Direction& sum, const Direction& one) {
             sum.slopes += one.slopes / static_cast<double>(count);
@@ -144,7 +144,7 @@ double edgeRadius(const Luma& luma) {
     auto tiles = tilesOf(smoothed(luma));
     if (tiles.empty()) return largestRadius;
     const double grain = grainOf(tiles);
-    Tile best = bestOf(tiles);
+    SharpnessTile best = bestOf(tiles);
     takeOff(best.across, grain);
     takeOff(best.down, grain);
     if (best.slopes() < leastSlope * leastSlope) return largestRadius;

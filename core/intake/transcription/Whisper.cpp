@@ -41,7 +41,9 @@ struct WhisperOutput {
         }
     };
     std::vector<Item> transcription;
-    static constexpr auto fields(auto visit) { return visit(field("transcription", &WhisperOutput::transcription)); }
+    static constexpr auto fields(auto visit) {
+        return visit(field("transcription", &WhisperOutput::transcription));
+    }
 };
 static_assert(Record<WhisperOutput::Offsets> && Record<WhisperOutput::Item> && Record<WhisperOutput>);
 

@@ -1,9 +1,9 @@
 #include "core/model/package/History.h"
 
-#include "platform/base/Beside.h"
 #include "core/model/ModelCodec.h"
 #include "platform/base/Files.h"
 #include "platform/base/Problem.h"
+#include "platform/base/SiblingFile.h"
 
 namespace murbo {
 namespace {
@@ -165,7 +165,7 @@ History ProjectPackage::readHistory(const std::filesystem::path& package) {
 }
 
 void ProjectPackage::writeHistory(const History& history, const std::filesystem::path& package) {
-    Files::writeWhole(Beside::followed(package / HistoryFile::name), HistoryFile::text(history));
+    Files::writeWhole(SiblingFile::followed(package / HistoryFile::name), HistoryFile::text(history));
 }
 
 }

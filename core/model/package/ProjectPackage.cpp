@@ -1,8 +1,8 @@
 #include "core/model/package/ProjectPackage.h"
 
-#include "platform/base/Beside.h"
 #include "core/model/ModelCodec.h"
 #include "platform/base/Files.h"
+#include "platform/base/SiblingFile.h"
 
 #include <exception>
 
@@ -61,7 +61,7 @@ void readTranscripts(Project& project, const fs::path& package) {
 /// What could not be read again must not take the place of what can.
 void save(const fs::path& file, const std::string& text) {
     if (text.size() > largestFile) throw Problem("This project has grown too large to be saved.");
-    Files::writeWhole(Beside::followed(file), text);
+    Files::writeWhole(SiblingFile::followed(file), text);
 }
 
 /// The folders from the package upwards that are not there yet.

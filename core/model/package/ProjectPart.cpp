@@ -49,7 +49,7 @@ std::set<UUID> transcribed(const Project& one, const Project& other) {
 }
 
 template <class T>
-void note(Change& change, const std::string& key, const T& before, const T& after) {
+void note(PartsChange& change, const std::string& key, const T& before, const T& after) {
     if (before == after) return;
     change.before.emplace(key, before);
     change.after.emplace(key, after);
@@ -124,8 +124,8 @@ std::size_t weigh(const T& thing) {
 
 }
 
-Change changed(const Project& from, const Project& to) {
-    Change change;
+PartsChange changed(const Project& from, const Project& to) {
+    PartsChange change;
     std::apply(
         [&](const auto&... member) {
             (note(change, member.name, from.*member.member, to.*member.member), ...);

@@ -24,13 +24,13 @@ using ProjectParts = std::map<std::string, ProjectPart>;
 
 namespace Parts {
 
-struct Change {
+struct PartsChange {
     ProjectParts before;
     ProjectParts after;
 };
 
 /// The parts that differ. What both projects share is known to be equal without a look at it.
-Change changed(const Project& from, const Project& to);
+PartsChange changed(const Project& from, const Project& to);
 
 /// Puts parts into a project. One that can't be read is passed over, the others still apply.
 void apply(const ProjectParts& parts, Project& project);

@@ -1,6 +1,6 @@
 #include "core/render/export/Exporter.h"
 
-#include "core/model/Heard.h"
+#include "core/model/HeardOptions.h"
 #include "core/model/Project.h"
 #include "core/render/VideoComposition.h"
 #include "core/render/export/DrawnFrames.h"

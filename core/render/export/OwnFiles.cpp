@@ -3,8 +3,8 @@
 #include "core/model/Project.h"
 #include "core/playbooks/Library.h"
 #include "core/render/plan/StageValue.h"
-#include "platform/base/Beside.h"
 #include "platform/base/Problem.h"
+#include "platform/base/SiblingFile.h"
 #include "platform/base/Text.h"
 
 #include <algorithm>
@@ -148,7 +148,7 @@ OwnFiles::OwnFiles(const Project& project, const Video& video, const Plan& plan)
 void OwnFiles::refuse(const std::filesystem::path& place) const {
     if (const auto there = identity(place); there && files.contains(*there))
         throw Problem(quoted(place) + " belongs to the project. Export under another name.");
-    const auto landing = withoutLinks(Beside::followed(place));
+    const auto landing = withoutLinks(SiblingFile::followed(place));
     if (std::ranges::any_of(folders, [&](const auto& folder) { return isInside(landing, folder); }))
         throw Problem(quoted(place) + " would stand inside the project or one of your playbooks. " +
                       "Export to another folder.");

@@ -1,7 +1,7 @@
 #include "core/render/stage/Slots.h"
 
-#include "core/render/footage/Footage.h"
 #include "core/model/Project.h"
+#include "core/render/footage/Footage.h"
 #include "platform/base/Numbers.h"
 #include "platform/base/Text.h"
 

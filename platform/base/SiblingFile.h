@@ -9,7 +9,7 @@ namespace murbo {
 
 /// New files that are written beside the place they will take. Their names are few and fixed, so that what a
 /// killed process left is used again rather than left for ever; a lock keeps two living writers apart.
-namespace Beside {
+namespace SiblingFile {
 
 struct Claimed {
     std::filesystem::path path;

@@ -1,7 +1,7 @@
-#include "platform/base/Beside.h"
+#include "platform/base/SiblingFile.h"
 
-#include "platform/base/Files.h"
 #include "platform/base/Problem.h"
+#include "platform/base/SystemError.h"
 
 #include <cerrno>
 
@@ -10,7 +10,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
-namespace murbo::Beside {
+namespace murbo::SiblingFile {
 namespace {
 
 constexpr mode_t ownersDefault = 0666;   // less the process's mask
@@ -20,7 +20,7 @@ constexpr int mostLinks = 40;            // as many as the system itself follows
 
 [[noreturn]] void notWritten(const std::filesystem::path& place, int error) {
     throw Problem(
-        fmt::format("“{}” could not be written: {}.", place.filename().string(), Files::cause(error)));
+        fmt::format("“{}” could not be written: {}.", place.filename().string(), SystemError::cause(error)));
 }
 
 /// Whether the open file still stands under its name: another writer may have moved it into place meanwhile.

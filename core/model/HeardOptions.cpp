@@ -1,4 +1,4 @@
-#include "core/model/Heard.h"
+#include "core/model/HeardOptions.h"
 
 #include "core/model/Monitoring.h"
 
@@ -62,16 +62,6 @@ Video heard(const Video& video, const HeardOptions& options) {
     look.music = heardCues(look.music, options);
     if (look != video.look.value_or(Look{})) result.look = std::move(look);
     return result;
-}
-
-Muted hasMuted(const Video& video) {
-    Muted found;
-    found.blocks = std::any_of(video.cuts.begin(), video.cuts.end(), isMutedCut);
-    if (!video.look) return found;
-    const auto& look = *video.look;
-    found.rows = look.mix && look.mix->muted && !look.mix->muted->empty();
-    found.blocks = found.blocks || anyMuted(look.sounds) || anyMuted(look.music);
-    return found;
 }
 
 }

@@ -1,5 +1,6 @@
-#include "core/model/Heard.h"
+#include "core/model/HeardOptions.h"
 #include "core/model/Monitoring.h"
+#include "core/model/Muted.h"
 #include "core/model/edits/PlayerChange.h"
 
 #include <fmt/format.h>
@@ -39,7 +40,7 @@ std::string told(const Video& video) {
 
 }
 
-TEST(Heard, leavesOutWhatIsTurnedOffUnlessItIsAskedFor) {
+TEST(HeardOptions, leavesOutWhatIsTurnedOffUnlessItIsAskedFor) {
     const std::pair<HeardOptions, const char*> cases[] = {
         {{}, "x1 1 | 0.6 | 0.9 | 1 1 1 0"},
         {{.includingMutedRows = true}, "x1 1 | 0.6 | 0.9 | 1 1 1 0.4"},
@@ -55,7 +56,7 @@ TEST(Heard, leavesOutWhatIsTurnedOffUnlessItIsAskedFor) {
     EXPECT_TRUE(Monitoring{}.heard(Lane::music, std::nullopt));
 }
 
-TEST(Heard, tellsWhatIsOff) {
+TEST(HeardOptions, tellsWhatIsOff) {
     struct Case {
         void (*change)(Video&);
         Muted expected;

@@ -6,6 +6,7 @@
 
 namespace murbo {
 
+/// What sounds in an export or a player.
 struct HeardOptions {
     bool includingMutedRows = false;   ///< lanes turned off sound too
     bool includingMutedBlocks = false; ///< cuts and cues turned off sound too
@@ -15,14 +16,5 @@ struct HeardOptions {
 
 /// The video reduced to what is to sound, for an export or a player.
 Video heard(const Video& video, const HeardOptions& options);
-
-/// What of a video is turned off.
-struct Muted {
-    bool rows = false;   ///< a lane
-    bool blocks = false; ///< a cut or a cue
-    bool operator==(const Muted&) const = default;
-};
-
-Muted hasMuted(const Video& video);
 
 }

@@ -1,0 +1,20 @@
+#include "core/model/Mix.h"
+
+#include <gtest/gtest.h>
+
+namespace murbo {
+
+TEST(Mix, togglesLanesInTheOrderTheyWereTurnedOff) {
+    Mix mix;
+    mix.music = 0.5;
+    mix.toggleMute(Lane::music);
+    mix.toggleMute(Lane::video);
+    EXPECT_EQ(mix.muted, (std::vector{Lane::music, Lane::video}));
+    EXPECT_EQ(mix.level(Lane::music), 0.5);
+    EXPECT_EQ(mix.level(Lane::sounds), 1);
+    mix.toggleMute(Lane::music);
+    mix.toggleMute(Lane::video);
+    EXPECT_EQ(mix.muted, std::nullopt);
+}
+
+}
