@@ -14,20 +14,20 @@ const auto someEnded = static_cast<QEvent::Type>(QEvent::registerEventType());
 
 }
 
-struct Background::Job {
+struct Background::BackgroundJob {
     std::thread thread;
     std::function<void()> then;
     bool ended = false;
 };
 
 /// What the threads and the main thread share. The lock is ours, so that who reads a result sees it whole.
-struct Background::Shared {
+struct Background::SharedJobs {
     std::mutex lock;
     std::condition_variable ended;
-    std::list<Job> jobs;
+    std::list<BackgroundJob> jobs;
 };
 
-Background::Background() : shared(std::make_shared<Shared>()) {}
+Background::Background() : shared(std::make_shared<SharedJobs>()) {}
 
 Background::~Background() {
     finish();
@@ -53,7 +53,7 @@ bool Background::event(QEvent* event) {
 }
 
 void Background::resumeEnded() {
-    std::list<Job> ended;
+    std::list<BackgroundJob> ended;
     {
         const std::lock_guard hold(shared->lock);
         for (auto job = shared->jobs.begin(); job != shared->jobs.end();) {
@@ -73,7 +73,7 @@ void Background::finish() {
             if (shared->jobs.empty()) return;
             shared->ended.wait(hold, [this] {
                 return std::any_of(shared->jobs.begin(), shared->jobs.end(),
-                                   [](const Job& job) { return job.ended; });
+                                   [](const BackgroundJob& job) { return job.ended; });
             });
         }
         resumeEnded();

@@ -64,12 +64,12 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    struct Shared;
-    struct Job;
+    struct SharedJobs;
+    struct BackgroundJob;
 
     void resumeEnded();
 
-    std::shared_ptr<Shared> shared;
+    std::shared_ptr<SharedJobs> shared;
 };
 
 }

@@ -1,7 +1,12 @@
 #pragma once
 
-#include "app/editor/EditorChoices.h"
+#include "app/editor/EditingTool.h"
+#include "app/editor/Inspecting.h"
+#include "app/editor/InspectorTab.h"
 #include "app/editor/Pick.h"
+#include "app/editor/SidebarPick.h"
+#include "app/editor/TrimEdge.h"
+#include "app/editor/Viewer.h"
 #include "core/model/Monitoring.h"
 #include "core/model/Stretch.h"
 #include "platform/base/UUID.h"

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <array>
+#include "app/editor/Command.h"
+
 #include <map>
 #include <optional>
 #include <string>
@@ -9,41 +10,6 @@
 namespace murbo {
 
 class SettingsStore;
-
-/// The editing commands that a key can give.
-enum class Command {
-    play,
-    backward,
-    stop,
-    forward,
-    markStart,
-    markEnd,
-    markClip,
-    addToEnd,
-    insert,
-    select,
-    trim,
-    blade,
-    hand,
-    skimming,
-    snapping,
-    remove,
-    favourite,
-    clearRating,
-    cutSplit,
-    cutContent,
-    cutFace,
-    punch,
-    clipMark,
-    bookmark
-};
-constexpr auto rawTexts(Command) {
-    return std::array<std::string_view, 24>{"play",    "backward",  "stop",        "forward",  "markStart",
-                                            "markEnd", "markClip",  "addToEnd",    "insert",   "select",
-                                            "trim",    "blade",     "hand",        "skimming", "snapping",
-                                            "remove",  "favourite", "clearRating", "cutSplit", "cutContent",
-                                            "cutFace", "punch",     "clipMark",    "bookmark"};
-}
 
 /// Which key gives which command; the user may change it. A key is one lower-case character, or "space" or
 /// "delete". Main thread only.

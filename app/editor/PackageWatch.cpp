@@ -23,7 +23,7 @@ void keep(const fs::path& file, const fs::path& place) {
 
 }
 
-PackageWatch::Stamp PackageWatch::stamp(const fs::path& file) {
+PackageWatch::PackageStamp PackageWatch::stamp(const fs::path& file) {
     struct stat facts {};
     if (::stat(file.c_str(), &facts) != 0) return {};
     return {facts.st_dev, facts.st_ino, facts.st_size,

@@ -32,18 +32,18 @@ public:
 
 private:
     /// What differs between two states of a file, known without reading it.
-    struct Stamp {
+    struct PackageStamp {
         std::uint64_t device = 0;
         std::uint64_t file = 0;
         std::int64_t size = -1;   ///< none where there is no file
         std::int64_t changed = 0; ///< nanoseconds
-        bool operator==(const Stamp&) const = default;
+        bool operator==(const PackageStamp&) const = default;
     };
 
-    static Stamp stamp(const std::filesystem::path& file);
+    static PackageStamp stamp(const std::filesystem::path& file);
 
     std::filesystem::path folder;
-    std::map<std::filesystem::path, Stamp> stamps;
+    std::map<std::filesystem::path, PackageStamp> stamps;
 };
 
 }

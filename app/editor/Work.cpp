@@ -36,7 +36,7 @@ void Work::cancelAll() {
     cancel();
 }
 
-QCoro::Task<> Work::perform(Job job) {
+QCoro::Task<> Work::perform(QueuedWork job) {
     try {
         co_await job.body(*this);
     } catch (const std::exception&) {

@@ -49,18 +49,18 @@ signals:
     void finished(); ///< the last job in line has ended
 
 private:
-    struct Job {
+    struct QueuedWork {
         std::string label;
         Body body;
     };
 
-    QCoro::Task<> perform(Job job);
+    QCoro::Task<> perform(QueuedWork job);
     void end();
 
     std::optional<std::string> words;
     std::optional<double> share;
     std::stop_source stop;
-    std::deque<Job> waiting;
+    std::deque<QueuedWork> waiting;
 };
 
 }

@@ -9,12 +9,12 @@
 namespace murbo {
 namespace {
 
-struct Command {
+struct HeadlessCommand {
     std::string_view option;
     void (*run)(const Arguments&, const Commands::Words&);
 };
 
-constexpr Command commands[] = {
+constexpr HeadlessCommand commands[] = {
     {"--add-files", Commands::addFiles},    {"--add-stream", Commands::addStream},
     {"--transcribe", Commands::transcribe}, {"--new", Commands::create},
     {"--summary", Commands::summary},       {"--still", Commands::stills},

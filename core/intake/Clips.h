@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/intake/ClipReach.h"
 #include "platform/base/UUID.h"
 
 #include <vector>
@@ -8,12 +9,6 @@ namespace murbo {
 
 struct Clip;
 struct Project;
-
-/// How far a clip reaches around a marker, in seconds: a streamer marks what has just happened.
-struct ClipReach {
-    double before = 150;
-    double after = 60;
-};
 
 /// Making clips of a source.
 namespace Clips {

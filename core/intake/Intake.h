@@ -1,17 +1,13 @@
 #pragma once
 
+#include "core/intake/MeasuredFile.h"
+
 #include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace murbo {
-
-/// A movie file that could be read, with its length in seconds.
-struct MeasuredFile {
-    std::filesystem::path path;
-    double length = 0;
-};
 
 /// From what the user hands over (files, folders) to movie files with a length.
 namespace Intake {

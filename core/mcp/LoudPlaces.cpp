@@ -2,6 +2,7 @@
 
 #include "core/ai/VideoChange.h"
 #include "core/intake/samples/Heard.h"
+#include "core/intake/samples/LevelRange.h"
 #include "core/mcp/MCPTags.h"
 #include "core/model/ProjectSummary.h"
 #include "core/model/VideoTime.h"

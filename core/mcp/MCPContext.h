@@ -3,13 +3,12 @@
 #include "core/ai/Said.h"
 #include "core/ai/ShotsByTag.h"
 #include "core/ai/SoundsByTag.h"
+#include "core/mcp/MCPResult.h"
 #include "core/model/Project.h"
 
 #include <cstdint>
 #include <map>
 #include <memory>
-#include <optional>
-#include <string>
 #include <vector>
 
 namespace murbo {
@@ -21,13 +20,6 @@ struct MCPContext {
     std::map<UUID, std::vector<std::uint8_t>> loudness; ///< of the sources measured so far
     std::map<UUID, Video> seen;                         ///< as each stood when last read or changed
     std::shared_ptr<const Said> said;                   ///< of the project; made where it is missing
-};
-
-/// What came of a tool.
-struct MCPResult {
-    std::string text;                ///< the answer
-    std::optional<std::string> step; ///< the name of the undo step, of a change
-    std::optional<UUID> looked;      ///< a video that the caller has now seen as it is
 };
 
 }

@@ -19,14 +19,14 @@ public:
 
 private:
     /// From a moment of a source to the next span's, what shows it first.
-    struct Span {
+    struct ShownSpan {
         double from = 0;
         bool shown = false;
         double cut = 0;   ///< seconds on the source at which that cut starts
         double start = 0; ///< video seconds at which it does
     };
 
-    std::map<UUID, std::vector<Span>> sources; ///< each in time order
+    std::map<UUID, std::vector<ShownSpan>> sources; ///< each in time order
 };
 
 }

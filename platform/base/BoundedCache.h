@@ -48,16 +48,16 @@ private:
         std::once_flag once;
         Value value{};
     };
-    struct Entry {
+    struct CachedEntry {
         std::shared_ptr<Slot> slot = std::make_shared<Slot>();
         std::size_t bytes = 0;
         std::uint64_t used = 0;
     };
 
     std::shared_ptr<Slot> find(const Key& key) {
-        std::vector<Entry> dropped; // freed after the lock
+        std::vector<CachedEntry> dropped; // freed after the lock
         const std::lock_guard locked(lock);
-        Entry& entry = entries[key];
+        CachedEntry& entry = entries[key];
         entry.used = ++uses;
         auto slot = entry.slot;
         makeRoom(dropped);
@@ -65,7 +65,7 @@ private:
     }
 
     void weigh(const Key& key, const std::shared_ptr<Slot>& slot, std::size_t bytes) {
-        std::vector<Entry> dropped;
+        std::vector<CachedEntry> dropped;
         const std::lock_guard locked(lock);
         const auto found = entries.find(key);
         if (found == entries.end() || found->second.slot != slot) return;
@@ -74,7 +74,7 @@ private:
         makeRoom(dropped);
     }
 
-    void makeRoom(std::vector<Entry>& dropped) {
+    void makeRoom(std::vector<CachedEntry>& dropped) {
         const auto older = [](const auto& one, const auto& other) {
             return one.second.used < other.second.used;
         };
@@ -88,7 +88,7 @@ private:
 
     const Bounds bounds;
     mutable std::mutex lock; // guards all below, never a making
-    std::unordered_map<Key, Entry> entries;
+    std::unordered_map<Key, CachedEntry> entries;
     std::size_t total = 0; // bytes
     std::uint64_t uses = 0;
 };

@@ -35,18 +35,18 @@ std::optional<json> parse(const std::string& text) {
 }
 
 /// What tells one state of a file from another without reading it.
-struct Stamp {
+struct FileStamp {
     dev_t device = 0;
     ino_t inode = 0;
     off_t size = -1;
     timespec changed{};
 
-    static Stamp of(const fs::path& path) {
+    static FileStamp of(const fs::path& path) {
         struct stat facts {};
         if (::stat(path.c_str(), &facts) != 0) return {};
         return {facts.st_dev, facts.st_ino, facts.st_size, facts.st_mtim};
     }
-    bool operator==(const Stamp& other) const {
+    bool operator==(const FileStamp& other) const {
         return device == other.device && inode == other.inode && size == other.size &&
                changed.tv_sec == other.changed.tv_sec && changed.tv_nsec == other.changed.tv_nsec;
     }
@@ -90,13 +90,13 @@ void makeFolder(const fs::path& folder) {
 struct SettingsStore::OpenSettings {
     fs::path file;
     std::mutex guard;
-    Stamp stamp;
+    FileStamp stamp;
     json values = json::object();
 
     /// Has `values` be what the file holds by now. What can't be read holds nothing. Whether it could be
     /// read, or wasn't there.
     bool refresh() {
-        const auto now = Stamp::of(file);
+        const auto now = FileStamp::of(file);
         if (now == stamp && now.size >= 0) return true;
         values = json::object();
         stamp = {};

@@ -15,7 +15,7 @@ struct GraphDraft {
     static constexpr std::size_t maxNumbers = 1u << 24; ///< of one value, and of all constants together
 
     struct Tensor {
-        enum Type { float32 = 0, float16 = 1, int32 = 2 };
+        enum TensorType { float32 = 0, float16 = 1, int32 = 2 };
         std::vector<int> sides;
         int type = float32;
         std::string_view stored; ///< its bytes, where it is a constant

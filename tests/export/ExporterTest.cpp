@@ -1,3 +1,4 @@
+#include "core/render/export/ExportCancelled.h"
 #include "core/render/export/ExportError.h"
 #include "core/render/export/Exporter.h"
 #include "platform/media/FrameReader.h"

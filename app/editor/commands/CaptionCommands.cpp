@@ -93,27 +93,27 @@ CommandList table() {
     const auto hasVideo = [](const Editor& editor) { return editor.video() != nullptr; };
     using Found = Named::FoundLine;
     return {
-        row<Kind::Line, Kind::Text, Kind::Fields<CaptionLine>>(
+        row<Kind::LineTag, Kind::Text, Kind::Fields<CaptionLine>>(
             "changeCaption", "Change Caption", {"line", "name", "change"},
             [](Editor& editor, const Found& found, const std::string& name, const LineChange& body) {
                 changeLine(editor, found.line.id, name, body);
             })
             .when(hasVideo),
-        row<Kind::Line, Kind::Seconds, Kind::Seconds>(
+        row<Kind::LineTag, Kind::Seconds, Kind::Seconds>(
             "retimeCaption", "Drag the Time of a Caption", {"line", "start", "end"},
             [](Editor& editor, const Found& found, double start, double end) {
                 retime(editor, found.line.id, start, end);
             })
             .when(hasVideo),
-        row<Kind::Line, Kind::ListOf<Kind::AnyText>, Kind::ListOf<Kind::Number>>(
+        row<Kind::LineTag, Kind::ListOf<Kind::AnyText>, Kind::ListOf<Kind::Number>>(
             "retimePieces", "Drag the Times of a Caption's Pieces", {"line", "texts", "meets"},
             [](Editor& editor, const Found& found, const std::vector<std::string>& texts,
                const std::vector<double>& meets) { retimePieces(editor, found.line.id, texts, meets); })
             .when(hasVideo),
-        row<Kind::Line>("resetCaptionTiming", "Reset Caption Timing", {"line"},
-                        [](Editor& editor, const Found& found) { resetTiming(editor, found.line.id); })
+        row<Kind::LineTag>("resetCaptionTiming", "Reset Caption Timing", {"line"},
+                           [](Editor& editor, const Found& found) { resetTiming(editor, found.line.id); })
             .when(hasVideo),
-        row<Kind::Line, Kind::ListOf<Kind::AnyText>>(
+        row<Kind::LineTag, Kind::ListOf<Kind::AnyText>>(
             "breakCaption", "Break or Join Caption", {"line", "into"},
             [](Editor& editor, const Found& found, const std::vector<std::string>& texts) {
                 breakCaption(editor, found.line.id, texts);

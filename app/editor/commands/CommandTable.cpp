@@ -27,12 +27,12 @@
 namespace murbo::CommandTable {
 namespace {
 
-struct Subject {
+struct CommandSubject {
     const char* title;
     CommandList (*table)();
 };
 
-constexpr Subject subjects[] = {
+constexpr CommandSubject subjects[] = {
     {"The session", SessionCommands::table},
     {"Bringing footage in", IntakeCommands::table},
     {"Writing down what is said", TranscribeCommands::table},
@@ -65,7 +65,7 @@ std::string arguments(const EditorCommand& command) {
     return list;
 }
 
-std::string section(const Subject& subject) {
+std::string section(const CommandSubject& subject) {
     auto text = fmt::format("\n## {}\n\n| name | title | arguments |\n| --- | --- | --- |\n", subject.title);
     for (const auto& command : subject.table())
         text += fmt::format("| `{}` | {} | {} |\n", command.name, command.title, arguments(command));

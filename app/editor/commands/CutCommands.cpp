@@ -311,8 +311,8 @@ CommandList table() {
         row<Kind::ListOf<Kind::CutRecord>, Kind::Maybe<Kind::Whole>>("drop", "Put Cuts", {"cuts", "at"},
                                                                      drop),
         row<>("newVideoFromSelection", "New Video from Selection", {}, newVideoFromSelection).when(hasOffer),
-        row<Kind::Playbook, Kind::Maybe<Kind::Whole>>("addGenerator", "Add Generated Stretch",
-                                                      {"playbook", "at"}, addGenerator),
+        row<Kind::PlaybookID, Kind::Maybe<Kind::Whole>>("addGenerator", "Add Generated Stretch",
+                                                        {"playbook", "at"}, addGenerator),
         row<Kind::Cut, Kind::Text, Kind::Fields<Generator>>("changeGenerator", "Change Generated Stretch",
                                                             {"cut", "name", "change"}, changeGenerator)
             .when(hasVideo),

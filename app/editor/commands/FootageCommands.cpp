@@ -120,17 +120,18 @@ CommandList table() {
               }),
         row<>("clipsActedOn", "The Clips That Commands Act On", {},
               [](Editor& editor) { return Reading::of(clipsActedOn(editor)); }),
-        row<Kind::ListOf<Kind::Clip>, Kind::Maybe<Kind::Whole>>("rate", "Rate Clips", {"clips", "value"},
-                                                                rate),
-        row<Kind::Clip, Kind::AnyText>("renameClip", "Rename Clip", {"clip", "to"}, renameClip),
-        row<Kind::Clip>("askToRename", "Ask to Rename Clip", {"clip"},
-                        [](Editor& editor, const UUID& id) { return Reading::of(askToRename(editor, id)); }),
-        row<Kind::Line, Kind::Source, Kind::AnyText>(
+        row<Kind::ListOf<Kind::ClipTag>, Kind::Maybe<Kind::Whole>>("rate", "Rate Clips", {"clips", "value"},
+                                                                   rate),
+        row<Kind::ClipTag, Kind::AnyText>("renameClip", "Rename Clip", {"clip", "to"}, renameClip),
+        row<Kind::ClipTag>(
+            "askToRename", "Ask to Rename Clip", {"clip"},
+            [](Editor& editor, const UUID& id) { return Reading::of(askToRename(editor, id)); }),
+        row<Kind::LineTag, Kind::SourceName, Kind::AnyText>(
             "correct", "Correct Line", {"line", "on", "to"},
             [](Editor& editor, const Named::FoundLine& found, const UUID& source, const std::string& to) {
                 correct(editor, found.line.id, source, to);
             }),
-        row<Kind::ListOf<Kind::Line>>("pick", "Mark Lines", {"lines"}, pick),
+        row<Kind::ListOf<Kind::LineTag>>("pick", "Mark Lines", {"lines"}, pick),
         row<>("markStart", "Mark Start", {}, markStart).when(holdsAnything),
         row<>("markEnd", "Mark End", {}, markEnd).when(holdsAnything),
         row<>("markClip", "Mark the Whole Clip", {}, markClip).when([](const Editor& editor) {

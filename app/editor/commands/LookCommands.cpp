@@ -56,15 +56,15 @@ void dragLook(Editor& editor, const LookChange& change) {
     if (editor.video()) editor.dragAndRedraw([&](Project& project) { apply(editor, project, change); });
 }
 
-std::optional<Moment> momentAt(const Editor& editor, std::optional<double> time) {
+std::optional<SourceMoment> momentAt(const Editor& editor, std::optional<double> time) {
     const auto* video = editor.video();
     const auto place =
         video ? VideoTime::locate(time.value_or(editor.playback.time()), video->cuts) : std::nullopt;
     if (!place) return {};
-    return Moment{video->cuts[place->cut].source, place->at};
+    return SourceMoment{video->cuts[place->cut].source, place->at};
 }
 
-std::optional<Moment> momentOrRefused(Editor& editor, std::optional<double> time) {
+std::optional<SourceMoment> momentOrRefused(Editor& editor, std::optional<double> time) {
     auto moment = momentAt(editor, time);
     if (!moment) editor.refuse("Open a video with cuts first");
     return moment;
@@ -114,8 +114,8 @@ CommandList table() {
                                                 "“in” is not right: the name of a folder is expected.");
                                         return Reading::of(keepMedia(editor, file, folder));
                                     }),
-        row<Kind::Source, Kind::Fields<Framing>>("dragFraming", "Drag Content or Face", {"source", "change"},
-                                                 dragFraming),
+        row<Kind::SourceName, Kind::Fields<Framing>>("dragFraming", "Drag Content or Face",
+                                                     {"source", "change"}, dragFraming),
     };
 }
 

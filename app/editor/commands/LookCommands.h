@@ -22,14 +22,14 @@ void changeLook(Editor& editor, const std::string& name, const LookChange& chang
 void dragLook(Editor& editor, const LookChange& change);
 
 /// A moment of the footage under a time of the open video.
-struct Moment {
+struct SourceMoment {
     UUID source;
     double at = 0; ///< seconds on the source
 };
 /// That under a time, of the playhead without one. Nothing where no cut is.
-std::optional<Moment> momentAt(const Editor& editor, std::optional<double> time = std::nullopt);
+std::optional<SourceMoment> momentAt(const Editor& editor, std::optional<double> time = std::nullopt);
 /// The same; where there is none a toast says so.
-std::optional<Moment> momentOrRefused(Editor& editor, std::optional<double> time = std::nullopt);
+std::optional<SourceMoment> momentOrRefused(Editor& editor, std::optional<double> time = std::nullopt);
 
 /// Copies a file into a folder of the package's media, once however often it is added. Its path as a look
 /// names it; nothing where it can't be copied.

@@ -74,7 +74,7 @@ CommandList table() {
     return {
         row<>("dropClipMark", "Add Clip Mark", {}, dropClipMark).when(holds),
         row<>("dropBookmark", "Add Bookmark", {}, dropBookmark).when(holds),
-        row<Kind::Bookmark>("removeBookmark", "Remove Bookmark", {"bookmark"}, removeBookmark),
+        row<Kind::BookmarkTag>("removeBookmark", "Remove Bookmark", {"bookmark"}, removeBookmark),
         row<Kind::Text>("addNote", "Add Note", {"text"}, addNote).when([](const Editor& editor) {
             return heldSource(editor) && editor.range();
         }),

@@ -29,7 +29,7 @@ void lay(Editor& editor, const std::string& name, Overlay overlay) {
     editor.setPicked(Pick{Pick::Kind::overlay, id, {}});
 }
 
-Overlay made(const Editor& editor, const Book& book, const LookCommands::Moment& moment, double at) {
+Overlay made(const Editor& editor, const Book& book, const LookCommands::SourceMoment& moment, double at) {
     Overlay overlay;
     overlay.playbook = book.id();
     overlay.version = book.version();
@@ -110,8 +110,8 @@ CommandList table() {
     const auto hasVideo = [](const Editor& editor) { return editor.video() != nullptr; };
     using Kind::Maybe;
     return {
-        row<Kind::Playbook, Maybe<Kind::Seconds>>("addOverlay", "Add a Playbook", {"playbook", "at"},
-                                                  addOverlay)
+        row<Kind::PlaybookID, Maybe<Kind::Seconds>>("addOverlay", "Add a Playbook", {"playbook", "at"},
+                                                    addOverlay)
             .when(hasVideo),
         row<Kind::File>("addMedia", "Add a Picture or Video", {"file"}, addMedia).when(hasVideo),
         row<Kind::Overlay, Kind::Text, Kind::Fields<Overlay>>("changeOverlay", "Change Overlay",

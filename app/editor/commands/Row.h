@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/editor/commands/EditorCommand.h"
-#include "app/editor/commands/Kinds.h"
+#include "app/editor/commands/Kind.h"
 
 #include <array>
 #include <string>

@@ -27,7 +27,7 @@ struct Sidebar {
         if (!value.isList()) return {Kind::OneOf<Collection>::read(value, editor), {}};
         if (value.size() != 2 || value.element(0).text() != "source")
             throw Problem("it is one of " + words() + ".");
-        return {Collection::sources, Kind::Source::read(value.element(1), editor)};
+        return {Collection::sources, Kind::SourceName::read(value.element(1), editor)};
     }
 };
 
@@ -52,12 +52,13 @@ struct Solo {
     }
 };
 
-struct Edge {
+struct EdgeKind {
     using Value = TrimEdge;
     static std::string words() { return "[source, seconds]"; }
     static Value read(const JsonValue& value, const Editor& editor) {
         if (value.size() != 2) throw Problem("a source and a time are expected.");
-        return {Kind::Source::read(value.element(0), editor), Kind::Seconds::read(value.element(1), editor)};
+        return {Kind::SourceName::read(value.element(0), editor),
+                Kind::Seconds::read(value.element(1), editor)};
     }
 };
 
@@ -66,14 +67,14 @@ using MaybeId = std::optional<UUID>;
 std::vector<Settable> made() {
     using Kind::Maybe;
     return {
-        field<Maybe<Kind::Clip>>("heldClip",
-                                 [](Editor& editor, const MaybeId& clip) { editor.holdClip(clip); }),
-        field<Maybe<Kind::Source>>("heldSource",
-                                   [](Editor& editor, const MaybeId& source) { editor.holdSource(source); }),
-        field<Maybe<Kind::Video>>("openVideo",
-                                  [](Editor& editor, const MaybeId& video) { editor.openOnTimeline(video); }),
-        field<Kind::ListOf<Kind::Clip>>("pickedClips", &EditorFields::setPickedClips),
-        field<Maybe<Kind::Span>>("range", &EditorFields::setRange),
+        field<Maybe<Kind::ClipTag>>("heldClip",
+                                    [](Editor& editor, const MaybeId& clip) { editor.holdClip(clip); }),
+        field<Maybe<Kind::SourceName>>(
+            "heldSource", [](Editor& editor, const MaybeId& source) { editor.holdSource(source); }),
+        field<Maybe<Kind::VideoTag>>(
+            "openVideo", [](Editor& editor, const MaybeId& video) { editor.openOnTimeline(video); }),
+        field<Kind::ListOf<Kind::ClipTag>>("pickedClips", &EditorFields::setPickedClips),
+        field<Maybe<Kind::TimeSpan>>("range", &EditorFields::setRange),
         field<Maybe<Kind::TimelinePick>>("picked", &EditorFields::setPicked),
         field<Kind::ListOf<Kind::TimelinePick>>("morePicked", &EditorFields::setMorePicked),
         field<Sidebar>("sidebar", &EditorFields::setSidebar),
@@ -89,7 +90,7 @@ std::vector<Settable> made() {
         field<Kind::OneOf<InspectorTab>>("inspectorTab", &EditorFields::setInspectorTab),
         field<Kind::AnyText>("asking", &EditorFields::setAsking),
         field<Maybe<Kind::Text>>("toast", &EditorFields::setToast),
-        field<Maybe<Edge>>("edge", &EditorFields::setEdge),
+        field<Maybe<EdgeKind>>("edge", &EditorFields::setEdge),
         field<Kind::Number>("previewVolume",
                             [](Editor&, double level) { PreviewVolume::standard().setLevel(level); }),
         field<Kind::Flag>("previewMuted",

@@ -16,7 +16,7 @@ namespace {
 constexpr double sameMoment = 0.05; ///< seconds within which a shot is changed instead of added
 constexpr double punchedIn = 1.05;  ///< zoom above which the next punch goes out
 
-bool standsAt(const Shot& shot, const LookCommands::Moment& moment) {
+bool standsAt(const Shot& shot, const LookCommands::SourceMoment& moment) {
     return shot.source == moment.source && std::abs(shot.at - moment.at) < sameMoment;
 }
 
@@ -100,8 +100,8 @@ void punch(Editor& editor) {
 CommandList table() {
     const auto hasVideo = [](const Editor& editor) { return editor.video() != nullptr; };
     return {
-        row<Kind::OneOf<Shot::Layout>, Kind::Maybe<Kind::Playbook>>("cut", "Cut to a Framing",
-                                                                    {"to", "playbook"}, cut)
+        row<Kind::OneOf<Shot::Layout>, Kind::Maybe<Kind::PlaybookID>>("cut", "Cut to a Framing",
+                                                                      {"to", "playbook"}, cut)
             .when(hasVideo),
         row<>("punch", "Punch In or Out", {}, punch).when(hasVideo),
         row<Kind::Shot, Kind::Text, Kind::Fields<Shot>>("changeShot", "Change Shot",

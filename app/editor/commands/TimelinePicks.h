@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/editor/commands/EditorCommand.h"
+#include "app/editor/commands/TimelineRow.h"
 
-#include <array>
 #include <optional>
 #include <set>
 #include <string>
@@ -10,13 +10,6 @@
 #include <vector>
 
 namespace murbo {
-
-/// A row of the timeline, in the order shown.
-enum class TimelineRow { shots, layers, picture, captions, overlays, sounds, music };
-constexpr auto rawTexts(TimelineRow) {
-    return std::array<std::string_view, 7>{"shots",    "layers", "picture", "captions",
-                                           "overlays", "sounds", "music"};
-}
 
 /// Which blocks are picked across the rows of the timeline, and what a drag of one is drawn to.
 namespace TimelinePicks {

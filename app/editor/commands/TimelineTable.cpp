@@ -63,23 +63,23 @@ CommandList table() {
               [](Editor& editor) { return Reading::of(inWords(editor)); }),
         row<>("askAboutPicks", "Ask About the Picks", {}, ask),
         row<>("copyPicks", "Copy the Picks in Words", {}, copy),
-        row<Kind::Seconds, Kind::Number, Maybe<Kind::AnyBlock>, Maybe<Kind::Line>>(
+        row<Kind::Seconds, Kind::Number, Maybe<Kind::AnyBlock>, Maybe<Kind::LineTag>>(
             "snapped", "Where a Dragged Time Snaps", {"t", "scale", "except", "caption"},
             [](Editor& editor, double time, double scale, const MaybeId& except, const MaybeLine& caption) {
                 return Reading::of(snapped(editor, time, scale, except, idOf(caption), held()));
             }),
-        row<Kind::Seconds, Kind::Source, Kind::Number>(
+        row<Kind::Seconds, Kind::SourceName, Kind::Number>(
             "snappedEdge", "Where a Trimmed Edge Snaps", {"t", "on", "scale"},
             [](Editor& editor, double time, const UUID& source, double scale) {
                 return Reading::of(snappedEdge(editor, time, source, scale, held()));
             }),
         row<Kind::Seconds, Kind::Seconds, Kind::Seconds, Kind::Number, Maybe<Kind::AnyBlock>,
-            Maybe<Kind::Line>>("shift", "By How Much a Dragged Block Moves",
-                               {"a", "b", "by", "scale", "except", "caption"},
-                               [](Editor& editor, double a, double b, double by, double scale,
-                                  const MaybeId& except, const MaybeLine& caption) {
-                                   return Reading::of(shifted(editor, a, b, by, scale, except, caption));
-                               }),
+            Maybe<Kind::LineTag>>("shift", "By How Much a Dragged Block Moves",
+                                  {"a", "b", "by", "scale", "except", "caption"},
+                                  [](Editor& editor, double a, double b, double by, double scale,
+                                     const MaybeId& except, const MaybeLine& caption) {
+                                      return Reading::of(shifted(editor, a, b, by, scale, except, caption));
+                                  }),
     };
 }
 

@@ -140,8 +140,8 @@ struct StretchKind {
     static std::string words() { return "[source, [seconds, seconds], name]"; }
     static Value read(const JsonValue& value, const Editor& editor) {
         if (value.size() != 3) throw Problem("a source, a range and a name are expected.");
-        return {Kind::Source::read(value.element(0), editor), Kind::Span::read(value.element(1), editor),
-                Kind::Text::read(value.element(2), editor)};
+        return {Kind::SourceName::read(value.element(0), editor),
+                Kind::TimeSpan::read(value.element(1), editor), Kind::Text::read(value.element(2), editor)};
     }
 };
 
@@ -196,18 +196,18 @@ void transcribeQueue(Editor& editor, Stretches stretches, bool paid, std::functi
 
 CommandList table() {
     return {
-        row<Kind::ListOf<Kind::Source>>("stretches", "What Would Be Transcribed", {"sources"},
-                                        [](Editor& editor, const std::vector<UUID>& sources) {
-                                            return json(stretches(editor.project(), sources));
-                                        }),
+        row<Kind::ListOf<Kind::SourceName>>("stretches", "What Would Be Transcribed", {"sources"},
+                                            [](Editor& editor, const std::vector<UUID>& sources) {
+                                                return json(stretches(editor.project(), sources));
+                                            }),
         row<Kind::ListOf<StretchKind>, Kind::Maybe<Kind::Flag>>(
             "transcribeQueue", "Transcribe Stretches", {"stretches", "paid"},
             [](Editor& editor, const Stretches& all, std::optional<bool> paid) {
                 transcribeQueue(editor, all, paid.value_or(false));
             }),
         row<>("transcribeHeld", "Transcribe with Scribe", {}, transcribeHeld),
-        row<Kind::ListOf<Kind::Clip>>("transcribe", "Transcribe Clips with Scribe", {"clips"},
-                                      transcribeClips),
+        row<Kind::ListOf<Kind::ClipTag>>("transcribe", "Transcribe Clips with Scribe", {"clips"},
+                                         transcribeClips),
         row<Kind::Maybe<Kind::Text>>("setLanguage", "Set Language", {"language"}, setLanguage),
     };
 }

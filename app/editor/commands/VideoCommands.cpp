@@ -76,11 +76,11 @@ CommandList table() {
     return {
         row<Kind::OneOf<murbo::Video::Aspect>, Kind::Text>("newVideo", "New Video", {"aspect", "named"},
                                                            create),
-        row<Kind::Video, Kind::Text>("rename", "Rename Video", {"video", "to"}, rename),
+        row<Kind::VideoTag, Kind::Text>("rename", "Rename Video", {"video", "to"}, rename),
         row<Kind::OneOf<murbo::Video::Aspect>>("setAspect", "Change Aspect", {"aspect"}, setAspect)
             .when(hasVideo),
-        row<Kind::Video>("duplicate", "Duplicate Video", {"video"}, duplicate),
-        row<Kind::Video>("delete", "Delete Video", {"video"}, remove),
+        row<Kind::VideoTag>("duplicate", "Duplicate Video", {"video"}, duplicate),
+        row<Kind::VideoTag>("delete", "Delete Video", {"video"}, remove),
     };
 }
 

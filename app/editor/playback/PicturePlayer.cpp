@@ -60,10 +60,10 @@ PicturePlayer::PicturePlayer(PlayerClock& given) : clock(given) {
 PicturePlayer::~PicturePlayer() {
     drawing.request_stop();
     presenting.request_stop();
-    give([](Order&) {});
+    give([](PictureOrder&) {});
 }
 
-void PicturePlayer::give(const std::function<void(Order&)>& change) {
+void PicturePlayer::give(const std::function<void(PictureOrder&)>& change) {
     const std::lock_guard hold(lock);
     superseding.request_stop();
     superseding = {};
@@ -81,7 +81,7 @@ void PicturePlayer::setSink(std::shared_ptr<FrameSink> next, int width, int heig
     }
     const bool shows = next != nullptr || sink != nullptr;
     if (!shows) return;
-    give([&](Order& given) {
+    give([&](PictureOrder& given) {
         const bool drawn = sink && width > 0 && height > 0;
         given.width = drawn ? std::min(width, largestSide) : 0;
         given.height = drawn ? std::min(height, largestSide) : 0;
@@ -89,7 +89,7 @@ void PicturePlayer::setSink(std::shared_ptr<FrameSink> next, int width, int heig
 }
 
 void PicturePlayer::load(std::shared_ptr<const VideoComposition> composition) {
-    give([&](Order& given) {
+    give([&](PictureOrder& given) {
         given.composition = std::move(composition);
         given.rate = 0;
         given.near = false;
@@ -98,14 +98,14 @@ void PicturePlayer::load(std::shared_ptr<const VideoComposition> composition) {
 }
 
 void PicturePlayer::stand(bool near) {
-    give([&](Order& given) {
+    give([&](PictureOrder& given) {
         given.rate = 0;
         given.near = near;
     });
 }
 
 void PicturePlayer::run(bool anew) {
-    give([&](Order& given) {
+    give([&](PictureOrder& given) {
         given.rate = clock.rate();
         given.near = false;
         if (!given.composition) return;
@@ -115,7 +115,7 @@ void PicturePlayer::run(bool anew) {
 }
 
 void PicturePlayer::redraw() {
-    give([](Order&) {});
+    give([](PictureOrder&) {});
 }
 
 PicturePlayer::Counts PicturePlayer::counts() const {
@@ -128,7 +128,7 @@ PicturePlayer::Counts PicturePlayer::counts() const {
 void PicturePlayer::draw(const std::stop_token& ending) {
     std::uint64_t done = 0;
     while (!ending.stop_requested()) {
-        Order now;
+        PictureOrder now;
         {
             std::unique_lock hold(lock);
             if (!changed.wait(hold, ending, [&] { return order.number != done; })) return;
@@ -148,7 +148,7 @@ void PicturePlayer::draw(const std::stop_token& ending) {
 }
 
 /// Shows the picture of the place where the clock stands; then makes ready what a step may ask for.
-void PicturePlayer::standStill(const Order& now) {
+void PicturePlayer::standStill(const PictureOrder& now) {
     const double place = clock.place();
     const auto moment = momentAt(*now.composition, place);
     const auto number = frameAt(*now.composition, place);
@@ -162,7 +162,7 @@ void PicturePlayer::standStill(const Order& now) {
 }
 
 /// Draws frame after frame a little ahead of the clock until another order comes.
-void PicturePlayer::drawOn(const Order& now) {
+void PicturePlayer::drawOn(const PictureOrder& now) {
     std::optional<std::int64_t> last;
     while (true) {
         {
@@ -189,7 +189,7 @@ void PicturePlayer::drawOn(const Order& now) {
 }
 
 /// The frame after the last; where its time is over already, the one that will be on when it is drawn.
-std::int64_t PicturePlayer::nextFrame(const Order& now, std::int64_t last) const {
+std::int64_t PicturePlayer::nextFrame(const PictureOrder& now, std::int64_t last) const {
     const auto stride = now.rate > 0 ? strideOf(now.rate) : -strideOf(now.rate);
     const auto next = last + stride;
     const double over = static_cast<double>(next + stride) / now.composition->rate;
@@ -201,8 +201,8 @@ std::int64_t PicturePlayer::nextFrame(const Order& now, std::int64_t last) const
 }
 
 /// Draws a picture and puts it in line to be shown; false once another order has come.
-bool PicturePlayer::deliver(const Order& now, const VideoComposition::Moment& moment,
-                            const PlayedFootage::Picture& picture, std::int64_t number) {
+bool PicturePlayer::deliver(const PictureOrder& now, const VideoComposition::Moment& moment,
+                            const PlayedFootage::PlayedPicture& picture, std::int64_t number) {
     if (now.superseded.stop_requested() && !now.near) return false;
     try {
         auto& box = *now.composition->box;

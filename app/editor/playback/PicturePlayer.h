@@ -49,7 +49,7 @@ public:
 
 private:
     /// What is to be shown; each order takes the place of the one before.
-    struct Order {
+    struct PictureOrder {
         std::uint64_t number = 0;
         std::shared_ptr<const VideoComposition> composition;
         double rate = 0;
@@ -64,13 +64,13 @@ private:
         bool atOnce = false;
     };
 
-    void give(const std::function<void(Order&)>& change);
+    void give(const std::function<void(PictureOrder&)>& change);
     void draw(const std::stop_token& ending);
-    void standStill(const Order& order);
-    void drawOn(const Order& order);
-    std::int64_t nextFrame(const Order& order, std::int64_t last) const;
-    bool deliver(const Order& order, const VideoComposition::Moment& moment,
-                 const PlayedFootage::Picture& picture, std::int64_t number);
+    void standStill(const PictureOrder& order);
+    void drawOn(const PictureOrder& order);
+    std::int64_t nextFrame(const PictureOrder& order, std::int64_t last) const;
+    bool deliver(const PictureOrder& order, const VideoComposition::Moment& moment,
+                 const PlayedFootage::PlayedPicture& picture, std::int64_t number);
     void present(const std::stop_token& ending);
     void showDue(std::unique_lock<std::mutex>& hold);
     double untilDue(const Drawn& drawn) const;
@@ -79,7 +79,7 @@ private:
 
     mutable std::mutex lock; ///< guards what follows; never held while drawing or showing
     std::condition_variable_any changed;
-    Order order;
+    PictureOrder order;
     std::stop_source superseding;
     std::deque<Drawn> ahead;
     std::optional<std::int64_t> lastShown; ///< frame

@@ -28,8 +28,8 @@ void PlayedFootage::turnTo(std::shared_ptr<const VideoComposition> given) {
         if (*reel && !(*reel)->isCurrent()) reel->reset();
 }
 
-PlayedFootage::Picture PlayedFootage::at(const VideoComposition::Moment& moment, double rate,
-                                         const std::stop_token& stop) {
+PlayedFootage::PlayedPicture PlayedFootage::at(const VideoComposition::Moment& moment, double rate,
+                                               const std::stop_token& stop) {
     const auto& segment = composition->segments[moment.segment];
     reversed.clear();
     if (!segment.file.empty()) reelFor(moment.segment, moment.at);
@@ -41,9 +41,9 @@ PlayedFootage::Picture PlayedFootage::at(const VideoComposition::Moment& moment,
     return {Image::frame(*frame), segment.source};
 }
 
-PlayedFootage::Picture PlayedFootage::backward(const VideoComposition::Moment& moment, double rate,
-                                               const std::stop_token& stop,
-                                               const std::function<bool()>& late) {
+PlayedFootage::PlayedPicture PlayedFootage::backward(const VideoComposition::Moment& moment, double rate,
+                                                     const std::stop_token& stop,
+                                                     const std::function<bool()>& late) {
     const auto& segment = composition->segments[moment.segment];
     const double step = std::max(std::abs(rate), 1.0) / composition->rate;
     const auto before = neighbour(moment.segment, -1);
@@ -66,14 +66,14 @@ PlayedFootage::Picture PlayedFootage::backward(const VideoComposition::Moment& m
     return {picture, segment.source, false};
 }
 
-PlayedFootage::Picture PlayedFootage::nearest(const VideoComposition::Moment& moment) {
+PlayedFootage::PlayedPicture PlayedFootage::nearest(const VideoComposition::Moment& moment) {
     const auto& segment = composition->segments[moment.segment];
     reversed.clear();
-    return segment.file.empty() ? Picture{} : nearest(moment, segment);
+    return segment.file.empty() ? PlayedPicture{} : nearest(moment, segment);
 }
 
-PlayedFootage::Picture PlayedFootage::nearest(const VideoComposition::Moment& moment,
-                                              const Segment& segment) {
+PlayedFootage::PlayedPicture PlayedFootage::nearest(const VideoComposition::Moment& moment,
+                                                    const Segment& segment) {
     auto& reel = reelFor(moment.segment, moment.at);
     if (!reel.open()) return {};
     if (const auto frame = reel.atHand(moment.at)) return {Image::frame(*frame), segment.source, false};

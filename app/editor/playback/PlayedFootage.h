@@ -22,7 +22,7 @@ namespace murbo {
 /// One thread at a time may use it.
 class PlayedFootage {
 public:
-    struct Picture {
+    struct PlayedPicture {
         std::optional<Image> image; ///< none: black
         std::optional<UUID> source; ///< whose it is; none where the file has no readable picture
         bool exact = true;
@@ -36,20 +36,20 @@ public:
 
     /// The picture at a moment. `rate` says which way it goes on, for what is made ready meanwhile; 0 where
     /// it stands. Nothing once `stop` came.
-    Picture at(const VideoComposition::Moment& moment, double rate, const std::stop_token& stop);
+    PlayedPicture at(const VideoComposition::Moment& moment, double rate, const std::stop_token& stop);
     /// The same played backward: quick, and softer. Where it isn't there once `late` says that it is wanted
     /// no more, a picture near by takes its place.
-    Picture backward(const VideoComposition::Moment& moment, double rate, const std::stop_token& stop,
-                     const std::function<bool()>& late);
+    PlayedPicture backward(const VideoComposition::Moment& moment, double rate, const std::stop_token& stop,
+                           const std::function<bool()>& late);
     /// A picture near the moment that is quickly had.
-    Picture nearest(const VideoComposition::Moment& moment);
+    PlayedPicture nearest(const VideoComposition::Moment& moment);
     /// Makes ready what a step from a moment may ask for, while nothing else is to be done.
     void readAround(const VideoComposition::Moment& moment);
 
 private:
     using Segment = VideoComposition::Segment;
 
-    Picture nearest(const VideoComposition::Moment& moment, const Segment& segment);
+    PlayedPicture nearest(const VideoComposition::Moment& moment, const Segment& segment);
     FootageReel& reelFor(std::size_t segment, double at);
     void openAnew(const std::filesystem::path& file);
     void prepare(std::size_t segment, double at);

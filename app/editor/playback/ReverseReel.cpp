@@ -61,9 +61,10 @@ void ReverseReel::begin(std::optional<FrameReader> reader, double end) {
     });
 }
 
-ReverseReel::Stretch ReverseReel::read(std::optional<FrameReader> reader, const std::filesystem::path& file,
-                                       double start, double end, double step, const std::stop_token& stop) {
-    Stretch stretch;
+ReverseReel::ReversedRun ReverseReel::read(std::optional<FrameReader> reader,
+                                           const std::filesystem::path& file, double start, double end,
+                                           double step, const std::stop_token& stop) {
+    ReversedRun stretch;
     stretch.from = start;
     try {
         if (!reader) reader = FrameReader::open(file);

@@ -35,14 +35,14 @@ private:
         double time = 0;
         Image picture;
     };
-    struct Stretch {
+    struct ReversedRun {
         std::optional<FrameReader> reader; ///< handed on to who reads the next
         std::vector<Small> pictures;       ///< in rising order of time
         double from = 0;                   ///< all that comes on from here on
     };
 
-    static Stretch read(std::optional<FrameReader> reader, const std::filesystem::path& file, double start,
-                        double end, double step, const std::stop_token& stop);
+    static ReversedRun read(std::optional<FrameReader> reader, const std::filesystem::path& file,
+                            double start, double end, double step, const std::stop_token& stop);
     void begin(std::optional<FrameReader> reader, double end);
     void take();
     void beginAnew(double end);
@@ -51,9 +51,9 @@ private:
     const double first;
     const double apart;
     std::stop_source stopping;
-    std::future<Stretch> coming;
+    std::future<ReversedRun> coming;
     double comingEnd = 0; ///< where the stretch that is coming ends
-    Stretch current;
+    ReversedRun current;
     bool done = false; ///< nothing before the current stretch
 };
 

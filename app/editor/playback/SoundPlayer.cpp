@@ -6,8 +6,8 @@
 namespace murbo {
 
 /// One run of sound, and the clock that it gives.
-struct SoundPlayer::Session {
-    explicit Session(double given) : patience(given) {}
+struct SoundPlayer::SoundRun {
+    explicit SoundRun(double given) : patience(given) {}
 
     const double patience;
     std::mutex lock;
@@ -77,7 +77,7 @@ void SoundPlayer::setVolume(double factor) {
 }
 
 PlayerClock::Now SoundPlayer::start(double place, double rate) {
-    auto session = std::make_shared<Session>(patience);
+    auto session = std::make_shared<SoundRun>(patience);
     const bool audible = make && std::abs(rate) <= SoundFeed::fastest;
     if (!audible) session->silent = true;
     give({.session = audible ? session : nullptr, .place = place, .rate = rate});
@@ -88,7 +88,7 @@ void SoundPlayer::stop() {
     give({});
 }
 
-void SoundPlayer::give(Order next) {
+void SoundPlayer::give(SoundOrder next) {
     const std::lock_guard hold(lock);
     next.number = order.number + 1;
     order = std::move(next);
@@ -98,7 +98,7 @@ void SoundPlayer::give(Order next) {
 void SoundPlayer::work(const std::stop_token& ending) {
     std::uint64_t done = 0;
     while (true) {
-        Order now;
+        SoundOrder now;
         {
             std::unique_lock hold(lock);
             if (!changed.wait(hold, ending, [&] { return order.number != done; })) break;
@@ -111,7 +111,7 @@ void SoundPlayer::work(const std::stop_token& ending) {
     end();
 }
 
-void SoundPlayer::begin(const Order& now) {
+void SoundPlayer::begin(const SoundOrder& now) {
     if (!output) output = make();
     takeMix();
     {
@@ -132,7 +132,7 @@ void SoundPlayer::end() {
 }
 
 void SoundPlayer::takeMix() {
-    std::optional<Mix> mix;
+    std::optional<TrackMix> mix;
     {
         const std::lock_guard hold(lock);
         mix = std::exchange(coming, std::nullopt);

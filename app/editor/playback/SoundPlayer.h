@@ -39,23 +39,23 @@ public:
     void stop();
 
 private:
-    struct Session;
-    struct Order {
+    struct SoundRun;
+    struct SoundOrder {
         std::uint64_t number = 0;
-        std::shared_ptr<Session> session; ///< none: silence
+        std::shared_ptr<SoundRun> session; ///< none: silence
         double place = 0;
         double rate = 0;
     };
 
-    void give(Order next);
+    void give(SoundOrder next);
     void work(const std::stop_token& ending);
-    void begin(const Order& now);
+    void begin(const SoundOrder& now);
     void end();
     void takeMix();
     void fill(std::span<float> into);
 
     /// What the feed is to take over.
-    struct Mix {
+    struct TrackMix {
         std::vector<SoundMix::Track> tracks;
         double length = 0;
         bool another = false; ///< not the same video's
@@ -65,15 +65,15 @@ private:
     const double patience;
     std::mutex lock; ///< guards the order and the mix to come
     std::condition_variable_any changed;
-    Order order;
-    std::optional<Mix> coming;
+    SoundOrder order;
+    std::optional<TrackMix> coming;
 
     std::mutex mixing; ///< guards the feed, also while it reads
     std::optional<SoundFeed> feed;
     std::atomic<double> volume = 1;
 
     std::shared_ptr<SoundOutput> output; ///< this and the next are the working thread's own
-    std::shared_ptr<Session> running;
+    std::shared_ptr<SoundRun> running;
     std::jthread working;
 };
 

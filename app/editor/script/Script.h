@@ -23,7 +23,7 @@ public:
     bool run(const std::string& line, std::function<void(const std::string&)> answer);
 
 private:
-    struct Answer {
+    struct ScriptAnswer {
         std::optional<std::string> toast;
         std::optional<std::string> unsaved;
         std::optional<std::string> step;
@@ -36,7 +36,7 @@ private:
     void finish();
 
     ProjectDocument& document;
-    Answer current;
+    ScriptAnswer current;
     bool inCommand = false;
     std::function<void(const std::string&)> answering;
 };

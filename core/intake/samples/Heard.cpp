@@ -1,5 +1,7 @@
 #include "core/intake/samples/Heard.h"
 
+#include "core/intake/samples/LevelRange.h"
+
 namespace murbo {
 namespace {
 
@@ -9,12 +11,6 @@ constexpr double shortestStretch = 0.3; // seconds; less is a knock
 /// Times come in tenths, which are not exact in binary.
 constexpr double rounding = 1e-6;
 
-/// The whole part of a number, within bounds, for any number at all.
-std::size_t whole(double value, std::size_t most) {
-    if (!(value > 0)) return 0;
-    return value >= static_cast<double>(most) ? most : static_cast<std::size_t>(value);
-}
-
 int median(std::vector<std::uint8_t> levels) {
     if (levels.empty()) return 0;
     const auto middle = levels.begin() + static_cast<std::ptrdiff_t>(levels.size() / 2);
@@ -22,12 +18,6 @@ int median(std::vector<std::uint8_t> levels) {
     return *middle;
 }
 
-}
-
-LevelRange LevelRange::of(const Stretch& stretch, int rate, std::size_t count) {
-    const std::size_t from = whole(stretch.from * rate, count);
-    const double last = std::floor(stretch.to * rate) + 1;
-    return {from, std::max(from, whole(last, count))};
 }
 
 int Heard::usual() const {

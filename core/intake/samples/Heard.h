@@ -2,7 +2,6 @@
 
 #include "core/model/Stretch.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -35,14 +34,6 @@ struct Heard {
 
     bool isVoiced(double time) const;
     bool isLoud(double time, int usual) const;
-};
-
-/// The levels that a stretch touches, as indexes: from the first to behind the last.
-struct LevelRange {
-    std::size_t from = 0;
-    std::size_t to = 0;
-
-    static LevelRange of(const Stretch& stretch, int rate, std::size_t count);
 };
 
 }

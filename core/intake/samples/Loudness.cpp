@@ -1,6 +1,7 @@
 #include "core/intake/samples/Loudness.h"
 
 #include "core/intake/samples/Heard.h"
+#include "core/intake/samples/LevelRange.h"
 #include "core/intake/samples/Measures.h"
 #include "platform/base/Cancelled.h"
 #include "platform/base/Problem.h"

@@ -1,28 +1,13 @@
 #pragma once
 
+#include "core/intake/transcription/Transcribed.h"
+
 #include <filesystem>
 #include <functional>
 #include <stop_token>
 #include <string>
-#include <vector>
 
 namespace murbo {
-
-/// A line that an engine heard, in seconds from the start of the sound that it was given.
-struct HeardLine {
-    double start = 0;
-    double end = 0;
-    std::string text;
-
-    bool operator==(const HeardLine&) const = default;
-};
-
-/// What an engine gives back.
-struct Transcribed {
-    std::vector<HeardLine> lines;
-    double cost = 0;     ///< US dollars charged for this request
-    std::string request; ///< what was asked, for the activity log
-};
 
 /// An engine that turns speech to text. A plain value; runs may overlap.
 struct Transcriber {

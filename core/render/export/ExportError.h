@@ -12,10 +12,4 @@ public:
     static ExportError cannotStart() { return ExportError("This Mac could not start the export."); }
 };
 
-/// Somebody stopped the export; nothing is left of it.
-class ExportCancelled : public ExportError {
-public:
-    ExportCancelled() : ExportError("The export was cancelled.") {}
-};
-
 }

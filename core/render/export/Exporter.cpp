@@ -4,6 +4,7 @@
 #include "core/model/Project.h"
 #include "core/render/VideoComposition.h"
 #include "core/render/export/DrawnFrames.h"
+#include "core/render/export/ExportCancelled.h"
 #include "core/render/export/ExportError.h"
 #include "core/render/export/OwnFiles.h"
 #include "core/render/export/Subtitles.h"
@@ -58,11 +59,11 @@ MovieSettings settings(const VideoComposition& composition, bool sound) {
 }
 
 /// An export at work: pictures and sound are made ahead on threads of their own and meet in the movie here.
-class Session {
+class ExportRun {
 public:
     /// Without `tracks` the movie has no sound; with none in it, a silent one.
-    Session(const VideoComposition& given, std::optional<std::vector<SoundMix::Track>> tracks,
-            const std::filesystem::path& to) try
+    ExportRun(const VideoComposition& given, std::optional<std::vector<SoundMix::Track>> tracks,
+              const std::filesystem::path& to) try
         : composition(given),
           writer(MovieWriter::open(to, settings(given, tracks.has_value()))),
           frames(given) {
@@ -145,7 +146,7 @@ Notes movie(const Video& video, const Project& project, const Order& order, cons
     const auto& plan = *composition.box->plan();
     std::optional tracks = SoundMix::tracks(sounding, plan, order.missing);
     if (tracks->empty() && !SoundMix::isRecorded(sounding, plan, order.missing)) tracks.reset();
-    Session(composition, std::move(tracks), order.to).run(progress, stop);
+    ExportRun(composition, std::move(tracks), order.to).run(progress, stop);
     const bool hasOwn = order.subtitles && writeSubtitles(sounding, project, order.to);
     const auto beside = subtitlesBeside(order.to);
     std::error_code failed;

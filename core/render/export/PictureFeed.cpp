@@ -24,7 +24,7 @@ PictureFeed::PictureFeed(const VideoComposition& given) : composition(given), st
     startNext({});
 }
 
-PictureFeed::Picture PictureFeed::frame(std::int64_t number) {
+PictureFeed::FedPicture PictureFeed::frame(std::int64_t number) {
     const auto moment = composition.moment(number);
     const auto& segment = composition.segments[moment.segment];
     if (segment.file.empty()) return {};
@@ -50,8 +50,8 @@ std::vector<PictureFeed::Run> PictureFeed::runs(const VideoComposition& composit
 }
 
 /// Makes a reader ready at a moment of the segment's file; the one passed on serves again where it can.
-PictureFeed::Reading PictureFeed::opened(Reading passed, const VideoComposition::Segment& segment,
-                                         double at) {
+PictureFeed::FootageRun PictureFeed::opened(FootageRun passed, const VideoComposition::Segment& segment,
+                                            double at) {
     if (passed.file != segment.file || !passed.reader) {
         passed = {}; // closed before the next is opened
         passed.file = segment.file;
@@ -66,7 +66,7 @@ PictureFeed::Reading PictureFeed::opened(Reading passed, const VideoComposition:
     return passed;
 }
 
-void PictureFeed::startNext(Reading passed) {
+void PictureFeed::startNext(FootageRun passed) {
     if (started == strands.size()) return;
     const auto index = strands[started++].firstSegment;
     const auto& segment = composition.segments[index];
@@ -81,7 +81,7 @@ void PictureFeed::turnTo(std::size_t segment) {
     }
 }
 
-void PictureFeed::Reading::show(double time) {
+void PictureFeed::FootageRun::show(double time) {
     try {
         if (auto timed = reader->at(time)) shown = std::move(timed);
     } catch (const Problem&) {

@@ -19,7 +19,7 @@ namespace murbo {
 /// One thread at a time may use a feed, and the composition must outlive it.
 class PictureFeed {
 public:
-    struct Picture {
+    struct FedPicture {
         std::optional<Image> image; ///< none: black
         std::optional<UUID> source; ///< whose it is; none where the file has no readable picture
     };
@@ -28,7 +28,7 @@ public:
 
     /// What the footage shows at a frame. Frames are asked for in rising order. Where a file ends early or
     /// breaks off, its last picture stays.
-    Picture frame(std::int64_t number);
+    FedPicture frame(std::int64_t number);
 
 private:
     /// Segments of one file that follow so closely that one reader plays them without a seek.
@@ -38,7 +38,7 @@ private:
     };
 
     /// A file at work.
-    struct Reading {
+    struct FootageRun {
         std::filesystem::path file;
         std::optional<FrameReader> reader;
         std::optional<FrameReader::TimedFrame> shown;
@@ -47,15 +47,15 @@ private:
     };
 
     static std::vector<Run> runs(const VideoComposition& composition);
-    static Reading opened(Reading passed, const VideoComposition::Segment& segment, double at);
-    void startNext(Reading passed);
+    static FootageRun opened(FootageRun passed, const VideoComposition::Segment& segment, double at);
+    void startNext(FootageRun passed);
     void turnTo(std::size_t segment);
 
     const VideoComposition& composition;
     const std::vector<Run> strands;
-    std::size_t started = 0;   ///< how many runs have been opened or are being opened
-    std::future<Reading> next; ///< the run that comes after the current one
-    Reading current;
+    std::size_t started = 0;      ///< how many runs have been opened or are being opened
+    std::future<FootageRun> next; ///< the run that comes after the current one
+    FootageRun current;
 };
 
 }

@@ -2,19 +2,13 @@
 
 #include "core/model/Framing.h"
 #include "core/model/Shot.h"
+#include "core/render/plan/Panel.h"
 #include "platform/image/Geometry.h"
 
 #include <optional>
 #include <vector>
 
 namespace murbo {
-
-/// A part of the picture and where it goes in the frame; pixels, origin at the top left of each.
-struct Panel {
-    Rect source;
-    Rect frame;
-    bool operator==(const Panel&) const = default;
-};
 
 namespace Crop {
 

@@ -33,14 +33,14 @@ double PlaybookClock::stays(double time) const {
     return leaving ? length + (time - natural) : time;
 }
 
-PlaybookClock::Span PlaybookClock::span(const Playbook::Layer& layer) const {
+PlaybookClock::LayerSpan PlaybookClock::span(const Playbook::Layer& layer) const {
     const double from = layer.from.value_or(0);
     const double to = std::min(layer.to.value_or(natural), natural);
     if (even) return {slowness * from, slowness * to};
     return {stays(from), stays(to)};
 }
 
-bool PlaybookClock::Span::holds(double elapsed) const {
+bool PlaybookClock::LayerSpan::holds(double elapsed) const {
     return on - slack <= elapsed && elapsed < off + slack;
 }
 

@@ -12,12 +12,12 @@ public:
     explicit PlaybookClock(const PlacedOverlay& placed);
 
     /// Seconds since the placement's start between which a layer is on.
-    struct Span {
+    struct LayerSpan {
         double on;
         double off;
         bool holds(double elapsed) const;
     };
-    Span span(const Playbook::Layer& layer) const;
+    LayerSpan span(const Playbook::Layer& layer) const;
 
     /// The playbook's own time, seconds since the placement's start being given.
     double own(double elapsed) const;

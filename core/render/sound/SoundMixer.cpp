@@ -23,7 +23,7 @@ std::int64_t frameAt(double seconds) {
 }
 
 /// A piece in frames.
-struct Span {
+struct TrackSpan {
     std::int64_t start = 0;
     std::int64_t end = 0;
     std::int64_t from = 0; // in the file, at `start`
@@ -31,8 +31,8 @@ struct Span {
     std::int64_t fileFrame(std::int64_t frame) const { return from + (frame - start); }
 };
 
-std::vector<Span> spans(const std::vector<SoundMix::Piece>& pieces) {
-    std::vector<Span> spans;
+std::vector<TrackSpan> spans(const std::vector<SoundMix::Piece>& pieces) {
+    std::vector<TrackSpan> spans;
     for (const SoundMix::Piece& piece : pieces)
         spans.push_back({frameAt(piece.start), frameAt(piece.end), frameAt(piece.from)});
     return spans;
@@ -72,21 +72,22 @@ float sane(float sample) {
 }
 
 /// One track at work.
-struct SoundMixer::Player {
+struct SoundMixer::TrackPlayer {
     SoundMix::Track track;
-    std::vector<Span> spans;
+    std::vector<TrackSpan> spans;
     std::optional<SoundReader> reader;
     std::int64_t fileEnd = 0; // frames
     bool broken = false;
 
-    explicit Player(SoundMix::Track given) : track(std::move(given)), spans(murbo::spans(track.pieces)) {}
+    explicit TrackPlayer(SoundMix::Track given)
+        : track(std::move(given)), spans(murbo::spans(track.pieces)) {}
 
     /// The spans that sound between two frames.
-    std::span<const Span> between(std::int64_t from, std::int64_t until) const {
+    std::span<const TrackSpan> between(std::int64_t from, std::int64_t until) const {
         const auto first =
-            std::ranges::partition_point(spans, [&](const Span& span) { return span.end <= from; });
-        const auto last =
-            std::partition_point(first, spans.end(), [&](const Span& span) { return span.start < until; });
+            std::ranges::partition_point(spans, [&](const TrackSpan& span) { return span.end <= from; });
+        const auto last = std::partition_point(first, spans.end(),
+                                               [&](const TrackSpan& span) { return span.start < until; });
         return {first, last};
     }
 
@@ -102,7 +103,7 @@ struct SoundMixer::Player {
     }
 
     /// Adds what a span holds from a frame on; `into` ends within the span.
-    void add(const Span& span, std::int64_t from, std::span<float> into) {
+    void add(const TrackSpan& span, std::int64_t from, std::span<float> into) {
         const bool fadesIn = span.from > 0;
         const bool fadesOut = span.fileFrame(span.end) < fileEnd;
         Gains gains(track.gains, from);
@@ -147,15 +148,15 @@ void SoundMixer::seek(std::int64_t from) {
 std::size_t SoundMixer::feed(std::span<float> into) {
     const auto block = into.first(std::min<std::size_t>(into.size(), 2 * blockFrames));
     std::ranges::fill(block, 0.0F);
-    for (Player& player : players) mix(player, block);
+    for (TrackPlayer& player : players) mix(player, block);
     limiter.process(block);
     fed += static_cast<std::int64_t>(block.size() / 2);
     return block.size();
 }
 
-void SoundMixer::mix(Player& player, std::span<float> block) {
+void SoundMixer::mix(TrackPlayer& player, std::span<float> block) {
     const std::int64_t end = std::min(fed + static_cast<std::int64_t>(block.size() / 2), total);
-    for (const Span& span : player.between(fed, end)) {
+    for (const TrackSpan& span : player.between(fed, end)) {
         if (!player.open()) return;
         const std::int64_t first = std::max(span.start, fed);
         const std::int64_t last = std::min(span.end, end);
@@ -164,12 +165,12 @@ void SoundMixer::mix(Player& player, std::span<float> block) {
 }
 
 void SoundMixer::closePassed() {
-    for (Player& player : players)
+    for (TrackPlayer& player : players)
         if (player.between(fed - Limiter::latency, fed + keptOpen).empty()) player.reader.reset();
 }
 
 void SoundMixer::prepare(std::int64_t from, std::int64_t until) {
-    for (Player& player : players) {
+    for (TrackPlayer& player : players) {
         const auto spans = player.between(from, until);
         if (spans.empty() || player.reader || !player.open()) continue;
         // What is read next goes on from here.

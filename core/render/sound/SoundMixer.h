@@ -40,14 +40,14 @@ public:
     void prepare(std::int64_t from, std::int64_t until);
 
 private:
-    struct Player;
+    struct TrackPlayer;
 
     void seek(std::int64_t from);
     std::size_t feed(std::span<float> into);
-    void mix(Player& player, std::span<float> block);
+    void mix(TrackPlayer& player, std::span<float> block);
     void closePassed();
 
-    std::vector<Player> players;
+    std::vector<TrackPlayer> players;
     Limiter limiter;
     std::int64_t total = 0;
     std::int64_t fed = 0; ///< the frame that goes into the limiter next

@@ -27,7 +27,7 @@ bool countable(const Transform& transform) {
     return std::all_of(values, values + 6, [](double value) { return std::abs(value) < 1e12; });
 }
 
-bool visible(Flattening::State& state) {
+bool visible(Flattening::FlatteningState& state) {
     if (!countable(state.place) || !countable(state.place.inverse())) return false;
     const auto shown = state.place.apply(state.limits.intersection(state.node->extent));
     if (!state.clamping && !shown.isEverything())
@@ -60,7 +60,7 @@ PixelRect neededOf(const PixelRect& whole, const PixelRect& bounds, const Transf
 }
 
 /// What of a kept picture can be seen: where edges repeat, those that crops have left do.
-PixelRect shownOf(const PixelRect& whole, const Flattening::State& state, const Transform& toGrid) {
+PixelRect shownOf(const PixelRect& whole, const Flattening::FlatteningState& state, const Transform& toGrid) {
     const Rect left = state.limits.intersection(state.node->extent);
     if (!state.clamping || left.empty()) return whole;
     return PixelRect::touching(toGrid.apply(left)).clampedTo(whole);
@@ -79,7 +79,8 @@ Image imageOf(const Bitmap& pixels, bool opaque, int air) {
 }
 
 /// Nothing where it would be too large.
-std::optional<CachedPicture> cachedOf(const Node::Once& once, const Flattening::State& state, int depth) {
+std::optional<CachedPicture> cachedOf(const Node::Once& once, const Flattening::FlatteningState& state,
+                                      int depth) {
     const double level = levelOf(*once.of, state.place);
     const auto toGrid = Transform().scaled(level, level);
     const Rect shown = toGrid.apply(state.node->extent);
@@ -105,7 +106,7 @@ std::optional<CachedPicture> cachedOf(const Node::Once& once, const Flattening::
 
 }
 
-bool Flattening::State::plain() const {
+bool Flattening::FlatteningState::plain() const {
     return opacity >= 1 && edges.empty() && masks.empty() && blend == Blend::normal;
 }
 
@@ -121,22 +122,22 @@ PictureSource Flattening::sourceOf(const Node& node) const {
     return {node, drawing};
 }
 
-Layers Flattening::run(State first) {
+Layers Flattening::run(FlatteningState first) {
     waiting.push_back(std::move(first));
     while (!waiting.empty()) {
-        State state = std::move(waiting.back());
+        FlatteningState state = std::move(waiting.back());
         waiting.pop_back();
         if (visible(state)) std::visit([&](const auto& kind) { visit(kind, state); }, state.node->kind);
     }
     return std::move(layers);
 }
 
-void Flattening::descend(State& state, const ImageNode& child) {
+void Flattening::descend(FlatteningState& state, const ImageNode& child) {
     state.node = &child;
     waiting.push_back(std::move(state));
 }
 
-void Flattening::visit(const Node::Crop& crop, State& state) {
+void Flattening::visit(const Node::Crop& crop, FlatteningState& state) {
     if (!state.clamping && state.place.isShift())
         state.bounds = state.bounds.intersection(PixelRect::within(state.place.apply(crop.rect)));
     else
@@ -144,7 +145,7 @@ void Flattening::visit(const Node::Crop& crop, State& state) {
     descend(state, *crop.of);
 }
 
-void Flattening::visit(const Node::Transformed& move, State& state) {
+void Flattening::visit(const Node::Transformed& move, FlatteningState& state) {
     if (move.transform.keepsAxes())
         state.limits = move.transform.inverse().apply(state.limits);
     else
@@ -153,16 +154,16 @@ void Flattening::visit(const Node::Transformed& move, State& state) {
     descend(state, *move.of);
 }
 
-void Flattening::visit(const Node::Fade& fade, State& state) {
+void Flattening::visit(const Node::Fade& fade, FlatteningState& state) {
     state.opacity *= fade.opacity;
     descend(state, *fade.of);
 }
 
-void Flattening::visit(const Node::Over& over, State& state) {
+void Flattening::visit(const Node::Over& over, FlatteningState& state) {
     smooth(state);
     const bool mixesWithOwn = over.blend == Blend::normal || state.lowest || hides(over);
     if (!state.plain() || !mixesWithOwn) return addGroup(state);
-    State above = state;
+    FlatteningState above = state;
     above.blend = over.blend;
     above.lowest = false;
     descend(above, *over.above);
@@ -170,13 +171,13 @@ void Flattening::visit(const Node::Over& over, State& state) {
 }
 
 /// Several pictures that are faded or cut as one.
-void Flattening::addGroup(State& state) {
+void Flattening::addGroup(FlatteningState& state) {
     if (tooDeep()) return;
     add(state, state.node->covers(state.place, state.bounds.rect()),
         sourceOf(*state.node).drawing(state.place, state.bounds));
 }
 
-void Flattening::visit(const Node::Clamp& clamp, State& state) {
+void Flattening::visit(const Node::Clamp& clamp, FlatteningState& state) {
     if (state.clamping) return descend(state, *clamp.of);
     smooth(state);
     if (!clamp.of->single) return addClamped(*clamp.of, state);
@@ -185,7 +186,7 @@ void Flattening::visit(const Node::Clamp& clamp, State& state) {
 }
 
 /// The repeated edges of a composite: what they frame is drawn by itself.
-void Flattening::addClamped(const ImageNode& picture, State& state) {
+void Flattening::addClamped(const ImageNode& picture, FlatteningState& state) {
     if (tooDeep()) return;
     const PixelGrid grid = PixelGrid::over(picture.extent, state.place, 1e9);
     const auto way = state.place.inverse().then(grid.toGrid);
@@ -194,7 +195,7 @@ void Flattening::addClamped(const ImageNode& picture, State& state) {
     addSeen(state, sourceOf(picture).raster(grid.toGrid, area), way, area);
 }
 
-void Flattening::visit(const Node::Mask& mask, State& state) {
+void Flattening::visit(const Node::Mask& mask, FlatteningState& state) {
     if (tooDeep()) return;
     auto shape = layersOf(*mask.mask, state.place, state.bounds, depth + 1);
     if (shape.empty()) return;
@@ -202,25 +203,25 @@ void Flattening::visit(const Node::Mask& mask, State& state) {
     descend(state, *mask.of);
 }
 
-void Flattening::visit(const Node::ZoomBlur& blur, State& state) {
+void Flattening::visit(const Node::ZoomBlur& blur, FlatteningState& state) {
     smooth(state);
     if (tooDeep()) return;
     const auto own = DirectionalBlur::zoom(blur, sourceOf(*blur.of), state.place, state.bounds);
     addSeen(state, own.raster, own.toGrid, own.raster.area);
 }
 
-void Flattening::visit(const Node::MotionBlur& blur, State& state) {
+void Flattening::visit(const Node::MotionBlur& blur, FlatteningState& state) {
     smooth(state);
     if (tooDeep()) return;
     const auto own = DirectionalBlur::motion(blur, sourceOf(*blur.of), state.place, state.bounds);
     addSeen(state, own.raster, own.toGrid, own.raster.area);
 }
 
-void Flattening::visit(const Node::Later& later, State& state) {
+void Flattening::visit(const Node::Later& later, FlatteningState& state) {
     if (!tooDeep()) addMade(*Image(later.make()).cropped(state.node->extent).node(), state, depth + 1);
 }
 
-void Flattening::visit(const Node::Once& once, State& state) {
+void Flattening::visit(const Node::Once& once, FlatteningState& state) {
     if (tooDeep()) return; // shown twice without being kept, each would double the work of the next
     const auto cached = cachedOf(once, state, depth + 1);
     if (!cached) return descend(state, *once.of);
@@ -232,14 +233,14 @@ void Flattening::visit(const Node::Once& once, State& state) {
 }
 
 /// A picture that stands for the node.
-void Flattening::addMade(const ImageNode& picture, State& state, int itsDepth) {
+void Flattening::addMade(const ImageNode& picture, FlatteningState& state, int itsDepth) {
     state.node = &picture;
     auto parts = Flattening(itsDepth).run(std::move(state));
     std::move(parts.begin(), parts.end(), std::back_inserter(layers));
 }
 
 /// From here on the limits can't be followed: they become smooth edges.
-void Flattening::smooth(State& state, bool bare) {
+void Flattening::smooth(FlatteningState& state, bool bare) {
     if (state.limits.isEverything()) return;
     state.edges.emplace_back(state.limits, state.place, bare);
     const auto& edges = state.edges.back();

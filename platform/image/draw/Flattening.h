@@ -16,7 +16,7 @@ public:
     using Node = ImageNode;
 
     /// What a node inherits from those above it.
-    struct State {
+    struct FlatteningState {
         const Node* node;
         Transform place;                  ///< from the node's space to the canvas
         PixelRect bounds;                 ///< of the canvas
@@ -35,55 +35,55 @@ public:
 
     explicit Flattening(int depthSoFar) : depth(depthSoFar) {}
 
-    Layers run(State first);
+    Layers run(FlatteningState first);
 
 private:
     // The graph's operations (Flattening.cpp).
-    void visit(const Node::Crop& crop, State& state);
-    void visit(const Node::Transformed& move, State& state);
-    void visit(const Node::Fade& fade, State& state);
-    void visit(const Node::Over& over, State& state);
-    void visit(const Node::Clamp& clamp, State& state);
-    void visit(const Node::Mask& mask, State& state);
-    void visit(const Node::Later& later, State& state);
-    void visit(const Node::Once& once, State& state);
-    void visit(const Node::ZoomBlur& blur, State& state);
-    void visit(const Node::MotionBlur& blur, State& state);
+    void visit(const Node::Crop& crop, FlatteningState& state);
+    void visit(const Node::Transformed& move, FlatteningState& state);
+    void visit(const Node::Fade& fade, FlatteningState& state);
+    void visit(const Node::Over& over, FlatteningState& state);
+    void visit(const Node::Clamp& clamp, FlatteningState& state);
+    void visit(const Node::Mask& mask, FlatteningState& state);
+    void visit(const Node::Later& later, FlatteningState& state);
+    void visit(const Node::Once& once, FlatteningState& state);
+    void visit(const Node::ZoomBlur& blur, FlatteningState& state);
+    void visit(const Node::MotionBlur& blur, FlatteningState& state);
     // What has pixels, which become a layer's (FlatteningLeaves.cpp).
-    void visit(const Node::Fill& fill, State& state);
-    void visit(const Node::BitmapPixels& pixels, State& state);
-    void visit(const Node::FramePixels& picture, State& state);
-    void visit(const Node::Gradient& gradient, State& state);
-    void visit(const Node::RoundedRectangle& shape, State& state);
+    void visit(const Node::Fill& fill, FlatteningState& state);
+    void visit(const Node::BitmapPixels& pixels, FlatteningState& state);
+    void visit(const Node::FramePixels& picture, FlatteningState& state);
+    void visit(const Node::Gradient& gradient, FlatteningState& state);
+    void visit(const Node::RoundedRectangle& shape, FlatteningState& state);
     // What is filtered (FlatteningFilters.cpp).
-    void visit(const Node::Filtered& filtered, State& state);
+    void visit(const Node::Filtered& filtered, FlatteningState& state);
 
     bool tooDeep() const;
     /// A picture that is drawn by itself.
     PictureSource sourceOf(const Node& node) const;
-    void descend(State& state, const ImageNode& child);
-    static void smooth(State& state, bool bare = false);
-    void addGroup(State& state);
-    void addClamped(const ImageNode& picture, State& state);
-    void addMade(const ImageNode& picture, State& state, int itsDepth);
+    void descend(FlatteningState& state, const ImageNode& child);
+    static void smooth(FlatteningState& state, bool bare = false);
+    void addGroup(FlatteningState& state);
+    void addClamped(const ImageNode& picture, FlatteningState& state);
+    void addMade(const ImageNode& picture, FlatteningState& state, int itsDepth);
 
-    static Rect takeLimits(State& state, int air = 0);
+    static Rect takeLimits(FlatteningState& state, int air = 0);
     /// What of a grid is needed to draw `bounds`, `way` leading from the canvas to it.
     static PixelRect seenThrough(const Transform& way, const PixelRect& bounds);
-    void add(State& state, bool opaque, Layer::Content content);
+    void add(FlatteningState& state, bool opaque, Layer::Content content);
     /// `opaque` are pixels that hide all below by themselves.
-    void add(State& state, const PixelRect& opaque, Layer::Content content);
-    void addSeen(State& state, Raster raster, const Transform& way, const PixelRect& limits);
-    void addAtAngle(State& state, Raster raster, const Transform& way);
-    void addTurned(State& state, const Rect& shown);
+    void add(FlatteningState& state, const PixelRect& opaque, Layer::Content content);
+    void addSeen(FlatteningState& state, Raster raster, const Transform& way, const PixelRect& limits);
+    void addAtAngle(FlatteningState& state, Raster raster, const Transform& way);
+    void addTurned(FlatteningState& state, const Rect& shown);
 
     DrawTile filtered(const Node::Filtered& filtered, const Transform& place, const PixelRect& bounds) const;
     DrawTile filteredInPlace(const Node::Filtered& topmost, const Transform& place,
                              const PixelRect& bounds) const;
-    void addFilteredUpright(const Node::Filtered& filtered, State& state);
+    void addFilteredUpright(const Node::Filtered& filtered, FlatteningState& state);
 
     int depth;
-    std::vector<State> waiting;
+    std::vector<FlatteningState> waiting;
     Layers layers;
 };
 

@@ -71,7 +71,7 @@ DrawTile Flattening::filtered(const Node::Filtered& node, const Transform& place
 }
 
 /// A picture that is turned or mirrored is filtered on a grid of its own, along its axes, and turned then.
-void Flattening::addFilteredUpright(const Node::Filtered& node, State& state) {
+void Flattening::addFilteredUpright(const Node::Filtered& node, FlatteningState& state) {
     const auto& place = state.place;
     const auto way = uprightWay(place);
     const auto toGrid = place.keepsAxes()
@@ -86,7 +86,7 @@ void Flattening::addFilteredUpright(const Node::Filtered& node, State& state) {
     addSeen(state, std::move(raster), way, area);
 }
 
-void Flattening::visit(const Node::Filtered& node, State& state) {
+void Flattening::visit(const Node::Filtered& node, FlatteningState& state) {
     smooth(state);
     if (tooDeep()) return;
     if (!fits(node.filter, state.place)) return addFilteredUpright(node, state);

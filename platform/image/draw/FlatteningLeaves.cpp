@@ -42,7 +42,7 @@ Rect inset(const Rect& rect, double by) {
 }
 
 /// `opaque` are pixels that hide all below by themselves.
-Layer layerOf(Flattening::State& state, const PixelRect& opaque) {
+Layer layerOf(Flattening::FlatteningState& state, const PixelRect& opaque) {
     Layer layer;
     layer.bounds = state.bounds;
     layer.opacity = int(std::lround(state.opacity * 255));
@@ -78,7 +78,7 @@ PixelRect Flattening::seenThrough(const Transform& way, const PixelRect& bounds)
     return PixelRect::touching(way.apply(bounds.grown(averaged, averaged).rect())).grown(2, 2);
 }
 
-void Flattening::visit(const Node::Fill& fill, State& state) {
+void Flattening::visit(const Node::Fill& fill, FlatteningState& state) {
     if (!state.clamping) smooth(state);
     const bool opaque = fill.colour.alpha == 255 && state.opacity >= 1;
     Layer layer = layerOf(state, opaque ? state.bounds : PixelRect{});
@@ -88,7 +88,7 @@ void Flattening::visit(const Node::Fill& fill, State& state) {
     layers.push_back(std::move(layer));
 }
 
-void Flattening::visit(const Node::BitmapPixels& pixels, State& state) {
+void Flattening::visit(const Node::BitmapPixels& pixels, FlatteningState& state) {
     const auto way = state.place.inverse();
     const Rect shown = takeLimits(state, skips(way) ? 0 : pixels.air);
     const PixelRect area{0, 0, pixels.bitmap.width(), pixels.bitmap.height()};
@@ -97,7 +97,7 @@ void Flattening::visit(const Node::BitmapPixels& pixels, State& state) {
     addSeen(state, {pixels.bitmap, area, pixels.opaque}, way, limits);
 }
 
-void Flattening::visit(const Node::FramePixels& picture, State& state) {
+void Flattening::visit(const Node::FramePixels& picture, FlatteningState& state) {
     const Rect shown = takeLimits(state);
     if (!state.place.keepsAxes()) return addTurned(state, shown);
     const auto& frame = picture.frame;
@@ -109,13 +109,13 @@ void Flattening::visit(const Node::FramePixels& picture, State& state) {
     add(state, true, drawnBy(std::make_shared<AxisSampler>(frame, way, state.bounds, limits)));
 }
 
-void Flattening::visit(const Node::Gradient& gradient, State& state) {
+void Flattening::visit(const Node::Gradient& gradient, FlatteningState& state) {
     smooth(state);
     const bool opaque = gradient.first.alpha == 255 && gradient.last.alpha == 255;
     add(state, opaque, drawnBy(std::make_shared<GradientSampler>(gradient, state.place)));
 }
 
-void Flattening::visit(const Node::RoundedRectangle& shape, State& state) {
+void Flattening::visit(const Node::RoundedRectangle& shape, FlatteningState& state) {
     smooth(state);
     const bool upright = state.place.keepsAxes();
     const Rect opaque = upright ? state.place.apply(state.node->opaque) : Rect{};
@@ -126,7 +126,7 @@ void Flattening::visit(const Node::RoundedRectangle& shape, State& state) {
 /// What of the node's picture may be shown, in its own space. Unless they repeat, its edges become smooth
 /// ones; on the canvas' own grid they fall between pixels. Where the picture is clear `air` pixels
 /// deep, the edges only say where there is something.
-Rect Flattening::takeLimits(State& state, int air) {
+Rect Flattening::takeLimits(FlatteningState& state, int air) {
     const Rect& extent = state.node->extent;
     const bool uncut = state.limits.contains(extent);
     const Rect shown = state.limits.intersection(extent);
@@ -144,7 +144,8 @@ Rect Flattening::takeLimits(State& state, int air) {
 }
 
 /// A raster's pixels within `limits`, beyond which they repeat; `way` leads from the canvas to its grid.
-void Flattening::addSeen(State& state, Raster raster, const Transform& way, const PixelRect& limits) {
+void Flattening::addSeen(FlatteningState& state, Raster raster, const Transform& way,
+                         const PixelRect& limits) {
     if (state.bounds.empty() || raster.bitmap.empty()) return; // too large a picture has no raster
     const bool opaque = raster.opaque;
     if (!way.keepsAxes()) return addAtAngle(state, std::move(raster), way);
@@ -156,7 +157,7 @@ void Flattening::addSeen(State& state, Raster raster, const Transform& way, cons
 
 /// A raster at an angle. Where the way squeezes it (a shear, uneven scales), it is drawn on a finer grid
 /// first, and that is averaged: no pixel of it is skipped.
-void Flattening::addAtAngle(State& state, Raster raster, const Transform& way) {
+void Flattening::addAtAngle(FlatteningState& state, Raster raster, const Transform& way) {
     const auto finer = [](double step) { return int(std::clamp(std::ceil(step - slack), 1.0, 8.0)); };
     const int across = finer(std::hypot(way.a, way.b));
     const int down = finer(std::hypot(way.c, way.d));
@@ -174,14 +175,14 @@ void Flattening::addAtAngle(State& state, Raster raster, const Transform& way) {
 
 /// A single picture at an angle: first along its own axes to the size at which it is seen, so that
 /// nothing is skipped, then turned.
-void Flattening::addTurned(State& state, const Rect& shown) {
+void Flattening::addTurned(FlatteningState& state, const Rect& shown) {
     if (state.bounds.empty() || tooDeep()) return;
     const PixelGrid grid = PixelGrid::over(state.node->extent, state.place, 1);
     const auto limits = PixelRect::touching(grid.toGrid.apply(shown)).clampedTo(grid.whole);
     const auto way = state.place.inverse().then(grid.toGrid);
     const auto area = seenThrough(way, state.bounds).clampedTo(limits);
     if (!Raster::holds(area)) return;
-    State flat{state.node, grid.toGrid, area};
+    FlatteningState flat{state.node, grid.toGrid, area};
     flat.limits = shown;
     flat.clamping = true;
     auto parts = Flattening(depth + 1).run(std::move(flat));
@@ -190,11 +191,11 @@ void Flattening::addTurned(State& state, const Rect& shown) {
     addSeen(state, std::move(raster), way, area);
 }
 
-void Flattening::add(State& state, bool opaque, Layer::Content content) {
+void Flattening::add(FlatteningState& state, bool opaque, Layer::Content content) {
     add(state, opaque ? state.bounds : PixelRect{}, std::move(content));
 }
 
-void Flattening::add(State& state, const PixelRect& opaque, Layer::Content content) {
+void Flattening::add(FlatteningState& state, const PixelRect& opaque, Layer::Content content) {
     Layer layer = layerOf(state, opaque);
     if (layer.bounds.empty() || layer.opacity == 0) return;
     layer.content = std::move(content);

@@ -1,4 +1,4 @@
-#include "app/editor/commands/Kinds.h"
+#include "app/editor/commands/Kind.h"
 
 #include "app/options/Paths.h"
 #include "core/playbooks/Playbooks.h"
@@ -32,56 +32,56 @@ double Seconds::read(const JsonValue& value, const Editor&) {
     return std::clamp(value.number(), -farthest, farthest);
 }
 
-Stretch Span::read(const JsonValue& value, const Editor& editor) {
+Stretch TimeSpan::read(const JsonValue& value, const Editor& editor) {
     if (value.size() != 2) throw Problem("two times are expected.");
     const Stretch read{Seconds::read(value.element(0), editor), Seconds::read(value.element(1), editor)};
     if (read.to < read.from) throw Problem("its end is before its start.");
     return read;
 }
 
-UUID Video::read(const JsonValue& value, const Editor& editor) {
+UUID VideoTag::read(const JsonValue& value, const Editor& editor) {
     return found(value, "a video", [&](const auto& name) { return Named::video(editor, name); });
 }
 
-UUID Clip::read(const JsonValue& value, const Editor& editor) {
+UUID ClipTag::read(const JsonValue& value, const Editor& editor) {
     return found(value, "a clip", [&](const auto& name) { return Named::clip(editor, name); });
 }
 
-UUID Bookmark::read(const JsonValue& value, const Editor& editor) {
+UUID BookmarkTag::read(const JsonValue& value, const Editor& editor) {
     return found(value, "a bookmark", [&](const auto& name) { return Named::bookmark(editor, name); });
 }
 
-UUID Source::read(const JsonValue& value, const Editor& editor) {
+UUID SourceName::read(const JsonValue& value, const Editor& editor) {
     return found(value, "a source", [&](const auto& name) { return Named::source(editor, name); });
 }
 
-Named::FoundLine Line::read(const JsonValue& value, const Editor& editor) {
+Named::FoundLine LineTag::read(const JsonValue& value, const Editor& editor) {
     return found(value, "a line", [&](const auto& name) { return Named::line(editor, name); });
 }
 
 template <Pick::Kind kind>
-std::string Block<kind>::words() {
+std::string BlockOf<kind>::words() {
     const std::string word(rawText(kind));
     const std::string song = kind == Pick::Kind::sound ? " | \"song 1\"" : "";
     return "\"" + word + " 1\"" + song + ", or an id";
 }
 
 template <Pick::Kind kind>
-UUID Block<kind>::read(const JsonValue& value, const Editor& editor) {
+UUID BlockOf<kind>::read(const JsonValue& value, const Editor& editor) {
     return found(value, "a " + std::string(rawText(kind)),
                  [&](const auto& name) { return Named::block(editor, kind, name); });
 }
 
-template struct Block<Pick::Kind::cut>;
-template struct Block<Pick::Kind::shot>;
-template struct Block<Pick::Kind::overlay>;
-template struct Block<Pick::Kind::sound>;
+template struct BlockOf<Pick::Kind::cut>;
+template struct BlockOf<Pick::Kind::shot>;
+template struct BlockOf<Pick::Kind::overlay>;
+template struct BlockOf<Pick::Kind::sound>;
 
 UUID AnyBlock::read(const JsonValue& value, const Editor& editor) {
     return found(value, "a block", [&](const auto& name) { return Named::anyBlock(editor, name); });
 }
 
-Book Playbook::read(const JsonValue& value, const Editor&) {
+Book PlaybookID::read(const JsonValue& value, const Editor&) {
     auto book = Playbooks::find(Text::Value(value.text()));
     if (!book)
         throw Problem("“" + murbo::Text::beginning(value.text(), 100) + "” is no playbook of the library.");
@@ -100,7 +100,7 @@ Pick TimelinePick::read(const JsonValue& value, const Editor& editor) {
     const bool isCaption = kind == Pick::Kind::caption;
     if (value.size() == 3 && !isCaption) throw Problem("only a caption has pieces.");
     if (isCaption) {
-        Pick pick{kind, Line::read(value.element(1), editor).line.id, {}};
+        Pick pick{kind, LineTag::read(value.element(1), editor).line.id, {}};
         if (value.size() == 3 && !value.element(2).isNull()) pick.piece = value.element(2).integer();
         if (pick.piece.value_or(0) < 0) throw Problem("a piece counts from 0.");
         return pick;

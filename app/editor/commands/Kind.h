@@ -60,37 +60,37 @@ struct Seconds {
 };
 
 /// From one time to a later one: [a, b].
-struct Span {
+struct TimeSpan {
     using Value = Stretch;
     static std::string words() { return "[seconds, seconds]"; }
     static Value read(const JsonValue& value, const Editor& editor);
 };
 
-struct Video {
+struct VideoTag {
     using Value = UUID;
     static std::string words() { return "a video's tag"; }
     static Value read(const JsonValue& value, const Editor& editor);
 };
 
-struct Clip {
+struct ClipTag {
     using Value = UUID;
     static std::string words() { return "a clip's tag"; }
     static Value read(const JsonValue& value, const Editor& editor);
 };
 
-struct Bookmark {
+struct BookmarkTag {
     using Value = UUID;
     static std::string words() { return "a bookmark's tag"; }
     static Value read(const JsonValue& value, const Editor& editor);
 };
 
-struct Source {
+struct SourceName {
     using Value = UUID;
     static std::string words() { return "a source's file name"; }
     static Value read(const JsonValue& value, const Editor& editor);
 };
 
-struct Line {
+struct LineTag {
     using Value = Named::FoundLine;
     static std::string words() { return "a line's tag"; }
     static Value read(const JsonValue& value, const Editor& editor);
@@ -98,15 +98,15 @@ struct Line {
 
 /// A block of a video: `kind` says of which sort.
 template <Pick::Kind kind>
-struct Block {
+struct BlockOf {
     using Value = UUID;
     static std::string words();
     static Value read(const JsonValue& value, const Editor& editor);
 };
-using Cut = Block<Pick::Kind::cut>;
-using Shot = Block<Pick::Kind::shot>;
-using Overlay = Block<Pick::Kind::overlay>;
-using Sound = Block<Pick::Kind::sound>; ///< or a song
+using Cut = BlockOf<Pick::Kind::cut>;
+using Shot = BlockOf<Pick::Kind::shot>;
+using Overlay = BlockOf<Pick::Kind::overlay>;
+using Sound = BlockOf<Pick::Kind::sound>; ///< or a song
 
 struct AnyBlock {
     using Value = UUID;
@@ -114,7 +114,7 @@ struct AnyBlock {
     static Value read(const JsonValue& value, const Editor& editor);
 };
 
-struct Playbook {
+struct PlaybookID {
     using Value = Book;
     static std::string words() { return "a playbook's id"; }
     static Value read(const JsonValue& value, const Editor& editor);
