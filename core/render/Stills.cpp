@@ -35,10 +35,11 @@ double onCut(double at, const List<Cut>& cuts) {
 }
 
 /// The moment of its source that a cut shows at a place, as a movie's frame there does.
-double momentOf(const VideoTime::Place& place, const List<Cut>& cuts) {
+double momentOf(const VideoTime::Place& place, const List<Cut>& cuts, const PictureGrid& grid) {
     const auto* next = place.cut + 1 < cuts.size() ? &cuts[place.cut + 1] : nullptr;
     const auto& cut = cuts[place.cut];
-    return FrameTime::asked(cut.start, place.at - cut.start, FrameTime::lastMoment(cut, next));
+    return FrameTime::asked(FrameTime::begin(cut.start, grid), place.at - cut.start,
+                            FrameTime::lastMoment(cut, next));
 }
 
 ShownFootage footage(const Subject& of, double time) {
@@ -49,7 +50,7 @@ ShownFootage footage(const Subject& of, double time) {
     if (!source || of.missing.contains(source->id)) return {};
     try {
         auto reader = FrameReader::open(source->path, FrameReader::Purpose::stills);
-        const auto shown = reader.at(momentOf(*place, cuts));
+        const auto shown = reader.at(momentOf(*place, cuts, reader.facts().picture->grid));
         if (!shown) return {{}, source->id};
         return {Image::frame(shown->frame), source->id};
     } catch (const Problem&) {

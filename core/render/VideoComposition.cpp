@@ -24,16 +24,30 @@ int wholeRate(double rate) {
     return static_cast<int>(whole);
 }
 
-double nominalRate(const std::filesystem::path& file) {
-    try {
-        const auto picture = MediaFile::facts(file).picture;
-        return picture ? picture->nominalRate : 0;
-    } catch (const Problem&) {
-        return 0; // an unreadable file has no say
+using Pictures = std::map<UUID, MediaFacts::Picture>;
+
+/// What the footage's pictures are like, by its source. An unreadable file has no say.
+Pictures picturesOf(const Video& video, const Project& project, const std::set<UUID>& missing) {
+    Pictures found;
+    std::set<UUID> seen = missing;
+    for (const auto& cut : video.cuts) {
+        const auto* source = project.source(cut.source);
+        if (!source || !seen.insert(source->id).second) continue;
+        try {
+            if (const auto picture = MediaFile::facts(source->path).picture) found[source->id] = *picture;
+        } catch (const Problem&) {
+        }
     }
+    return found;
 }
 
-std::vector<VideoComposition::Segment> laidOut(const Video& video, const Plan& plan,
+double rateOf(const Pictures& pictures) {
+    double rate = 0;
+    for (const auto& [source, picture] : pictures) rate = std::max(rate, picture.nominalRate);
+    return rate > 0 ? std::clamp(std::round(rate), 1.0, highestSourceRate) : rateWithoutFootage;
+}
+
+std::vector<VideoComposition::Segment> laidOut(const Video& video, const Plan& plan, const Pictures& pictures,
                                                const std::set<UUID>& missing, int rate) {
     std::vector<VideoComposition::Segment> segments;
     double at = 0;
@@ -43,7 +57,9 @@ std::vector<VideoComposition::Segment> laidOut(const Video& video, const Plan& p
         VideoComposition::Segment segment;
         segment.start = at;
         segment.length = cut.length();
-        segment.from = cut.start;
+        const auto picture = pictures.find(cut.source);
+        segment.from =
+            picture == pictures.end() ? cut.start : FrameTime::begin(cut.start, picture->second.grid);
         segment.lastMoment = FrameTime::lastMoment(cut, next);
         const auto file = plan.sources.find(cut.source);
         if (file != plan.sources.end() && !missing.contains(cut.source)) {
@@ -66,22 +82,16 @@ VideoComposition VideoComposition::make(const Video& video, const Project& proje
                                         const std::optional<std::filesystem::path>& package,
                                         std::optional<double> frameRate) {
     VideoComposition composition;
-    composition.rate = wholeRate(frameRate ? *frameRate : sourceRate(video, project, missing));
+    const auto pictures = picturesOf(video, project, missing);
+    composition.rate = wholeRate(frameRate ? *frameRate : rateOf(pictures));
     composition.box = std::make_shared<PlanBox>(Plan::video(video, project, fonts, package));
-    composition.segments = laidOut(video, *composition.box->plan(), missing, composition.rate);
+    composition.segments = laidOut(video, *composition.box->plan(), pictures, missing, composition.rate);
     return composition;
 }
 
 double VideoComposition::sourceRate(const Video& video, const Project& project,
                                     const std::set<UUID>& missing) {
-    std::set<UUID> seen = missing;
-    double rate = 0;
-    for (const auto& cut : video.cuts) {
-        const auto* source = project.source(cut.source);
-        if (source && seen.insert(source->id).second) rate = std::max(rate, nominalRate(source->path));
-    }
-    if (!(rate > 0)) return rateWithoutFootage;
-    return std::clamp(std::round(rate), 1.0, highestSourceRate);
+    return rateOf(picturesOf(video, project, missing));
 }
 
 VideoComposition::Moment VideoComposition::moment(std::int64_t frame) const {

@@ -68,6 +68,18 @@ double nominalRate(AVStream* stream) {
     return mean <= highestRate * 1.01 ? mean : 0;
 }
 
+// A rate out of a container's whole numbers stands for the standard one that it comes within a hair of.
+double exactRate(double rate) {
+    const auto near = [&](double standard) { return std::abs(rate - standard) < 1e-5 * standard; };
+    const auto* exact = std::ranges::find_if(standardRates, near);
+    return exact == std::end(standardRates) ? rate : *exact;
+}
+
+PictureGrid grid(const Demuxer& input, const AVStream* stream, const MediaFacts::Picture& told) {
+    if (told.variableRate || told.nominalRate <= 0 || stream->start_time == AV_NOPTS_VALUE) return {};
+    return {input.seconds(stream->start_time, stream), 1 / exactRate(told.nominalRate)};
+}
+
 MediaFacts::Picture picture(const Demuxer& input, AVStream* stream) {
     const PictureTraits traits = FrameView::traits(input.context(), stream);
     Frame shape;
@@ -86,6 +98,7 @@ MediaFacts::Picture picture(const Demuxer& input, AVStream* stream) {
     told.interlaced = isInterlaced(stream);
     told.highDynamicRange = FrameView::isHighDynamicRange(stream->codecpar->color_trc);
     told.quarterTurns = traits.quarterTurns;
+    told.grid = grid(input, stream, told);
     return told;
 }
 

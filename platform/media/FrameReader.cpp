@@ -52,14 +52,20 @@ struct FrameReader::PictureSearch {
           decoder(input, stream, threads(purpose)) {
         input.readOnly(stream);
         if (purpose == Purpose::sampling) decoder.onlySample();
-        reach = tolerance + std::min(av_q2d(stream->time_base) / 2, maxHalfTick) + rounding;
+        halfTick = std::min(av_q2d(stream->time_base) / 2, maxHalfTick) + rounding;
     }
 
-    double timeOf(const PictureDecoder::Decoded& picture) const {
-        return input.seconds(picture.ticks, stream);
+    /// Where a picture has its place on the grid, half a tick off for its own time and half for the first's.
+    std::optional<double> placeOf(std::int64_t ticks) const {
+        return facts.picture->grid.near(input.seconds(ticks, stream), 2 * halfTick);
+    }
+    double timeOf(std::int64_t ticks) const { return placeOf(ticks).value_or(input.seconds(ticks, stream)); }
+    double onFrom(std::int64_t ticks) const {
+        if (const auto place = placeOf(ticks)) return *place - rounding;
+        return input.seconds(ticks, stream) - tolerance - halfTick;
     }
     bool comesOn(const std::optional<PictureDecoder::Decoded>& picture, double time) const {
-        return picture && timeOf(*picture) <= time + reach;
+        return picture && onFrom(picture->ticks) <= time;
     }
 
     bool shows(double time) const;
@@ -80,7 +86,7 @@ struct FrameReader::PictureSearch {
     PictureTraits traits;
     MediaFacts facts;
     PictureDecoder decoder;
-    double reach = 0; ///< seconds before a picture's own time from which it is on
+    double halfTick = 0; ///< seconds that the file's clock rounds off at most
 
     std::optional<PictureDecoder::Decoded> current;
     std::optional<PictureDecoder::Decoded> upcoming;
@@ -91,16 +97,15 @@ struct FrameReader::PictureSearch {
 
 bool FrameReader::PictureSearch::shows(double time) const {
     if (shown == INT64_MIN) return false;
-    const double since = input.seconds(shown, stream);
-    if (since > time + reach) return currentIsFirst;
+    if (onFrom(shown) > time) return currentIsFirst;
     if (upcoming || decoder.isAtEnd()) return !comesOn(upcoming, time);
     const double passed = input.seconds(decoder.readUpTo(), stream) - maxHeldBack;
-    return time <= std::max(since + reach, passed);
+    return time <= std::max(timeOf(shown) + tolerance, passed);
 }
 
 // Decoding on costs what lies between; a jump costs what lies between its keyframe and the time.
 bool FrameReader::PictureSearch::canReadOn(double time) const {
-    if (shown == INT64_MIN || input.seconds(shown, stream) > time + reach) return false;
+    if (shown == INT64_MIN || onFrom(shown) > time) return false;
     if (decoder.hasFailed()) return false;
     const double position = input.seconds(decoder.readUpTo(), stream);
     if (time <= position + worthAJump) return true;
@@ -193,7 +198,7 @@ std::optional<FrameReader::TimedFrame> FrameReader::PictureSearch::given() {
     if (!frame && current) frame = FrameView::of(std::move(current->picture), traits);
     current.reset();
     if (!frame) return std::nullopt;
-    return TimedFrame{input.seconds(shown, stream), *frame};
+    return TimedFrame{timeOf(shown), onFrom(shown), *frame};
 }
 
 FrameReader::FrameReader(std::unique_ptr<PictureSearch> given) : search(std::move(given)) {}
@@ -203,10 +208,6 @@ FrameReader::~FrameReader() = default;
 
 FrameReader FrameReader::open(const std::filesystem::path& path, Purpose purpose) {
     return FrameReader(std::make_unique<PictureSearch>(path, purpose));
-}
-
-double FrameReader::slack() const {
-    return search->reach;
 }
 
 const MediaFacts& FrameReader::facts() const {

@@ -30,6 +30,7 @@ public:
 
     struct TimedFrame {
         double time = 0; ///< seconds at which the picture comes on
+        double from = 0; ///< from when it counts as on: a little earlier where `time` is not exact
         Frame frame;
     };
 
@@ -42,12 +43,14 @@ public:
 
     const MediaFacts& facts() const;
 
-    /// Half a 600th of a second: what an asked time may miss a picture's own by. Where the file's clock is a
-    /// coarse one, what that rounds off comes on top.
-    static constexpr double tolerance = 0.5 / 600;
+    /// A 600th of a second: how long before its own time a picture counts as on that has no place on its
+    /// track's grid. Half of it is for how its time was rounded, half for how the asked one was. Where the
+    /// file's clock is a coarse one, what that rounds off comes on top.
+    static constexpr double tolerance = 1.0 / 600;
 
-    /// The picture that is on at `time`: the last that came on at or before it, within `tolerance`; the first
-    /// one where `time` is before it, after the end the last one. A time a little ahead of the last one
+    /// The picture that is on at `time`: the last that came on at or before it. One on the track's grid comes
+    /// on exactly then, whatever the file rounded, others within `tolerance`. The first one where `time` is
+    /// before it, after the end the last one. A time a little ahead of the last one
     /// asked is reached by decoding on, any other by a seek. Nothing where not one picture can be decoded
     /// there, and where `stop` came before it was reached.
     std::optional<TimedFrame> at(double time, const std::stop_token& stop = {});
@@ -61,9 +64,6 @@ public:
 
     /// The picture after the one last given; nothing at the end.
     std::optional<TimedFrame> next();
-
-    /// How far before its own time a picture counts as on, in seconds.
-    double slack() const;
 
 private:
     struct PictureSearch;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/image/Geometry.h"
+#include "platform/media/PictureGrid.h"
 
 #include <optional>
 
@@ -17,6 +18,7 @@ struct MediaFacts {
         bool interlaced = false;
         bool highDynamicRange = false;
         int quarterTurns = 0; ///< clockwise, that bring it upright
+        PictureGrid grid;
     };
     struct Sound {
         int tracks = 0;

@@ -44,7 +44,11 @@ TEST(Facts, tellsTheRateThatAFileWasMadeAt) {
         return *factsOf(name, arguments).picture;
     };
     EXPECT_NEAR(rate("ntsc.mp4", "-f lavfi -i testsrc=r=30000/1001:d=2 " + x264).nominalRate, 29.97, 0.001);
-    EXPECT_NEAR(rate("film.mkv", "-f lavfi -i testsrc=r=24000/1001:d=2 " + x264).nominalRate, 23.976, 0.001);
+    const auto film = rate("film.mkv", "-f lavfi -i testsrc=r=24000/1001:d=2 " + x264);
+    EXPECT_NEAR(film.nominalRate, 23.976, 0.001);
+    EXPECT_DOUBLE_EQ(film.grid.spacing, 1001 / 24000.0);
+    const auto ntsc60 = rate("ntsc60.mkv", "-f lavfi -i testsrc=r=60000/1001:d=2 " + x264);
+    EXPECT_DOUBLE_EQ(ntsc60.grid.spacing, 1001 / 60000.0) << "which Matroska writes in whole nanoseconds";
     EXPECT_EQ(rate("fast.mp4", "-f lavfi -i testsrc=r=120:d=1 " + x264).nominalRate, 120);
     // A phone's pictures, 33.3 ms apart but for a few: its header says 120.
     const auto phone = rate("phone.mp4",
@@ -60,4 +64,5 @@ TEST(Facts, tellsTheRateThatAFileWasMadeAt) {
                                  x264);
     EXPECT_GT(uneven.nominalRate, 20);
     EXPECT_LT(uneven.nominalRate, 61);
+    EXPECT_EQ(uneven.grid.spacing, 0) << "times that follow no rate stay as they are";
 }

@@ -10,10 +10,17 @@ using namespace murbo;
 
 namespace {
 
-const made::Shown& expected(const std::vector<made::Shown>& shown, double time) {
+/// From when a picture counts as on: exactly, where it has a place on the grid.
+double onFrom(double written, const PictureGrid& grid) {
+    const auto place = grid.near(written, 0.001);
+    return place ? *place - 1e-6 : written - FrameReader::tolerance - 1e-6;
+}
+
+const made::Shown& expected(const std::vector<made::Shown>& shown, double time,
+                            const PictureGrid& grid = {}) {
     const made::Shown* found = &shown.front();
     for (const made::Shown& each : shown)
-        if (each.time <= time + FrameReader::tolerance + 1e-6) found = &each;
+        if (onFrom(each.time, grid) <= time) found = &each;
     return *found;
 }
 
@@ -30,6 +37,7 @@ void expectExact(const std::filesystem::path& path, const std::string& filter = 
     SCOPED_TRACE(path.filename().string());
     const auto shown = made::pictures(path, filter);
     ASSERT_FALSE(shown.empty());
+    const auto grid = MediaFile::facts(path).picture->grid;
     const double length = shown.back().time + 0.1;
     for (const auto purpose : {FrameReader::Purpose::stills, FrameReader::Purpose::playing}) {
         FrameReader reader = FrameReader::open(path, purpose);
@@ -39,10 +47,10 @@ void expectExact(const std::filesystem::path& path, const std::string& filter = 
         for (int jump = 0; jump < jumps; ++jump) {
             double time = anywhere(random);
             for (int step = 0; step < 3; ++step, time += little(random))
-                expectSame(reader.at(time), expected(shown, time), time);
+                expectSame(reader.at(time), expected(shown, time, grid), time);
         }
         for (const double time : {-1.0, 0.0, length, length + 100, 0.0, 1e300, -1e300})
-            expectSame(reader.at(time), expected(shown, time), time);
+            expectSame(reader.at(time), expected(shown, time, grid), time);
     }
 }
 
@@ -52,11 +60,12 @@ void expectAll(const std::filesystem::path& path, const std::string& filter = "n
     auto shown = made::pictures(path, filter);
     for (made::Shown& each : shown) each.time += later;
     FrameReader reader = FrameReader::open(path);
+    const auto grid = reader.facts().picture->grid;
     for (const made::Shown& each : shown) expectSame(reader.next(), each, each.time);
     EXPECT_FALSE(reader.next());
     for (int number = 0; number < 40; ++number) {
         const double time = number / 30.0;
-        expectSame(reader.at(time), expected(shown, time), time);
+        expectSame(reader.at(time), expected(shown, time, grid), time);
     }
 }
 
@@ -215,7 +224,8 @@ TEST(FrameReader, aStretchFromAPicturesOwnTimeShowsEachPictureOnce) {
             const double zero = shown.front().time;
             FrameReader reader = FrameReader::open(path);
             for (const std::size_t first : {7u, 11u, 20u}) {
-                const double start = std::round(static_cast<double>(first) / rate * 600) / 600;
+                const double told = std::round(static_cast<double>(first) / rate * 600) / 600;
+                const double start = reader.facts().picture->grid.near(told, 0.5 / 600).value_or(told);
                 for (std::size_t step = 0; first + step + 1 < shown.size(); ++step) {
                     const auto given = reader.at(start + static_cast<double>(step) / rate);
                     ASSERT_TRUE(given);

@@ -76,8 +76,8 @@ std::optional<Frame> FootageReel::atHand(double time) const {
 
 std::optional<Frame> FootageReel::lastBefore(double time) const {
     if (kept.empty()) return std::nullopt;
-    const auto after = std::ranges::partition_point(
-        kept, [&](const auto& each) { return each.time <= time + reader->slack(); });
+    const auto after =
+        std::ranges::partition_point(kept, [&](const auto& each) { return each.from <= time; });
     if (after != kept.begin()) return std::prev(after)->frame;
     return startsFile ? std::optional(kept.front().frame) : std::nullopt;
 }
@@ -92,7 +92,7 @@ std::optional<FrameReader::TimedFrame> FootageReel::nearest(double time, double 
         forget();
         if (!key) return std::nullopt;
         keep(*key);
-        startsFile = key->time > time + reader->slack();
+        startsFile = key->from > time;
         return key;
     } catch (const Problem&) {
         forget();
@@ -102,20 +102,19 @@ std::optional<FrameReader::TimedFrame> FootageReel::nearest(double time, double 
 
 bool FootageReel::holds(double time) const {
     if (kept.empty()) return false;
-    const double reached = time + reader->slack();
-    return (startsFile || kept.front().time <= reached) && (endsFile || kept.back().time > reached);
+    return (startsFile || kept.front().from <= time) && (endsFile || kept.back().from > time);
 }
 
 bool FootageReel::isNear(double time) const {
     if (kept.empty()) return false;
-    const double first = startsFile ? -1e12 : kept.front().time - reader->slack();
+    const double first = startsFile ? -1e12 : kept.front().from;
     return time >= first && (endsFile || time <= kept.back().time + worthReadingOn);
 }
 
 void FootageReel::readOn(double time, const std::stop_token& stop) {
     if (!readerIsThere && !reader->at(kept.back().time, stop)) return;
     readerIsThere = true;
-    while (!endsFile && kept.back().time <= time + reader->slack() && !stop.stop_requested()) {
+    while (!endsFile && kept.back().from <= time && !stop.stop_requested()) {
         if (auto next = reader->next())
             keep(std::move(*next));
         else
@@ -131,9 +130,9 @@ void FootageReel::jump(double time, const std::stop_token& stop) {
     if (!first) return;
     const double length = reader->facts().length;
     const double from = (length > 0 ? std::min(time, length) : time) - reach(most() / 2);
-    if (from > first->time + reader->slack()) first = reader->at(from, stop);
+    if (from > first->time) first = reader->at(from, stop);
     if (!first || stop.stop_requested()) return;
-    startsFile = first->time > time + reader->slack();
+    startsFile = first->from > time;
     keep(std::move(*first));
     readOn(time, stop);
 }
@@ -186,7 +185,7 @@ void FootageReel::takeBefore() {
     behind = std::move(read.reader);
     if (!read.whole || kept.empty() || kept.front().time != read.edge) return; // the place is another by now
     kept.insert(kept.begin(), read.frames.begin(), read.frames.end());
-    while (kept.size() > most() && kept[kept.size() - 2].time > asked + reader->slack()) {
+    while (kept.size() > most() && kept[kept.size() - 2].from > asked) {
         kept.pop_back();
         endsFile = readerIsThere = false;
     }

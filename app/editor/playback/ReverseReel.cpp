@@ -12,6 +12,7 @@ namespace {
 
 constexpr double smallPixels = 640 * 360; // enough while it runs; the picture that it stops on is whole
 constexpr std::size_t mostPictures = 160; // 55 MB
+constexpr double nearly = 1e-3;           // seconds by which pictures may be nearer than the step
 constexpr auto look = std::chrono::milliseconds(5);
 
 int even(double size) {
@@ -74,11 +75,9 @@ ReverseReel::ReversedRun ReverseReel::read(std::optional<FrameReader> reader,
         const double fits = end - static_cast<double>(mostPictures) * step;
         stretch.from = std::max({frame->time, start, fits});
         if (stretch.from > frame->time) frame = stretch.reader->at(stretch.from, stop);
-        const double slack = stretch.reader->slack();
-        for (; frame && frame->time <= end + slack && !stop.stop_requested();
-             frame = stretch.reader->next()) {
+        for (; frame && frame->from <= end && !stop.stop_requested(); frame = stretch.reader->next()) {
             const bool tooNear =
-                !stretch.pictures.empty() && frame->time < stretch.pictures.back().time + step - slack;
+                !stretch.pictures.empty() && frame->time < stretch.pictures.back().time + step - nearly;
             if (!tooNear) stretch.pictures.push_back({frame->time, reduced(frame->frame)});
         }
     } catch (const Problem&) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/model/Times.h"
+#include "platform/media/PictureGrid.h"
 
 #include <algorithm>
 #include <cmath>
@@ -41,10 +42,15 @@ inline std::int64_t first(double edge, int rate) {
 /// the next cut goes on there (or null for none), it may be.
 double lastMoment(const Cut& cut, const Cut* next);
 
-/// The moment to ask a source for, so long after a cut's start `from`. A picture that comes on up to half a
-/// tick later was meant: its time was rounded, or that of the cut.
+/// Where in its file a cut begins. A picture within half a tick of the time told was meant: that was rounded,
+/// and so may the picture's own have been, which its place on the file's grid makes good.
+inline double begin(double start, const PictureGrid& grid) {
+    return grid.near(start, Times::tick / 2).value_or(start);
+}
+
+/// The moment to ask a source for, so long after a cut's beginning `from`.
 inline double asked(double from, double elapsed, double lastMoment) {
-    return std::min(from + elapsed + Times::tick / 2, lastMoment);
+    return std::min(from + elapsed, lastMoment);
 }
 
 }
