@@ -1,6 +1,5 @@
 #include "core/ai/OpenRouter.h"
 #include "platform/base/Cancelled.h"
-#include "platform/net/OpenRouterAddress.h"
 #include "tests/Environment.h"
 #include "tests/FakeServer.h"
 #include "tests/ProblemOf.h"
@@ -101,14 +100,6 @@ TEST(OpenRouter, carriesTheKeyNowhereElse) {
     Served served("HTTP/1.1 307 Moved\r\nLocation: " + other.base + "\r\nContent-Length: 0\r\n\r\n");
     EXPECT_THAT(problemOf([] { OpenRouter("k").send(hello, "m"); }), HasSubstr("could not be read"));
     EXPECT_EQ(other.request(), "");
-    for (const char* unfit : {"http://openrouter.example", "ftp://127.0.0.1", "https://user@openrouter.ai",
-                              "https://openrouter.ai?to=x", "openrouter.ai"}) {
-        const Environment address("MURBO_OPENROUTER", unfit);
-        EXPECT_EQ(problemOf([] { OpenRouterAddress::base(); }),
-                  "Nothing is sent to " + std::string(unfit) + ": it is no HTTPS address.");
-    }
-    const Environment unset("MURBO_OPENROUTER", "");
-    EXPECT_EQ(OpenRouterAddress::base(), "https://openrouter.ai");
 }
 
 TEST(OpenRouter, stopsWhenItIsAskedTo) {

@@ -1,5 +1,4 @@
 #include "platform/base/Names.h"
-#include "platform/base/Text.h"
 
 #include <algorithm>
 
@@ -29,28 +28,4 @@ TEST(Names, noTwoTextsAreEqualUnlessTheyAreTheSame) {
          {std::pair{"1", "01"}, {"é", "e\u0301"}, {"\xFF", "\xFE"}, {"", "\u200B"}})
         EXPECT_NE(Names::before(one, other), Names::before(other, one)) << one << " " << other;
     EXPECT_FALSE(Names::before("1", "1"));
-}
-
-TEST(Text, trimsWhatItSaysAndNoMore) {
-    EXPECT_EQ(Text::trimmedOfBlanks(" \t\u00A0\u3000a b\u2003 "), "a b");
-    EXPECT_EQ(Text::trimmedOfBlanks(" \n a "), "\n a");
-    EXPECT_EQ(Text::trimmed(" \r\n a\n\u2028"), "a");
-    EXPECT_EQ(Text::trimmed(" \xFF "), "\xFF");
-    EXPECT_EQ(Text::trimmedOfBlanks("\t "), "");
-}
-
-TEST(Text, comparesWithoutCaseInEveryScript) {
-    EXPECT_TRUE(Text::sameIgnoringCase("STRASSE.MP4", "straße.mp4"));
-    EXPECT_TRUE(Text::sameIgnoringCase("Ελλάς", "ΕΛΛΆΣ"));
-    EXPECT_FALSE(Text::sameIgnoringCase("a", "ab"));
-    EXPECT_EQ(Text::lowercased("ÀB1"), "àb1");
-}
-
-TEST(Text, isRepairedOnlyWhereItIsBroken) {
-    EXPECT_EQ(Text::repaired("สวัส"), "สวัส");
-    EXPECT_EQ(Text::repaired("a\xFF"
-                             "b\xE0\xB8"),
-              "a\uFFFDb\uFFFD");
-    for (const char* broken : {"\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\x80"})
-        EXPECT_FALSE(Text::isUtf8(broken));
 }

@@ -1,8 +1,5 @@
-#include "core/intake/SourceFinder.h"
 #include "core/intake/Sources.h"
-#include "core/intake/transcription/Transcripts.h"
 #include "core/model/Project.h"
-#include "tests/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -40,33 +37,4 @@ TEST(Sources, aStreamKeepsItsMarkersAndHasNoWholeClip) {
     EXPECT_TRUE(project.source(Sources::addStream(project, recording, {"m.csv", ""}))->stream);
     EXPECT_FALSE(project.source(Sources::addStream(project, recording, {"m.csv", std::nullopt}))->stream);
     EXPECT_EQ(project.clips.size(), 1);
-}
-
-TEST(SourceFinder, looksAtThePathAloneAndChangesNothing) {
-    const TemporaryFolder folder;
-    Project project;
-    Sources::add(project, {{folder.file("here.mp4"), 1}, {folder / "gone.mp4", 1}}, "g", Source::Kind::file);
-    project.sources.edit()[1].bookmark = Data{"opaque"};
-    const auto before = project;
-    EXPECT_THAT(SourceFinder::find(project), ElementsAre(project.sources[1].id));
-    EXPECT_EQ(project, before);
-    EXPECT_FALSE(SourceFinder::find(Source{.path = std::string(100'000, 'x')}));
-}
-
-TEST(Transcripts, linesAreReplacedByTheirMiddle) {
-    Project project;
-    const auto source = UUID::make();
-    const auto line = [](double start, double end, const char* text) {
-        return Line{.start = start, .end = end, .text = text};
-    };
-    Transcripts::replaceLines(
-        project, source, 0, 100,
-        {line(8, 10, "before"), line(9, 11, "first"), line(19, 21, "behind"), line(12, 13, "old")});
-    project.transcripts[source].notes.edit().push_back(Note{.text = "stays"});
-    Transcripts::replaceLines(project, source, 10, 20,
-                              {line(15, 16, "two"), line(9.5, 16, "one"), line(15, 17, "three")});
-    std::vector<std::string> texts;
-    for (const auto& each : project.transcript(source).lines) texts.push_back(each.text);
-    EXPECT_THAT(texts, ElementsAre("before", "one", "two", "three", "behind"));
-    EXPECT_EQ(project.transcript(source).notes.size(), 1);
 }

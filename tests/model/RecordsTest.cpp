@@ -96,7 +96,6 @@ TEST(Records, newOnesHaveTheirDefaultsAndAnIdentityOfTheirOwn) {
     EXPECT_EQ(compact(Look()), smallestForm("Look"));
     EXPECT_EQ(compact(Framing()), smallestForm("Framing"));
     EXPECT_NE(Clip().id, Clip().id);
-    EXPECT_EQ(Cut::generated("card", 2, std::nullopt, 0.05).length(), 0.1);
     Project none;
     none.ideas.emplace();
     EXPECT_EQ(Codec::decode<Project>(Codec::encode(none)), none) << "none is another thing than none yet";

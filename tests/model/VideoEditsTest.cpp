@@ -1,4 +1,3 @@
-#include "core/model/Lanes.h"
 #include "core/model/edits/VideoEdits.h"
 
 #include <fmt/format.h>
@@ -162,11 +161,4 @@ TEST(VideoEdits, turnsSoundOffForAllNamedThenOnForAll) {
     VideoEdits::toggleMute(video, named);
     EXPECT_EQ(video.cuts[0].muted, std::nullopt);
     EXPECT_EQ(video.cuts[1].muted, std::nullopt);
-}
-
-TEST(Lanes, aBlockTakesTheFirstFreeRow) {
-    using Rows = std::vector<std::size_t>;
-    EXPECT_EQ(Lanes::assign({{5, 9}, {0, 5.0004}, {1, 2}, {2.1, 3}, {0, 1}}), (Rows{0, 0, 1, 1, 1}));
-    EXPECT_EQ(Lanes::assign({{5, 9}, {0, 5.0006}}), (Rows{1, 0}));
-    EXPECT_TRUE(Lanes::assign({}).empty());
 }

@@ -1,0 +1,28 @@
+#include "platform/net/OpenRouterAddress.h"
+#include "tests/Environment.h"
+#include "tests/ProblemOf.h"
+
+#include <gtest/gtest.h>
+
+namespace murbo {
+
+TEST(OpenRouterAddress, isEncryptedOrOnThisMachine) {
+    for (const auto& [given, used] : {std::pair{"", "https://openrouter.ai"},
+                                      {"https://example.org/", "https://example.org"},
+                                      {"http://127.0.0.1:80", "http://127.0.0.1:80"},
+                                      {"http://[::1]:80/", "http://[::1]:80"},
+                                      {"http://localhost:80", "http://localhost:80"}}) {
+        const Environment address("MURBO_OPENROUTER", given);
+        EXPECT_EQ(OpenRouterAddress::base(), used);
+    }
+    for (const char* unfit :
+         {"http://openrouter.example", "http://127.0.0.1.example", "http://localhost.example",
+          "ftp://127.0.0.1", "https://user@openrouter.ai", "http://127.0.0.1@example.org",
+          "https://openrouter.ai?to=x", "openrouter.ai"}) {
+        const Environment address("MURBO_OPENROUTER", unfit);
+        EXPECT_EQ(problemOf([] { OpenRouterAddress::base(); }),
+                  "Nothing is sent to " + std::string(unfit) + ": it is no HTTPS address.");
+    }
+}
+
+}
