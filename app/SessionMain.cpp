@@ -28,7 +28,7 @@ int main(int count, char** words) {
     const QCoreApplication application(count, words);
     const auto match = Options::match(Arguments({words, words + count}));
     const std::string_view option = match ? match->option->name : "";
-    if (option == "--serve") return Ending::of([&] { Serve::run(match->words[0]); });
+    if (option == "--serve") return Ending::of([&] { Serve::run(Paths::absolute(match->words[0])); });
     if (option == "--script") return Ending::of([&] { script(match->words); });
     return Ending::failure("This is a part of Murbo: start murbo itself.");
 }

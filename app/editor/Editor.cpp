@@ -63,7 +63,9 @@ Editor::Editor(Project project, std::set<UUID> missingSources, std::optional<std
 
 Editor::~Editor() {
     work.cancelAll();
+    ending.request_stop();
     background.finish();
+    historyWriting.finish();
 }
 
 const Video* Editor::video() const {
@@ -253,15 +255,15 @@ std::optional<std::string> Editor::takeStep(bool back) {
 
 void Editor::writeHistory() {
     historyWrite.stop();
-    background.finish();
+    historyWriting.finish();
     if (folder) write(steps, *folder);
 }
 
 void Editor::writeHistoryAside() {
     if (!folder) return;
     if (std::exchange(writingHistory, true)) return historyWrite.start(historyTime);
-    background.start([kept = steps, package = *folder] { write(kept, package); },
-                     [this] { writingHistory = false; });
+    historyWriting.start([kept = steps, package = *folder] { write(kept, package); },
+                         [this] { writingHistory = false; });
 }
 
 // ------------------------------------------------------------------------ saying --

@@ -165,6 +165,7 @@ private:
     QTimer settling;
     std::string settlingName;
     QTimer historyWrite;
+    Background historyWriting;   ///< apart, so that the last write waits for nothing else
     bool writingHistory = false; ///< on a thread
     bool inSettling = false;     ///< a drag comes to rest by itself
 
@@ -174,6 +175,7 @@ private:
     std::int64_t lastSource = 0;
     std::map<UUID, Loudness> loudnessBySource;
     std::set<UUID> measuring;
+    std::stop_source ending; ///< of what is measured
     std::map<UUID, std::unique_ptr<Filmstrip>> filmstrips;
 };
 

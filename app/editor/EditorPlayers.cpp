@@ -127,15 +127,17 @@ const Loudness* Editor::loudness(const UUID& id) {
 }
 
 QCoro::Task<> Editor::measure(Source measured) {
+    Loudness found;
     try {
-        const auto cache = folder;
-        const auto listening = [measured, cache] { return Loudness::of(measured, cache); };
-        auto found = co_await background.run(listening);
-        loudnessBySource.emplace(measured.id, std::move(found));
-        emit loudnessChanged();
+        const auto listening = [measured, cache = folder, stop = ending.get_token()] {
+            return Loudness::of(measured, cache, stop);
+        };
+        found = co_await background.run(listening);
     } catch (const std::exception&) {
-        // A source that can't be read has no loudness to show; it is not measured again in this session.
+        // What can't be read is silent; it is not measured again in this session.
     }
+    loudnessBySource.emplace(measured.id, std::move(found));
+    emit loudnessChanged();
 }
 
 Filmstrip* Editor::filmstrip(const UUID& id) {

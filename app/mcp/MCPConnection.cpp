@@ -1,6 +1,5 @@
 #include "app/mcp/MCPConnection.h"
 
-#include "app/mcp/MCPHost.h"
 #include "core/mcp/MCPServer.h"
 
 #include <QPointer>
@@ -19,8 +18,8 @@ constexpr std::chrono::seconds patience{2}; ///< for an app to take its answer a
 
 }
 
-MCPConnection::MCPConnection(QTcpSocket* accepted, MCPHost& its)
-    : QObject(&its), socket(accepted), host(its) {
+MCPConnection::MCPConnection(QTcpSocket* accepted, Call calling, QObject* parent)
+    : QObject(parent), socket(accepted), call(std::move(calling)) {
     makeRoom();
     socket->setParent(this);
     socket->setReadBufferSize(readAtOnce);
@@ -33,15 +32,17 @@ MCPConnection::MCPConnection(QTcpSocket* accepted, MCPHost& its)
 
 void MCPConnection::makeRoom() {
     // Children stand in the order in which they came.
-    auto open = host.findChildren<MCPConnection*>(Qt::FindDirectChildrenOnly);
+    auto open = parent()->findChildren<MCPConnection*>(Qt::FindDirectChildrenOnly);
     open.removeOne(this);
-    for (auto left = open.size() - most + 1; left > 0; --left) {
-        const auto silent = std::find_if(open.begin(), open.end(),
-                                         [](const auto* one) { return one->state != State::answering; });
-        if (silent == open.end()) return;
-        delete *silent;
-        open.erase(silent);
-    }
+    for (const auto dispensable : {State::reading, State::ending})
+        for (auto at = open.begin(); at != open.end() && open.size() >= most;) {
+            if ((*at)->state == dispensable) {
+                delete *at;
+                at = open.erase(at);
+            } else {
+                ++at;
+            }
+        }
 }
 
 void MCPConnection::read() {
@@ -65,11 +66,11 @@ void MCPConnection::respond(const MCPHttp::Request& request) {
     if (!message) return send(MCPHttp::parseError());
     if (MCPServer::isCall(*message)) {
         const QPointer<MCPConnection> self(this);
-        return host.call(MCPServer::toolName(*message), MCPServer::arguments(*message), this,
-                         [self, message = *message](nlohmann::json result) {
-                             const auto answer = MCPServer::result(std::move(result), message);
-                             if (self) self->send(MCPHttp::response(MCPHttp::ok, MCPServer::bytes(answer)));
-                         });
+        return call(MCPServer::toolName(*message), MCPServer::arguments(*message), this,
+                    [self, message = *message](nlohmann::json result) {
+                        const auto answer = MCPServer::result(std::move(result), message);
+                        if (self) self->send(MCPHttp::response(MCPHttp::ok, MCPServer::bytes(answer)));
+                    });
     }
     const auto answer = MCPServer::reply(*message, MURBO_VERSION);
     send(answer ? MCPHttp::response(MCPHttp::ok, MCPServer::bytes(*answer))

@@ -4,23 +4,31 @@
 
 #include <QByteArray>
 #include <QObject>
-#include <chrono>
+#include <functional>
+#include <string>
+
+#include <nlohmann/json_fwd.hpp>
 
 class QTcpSocket;
 
 namespace murbo {
 
-class MCPHost;
-
 /// One connection of an AI app: one request, one response, then the end. It deletes itself. A slow or silent
-/// one costs a buffer and no thread; beyond `most` the oldest that hasn't asked anything yet goes.
+/// one costs a buffer and no thread; beyond `most` of one parent the oldest that hasn't asked anything yet
+/// goes.
 class MCPConnection : public QObject {
     Q_OBJECT
 
 public:
     static constexpr int most = 256;
 
-    MCPConnection(QTcpSocket* accepted, MCPHost& host);
+    /// Takes the result of a call, at once or later.
+    using Answer = std::function<void(nlohmann::json)>;
+    /// Carries out a call of a tool for the app at the other end of a connection.
+    using Call = std::function<void(const std::string& tool, const nlohmann::json& arguments,
+                                    MCPConnection* from, Answer answer)>;
+
+    MCPConnection(QTcpSocket* accepted, Call call, QObject* parent);
 
 private:
     void read();
@@ -30,7 +38,7 @@ private:
     void makeRoom();
 
     QTcpSocket* socket;
-    MCPHost& host;
+    Call call;
     QByteArray received;
     enum class State { reading, answering, ending } state = State::reading;
 };

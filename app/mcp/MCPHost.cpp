@@ -8,10 +8,12 @@
 #include "core/playbooks/PlaybookGuide.h"
 #include "core/playbooks/Playbooks.h"
 #include "platform/base/Problem.h"
+#include "platform/base/Text.h"
 #include "platform/store/SettingsStore.h"
 
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <QTimer>
 #include <algorithm>
 
 #include <fmt/format.h>
@@ -24,10 +26,17 @@ namespace {
 using ID = MCPTool::ID;
 
 constexpr const char* permissionsKey = "mcpPermissions";
-constexpr int mostWaiting = 1024; ///< connections that the system holds for us
+constexpr int mostWaiting = 1024;                  ///< connections that the system holds for us
+constexpr std::chrono::milliseconds shortage{200}; ///< after which connections are taken again
 
 Date now() {
     return std::chrono::system_clock::now();
+}
+
+/// The step that an undo would take back.
+std::optional<History::Step> lastStep(const MCPSession& session) {
+    const auto& past = session.history().past();
+    return past.empty() ? std::nullopt : std::optional(past.back());
 }
 
 }
@@ -42,8 +51,8 @@ struct MCPHost::Work {
     MCPActivity::Entry entry;
     std::string text;
 
-    void say(std::string words, bool failed = false) {
-        text = std::move(words);
+    void say(const std::string& words, bool failed = false) {
+        text = Text::repaired(words);
         entry.failed = failed;
     }
 };
@@ -53,6 +62,9 @@ MCPHost::MCPHost(SettingsStore* keeper, QObject* parent)
     listener->setMaxPendingConnections(mostWaiting);
     listener->setListenBacklogSize(mostWaiting);
     connect(listener.get(), &QTcpServer::newConnection, this, &MCPHost::serve);
+    // Qt stops accepting where the system is short of descriptors, and would never begin again.
+    connect(listener.get(), &QTcpServer::acceptError, this,
+            [this] { QTimer::singleShot(shortage, listener.get(), &QTcpServer::resumeAccepting); });
     if (!store) return;
     const auto kept = store->data(permissionsKey);
     if (kept) allowed = MCPPermissions::read(kept->bytes);
@@ -78,7 +90,9 @@ std::uint16_t MCPHost::port() const {
 }
 
 void MCPHost::serve() {
-    while (auto* socket = listener->nextPendingConnection()) new MCPConnection(socket, *this);
+    const auto calling = [this](const std::string& tool, const nlohmann::json& arguments, QObject* from,
+                                Answer answer) { call(tool, arguments, from, std::move(answer)); };
+    while (auto* socket = listener->nextPendingConnection()) new MCPConnection(socket, calling, this);
 }
 
 void MCPHost::setPermissions(MCPPermissions permissions) {
@@ -114,18 +128,17 @@ void MCPHost::ask(std::shared_ptr<Work> work) {
     endQuestion(); // one at a time: an older one counts as answered no
     asking = Question{.tool = work->tool, .asked = work->entry.asked};
     const auto id = asking->id;
-    answered = [this, work](bool yes) {
-        if (yes) {
+    const bool isFromApp = work->client;
+    answered = [this, work, isFromApp](bool yes) {
+        if (yes)
             run(*work);
-        } else {
-            const bool isGone = !work->client;
-            work->say(isGone ? "The app left before the owner answered."
-                             : fmt::format("The owner said no to {}.", work->tool->title()),
-                      true);
-        }
+        else if (isFromApp && !work->client)
+            work->say("The app left before the owner answered.", true);
+        else
+            work->say(fmt::format("The owner said no to {}.", work->tool->title()), true);
         finish(*work);
     };
-    if (work->client)
+    if (isFromApp)
         connect(work->client, &QObject::destroyed, this, [this, id] {
             if (asking && asking->id == id) reply(false);
         });
@@ -172,19 +185,16 @@ void MCPHost::runTool(Work& work, MCPSession& on) {
     auto project = on.project();
     auto result = MCPCalls::call(work.tool->name, work.arguments, project, outside);
     if (result.step) {
-        const auto before = on.history().past();
+        const auto before = lastStep(on);
         on.commit(*result.step, std::move(project));
-        const auto& past = on.history().past();
-        const bool isNew =
-            !past.empty() && (before.empty() || !MCPActivity::same(past.back(), before.back()) ||
-                              past.size() != before.size());
-        last = isNew ? std::optional(past.back()) : std::nullopt;
+        last = lastStep(on);
+        if (last && before && MCPActivity::same(*last, *before)) last.reset(); // nothing changed
         lastIn = work.session;
         work.entry.step = result.step;
         work.entry.made = last;
     }
     see(result, on.project());
-    work.say(std::move(result.text));
+    work.say(result.text);
 }
 
 void MCPHost::see(const MCPResult& result, const Project& project) {
@@ -233,12 +243,12 @@ void MCPHost::runInApp(Work& work, MCPSession& on) {
 }
 
 void MCPHost::undoLast(Work& work, MCPSession& on) {
-    const auto& past = on.history().past();
-    if (!last || lastIn.lock() != work.session || past.empty() || !MCPActivity::same(past.back(), *last))
+    on.closeDrag();
+    const auto step = lastStep(on);
+    if (!last || lastIn.lock() != work.session || !step || !MCPActivity::same(*step, *last))
         return work.say(
             "Nothing of yours to take back: the owner has changed something since, or your last call "
             "changed nothing.");
-    const auto step = last->name;
     const auto before = on.project().videos;
     on.undo();
     last.reset();
@@ -246,7 +256,7 @@ void MCPHost::undoLast(Work& work, MCPSession& on) {
     for (const auto& video : before)
         if (const auto its = seen.find(video.id); its != seen.end() && its->second == video)
             see({.looked = video.id}, on.project());
-    work.say(fmt::format("Took back “{}”.", step));
+    work.say(fmt::format("Took back “{}”.", step->name));
 }
 
 bool MCPHost::undoToBefore(const MCPActivity::Entry& entry) {
@@ -256,8 +266,9 @@ bool MCPHost::undoToBefore(const MCPActivity::Entry& entry) {
     const auto& past = on->history().past();
     const auto found = std::ranges::find_if(
         past, [&](const History::Step& step) { return MCPActivity::same(step, *entry.made); });
-    for (auto left = past.end() - found; left > 0; --left) on->undo();
-    return found != past.end();
+    const auto steps = past.end() - found; // undoing changes what they stand in
+    for (auto left = steps; left > 0; --left) on->undo();
+    return steps > 0;
 }
 
 }

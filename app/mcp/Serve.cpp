@@ -1,8 +1,9 @@
 #include "app/mcp/Serve.h"
 
+#include "app/editor/ProjectDocument.h"
+#include "app/mcp/EditorSession.h"
 #include "app/mcp/EndSignals.h"
 #include "app/mcp/MCPHost.h"
-#include "app/mcp/ServedProject.h"
 #include "app/mcp/TerminalQuestion.h"
 #include "core/ai/Brief.h"
 #include "platform/base/Problem.h"
@@ -29,20 +30,15 @@ void print(const std::string& text) {
     std::fflush(stdout);
 }
 
-/// The path as a whole, without a slash at its end.
-std::filesystem::path whole(const std::filesystem::path& typed) {
-    auto tidy = std::filesystem::absolute(typed).lexically_normal();
-    return tidy.has_filename() ? tidy : tidy.parent_path();
 }
 
-}
-
-void Serve::run(const std::filesystem::path& typed) {
-    const auto package = whole(typed);
+void Serve::run(const std::filesystem::path& package) {
     const EndSignals endings; // before the threads of the session, which take over what is blocked
-    const auto session = std::make_shared<ServedProject>(package);
+    const auto document = ProjectDocument::open(package);
+    QObject::connect(document.get(), &ProjectDocument::told,
+                     [](const QString& words) { std::fprintf(stderr, "%s\n", qUtf8Printable(words)); });
     MCPHost host(&SettingsStore::standard());
-    host.setSession(session);
+    host.setSession(std::make_shared<EditorSession>(document->editor()));
     host.start();
     if (!host.problem().empty()) throw Problem(host.problem());
     const TerminalQuestion questions(host);
@@ -53,6 +49,7 @@ void Serve::run(const std::filesystem::path& typed) {
     QObject::connect(&endings, &EndSignals::ending, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
     QCoreApplication::exec();
     host.stop();
+    document->close();
 }
 
 }

@@ -1,0 +1,99 @@
+#include "app/mcp/EditorSession.h"
+#include "app/mcp/MCPHost.h"
+#include "core/playbooks/Library.h"
+#include "platform/base/Files.h"
+#include "tests/editor/Lines.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+using namespace murbo;
+using nlohmann::json;
+using testing::HasSubstr;
+
+namespace {
+
+/// An owner who works by lines on a project, and an app at the door of it.
+class EditorSessionTest : public testing::Test {
+protected:
+    EditorSessionTest() {
+        host.setSession(std::make_shared<EditorSession>(lines.editor()));
+        lines(R"(["set","heldClip","C01"])");
+        lines(R"(["addToEnd"])");
+    }
+
+    std::string app(const char* tool, const json& arguments = json::object()) {
+        std::string text;
+        host.call(tool, arguments, nullptr, [&](const json& result) {
+            text = (result["isError"].get<bool>() ? "failed: " : "") +
+                   result["content"][0]["text"].get<std::string>();
+        });
+        return text;
+    }
+    std::vector<std::string> steps() {
+        std::vector<std::string> names;
+        for (const auto& step : lines.editor().history().past()) names.push_back(step.name);
+        return names;
+    }
+    bool isOnDisk() { return ProjectPackage::read(lines.package()) == lines.project(); }
+
+    Lines lines;
+    MCPHost host{nullptr};
+};
+
+const json renaming{{"video", "V1"}, {"title", "Theirs"}};
+
+}
+
+TEST_F(EditorSessionTest, anAppsChangeIsAStepOfTheOwners) {
+    EXPECT_EQ(app("rename_video", renaming), "V1 is “Theirs”.");
+    EXPECT_EQ(steps(), (std::vector<std::string>{"Add Clip", "Rename Video"}));
+    EXPECT_TRUE(isOnDisk());
+    EXPECT_EQ(lines(R"(["undo"])"), R"({"ok":true,"toast":"Undid Rename Video"})");
+    EXPECT_THAT(app("undo_my_last"), HasSubstr("Nothing of yours to take back"));
+    EXPECT_TRUE(isOnDisk());
+}
+
+TEST_F(EditorSessionTest, anOpenDragIsAStepOfItsOwnFirst) {
+    lines(R"(["trim","cut 1",true,22])");
+    app("rename_video", renaming);
+    EXPECT_EQ(steps(), (std::vector<std::string>{"Add Clip", "Drag", "Rename Video"}));
+    lines(R"(["trim","cut 1",true,23])");
+    EXPECT_THAT(app("undo_my_last"), HasSubstr("Nothing of yours to take back"))
+        << "the drag that is under way is the owner's last change";
+    EXPECT_EQ(lines.project().videos[0].cuts[0].start, 23);
+    EXPECT_EQ(lines.project().videos[0].title, "Theirs");
+}
+
+TEST_F(EditorSessionTest, whatTheOwnerDidIsToldAndKept) {
+    app("read_video", {{"video", "V1"}});
+    lines(R"(["rename","V1","Mine"])");
+    EXPECT_THAT(app("what_changed", {{"video", "V1"}}), HasSubstr("→ “Mine”"));
+    EXPECT_THAT(app("undo_my_last"), HasSubstr("Nothing of yours to take back"));
+}
+
+TEST_F(EditorSessionTest, aCallThatFailsLeavesEverythingAsItWas) {
+    const auto before = lines.project();
+    EXPECT_EQ(app("set_cuts", {{"video", "V1"}, {"cuts", json::array()}}),
+              "failed: No cut holds up, so V1 is left as it was.");
+    EXPECT_EQ(lines.project(), before);
+    EXPECT_EQ(steps().size(), 1u);
+    EXPECT_TRUE(isOnDisk());
+}
+
+TEST_F(EditorSessionTest, footageThatIsNotThereIsSilent) {
+    EXPECT_THAT(app("read_loudness", {{"clips", {"C01"}}}),
+                HasSubstr("Loud (well above the usual level): none"));
+}
+
+TEST_F(EditorSessionTest, aSoundIsKeptInTheProjectOnce) {
+    Files::createFolder(Library::sounds() / "hits");
+    Files::writeWhole(Library::sounds() / "hits" / "boom.wav", "RIFF");
+    const json sounds{{"video", "V1"}, {"sounds", {{{"file", "hits/boom.wav"}, {"at", "C01.01"}}}}};
+    EXPECT_EQ(app("set_sounds", sounds), "V1 has 1 sounds.");
+    app("set_sounds", sounds);
+    EXPECT_EQ(lines.project().videos[0].look->sounds[0].file, "media/sounds/boom.wav");
+    const auto media = std::filesystem::directory_iterator(lines.package() / "media" / "sounds");
+    EXPECT_EQ(std::distance(begin(media), end(media)), 1);
+}
