@@ -8,8 +8,8 @@
 
 namespace murbo {
 
-/// The `Said` of a project, made anew only where its clips, sources or transcripts are other ones than last
-/// time. One thread at a time.
+/// The `Said` of a project, made anew only where its sources or transcripts are other ones than last time, or
+/// its clips lie elsewhere. One thread at a time.
 class SaidCache {
 public:
     std::shared_ptr<const Said> of(const Project& project);
