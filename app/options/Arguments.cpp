@@ -13,9 +13,9 @@ std::optional<std::string> Arguments::value(std::string_view option) const {
     return rest ? std::optional(rest->front()) : std::nullopt;
 }
 
-std::optional<std::vector<std::string>> Arguments::behind(std::string_view option, std::size_t least) const {
+std::optional<std::vector<std::string>> Arguments::behind(std::string_view option, std::size_t min) const {
     const auto found = std::find(words.begin(), words.end(), option);
-    if (found == words.end() || words.end() - found - 1 < static_cast<std::ptrdiff_t>(least)) return {};
+    if (found == words.end() || words.end() - found - 1 < static_cast<std::ptrdiff_t>(min)) return {};
     return std::vector(found + 1, words.end());
 }
 

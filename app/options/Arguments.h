@@ -19,7 +19,7 @@ public:
     std::optional<std::string> value(std::string_view option) const;
 
     /// All words after an option where there are at least `least`; nothing otherwise.
-    std::optional<std::vector<std::string>> behind(std::string_view option, std::size_t least) const;
+    std::optional<std::vector<std::string>> behind(std::string_view option, std::size_t min) const;
 
 private:
     std::vector<std::string> words;

@@ -38,7 +38,7 @@ std::string description(const std::exception& error) {
 int report(const std::string& words, const std::string& more) {
     auto text = "error: " + words + "\n";
     if (!more.empty() && std::getenv("MURBO_DEBUG")) text += more + "\n";
-    // Where even that can't be written, it is told beside it.
+    // Where even that can't be written, that is said too.
     if (std::fputs(text.c_str(), stdout) < 0 || std::fflush(stdout) != 0) std::fputs(text.c_str(), stderr);
     return 1;
 }

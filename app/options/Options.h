@@ -26,7 +26,7 @@ struct Option {
     const char* name;
     const char* words;
     const char* meaning;
-    std::size_t least; ///< words that must follow
+    std::size_t minWords; ///< words that must follow
     Program program;
 };
 

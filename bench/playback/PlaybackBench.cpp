@@ -306,10 +306,10 @@ void sync() {
     for (const auto& [number, when] : flashes)
         if (clicks.contains(number)) apart.push_back(1000 * (when - clicks[number]));
     if (apart.empty()) return say("sync", "nothing was seen");
-    const auto [least, most] = std::ranges::minmax(apart);
+    const auto [min, max] = std::ranges::minmax(apart);
     const auto late = std::ranges::count_if(apart, [](double each) { return std::abs(each) > 20; });
     say("sync", "{} flashes against clicks over {} s: median {:+.1f} ms, {:+.1f} to {:+.1f}, {} beyond 20 ms",
-        apart.size(), seconds, median(apart), least, most, late);
+        apart.size(), seconds, median(apart), min, max, late);
 }
 
 void memory() {

@@ -9,7 +9,7 @@
 
 namespace murbo {
 
-/// A project told to a model in plain text: its footage by tags, never by ids. What is quoted from footage
+/// A project in plain text for a model: its footage by tags, never by ids. What is quoted from footage
 /// stays on its own line behind its tag, so that it can't be taken for the program's words.
 namespace Brief {
 

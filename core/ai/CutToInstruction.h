@@ -18,7 +18,7 @@ struct Answer {
     std::string note;      ///< for the owner; may be empty
 };
 
-/// The task, as the model is told of it.
+/// The task, in the words that the model gets.
 std::string instructions(Video::Aspect aspect, bool revising);
 
 /// The conversation that leads to a new video.

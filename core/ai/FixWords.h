@@ -18,7 +18,7 @@ namespace FixWords {
 
 using Corrections = std::map<UUID, std::string>; ///< by line
 
-/// The task, as the model is told of it.
+/// The task, in the words that the model gets.
 std::string instructions();
 
 Ask ask(const Brief::Clips& clips, const Project& project, const Said& said);

@@ -19,7 +19,7 @@ std::optional<std::string> text(const nlohmann::json& value);
 /// The same for a member of an object; nothing where it isn't there.
 std::optional<std::string> text(const nlohmann::json& object, const char* name);
 
-/// The task, as the model is told of it.
+/// The task, in the words that the model gets.
 std::string instructions(Video::Aspect aspect);
 
 /// The conversation that leads to ideas; the instruction may be missing.

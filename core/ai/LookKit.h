@@ -32,7 +32,7 @@ using Offers = std::vector<Offer>;
 /// More overlays are not laid on in one go; three are asked for.
 inline constexpr std::size_t maxOverlays = 50;
 
-/// The task, as the model is told of it.
+/// The task, in the words that the model gets.
 std::string instructions(Video::Aspect aspect, const Offers& layouts, const Offers& overlays);
 
 Ask ask(const Video& video, const Project& project, const Said& said, const Offers& layouts,

@@ -14,7 +14,7 @@
 
 namespace murbo {
 
-/// A small conversation: the model is told of each clip in a line, asks for the lines of those that it needs,
+/// A small conversation: the model gets a line about each clip, asks for the lines of those that it needs,
 /// and then answers. It works on the project as it stood when it began.
 class Reading {
 public:

@@ -15,7 +15,7 @@ namespace murbo {
 /// A video's sound effects, chosen by a model in one request.
 namespace SoundKit {
 
-/// The task, as the model is told of it.
+/// The task, in the words that the model gets.
 std::string instructions();
 
 /// The request. `library` names the sounds on offer by folder and file.

@@ -19,7 +19,7 @@ using Library = std::map<std::string, std::string>;
 /// The files that a list of sounds names, as given, each once.
 std::vector<std::string> named(const nlohmann::json& sounds);
 
-/// The name by which a model is told of a sound: its file's name.
+/// The name by which a model knows a sound: its file's name.
 std::string shownName(const SoundCue& cue);
 
 /// Replaces a video's sounds by those that a model asks for by line. What doesn't hold up is left out. The

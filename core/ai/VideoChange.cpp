@@ -15,7 +15,7 @@ namespace {
 
 constexpr double touch = 0.05;           ///< seconds; as far a trim may reach into a line
 constexpr std::size_t longestGiven = 60; ///< bytes of what a model gave, in words about it
-constexpr std::size_t mostReasons = 20;  ///< told one by one
+constexpr std::size_t mostReasons = 20;  ///< named one by one
 
 std::string joined(const std::vector<std::string>& reasons) {
     const auto shown = std::min(reasons.size(), mostReasons);

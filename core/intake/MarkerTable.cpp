@@ -9,7 +9,7 @@ namespace {
 
 using Fields = std::vector<std::string>;
 
-/// Names of a column that tells when a marker was set, the best first: a recording that was split tells its
+/// Names of a column that says when a marker was set, the best first: a recording that was split gives its
 /// own time beside the time since the start, and a stream's clock is not the recording's.
 constexpr std::string_view timeColumns[] = {"recording timestamp on file",
                                             "recording timestamp",
@@ -76,7 +76,7 @@ std::string stem(std::string_view name) {
     return std::filesystem::path(name).stem().string();
 }
 
-/// The rows of one recording, told by the name in a column.
+/// The rows of one recording, known by the name in a column.
 std::vector<Fields> rowsOf(std::string_view recording, std::size_t named, const std::vector<Fields>& rows) {
     std::vector<Fields> kept;
     std::set<std::string> names;

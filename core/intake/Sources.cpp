@@ -8,7 +8,7 @@ namespace murbo {
 namespace {
 
 /// Nobody sets more; a file that claims to hold more must not make a project too large to be opened again.
-constexpr std::size_t mostMarkers = 100'000;
+constexpr std::size_t maxMarkers = 100'000;
 
 }
 
@@ -32,7 +32,7 @@ UUID Sources::addStream(Project& project, const MeasuredFile& recording, const S
     if (notes.markers) source.stream = Source::Stream{notes.markersName.value_or(""), *notes.markers};
     source.note = notes.note;
     auto marks = Markers::parse(notes.markers.value_or(""), recording.path.filename().string());
-    marks.resize(std::min(marks.size(), mostMarkers));
+    marks.resize(std::min(marks.size(), maxMarkers));
     Clips::addAround(project, std::move(marks), id, reach);
     return id;
 }

@@ -24,7 +24,7 @@ constexpr std::size_t mostPeaks = 8;
 constexpr std::size_t mostPlaces = 40;
 
 struct LoudMoment {
-    double at = 0;     ///< on the clock that is told
+    double at = 0;     ///< on the clock that is shown
     double second = 0; ///< on the source
     std::uint8_t level = 0;
     UUID source;

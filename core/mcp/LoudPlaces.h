@@ -20,7 +20,7 @@ namespace LoudPlaces {
 struct HeardStretch {
     UUID source;
     Stretch on;    ///< seconds on the source
-    double at = 0; ///< the same start on the clock that is told
+    double at = 0; ///< the same start on the clock that is shown
 };
 
 struct Stretches {

@@ -69,7 +69,8 @@ std::string shortLine(const Clip& clip, const Said& said, std::size_t most) {
     return head + ": " + cut(words, most);
 }
 
-/// The clips source by source, with at most so many bytes of words each; nothing where that is too long.
+/// The clips source by source, with at most that number of bytes of words each; nothing where that is too
+/// long.
 std::optional<std::string> shortened(const Brief::Clips& clips, const Project& project, const Said& said,
                                      std::size_t words, std::size_t most) {
     std::string text = "(shortened; search_lines finds words, read_clips gives a clip's lines)";

@@ -32,7 +32,7 @@ struct Clip {
 
     UUID id = UUID::make();
     std::int64_t number = 0;         ///< shown in the tag
-    std::optional<std::string> part; ///< tells apart the pieces of a clip that share a number
+    std::optional<std::string> part; ///< sets apart pieces of a clip that share a number
     UUID source;
     double start = 0;                   ///< seconds on the source, inclusive
     double end = 0;                     ///< exclusive

@@ -8,7 +8,7 @@
 
 namespace murbo {
 
-/// Where content and face lie in a source's picture. The defaults hold for a source that tells nothing.
+/// Where content and face lie in a source's picture. The defaults hold for a source that says nothing.
 struct Framing {
     Box content{0, 0, 1, 1};
     Box face{0.6, 0.44, 0.38, 0.56};

@@ -9,7 +9,7 @@
 
 namespace murbo {
 
-/// A project told in plain lines.
+/// A project in plain lines.
 namespace ProjectSummary {
 
 /// The whole text, with no line break at its end. `missing` are the sources whose file is not there.

@@ -25,7 +25,7 @@ public:
         const auto from = std::lower_bound(sorted.begin(), sorted.end(), clip.start, before);
         const auto to = std::lower_bound(from, sorted.end(), clip.end, before);
         std::vector<const Spoken*> found(from, to);
-        // All are elements of one vector, so their addresses tell their order in it.
+        // All are elements of one vector, so their addresses stand in its order.
         std::sort(found.begin(), found.end(),
                   [](auto* a, auto* b) { return a->start != b->start ? a->start < b->start : a < b; });
         return found;

@@ -21,7 +21,7 @@ struct Video {
 
     UUID id = UUID::make();
     std::int64_t number = 0;         ///< shown in the tag; copies share it
-    std::optional<std::string> part; ///< a letter that tells copies apart
+    std::optional<std::string> part; ///< a letter that sets copies apart
     std::string title;
     Aspect aspect = Aspect::vertical;
     List<Cut> cuts; ///< in playing order

@@ -10,10 +10,10 @@
 namespace murbo {
 namespace {
 
-/// More at once nobody could tell apart; those that lie on top are drawn.
-constexpr std::ptrdiff_t mostAtOnce = 100;
-/// Of these so many show what lies below: each of them keeps a picture of it.
-constexpr std::ptrdiff_t mostReading = 16;
+/// Nobody could tell more of them apart at once; those on top are drawn.
+constexpr std::ptrdiff_t maxAtOnce = 100;
+/// The number of these that show what lies below: each keeps a picture of it.
+constexpr std::ptrdiff_t maxReading = 16;
 
 std::size_t rank(const PlacedOverlay* placed) {
     return placed->playbook().layered() ? placed->row : std::numeric_limits<std::size_t>::max();
@@ -25,11 +25,11 @@ bool isMoved(const Overlay& overlay) {
 
 /// How many times as large a move shows its overlay at most.
 double enlarged(const Move& move) {
-    constexpr double most = 4; // finer letters than that nothing has
+    constexpr double max = 4; // finer letters than that nothing has
     double scale = 1;
     for (const auto* end : {&move.from, &move.to})
         if (*end) scale = std::max(scale, std::abs((*end)->scale.value_or(1)));
-    return std::min(scale, most);
+    return std::min(scale, max);
 }
 
 /// Moved, scaled and turned as one, about the frame's middle. What is only put elsewhere stays on whole
@@ -70,7 +70,7 @@ OverlayStack OverlayStack::at(double time, const Plan& plan) {
     for (const auto& placed : plan.overlays)
         if (placed.isOn(time)) on.push_back(&placed);
     std::ranges::stable_sort(on, {}, rank);
-    if (std::ssize(on) > mostAtOnce) on.erase(on.begin(), on.end() - mostAtOnce);
+    if (std::ssize(on) > maxAtOnce) on.erase(on.begin(), on.end() - maxAtOnce);
     OverlayStack stack;
     for (const auto* placed : on)
         (placed->playbook().cover.value_or(false) ? stack.aboveCaptions : stack.belowCaptions)
@@ -80,7 +80,7 @@ OverlayStack OverlayStack::at(double time, const Plan& plan) {
 
 Image OverlayStack::drawn(const Overlays& overlays, double time, const Stage::Scene& scene) {
     const auto reads = [&](const auto* placed) { return Stage::showsBelow(*placed, time, scene); };
-    auto tooMany = std::ranges::count_if(overlays, reads) - mostReading;
+    auto tooMany = std::ranges::count_if(overlays, reads) - maxReading;
     auto now = scene;
     for (const auto* placed : overlays) {
         const bool leftOut = tooMany > 0 && reads(placed) && tooMany-- > 0;

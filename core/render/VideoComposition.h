@@ -13,7 +13,7 @@
 
 namespace murbo {
 
-/// A video as what a player or an exporter runs through: its cuts one behind the other, each with the stretch
+/// A video as what a player or an exporter runs through: its cuts one after the other, each with the stretch
 /// of a file that it shows, and whole numbered frames over them.
 ///
 /// Frame n is the picture at n / rate seconds, by the rule of `FrameTime`. Frames are whole numbers
@@ -28,7 +28,7 @@ struct VideoComposition {
         std::filesystem::path file; ///< empty where there is no footage: black
         std::optional<UUID> source; ///< whose footage; none where there is no file
         std::int64_t firstFrame = 0;
-        std::int64_t endFrame = 0; ///< the frame behind its last
+        std::int64_t endFrame = 0; ///< the frame after its last
 
         double end() const { return start + length; }
         bool hasFrames() const { return firstFrame < endFrame; }
@@ -54,7 +54,7 @@ struct VideoComposition {
                                  std::optional<double> frameRate);
 
     /// The frame rate that the footage asks for: the highest nominal rate among its sources, at most 60;
-    /// 30 where none tells. Reads the files' headers.
+    /// 30 where none says. Reads the files' headers.
     static double sourceRate(const Video& video, const Project& project, const std::set<UUID>& missing);
 
     /// How many frames the video has; 0 without cuts.

@@ -4,7 +4,7 @@
 
 namespace murbo {
 
-/// Somebody asked for a stop. Whoever waits tells it apart from a failure: nobody needs to be told.
+/// Somebody asked for a stop. It is no failure, and nobody needs to hear of it.
 class Cancelled : public Problem {
 public:
     Cancelled() : Problem("It was cancelled.") {}

@@ -14,7 +14,7 @@ namespace murbo {
 template <class T>
 class Channel {
 public:
-    explicit Channel(std::size_t most) : capacity(most) {}
+    explicit Channel(std::size_t max) : capacity(max) {}
 
     /// Puts one in; false, and it is dropped, once the channel is closed.
     bool push(T value) {
@@ -46,7 +46,7 @@ public:
 
     /// Nobody takes any more: what waits is dropped.
     void abandon() {
-        std::deque<T> dropped; // freed behind the lock
+        std::deque<T> dropped; // freed after the lock is let go
         const std::lock_guard hold(lock);
         closed = true;
         dropped.swap(waiting);

@@ -92,14 +92,14 @@ void flushFolder(const std::filesystem::path& folder) {
 
 }
 
-std::string readWhole(const std::filesystem::path& path, std::size_t most) {
+std::string readWhole(const std::filesystem::path& path, std::size_t max) {
     // A pipe under the name of a file would otherwise wait for a writer for ever.
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat facts {};
     if (file < 0 || ::fstat(file, &facts) != 0) notRead(path);
     if (S_ISDIR(facts.st_mode)) failed(path, "read", EISDIR);
     if (!S_ISREG(facts.st_mode)) failed(path, "read", ESPIPE);
-    if (static_cast<std::uintmax_t>(facts.st_size) > most) failed(path, "read", EFBIG);
+    if (static_cast<std::uintmax_t>(facts.st_size) > max) failed(path, "read", EFBIG);
     std::string bytes(static_cast<std::size_t>(facts.st_size), '\0');
     std::size_t filled = 0;
     while (filled < bytes.size()) {

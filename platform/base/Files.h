@@ -12,7 +12,7 @@ namespace murbo {
 namespace Files {
 
 /// The bytes of a regular file. Throws where it is no regular file or holds more than `most` bytes.
-std::string readWhole(const std::filesystem::path& path, std::size_t most);
+std::string readWhole(const std::filesystem::path& path, std::size_t max);
 
 /// Puts a file in place as a whole: at every moment, and after a crash, the path holds either the old bytes
 /// or the new ones. An existing file keeps its permissions. On failure nothing is left behind. Two processes

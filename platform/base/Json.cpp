@@ -29,7 +29,7 @@ void checkBounds(std::string_view text) {
         if (c == '[' || c == '{') ++depth, ++values;
         if ((c == ']' || c == '}') && depth > 0) --depth;
         if (depth > Json::deepest) throw Problem("The JSON is nested too deeply.");
-        if (values > Json::mostValues) throw Problem("The JSON holds too many values.");
+        if (values > Json::maxValues) throw Problem("The JSON holds too many values.");
     }
 }
 

@@ -75,9 +75,9 @@ public:
     /// Nesting beyond this is refused: no file of ours comes near, and what walks it may recurse.
     static constexpr std::size_t deepest = 256;
     /// More values are refused: some forty times what ten hours of transcript need, and still bounded memory.
-    static constexpr std::size_t mostValues = 4'000'000;
+    static constexpr std::size_t maxValues = 4'000'000;
 
-    /// Reads a whole text in UTF-8. Throws a Problem that tells the fault.
+    /// Reads a whole text in UTF-8. Throws a Problem that names the fault.
     static Json parse(std::string_view text);
 
     Json(Json&&) noexcept;

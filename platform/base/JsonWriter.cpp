@@ -88,7 +88,7 @@ void JsonWriter::close(char bracket) {
 
 /// A member's value stands after its key; an element on a line of its own.
 void JsonWriter::beforeValue() {
-    if (++values >= Json::mostValues) fail("there are too many values");
+    if (++values >= Json::maxValues) fail("there are too many values");
     if (levels.empty() || levels.back().isObject) return;
     if (levels.back().count++ > 0) out += ',';
     newLine();

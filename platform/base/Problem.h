@@ -5,7 +5,7 @@
 
 namespace murbo {
 
-/// A failure told in words for the owner. What is thrown is shown as it stands, so the message is a whole
+/// A failure in words for the owner. What is thrown is shown as it stands, so the message is a whole
 /// sentence; where the place becomes known only further up, it is wrapped once there with
 /// `std::throw_with_nested`, the original kept.
 class Problem : public std::runtime_error {

@@ -25,9 +25,9 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using namespace std::chrono_literals;
 
-constexpr auto grace = 1s;                 // between asking a process to end and killing it
-constexpr std::size_t mostWords = 1 << 16; // a tool that chatters for hours must not fill the memory
-constexpr int lastSignal = 31;             // of those that a handler or a parent's wish could change
+constexpr auto grace = 1s;                // between asking a process to end and killing it
+constexpr std::size_t maxWords = 1 << 16; // a tool that chatters for hours must not fill the memory
+constexpr int lastSignal = 31;            // of those that a handler or a parent's wish could change
 
 [[noreturn]] void notStarted(const std::string& program, int error) {
     const auto name = std::filesystem::path(program).filename().string();
@@ -138,13 +138,13 @@ bool Process::wait(Clock::time_point until, int wake) {
 
 void Process::takeWords() {
     std::array<char, 4096> part;
-    for (std::size_t taken = 0; errors >= 0 && taken < mostWords;) {
+    for (std::size_t taken = 0; errors >= 0 && taken < maxWords;) {
         const auto got = ::read(errors, part.data(), part.size());
         if (got == 0) errors.close();
         if (got <= 0) return;
         taken += static_cast<std::size_t>(got);
         words.append(part.data(), static_cast<std::size_t>(got));
-        if (words.size() > 2 * mostWords) words.erase(0, words.size() - mostWords);
+        if (words.size() > 2 * maxWords) words.erase(0, words.size() - maxWords);
     }
 }
 

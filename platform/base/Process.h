@@ -29,7 +29,7 @@ public:
     /// Asks it to end, with all that it started, and kills what does not.
     void end();
 
-    /// Once it has ended: whether it did so by itself and told no failure.
+    /// Once it has ended: whether it did so by itself and reported no failure.
     bool succeeded() const { return status == 0; }
 
     /// The end of what it wrote to its error stream.

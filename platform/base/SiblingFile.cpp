@@ -15,8 +15,8 @@ namespace {
 
 constexpr mode_t ownersDefault = 0666;   // less the process's mask
 constexpr std::size_t longestName = 200; // leaves room for the ending within the usual 255 bytes
-constexpr int mostNames = 1000;          // far more than ever write one file at a time
-constexpr int mostLinks = 40;            // as many as the system itself follows
+constexpr int maxNames = 1000;           // far more than ever write one file at a time
+constexpr int maxLinks = 40;             // as many as the system itself follows
 
 [[noreturn]] void notWritten(const std::filesystem::path& place, int error) {
     throw Problem(
@@ -36,7 +36,7 @@ bool standsAt(int file, const std::filesystem::path& path) {
 Claimed claim(const std::filesystem::path& place, std::string_view ending) {
     const auto name = place.filename().string().substr(0, longestName);
     const auto folder = place.has_parent_path() ? place.parent_path() : std::filesystem::path(".");
-    for (int number = 0; number < mostNames; ++number) {
+    for (int number = 0; number < maxNames; ++number) {
         auto path = folder / fmt::format(".{}.{}.{}", name, number, ending);
         Descriptor opened(
             ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, ownersDefault));
@@ -63,7 +63,7 @@ void refuseUnlessFile(const std::filesystem::path& place) {
 std::filesystem::path followed(std::filesystem::path place) {
     std::error_code none;
     for (int links = 0; std::filesystem::is_symlink(place, none); ++links) {
-        if (links == mostLinks) notWritten(place, ELOOP);
+        if (links == maxLinks) notWritten(place, ELOOP);
         const auto target = std::filesystem::read_symlink(place, none);
         if (none) notWritten(place, none.value());
         place = place.parent_path() / target;

@@ -18,7 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view prefix = "murbo-";
-constexpr int mostTries = 100;                       // a sweep comes between once in a million times
+constexpr int maxTries = 100;                        // a sweep comes between once in a million times
 constexpr std::string_view companions[] = {".json"}; // made beside a file of ours by the tools that read it
 
 [[noreturn]] void notWritten(int error) {
@@ -91,7 +91,7 @@ void sweep(const fs::path& from) {
 TemporaryFile TemporaryFile::make(std::string_view extension) {
     const auto where = folder();
     sweep(where);
-    for (int tries = 0; tries < mostTries; ++tries) {
+    for (int tries = 0; tries < maxTries; ++tries) {
         auto path = where / (std::string(prefix) + UUID::make().text() + std::string(extension));
         Descriptor file(::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
         if (file < 0) notWritten(errno);

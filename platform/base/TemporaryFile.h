@@ -27,7 +27,7 @@ public:
     /// Writes at a place in the file, in bytes. Throws a Problem.
     void write(std::string_view bytes, std::size_t at) const;
 
-    /// Leaves so many bytes. Throws a Problem.
+    /// Cuts the file to that number of bytes. Throws a Problem.
     void cutOff(std::size_t size) const;
 
 private:

@@ -62,10 +62,10 @@ std::string withoutWhiteSpace(std::string_view text) {
     return result;
 }
 
-std::string beginning(std::string_view text, std::size_t most) {
-    if (text.size() <= most) return std::string(text);
-    while (most > 0 && (static_cast<unsigned char>(text[most]) & 0xC0) == 0x80) --most;
-    return std::string(text.substr(0, most));
+std::string beginning(std::string_view text, std::size_t max) {
+    if (text.size() <= max) return std::string(text);
+    while (max > 0 && (static_cast<unsigned char>(text[max]) & 0xC0) == 0x80) --max;
+    return std::string(text.substr(0, max));
 }
 
 std::string lowercased(std::string_view text) {

@@ -18,7 +18,7 @@ std::string trimmed(std::string_view text);
 std::string withoutWhiteSpace(std::string_view text);
 
 /// As many whole characters (code points) from the start as take at most `most` bytes.
-std::string beginning(std::string_view text, std::size_t most);
+std::string beginning(std::string_view text, std::size_t max);
 
 /// In lower case, by the rules that hold in every language.
 std::string lowercased(std::string_view text);

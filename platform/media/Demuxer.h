@@ -39,7 +39,7 @@ public:
     bool isTooSlow() const { return lastError == AVERROR_EXIT; }
 
     /// Goes to the last place at or before a time from which the track can be decoded, as far as the format
-    /// can tell; it may be later or much earlier. False where that failed.
+    /// can say; it may be later or much earlier. False where that failed.
     bool seek(const AVStream* stream, double seconds);
     /// Goes to the very beginning.
     bool rewind();

@@ -9,7 +9,7 @@ namespace murbo {
 namespace VorbisTimes {
 
 /// Whether the times are those of the ends. Reads packets from the place where the input is until it can
-/// tell, at most a second or two of the track at its start as a rule.
+/// say, at most a second or two of the track at its start as a rule.
 bool areEnds(Demuxer& input, const AVStream* stream);
 
 }

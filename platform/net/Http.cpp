@@ -119,7 +119,7 @@ private:
 
     static std::size_t take(char* bytes, std::size_t size, std::size_t count, void* self) {
         auto& transfer = *static_cast<HttpTransfer*>(self);
-        transfer.tooLong = transfer.reply.body.size() + size * count > transfer.request.most;
+        transfer.tooLong = transfer.reply.body.size() + size * count > transfer.request.maxBytes;
         if (transfer.tooLong) return 0;
         transfer.reply.body.append(bytes, size * count);
         return size * count;

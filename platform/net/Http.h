@@ -18,7 +18,7 @@ struct Request {
     /// How long nothing may move in either direction.
     std::chrono::milliseconds timeout = std::chrono::seconds(60);
     std::chrono::milliseconds longest = std::chrono::hours(2); ///< the whole exchange may take
-    std::size_t most = 32 << 20; ///< bytes of an answer; a longer one is a failure
+    std::size_t maxBytes = 32 << 20; ///< bytes of an answer; a longer one is a failure
 };
 
 struct Reply {

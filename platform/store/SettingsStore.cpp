@@ -34,7 +34,7 @@ std::optional<json> parse(const std::string& text) {
     return parsed;
 }
 
-/// What tells one state of a file from another without reading it.
+/// What sets one state of a file apart from another without reading it.
 struct FileStamp {
     dev_t device = 0;
     ino_t inode = 0;

@@ -19,8 +19,8 @@ using Kind = Graph::Layer::Kind;
 using Activation = Graph::Activation;
 
 // Some ten times what the networks in use need.
-constexpr int mostEntries = 4096;              ///< tensors, layers, kinds, buffers
-constexpr std::size_t mostProducts = 1u << 31; ///< of one run
+constexpr int maxEntries = 4096;              ///< tensors, layers, kinds, buffers
+constexpr std::size_t maxProducts = 1u << 31; ///< of one run
 
 // Numbers of the schema.
 enum Operator {
@@ -249,14 +249,14 @@ void add(GraphDraft& draft, const Operation& operation) {
     made.layer.output = draft.newValue(draft.tensor(operation.outputs[0]));
     demand(made.shape == draft.graph.values.back(), "a layer's result has the wrong size");
     draft.products += made.shape.size();
-    demand(draft.products <= mostProducts, "it asks for too much work");
+    demand(draft.products <= maxProducts, "it asks for too much work");
     draft.graph.layers.push_back(std::move(made.layer));
 }
 
 std::vector<Tensor> readTensors(const FlatTable& file, const FlatTable& graph) {
-    const auto buffers = file.tables(4, mostEntries);
+    const auto buffers = file.tables(4, maxEntries);
     std::vector<Tensor> result;
-    for (const FlatTable& table : graph.tables(0, mostEntries)) {
+    for (const FlatTable& table : graph.tables(0, maxEntries)) {
         const auto buffer = std::size_t(table.number(2));
         demand(buffer < buffers.size(), "a value has no place");
         result.push_back({table.numbers(0, 8), table.byte(1), buffers[buffer].bytes(0)});
@@ -265,9 +265,9 @@ std::vector<Tensor> readTensors(const FlatTable& file, const FlatTable& graph) {
 }
 
 std::vector<Operation> readOperations(const FlatTable& file, const FlatTable& graph) {
-    const auto codes = file.tables(1, mostEntries);
+    const auto codes = file.tables(1, maxEntries);
     std::vector<Operation> result;
-    for (const FlatTable& table : graph.tables(3, mostEntries)) {
+    for (const FlatTable& table : graph.tables(3, maxEntries)) {
         const auto code = std::size_t(table.number(0));
         demand(code < codes.size(), "it has a layer of an unknown kind");
         // Files of old have the kind in a byte, new ones in a number as well.

@@ -13,8 +13,8 @@ namespace {
 using Kind = Graph::Layer::Kind;
 using NetworkKernels::ConvolutionWindow;
 
-constexpr std::size_t mostFloats = 32 << 20; ///< of a run: some thirty times what the networks in use need
-constexpr std::size_t alignment = 16;        ///< in floats: a cache line
+constexpr std::size_t maxFloats = 32 << 20; ///< of a run: some thirty times what the networks in use need
+constexpr std::size_t alignment = 16;       ///< in floats: a cache line
 
 /// A layer's weights in the order of the schema, output channels outermost, with those innermost.
 std::vector<float> outputsInnermost(const std::vector<float>& weights, std::size_t outputs) {
@@ -93,7 +93,7 @@ void Network::placeValues() {
                 std::max(largest, std::size_t(shape(layer.inputs[0]).width) * shape(layer.output).channels);
     }
     floats += largest;
-    if (floats > mostFloats) throw Problem("The network can't be used: it needs too much memory.");
+    if (floats > maxFloats) throw Problem("The network can't be used: it needs too much memory.");
 }
 
 void Network::layOutWeights() {

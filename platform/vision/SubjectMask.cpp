@@ -11,7 +11,7 @@ namespace murbo {
 
 namespace {
 
-constexpr double leastShare = 0.005; ///< of the picture: less of a subject is a mistake
+constexpr double minShare = 0.005; ///< of the picture: less of a subject is a mistake
 
 /// The network is trained on pictures stretched to its input. Bars beside the picture cost it heads.
 Bitmap stretched(const Bitmap& picture, Graph::Shape to) {
@@ -65,7 +65,7 @@ std::optional<Bitmap> SubjectMask::of(const Bitmap& picture) {
     const Bitmap small = stretched(picture, network.input());
     const auto likely = wide ? lookTwice(network, small) : look(network, small, false);
     Bitmap mask = MaskRefinement::refined(picture, small, likely);
-    if (MaskRefinement::share(mask) < leastShare) return {};
+    if (MaskRefinement::share(mask) < minShare) return {};
     return mask;
 }
 

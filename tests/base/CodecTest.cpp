@@ -146,9 +146,9 @@ TEST(Codec, refusesToWriteWhatNobodyCouldRead) {
 }
 
 TEST(Codec, writesNoMoreThanCanBeReadAgain) {
-    std::vector<std::int64_t> many(Json::mostValues - 3);
+    std::vector<std::int64_t> many(Json::maxValues - 3);
     EXPECT_EQ(Codec::decode<std::vector<std::int64_t>>(Codec::encode(many)).size(), many.size());
-    many.resize(Json::mostValues);
+    many.resize(Json::maxValues);
     EXPECT_THROW(Codec::encode(many), Problem);
 }
 

@@ -154,13 +154,13 @@ TEST(CaptionPicture, hiddenWordsKeepTheirPlaceAndShowNothing) {
 }
 
 TEST(CaptionPicture, faintEmojiAreFaint) {
-    const auto most = [](int least) {
+    const auto max = [](int min) {
         return findWhere(drawn(request("😂", {.fill = "FFFFFF80"})),
-                         [=](const std::uint8_t* pixel) { return pixel[3] >= least; })
+                         [=](const std::uint8_t* pixel) { return pixel[3] >= min; })
             .count;
     };
-    EXPECT_GT(most(128), 0);
-    EXPECT_EQ(most(129), 0);
+    EXPECT_GT(max(128), 0);
+    EXPECT_EQ(max(129), 0);
 }
 
 TEST(CaptionPicture, theOutlineReachesHalfItsWidthRoundLettersAndEmoji) {

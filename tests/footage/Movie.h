@@ -15,7 +15,7 @@ namespace murbo {
 namespace Movie {
 
 inline constexpr int rate = 30;
-inline constexpr int mostFrames = 200;
+inline constexpr int maxFrames = 200;
 
 inline void write(const std::filesystem::path& path, int frames, int width = 128, int height = 64,
                   int picturesASecond = rate) {

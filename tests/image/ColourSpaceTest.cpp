@@ -31,9 +31,9 @@ Codes codes(double red, double green, double blue, const Frame& frame) {
     const double cb = (blue - luma) / (2 * (1 - ofBlue));
     const double cr = (red - luma) / (2 * (1 - ofRed));
     const double codeOf8 = std::ldexp(1.0, frame.depth - 8);
-    const double most = std::ldexp(1.0, frame.depth) - 1;
-    if (frame.fullRange) return {luma, cb + 128 * codeOf8 / most, cr + 128 * codeOf8 / most};
-    const auto code = [&](double value) { return value * codeOf8 / most; };
+    const double max = std::ldexp(1.0, frame.depth) - 1;
+    if (frame.fullRange) return {luma, cb + 128 * codeOf8 / max, cr + 128 * codeOf8 / max};
+    const auto code = [&](double value) { return value * codeOf8 / max; };
     return {code(16 + 219 * luma), code(128 + 224 * cb), code(128 + 224 * cr)};
 }
 

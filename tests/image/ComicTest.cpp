@@ -34,12 +34,12 @@ TEST(Comic, printsInFewTones) {
         EXPECT_NEAR(mean(found, {48, 48, 96, 96}), tone, 4) << level;
     }
     const auto dotted = printed(Image::colour({128, 128, 128, 255}));
-    int least = 255, largest = 0;
+    int min = 255, largest = 0;
     for (int x = 40; x < 150; ++x) {
-        least = std::min(least, at(dotted, x, 96).green);
+        min = std::min(min, at(dotted, x, 96).green);
         largest = std::max(largest, at(dotted, x, 96).green);
     }
-    EXPECT_NEAR(largest - least, 13, 2) << "dots";
+    EXPECT_NEAR(largest - min, 13, 2) << "dots";
     const auto strong = at(printed(Image::colour({160, 110, 110, 255})), 96, 96);
     EXPECT_NEAR(strong.red - strong.green, 50 * 22 / 16.0, 2) << "colours get stronger";
 }

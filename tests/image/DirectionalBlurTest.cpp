@@ -38,16 +38,16 @@ TEST(DirectionalBlur, motionIsTheMeanAlongItsLine) {
     const Image image = Image::bitmap(bitmapOf(side, side, wavy)).clamped();
     struct Case {
         double radius, degrees;
-        int most; ///< difference of a channel
+        int max; ///< difference of a channel
     };
     // Long slanted smears are drawn at half size, which rounds fine detail across them off.
-    for (const auto& [radius, degrees, most] : {Case{3, 0, 10},
-                                                {12.5, 0, 10},
-                                                {50, 0, 10},
-                                                {20, 90, 10},
-                                                {20, 35, 10},
-                                                {30, -120, 10},
-                                                {50, 10, 15}}) {
+    for (const auto& [radius, degrees, max] : {Case{3, 0, 10},
+                                               {12.5, 0, 10},
+                                               {50, 0, 10},
+                                               {20, 90, 10},
+                                               {20, 35, 10},
+                                               {30, -120, 10},
+                                               {50, 10, 15}}) {
         const auto smeared = drawn(image.motionBlurred(radius, degrees), side, side);
         const double x = std::cos(degrees * 3.14159265 / 180) * radius;
         const double y = std::sin(degrees * 3.14159265 / 180) * radius;
@@ -56,7 +56,7 @@ TEST(DirectionalBlur, motionIsTheMeanAlongItsLine) {
                 const auto truth = meanAlong([&](double step) {
                     return Point{at + 0.5 + step * x, down + 0.5 + step * y};
                 });
-                EXPECT_LE(difference(Pictures::at(smeared, at, down), truth), most)
+                EXPECT_LE(difference(Pictures::at(smeared, at, down), truth), max)
                     << radius << " at " << degrees;
             }
         }

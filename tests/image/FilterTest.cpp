@@ -61,17 +61,17 @@ TEST(Filters, leaveAlphaWhereItWas) {
     for (const auto& [name, filter] : all()) {
         const auto after = drawn(sticker().filtered(filter), side, side);
         const bool spreads = filter.reach() > 0 || !filter.keepsOpaque();
-        int most = 0;
+        int max = 0;
         bool premultiplied = true;
         for (int y = 0; y < side; ++y) {
             for (int x = 0; x < side; ++x) {
                 const auto pixel = at(after, x, y);
-                most = std::max(most, std::abs(pixel.alpha - at(before, x, y).alpha));
+                max = std::max(max, std::abs(pixel.alpha - at(before, x, y).alpha));
                 premultiplied &= std::max({pixel.red, pixel.green, pixel.blue}) <= pixel.alpha + 1;
             }
         }
         EXPECT_TRUE(premultiplied) << name;
-        EXPECT_TRUE(spreads || most == 0) << name;
+        EXPECT_TRUE(spreads || max == 0) << name;
     }
 }
 

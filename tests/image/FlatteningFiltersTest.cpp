@@ -17,12 +17,12 @@ TEST(FlatteningFilters, turnWithTheirPicture) {
         const auto upright = drawn(picture().filtered(filter), side, side);
         const auto turned = drawn(
             picture().filtered(filter).transformed(Transform().rotated(90).translated(side, 0)), side, side);
-        int most = 0;
+        int max = 0;
         for (int y = 0; y < side; ++y) {
             for (int x = 0; x < side; ++x)
-                most = std::max(most, difference(at(upright, x, y), at(turned, side - 1 - y, x)));
+                max = std::max(max, difference(at(upright, x, y), at(turned, side - 1 - y, x)));
         }
-        EXPECT_LE(most, name == "vignette" ? 1 : 0) << name;
+        EXPECT_LE(max, name == "vignette" ? 1 : 0) << name;
     }
 }
 

@@ -22,25 +22,24 @@ int difference(const Pixel& one, const Pixel& other) {
 }
 
 int difference(const Bitmap& one, const Bitmap& other) {
-    int most = one.width() == other.width() && one.height() == other.height() ? 0 : 999;
-    for (int y = 0; most < 999 && y < one.height(); ++y) {
-        for (int x = 0; x < one.width(); ++x)
-            most = std::max(most, difference(at(one, x, y), at(other, x, y)));
+    int max = one.width() == other.width() && one.height() == other.height() ? 0 : 999;
+    for (int y = 0; max < 999 && y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x) max = std::max(max, difference(at(one, x, y), at(other, x, y)));
     }
-    return most;
+    return max;
 }
 
 int difference(const Planes& one, const Planes& other) {
-    int most = 0;
+    int max = 0;
     for (int plane = 0; plane < 3; ++plane) {
         const int share = plane == 0 ? 1 : 2;
         for (int y = 0; y < one.height() / share; ++y) {
             for (int x = 0; x < one.width() / share; ++x)
-                most = std::max(most, std::abs(one.plane(plane)[y * one.stride(plane) + x] -
-                                               other.plane(plane)[y * other.stride(plane) + x]));
+                max = std::max(max, std::abs(one.plane(plane)[y * one.stride(plane) + x] -
+                                             other.plane(plane)[y * other.stride(plane) + x]));
         }
     }
-    return most;
+    return max;
 }
 
 Bitmap drawn(const Image& image, int width, int height) {

@@ -46,16 +46,16 @@ TEST(Vhs, hasNoiseThatJumpsFromPictureToPicture) {
     const auto one = taped({6, 0, 7});
     EXPECT_EQ(difference(one, taped({6, 0, 7})), 0);
     const auto other = taped({6, 0, 8});
-    int changed = 0, least = 255, largest = 0, neighbours = 0;
+    int changed = 0, min = 255, largest = 0, neighbours = 0;
     for (int x = 0; x < side; ++x) {
         changed += at(one, x, 4) != at(other, x, 4);
         neighbours += at(one, x, 4) == at(one, x, 5);
-        least = std::min(least, at(one, x, 4).green);
+        min = std::min(min, at(one, x, 4).green);
         largest = std::max(largest, at(one, x, 4).green);
     }
     EXPECT_GT(changed, side * 8 / 10);
     EXPECT_EQ(neighbours, side) << "grains are two rows high";
-    EXPECT_NEAR(largest - least, 0.08 * 255, 3);
+    EXPECT_NEAR(largest - min, 0.08 * 255, 3);
 }
 
 TEST(Vhs, hasRedFurtherToTheRight) {

@@ -156,7 +156,7 @@ TEST(Clips, aPlaceBehindTheEndAfterMergingIsNoFault) {
 
 TEST(Clips, agreeWithThePlainWayWhateverTheMarks) {
     std::mt19937 random(7);
-    const auto upTo = [&](double most) { return std::uniform_real_distribution<double>(0, most)(random); };
+    const auto upTo = [&](double max) { return std::uniform_real_distribution<double>(0, max)(random); };
     for (int round = 0; round < 400; round++) {
         auto quick = projectWith(6000);
         std::vector<Clip> clips;

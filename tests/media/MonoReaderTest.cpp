@@ -41,9 +41,9 @@ std::vector<float> read(MonoReader& reader, std::int64_t from, std::size_t count
 }
 
 double loudest(const std::vector<float>& sound) {
-    double most = 0;
-    for (const float value : sound) most = std::max(most, std::abs(double(value)));
-    return most;
+    double max = 0;
+    for (const float value : sound) max = std::max(max, std::abs(double(value)));
+    return max;
 }
 
 }

@@ -161,13 +161,13 @@ TEST(MovieWriter, aFullDiskLeavesTheOldMovieAndNothingElse) {
     whole();
     const auto size = std::filesystem::file_size(path);
     folder.file("movie.mp4", "the old one");
-    for (const auto most : {std::uintmax_t{100}, size / 2, size - 1}) {
+    for (const auto max : {std::uintmax_t{100}, size / 2, size - 1}) {
         std::string problem;
         {
-            const FullDisk disk(most);
+            const FullDisk disk(max);
             problem = problemOf(whole);
         }
-        EXPECT_THAT(problem, testing::HasSubstr("“movie.mp4” could not be written")) << most;
+        EXPECT_THAT(problem, testing::HasSubstr("“movie.mp4” could not be written")) << max;
         EXPECT_EQ(contentsOf(path), "the old one");
         EXPECT_EQ(entriesIn(folder.path), 1);
     }

@@ -20,10 +20,10 @@ TEST(Sampling, givesSomeOfThePicturesAtTheirTrueTimes) {
     struct Case {
         const char* name;
         const char* encoding;
-        double mostOfAll; ///< the share of all pictures
-        double leastOfAll;
+        double maxOfAll; ///< the share of all pictures
+        double minOfAll;
     };
-    for (const auto& [name, encoding, most, least] :
+    for (const auto& [name, encoding, max, min] :
          {Case{"sampled.mp4", "-c:v libx264 -preset veryfast -bf 3 -b_strategy 0 -g 250", 0.6, 0.2},
           Case{"sampled-without-b.mkv", "-c:v libx264 -preset ultrafast -bf 0", 1, 1},
           Case{"sampled-late.ts", "-c:v libx264 -preset veryfast -bf 3 -output_ts_offset 5", 0.9, 0.2},
@@ -36,8 +36,8 @@ TEST(Sampling, givesSomeOfThePicturesAtTheirTrueTimes) {
         ASSERT_FALSE(some.empty()) << name;
         EXPECT_NEAR(some.front(), all.front(), 1e-9) << name;
         EXPECT_GT(some.back(), all.back() - 0.25) << name;
-        EXPECT_LE(static_cast<double>(some.size()), most * static_cast<double>(all.size())) << name;
-        EXPECT_GE(static_cast<double>(some.size()), least * static_cast<double>(all.size())) << name;
+        EXPECT_LE(static_cast<double>(some.size()), max * static_cast<double>(all.size())) << name;
+        EXPECT_GE(static_cast<double>(some.size()), min * static_cast<double>(all.size())) << name;
         for (std::size_t at = 0; at < some.size(); ++at) {
             EXPECT_TRUE(std::binary_search(all.begin(), all.end(), some[at])) << name << " " << some[at];
             if (at > 0) {

@@ -82,7 +82,7 @@ TEST(History, keepsAHundredStepsAndARedoUntilSomethingChanges) {
 TEST(History, dropsOldStepsThatComeToTooMuchButNeverTheNewest) {
     const UUID source = UUID::make();
     Project big = spoken(source, 1);
-    big.transcripts[source].lines.edit()[0].text = std::string(History::mostBytes / 3, 'x');
+    big.transcripts[source].lines.edit()[0].text = std::string(History::maxBytes / 3, 'x');
     History history;
     for (int at = 0; at < 4; ++at) {
         Project changed = big;
@@ -92,7 +92,7 @@ TEST(History, dropsOldStepsThatComeToTooMuchButNeverTheNewest) {
     }
     ASSERT_EQ(history.past().size(), 1u);
     EXPECT_EQ(history.undoName(), "Step 3");
-    big.transcripts[source].lines.edit()[0].text.resize(History::mostBytes, 'x');
+    big.transcripts[source].lines.edit()[0].text.resize(History::maxBytes, 'x');
     history.record("Huge", {}, big);
     EXPECT_EQ(history.undoName(), "Huge");
 }

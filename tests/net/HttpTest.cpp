@@ -23,9 +23,9 @@ std::string failure(const Http::Request& request) {
 }
 
 /// Why nothing came from a server that answers with these bytes.
-std::string failureOn(const std::string& bytes, std::size_t most = 1 << 20) {
+std::string failureOn(const std::string& bytes, std::size_t max = 1 << 20) {
     FakeServer server([&](const std::string&) { return bytes; });
-    return failure({.url = server.base, .most = most});
+    return failure({.url = server.base, .maxBytes = max});
 }
 
 }

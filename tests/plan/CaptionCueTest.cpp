@@ -35,8 +35,8 @@ std::string cues(const Spoken& spoken) {
 }
 
 /// The pieces of a line "one two three" from 10 to 20 that was changed by hand.
-std::string pieces(const CaptionLine& line, std::int64_t most = 24) {
-    return text(CaptionCue::pieces({.start = 10, .end = 20, .text = "one two three"}, &line, most));
+std::string pieces(const CaptionLine& line, std::int64_t max = 24) {
+    return text(CaptionCue::pieces({.start = 10, .end = 20, .text = "one two three"}, &line, max));
 }
 
 CaptionLine broken(std::vector<CaptionLine::Piece> pieces) {

@@ -96,7 +96,7 @@ TEST(CaptionText, unitsCoverTheTextWithoutGap) {
 TEST(CaptionText, piecesAreBalancedAndBreakAtSpaces) {
     struct Row {
         std::string text;
-        std::int64_t most;
+        std::int64_t max;
         Texts pieces;
     };
     const std::vector<Row> table = {
@@ -112,24 +112,24 @@ TEST(CaptionText, piecesAreBalancedAndBreakAtSpaces) {
         {"", 0, {""}},
         {"hi, you", 4, {"hi,", "you"}},
     };
-    for (const auto& row : table) EXPECT_EQ(CaptionText::pieces(row.text, row.most), row.pieces) << row.text;
+    for (const auto& row : table) EXPECT_EQ(CaptionText::pieces(row.text, row.max), row.pieces) << row.text;
 }
 
 TEST(CaptionText, aPieceNeverBeginsWithTheRepetitionMark) {
     const std::string text = "เด็ก ๆ ชอบเล่นเกมเร็ว ๆ มากๆ ทุกวัน ๆ";
-    for (int most = 1; most < 30; ++most)
-        for (const auto& piece : CaptionText::pieces(text, most))
+    for (int max = 1; max < 30; ++max)
+        for (const auto& piece : CaptionText::pieces(text, max))
             EXPECT_FALSE(piece.starts_with("ๆ")) << piece;
 }
 
 TEST(CaptionText, piecesLoseNothingButBlanksAndTakeNoTime) {
     std::string text;
     while (text.size() < 200'000) text += "วันนี้เราจะไป Bangkok กัน 😂 ok? ";
-    for (const std::int64_t most : {0, 7, 24, 1000}) {
-        std::string said = joined(CaptionText::pieces(text, most));
+    for (const std::int64_t max : {0, 7, 24, 1000}) {
+        std::string said = joined(CaptionText::pieces(text, max));
         std::string asked = text;
         std::erase(said, ' ');
         std::erase(asked, ' ');
-        EXPECT_EQ(said, asked) << most;
+        EXPECT_EQ(said, asked) << max;
     }
 }

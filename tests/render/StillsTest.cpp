@@ -112,11 +112,11 @@ TEST(Stills, withoutAReadablePictureTheCaptionStandsOnBlack) {
     PlanBox box(Plan::video(video, project, "", {}));
     const auto brightest = [&](double at) {
         const auto frame = samples::drawn(Stills::frame({video, project, {}}, at, box), 1080, 1080);
-        int most = 0;
+        int max = 0;
         for (int y = 0; y < 1080; ++y) {
-            for (int x = 0; x < 1080; ++x) most = std::max<int>(most, frame.row(y)[4 * x]);
+            for (int x = 0; x < 1080; ++x) max = std::max<int>(max, frame.row(y)[4 * x]);
         }
-        return most;
+        return max;
     };
     EXPECT_GT(brightest(1), 200);
     EXPECT_EQ(brightest(2.5), 0);

@@ -187,7 +187,7 @@ void Playback::closeSkim() {
     if (beforeSkim) seek(*beforeSkim);
 }
 
-/// What the transport is told ends a skim and forgets what it was to go back to.
+/// A command of the transport ends a skim and forgets what it was to go back to.
 void Playback::takeOver() {
     closeSkim();
     wasPlaying = false;

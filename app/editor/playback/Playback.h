@@ -33,7 +33,8 @@ public:
              QObject* parent);
     ~Playback() override;
 
-    /// Who takes the pictures, drawn for so many pixels; none draws nothing. See PicturePlayer.
+    /// Who takes the pictures, drawn for a view of that number of pixels; none draws nothing. See
+    /// PicturePlayer.
     void setSink(std::shared_ptr<FrameSink> sink, int width, int height);
     /// How many pictures were shown, and how many came too late.
     PicturePlayer::Counts counts() const { return player.counts(); }
@@ -72,7 +73,7 @@ public:
     void pause();
     /// Plays forward or backward, twice as fast each time, up to eight times.
     void shuttle(bool forward);
-    /// Pauses and goes on by so many seconds, backward where negative.
+    /// Pauses and goes on by that number of seconds, backward where negative.
     void step(double by);
     /// Shows a time while a hand moves over it; `time` stays where it was.
     void skim(double to);

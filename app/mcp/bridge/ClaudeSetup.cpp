@@ -29,7 +29,7 @@ Config config() {
         auto read = Config::parse(Files::readWhole(file(), mostBytes));
         const auto servers = read.is_object() ? read.find("mcpServers") : read.end();
         if (read.is_object() && (servers == read.end() || servers->is_object())) return read;
-    } catch (const std::exception&) { // told below
+    } catch (const std::exception&) { // reported below
     }
     throw Problem("Claude Desktop's config could not be read, so it was left as it is.");
 }

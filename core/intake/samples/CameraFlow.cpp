@@ -7,7 +7,7 @@
 namespace murbo {
 namespace {
 
-constexpr int mostCorners = 64;
+constexpr int maxCorners = 64;
 // More corners are looked for when fewer are left, now and then, or at once when hardly any are. Those that
 // agreed so far stay: where near and far move differently, hopping between them would look like shake.
 constexpr std::size_t fewCorners = 36;
@@ -22,9 +22,9 @@ const cv::TermCriteria untilFound(cv::TermCriteria::COUNT | cv::TermCriteria::EP
 
 // The motion that most corners share is the camera's; fewer than this share of them is no majority.
 constexpr double agreement = 1.5; ///< pixels
-constexpr std::size_t leastAgreeing = 8;
-constexpr double leastAgreeingShare = 0.35;
-constexpr double mostScale = 1.5;
+constexpr std::size_t minAgreeing = 8;
+constexpr double minAgreeingShare = 0.35;
+constexpr double maxScale = 1.5;
 
 // A mean difference that grain alone makes.
 constexpr double sameLevels = 1.5;
@@ -57,7 +57,7 @@ CameraFlow::Motion motion(const cv::Mat& fit, const cv::Size& size) {
 }
 
 bool isPlausible(const CameraFlow::Motion& motion) {
-    return std::isfinite(motion.zoom) && std::abs(motion.zoom) < std::log(mostScale);
+    return std::isfinite(motion.zoom) && std::abs(motion.zoom) < std::log(maxScale);
 }
 
 }
@@ -84,7 +84,7 @@ void CameraFlow::Tracking::look() {
     for (const auto& corner : corners)
         cv::circle(open, corner, static_cast<int>(distance), cv::Scalar(0), cv::FILLED);
     Points more;
-    cv::goodFeaturesToTrack(here(), more, mostCorners - static_cast<int>(corners.size()), cornerQuality,
+    cv::goodFeaturesToTrack(here(), more, maxCorners - static_cast<int>(corners.size()), cornerQuality,
                             distance, open);
     corners.insert(corners.end(), more.begin(), more.end());
 }
@@ -94,14 +94,14 @@ std::optional<CameraFlow::Motion> CameraFlow::Tracking::follow(const std::vector
     const bool due = ++picturesSinceLook >= picturesToANewLook;
     if (corners.size() < hardlyAny || (due && corners.size() < fewCorners)) look();
     Points from = std::exchange(corners, {});
-    if (from.size() < leastAgreeing) return std::nullopt;
+    if (from.size() < minAgreeing) return std::nullopt;
     Points to;
     std::vector<std::uint8_t> found;
     cv::calcOpticalFlowPyrLK(pyramid, next, from, to, found, cv::noArray(), {searchWindow, searchWindow},
                              pyramidLevels, untilFound);
     keepOnly(from, found);
     keepOnly(to, found);
-    if (from.size() < leastAgreeing) return std::nullopt;
+    if (from.size() < minAgreeing) return std::nullopt;
     return agreed(from, to);
 }
 
@@ -109,8 +109,7 @@ std::optional<CameraFlow::Motion> CameraFlow::Tracking::agreed(const Points& fro
     std::vector<std::uint8_t> agrees;
     const cv::Mat fit = cv::estimateAffinePartial2D(from, to, agrees, cv::RANSAC, agreement, 300, 0.99, 5);
     const auto agreeing = static_cast<std::size_t>(std::count(agrees.begin(), agrees.end(), 1));
-    const double needed =
-        std::max(static_cast<double>(from.size()) * leastAgreeingShare, double{leastAgreeing});
+    const double needed = std::max(static_cast<double>(from.size()) * minAgreeingShare, double{minAgreeing});
     if (fit.empty() || static_cast<double>(agreeing) < needed) return std::nullopt;
     const Motion moved = motion(fit, here().size());
     if (!isPlausible(moved)) return std::nullopt;

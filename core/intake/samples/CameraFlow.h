@@ -7,7 +7,7 @@
 
 namespace murbo {
 
-/// How the camera moved from one picture to the next, told by the corners that can be found again in it.
+/// How the camera moved from one picture to the next, read from the corners that are found again in it.
 class CameraFlow {
 public:
     /// What happened to the picture as a whole between two moments.

@@ -178,7 +178,7 @@ CameraPath::CameraMoment CameraPath::at(double time) const {
 }
 
 void CameraPath::forgetBefore(double time) {
-    // The picture that is on by then stays, and one before it to tell its motion.
+    // The picture that is on by then stays, and one before it to know its motion.
     while (places.size() > 2 && places[2].time < time - reach) places.pop_front();
 }
 

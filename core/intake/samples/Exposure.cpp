@@ -15,11 +15,11 @@ constexpr double harmlessBlacks = 0.08;
 // A washed-out sky hurts more than a black corner: the share that takes a half.
 constexpr double halvingWhites = 0.2;
 constexpr double halvingBlacks = 0.35;
-constexpr double leastOfSpread = 0.25; ///< what a picture of one single tone keeps
+constexpr double minOfSpread = 0.25; ///< what a picture of one single tone keeps
 
 using Histogram = std::array<std::uint32_t, 256>;
 
-/// Rows and columns from the first to behind the last.
+/// Rows and columns from the first to one after the last.
 struct Area {
     int left = 0;
     int right = 0;
@@ -82,7 +82,7 @@ double levelShare(double mean) {
 }
 
 double spreadShare(double spread) {
-    return leastOfSpread + (1 - leastOfSpread) * std::min(spread / wideSpread, 1.0);
+    return minOfSpread + (1 - minOfSpread) * std::min(spread / wideSpread, 1.0);
 }
 
 double unclippedShare(double clipped, double harmless, double halving) {

@@ -16,7 +16,7 @@ constexpr int samplesPerSecond = 8000;
 constexpr double floorDecibels = 60;
 
 /// A hundred days of levels; a cache file beyond that is none of ours.
-constexpr std::size_t mostLevels = std::size_t{100} * 24 * 3600 * Loudness::perSecond;
+constexpr std::size_t maxLevels = std::size_t{100} * 24 * 3600 * Loudness::perSecond;
 
 float peakOf(std::span<const float> samples) {
     float peak = 0;
@@ -43,7 +43,7 @@ std::vector<std::uint8_t> Loudness::measure(const std::filesystem::path& file, i
     std::vector<float> block(step * 64);
     std::vector<std::uint8_t> levels;
     const double end = reader.length() * samplesPerSecond;
-    if (!(end < static_cast<double>(mostLevels * step)))
+    if (!(end < static_cast<double>(maxLevels * step)))
         throw Problem("The sound is too long to be measured.");
     for (std::int64_t from = 0; static_cast<double>(from) < end;
          from += static_cast<std::int64_t>(block.size())) {
@@ -61,7 +61,7 @@ Loudness Loudness::of(const Source& source, const std::optional<std::filesystem:
                       std::stop_token stop) {
     const auto place = cache ? Measures::place(*cache, "loudness", source, ".bin") : std::filesystem::path();
     if (cache) {
-        if (const auto bytes = Measures::kept(place, mostLevels); !bytes.empty())
+        if (const auto bytes = Measures::kept(place, maxLevels); !bytes.empty())
             return {{bytes.begin(), bytes.end()}};
     }
     Loudness measured{measure(source.path, perSecond, stop)};

@@ -9,9 +9,9 @@ std::filesystem::path place(const std::filesystem::path& cache, std::string_view
     return cache / kind / (source.id.text() + std::string(extension));
 }
 
-std::string kept(const std::filesystem::path& file, std::size_t most) {
+std::string kept(const std::filesystem::path& file, std::size_t max) {
     try {
-        return Files::readWhole(file, most);
+        return Files::readWhole(file, max);
     } catch (const Problem&) {
         return {};
     }

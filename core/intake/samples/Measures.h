@@ -24,7 +24,7 @@ std::filesystem::path place(const std::filesystem::path& cache, std::string_view
                             std::string_view extension);
 
 /// What is kept there; empty where there is nothing, or more than `most` bytes.
-std::string kept(const std::filesystem::path& file, std::size_t most);
+std::string kept(const std::filesystem::path& file, std::size_t max);
 
 /// Keeps a measure. Where that fails it is measured again next time, and no worse than that.
 void keep(const std::filesystem::path& file, std::string_view bytes);

@@ -34,7 +34,7 @@ using Behaviour = PickRules::Behaviour;
 
 constexpr double preference = 0.15;
 
-/// A run of moments, from the first to behind the last.
+/// A run of moments, from the first to one after the last.
 struct Run {
     std::size_t from = 0;
     std::size_t to = 0;

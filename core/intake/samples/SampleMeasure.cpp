@@ -15,12 +15,12 @@ namespace {
 // Blur shows on a picture this wide (its longer side), the camera's motion on one half as wide.
 constexpr double lookSide = 640;
 // The camera is followed no more often than this, in seconds; hands shake slower.
-constexpr double leastStep = 0.05;
+constexpr double minStep = 0.05;
 // How long before its middle a moment may be looked at: about half of what lies between two pictures.
 constexpr double lookAhead = 0.05;
 
 // The longest file takes some 20 megabytes; what is larger is none of ours.
-constexpr std::size_t mostCacheBytes = std::size_t{64} << 20;
+constexpr std::size_t maxCacheBytes = std::size_t{64} << 20;
 
 double middleOf(std::size_t sample) {
     return (static_cast<double>(sample) + 0.5) / perSecond;
@@ -38,11 +38,11 @@ struct PictureMeasure {
     std::uint8_t exposure = 0;
 };
 
-/// Takes pictures in the order of their times, and makes a sample for each stretch that lies behind.
+/// Takes pictures in the order of their times, and makes a sample for each stretch that is over.
 class SampleTaker {
 public:
     void add(const FrameReader::TimedFrame& given, int step);
-    /// All samples of a file that is that long, in seconds, if it tells.
+    /// All samples of a file of that length in seconds, where it is known.
     Samples finish(double length);
 
 private:
@@ -63,7 +63,7 @@ private:
 
 void SampleTaker::add(const FrameReader::TimedFrame& given, int step) {
     if (given.time > longest) throw Problem("The picture is too long to be measured.");
-    if (last >= 0 && given.time < last + leastStep) return;
+    if (last >= 0 && given.time < last + minStep) return;
     last = std::max(given.time, 0.0);
     // Most pictures are looked at for the camera's motion alone, which needs but a small one.
     const bool looking = looks.empty() || wantsALook();
@@ -106,7 +106,7 @@ const PictureMeasure& SampleTaker::lookAt(double time) const {
 
 Samples SampleTaker::finish(double length) {
     if (last < 0) throw Problem("Not one picture of it could be read.");
-    // Sound may go on behind the picture; nothing is said of that.
+    // Sound may go on after the picture; nothing is said of that.
     const double end = std::clamp(length, last, last + 1);
     const auto whole = std::max<std::size_t>(static_cast<std::size_t>(end * perSecond + 1e-6), 1);
     while (count() < whole) append(middleOf(count()));
@@ -128,7 +128,7 @@ bool isWhole(const Samples& samples) {
 
 std::optional<Samples> cached(const std::filesystem::path& file) {
     try {
-        auto samples = Codec::decode<Samples>(Measures::kept(file, mostCacheBytes));
+        auto samples = Codec::decode<Samples>(Measures::kept(file, maxCacheBytes));
         if (isWhole(samples)) return samples;
     } catch (const Problem&) {
     }

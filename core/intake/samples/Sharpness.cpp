@@ -13,7 +13,7 @@ constexpr std::size_t calmestOneOf = 10;
 constexpr double grainMargin = 1.3;
 // Grain of four levels, as squared second differences of the smoothed picture. Where even the calmest tenth
 // has more, all of it is grass or leaves.
-constexpr double mostGrain = 16 * 9.0 / 64;
+constexpr double maxGrain = 16 * 9.0 / 64;
 // What grain does to the slopes of the smoothed picture against what it does to its bends.
 constexpr double grainSlopes = 5.0 / 12;
 
@@ -23,9 +23,9 @@ constexpr double smoothing = 0.5;
 constexpr int scale = 4; ///< of the smoothed levels: two bits below the whole ones are kept
 
 // Slopes below this many levels, on average over the best tiles, are left by compression.
-constexpr double leastSlope = 0.5;
+constexpr double minSlope = 0.5;
 // A direction with less than this share of the other's slopes has no edges to judge it by.
-constexpr double leastShare = 0.02;
+constexpr double minShare = 0.02;
 
 /// Mean squares over a tile, or over several: first and second differences along one direction.
 struct Direction {
@@ -105,7 +105,7 @@ double grainOf(std::vector<SharpnessTile>& tiles) {
     const auto calm = tiles.begin() + static_cast<std::ptrdiff_t>(tiles.size() / calmestOneOf);
     std::nth_element(tiles.begin(), calm, tiles.end(),
                      [](const SharpnessTile& a, const SharpnessTile& b) { return a.bends() < b.bends(); });
-    return std::min(calm->bends() / 2 * grainMargin, mostGrain);
+    return std::min(calm->bends() / 2 * grainMargin, maxGrain);
 }
 
 SharpnessTile bestOf(std::vector<SharpnessTile>& tiles) {
@@ -132,9 +132,9 @@ void takeOff(Direction& direction, double grain) {
 // A step of height A blurred by sigma has the slopes A^2 / (2 sqrt(pi) sigma), integrated across it, and the
 // bends A^2 / (4 sqrt(pi) sigma^3): their ratio is 2 sigma^2.
 double squaredRadius(const Direction& direction) {
-    constexpr double most = largestRadius * largestRadius;
-    if (!(direction.bends > 0)) return most;
-    return std::clamp(direction.slopes / direction.bends / 2 - smoothing, 0.0, most);
+    constexpr double max = largestRadius * largestRadius;
+    if (!(direction.bends > 0)) return max;
+    return std::clamp(direction.slopes / direction.bends / 2 - smoothing, 0.0, max);
 }
 
 }
@@ -147,9 +147,9 @@ double edgeRadius(const Luma& luma) {
     SharpnessTile best = bestOf(tiles);
     takeOff(best.across, grain);
     takeOff(best.down, grain);
-    if (best.slopes() < leastSlope * leastSlope) return largestRadius;
-    if (best.across.slopes < leastShare * best.down.slopes) return std::sqrt(squaredRadius(best.down));
-    if (best.down.slopes < leastShare * best.across.slopes) return std::sqrt(squaredRadius(best.across));
+    if (best.slopes() < minSlope * minSlope) return largestRadius;
+    if (best.across.slopes < minShare * best.down.slopes) return std::sqrt(squaredRadius(best.down));
+    if (best.down.slopes < minShare * best.across.slopes) return std::sqrt(squaredRadius(best.across));
     return std::sqrt((squaredRadius(best.across) + squaredRadius(best.down)) / 2);
 }
 

@@ -13,7 +13,7 @@
 namespace murbo {
 namespace {
 
-constexpr std::int64_t afterLength = 36;                   // bytes of the header behind the RIFF length
+constexpr std::int64_t afterLength = 36;                   // bytes of the header after the RIFF length
 constexpr std::int64_t partLength = Sound::speechRate / 2; // stays in the processor's cache
 
 void append(std::string& bytes, std::uint64_t value, int count) {
@@ -30,7 +30,7 @@ std::string nameOf(const std::filesystem::path& file) {
     try {
         hasSound = MediaFile::facts(file).sound.has_value();
     } catch (const Problem&) {
-        // told below, with its first cause
+        // reported below, with its first cause
     }
     if (!hasSound) throw Problem(nameOf(file) + " has no sound to transcribe.");
     std::throw_with_nested(Problem("The sound of " + nameOf(file) + " could not be read."));
@@ -65,7 +65,7 @@ void refuseTooLong(double seconds) {
     Sound::header(std::llround(std::clamp(seconds, 0.0, immense)) * Sound::speechBytesPerSecond);
 }
 
-/// Writes the samples behind the header. Answers how many there are, up to the last that holds sound.
+/// Writes the samples after the header. Answers how many there are, up to the last that holds sound.
 std::int64_t copy(MonoReader& reader, std::int64_t from, std::int64_t to, const TemporaryFile& into,
                   const std::stop_token& stop) {
     std::vector<float> part;

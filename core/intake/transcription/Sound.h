@@ -18,8 +18,8 @@ inline constexpr int speechRate = 16000;
 inline constexpr std::int64_t headerSize = 44;
 inline constexpr std::int64_t speechBytesPerSecond = speechRate * 2;
 
-/// The header of such a file with so many bytes of samples. Throws a Problem where they are more than a WAV
-/// file can hold (some 37 hours).
+/// The header of such a file, for a number of bytes of samples. Throws a Problem where they are more than a
+/// WAV file can hold (some 37 hours).
 std::string header(std::int64_t bytes);
 
 /// Writes the sound from `start` to `end` (seconds on the file) into a temporary file, as far as the file's

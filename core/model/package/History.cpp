@@ -52,7 +52,7 @@ void History::dropOldest() {
     for (auto step = done.rbegin(); step != done.rend() && kept < most; ++step, ++kept) {
         if (step->bytes == 0) step->bytes = weight(*step);
         bytes += step->bytes;
-        if (bytes > mostBytes && kept > 0) break;
+        if (bytes > maxBytes && kept > 0) break;
     }
     done.erase(done.begin(), done.end() - static_cast<std::ptrdiff_t>(kept));
 }
@@ -75,7 +75,7 @@ std::optional<std::string> History::redo(Project& project) {
 struct HistoryFile {
     static constexpr const char* name = "undo.json";
     /// Base64 takes a third more than the bytes that the history may hold, and redo counts as well.
-    static constexpr std::size_t mostBytes = History::mostBytes * 3;
+    static constexpr std::size_t maxBytes = History::maxBytes * 3;
 
     using Texts = std::map<std::string, std::string>;
 
@@ -158,7 +158,7 @@ struct HistoryFile {
 
 History ProjectPackage::readHistory(const std::filesystem::path& package) {
     try {
-        return HistoryFile::read(Files::readWhole(package / HistoryFile::name, HistoryFile::mostBytes));
+        return HistoryFile::read(Files::readWhole(package / HistoryFile::name, HistoryFile::maxBytes));
     } catch (const std::exception&) { // memory that isn't there included
         return {};
     }

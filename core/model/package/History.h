@@ -26,7 +26,7 @@ public:
     static constexpr std::size_t most = 100;
     /// About how many bytes of JSON the kept steps may come to; older ones go first, the newest stays. A
     /// hundred changes of the lines of a three-hour recording fit.
-    static constexpr std::size_t mostBytes = std::size_t{128} << 20;
+    static constexpr std::size_t maxBytes = std::size_t{128} << 20;
 
     /// The name of the step that would be undone, redone.
     std::optional<std::string> undoName() const;

@@ -108,7 +108,7 @@ void write(const Project& project, const fs::path& package, const Project* previ
 }
 
 void create(const fs::path& package) {
-    std::error_code unknown; // what can't be looked at can't be written to either, which tells why
+    std::error_code unknown; // what can't be looked at can't be written to either, which says why
     if (fs::exists(fs::symlink_status(package, unknown)))
         throw ProjectError(ProjectError::Kind::exists, package);
     const auto made = missingFolders(package);

@@ -23,7 +23,7 @@ struct Layout {
     int width = 0; ///< of the picture
     int height = 0;
     std::vector<PlacedGlyph> glyphs;
-    std::vector<Rect> boxes; ///< behind each line that says something
+    std::vector<Rect> boxes; ///< the box of each line that says something
 };
 
 /// Whether numbers and text are such that a picture can come of them at all.

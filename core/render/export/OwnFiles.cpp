@@ -110,7 +110,7 @@ bool isInside(const std::filesystem::path& path, const std::filesystem::path& fo
            std::mismatch(folder.begin(), folder.end(), path.begin(), path.end()).first == folder.end();
 }
 
-/// What tells the file at a path from all others, whatever names it has. Nothing where there is none.
+/// What sets the file at a path apart from all others, whatever its names. Nothing where there is none.
 std::optional<std::pair<dev_t, ino_t>> identity(const std::filesystem::path& path) {
     struct stat facts {};
     if (::stat(path.c_str(), &facts) != 0) return std::nullopt;

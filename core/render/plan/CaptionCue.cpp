@@ -12,9 +12,9 @@ namespace murbo {
 
 namespace {
 
-constexpr double leastShown = 0.05;      // seconds; a line that meets a cut by less is not captioned there
+constexpr double minShown = 0.05;        // seconds; a line that meets a cut by less is not captioned there
 constexpr std::int64_t usualLength = 24; // characters
-constexpr std::size_t mostCues = 20'000; // a file may show every line in each of thousands of cuts
+constexpr std::size_t maxCues = 20'000;  // a file may show every line in each of thousands of cuts
 constexpr double entrance = 0.2;         // seconds in which a caption comes in …
 constexpr double exit = 0.16;            // … and a little more than it takes to go
 
@@ -47,11 +47,11 @@ public:
     /// The lines that a cut shows, as stored.
     std::vector<Timed> in(const Cut& cut) const {
         if (!(cut.length() > 0)) return {};
-        const auto first = std::ranges::upper_bound(timed, cut.start + leastShown, {}, &Timed::endSoFar);
-        const auto last = std::ranges::lower_bound(timed, cut.end - leastShown, {}, &Timed::start);
+        const auto first = std::ranges::upper_bound(timed, cut.start + minShown, {}, &Timed::endSoFar);
+        const auto last = std::ranges::lower_bound(timed, cut.end - minShown, {}, &Timed::start);
         std::vector<Timed> shown;
         for (auto each = first; each < last; ++each)
-            if (cut.start + leastShown < each->end) shown.push_back(*each);
+            if (cut.start + minShown < each->end) shown.push_back(*each);
         std::ranges::sort(shown, {}, &Timed::order);
         return shown;
     }
@@ -131,7 +131,7 @@ void apply(CaptionCue& cue, const CaptionLine& line, const CaptionLine::Piece* p
 }
 
 std::vector<CaptionCue> CaptionCue::cues(const Video& video, const Project& project) {
-    const std::int64_t most = CaptionPresets::style(project, video).most.value_or(usualLength);
+    const std::int64_t max = CaptionPresets::style(project, video).most.value_or(usualLength);
     const Changed changed = changedLines(video);
     std::map<UUID, Spoken> sources;
     std::vector<CaptionCue> cues;
@@ -146,20 +146,19 @@ std::vector<CaptionCue> CaptionCue::cues(const Video& video, const Project& proj
                                  .text = CaptionText::said(timed.line->text),
                                  .line = timed.line->id};
             if (!cue.text.empty())
-                std::ranges::move(pieces(cue, timed.caption, most), std::back_inserter(cues));
+                std::ranges::move(pieces(cue, timed.caption, max), std::back_inserter(cues));
         }
         start += cut.length();
-        if (cues.size() > mostCues) break;
+        if (cues.size() > maxCues) break;
     }
     return cues;
 }
 
-std::vector<CaptionCue> CaptionCue::pieces(const CaptionCue& cue, const CaptionLine* line,
-                                           std::int64_t most) {
+std::vector<CaptionCue> CaptionCue::pieces(const CaptionCue& cue, const CaptionLine* line, std::int64_t max) {
     const std::vector<CaptionLine::Piece>* hand = handPieces(cue, line);
     std::vector<std::string> texts;
     if (hand) std::ranges::transform(*hand, std::back_inserter(texts), &CaptionLine::Piece::text);
-    if (!hand) texts = CaptionText::pieces(cue.text, most);
+    if (!hand) texts = CaptionText::pieces(cue.text, max);
     std::vector<double> shares = hand ? handShares(*hand) : std::vector<double>{};
     if (shares.empty()) shares = lengthShares(texts);
 

@@ -32,7 +32,7 @@ struct CaptionCue {
 
     /// The captions of one line: broken by hand where those breaks still fit the text, else into pieces of
     /// at most `most` characters.
-    static std::vector<CaptionCue> pieces(const CaptionCue& cue, const CaptionLine* line, std::int64_t most);
+    static std::vector<CaptionCue> pieces(const CaptionCue& cue, const CaptionLine* line, std::int64_t max);
 
     /// A moment near `time` at which a caption stands complete on the screen. Nothing with no cues.
     static std::optional<double> shown(double time, std::vector<CaptionCue> cues);

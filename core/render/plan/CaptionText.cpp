@@ -7,7 +7,7 @@ namespace murbo::CaptionText {
 namespace {
 
 constexpr std::int64_t phraseLength = 24;
-/// Breaking at a space is worth so many characters of imbalance.
+/// What breaking at a space is worth, in characters of imbalance.
 constexpr std::int64_t spaceWorth = 5;
 constexpr std::string_view thaiRepetition = "\u0E46";
 
@@ -52,11 +52,11 @@ bool endsLatin(std::string_view unit) {
 }
 
 /// Whether `word` continues the Latin phrase that ends before the blank at the back of `units`.
-bool continuesPhrase(std::string_view text, const std::vector<Range>& units, Range word, std::int64_t most) {
+bool continuesPhrase(std::string_view text, const std::vector<Range>& units, Range word, std::int64_t max) {
     if (units.size() < 2 || !isBlank(slice(text, units.back())) || !isLatin(slice(text, word))) return false;
     const Range phrase = units[units.size() - 2];
     return endsLatin(slice(text, phrase)) &&
-           std::int64_t(count(text.substr(phrase.from, word.to - phrase.from))) <= most;
+           std::int64_t(count(text.substr(phrase.from, word.to - phrase.from))) <= max;
 }
 
 /// The number of characters before each unit, and that of all.
@@ -82,12 +82,12 @@ std::size_t bestBreak(const std::vector<std::int64_t>& counts, const std::vector
 }
 
 /// The units that begin the second and further pieces.
-std::vector<std::size_t> breaks(std::string_view text, const std::vector<Range>& units, std::int64_t most) {
+std::vector<std::size_t> breaks(std::string_view text, const std::vector<Range>& units, std::int64_t max) {
     const auto counts = runningCounts(text, units);
     std::vector<bool> blanks;
     for (const Range unit : units) blanks.push_back(isBlank(slice(text, unit)));
     const std::int64_t total = counts.back();
-    const std::int64_t parts = (total + most - 1) / most;
+    const std::int64_t parts = (total + max - 1) / max;
     std::vector<std::size_t> found;
     for (std::int64_t part = 1; part < parts; ++part) {
         const std::size_t from = found.empty() ? 1 : found.back() + 1;
@@ -117,10 +117,10 @@ std::string said(std::string_view text) {
     return std::string(Unicode::trimmed(kept));
 }
 
-std::vector<std::string> pieces(const std::string& text, std::int64_t most) {
-    if (most >= std::int64_t(count(text))) return {text};
+std::vector<std::string> pieces(const std::string& text, std::int64_t max) {
+    if (max >= std::int64_t(count(text))) return {text};
     const auto all = units(text, phraseLength);
-    auto starts = breaks(text, all, std::max<std::int64_t>(most, 1));
+    auto starts = breaks(text, all, std::max<std::int64_t>(max, 1));
     starts.push_back(all.size());
     std::vector<std::string> found;
     std::size_t from = 0;
@@ -133,7 +133,7 @@ std::vector<std::string> pieces(const std::string& text, std::int64_t most) {
     return found.empty() ? std::vector<std::string>{text} : found;
 }
 
-std::vector<Range> units(std::string_view text, std::int64_t most) {
+std::vector<Range> units(std::string_view text, std::int64_t max) {
     const bool thai = isThai(text);
     std::vector<Range> found;
     std::size_t from = 0;
@@ -144,7 +144,7 @@ std::vector<Range> units(std::string_view text, std::int64_t most) {
         if (!found.empty() &&
             (characters == thaiRepetition || (isMarks(characters) && !isBlank(slice(text, found.back()))))) {
             found.back().to = to;
-        } else if (thai && continuesPhrase(text, found, unit, most)) {
+        } else if (thai && continuesPhrase(text, found, unit, max)) {
             found.pop_back();
             found.back().to = to;
         } else {

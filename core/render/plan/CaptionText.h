@@ -25,11 +25,11 @@ std::size_t count(std::string_view text);
 std::string said(std::string_view text);
 
 /// The text in pieces of about equal length, at most about `most` characters each. Never empty.
-std::vector<std::string> pieces(const std::string& text, std::int64_t most);
+std::vector<std::string> pieces(const std::string& text, std::int64_t max);
 
 /// Adjacent ranges that cover the text: words with the punctuation that belongs to them, and white space.
 /// In Thai text Latin words stay together as phrases of up to `most` characters.
-std::vector<Range> units(std::string_view text, std::int64_t most);
+std::vector<Range> units(std::string_view text, std::int64_t max);
 
 /// The units that are words.
 std::vector<Range> words(std::string_view text);

@@ -41,8 +41,8 @@ Rect placed(const Rect& area, Size crop, double across, double down) {
             crop.width, crop.height};
 }
 
-double held(double value, double least, double most) {
-    return std::clamp(value, least, std::max(least, most));
+double held(double value, double min, double max) {
+    return std::clamp(value, min, std::max(min, max));
 }
 
 std::optional<Point> eyes(const Framing& framing, Size picture) {

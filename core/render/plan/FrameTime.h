@@ -42,8 +42,8 @@ inline std::int64_t first(double edge, int rate) {
 /// the next cut goes on there (or null for none), it may be.
 double lastMoment(const Cut& cut, const Cut* next);
 
-/// Where in its file a cut begins. A picture within half a tick of the time told was meant: that was rounded,
-/// and so may the picture's own have been, which its place on the file's grid makes good.
+/// Where in its file a cut begins. A picture within half a tick of the time given was meant: that was
+/// rounded, and so may the picture's own have been, which its place on the file's grid makes good.
 inline double begin(double start, const PictureGrid& grid) {
     return grid.near(start, Times::tick / 2).value_or(start);
 }

@@ -15,8 +15,8 @@ namespace murbo {
 
 namespace {
 
-constexpr double shortest = 0.1;             // seconds
-constexpr std::size_t mostOverlays = 20'000; // no video has nearly as many
+constexpr double shortest = 0.1;            // seconds
+constexpr std::size_t maxOverlays = 20'000; // no video has nearly as many
 
 /// What a placement's parameters are filled in with. Those of one playbook that fill in nothing share one
 /// list; the others copy it, as long as there are not absurdly many values.
@@ -86,7 +86,7 @@ std::vector<PlacedOverlay> PlacedOverlay::place(const List<Overlay>& overlays, c
     const ShownMoments moments(cuts);
     PlacedValues values;
     for (const Overlay& overlay : overlays) {
-        if (placed.size() == mostOverlays) break;
+        if (placed.size() == maxOverlays) break;
         const auto start = moments.on(overlay.source, overlay.at);
         const auto* book = start ? books.find(overlay.playbook, overlay.version) : nullptr;
         if (!book) continue;
@@ -105,7 +105,7 @@ std::vector<PlacedOverlay> PlacedOverlay::generated(const List<Cut>& cuts, PlanB
     PlacedValues values;
     double start = 0;
     for (const Cut& cut : cuts) {
-        if (placed.size() == mostOverlays) break;
+        if (placed.size() == maxOverlays) break;
         const auto* book =
             cut.generator ? books.find(cut.generator->playbook, cut.generator->version) : nullptr;
         if (book)

@@ -15,10 +15,10 @@ namespace murbo {
 
 namespace {
 
-constexpr double leastPanZoom = 1.2; // a pan needs room to travel
-constexpr double shakeLength = 0.8;  // seconds
+constexpr double minPanZoom = 1.2;  // a pan needs room to travel
+constexpr double shakeLength = 0.8; // seconds
 constexpr double joltsASecond = 24;
-constexpr std::size_t mostShots = 20'000; // a file may ask for every shot in each of thousands of cuts
+constexpr std::size_t maxShots = 20'000; // a file may ask for every shot in each of thousands of cuts
 constexpr std::uint64_t focusSeed = 0x9E3779B97F5EADDF;
 constexpr std::uint64_t joltSeed = 0x9E3779B97F72C0BA;
 
@@ -72,7 +72,7 @@ std::vector<PlacedShot> moments(const List<Shot>& shots, const List<Cut>& cuts) 
         for (const Shot* shot : all.in(cut))
             moments.push_back({.start = start + std::max(shot->at - cut.start, 0.0), .shot = *shot});
         start += cut.length();
-        if (moments.size() > mostShots) break;
+        if (moments.size() > maxShots) break;
     }
     std::ranges::stable_sort(moments, {}, &PlacedShot::start);
     return moments;
@@ -119,7 +119,7 @@ double PlacedShot::zoom(double time) const {
             return shot.zoom * (1 + 0.08 * eased(*this, time));
         case ShotMove::panLeft:
         case ShotMove::panRight:
-            return std::max(shot.zoom, leastPanZoom);
+            return std::max(shot.zoom, minPanZoom);
         case ShotMove::shake:
             return shot.zoom;
     }

@@ -8,8 +8,8 @@ namespace {
 
 /// What a filled-in text may grow to, and how many parameters it may hold; what a parameter's value says is
 /// never read for parameters again.
-constexpr std::size_t mostBytes = 100'000;
-constexpr int mostParameters = 100;
+constexpr std::size_t maxBytes = 100'000;
+constexpr int maxParameters = 100;
 constexpr std::size_t longestName = 200;
 
 bool isWholeParameter(std::string_view text) {
@@ -27,7 +27,7 @@ const Values::value_type* beginning(const Values& values, std::string_view text)
 
 std::string filled(std::string_view text, const Values& values) {
     std::string result;
-    for (int count = 0; count < mostParameters && result.size() < mostBytes; ++count) {
+    for (int count = 0; count < maxParameters && result.size() < maxBytes; ++count) {
         const auto dollar = text.find('$');
         result += text.substr(0, dollar);
         if (dollar == text.npos) return result;
@@ -43,11 +43,11 @@ std::string filled(std::string_view text, const Values& values) {
 
 std::optional<std::string> value(const std::optional<std::string>& text, const Values& values) {
     if (!text) return std::nullopt;
-    if (text->find('$') == text->npos) return Text::beginning(*text, mostBytes);
-    if (!isWholeParameter(*text)) return Text::beginning(filled(*text, values), mostBytes);
+    if (text->find('$') == text->npos) return Text::beginning(*text, maxBytes);
+    if (!isWholeParameter(*text)) return Text::beginning(filled(*text, values), maxBytes);
     const auto found = values.find(text->substr(1));
     if (found == values.end()) return std::nullopt;
-    return Text::beginning(found->second, mostBytes);
+    return Text::beginning(found->second, maxBytes);
 }
 
 }

@@ -28,7 +28,7 @@ Limiter::Limiter() {
 void Limiter::reset() {
     delayed.assign(2 * latency, 0.0F);
     released.assign(window, unity);
-    least.clear();
+    minima.clear();
     sum = window * unity;
     last = unity;
     frame = 0;
@@ -36,11 +36,11 @@ void Limiter::reset() {
 
 /// The gain for the frame of `latency` frames before, given what the newest one needs.
 std::int64_t Limiter::smoothed(std::int64_t needed) {
-    while (!least.empty() && least.back().second >= needed) least.pop_back();
-    least.emplace_back(frame, needed);
-    if (least.front().first <= frame - window) least.pop_front();
+    while (!minima.empty() && minima.back().second >= needed) minima.pop_back();
+    minima.emplace_back(frame, needed);
+    if (minima.front().first <= frame - window) minima.pop_front();
 
-    last = std::min(last + rise, least.front().second);
+    last = std::min(last + rise, minima.front().second);
     std::int64_t& oldest = released[frame % window];
     sum += last - oldest;
     oldest = last;

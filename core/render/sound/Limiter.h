@@ -39,7 +39,7 @@ private:
     std::vector<float> delayed;         ///< ring of the last `latency` frames
     std::vector<std::int64_t> released; ///< ring of the gains that are averaged
     std::deque<std::pair<std::int64_t, std::int64_t>>
-        least;              ///< (frame, gain), both rising: the minimum is in front
+        minima;             ///< (frame, gain), both rising: the minimum is in front
     std::int64_t sum = 0;   ///< of `released`
     std::int64_t last = 0;  ///< the gain released last
     std::int64_t frame = 0; ///< frames taken in

@@ -16,14 +16,14 @@ namespace murbo::SoundMix {
 
 namespace {
 
-constexpr double musicVolume = 0.35; // of a cue that tells none
+constexpr double musicVolume = 0.35; // of a cue that gives none
 constexpr double soundVolume = 0.7;
 constexpr double layerVolume = 1;
 constexpr double ringsOut = 4; // seconds; a longer sound ends with its overlay
-constexpr double leastTied = 0.1;
-constexpr std::size_t mostLayers = 1000; // each is a file to be opened
-constexpr int mostSteps = 20'000;        // names looked up and parameters filled in, to find those
-constexpr double leastSpan = 0.05;       // seconds; a shorter sound is left out
+constexpr double minTied = 0.1;
+constexpr std::size_t maxLayers = 1000; // each is a file to be opened
+constexpr int maxSteps = 20'000;        // names looked up and parameters filled in, to find those
+constexpr double minSpan = 0.05;        // seconds; a shorter sound is left out
 constexpr double muteFade =
     0.08; // seconds in which the footage fades out before a muted stretch and in after
 constexpr double curveStep = 0.1;    // seconds from one point of the music's curve to the next
@@ -174,7 +174,7 @@ Curve musicCurve(const Piece& piece, double gain, std::optional<double> duck, co
 
 /// `span` seconds of a file, `skip` being what is left out at its start; nothing where that is too little.
 std::optional<Piece> pieceOf(double start, double span, double skip) {
-    if (!(start >= 0) || !(span > leastSpan) || !(std::abs(skip) <= longestVideo)) return {};
+    if (!(start >= 0) || !(span > minSpan) || !(std::abs(skip) <= longestVideo)) return {};
     return Piece{start, start + span, skip};
 }
 
@@ -221,7 +221,7 @@ std::vector<SoundLayer> soundLayers(const Plan& plan) {
         if (isNew) layers->second = soundingLayers(*placed.book);
         for (const auto* layer : layers->second) {
             steps += 1 + static_cast<int>(std::ranges::count(*layer->sound, '$'));
-            if (found.size() == mostLayers || steps > mostSteps) return found;
+            if (found.size() == maxLayers || steps > maxSteps) return found;
             const auto name = Stage::value(layer->sound, *placed.values);
             auto file = name ? plan.file(*name, &*placed.book) : std::nullopt;
             if (file) found.push_back({placed, *layer, std::move(*file)});
@@ -230,13 +230,13 @@ std::vector<SoundLayer> soundLayers(const Plan& plan) {
     return found;
 }
 
-/// Where a layer sounds: a short sound rings out behind its overlay, a long one ends with it.
+/// Where a layer sounds: a short sound rings out after its overlay, a long one ends with it.
 std::optional<Piece> placed(const SoundLayer& layer, const Clock& clock, double fileLength) {
     const double begin = layer.begin();
     const double skip = layer.layer.start.value_or(0);
     const double left = fileLength - skip;
     double span = std::min(clock.total - begin, left);
-    if (left > ringsOut) span = std::min(span, std::max(layer.placed.end - begin, leastTied));
+    if (left > ringsOut) span = std::min(span, std::max(layer.placed.end - begin, minTied));
     return pieceOf(begin, span, skip);
 }
 

@@ -23,14 +23,14 @@ struct Ramp {
     double from = 1;
     double to = 1;
 
-    /// The gain at a time; behind the end it stays.
+    /// The gain at a time; after the end it stays.
     double at(double time) const {
         return from == to || time >= end ? to : from + (to - from) * (time - start) / (end - start);
     }
     bool operator==(const Ramp&) const = default;
 };
 
-/// Ramps in time order. Between two of them, and behind the last, the gain stays where it was; before the
+/// Ramps in time order. Between two of them, and after the last, the gain stays where it was; before the
 /// first it is where that one begins. An empty curve is 1 throughout.
 using Curve = std::vector<Ramp>;
 

@@ -22,7 +22,7 @@ namespace murbo {
 /// One thread at a time may use a mixer.
 class SoundMixer {
 public:
-    /// `length` in seconds; behind it there is silence.
+    /// `length` in seconds; after it there is silence.
     SoundMixer(std::vector<SoundMix::Track> tracks, double length);
     SoundMixer(SoundMixer&&) noexcept;
     SoundMixer& operator=(SoundMixer&&) noexcept;

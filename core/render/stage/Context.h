@@ -27,7 +27,7 @@ struct Context {
     double width() const { return scene.plan.frame.width; }
     double height() const { return scene.plan.frame.height; }
     Rect frame() const { return {0, 0, width(), height()}; }
-    /// As many as are wanted of what the frame may still have, or as many as are left.
+    /// What is wanted of what the frame may still have, or all that is left.
     std::int64_t take(std::int64_t Budget::*what, std::int64_t wanted) const {
         return scene.budget ? scene.budget->take(what, wanted) : wanted;
     }

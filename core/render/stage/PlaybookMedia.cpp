@@ -59,9 +59,9 @@ std::size_t bytesOf(const Bitmap& bitmap) {
 
 bool isOpaque(const Bitmap& bitmap) {
     for (int y = 0; y < bitmap.height(); ++y) {
-        std::uint8_t least = 255;
-        for (int x = 0; x < bitmap.width(); ++x) least &= bitmap.row(y)[x * 4 + 3];
-        if (least != 255) return false;
+        std::uint8_t min = 255;
+        for (int x = 0; x < bitmap.width(); ++x) min &= bitmap.row(y)[x * 4 + 3];
+        if (min != 255) return false;
     }
     return true;
 }

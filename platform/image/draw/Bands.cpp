@@ -15,8 +15,8 @@ constexpr int bandRows = 128; // enough rows that a thread is worth its start
 }
 
 void draw(const Image& image, Bitmap& target) {
-    const int most = static_cast<int>(std::max(std::thread::hardware_concurrency(), 1U));
-    const int bands = std::clamp(target.height() / bandRows, 1, most);
+    const int max = static_cast<int>(std::max(std::thread::hardware_concurrency(), 1U));
+    const int bands = std::clamp(target.height() / bandRows, 1, max);
     const auto top = [&](int band) { return target.height() * band / bands; };
     std::vector<std::future<void>> others;
     for (int band = 1; band < bands; ++band) {
