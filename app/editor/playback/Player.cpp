@@ -63,7 +63,8 @@ void Player::run(double rate) {
 void Player::runFrom(double place, double rate) {
     const bool audible = hasSound && std::abs(rate) <= SoundFeed::fastest;
     if (!audible) sound.stop();
-    clock.run(place, rate, audible ? sound.start(place, rate) : computer);
+    if (audible) return clock.run(place, rate, sound.start(place, rate));
+    clock.run(place, rate, [now = computer, begun = computer()] { return now() - begun; });
 }
 
 void Player::stand(double place) {

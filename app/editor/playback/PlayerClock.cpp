@@ -16,7 +16,7 @@ double PlayerClock::rate() const {
 
 double PlayerClock::place() const {
     const std::lock_guard hold(lock);
-    return speed == 0 ? anchor : anchor + speed * (clock() - since);
+    return speed == 0 ? anchor : anchor + speed * clock();
 }
 
 void PlayerClock::stand(double place) {
@@ -30,7 +30,6 @@ void PlayerClock::run(double place, double rate, Now now) {
     clock = std::move(now);
     anchor = place;
     speed = rate;
-    since = clock();
 }
 
 }

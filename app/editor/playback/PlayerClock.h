@@ -21,15 +21,15 @@ public:
 
     /// Stands still at a place.
     void stand(double place);
-    /// Runs on from a place at a rate, with this clock to lead.
+    /// Runs on from a place at a rate, led by a clock that stands at 0 when the place is heard or shown: it
+    /// may run already.
     void run(double place, double rate, Now now);
 
 private:
     mutable std::mutex lock;
     Now clock;
     double speed = 0;
-    double anchor = 0; ///< the place at `since`
-    double since = 0;  ///< on the clock that leads
+    double anchor = 0; ///< the place at 0 of the clock that leads
 };
 
 }
