@@ -7,19 +7,15 @@
 #include "core/render/plan/FrameTime.h"
 #include "platform/base/Problem.h"
 #include "platform/image/Jpeg.h"
-#include "platform/image/draw/Canvas.h"
+#include "platform/image/draw/Bands.h"
 #include "platform/media/FrameReader.h"
 
 #include <algorithm>
 #include <cmath>
-#include <future>
-#include <thread>
 #include <utility>
 
 namespace murbo::Stills {
 namespace {
-
-constexpr int bandRows = 128; // enough rows that a thread is worth its start
 
 /// What the footage shows at a moment of a video, and whose it is.
 struct ShownFootage {
@@ -58,25 +54,6 @@ ShownFootage footage(const Subject& of, double time) {
     }
 }
 
-/// The image's pixels, drawn in bands side by side: somebody waits for this one picture.
-Bitmap inBands(const Image& image) {
-    const auto extent = image.extent();
-    const auto placed = image.transformed(Transform().translated(-extent.x, -extent.y));
-    Bitmap target(static_cast<int>(std::ceil(extent.width)), static_cast<int>(std::ceil(extent.height)));
-    const int max = static_cast<int>(std::max(std::thread::hardware_concurrency(), 1U));
-    const int bands = std::clamp(target.height() / bandRows, 1, max);
-    std::vector<std::future<void>> others;
-    for (int band = 0; band < bands; ++band) {
-        const int top = target.height() * band / bands;
-        const int bottom = target.height() * (band + 1) / bands;
-        others.push_back(std::async(std::launch::async, [&placed, &target, top, bottom] {
-            Canvas::draw(placed, target, top, bottom);
-        }));
-    }
-    for (auto& other : others) other.get();
-    return target;
-}
-
 }
 
 Image frame(const Subject& of, double at, PlanBox& box) {
@@ -106,7 +83,9 @@ std::optional<Image> caption(const std::string& text, const CaptionStyle& style,
 std::optional<std::string> jpeg(const Image& image, double quality) {
     const auto extent = image.extent();
     if (extent.empty() || extent.isEverything()) return std::nullopt;
-    return Jpeg::encode(inBands(image), quality);
+    Bitmap target(static_cast<int>(std::ceil(extent.width)), static_cast<int>(std::ceil(extent.height)));
+    Bands::draw(image.transformed(Transform().translated(-extent.x, -extent.y)), target);
+    return Jpeg::encode(target, quality);
 }
 
 }

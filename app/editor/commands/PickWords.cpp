@@ -2,8 +2,8 @@
 
 #include "app/editor/Timecode.h"
 #include "app/editor/commands/Named.h"
+#include "core/ai/Said.h"
 #include "core/model/ShownMoments.h"
-#include "core/model/Tags.h"
 #include "core/model/edits/VideoEdits.h"
 #include "core/playbooks/Playbooks.h"
 #include "platform/base/RawText.h"
@@ -27,33 +27,14 @@ std::string at(const Video& video, const Block& block) {
     return time ? " at " + Timecode::fine(*time) : "";
 }
 
-constexpr double touch = 0.05; ///< seconds by which a line must reach into a cut to count
-
-/// The tags of the first and the last line or note that a cut plays; empty with none.
-std::pair<std::string, std::string> ends(const Project& project, const Cut& cut) {
-    const auto tags = Tags::on(cut.source, project);
-    std::map<double, std::string> played;
-    const auto note = [&](const auto& piece) {
-        const auto tag = tags.find(piece.id);
-        if (tag != tags.end() && cut.start + touch < piece.end && piece.start < cut.end - touch)
-            played.emplace(piece.start, tag->second);
-    };
-    const auto& transcript = project.transcript(cut.source);
-    for (const auto& line : transcript.lines)
-        if (!line.isGone()) note(line);
-    for (const auto& one : transcript.notes) note(one);
-    if (played.empty()) return {};
-    return {played.begin()->second, played.rbegin()->second};
-}
-
-std::string cut(const Editor& editor, const Video& video, const UUID& id) {
+std::string cut(const Said& said, const Video& video, const UUID& id) {
     const auto position = VideoEdits::index(video, id);
     if (!position) return "";
     const auto& cut = video.cuts[*position];
     const auto words = "cut " + std::to_string(*position + 1);
     if (cut.role) return words + " (" + *cut.role + ")";
-    const auto [first, last] = ends(editor.project(), cut);
-    return first.empty() ? words : words + " (" + first + " to " + last + ")";
+    const auto ends = said.ends(cut);
+    return ends ? words + " (" + ends->first->tag + " to " + ends->last->tag + ")" : words;
 }
 
 std::string shot(const Editor& editor, const Video& video, const Shot& shot) {
@@ -66,10 +47,11 @@ std::string sound(const Video& video, const SoundCue& cue, const char* word) {
     return word + (" " + std::filesystem::path(cue.file).stem().string()) + at(video, cue);
 }
 
-std::string words(const Editor& editor, const Video& video, const Look& look, const Pick& pick) {
+std::string words(const Editor& editor, const Said& said, const Video& video, const Look& look,
+                  const Pick& pick) {
     switch (pick.kind) {
         case Pick::Kind::cut:
-            return cut(editor, video, pick.id);
+            return cut(said, video, pick.id);
         case Pick::Kind::shot:
             if (const auto* found = find(look.shots, pick.id)) return shot(editor, video, *found);
             return "";
@@ -96,9 +78,10 @@ std::string of(const Editor& editor, const std::vector<Pick>& picks) {
     const auto* video = editor.video();
     if (!video) return "";
     static const Look none;
+    const Said spoken(editor.project());
     std::string list;
     for (const auto& pick : picks) {
-        const auto said = words(editor, *video, video->look ? *video->look : none, pick);
+        const auto said = words(editor, spoken, *video, video->look ? *video->look : none, pick);
         if (!said.empty()) list += (list.empty() ? "" : ", ") + said;
     }
     return "In " + video->tag() + " “" + video->title + "”, these: " + list;

@@ -1,7 +1,7 @@
 #include "app/editor/playback/PicturePlayer.h"
 
-#include "core/model/Times.h"
 #include "core/render/Renderer.h"
+#include "core/render/plan/FrameTime.h"
 #include "platform/image/draw/Bands.h"
 
 #include <algorithm>
@@ -36,11 +36,11 @@ std::int64_t frameAt(const VideoComposition& composition, double time) {
 VideoComposition::Moment momentAt(const VideoComposition& composition, double time) {
     const auto& segments = composition.segments;
     const auto on = std::ranges::find_if(
-        segments, [&](const auto& segment) { return time + Times::noStretch < segment.end(); });
+        segments, [&](const auto& segment) { return !FrameTime::reached(segment.end(), time); });
     const auto& segment = on == segments.end() ? segments.back() : *on;
     const double at = std::max(time, segment.start);
     return {static_cast<std::size_t>(&segment - segments.data()), at,
-            segment.from + std::min(at - segment.start, segment.length)};
+            FrameTime::asked(segment.from, at - segment.start, segment.lastMoment)};
 }
 
 Bitmap drawn(const Image& image, Size frame, int width, int height) {
