@@ -22,7 +22,7 @@ namespace {
 std::string line(const MCPActivity::Entry& entry) {
     const auto said = entry.said.substr(0, entry.said.find('\n'));
     return fmt::format("{}{}{}: {}{}\n", MCPTool::named(entry.tool)->title(), entry.asked.empty() ? "" : ", ",
-                       entry.asked, entry.failed ? "refused: " : "", Brief::oneLine(said));
+                       entry.asked, entry.failed ? "not done: " : "", Brief::oneLine(said));
 }
 
 void print(const std::string& text) {
