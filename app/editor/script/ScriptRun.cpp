@@ -29,6 +29,12 @@ ScriptRun::ScriptRun(const std::filesystem::path& project, const std::optional<s
       input(opened(lines)),
       readable(input, QSocketNotifier::Read) {
     connect(&readable, &QSocketNotifier::activated, this, [this] { read(); });
+    // The first line meets a project whose video has been loaded.
+    if (!document->editor().isBusy()) return;
+    readable.setEnabled(false);
+    const auto once = static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection);
+    connect(
+        &document->editor(), &Editor::idle, this, [this] { readable.setEnabled(true); }, once);
 }
 
 ScriptRun::~ScriptRun() {
