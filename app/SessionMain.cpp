@@ -3,6 +3,7 @@
 #include "app/options/Ending.h"
 #include "app/options/Options.h"
 #include "app/options/Paths.h"
+#include "app/paid/PaidCommands.h"
 
 #include <QCoreApplication>
 #include <csignal>
@@ -30,5 +31,7 @@ int main(int count, char** words) {
     const std::string_view option = match ? match->option->name : "";
     if (option == "--serve") return Ending::of([&] { Serve::run(Paths::absolute(match->words[0])); });
     if (option == "--script") return Ending::of([&] { script(match->words); });
+    if (PaidCommands::has(option))
+        return PaidCommands::run(option, Arguments({words, words + count}), match->words);
     return Ending::failure("This is a part of Murbo: start murbo itself.");
 }

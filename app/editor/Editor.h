@@ -126,8 +126,8 @@ public:
     Background background;
     Work work;
 
-    /// The window's way of asking whether to go on: title, text, the button's word. Without one it is yes.
-    std::function<bool(const std::string&, const std::string&, const std::string&)> confirm;
+    /// The way of asking the owner whether to go on: title, text, the button's word. Without one it is yes.
+    std::function<QCoro::Task<bool>(std::string, std::string, std::string)> confirm;
 
 signals:
     void projectChanged();

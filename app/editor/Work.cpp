@@ -33,6 +33,7 @@ void Work::queue(const std::string& label, Body body) {
 
 void Work::cancelAll() {
     waiting.clear();
+    std::exchange(all, {}).request_stop();
     cancel();
 }
 

@@ -35,12 +35,14 @@ public:
     void queue(const std::string& label, Body body);
     /// Asks the running job to stop; it keeps what it has finished.
     void cancel() { stop.request_stop(); }
-    /// Cancels it, and forgets those in line.
+    /// Cancels it, forgets those in line, and stops what is still being made ready.
     void cancelAll();
 
     void setLabel(const std::string& label);
     void setProgress(std::optional<double> progress);
     std::stop_token stopping() const { return stop.get_token(); }
+    /// For what leads up to a job: stops once all is cancelled.
+    std::stop_token untilAllCancelled() const { return all.get_token(); }
 
 signals:
     void labelChanged();
@@ -59,7 +61,8 @@ private:
 
     std::optional<std::string> words;
     std::optional<double> share;
-    std::stop_source stop;
+    std::stop_source stop; ///< the running job's
+    std::stop_source all;
     std::deque<QueuedWork> waiting;
 };
 

@@ -1,11 +1,13 @@
 #include "app/headless/Commands.h"
 
 #include "app/options/Paths.h"
+#include "core/ai/Spending.h"
 #include "core/intake/Intake.h"
 #include "core/intake/Markers.h"
 #include "core/intake/SourceFinder.h"
 #include "core/intake/Sources.h"
 #include "core/model/ProjectSummary.h"
+#include "core/model/package/Activity.h"
 #include "core/model/package/PackageLock.h"
 #include "core/model/package/ProjectPackage.h"
 #include "platform/base/Problem.h"
@@ -91,6 +93,14 @@ std::optional<std::string> Commands::whyUnusable(const fs::path& file) try {
     return "“" + file.filename().string() + "” has no length that could be read.";
 } catch (const Problem& problem) {
     return problem.message();
+}
+
+void Commands::spent(const Arguments&, const Words& words) {
+    const auto package = Paths::absolute(words[0]);
+    ProjectPackage::read(package); // says what is wrong with one that is none
+    auto text = Spending::summary(Activity::read(package));
+    text.pop_back(); // the line break that printing adds
+    print(text);
 }
 
 void Commands::version(const Arguments&, const Words&) {

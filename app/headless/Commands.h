@@ -24,6 +24,7 @@ void create(const Arguments& arguments, const Words& words);     ///< --new
 void summary(const Arguments& arguments, const Words& words);    ///< --summary
 void stills(const Arguments& arguments, const Words& words);     ///< --still
 void movie(const Arguments& arguments, const Words& words);      ///< --export
+void spent(const Arguments& arguments, const Words& words);      ///< --spent
 void version(const Arguments& arguments, const Words& words);    ///< --version
 
 /// A project as a command finds it.

@@ -19,6 +19,7 @@ constexpr HeadlessCommand commands[] = {
     {"--transcribe", Commands::transcribe}, {"--new", Commands::create},
     {"--summary", Commands::summary},       {"--still", Commands::stills},
     {"--export", Commands::movie},          {"--version", Commands::version},
+    {"--spent", Commands::spent},
 };
 
 }

@@ -10,6 +10,7 @@
 namespace murbo {
 namespace {
 
+constexpr std::size_t longestText = 20'000; // bytes
 constexpr const char* replyForm =
     "When you have read what you need, reply with JSON only:\n"
     R"({"ideas": [{
@@ -32,7 +33,8 @@ constexpr const char* replyForm =
 std::optional<std::string> Ideas::text(const nlohmann::json& value) {
     if (!value.is_string()) return std::nullopt;
     const auto& words = value.get_ref<const std::string&>();
-    return Text::trimmed(words).empty() ? std::nullopt : std::optional(words);
+    if (Text::trimmed(words).empty()) return std::nullopt;
+    return Text::beginning(words, longestText);
 }
 
 std::optional<std::string> Ideas::text(const nlohmann::json& object, const char* name) {

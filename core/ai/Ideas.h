@@ -13,7 +13,8 @@ namespace murbo {
 /// Videos worth making, proposed by a model.
 namespace Ideas {
 
-/// A text that holds something besides blanks and line breaks, as it stands; nothing for any other value.
+/// A text that holds something besides blanks and line breaks, as it stands, as far as a text of
+/// a project can be long; nothing for any other value.
 std::optional<std::string> text(const nlohmann::json& value);
 
 /// The same for a member of an object; nothing where it isn't there.

@@ -38,5 +38,8 @@ constexpr auto rawTexts(Kit::ID) {
                                             "reviseCuts", "firstPass",     "look",
                                             "sound",      "makePlaybook"};
 }
+constexpr auto rawTexts(Kit::Scope) {
+    return std::array<std::string_view, 5>{"clips", "stretch", "project", "video", "library"};
+}
 
 }

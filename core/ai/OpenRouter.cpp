@@ -97,14 +97,23 @@ std::string firstContent(const json& reply) {
     return text(Reply::member(Reply::member(choices.front(), "message"), "content")).value_or("");
 }
 
-OpenRouter::Answer read(const Http::Reply& reply) {
+/// A server that repeats a key must not bring it into a log or before eyes. No words are as long as a key.
+std::string withoutKey(std::string text, const std::string& key) {
+    constexpr std::size_t shortestKey = 8;
+    if (key.size() < shortestKey) return text;
+    for (auto at = text.find(key); at != text.npos; at = text.find(key, at))
+        text.replace(at, key.size(), "…");
+    return text;
+}
+
+OpenRouter::Answer read(const Http::Reply& reply, const std::string& key) {
     const auto parsed = json::parse(reply.body, nullptr, false);
-    auto content = firstContent(parsed);
+    auto content = withoutKey(firstContent(parsed), key);
     if (reply.status == 200 && !content.empty())
         return {std::move(content), cost(Reply::member(Reply::member(parsed, "usage"), "cost"))};
+    const auto words = text(Reply::member(Reply::member(parsed, "error"), "message"));
     throw Problem("OpenRouter did not answer. " +
-                  text(Reply::member(Reply::member(parsed, "error"), "message"))
-                      .value_or("The answer could not be read."));
+                  withoutKey(words.value_or("The answer could not be read."), key));
 }
 
 std::string used(const json& data) {
@@ -124,7 +133,7 @@ OpenRouter::Answer OpenRouter::send(const Ask& ask, const std::string& modelId, 
     request.body = body(ask, modelId);
     request.timeout = patience;
     request.longest = patienceInAll;
-    return read(Http::send(request, stop));
+    return read(Http::send(request, stop), key);
 }
 
 std::string OpenRouter::check(std::stop_token stop) const {

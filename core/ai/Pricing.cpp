@@ -14,6 +14,8 @@ namespace {
 using nlohmann::json;
 
 constexpr double shownInCents = 0.005; // dollars; less rounds to nothing
+constexpr std::int64_t replied = 1500; // tokens of an answer, beside what was thought
+constexpr double perPicture = 800;     // tokens of a picture of 768 pixels, as models count them
 constexpr const char* readingOn =
     " Each clip it asks to read costs a little more; Activity says what it came to.";
 
@@ -33,6 +35,16 @@ std::string capitalised(std::string words) {
     return words;
 }
 
+}
+
+double Pricing::estimate(const Price& price, const Ask& ask) {
+    double pictures = 0;
+    for (const auto& message : ask.messages) pictures += static_cast<double>(message.pictures.size());
+    return price.estimate(ask.text(), ask.thinking + replied) + price.input * pictures * perPicture;
+}
+
+std::optional<double> Pricing::estimate(const std::optional<Price>& price, const Ask& ask) {
+    return price ? std::optional(estimate(*price, ask)) : std::nullopt;
 }
 
 std::string Pricing::about(std::optional<double> dollars) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/ai/Ask.h"
 #include "core/ai/Price.h"
 
 #include <map>
@@ -11,6 +12,10 @@ namespace murbo {
 
 /// Prices in words, and out of OpenRouter's list of models.
 namespace Pricing {
+
+/// About what a request costs, in dollars; nothing where its model's price is not known.
+double estimate(const Price& price, const Ask& ask);
+std::optional<double> estimate(const std::optional<Price>& price, const Ask& ask);
 
 /// An estimate in words: "under 1¢", "about 12¢", "about $1.20"; empty where there is none.
 std::string about(std::optional<double> dollars);

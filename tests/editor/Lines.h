@@ -62,6 +62,9 @@ public:
 
     TemporaryFolder folder;
     Environment config{"XDG_CONFIG_HOME", folder.path / "config"};
+    // A test must never spend money.
+    Environment key{"OPENROUTER_API_KEY", ""};
+    Environment openRouter{"MURBO_OPENROUTER", "http://127.0.0.1:9"};
     Environment home{"HOME", folder.path / "home"};
     std::unique_ptr<ProjectDocument> document;
     std::unique_ptr<Script> script;

@@ -3,13 +3,16 @@
 #include "app/editor/Keys.h"
 #include "app/editor/commands/CaptionCommands.h"
 #include "app/editor/commands/CutCommands.h"
+#include "app/editor/commands/FootageAICommands.h"
 #include "app/editor/commands/FootageCommands.h"
+#include "app/editor/commands/IdeaCommands.h"
 #include "app/editor/commands/IntakeCommands.h"
 #include "app/editor/commands/KeyCommands.h"
 #include "app/editor/commands/LookCommands.h"
 #include "app/editor/commands/MarkCommands.h"
 #include "app/editor/commands/OverlayCommands.h"
 #include "app/editor/commands/PlayerCommands.h"
+#include "app/editor/commands/PromptCommands.h"
 #include "app/editor/commands/SessionCommands.h"
 #include "app/editor/commands/SessionFields.h"
 #include "app/editor/commands/ShotCommands.h"
@@ -17,6 +20,7 @@
 #include "app/editor/commands/StyleCommands.h"
 #include "app/editor/commands/TimelinePicks.h"
 #include "app/editor/commands/TranscribeCommands.h"
+#include "app/editor/commands/VideoAICommands.h"
 #include "app/editor/commands/VideoCommands.h"
 
 #include <algorithm>
@@ -47,6 +51,10 @@ constexpr CommandSubject subjects[] = {
     {"Sounds", SoundCommands::table},
     {"Captions", CaptionCommands::table},
     {"Caption styles", StyleCommands::table},
+    {"Models that read footage", FootageAICommands::table},
+    {"Models that make videos", VideoAICommands::table},
+    {"Ideas", IdeaCommands::table},
+    {"AI apps", PromptCommands::table},
     {"Players", PlayerCommands::table},
     {"Keys", KeyCommands::table},
 };

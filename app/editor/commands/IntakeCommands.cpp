@@ -1,5 +1,7 @@
 #include "app/editor/commands/IntakeCommands.h"
 
+#include "app/editor/ai/FootageTasks.h"
+#include "app/editor/commands/FootageAICommands.h"
 #include "app/editor/commands/Row.h"
 #include "app/editor/commands/TranscribeCommands.h"
 #include "core/intake/Intake.h"
@@ -21,14 +23,24 @@ std::string nameOf(const fs::path& file) {
     return Text::repaired(file.filename().string());
 }
 
+/// Has the clips of sources described in which something is said. The owner agreed to that in the settings.
+void describe(Editor& editor, const std::vector<UUID>& sources) {
+    std::vector<UUID> clips;
+    for (const auto& clip : editor.project().clips)
+        if (std::find(sources.begin(), sources.end(), clip.source) != sources.end()) clips.push_back(clip.id);
+    if (!FootageTasks::batches(editor.project(), clips).empty())
+        FootageAICommands::describeClips(editor, clips, Consent::given);
+}
+
 /// Has new sources in view and does with them what is wanted.
 void welcome(Editor& editor, const std::vector<UUID>& sources, Then then) {
     editor.setMissing(SourceFinder::find(editor.project()));
     if (sources.empty()) return;
     editor.setSidebar({Collection::sources, sources.front()});
-    if (then.transcribe)
-        TranscribeCommands::transcribeQueue(editor, TranscribeCommands::stretches(editor.project(), sources),
-                                            false);
+    if (!then.transcribe) return;
+    const auto describing = [&editor, sources] { describe(editor, sources); };
+    TranscribeCommands::transcribeQueue(editor, TranscribeCommands::stretches(editor.project(), sources),
+                                        false, then.describe ? describing : std::function<void()>());
 }
 
 QCoro::Task<> takeIn(Editor& editor, std::vector<fs::path> files, Then then) {

@@ -51,6 +51,10 @@ UUID BookmarkTag::read(const JsonValue& value, const Editor& editor) {
     return found(value, "a bookmark", [&](const auto& name) { return Named::bookmark(editor, name); });
 }
 
+UUID IdeaNumber::read(const JsonValue& value, const Editor& editor) {
+    return found(value, "an idea", [&](const auto& name) { return Named::idea(editor, name); });
+}
+
 UUID SourceName::read(const JsonValue& value, const Editor& editor) {
     return found(value, "a source", [&](const auto& name) { return Named::source(editor, name); });
 }

@@ -84,6 +84,12 @@ struct BookmarkTag {
     static Value read(const JsonValue& value, const Editor& editor);
 };
 
+struct IdeaNumber {
+    using Value = UUID;
+    static std::string words() { return "\"idea 1\", or an id"; }
+    static Value read(const JsonValue& value, const Editor& editor);
+};
+
 struct SourceName {
     using Value = UUID;
     static std::string words() { return "a source's file name"; }

@@ -1,14 +1,11 @@
 #include "app/editor/commands/LookCommands.h"
 
+#include "app/editor/KeptMedia.h"
 #include "app/editor/commands/Changes.h"
 #include "app/editor/commands/Reading.h"
 #include "app/editor/commands/Row.h"
 #include "core/model/VideoTime.h"
-#include "platform/base/Files.h"
 #include "platform/base/Problem.h"
-#include "platform/base/Text.h"
-
-#include <fstream>
 
 namespace murbo::LookCommands {
 namespace {
@@ -19,31 +16,6 @@ void apply(const Editor& editor, Project& project, const LookChange& change) {
     auto& video = Changes::openVideo(editor, project);
     if (!video.look) video.look.emplace();
     change(*video.look);
-}
-
-bool sameBytes(const fs::path& one, const fs::path& other) {
-    std::error_code error;
-    if (fs::file_size(one, error) != fs::file_size(other, error) || error) return false;
-    std::ifstream first(one, std::ios::binary);
-    std::ifstream second(other, std::ios::binary);
-    constexpr std::size_t piece = 1 << 16;
-    std::string here(piece, 0);
-    std::string there(piece, 0);
-    while (first && second) {
-        first.read(here.data(), piece);
-        second.read(there.data(), piece);
-        const auto read = static_cast<std::size_t>(first.gcount());
-        if (first.gcount() != second.gcount() || here.compare(0, read, there, 0, read) != 0) return false;
-    }
-    return true;
-}
-
-/// The first of the names that is free or holds the same.
-fs::path nameFor(const fs::path& file, const fs::path& folder) {
-    auto place = folder / file.filename();
-    for (int number = 2; fs::exists(fs::symlink_status(place)) && !sameBytes(place, file); ++number)
-        place = folder / (file.stem().string() + " " + std::to_string(number) + file.extension().string());
-    return place;
 }
 
 }
@@ -71,16 +43,7 @@ std::optional<SourceMoment> momentOrRefused(Editor& editor, std::optional<double
 }
 
 std::optional<std::string> keepMedia(const Editor& editor, const fs::path& file, const std::string& folder) {
-    if (!Text::isUtf8(file.string())) return {};
-    if (!editor.package()) return file.string();
-    try {
-        if (!fs::is_regular_file(file)) return {};
-        const auto place = nameFor(file, *editor.package() / "media" / folder);
-        if (!fs::exists(place)) Files::copy(file, place);
-        return "media/" + folder + "/" + place.filename().string();
-    } catch (const std::exception&) {
-        return {};
-    }
+    return KeptMedia::keep(file, folder, editor.package());
 }
 
 void dragFraming(Editor& editor, const UUID& source, const std::function<void(Framing&)>& change) {

@@ -83,6 +83,13 @@ std::optional<UUID> bookmark(const Editor& editor, const std::string& name) {
     return byTag(editor.project().bookmarks, name);
 }
 
+std::optional<UUID> idea(const Editor& editor, const std::string& name) {
+    const auto& ideas = editor.project().ideas;
+    if (!ideas) return {};
+    const auto id = UUID::parse(name);
+    return id ? byId(*ideas, *id) : byPlace(*ideas, "idea", name);
+}
+
 std::optional<UUID> source(const Editor& editor, const std::string& name) {
     const auto& sources = editor.project().sources;
     if (const auto id = UUID::parse(name))

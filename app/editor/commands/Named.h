@@ -17,6 +17,9 @@ std::optional<UUID> clip(const Editor& editor, const std::string& name);
 std::optional<UUID> bookmark(const Editor& editor, const std::string& name);
 std::optional<UUID> source(const Editor& editor, const std::string& name);
 
+/// An idea that waits: "idea 1".
+std::optional<UUID> idea(const Editor& editor, const std::string& name);
+
 /// A line and the source that it is said on.
 struct FoundLine {
     UUID source;

@@ -97,14 +97,18 @@ QCoro::Task<> transcribeAll(Work& work, Editor& editor, Stretches stretches, Tra
 }
 
 /// Asks whether to spend money on these, and goes on where nobody is there to say no.
-void askAndTranscribe(Editor& editor, const Stretches& stretches, const std::string& what,
-                      const char* ofWhat) {
+QCoro::Task<> askAndTranscribe(Editor& editor, Stretches stretches, std::string what, const char* ofWhat) {
+    const auto hold = editor.busy();
     double seconds = 0;
     for (const auto& stretch : stretches) seconds += stretch.range.length();
     const auto text =
         fmt::format("About ${:.3f}, from your OpenRouter key. The lines it replaces are those of {}.",
                     Transcription::scribeCost(seconds), ofWhat);
-    if (editor.confirm && !editor.confirm("Transcribe " + what + " with Scribe?", text, "Transcribe")) return;
+    if (editor.confirm) {
+        auto asking = editor.confirm("Transcribe " + what + " with Scribe?", text, "Transcribe");
+        const bool agreed = co_await asking;
+        if (!agreed) co_return;
+    }
     transcribeQueue(editor, stretches, true);
 }
 

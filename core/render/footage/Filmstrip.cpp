@@ -1,14 +1,12 @@
 #include "core/render/footage/Filmstrip.h"
 
 #include "core/model/Source.h"
+#include "core/render/footage/Thumbnail.h"
 #include "platform/base/Files.h"
 #include "platform/base/Problem.h"
-#include "platform/image/Image.h"
 #include "platform/image/Jpeg.h"
-#include "platform/image/draw/Canvas.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace murbo {
 
@@ -17,16 +15,6 @@ namespace {
 constexpr double quality = 0.7;
 constexpr std::size_t maxBytes = 1 << 20; // far above any thumbnail
 constexpr int longestStep = 1 << 30;      // seconds
-
-/// The picture in at most `Filmstrip::maxPixels` a side.
-Bitmap thumbnail(const Frame& frame) {
-    const Size size = frame.uprightSize();
-    const double scale = std::min(1.0, Filmstrip::maxPixels / std::max(size.width, size.height));
-    const double width = std::max(1.0, std::round(size.width * scale));
-    const double height = std::max(1.0, std::round(size.height * scale));
-    const Transform fitted = Transform().scaled(width / size.width, height / size.height);
-    return Canvas::bitmap(Image::frame(frame).clamped().transformed(fitted), {0, 0, width, height});
-}
 
 }
 
@@ -78,7 +66,7 @@ std::optional<Bitmap> Filmstrip::drawn(int second) {
     try {
         if (!std::exchange(opened, true)) reader = FrameReader::open(file, FrameReader::Purpose::stills);
         const auto found = reader ? reader->at(second) : std::nullopt;
-        return found ? std::optional(thumbnail(found->frame)) : std::nullopt;
+        return found ? std::optional(Thumbnail::of(found->frame, Filmstrip::maxPixels)) : std::nullopt;
     } catch (const Problem&) {
         return {};
     }

@@ -1,0 +1,180 @@
+#include "app/editor/commands/VideoAICommands.h"
+#include "tests/editor/Asking.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace murbo;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+namespace {
+
+using json = nlohmann::json;
+
+/// A session with a video V1 of C01.01 and C02.01.
+struct WithVideo : Asking {
+    WithVideo() {
+        editor().apply([](Project& project) {
+            const auto source = project.sources[0].id;
+            project.videos.edit().push_back(
+                {.number = 1,
+                 .title = "Falls",
+                 .cuts = std::vector<Cut>{{.source = source, .start = 21, .end = 24},
+                                          {.source = source, .start = 41, .end = 44}}});
+            project.lastVideo = 1;
+        });
+        editor().openOnTimeline(project().videos[0].id);
+    }
+};
+
+}
+
+TEST(VideoAICommands, refuseWhatCanNotBeDone) {
+    Asking lines;
+    const Environment none("OPENROUTER_API_KEY", "");
+    const std::string addKey = "Add your OpenRouter key in Settings ▸ AI to use the AI";
+    EXPECT_EQ(lines(R"(["lookByAI"])"), did("Open a video first"));
+    EXPECT_EQ(lines(R"(["reviseCuts","x"])"), did("Open a video first"));
+    EXPECT_EQ(lines(R"(["findIdeas"])"), did(addKey));
+    EXPECT_EQ(lines(R"(["cutToInstruction",""])"), did(addKey));
+    EXPECT_TRUE(lines.model.bodies().empty());
+}
+
+TEST(VideoAICommands, askTheOwnerFirst) {
+    WithVideo lines;
+    std::string asked;
+    bool agrees = false;
+    lines.editor().confirm = [&](const std::string& title, const std::string& text,
+                                 const std::string& button) -> QCoro::Task<bool> {
+        asked = title + " | " + text + " | " + button;
+        co_return agrees;
+    };
+    EXPECT_EQ(lines(R"(["soundByAI"])"), did("The sound library is empty: Settings ▸ General ▸ Sounds"));
+    EXPECT_EQ(asked, "");
+    EXPECT_EQ(lines(R"(["reviseCuts","shorter"])"), R"({"ok":true})");
+    EXPECT_EQ(asked,
+              "Revise Falls | From your OpenRouter key, on anthropic/claude-sonnet-5.5. Each clip it asks "
+              "to read costs a little more; Activity says what it came to. | Go");
+    EXPECT_TRUE(lines.model.bodies().empty());
+    agrees = true;
+    lines.model.answers(json{{"cuts", Asking::cutsOf({{"C01.01", "C01.01"}})}});
+    EXPECT_EQ(lines(R"(["reviseCuts","shorter"])"), R"({"ok":true,"step":"Revise Cuts"})");
+    EXPECT_EQ(lines.project().videos[0].cuts.size(), 1u);
+}
+
+TEST(VideoAICommands, aRevisionKeepsTrimsThatTheOwnerMadeMeanwhile) {
+    WithVideo lines;
+    lines.model.answers(json{{"cuts", Asking::cutsOf({{"C02.01", "C02.01"}, {"C01.01", "C01.01"}})}});
+    lines.meanwhile([](Editor& editor) {
+        editor.change("Trim", [](Project& project) { project.videos.edit()[0].cuts.edit()[0].start = 21.5; });
+    });
+    EXPECT_EQ(lines(R"(["reviseCuts","other way round"])"), R"({"ok":true,"step":"Revise Cuts"})");
+    EXPECT_EQ(lines.project().videos[0].cuts[1].start, 21.5);
+    EXPECT_THAT(lines.steps(), ElementsAre("Trim", "Revise Cuts"));
+}
+
+TEST(VideoAICommands, aRevisionOfCutsThatTheOwnerChangedIsLeftOut) {
+    WithVideo lines;
+    lines.model.answers(json{{"cuts", Asking::cutsOf({{"C02.01", "C02.01"}})}});
+    lines.meanwhile([](Editor& editor) {
+        editor.change("Remove Cut",
+                      [](Project& project) { project.videos.edit()[0].cuts.edit().pop_back(); });
+    });
+    EXPECT_EQ(lines(R"(["reviseCuts","x"])"),
+              did("The cuts of “Falls” were changed meanwhile, so they stay as they are; Activity has the "
+                  "answer.",
+                  "Remove Cut"));
+    EXPECT_EQ(lines.project().videos[0].cuts[0].start, 21);
+}
+
+TEST(VideoAICommands, anAnswerForAVideoThatIsGoneSaysSo) {
+    WithVideo lines;
+    lines.model.answers(json{{"big", {"C01.01"}}});
+    lines.meanwhile([](Editor& editor) {
+        editor.change("Delete Video", [](Project& project) { project.videos.edit().clear(); });
+    });
+    EXPECT_EQ(lines(R"(["lookByAI"])"), did("Look stopped. The video is gone.", "Delete Video"));
+}
+
+TEST(VideoAICommands, aLookFindsItsLinesWhereTheyAreNow) {
+    WithVideo lines;
+    lines.model.answers(json{{"big", {"C01.01"}}});
+    const auto meant = lines.project().transcripts.begin()->second.lines[0].id;
+    lines.meanwhile([](Editor& editor) {
+        editor.change("Add Line", [](Project& project) {
+            auto& said = project.transcripts.begin()->second.lines.edit();
+            said.insert(said.begin(), {.start = 20.1, .end = 20.9, .text = "Before"});
+        });
+    });
+    lines(R"(["lookByAI"])");
+    EXPECT_EQ(lines.project().videos[0].look->captions.lines[0].line, meant);
+}
+
+TEST(VideoAICommands, cutsOfClipsThatAreGoneAreLeftOut) {
+    Asking lines;
+    lines.model.answers(json{{"read", {"C01", "C02"}}});
+    lines.model.answers(
+        json{{"title", "T"}, {"cuts", Asking::cutsOf({{"C01.01", "C01.01"}, {"C02.01", "C02.01"}})}});
+    lines.meanwhile([&](Editor& editor) {
+        editor.change("Remove Clip",
+                      [](Project& project) { project.clips.edit().erase(project.clips.begin() + 1); });
+    });
+    EXPECT_EQ(lines(R"(["cutToInstruction","x"])"),
+              did("Left out: 1 cut whose clip is gone.", "Cut to Instruction"));
+    EXPECT_EQ(lines.project().videos[0].cuts.size(), 1u);
+    EXPECT_EQ(lines.editor().openVideo(), lines.project().videos[0].id);
+}
+
+TEST(VideoAICommands, whatIsAskedForWhileAJobRunsWaitsItsTurn) {
+    Asking lines;
+    std::vector<std::string> labels;
+    QObject::connect(&lines.editor().work, &Work::labelChanged, [&] {
+        if (lines.editor().work.label()) labels.push_back(*lines.editor().work.label());
+    });
+    lines.model.answers(json{{"read", {"C02", "C01"}}});
+    lines.model.answers(json{{"cuts", Asking::cutsOf({{"C01.01", "C01.01"}})}});
+    lines.model.answers(json{{"ideas", json::array()}});
+    lines.meanwhile([&](Editor& editor) { VideoAICommands::findIdeas(editor, {}); });
+    lines(R"(["cutToInstruction","x"])");
+    EXPECT_THAT(labels, ElementsAre("Cut to instruction", "Cut to instruction: it asked to read C01, C02",
+                                    "Find ideas"));
+    EXPECT_EQ(lines.model.bodies().size(), 3u);
+}
+
+TEST(VideoAICommands, aFirstPassIsThreeRequestsAndThreeSteps) {
+    Asking lines;
+    const TemporaryFolder& folder = lines.folder;
+    folder.file("home/Movies/Murbo/Sounds/boom.wav", "boom");
+    lines.model.answers(json{{"title", "T"}, {"cuts", Asking::cutsOf({{"C01.01", "C01.02"}})}});
+    lines.model.answers(json{{"shots", {{{"at", "C01.01"}, {"layout", "face"}}}}});
+    lines.model.answers(json{{"sounds", {{{"file", "boom.wav"}, {"at", "C01.02"}}}}});
+    lines(R"(["firstPass",["C01"]])");
+    EXPECT_THAT(lines.steps(), ElementsAre("Cut to Instruction", "Look by AI", "Sound by AI"));
+    const auto& video = lines.project().videos[0];
+    for (const auto* kit : {"cutToInstruction", "firstPass", "look", "sound"})
+        EXPECT_TRUE(video.runs->contains(kit)) << kit;
+    EXPECT_EQ(video.runs->at("look").with, "anthropic/claude-haiku-5.5");
+    EXPECT_THAT(lines.model.bodies()[0]["messages"][1]["content"].get<std::string>(),
+                HasSubstr("The lines you can read now:\n\n## C01,"));
+
+    // It stops where one fails.
+    lines.model.answers(json{{"cuts", Asking::cutsOf({{"C02.01", "C02.01"}})}});
+    lines.model.says("no look today");
+    EXPECT_THAT(lines(R"(["firstPass",["C02"]])"),
+                HasSubstr("Look stopped. No look could be read from the answer; Activity has it."));
+    EXPECT_EQ(lines.model.bodies().size(), 5u);
+    EXPECT_EQ(lines.project().videos.size(), 2u);
+}
+
+TEST(VideoAICommands, aFirstPassOfAnIdeaNeedsNoCutting) {
+    Asking lines;
+    lines.editor().apply([](Project& project) {
+        project.ideas.emplace().edit().push_back(
+            {.title = "An idea", .cuts = {{.source = project.sources[0].id, .start = 21, .end = 29}}});
+    });
+    lines.model.answers(json{{"big", {"C01.02"}}});
+    lines(R"(["firstPassOf","idea 1"])");
+    EXPECT_THAT(lines.steps(), ElementsAre("Make Video", "Look by AI"));
+    EXPECT_EQ(lines.editor().toast(), "The sound library is empty: Settings ▸ General ▸ Sounds");
+}

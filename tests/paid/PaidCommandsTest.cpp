@@ -1,0 +1,149 @@
+#include "tests/paid/PaidProject.h"
+
+#include <chrono>
+#include <thread>
+
+using namespace murbo;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+namespace {
+
+using json = nlohmann::json;
+
+class PaidCommands : public PaidProject {
+protected:
+    std::size_t requests() const { return model.bodies().size(); }
+
+    /// Sends a signal once a request has come that the model does not answer. Gives what the run printed,
+    /// and how long it took to end, in milliseconds.
+    std::pair<Ran, double> interrupted(const std::string& signal, const std::string& words) {
+        using Clock = std::chrono::steady_clock;
+        Clock::time_point sent;
+        const auto before = requests();
+        std::jthread interrupting([&] {
+            while (requests() == before) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+            sent = Clock::now();
+            shell("kill -" + signal + " $(cat " + quoted(folder / "pid") + ")");
+        });
+        const auto ran =
+            shell("cd " + quoted(folder.path) + "; env --default-signal=INT,TERM " + environment() +
+                  " sh -c 'echo $$ >pid; exec " + MURBO_PROGRAM + " " + words + "'");
+        return {ran, std::chrono::duration<double, std::milli>(Clock::now() - sent).count()};
+    }
+};
+
+}
+
+TEST_F(PaidCommands, nothingIsReadOrSentForAnAddressThatIsNone) {
+    for (const std::string address : {"http://example.org", "ftp://127.0.0.1", "http://127.0.0.1.example.org",
+                                      "https://user@example.org", "nonsense"})
+        EXPECT_EQ(run({"--ideas", folder / "none.mbproj"}, "MURBO_OPENROUTER=" + address),
+                  failure("Nothing is sent to " + address + ": it is no HTTPS address."));
+}
+
+TEST_F(PaidCommands, checkInTurnBeforeTheyCostAnything) {
+    const auto noKey = "OPENROUTER_API_KEY=";
+    const std::string addKey = "Add your OpenRouter key in Settings ▸ AI to use the AI";
+    const std::string yes = "This costs money. Say --yes to go on.";
+    const auto plain = [&](std::vector<std::string> words, const std::string& also = "") {
+        return murboWith(words, environment(also));
+    };
+    EXPECT_EQ(plain({"--look", folder / "none.mbproj", "V1"}).code, 1);
+    EXPECT_EQ(plain({"--look", package, "v9"}, noKey), failure("The project has no video v9."));
+    EXPECT_EQ(plain({"--look", package, "V1"}, noKey), failure(addKey));
+    EXPECT_EQ(plain({"--describe", package, "all"}, noKey),
+              failure("Add your OpenRouter key in Settings ▸ AI to describe clips"));
+    EXPECT_EQ(plain({"--cut", package, " "}, noKey), failure(addKey));
+    EXPECT_EQ(plain({"--cut", package, " "}), failure("Say what the video should be"));
+    EXPECT_EQ(plain({"--cut", package, "--yes"}), failure("Say what the video should be"));
+    EXPECT_EQ(plain({"--revise", package, "V1", "\n"}), failure("Say how the cuts should change"));
+    EXPECT_EQ(plain({"--describe", package, "C03"}),
+              failure("Transcribe the clip first: nothing is said in it yet"));
+    EXPECT_EQ(plain({"--sound", package, "V1"}),
+              failure("The sound library is empty: Settings ▸ General ▸ Sounds"));
+    EXPECT_EQ(plain({"--look", package, "V1"}), failure(yes));
+    EXPECT_EQ(plain({"--cut", package, "x"}), failure(yes));
+    EXPECT_EQ(plain({"--cut", package, "x", "--aspect", "3:2"}),
+              failure("There is no aspect 3:2: it is 9:16, 16:9, 1:1 or 4:5."));
+    for (const auto* none : {"C09", "c01", ",", ""})
+        EXPECT_EQ(plain({"--describe", package, none}), (Ran{0, ""})) << "there is nothing to do";
+    EXPECT_EQ(requests(), 0u);
+    EXPECT_EQ(model.priceLists(), 0) << "nobody was asked";
+    EXPECT_EQ(logged(), "");
+}
+
+TEST_F(PaidCommands, comeAfterTheOlderOnes) {
+    EXPECT_THAT(run({"--cut", package, "x", "--summary", package}).out, StartsWith("Stream\n"));
+    EXPECT_EQ(requests(), 0u);
+}
+
+TEST_F(PaidCommands, anInterruptedRequestLeavesTheProjectAsItWas) {
+    const auto before = projectFile();
+    for (const std::string signal : {"INT", "TERM"}) {
+        model.sends("");
+        const auto [ran, took] = interrupted(signal, "--cut p.mbproj x --yes");
+        EXPECT_EQ(ran, failure("It was cancelled."));
+        EXPECT_LT(took, 2'000);
+        RecordProperty("milliseconds after " + signal, std::to_string(took));
+    }
+    EXPECT_EQ(logged(), "Cut to instruction: reading, stopped; Cut to instruction: reading, stopped");
+    EXPECT_EQ(projectFile(), before);
+
+    // A batch that is stopped has none after it.
+    auto project = this->project();
+    project.clips.edit()[0].end = project.clips[0].start + 1990;
+    ProjectPackage::write(project, package, nullptr);
+    model.sends("");
+    EXPECT_EQ(interrupted("INT", "--describe p.mbproj all --yes").first.code, 1);
+    EXPECT_EQ(log().size(), 3u);
+    EXPECT_EQ(requests(), 3u);
+}
+
+TEST_F(PaidCommands, theKeyStaysWhereItIs) {
+    model.sends(
+        FakeServer::reply(401, json{{"error", {{"message", "No user has the key " + key + "."}}}}.dump()));
+    EXPECT_EQ(run({"--look", package, "V1"}), failure("OpenRouter did not answer. No user has the key …."));
+    model.says(json{{"title", key}, {"note", "The key is " + key}}.dump());
+    EXPECT_EQ(run({"--cut", package, "x"}), failure("The key is …"));
+    EXPECT_EQ(shell("grep -r " + key + " " + quoted(folder.path)).out, "");
+
+    // Another machine gets nothing, whatever this one says.
+    ScriptedModel elsewhere;
+    model.sends("HTTP/1.1 307 Moved\r\nLocation: " + elsewhere.base() +
+                "/api/v1/chat/completions\r\nContent-Length: 0\r\nConnection: close\r\n\r\n");
+    EXPECT_EQ(run({"--cut", package, "x"}),
+              failure("OpenRouter did not answer. The answer could not be read."));
+    EXPECT_EQ(elsewhere.bodies().size(), 0u);
+}
+
+TEST_F(PaidCommands, aRequestHasFourMembersAndTwoHeaders) {
+    model.answers(json{{"cuts", json::array()}});
+    run({"--cut", package, "the fall, tight"});
+    ASSERT_EQ(model.bodies().size(), 1u);
+    const auto body = model.bodies()[0];
+    std::vector<std::string> names;
+    for (const auto& member : body.items()) names.push_back(member.key());
+    EXPECT_THAT(names, ElementsAre("max_tokens", "messages", "model", "reasoning"));
+    EXPECT_EQ(body["model"], "anthropic/claude-sonnet-5.5");
+    EXPECT_EQ(body["max_tokens"], 10'000);
+    EXPECT_EQ(body["reasoning"], (json{{"max_tokens", 4'000}}));
+    const auto head = model.heads()[0];
+    EXPECT_THAT(head, testing::StartsWith("POST /api/v1/chat/completions HTTP/1.1\r\n"));
+    EXPECT_THAT(head, HasSubstr("\r\nContent-Type: application/json\r\n"));
+    EXPECT_THAT(head, HasSubstr("\r\nAuthorization: Bearer " + key));
+    for (const auto* other : {"Referer", "X-Title", "User-Agent"}) EXPECT_THAT(head, Not(HasSubstr(other)));
+}
+
+TEST_F(PaidCommands, whatWasSpentIsAddedUp) {
+    model.answers(json{{"cuts", cutsOf({{"C01.01", "C01.02"}})}});
+    EXPECT_EQ(murboWith({"--spent", package}), printed("Nothing was spent in this project."));
+    run({"--cut", package, "x"});
+    EXPECT_THAT(murboWith({"--spent", package}).out, HasSubstr("  $0.010  Cut to instruction\n"));
+    folder.file("config/murbo/settings.json", R"({"spendCap": 0.005})");
+    EXPECT_EQ(run({"--cut", package, "x"}),
+              failure("This would pass your limit of $0.01 a day: $0.01 was spent today."));
+    EXPECT_EQ(model.bodies().size(), 1u);
+    EXPECT_EQ(log().size(), 1u) << "what was never sent is not logged";
+}
