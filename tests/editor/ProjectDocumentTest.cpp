@@ -30,6 +30,24 @@ TEST(ProjectDocument, aSaveThatFailsIsToldAndMadeUpFor) {
     EXPECT_EQ(ProjectPackage::read(lines.package()).clips[0].name, "Better");
 }
 
+TEST(ProjectDocument, aDragOverAFullDiskIsAStepThatTheNextSaveBrings) {
+    Lines lines;
+    lines(R"(["set","heldClip","C01"])");
+    lines(R"(["addToEnd"])");
+    {
+        const FullDisk disk(100);
+        lines(R"(["trim","cut 1",true,22])");
+        lines(R"(["trim","cut 1",true,23])");
+        EXPECT_THAT(lines(R"(["endTrim","cut 1",true,"Trim"])"),
+                    testing::AllOf(HasSubstr("Not saved: "), HasSubstr("\"step\":\"Trim\"")));
+    }
+    lines(R"(["trim","cut 1",true,24])");
+    lines(R"(["closeDrag"])");
+    EXPECT_FALSE(lines.document->unsaved());
+    EXPECT_EQ(lines.project().videos[0].cuts[0].start, 24);
+    EXPECT_EQ(ProjectPackage::read(lines.package()), lines.project());
+}
+
 TEST(ProjectDocument, aPackageThatIsGoneIsNotMadeAgain) {
     Lines lines;
     fs::rename(lines.package(), lines.folder / "away");
