@@ -18,8 +18,8 @@ public:
     /// The word after an option. Nothing where the option is absent or last.
     std::optional<std::string> value(std::string_view option) const;
 
-    /// All words after an option where there are at least `least`; nothing otherwise.
-    std::optional<std::vector<std::string>> behind(std::string_view option, std::size_t min) const;
+    /// All words after an option where there are at least `min`; nothing otherwise.
+    std::optional<std::vector<std::string>> after(std::string_view option, std::size_t min) const;
 
 private:
     std::vector<std::string> words;

@@ -55,7 +55,7 @@ std::span<const Option> all() {
 
 std::optional<Match> match(const Arguments& arguments) {
     for (const auto& option : table)
-        if (auto words = arguments.behind(option.name, option.minWords))
+        if (auto words = arguments.after(option.name, option.minWords))
             return Match{&option, std::move(*words)};
     return {};
 }

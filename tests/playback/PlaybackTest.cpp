@@ -1,5 +1,4 @@
 #include "app/editor/playback/Playback.h"
-#include "app/editor/playback/PreviewVolume.h"
 #include "platform/store/SettingsStore.h"
 #include "tests/TemporaryFolder.h"
 
@@ -204,35 +203,6 @@ TEST(Playback, aRemixAsksForTheSamePictures) {
     EXPECT_FALSE(playback.remix(item({2, 5})));
     EXPECT_FALSE(playback.remix(item({6})));
     EXPECT_EQ(playback.rate(), 1);
-}
-
-TEST(PreviewVolume, isKeptAndNotifiesOfChangesAlone) {
-    const TemporaryFolder folder;
-    SettingsStore settings(folder / "settings.json");
-    int changes = 0;
-    PreviewVolume volume(settings);
-    EXPECT_EQ(volume.volume(), 1);
-    QObject::connect(&volume, &PreviewVolume::changed, [&] { ++changes; });
-    volume.setLevel(0.4);
-    volume.setLevel(0.4);
-    volume.setLevel(nan);
-    volume.setMuted(true);
-    EXPECT_EQ(changes, 2);
-    EXPECT_EQ(volume.volume(), 0);
-    const PreviewVolume again(settings);
-    EXPECT_EQ(again.level(), 0.4);
-    EXPECT_TRUE(again.muted());
-    volume.setLevel(7);
-    EXPECT_EQ(volume.level(), 1);
-}
-
-TEST(PreviewVolume, holdsForTheSessionWhereItCannotBeKept) {
-    const TemporaryFolder folder;
-    const auto blocked = folder.file("blocked");
-    SettingsStore settings(blocked / "settings.json");
-    PreviewVolume volume(settings);
-    volume.setLevel(0.5);
-    EXPECT_EQ(volume.volume(), 0.5);
 }
 
 }

@@ -1,0 +1,26 @@
+#include "app/editor/Timecode.h"
+
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+namespace murbo {
+
+TEST(Timecode, countsFramesWithinTheSecond) {
+    EXPECT_EQ(Timecode::frames(7.4, 30), "00:00:07:12");
+    EXPECT_EQ(Timecode::frames(3661.5, 60), "01:01:01:30");
+    EXPECT_EQ(Timecode::frames(-3, 30), "00:00:00:00");
+    EXPECT_EQ(Timecode::frames(0.9999, 24), "00:00:00:23") << "never a frame that the second does not have";
+}
+
+TEST(Timecode, isShortOnAClock) {
+    for (const auto& [time, clock, fine] :
+         {std::tuple{0.0, "0:00", "0:00.00"}, {62.5, "1:02", "1:02.50"}, {3602.0, "1:00:02", "60:02.00"}}) {
+        EXPECT_EQ(Timecode::clock(time), clock);
+        EXPECT_EQ(Timecode::fine(time), fine);
+    }
+    for (const double unfit : {double(NAN), HUGE_VAL, -HUGE_VAL, 1e308})
+        EXPECT_FALSE(Timecode::fine(unfit).empty());
+}
+
+}

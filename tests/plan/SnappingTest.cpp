@@ -1,0 +1,33 @@
+#include "core/render/plan/Snapping.h"
+
+#include <gtest/gtest.h>
+
+namespace murbo {
+
+TEST(Snapping, takesTheNearestWithinReach) {
+    EXPECT_EQ(Snapping::nearest(2.1, {5, 2, 3}, 0.2), 2);
+    EXPECT_EQ(Snapping::nearest(2.5, {3, 2}, 0.5), 3) << "of equals the first in the list";
+    EXPECT_EQ(Snapping::nearest(2.5, {3, 2}, 0.4), 2.5);
+    EXPECT_EQ(Snapping::nearest(2.5, {}, 9), 2.5);
+}
+
+TEST(Snapping, movesABlockByTheEdgeThatCatchesNearest) {
+    const auto onWhole = [](double time) { return Snapping::nearest(time, {0, 1, 2, 3, 4}, 0.3); };
+    EXPECT_DOUBLE_EQ(Snapping::shift(0, 1.5, 1.1, onWhole), 1) << "its start catches";
+    EXPECT_DOUBLE_EQ(Snapping::shift(0, 1.5, 0.6, onWhole), 0.5) << "its end catches";
+    EXPECT_DOUBLE_EQ(Snapping::shift(0, 1, 0.5, onWhole), 0.5) << "neither";
+}
+
+TEST(Snapping, catchesOnEverythingButItself) {
+    Video video;
+    const UUID source = UUID::make();
+    video.cuts = std::vector<Cut>{{.source = source, .start = 10, .end = 12},
+                                  {.source = source, .start = 20, .end = 23}};
+    const std::vector<Bookmark> marks{{.source = source, .at = 21}, {.source = UUID::make(), .at = 11}};
+    auto all = Snapping::targets(video, marks, std::nullopt);
+    std::sort(all.begin(), all.end());
+    all.erase(std::unique(all.begin(), all.end()), all.end());
+    EXPECT_EQ(all, (std::vector<double>{0, 2, 3, 5}));
+}
+
+}

@@ -1,0 +1,40 @@
+#include "app/editor/playback/PreviewVolume.h"
+#include "platform/store/SettingsStore.h"
+#include "tests/TemporaryFolder.h"
+
+#include <limits>
+
+#include <gtest/gtest.h>
+
+namespace murbo {
+
+TEST(PreviewVolume, isKeptAndNotifiesOfChangesAlone) {
+    const TemporaryFolder folder;
+    SettingsStore settings(folder / "settings.json");
+    int changes = 0;
+    PreviewVolume volume(settings);
+    EXPECT_EQ(volume.volume(), 1);
+    QObject::connect(&volume, &PreviewVolume::changed, [&] { ++changes; });
+    volume.setLevel(0.4);
+    volume.setLevel(0.4);
+    volume.setLevel(std::numeric_limits<double>::quiet_NaN());
+    volume.setMuted(true);
+    EXPECT_EQ(changes, 2);
+    EXPECT_EQ(volume.volume(), 0);
+    const PreviewVolume again(settings);
+    EXPECT_EQ(again.level(), 0.4);
+    EXPECT_TRUE(again.muted());
+    volume.setLevel(7);
+    EXPECT_EQ(volume.level(), 1);
+}
+
+TEST(PreviewVolume, holdsForTheSessionWhereItCannotBeKept) {
+    const TemporaryFolder folder;
+    const auto blocked = folder.file("blocked");
+    SettingsStore settings(blocked / "settings.json");
+    PreviewVolume volume(settings);
+    volume.setLevel(0.5);
+    EXPECT_EQ(volume.volume(), 0.5);
+}
+
+}
