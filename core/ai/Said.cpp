@@ -109,8 +109,10 @@ void Said::index() {
 
 const Said::Piece* Said::piece(const nlohmann::json& value) const {
     if (!value.is_string()) return nullptr;
-    const auto form = tag(value.get_ref<const std::string&>());
-    const auto* found = form ? tagged(*form) : nullptr;
+    const auto& text = value.get_ref<const std::string&>();
+    const auto* found = tagged(text); // as most name them
+    const auto form = found ? std::nullopt : tag(text);
+    if (form) found = tagged(*form);
     return found && !found->gone ? found : nullptr;
 }
 

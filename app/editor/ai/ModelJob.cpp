@@ -86,6 +86,22 @@ QCoro::Task<ModelTask::Settled> settle(Editor& editor, ModelTask task, Payer pay
     co_return settled;
 }
 
+/// Holds a conversation to its end, and makes its answer a step.
+QCoro::Task<ModelTask::Settled> answered(Work& work, Editor& editor, ModelTask task, Payer payer,
+                                         std::shared_ptr<Conversation> told) {
+    auto conversing = converse(work, editor, task, payer, told);
+    const auto answer = co_await conversing;
+    auto settling = settle(editor, task, payer, told, answer);
+    const auto settled = co_await settling;
+    co_return settled;
+}
+
+/// Lets go of what a model was told where that holds nobody up: of a large project it is much.
+void forget(Editor& editor, std::shared_ptr<Conversation> told) {
+    const auto last = std::make_shared<std::shared_ptr<Conversation>>(std::move(told));
+    editor.background.start([last] { last->reset(); }, [] {});
+}
+
 /// Words may come from a model: none of them breaks a line or reaches a terminal as a code.
 void tell(Editor& editor, const ModelTask::Settled& settled, Outcome& outcome) {
     const auto words = Brief::oneLine(settled.words);
@@ -144,12 +160,12 @@ QCoro::Task<std::optional<ModelTask::Settled>> perform(Work& work, Editor& edito
         const auto beginning = [begin = task.begin, project = editor.project()] {
             return std::make_shared<Conversation>(begin(project));
         };
-        const auto told = co_await editor.background.run(beginning);
+        auto told = co_await editor.background.run(beginning);
         if (work.stopping().stop_requested()) throw Cancelled();
-        auto conversing = converse(work, editor, task, payer, told);
-        const auto answer = co_await conversing;
-        auto settling = settle(editor, task, payer, told, answer);
-        const auto settled = co_await settling;
+        auto answering = answered(work, editor, task, payer, told);
+        const auto settled = co_await answering;
+        answering = QCoro::Task<ModelTask::Settled>();
+        forget(editor, std::move(told));
         tell(editor, settled, *outcome);
         // Whoever has gone on to another video stays there.
         if (settled.video && editor.openVideo() == shown) editor.openOnTimeline(settled.video);

@@ -40,17 +40,23 @@ QCoro::Task<> performBatch(Work& work, Editor& editor, ModelTask task, Payer pay
 using MakeTask = ModelTask (*)(const Project&, const ClipIds&);
 
 /// Puts a job in line for each batch of the clips.
-void queueBatches(Editor& editor, const ClipIds& clips, MakeTask make, std::string (*words)(std::size_t),
-                  const Payer& payer, const OutcomeRef& outcome) {
-    const auto batches = FootageTasks::batches(editor.project(), clips);
-    const auto tally = std::make_shared<BatchTally>(BatchTally{.left = batches.size(), .words = words});
-    for (const auto& batch : batches) {
-        const auto task = make(editor.project(), batch);
+QCoro::Task<> queueBatches(Editor& editor, ClipIds clips, MakeTask make, std::string (*words)(std::size_t),
+                           Payer payer, OutcomeRef outcome, Editor::Busy) {
+    const auto stop = editor.work.untilAllCancelled();
+    const auto making = [make, clips, project = editor.project()] {
+        std::vector<ModelTask> tasks;
+        for (const auto& batch : FootageTasks::batches(project, clips)) tasks.push_back(make(project, batch));
+        return tasks;
+    };
+    const auto tasks = co_await editor.background.run(making);
+    outcome->stopped = stop.stop_requested();
+    if (outcome->stopped) co_return;
+    const auto tally = std::make_shared<BatchTally>(BatchTally{.left = tasks.size(), .words = words});
+    for (const auto& task : tasks)
         editor.work.queue(task.label,
                           [&editor, task, payer, outcome, tally, hold = editor.busy()](Work& work) {
                               return performBatch(work, editor, task, payer, outcome, tally, hold);
                           });
-    }
 }
 
 std::string describedWords(std::size_t count) {
@@ -84,7 +90,7 @@ OutcomeRef describeClips(Editor& editor, const ClipIds& clips, Consent consent) 
         return FootageTasks::describingCost(project, clips, price);
     };
     ModelJob::begin(editor, admission, consent, outcome, [=, &editor](const Payer& payer) {
-        queueBatches(editor, clips, FootageTasks::describe, describedWords, payer, outcome);
+        queueBatches(editor, clips, FootageTasks::describe, describedWords, payer, outcome, editor.busy());
     });
     return outcome;
 }
@@ -98,7 +104,7 @@ OutcomeRef fixWords(Editor& editor, const ClipIds& clips, Consent consent) {
         return FootageTasks::fixingCost(project, clips, price);
     };
     ModelJob::begin(editor, admission, consent, outcome, [=, &editor](const Payer& payer) {
-        queueBatches(editor, clips, FootageTasks::fixWords, correctedWords, payer, outcome);
+        queueBatches(editor, clips, FootageTasks::fixWords, correctedWords, payer, outcome, editor.busy());
     });
     return outcome;
 }

@@ -2,6 +2,7 @@
 
 #include "app/editor/commands/FootageCommands.h"
 #include "app/editor/commands/Row.h"
+#include "core/ai/Spending.h"
 #include "core/intake/transcription/Scribe.h"
 #include "core/intake/transcription/Transcription.h"
 #include "core/intake/transcription/Transcripts.h"
@@ -71,6 +72,7 @@ QCoro::Task<bool> transcribe(Editor& editor, SourceStretch stretch, Transcriber 
         });
         activity.request = result.request;
         activity.cost = result.cost;
+        if (result.cost > 0) Spending::add(result.cost);
         log(editor, activity, "done");
         co_return true;
     } catch (const Cancelled& stopped) {
@@ -101,9 +103,13 @@ QCoro::Task<> askAndTranscribe(Editor& editor, Stretches stretches, std::string 
     const auto hold = editor.busy();
     double seconds = 0;
     for (const auto& stretch : stretches) seconds += stretch.range.length();
-    const auto text =
-        fmt::format("About ${:.3f}, from your OpenRouter key. The lines it replaces are those of {}.",
-                    Transcription::scribeCost(seconds), ofWhat);
+    const double dollars = Transcription::scribeCost(seconds);
+    if (const auto refusal = Spending::refusal(dollars)) {
+        editor.refuse(*refusal);
+        co_return;
+    }
+    const auto text = fmt::format(
+        "About ${:.3f}, from your OpenRouter key. The lines it replaces are those of {}.", dollars, ofWhat);
     if (editor.confirm) {
         auto asking = editor.confirm("Transcribe " + what + " with Scribe?", text, "Transcribe");
         const bool agreed = co_await asking;
