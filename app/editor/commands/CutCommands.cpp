@@ -2,7 +2,7 @@
 
 #include "app/editor/Timecode.h"
 #include "app/editor/commands/Changes.h"
-#include "app/editor/commands/Reading.h"
+#include "app/editor/commands/OneLineJson.h"
 #include "app/editor/commands/Row.h"
 #include "app/editor/commands/VideoCommands.h"
 #include "core/model/Settings.h"
@@ -301,11 +301,11 @@ CommandList table() {
     const auto hasOffer = [](const Editor& editor) { return !offeredCuts(editor).empty(); };
     return {
         row<>("offered", "What Would Be Added", {},
-              [](Editor& editor) { return Reading::of(offered(editor)); }),
+              [](Editor& editor) { return OneLineJson::of(offered(editor)); }),
         row<>("offeredCuts", "All That Would Be Added", {},
-              [](Editor& editor) { return Reading::of(offeredCuts(editor)); }),
+              [](Editor& editor) { return OneLineJson::of(offeredCuts(editor)); }),
         row<>("pickedCut", "The Picked Cut", {},
-              [](Editor& editor) { return Reading::of(pickedCut(editor)); }),
+              [](Editor& editor) { return OneLineJson::of(pickedCut(editor)); }),
         row<>("addToEnd", "Add to End", {}, addToEnd).when(hasOffer),
         row<>("insertAtPlayhead", "Insert at Playhead", {}, insertAtPlayhead).when(hasOffer),
         row<Kind::ListOf<Kind::CutRecord>, Kind::Maybe<Kind::Whole>>("drop", "Put Cuts", {"cuts", "at"},

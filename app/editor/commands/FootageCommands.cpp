@@ -1,6 +1,6 @@
 #include "app/editor/commands/FootageCommands.h"
 
-#include "app/editor/commands/Reading.h"
+#include "app/editor/commands/OneLineJson.h"
 #include "app/editor/commands/Row.h"
 #include "platform/base/Text.h"
 
@@ -116,16 +116,16 @@ CommandList table() {
         row<>("held", "The Held Clip", {},
               [](Editor& editor) -> std::optional<std::string> {
                   const auto* clip = editor.held();
-                  return clip ? std::optional(Reading::of(*clip)) : std::nullopt;
+                  return clip ? std::optional(OneLineJson::of(*clip)) : std::nullopt;
               }),
         row<>("clipsActedOn", "The Clips That Commands Act On", {},
-              [](Editor& editor) { return Reading::of(clipsActedOn(editor)); }),
+              [](Editor& editor) { return OneLineJson::of(clipsActedOn(editor)); }),
         row<Kind::ListOf<Kind::ClipTag>, Kind::Maybe<Kind::Whole>>("rate", "Rate Clips", {"clips", "value"},
                                                                    rate),
         row<Kind::ClipTag, Kind::AnyText>("renameClip", "Rename Clip", {"clip", "to"}, renameClip),
         row<Kind::ClipTag>(
             "askToRename", "Ask to Rename Clip", {"clip"},
-            [](Editor& editor, const UUID& id) { return Reading::of(askToRename(editor, id)); }),
+            [](Editor& editor, const UUID& id) { return OneLineJson::of(askToRename(editor, id)); }),
         row<Kind::LineTag, Kind::SourceName, Kind::AnyText>(
             "correct", "Correct Line", {"line", "on", "to"},
             [](Editor& editor, const Named::FoundLine& found, const UUID& source, const std::string& to) {

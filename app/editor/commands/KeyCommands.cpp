@@ -3,7 +3,7 @@
 #include "app/editor/commands/CutCommands.h"
 #include "app/editor/commands/FootageCommands.h"
 #include "app/editor/commands/MarkCommands.h"
-#include "app/editor/commands/Reading.h"
+#include "app/editor/commands/OneLineJson.h"
 #include "app/editor/commands/RemoveCommands.h"
 #include "app/editor/commands/Row.h"
 #include "app/editor/commands/ShotCommands.h"
@@ -42,7 +42,7 @@ std::optional<std::string> press(Editor& editor, const std::string& typed) {
     const auto command = name ? Keys::standard().command(*name) : std::nullopt;
     if (!command) return {};
     perform(editor, *command);
-    return Reading::of(*command);
+    return OneLineJson::of(*command);
 }
 
 }
@@ -106,10 +106,11 @@ CommandList table() {
         row<Kind::Text>("key", "Press a Key", {"key"}, press),
         row<OneCommand, Kind::Text>("bind", "Give a Command a Key", {"command", "key"},
                                     [](Editor&, Command command, const std::string& key) {
-                                        return Reading::of(Keys::standard().bind(command, keyName(key)));
+                                        return OneLineJson::of(Keys::standard().bind(command, keyName(key)));
                                     }),
-        row<OneCommand>("keyOf", "The Key of a Command", {"command"},
-                        [](Editor&, Command command) { return Reading::of(Keys::standard().key(command)); }),
+        row<OneCommand>(
+            "keyOf", "The Key of a Command", {"command"},
+            [](Editor&, Command command) { return OneLineJson::of(Keys::standard().key(command)); }),
         row<>("useStandardKeys", "Use Standard Keys", {}, [](Editor&) { Keys::standard().useStandard(); }),
     };
 }

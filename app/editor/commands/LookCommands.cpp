@@ -2,7 +2,7 @@
 
 #include "app/editor/KeptMedia.h"
 #include "app/editor/commands/Changes.h"
-#include "app/editor/commands/Reading.h"
+#include "app/editor/commands/OneLineJson.h"
 #include "app/editor/commands/Row.h"
 #include "core/model/VideoTime.h"
 #include "platform/base/Problem.h"
@@ -67,15 +67,15 @@ CommandList table() {
               [](Editor& editor) -> std::optional<std::string> {
                   const auto moment = momentAt(editor);
                   if (!moment) return {};
-                  return "{\"source\":\"" + moment->source.text() + "\",\"at\":" + Reading::of(moment->at) +
-                         "}";
+                  return "{\"source\":\"" + moment->source.text() +
+                         "\",\"at\":" + OneLineJson::of(moment->at) + "}";
               }),
         row<Kind::File, Kind::Text>("keepMedia", "Keep a File in the Project", {"file", "in"},
                                     [](Editor& editor, const fs::path& file, const std::string& folder) {
                                         if (folder != fs::path(folder).filename() || folder.starts_with("."))
                                             throw Problem(
                                                 "“in” is not right: the name of a folder is expected.");
-                                        return Reading::of(keepMedia(editor, file, folder));
+                                        return OneLineJson::of(keepMedia(editor, file, folder));
                                     }),
         row<Kind::SourceName, Kind::Fields<Framing>>("dragFraming", "Drag Content or Face",
                                                      {"source", "change"}, dragFraming),

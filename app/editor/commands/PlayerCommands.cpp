@@ -1,7 +1,7 @@
 #include "app/editor/commands/PlayerCommands.h"
 
 #include "app/editor/Timecode.h"
-#include "app/editor/commands/Reading.h"
+#include "app/editor/commands/OneLineJson.h"
 #include "app/editor/commands/Row.h"
 
 namespace murbo::PlayerCommands {
@@ -61,7 +61,7 @@ CommandList table() {
     list.push_back(row<Kind::OneOf<TimecodeForm>, Kind::Number, Kind::Maybe<Kind::Number>>(
         "timecode", "A Time as It Is Shown", {"form", "t", "rate"},
         [](Editor&, TimecodeForm form, double time, std::optional<double> rate) {
-            return Reading::of(timecode(form, time, rate));
+            return OneLineJson::of(timecode(form, time, rate));
         }));
     return list;
 }

@@ -1,6 +1,6 @@
 #include "app/editor/commands/SessionCommands.h"
 
-#include "app/editor/commands/Reading.h"
+#include "app/editor/commands/OneLineJson.h"
 #include "app/editor/commands/Row.h"
 #include "app/editor/commands/SessionFields.h"
 #include "app/editor/commands/SessionState.h"
@@ -54,7 +54,7 @@ CommandList table() {
                         [](Editor& editor, const std::string& name) { editor.endDragSoon(name); }),
         row<>("closeDrag", "End a Drag Now", {}, [](Editor& editor) { editor.closeDrag(); }),
         row<>("unfinished", "The Open Drag", {},
-              [](Editor& editor) { return Reading::of(editor.unfinished()); }),
+              [](Editor& editor) { return OneLineJson::of(editor.unfinished()); }),
         row<>("writeHistory", "Write the History Now", {}, [](Editor& editor) { editor.writeHistory(); }),
         SessionFields::command(),
         row<>("state", "The State of the Session", {},

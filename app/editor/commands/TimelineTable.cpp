@@ -1,5 +1,5 @@
+#include "app/editor/commands/OneLineJson.h"
 #include "app/editor/commands/PickJson.h"
-#include "app/editor/commands/Reading.h"
 #include "app/editor/commands/RemoveCommands.h"
 #include "app/editor/commands/Row.h"
 #include "app/editor/commands/TimelinePicks.h"
@@ -43,10 +43,10 @@ CommandList table() {
               [](Editor& editor) { return PickJson::of(all(editor)); }),
         row<Kind::TimelinePick>(
             "isPicked", "Whether a Block Is Picked", {"pick"},
-            [](Editor& editor, const Pick& pick) { return Reading::of(isPicked(editor, pick)); }),
+            [](Editor& editor, const Pick& pick) { return OneLineJson::of(isPicked(editor, pick)); }),
         row<Kind::TimelinePick>(
             "exists", "Whether a Block Is There", {"pick"},
-            [](Editor& editor, const Pick& pick) { return Reading::of(editor.exists(pick)); }),
+            [](Editor& editor, const Pick& pick) { return OneLineJson::of(editor.exists(pick)); }),
         row<Kind::TimelinePick>("clickOnTimeline", "Click on a Block", {"pick"},
                                 [](Editor& editor, const Pick& pick) { click(editor, pick, held()); }),
         row<Kind::ListOf<Kind::TimelinePick>>("setPicks", "Pick Blocks", {"picks"}, set),
@@ -60,26 +60,26 @@ CommandList table() {
             })
             .when(hasVideo),
         row<>("picksInWords", "The Picks in Words", {},
-              [](Editor& editor) { return Reading::of(inWords(editor)); }),
+              [](Editor& editor) { return OneLineJson::of(inWords(editor)); }),
         row<>("askAboutPicks", "Ask About the Picks", {}, ask),
         row<>("copyPicks", "Copy the Picks in Words", {}, copy),
         row<Kind::Seconds, Kind::Number, Maybe<Kind::AnyBlock>, Maybe<Kind::LineTag>>(
             "snapped", "Where a Dragged Time Snaps", {"t", "scale", "except", "caption"},
             [](Editor& editor, double time, double scale, const MaybeId& except, const MaybeLine& caption) {
-                return Reading::of(snapped(editor, time, scale, except, idOf(caption), held()));
+                return OneLineJson::of(snapped(editor, time, scale, except, idOf(caption), held()));
             }),
         row<Kind::Seconds, Kind::SourceName, Kind::Number>(
             "snappedEdge", "Where a Trimmed Edge Snaps", {"t", "on", "scale"},
             [](Editor& editor, double time, const UUID& source, double scale) {
-                return Reading::of(snappedEdge(editor, time, source, scale, held()));
+                return OneLineJson::of(snappedEdge(editor, time, source, scale, held()));
             }),
         row<Kind::Seconds, Kind::Seconds, Kind::Seconds, Kind::Number, Maybe<Kind::AnyBlock>,
-            Maybe<Kind::LineTag>>("shift", "By How Much a Dragged Block Moves",
-                                  {"a", "b", "by", "scale", "except", "caption"},
-                                  [](Editor& editor, double a, double b, double by, double scale,
-                                     const MaybeId& except, const MaybeLine& caption) {
-                                      return Reading::of(shifted(editor, a, b, by, scale, except, caption));
-                                  }),
+            Maybe<Kind::LineTag>>(
+            "shift", "By How Much a Dragged Block Moves", {"a", "b", "by", "scale", "except", "caption"},
+            [](Editor& editor, double a, double b, double by, double scale, const MaybeId& except,
+               const MaybeLine& caption) {
+                return OneLineJson::of(shifted(editor, a, b, by, scale, except, caption));
+            }),
     };
 }
 

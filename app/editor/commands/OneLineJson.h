@@ -8,7 +8,7 @@
 namespace murbo {
 
 /// What reading commands give: JSON texts in one line.
-namespace Reading {
+namespace OneLineJson {
 
 template <class T>
 std::string of(const T& value) {
