@@ -7,7 +7,7 @@ namespace {
 // In the order of their ids.
 constexpr Kit all[] = {
     {Kit::ID::transcribe, "Transcribe",
-     "Lines from what is said: on this Mac for free, or with Scribe, better in Thai.", Kit::Scope::clips,
+     "Lines from what is said: on this computer for free, or with Scribe, better in Thai.", Kit::Scope::clips,
      true, false, "Right-click a clip ▸ Transcribe, or tick it in Add Files and Add Stream", "Transcribed",
      ""},
     {Kit::ID::describeClips, "Describe Clips",

@@ -10,5 +10,6 @@ TEST(Toolkit, eachKitStandsUnderItsId) {
     for (const auto& kit : Toolkit::kits()) {
         EXPECT_EQ(&Toolkit::kit(kit.id), &kit);
         EXPECT_EQ(kit.overMCP, !kit.request.empty()) << kit.name;
+        EXPECT_THAT(kit.does, testing::Not(testing::HasSubstr("Mac"))) << "it runs on other machines";
     }
 }
