@@ -175,12 +175,17 @@ bool Demuxer::rewind() {
     if (atStart) return true;
     allow(timeToRead);
     const AVStream* stream = chosen ? chosen : format->streams[0];
+    const auto seekTo = [&](std::int64_t ticks) {
+        return avformat_seek_file(format.get(), stream->index, INT64_MIN, ticks, ticks, 0) >= 0;
+    };
+    const auto toFirstByte = [&] { return av_seek_frame(format.get(), -1, 0, AVSEEK_FLAG_BYTE) >= 0; };
+    // Where no keyframe lies at the start, nothing can be sought there, but what lies before all else can.
+    const AVIndexEntry* first = avformat_index_get_entry(format->streams[stream->index], 0);
     const std::int64_t start = stream->start_time == AV_NOPTS_VALUE ? 0 : stream->start_time;
     // Streams of packets have no index: a search for their first time may end after it.
     const bool unindexed = format->iformat->flags & AVFMT_TS_DISCONT;
-    const bool there = (unindexed && av_seek_frame(format.get(), -1, 0, AVSEEK_FLAG_BYTE) >= 0) ||
-                       avformat_seek_file(format.get(), stream->index, INT64_MIN, start, start, 0) >= 0 ||
-                       av_seek_frame(format.get(), -1, 0, AVSEEK_FLAG_BYTE) >= 0;
+    const bool there = (unindexed && toFirstByte()) || seekTo(start) ||
+                       (first && seekTo(first->timestamp - 1)) || toFirstByte();
     atStart = there;
     return there;
 }

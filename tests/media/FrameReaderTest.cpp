@@ -88,6 +88,7 @@ const std::map<std::string, std::string>& kinds() {
         {"stream.ts", h264 + "-bf 2 -muxdelay 0.7"},
         {"turned.mp4", fromMoving("-c copy -metadata:s:v rotate=90")},
         {"cut.mp4", "-ss 2.21 " + fromMoving("-c copy")},
+        {"no-keyframe-at-start.mp4", "-ss 2.21 " + fromMoving("-c copy -bsf:v noise=drop='lt(n\\,8)'")},
         {"short-gop.mov", moving + "-c:v mpeg4 -g 12 -q:v 4"},
         {"old.avi", moving + "-c:v mpeg4 -g 50 -q:v 4"},
         {"ten-bits.mkv", moving + "-c:v libx264 -preset veryfast -pix_fmt yuv422p10le -g 60"},
