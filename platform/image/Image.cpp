@@ -168,7 +168,9 @@ Image Image::filtered(const Filter& given) const {
     const auto* crop = std::get_if<Node::Crop>(&root->kind);
     if (crop && filter->byPixel()) return Image(crop->of).filtered(*filter).cropped(crop->rect);
     const double reach = filter->reach();
-    const Rect opaque = filter->keepsOpaque() || root->opaque.isEverything() ? root->opaque : Rect{};
+    // What spreads brings in the clear from round a picture, unless there is none.
+    const bool staysOpaque = filter->keepsOpaque() || (reach > 0 && root->opaque.isEverything());
+    const Rect opaque = staysOpaque ? root->opaque : Rect{};
     const Rect body = extent().isEverything() ? root->body : grown(root->body, reach, reach);
     return Image(made(Node::Filtered{root, *filter}, grown(extent(), reach, reach), body, opaque, false));
 }

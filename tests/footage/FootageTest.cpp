@@ -1,4 +1,5 @@
 #include "core/render/footage/Footage.h"
+#include "tests/MadeMedia.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/footage/Movie.h"
 
@@ -45,6 +46,28 @@ TEST(Footage, keepsPicturesApartThatShareAPlaceAmongTheStills) {
         for (int round = 0; round < 3; ++round)
             for (const int number : {41, 10, 40, 11, 50, 10})
                 EXPECT_EQ(Movie::number(footage.frame((number + 0.5) / 60)), number) << bytes;
+    }
+}
+
+TEST(Footage, countsAPictureThatGivesWayToAnotherNoMore) {
+    Movie::write(folder / "fast.mp4", 60, 128, 64, 60);
+    Footage footage(folder / "fast.mp4", 3 * 128 * 64 * 2); // room for three
+    const auto kept = footage.frame(41.5 / 60);
+    for (int round = 0; round < 5; ++round) {
+        for (const int number : {11, 10}) footage.frame((number + 0.5) / 60); // in one place
+        EXPECT_TRUE(footage.frame(41.5 / 60)->isSameAs(*kept)) << round;
+    }
+}
+
+TEST(Footage, ofUnevenTimesMeetsEachWithinAMillisecond) {
+    MURBO_NEEDS_FFMPEG();
+    Footage footage(made::file("uneven.mkv", "-i " + made::quoted(movie()) +
+                                                 " -vf settb=1/1000,setpts='N*40+13*mod(N\\,3)' -fps_mode "
+                                                 "passthrough -enc_time_base 1/1000 -c:v libx264 -qp 4"));
+    for (const int number : {50, 51, 20, 70, 71, 72}) {
+        const double time = (number * 40 + 13 * (number % 3)) / 1000.0;
+        EXPECT_EQ(Movie::number(footage.frame(time - 0.004)), number - 1);
+        EXPECT_EQ(Movie::number(footage.frame(time - 0.0008)), number);
     }
 }
 

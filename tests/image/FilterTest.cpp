@@ -75,6 +75,15 @@ TEST(Filters, leaveAlphaWhereItWas) {
     }
 }
 
+TEST(Filters, knowWhetherWhatIsOpaqueEverywhereStaysSo) {
+    const Image everywhere = Image::bitmap(drawn(picture(), side, side), true).clamped();
+    for (const auto& [name, filter] : all()) {
+        const Image filtered = everywhere.filtered(filter);
+        EXPECT_EQ(filtered.isOpaqueOver(whole), name != "cube") << name;
+        EXPECT_EQ(at(drawn(filtered, side, side), 50, 50).alpha == 255, name != "cube") << name;
+    }
+}
+
 TEST(Filters, lookTheSameAtHalfTheSize) {
     const auto half = Transform().scaled(0.5, 0.5);
     for (const auto& [name, filter] : all()) {

@@ -2,31 +2,37 @@
 #include "platform/base/Cancelled.h"
 #include "platform/base/Codec.h"
 #include "platform/base/Files.h"
-#include "tests/intake/Stretches.h"
+#include "tests/MadeMedia.h"
+#include "tests/TemporaryFolder.h"
 
 #include <numeric>
 
 using namespace murbo;
-using stretches::still;
-using stretches::stretch;
 using CameraMove = Samples::Move;
 
 namespace {
 
+/// Islands of even tones with hard shores, 960 x 720: blurred noise, in steps.
+std::filesystem::path picture() {
+    return made::file("picture.png",
+                      "-f lavfi -i color=gray:s=960x720 -vf \"noise=alls=100:all_seed=7,gblur=sigma=7,"
+                      "lutyuv=y='floor(clip((val-128)*11+120,30,225)/45)*45':u=128:v=128\" -frames:v 1");
+}
+
+/// Makes a stretch of three seconds, once. `filter` turns the large picture into one of 480 x 360; `encoding`
+/// are further options for the ffmpeg program.
+std::filesystem::path stretch(const std::string& name, const std::string& filter,
+                              const std::string& encoding = "-c:v libx264 -preset veryfast -crf 20 -g 250") {
+    return made::file(name, "-loop 1 -r 25 -i " + made::quoted(picture()) + " -t 3 -vf \"" + filter +
+                                ",noise=alls=3:allf=t,format=yuv420p\" -an " + encoding);
+}
+
+/// The window in the middle of the picture, kept still.
+const std::string still = "crop=480:360";
+
 double mean(const std::vector<std::int64_t>& values) {
     return std::accumulate(values.begin(), values.end(), 0.0) /
            static_cast<double>(std::max(values.size(), 1UL));
-}
-
-struct Means {
-    double sharpness = 0;
-    double exposure = 0;
-    double steadiness = 0;
-};
-
-Means meansOf(const std::string& name, const std::string& filter) {
-    const Samples samples = SampleMeasure::measure(stretch(name + ".mp4", filter));
-    return {mean(samples.sharpness), mean(samples.exposure), mean(samples.steadiness)};
 }
 
 /// The share of the samples that have this move.
@@ -35,92 +41,23 @@ double shareOf(CameraMove move, const Samples& samples) {
            static_cast<double>(samples.moves.size());
 }
 
-const std::string shaky = "crop=480:360:x='240+14*(random(1)-.5)':y='180+14*(random(2)-.5)'";
-const std::string strolling = "crop=480:360:x='240+4*sin(12*t)':y='180+3*sin(20*t)'";
 const std::string panning = "crop=480:360:x=20+60*t:y=180";
 
-}
-
-TEST(SampleMeasure, aPictureIsSharpByItsEdgesAndNotByItsContrast) {
-    MURBO_NEEDS_FFMPEG();
-    const double sharp = meansOf("still", still).sharpness;
-    const double soft = meansOf("soft", still + ",gblur=1.5").sharpness;
-    const double blurred = meansOf("blurred", still + ",gblur=4").sharpness;
-    const double smeared = meansOf("smeared", still + ",avgblur=12:sizeY=1").sharpness;
-    EXPECT_GT(sharp, 150);
-    EXPECT_LT(soft, sharp - 40);
-    EXPECT_LT(blurred, soft - 10);
-    EXPECT_LT(smeared, sharp - 40);
-    EXPECT_GT(meansOf("dark", still + ",lutyuv=y=16+(val-16)*0.2").sharpness, soft);
-    EXPECT_GT(meansOf("foggy", still + ",lutyuv=y=110+val*0.2").sharpness, soft);
-    EXPECT_LT(meansOf("blank", still + ",lutyuv=y=120").sharpness, 20);
-}
-
-TEST(SampleMeasure, aPictureIsWellExposedWithItsTonesSpreadRoundTheMiddle) {
-    MURBO_NEEDS_FFMPEG();
-    const double well = meansOf("still", still).exposure;
-    EXPECT_GT(well, 180);
-    for (const auto& [name, filter] : {std::pair{"dark", "lutyuv=y=16+(val-16)*0.2"},
-                                       {"bright", "lutyuv=y='min(235,val*2.6)'"},
-                                       {"foggy", "lutyuv=y=110+val*0.2"},
-                                       {"blank", "lutyuv=y=120"}})
-        EXPECT_LT(meansOf(name, still + "," + filter).exposure, well / 2) << name;
-    const double barred = meansOf("barred", "crop=480:240,pad=480:360:0:60").exposure;
-    EXPECT_GT(barred, well * 0.85);
-}
-
-TEST(SampleMeasure, aCameraIsSteadyOnItsStandOrInASmoothMove) {
-    MURBO_NEEDS_FFMPEG();
-    const double stroll = meansOf("strolling", strolling).steadiness;
-    EXPECT_LT(meansOf("shaky", shaky).steadiness, stroll - 30);
-    for (const auto& [name, filter] : {std::pair{"still", still}, {"panning", panning}}) {
-        const double steady = meansOf(name, filter).steadiness;
-        EXPECT_GT(steady, 235) << name;
-        EXPECT_LT(stroll, steady - 30) << name;
-    }
-    EXPECT_GT(meansOf("blank", still + ",lutyuv=y=120").steadiness, 235) << "nothing in it moves";
-    EXPECT_LT(meansOf("whipping", "crop=480:360:x='240+230*sin(6*t)'").steadiness, stroll);
-}
-
-TEST(SampleMeasure, movesAreTold) {
-    MURBO_NEEDS_FFMPEG();
-    const std::string zooming =
-        "zoompan=z='1.1+0.006*on':x='iw/2-iw/zoom/2':y='ih/2-ih/zoom/2':d=1:"
-        "s=480x360:fps=25";
-    const std::tuple<const char*, std::string, CameraMove> cases[] = {
-        {"still", still, CameraMove::still},
-        {"panning", panning, CameraMove::pan},
-        {"tilting", "crop=480:360:y=20+60*t:x=240", CameraMove::tilt},
-        {"zooming", zooming, CameraMove::zoom},
-        {"rolling", "rotate=0.2*t,crop=480:360", CameraMove::roll},
-        {"slanting", "crop=480:360:x=20+60*t:y=20+60*t", CameraMove::mixed},
-        // A little man before the camera is not the camera.
-        {"passing",
-         still + "[wall];color=black:s=90x200:r=25[man];[wall][man]overlay=x=t*150:y=150:shortest=1",
-         CameraMove::still}};
-    for (const auto& [name, filter, move] : cases) {
-        const Samples samples = SampleMeasure::measure(stretch(std::string(name) + ".mp4", filter));
-        EXPECT_GT(shareOf(move, samples), 0.9) << name;
-    }
-    // A turned phone pans as it is looked at.
-    const auto turned = made::file("turned.mp4", "-i " + made::quoted(stretch("panning.mp4", panning)) +
-                                                     " -c copy -metadata:s:v rotate=90");
-    EXPECT_GT(shareOf(CameraMove::tilt, SampleMeasure::measure(turned)), 0.9);
 }
 
 // One sample a quarter of a second, whatever the file's way of keeping pictures.
 TEST(SampleMeasure, everyKindOfFileHasFourSamplesASecond) {
     MURBO_NEEDS_FFMPEG();
     for (const auto& [name, encoding] : {std::pair{"h264.mkv", "-c:v libx264 -preset veryfast -g 250"},
-                                         {"intra.mov", "-c:v mjpeg -q:v 3"},
-                                         {"ten.mkv", "-c:v libx264 -preset ultrafast -pix_fmt yuv422p10le"},
                                          {"woven.ts", "-c:v mpeg2video -q:v 3 -flags +ildct+ilme -top 1"},
-                                         {"vp8.webm", "-c:v libvpx -b:v 2M -deadline realtime"},
+                                         {"intra.mov", "-c:v mjpeg -q:v 3"},
                                          {"slow.mkv", "-c:v libx264 -preset veryfast -r 2"}}) {
         const Samples samples = SampleMeasure::measure(stretch(name, panning, encoding));
         EXPECT_EQ(samples.count(), 12U) << name;
         EXPECT_GT(shareOf(CameraMove::pan, samples), 0.9) << name;
         EXPECT_GT(mean(samples.sharpness), 120) << name;
+        EXPECT_GT(mean(samples.exposure), 180) << name;
+        EXPECT_GT(mean(samples.steadiness), 235) << name;
     }
 }
 
@@ -194,6 +131,4 @@ TEST(SampleMeasure, realFootageIsToldRight) {
     const Samples flight = SampleMeasure::measure(footage / "action-cam-29.97.mp4");
     EXPECT_GT(shareOf(CameraMove::zoom, flight), 0.9) << "a smooth flight forwards";
     EXPECT_GT(mean(flight.steadiness), 220);
-    const Samples cave = SampleMeasure::measure(footage / "game-cave-60fps.mp4");
-    EXPECT_LT(mean(cave.exposure), 40) << "a few figures in the dark";
 }

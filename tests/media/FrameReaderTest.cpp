@@ -69,7 +69,7 @@ void expectAll(const std::filesystem::path& path, const std::string& filter = "n
     }
 }
 
-const std::string moving = "-f lavfi -i testsrc2=s=320x180:r=30:d=9 ";
+const std::string moving = "-f lavfi -i testsrc2=s=160x90:r=30:d=7 ";
 std::filesystem::path movingMovie() {
     return made::file("moving.mp4", moving + "-c:v libx264 -g 100 -bf 3 -pix_fmt yuv420p");
 }
@@ -96,7 +96,7 @@ const std::map<std::string, std::string>& kinds() {
          moving + "-c:v libx265 -preset ultrafast -x265-params log-level=0:keyint=60 -pix_fmt yuv420p10le"},
         {"vp9.webm", moving + "-c:v libvpx-vp9 -deadline realtime -cpu-used 8 -b:v 500k -g 60"},
         {"pieces.mp4", h264 + "-movflags frag_keyframe+empty_moov"},
-        {"fields.ts", "-f lavfi -i testsrc2=s=320x192:r=25:d=6 -c:v mpeg2video -q:v 3 -g 15 -bf 2"},
+        {"fields.ts", "-f lavfi -i testsrc2=s=160x96:r=25:d=6 -c:v mpeg2video -q:v 3 -g 15 -bf 2"},
     };
     return all;
 }
@@ -118,7 +118,7 @@ TEST(FrameReader, givesTheExactPictureInEveryKindOfFile) {
 TEST(FrameReader, givesWholePicturesOfInterlacedFilesWhereverReadingBegins) {
     MURBO_NEEDS_FFMPEG();
     const auto path = made::file("interlaced.ts",
-                                 "-f lavfi -i testsrc2=s=320x192:r=50:d=6 -vf interlace -c:v mpeg2video "
+                                 "-f lavfi -i testsrc2=s=160x96:r=50:d=6 -vf interlace -c:v mpeg2video "
                                  "-flags +ildct+ilme -q:v 3 -g 15 -bf 2");
     const char* filter = "bwdif=mode=send_frame:parity=auto:deint=interlaced";
     expectExact(path, filter);
@@ -132,9 +132,7 @@ TEST(FrameReader, givesTheExactPictureInRealFootage) {
     if (!std::filesystem::exists(folder)) GTEST_SKIP() << "The real footage is not on this machine.";
     MURBO_NEEDS_FFMPEG();
     expectAll(folder / "คลิปโทรศัพท์ 📱 (1).mp4");
-    expectExact(folder / "phone-vfr-portrait.mp4", "null", 3);
-    expectExact(folder / "action-cam-29.97.mp4", "null", 2);
-    expectExact(folder / "broken-cut-short.mkv", "null", 1);
+    expectExact(folder / "phone-vfr-portrait.mp4", "null", 1);
     // Its sound begins before its first keyframe.
     expectAll(folder / "camera-avchd-50i.mts", "bwdif=mode=send_frame:parity=auto:deint=interlaced", 0.08);
 }
@@ -213,26 +211,26 @@ TEST(FrameReader, passesOverWhatIsBroken) {
 
 TEST(FrameReader, aStretchFromAPicturesOwnTimeShowsEachPictureOnce) {
     MURBO_NEEDS_FFMPEG();
-    const std::pair<const char*, double> rates[] = {{"24", 24}, {"25", 25}, {"30000/1001", 30000 / 1001.0},
-                                                    {"30", 30}, {"50", 50}, {"60", 60}};
-    for (const auto& [written, rate] : rates)
-        for (const std::string ending : {".mp4", ".mkv", ".ts"}) {
-            const auto path = made::file("rate" + std::to_string(std::lround(rate * 100)) + ending,
-                                         std::string("-f lavfi -i testsrc2=s=64x36:d=2:r=") + written +
-                                             " -c:v libx264 -bf 2 -pix_fmt yuv420p");
-            const auto shown = made::pictures(path);
-            ASSERT_FALSE(shown.empty());
-            const double zero = shown.front().time;
-            FrameReader reader = FrameReader::open(path);
-            for (const std::size_t first : {7u, 11u, 20u}) {
-                const double told = std::round(static_cast<double>(first) / rate * 600) / 600;
-                const double start = reader.facts().picture->grid.near(told, 0.5 / 600).value_or(told);
-                for (std::size_t step = 0; first + step + 1 < shown.size(); ++step) {
-                    const auto given = reader.at(start + static_cast<double>(step) / rate);
-                    ASSERT_TRUE(given);
-                    EXPECT_EQ(made::sum(given->frame), shown[first + step].sum)
-                        << path.filename() << " picture " << first + step << ", given " << given->time + zero;
-                }
+    const std::tuple<std::string, const char*, double> kinds[] = {{"a.mkv", "24000/1001", 24000 / 1001.0},
+                                                                  {"b.ts", "60000/1001", 60000 / 1001.0},
+                                                                  {"c.mkv", "30", 30},
+                                                                  {"d.mp4", "24", 24}};
+    for (const auto& [name, written, rate] : kinds) {
+        const auto path = made::file("rate-" + name, std::string("-f lavfi -i testsrc2=s=64x36:d=2:r=") +
+                                                         written + " -c:v libx264 -bf 2 -pix_fmt yuv420p");
+        const auto shown = made::pictures(path);
+        ASSERT_FALSE(shown.empty());
+        FrameReader reader = FrameReader::open(path);
+        const auto grid = reader.facts().picture->grid;
+        for (const std::size_t first : {7u, 11u, 21u}) {
+            const auto start = grid.near(std::round(double(first) / rate * 600) / 600, 0.5 / 600);
+            ASSERT_TRUE(start) << name;
+            for (std::size_t step = 0; first + step + 1 < shown.size(); ++step) {
+                const auto given = reader.at(*start + double(step) / rate);
+                ASSERT_TRUE(given);
+                EXPECT_EQ(made::sum(given->frame), shown[first + step].sum)
+                    << name << " picture " << first + step << ", given " << given->time;
             }
         }
+    }
 }

@@ -1,6 +1,7 @@
 #include "platform/base/Problem.h"
 #include "platform/media/UnfinishedFile.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/base/SystemCalls.h"
 
 #include <csignal>
 
@@ -49,6 +50,18 @@ TEST(UnfinishedFile, whatKilledWritersLeftIsTakenOver) {
         write(path, false);
         EXPECT_EQ(contentsOf(path), "new");
         EXPECT_EQ(entriesIn(folder.path), 1);
+    }
+}
+
+TEST(UnfinishedFile, isOnTheDiskBeforeItTakesItsPlaceAndItsFolderAfter) {
+    for (const bool named : {false, true}) {
+        const TemporaryFolder folder;
+        const systemcalls::Flushed flushed;
+        write(folder / "movie.mp4", named);
+        ASSERT_EQ(flushed.paths().size(), 2u);
+        EXPECT_TRUE(flushed.paths()[0].starts_with(folder.path.string() + "/"));
+        EXPECT_FALSE(flushed.paths()[0].ends_with("movie.mp4"));
+        EXPECT_EQ(flushed.paths()[1], folder.path.string());
     }
 }
 

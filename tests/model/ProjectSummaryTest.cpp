@@ -2,8 +2,8 @@
 #include "core/model/Tags.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
+#include <ctime>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -78,11 +78,10 @@ TEST(ProjectSummary, tensOfThousandsOfSourcesAreToldInAMoment) {
         project.clips.edit().push_back({.number = number, .source = source});
         project.bookmarks.edit().push_back({.source = source});
     }
-    const auto started = std::chrono::steady_clock::now();
+    const std::clock_t started = std::clock();
     const auto text = ProjectSummary::text(project, {});
     EXPECT_EQ(std::ranges::count(text, '\n'), 80'000);
-    EXPECT_LT(std::chrono::steady_clock::now() - started, std::chrono::seconds(5))
-        << "17 s when each looked at all";
+    EXPECT_LT(double(std::clock() - started) / CLOCKS_PER_SEC, 5) << "17 s when each looked at all";
 }
 
 TEST(ProjectSummary, clocksRoundDownAndNeverEndTheProcess) {

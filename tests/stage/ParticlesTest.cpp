@@ -3,8 +3,8 @@
 #include "platform/image/ImageNode.h"
 #include "tests/stage/Staged.h"
 
-#include <chrono>
 #include <cmath>
+#include <ctime>
 
 #include <gtest/gtest.h>
 
@@ -127,9 +127,9 @@ TEST(Particles, drawOnlyTheGlyphsThatTheyShow) {
     std::string names;
     for (int i = 0; i < 5000; ++i) names += "n" + std::to_string(i) + ",";
     Scatter scatter("float", 5);
-    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t start = std::clock();
     const auto shown = scatter.drawn(1, names);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    EXPECT_LT(double(std::clock() - start) / CLOCKS_PER_SEC, 1);
     EXPECT_TRUE(same(scatter.drawn(1, "n0,n1,n2,n3,n4"), shown));
     EXPECT_FALSE(same(scatter.drawn(1, "n0,n1"), shown));
 }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
+#include <ctime>
 #include <numeric>
 #include <random>
 #include <thread>
@@ -87,9 +87,9 @@ TEST(Stage, areDrawnInATimeThatTheirNumberDoesNotSet) {
     auto many = Staged::placed(rect(R"("opacity": 0.5)"));
     auto& layers = many.book.edit().playbook.layers;
     layers.resize(100'000, layers.front());
-    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t start = std::clock();
     stage.drawn(many);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+    EXPECT_LT(double(std::clock() - start) / CLOCKS_PER_SEC, 2);
 }
 
 TEST(Stage, makeTheSameFramesInAnyOrderAndOnAnyThread) {

@@ -32,10 +32,11 @@ std::optional<Image> Footage::frame(double time) {
     time = std::clamp(time, -longest, longest);
     const bool near = isNear(time);
     asked = time;
-    // Two times within a millisecond are one; most of that the reader allows by itself.
-    time = single->facts()
-               .picture->grid.near(time, Times::samePlace)
-               .value_or(time + Times::samePlace - FrameReader::tolerance);
+    // Two times within a millisecond are one; most of that the reader allows by itself where a picture has no
+    // place on the grid.
+    const auto place = single->facts().picture->grid.near(time, Times::samePlace);
+    time += Times::samePlace - FrameReader::tolerance;
+    if (place) time = std::max(time, *place);
     // Played or picked out alone, and in whatever order, a time has one picture.
     const bool plays = near || (forward && forward->reaches(time));
     return plays ? playing(time) : still(time);

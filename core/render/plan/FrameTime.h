@@ -45,7 +45,8 @@ double lastMoment(const Cut& cut, const Cut* next);
 /// Where in its file a cut begins. A picture within half a tick of the time given was meant: that was
 /// rounded, and so may the picture's own have been, which its place on the file's grid makes good.
 inline double begin(double start, const PictureGrid& grid) {
-    return grid.near(start, Times::tick / 2).value_or(start);
+    constexpr double rounding = 1e-6;
+    return grid.near(start, Times::tick / 2 + rounding).value_or(start);
 }
 
 /// The moment to ask a source for, so long after a cut's beginning `from`.
