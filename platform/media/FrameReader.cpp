@@ -55,9 +55,11 @@ struct FrameReader::PictureSearch {
         halfTick = std::min(av_q2d(stream->time_base) / 2, maxHalfTick) + rounding;
     }
 
-    /// Where a picture has its place on the grid, half a tick off for its own time and half for the first's.
+    /// Where a picture has its place on the grid, half a tick off for its own time, and half for the first's
+    /// where that is not 0.
     std::optional<double> placeOf(std::int64_t ticks) const {
-        return facts.picture->grid.near(input.seconds(ticks, stream), 2 * halfTick);
+        const double reach = stream->start_time == 0 ? halfTick : 2 * halfTick;
+        return facts.picture->grid.near(input.seconds(ticks, stream), reach);
     }
     double timeOf(std::int64_t ticks) const { return placeOf(ticks).value_or(input.seconds(ticks, stream)); }
     double onFrom(std::int64_t ticks) const {

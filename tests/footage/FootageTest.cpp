@@ -61,9 +61,11 @@ TEST(Footage, countsAPictureThatGivesWayToAnotherNoMore) {
 
 TEST(Footage, ofUnevenTimesMeetsEachWithinAMillisecond) {
     MURBO_NEEDS_FFMPEG();
-    Footage footage(made::file("uneven.mkv", "-i " + made::quoted(movie()) +
-                                                 " -vf settb=1/1000,setpts='N*40+13*mod(N\\,3)' -fps_mode "
-                                                 "passthrough -enc_time_base 1/1000 -c:v libx264 -qp 4"));
+    Footage footage(
+        made::file("uneven.mp4",
+                   "-i " + made::quoted(movie()) +
+                       " -vf settb=1/1000,setpts='N*40+13*mod(N\\,3)' -fps_mode "
+                       "passthrough -enc_time_base 1/1000 -video_track_timescale 1000 -c:v libx264 -qp 4"));
     for (const int number : {50, 51, 20, 70, 71, 72}) {
         const double time = (number * 40 + 13 * (number % 3)) / 1000.0;
         EXPECT_EQ(Movie::number(footage.frame(time - 0.004)), number - 1);
