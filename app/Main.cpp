@@ -24,6 +24,7 @@ int become(const std::string& name, char** words) {
 
 int main(int count, char** words) {
     const auto match = Options::match(Arguments({words, words + count}));
+    if (count <= 1) return become("murbo-desktop", words);
     if (!match) {
         std::fputs(Options::usage().c_str(), stdout);
         return 1;
@@ -35,6 +36,8 @@ int main(int count, char** words) {
             return become("murbo-headless", words);
         case Options::Program::session:
             return become("murbo-session", words);
+        case Options::Program::desktop:
+            return become("murbo-desktop", words);
         case Options::Program::bridge:
             return become("murbo-bridge", words);
         case Options::Program::launcher:

@@ -1,5 +1,6 @@
 #include "app/editor/Editor.h"
 
+#include "app/editor/playback/PreviewVolume.h"
 #include "core/model/edits/PlayerChange.h"
 #include "core/model/edits/ProjectOperations.h"
 #include "core/render/footage/Filmstrip.h"
@@ -49,8 +50,13 @@ auto find(const Records& records, const UUID& id) -> decltype(&records[0]) {
 }
 
 Editor::Editor(Project project, std::set<UUID> missingSources, std::optional<std::filesystem::path> package,
-               Save saving, QObject* parent)
-    : EditorFields(parent), live(std::move(project)), folder(std::move(package)), save(std::move(saving)) {
+               Save saving, const SoundPlayer::MakeOutput& sound, QObject* parent)
+    : EditorFields(parent),
+      playback(PlayerClock::computer, sound, sound ? &PreviewVolume::standard() : nullptr, nullptr),
+      source(PlayerClock::computer, sound, sound ? &PreviewVolume::standard() : nullptr, nullptr),
+      live(std::move(project)),
+      folder(std::move(package)),
+      save(std::move(saving)) {
     if (folder) steps = ProjectPackage::readHistory(*folder);
     values.missing = std::move(missingSources);
     if (!live.videos.empty()) values.openVideo = live.videos.front().id;
@@ -225,6 +231,14 @@ bool Editor::closeDrag(const std::optional<std::string>& name) {
     const auto start = *std::exchange(dragStart, std::nullopt);
     commit(name.value_or(dragName), start);
     return true;
+}
+
+void Editor::cancelDrag() {
+    if (!dragStart) return;
+    settling.stop();
+    const auto dragged = std::exchange(live, *std::exchange(dragStart, std::nullopt));
+    emit projectChanged();
+    followWithPlayer(dragged);
 }
 
 std::optional<std::string> Editor::unfinished() const {

@@ -40,9 +40,9 @@ public:
     static constexpr int historyTime = 1000; ///< ms after the last change at which the history is written
 
     /// `save` is called after every change, with the project to write; it must not throw. Without a package
-    /// the history starts empty and is not kept.
+    /// the history starts empty and is not kept. Without `sound` the players are silent.
     Editor(Project project, std::set<UUID> missing, std::optional<std::filesystem::path> package, Save save,
-           QObject* parent = nullptr);
+           const SoundPlayer::MakeOutput& sound = {}, QObject* parent = nullptr);
     ~Editor() override;
 
     const Project& project() const { return live; }
@@ -74,6 +74,8 @@ public:
     void endDragSoon(const std::string& name);
     /// Makes an open drag a step now, under its own name or another. Whether there was one.
     bool closeDrag(const std::optional<std::string>& name = std::nullopt);
+    /// Lets go of an open drag: the project is what it was when the drag began.
+    void cancelDrag();
     /// The name of the open drag.
     std::optional<std::string> unfinished() const;
 

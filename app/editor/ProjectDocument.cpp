@@ -8,20 +8,22 @@
 
 namespace murbo {
 
-std::unique_ptr<ProjectDocument> ProjectDocument::open(const std::filesystem::path& package) {
+std::unique_ptr<ProjectDocument> ProjectDocument::open(const std::filesystem::path& package,
+                                                       const SoundPlayer::MakeOutput& sound) {
     auto lock = PackageLock::lock(package);
     auto project = ProjectPackage::read(package);
     return std::unique_ptr<ProjectDocument>(
-        new ProjectDocument(package, std::move(lock), std::move(project)));
+        new ProjectDocument(package, std::move(lock), std::move(project), sound));
 }
 
-ProjectDocument::ProjectDocument(const std::filesystem::path& package, PackageLock held, Project project)
+ProjectDocument::ProjectDocument(const std::filesystem::path& package, PackageLock held, Project project,
+                                 const SoundPlayer::MakeOutput& sound)
     : folder(package), lock(std::move(held)), saved(std::move(project)), watch(package) {
     watch.remember(saved);
     retrying.setInterval(retryTime);
     connect(&retrying, &QTimer::timeout, this, &ProjectDocument::retry);
-    session = std::make_unique<Editor>(saved, SourceFinder::find(saved), folder,
-                                       [this](const Project& changed) { save(changed); });
+    session = std::make_unique<Editor>(
+        saved, SourceFinder::find(saved), folder, [this](const Project& changed) { save(changed); }, sound);
 }
 
 void ProjectDocument::save(const Project& project) {

@@ -26,8 +26,10 @@ class ProjectDocument : public QObject {
 public:
     static constexpr int retryTime = 3000; ///< ms between tries to save what could not be saved
 
-    /// Opens a package. Throws ProjectError, or a Problem where another session has it open.
-    static std::unique_ptr<ProjectDocument> open(const std::filesystem::path& package);
+    /// Opens a package. Throws ProjectError, or a Problem where another session has it open. Without `sound`
+    /// its players are silent.
+    static std::unique_ptr<ProjectDocument> open(const std::filesystem::path& package,
+                                                 const SoundPlayer::MakeOutput& sound = {});
 
     /// Ends an open drag, saves, and writes the history.
     void close();
@@ -44,7 +46,8 @@ signals:
     void told(const QString& words);
 
 private:
-    ProjectDocument(const std::filesystem::path& package, PackageLock held, Project project);
+    ProjectDocument(const std::filesystem::path& package, PackageLock held, Project project,
+                    const SoundPlayer::MakeOutput& sound);
 
     void save(const Project& project);
     void write(const Project& project);

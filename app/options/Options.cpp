@@ -43,6 +43,10 @@ constexpr Option table[] = {
     {"--script", "<project> [<file>]",
      "Edits a project by commands, one JSON array a line, from a file or standard input.", 1,
      Program::session},
+    {"--open", "<project>", "Opens a project in a window; murbo alone opens what was open last.", 1,
+     Program::desktop},
+    {"--pictures", "<folder> [--show <view>] [--size <width>,<height>]",
+     "Writes pictures of the windows, of a project with --open.", 1, Program::desktop},
     {"--help", "", "Shows this.", 0, Program::launcher},
     {"--version", "", "Shows the version.", 0, Program::headless},
 };

@@ -19,6 +19,7 @@ enum class Program {
     launcher, ///< `murbo` itself: small, does little, and hands all else on
     headless, ///< `murbo-headless`: commands that need no session
     session,  ///< `murbo-session`: one open project, live
+    desktop,  ///< `murbo-desktop`: windows
     bridge    ///< `murbo-bridge`: AI apps start it, and it carries their messages to a session
 };
 

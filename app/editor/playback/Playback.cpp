@@ -51,12 +51,14 @@ void Playback::load(PlayerItem item, double place) {
     setPlayable({0, length});
     setTime(inSpan(place));
     player.load(std::move(item), at);
+    followSize();
     setFrames(rate);
     if (before != 0) run(before);
 }
 
 void Playback::unload() {
     player.unload();
+    followSize();
     beforeSkim.reset();
     wasPlaying = false;
     stopAt.reset();
@@ -69,12 +71,23 @@ void Playback::unload() {
 
 void Playback::refresh(Plan plan) {
     player.refresh(std::move(plan));
+    followSize();
 }
 
 bool Playback::remix(PlayerItem item) {
     if (!player.item() || !player.item()->hasPictureOf(item)) return false;
     player.remix(std::move(item));
+    followSize();
     return true;
+}
+
+void Playback::followSize() {
+    const auto& item = player.item();
+    const auto now = item ? item->composition.box->plan()->frame : Size();
+    const QSize whole(static_cast<int>(now.width), static_cast<int>(now.height));
+    if (whole == size) return;
+    size = whole;
+    emit frameSizeChanged();
 }
 
 void Playback::setSpan(Stretch span) {

@@ -4,6 +4,7 @@
 #include "core/model/Stretch.h"
 
 #include <QObject>
+#include <QSize>
 #include <QTimer>
 #include <optional>
 
@@ -21,6 +22,7 @@ class Playback : public QObject {
     Q_PROPERTY(double spanEnd READ spanEnd NOTIFY spanChanged)
     Q_PROPERTY(double rate READ rate NOTIFY rateChanged)
     Q_PROPERTY(double frameRate READ frameRate NOTIFY frameRateChanged)
+    Q_PROPERTY(QSize frameSize READ frameSize NOTIFY frameSizeChanged)
     Q_PROPERTY(QString source READ sourceText NOTIFY sourceChanged)
 
 public:
@@ -45,6 +47,7 @@ public:
     double spanEnd() const { return playable.to; }
     double rate() const { return speed; }       ///< signed; 0 stands still
     double frameRate() const { return frames; } ///< frames a second; 30 without an item
+    QSize frameSize() const { return size; }    ///< of the item's own pictures, in pixels; empty without one
     std::optional<UUID> source() const { return shownSource; }
     QString sourceText() const;
 
@@ -91,12 +94,14 @@ signals:
     void rateChanged();
     void frameRateChanged();
     void sourceChanged();
+    void frameSizeChanged();
 
 private:
     void setTime(double time);
     void setRate(double rate);
     void setPlayable(Stretch span);
     void setFrames(double rate);
+    void followSize();
     void closeSkim();
     void takeOver();
     void run(double rate);
@@ -110,6 +115,7 @@ private:
     Stretch playable;
     double speed = 0;
     double frames;
+    QSize size;
     std::optional<UUID> shownSource;
     bool wasPlaying = false; ///< when a skim began, and at which rate
     double rateBefore = 0;

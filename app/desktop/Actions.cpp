@@ -1,0 +1,141 @@
+#include "app/desktop/Actions.h"
+
+#include "app/desktop/timeline/CommandRun.h"
+#include "platform/base/RawText.h"
+
+#include <QKeySequence>
+#include <algorithm>
+
+namespace murbo::Actions {
+namespace {
+
+Action verb(const char* id, const char* menu, const char* title, const char* keys = "") {
+    return {id, menu, title, keys, "", {}, false};
+}
+Action line(const char* id, const char* menu, const char* text, const char* keys = "",
+            const char* title = "") {
+    return {id, menu, title, keys, text, {}, false};
+}
+Action text(Action action) {
+    action.textToo = true;
+    return action;
+}
+Action key(Command command, const char* menu) {
+    return {"key." + std::string(rawText(command)),
+            menu,
+            std::string(Keys::title(command)),
+            "",
+            "",
+            command,
+            false};
+}
+
+std::vector<Action> made() {
+    return {
+        verb("newProject", "File", "New Project…", "Ctrl+Shift+N"),
+        verb("openProject", "File", "Open…", "Ctrl+O"),
+        verb("sheet.addFiles", "File", "Add Footage…", "Ctrl+I"),
+        verb("sheet.newVideo", "File", "New Video…", "Ctrl+N"),
+        verb("sheet.export", "File", "Export…", "Ctrl+E"),
+        verb("closeWindow", "File", "Close Project", "Ctrl+W"),
+
+        text(line("undo", "Edit", R"(["undo"])", "Ctrl+Z")),
+        text(line("redo", "Edit", R"(["redo"])", "Ctrl+Shift+Z")),
+        line("split", "Edit", R"(["splitAtPlayhead"])", "Ctrl+B"),
+        verb("trimStart", "Edit", "Trim Start to Playhead", "Alt+["),
+        verb("trimEnd", "Edit", "Trim End to Playhead", "Alt+]"),
+        key(Command::remove, "Edit"),
+        verb("takeOutQuiet", "Edit", "Take Out Quiet Stretches"),
+        verb("muteCuts", "Edit", "Mute or Unmute Clips"),
+        line("clear", "Edit", R"(["clear"])"),
+        line("copyPicks", "Edit", R"(["copyPicks"])"),
+        verb("palette", "Edit", "Commands…", "Ctrl+K"),
+        verb("menus", "", "Menus", "F10"),
+
+        key(Command::markStart, "Clip"),
+        key(Command::markEnd, "Clip"),
+        key(Command::markClip, "Clip"),
+        key(Command::addToEnd, "Clip"),
+        key(Command::insert, "Clip"),
+        line("newVideoFromSelection", "Clip", R"(["newVideoFromSelection"])"),
+        key(Command::favourite, "Clip"),
+        verb("reject", "Clip", "Reject"),
+        key(Command::clearRating, "Clip"),
+        key(Command::clipMark, "Clip"),
+        key(Command::bookmark, "Clip"),
+
+        verb("renameVideo", "Video", "Rename Video…"),
+        verb("duplicateVideo", "Video", "Duplicate Video", "Ctrl+D"),
+        verb("deleteVideo", "Video", "Delete Video"),
+        line("aspect.vertical", "Video", R"(["setAspect","9:16"])", "", "Aspect 9:16"),
+        line("aspect.horizontal", "Video", R"(["setAspect","16:9"])", "", "Aspect 16:9"),
+        line("aspect.square", "Video", R"(["setAspect","1:1"])", "", "Aspect 1:1"),
+        line("aspect.portrait", "Video", R"(["setAspect","4:5"])", "", "Aspect 4:5"),
+
+        key(Command::cutSplit, "Look"),
+        key(Command::cutContent, "Look"),
+        key(Command::cutFace, "Look"),
+        key(Command::punch, "Look"),
+
+        key(Command::play, "View"),
+        key(Command::backward, "View"),
+        key(Command::stop, "View"),
+        key(Command::forward, "View"),
+        key(Command::select, "View"),
+        key(Command::trim, "View"),
+        key(Command::blade, "View"),
+        key(Command::hand, "View"),
+        key(Command::skimming, "View"),
+        key(Command::snapping, "View"),
+        verb("zoomIn", "View", "Zoom In", "Ctrl+="),
+        verb("zoomOut", "View", "Zoom Out", "Ctrl+-"),
+        verb("zoomFit", "View", "Fit the Timeline", "Shift+Z"),
+        verb("tall", "View", "Tall Viewer"),
+        verb("nextRegion", "View", "Next Region", "F6"),
+        verb("previousRegion", "View", "Previous Region", "Shift+F6"),
+        verb("search", "View", "Search the Browser", "Ctrl+F"),
+    };
+}
+
+}
+
+std::span<const Action> all() {
+    static const auto list = made();
+    return list;
+}
+
+const Action* find(const std::string& id) {
+    const auto list = all();
+    const auto found = std::ranges::find(list, id, &Action::id);
+    return found == list.end() ? nullptr : &*found;
+}
+
+const Action* byKeys(QKeyCombination pressed) {
+    for (const auto& action : all()) {
+        if (action.keys.empty()) continue;
+        const auto wanted = QKeySequence(QString::fromStdString(action.keys));
+        if (wanted.count() == 1 && wanted[0] == pressed) return &action;
+    }
+    return nullptr;
+}
+
+std::vector<std::string> menus() {
+    std::vector<std::string> names;
+    for (const auto& action : all())
+        if (!action.menu.empty() && std::ranges::find(names, action.menu) == names.end())
+            names.push_back(action.menu);
+    return names;
+}
+
+std::string title(const Action& action) {
+    return action.title.empty() ? CommandRun::title(action.line) : action.title;
+}
+
+std::string keys(const Action& action) {
+    if (!action.command) return action.keys;
+    const auto key = Keys::standard().key(*action.command);
+    if (key.size() != 1) return key == "space" ? "Space" : "Delete";
+    return QString::fromStdString(key).toUpper().toStdString();
+}
+
+}

@@ -1,0 +1,12 @@
+#include "app/desktop/Clipboard.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+namespace murbo::Clipboard {
+
+void put(const QString& text) {
+    QGuiApplication::clipboard()->setText(text);
+}
+
+}

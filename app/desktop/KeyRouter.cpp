@@ -1,0 +1,131 @@
+#include "app/desktop/KeyRouter.h"
+
+#include "app/desktop/Actions.h"
+#include "app/desktop/OpenProject.h"
+#include "app/editor/Keys.h"
+#include "app/editor/commands/CutCommands.h"
+#include "app/editor/commands/KeyCommands.h"
+
+#include <QKeyEvent>
+#include <QQuickItem>
+#include <QQuickWindow>
+
+namespace murbo {
+namespace {
+
+constexpr quint32 evdevOffset = 8; // scan codes of X11 and Wayland lie that much above the kernel's
+constexpr double second = 1;
+
+/// By the typed key, else by the one that a US keyboard has there: Ctrl+B is that on every layout.
+const Action* actionOf(const QKeyEvent& event) {
+    auto pressed = event.keyCombination();
+    if (!event.text().isEmpty() && event.text()[0].isPunct())
+        pressed = QKeyCombination(event.modifiers() & ~Qt::ShiftModifier, pressed.key());
+    if (const auto* action = Actions::byKeys(pressed)) return action;
+    const auto physical = KeyRouter::onUsKeyboard(event.nativeScanCode());
+    if (physical.isEmpty() || !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier))) return nullptr;
+    return Actions::byKeys(
+        QKeyCombination(event.modifiers(), static_cast<Qt::Key>(physical.toUpper()[0].unicode())));
+}
+
+}
+
+KeyRouter::KeyRouter(QQuickWindow& watched, OpenProject& open)
+    : QObject(&watched), window(watched), project(open) {
+    window.installEventFilter(this);
+}
+
+bool KeyRouter::typing() const {
+    const auto* item = window.activeFocusItem();
+    return item && item->flags().testFlag(QQuickItem::ItemAcceptsInputMethod);
+}
+
+bool KeyRouter::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::KeyRelease) {
+        const auto& released = static_cast<const QKeyEvent&>(*event);
+        const auto name = Keys::name(typed(released).toStdString());
+        if (!released.isAutoRepeat() && name == Keys::standard().key(Command::stop)) stopHeld = false;
+        return false;
+    }
+    if (event->type() != QEvent::KeyPress) return false;
+    return press(static_cast<const QKeyEvent&>(*event));
+}
+
+bool KeyRouter::press(const QKeyEvent& event) {
+    const bool held = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    if (project.takesAllKeys()) return event.key() == Qt::Key_Escape && project.escape();
+    const auto* action = actionOf(event);
+    const bool toText = typing() && (!held || (action && action->textToo));
+    if (event.key() == Qt::Key_Escape) return project.escape();
+    if (toText) return false;
+    if (action) return project.perform(QString::fromStdString(action->id));
+    return !held && pressBare(event);
+}
+
+/// Arrows are for whatever list or slider has the focus; in the viewers and the timeline they walk the time.
+bool KeyRouter::onControl() const {
+    const auto* item = window.activeFocusItem();
+    return item && item->property("takesArrows").toBool();
+}
+
+bool KeyRouter::pressBare(const QKeyEvent& event) {
+    auto& editor = project.editor();
+    auto& player = editor.focus() == Viewer::video ? editor.playback : editor.source;
+    const bool shift = event.modifiers() & Qt::ShiftModifier;
+    const double step = shift ? second : 1 / player.frameRate();
+    switch (event.key()) {
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+            if (onControl()) return false;
+            player.step(event.key() == Qt::Key_Left ? -step : step);
+            return true;
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+            if (onControl()) return false;
+            CutCommands::jumpToEdit(editor, event.key() == Qt::Key_Down);
+            return true;
+        case Qt::Key_Home:
+        case Qt::Key_End:
+            if (onControl()) return false;
+            player.seek(event.key() == Qt::Key_Home ? player.spanStart() : player.spanEnd());
+            return true;
+        default:
+            break;
+    }
+    const auto name = Keys::name(typed(event).toStdString());
+    const auto command = name ? Keys::standard().command(*name) : std::nullopt;
+    if (!command) return false;
+    if (command == Command::stop) stopHeld = true;
+    if (stopHeld && (command == Command::backward || command == Command::forward))
+        player.step(command == Command::backward ? -1 / player.frameRate() : 1 / player.frameRate());
+    else if (!event.isAutoRepeat() || command == Command::remove)
+        KeyCommands::perform(editor, *command);
+    return true;
+}
+
+QString KeyRouter::typed(const QKeyEvent& event) {
+    if (event.key() == Qt::Key_Space) return " ";
+    if (event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete) return "delete";
+    const auto character = event.text().toLower();
+    const auto name = Keys::name(character.toStdString());
+    if (name && Keys::standard().command(*name)) return character;
+    const auto physical = onUsKeyboard(event.nativeScanCode());
+    return physical.isEmpty() ? character : physical;
+}
+
+QString KeyRouter::onUsKeyboard(quint32 scanCode) {
+    // Rows of a keyboard by the kernel's codes: digits from 2, then three rows of letters.
+    struct Row {
+        quint32 first;
+        const char* keys;
+    };
+    static constexpr Row rows[] = {{2, "1234567890"}, {16, "qwertyuiop"}, {30, "asdfghjkl"}, {44, "zxcvbnm"}};
+    if (scanCode < evdevOffset) return "";
+    const auto code = scanCode - evdevOffset;
+    for (const auto& [first, keys] : rows)
+        if (code >= first && code < first + QByteArrayView(keys).size())
+            return QString(QLatin1Char(keys[code - first]));
+    return "";
+}
+
+}

@@ -1,0 +1,104 @@
+#include "app/desktop/Pictures.h"
+
+#include "app/desktop/Desktop.h"
+#include "app/desktop/ProjectWindow.h"
+#include "app/editor/commands/TimelinePicks.h"
+#include "platform/base/Problem.h"
+
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QQuickWindow>
+
+namespace murbo::Pictures {
+namespace {
+
+constexpr int mostWaiting = 20000; ///< ms for a view to come to rest
+constexpr int still = 700;         ///< ms in which nothing more comes
+
+/// Lets the window draw until nothing has changed for a while.
+void settle(QQuickWindow& window, const Editor* editor) {
+    QElapsedTimer since;
+    QElapsedTimer whole;
+    since.start();
+    whole.start();
+    const auto link = QObject::connect(&window, &QQuickWindow::frameSwapped, [&] { since.restart(); });
+    while (whole.elapsed() < mostWaiting && (since.elapsed() < still || (editor && editor->isBusy())))
+        QGuiApplication::processEvents(QEventLoop::AllEvents, 20);
+    QObject::disconnect(link);
+}
+
+void pickFirst(Editor& editor, Pick::Kind kind) {
+    const auto* video = editor.video();
+    if (!video) return;
+    const auto all = TimelinePicks::caught(editor, 0, video->length(),
+                                           {TimelineRow::shots, TimelineRow::picture, TimelineRow::captions,
+                                            TimelineRow::overlays, TimelineRow::sounds, TimelineRow::music});
+    for (const auto& pick : all)
+        if (pick.kind == kind) return editor.setPicked(pick);
+}
+
+void bringUp(const std::string& view, OpenProject& project) {
+    auto& editor = project.editor();
+    if (view == "source" || view == "transcript") {
+        if (!editor.project().clips.empty()) editor.holdClip(editor.project().clips.front().id);
+        editor.setFocus(Viewer::source);
+    }
+    if (view == "picture") pickFirst(editor, Pick::Kind::cut);
+    if (view == "shot") pickFirst(editor, Pick::Kind::shot);
+    if (view == "overlay") pickFirst(editor, Pick::Kind::overlay);
+    if (view == "sound") pickFirst(editor, Pick::Kind::sound);
+    if (view == "captions") editor.setInspectorTab(InspectorTab::captions);
+    if (view == "transcript") editor.setInspectorTab(InspectorTab::transcript);
+    for (const auto* sheet : {"export", "newVideo", "addFiles", "settings", "keys", "palette"})
+        if (view == sheet) project.setSheet(QString::fromUtf8(sheet));
+}
+
+}
+
+std::optional<PictureOrder> asked(const Arguments& arguments) {
+    const auto folder = arguments.value("--pictures");
+    if (!folder) return {};
+    PictureOrder order;
+    order.folder = *folder;
+    if (const auto view = arguments.value("--show")) order.view = *view;
+    if (const auto size = arguments.value("--size")) {
+        const auto parts = QString::fromStdString(*size).split(',');
+        const int width = parts.size() == 2 ? parts[0].toInt() : 0;
+        const int height = parts.size() == 2 ? parts[1].toInt() : 0;
+        if (width < 200 || height < 200 || width > 8192 || height > 8192)
+            throw Problem("--size is <width>,<height>, each from 200 to 8192.");
+        order.size = {width, height};
+    }
+    return order;
+}
+
+void take(const PictureOrder& order, const std::vector<std::filesystem::path>& projects) {
+    std::filesystem::create_directories(order.folder);
+    Desktop desktop({});
+    QQuickWindow* window = nullptr;
+    OpenProject* project = nullptr;
+    if (projects.empty()) {
+        desktop.showStart();
+        window = desktop.startWindow();
+    } else {
+        auto* opened = desktop.open(projects.front());
+        if (!opened) throw Problem(desktop.problem().toStdString());
+        project = &opened->project();
+        window = &opened->window();
+    }
+    window->resize(order.size);
+    settle(*window, project ? &project->editor() : nullptr);
+    if (project) {
+        bringUp(order.view, *project);
+        settle(*window, &project->editor());
+    }
+    const auto name = QString("%1-%2x%3.png")
+                          .arg(QString::fromStdString(order.view))
+                          .arg(order.size.width())
+                          .arg(order.size.height());
+    const auto file = order.folder / name.toStdString();
+    if (!window->grabWindow().save(QString::fromStdString(file.string())))
+        throw Problem("“" + file.string() + "” could not be written.");
+}
+
+}

@@ -1,0 +1,56 @@
+#include "app/desktop/ProjectWindow.h"
+
+#include "app/desktop/KeyRouter.h"
+#include "platform/base/Problem.h"
+
+#include <QCloseEvent>
+#include <QQmlComponent>
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QQuickWindow>
+
+namespace murbo {
+
+ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_ptr<ProjectDocument> document)
+    : open(std::move(document)), exportSheet(open), context(std::make_unique<QQmlContext>(&engine)) {
+    context->setContextProperty("desktop", &desktop);
+    context->setContextProperty("project", &open);
+    context->setContextProperty("exportSheet", &exportSheet);
+    context->setContextProperty("folders", &folders);
+    context->setContextProperty("planner", this);
+    QQmlComponent component(&engine, QUrl("qrc:/murbo/qml/ProjectWindow.qml"));
+    auto* made = component.create(context.get());
+    view.reset(qobject_cast<QQuickWindow*>(made));
+    if (!view) throw Problem("The window could not be made. " + component.errorString().toStdString());
+    view->installEventFilter(this);
+    new KeyRouter(*view, open);
+}
+
+ProjectWindow::~ProjectWindow() {
+    view.reset(); // the views go before what they look at
+    open.close();
+}
+
+void ProjectWindow::raise() {
+    view->show();
+    view->raise();
+    view->requestActivate();
+}
+
+bool ProjectWindow::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::Close) {
+        // After the event: the window can't be destroyed within it.
+        QMetaObject::invokeMethod(this, &ProjectWindow::closed, Qt::QueuedConnection);
+    }
+    return false;
+}
+
+QVariantMap ProjectWindow::plan(double width, double height, bool upright, bool wantsTall, bool inspector,
+                                double timeline) const {
+    const auto plan = WindowPlan::of({width, height, upright, wantsTall, inspector, timeline});
+    return {{"compact", plan.compact}, {"tabs", plan.tabs},         {"tall", plan.tall},
+            {"sidebar", plan.sidebar}, {"browser", plan.browser},   {"source", plan.source},
+            {"video", plan.video},     {"timeline", plan.timeline}, {"inspector", plan.inspector}};
+}
+
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QVariantList>
+#include <filesystem>
+#include <vector>
+
+namespace murbo {
+
+/// The projects that were open lately, newest first, kept in the settings.
+namespace RecentProjects {
+
+inline constexpr std::size_t most = 12;
+
+std::vector<std::filesystem::path> all();
+void add(const std::filesystem::path& package);
+
+/// For views: path, name, folder, date, missing.
+QVariantList shown();
+
+/// Those open now: the next start without words opens them again, after a crash too.
+std::vector<std::filesystem::path> open();
+void setOpen(const std::vector<std::filesystem::path>& packages);
+
+}
+
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QRectF>
+
+namespace murbo {
+
+/// Where the regions of a project's window lie, in points. Pure.
+struct WindowPlan {
+    /// What it is made from.
+    struct WindowShape {
+        double width = 1280;
+        double height = 800;
+        bool upright = true;   ///< the open video is higher than wide
+        bool wantsTall = true; ///< an upright video may take the window's height
+        bool inspector = true;
+        double timeline = 0; ///< the height that the owner gave it; 0 for the standard
+    };
+
+    static constexpr double bar = 40;
+    static constexpr double line = 1; ///< between regions
+    static constexpr double leastWidth = 1024;
+    static constexpr double leastHeight = 640;
+
+    bool compact = false; ///< a rail for a sidebar, menus behind a button
+    bool tabs = false;    ///< both viewers share one region
+    bool tall = false;
+    QRectF sidebar;
+    QRectF browser;
+    QRectF source; ///< with tabs the same as `video`
+    QRectF video;
+    QRectF timeline;
+    QRectF inspector; ///< empty where it is folded
+
+    static WindowPlan of(const WindowShape& given);
+};
+
+}

@@ -1,0 +1,33 @@
+import QtQuick
+import QtQuick.Templates as T
+
+// A button that is an icon; its name is what a hover and a screen reader say.
+T.Button {
+    id: button
+
+    property string name
+    property string keys
+    property color tint: checked ? Theme.accent : enabled ? Theme.text2 : Theme.disabled
+    property int side: Theme.icon
+
+    implicitWidth: Theme.control
+    implicitHeight: Theme.control
+    focusPolicy: Qt.TabFocus
+    hoverEnabled: true
+    text: name
+    Accessible.role: Accessible.Button
+    Accessible.name: name
+    Accessible.description: keys
+    Accessible.onPressAction: button.clicked()
+
+    property string glyph
+    contentItem: Item {
+        Icon { anchors.centerIn: parent; name: button.glyph; tint: button.tint; side: button.side }
+    }
+    background: Rectangle {
+        radius: Theme.radius
+        color: button.down ? Theme.pressed : button.hovered && button.enabled || button.checked ? Theme.hover : "transparent"
+        Ring { around: button }
+    }
+    Hint { of: button; words: button.keys ? button.name + "  " + button.keys : button.name }
+}

@@ -1,0 +1,29 @@
+import QtQuick
+
+// What lies over the window, one at a time.
+Item {
+    id: layer
+
+    property var dropped: []
+    property Item picture
+    function drop(urls) {
+        const paths = urls.map(url => desktop.pathOf(url)).filter(path => path)
+        const projects = paths.filter(path => path.endsWith(".mbproj"))
+        projects.forEach(path => desktop.openPath(path))
+        if (projects.length === paths.length) return
+        dropped = paths.filter(path => !path.endsWith(".mbproj"))
+        project.sheet = "addFiles"
+    }
+
+    visible: project.sheet !== ""
+    Rectangle { anchors.fill: parent; color: Theme.veil }
+    MouseArea { anchors.fill: parent; hoverEnabled: true; onWheel: (wheel) => wheel.accepted = true }
+    Loader {
+        id: loader
+        anchors.fill: parent
+        focus: true
+        source: ({ "export": "ExportSheet.qml", "newVideo": "NewVideoSheet.qml", "addFiles": "AddFilesSheet.qml",
+                   "renameVideo": "RenameSheet.qml", "palette": "Palette.qml", "settings": "SettingsSheet.qml", "keys": "SettingsSheet.qml" })[project.sheet] || ""
+        onLoaded: { item.forceActiveFocus(); if ("picture" in item) item.picture = layer.picture; if (project.sheet === "addFiles") { item.files = layer.dropped; layer.dropped = [] } }
+    }
+}

@@ -1,0 +1,34 @@
+import QtQuick
+import QtQuick.Templates as T
+
+// A box that is ticked or not, with its words and, below, what they mean.
+T.CheckBox {
+    id: tick
+
+    property string note
+
+    implicitWidth: Theme.tool + words.implicitWidth + Theme.gap
+    implicitHeight: Math.max(Theme.tool, words.implicitHeight)
+    focusPolicy: Qt.TabFocus
+    Accessible.role: Accessible.CheckBox
+    Accessible.name: text
+    Accessible.description: note
+    Accessible.checked: checked
+
+    indicator: Rectangle {
+        y: (Theme.tool - height) / 2
+        width: 16
+        height: 16
+        radius: Theme.small
+        color: tick.checked ? Theme.accent : "transparent"
+        border.color: tick.checked ? Theme.accent : Theme.fieldEdge
+        Icon { anchors.centerIn: parent; name: "check"; tint: Theme.accentText; side: 12; visible: tick.checked }
+        Ring { around: tick }
+    }
+    contentItem: Column {
+        id: words
+        leftPadding: Theme.tool
+        Words { text: tick.text; height: Theme.tool; color: tick.enabled ? Theme.text : Theme.disabled }
+        Words { text: tick.note; visible: tick.note !== ""; color: Theme.text3; font.pixelSize: Theme.noteSize }
+    }
+}

@@ -1,0 +1,150 @@
+import QtQuick
+import Murbo 1.0
+
+// The timeline with its tools, headers and what moves over it.
+FocusScope {
+    id: panel
+
+    readonly property bool wideHeaders: width > 700
+    readonly property int headerWidth: wideHeaders ? Theme.headers : 72
+    function fit() { view.fit() }
+    function zoomStep(into) { view.zoomStep(into) }
+    function cancelDrag() { return view.cancelDrag() }
+    function takeFocus() { view.forceActiveFocus(Qt.TabFocusReason) }
+
+    Rectangle { anchors.fill: parent; color: Theme.canvas }
+    Rectangle {
+        id: tools
+        width: parent.width
+        height: Theme.bar
+        color: Theme.panel
+        Accessible.role: Accessible.ToolBar
+        Accessible.name: "Timeline tools"
+
+        Row {
+            x: Theme.wide
+            height: parent.height
+            spacing: Theme.small
+            Words { text: project.videoTag; font.weight: Font.DemiBold; height: parent.height }
+            Words { text: project.videoTitle; color: Theme.text2; height: parent.height; width: Math.min(implicitWidth, panel.width - 560); leftPadding: Theme.small; rightPadding: Theme.gap }
+            Repeater {
+                model: [
+                    { id: "select", glyph: "mouse-pointer-2", name: "Select", keys: "A" },
+                    { id: "trim", glyph: "move-horizontal", name: "Trim", keys: "T" },
+                    { id: "blade", glyph: "scissors", name: "Blade", keys: "B" },
+                    { id: "hand", glyph: "hand", name: "Hand", keys: "H" }]
+                IconButton {
+                    required property var modelData
+                    glyph: modelData.glyph
+                    name: modelData.name
+                    keys: modelData.keys
+                    checked: project.tool === modelData.id
+                    side: 16
+                    anchors.verticalCenter: parent ? parent.verticalCenter : undefined
+                    onClicked: project.setTool(modelData.id)
+                }
+            }
+            Item { width: Theme.gap; height: 1 }
+            IconButton { glyph: "scan-line"; name: "Skimming"; keys: "S"; checked: project.skimming; side: 16; anchors.verticalCenter: parent.verticalCenter; onClicked: project.perform("key.skimming") }
+            IconButton { glyph: "magnet"; name: "Snapping"; keys: "N"; checked: project.snapping; side: 16; anchors.verticalCenter: parent.verticalCenter; onClicked: project.perform("key.snapping") }
+        }
+        Row {
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.wide
+            height: parent.height
+            spacing: Theme.small
+            Words { text: project.videoWords; color: Theme.text3; height: parent.height; rightPadding: Theme.gap; visible: panel.width > 620 }
+            IconButton { glyph: "minus"; name: "Zoom out"; keys: "Ctrl+−"; side: 14; anchors.verticalCenter: parent.verticalCenter; onClicked: view.zoomStep(false) }
+            Slide { name: "Zoom"; width: 84; anchors.verticalCenter: parent.verticalCenter; from: -3; to: 5
+                    value: Math.log(Math.max(project.editor.zoom, 0.01)) / Math.LN2
+                    onMoved: view.zoomRound(Math.pow(2, value) / project.editor.zoom, Math.max(Math.min(view.playheadX, view.width), 0)) }
+            IconButton { glyph: "plus"; name: "Zoom in"; keys: "Ctrl++"; side: 14; anchors.verticalCenter: parent.verticalCenter; onClicked: view.zoomStep(true) }
+        }
+        Rectangle { anchors.bottom: parent.bottom; width: parent.width; height: 1; color: Theme.line }
+    }
+
+    Item {
+        id: headers
+        anchors.top: tools.bottom
+        anchors.bottom: parent.bottom
+        width: panel.headerWidth
+        clip: true
+        Rectangle { width: parent.width; height: 22; color: Theme.panel; z: 1 }
+        Repeater {
+            model: view.tracks
+            Rectangle {
+                required property var modelData
+                y: modelData.top - view.rowsAbove
+                width: headers.width - 1
+                height: modelData.height
+                color: "#131417"
+                Accessible.role: Accessible.StaticText
+                Accessible.name: modelData.name
+                Words { x: Theme.gap; height: parent.height; text: parent.modelData.name; color: Theme.text2; font.pixelSize: 12; width: parent.width - 60 }
+                Row {
+                    anchors.right: parent.right
+                    anchors.rightMargin: Theme.small
+                    anchors.verticalCenter: parent.verticalCenter
+                    visible: parent.modelData.lane !== "" && panel.wideHeaders
+                    spacing: 2
+                    LaneButton { letter: "M"; name: "Mute " + parent.parent.modelData.name; on: project.mutedLanes.indexOf(parent.parent.modelData.lane) >= 0; lit: Theme.notice
+                                 onClicked: project.toggleMute(parent.parent.modelData.lane) }
+                    LaneButton { letter: "S"; name: "Solo " + parent.parent.modelData.name; on: project.soloLanes.indexOf(parent.parent.modelData.lane) >= 0; lit: Theme.accent
+                                 onClicked: project.toggleSolo(parent.parent.modelData.lane) }
+                }
+            }
+        }
+    }
+    TimelineView {
+        id: view
+        anchors.top: tools.bottom
+        anchors.bottom: scroller.top
+        anchors.left: headers.right
+        anchors.right: parent.right
+        editor: project.editor
+        colours: Theme.timeline
+        focus: true
+        Accessible.role: Accessible.List
+        Accessible.name: project.videoTag ? "Timeline of " + project.videoTag + ", " + project.videoWords : "Timeline"
+        Component.onCompleted: setFootage(project.footage)
+        onPlayheadChanged: if (project.player.rate !== 0) follow()
+        onMenuAsked: (x, y, kind) => { const at = mapToItem(null, x, y); context.openPoint(at.x, at.y, project.contextMenu(kind)) }
+
+        Rectangle { visible: view.skimmerX >= 0; x: view.skimmerX; width: 1; height: parent.height; color: Theme.text }
+        Rectangle { visible: view.dropX >= 0; x: view.dropX - 1; y: 22; width: 3; height: parent.height; color: Theme.picked }
+        Rectangle { visible: view.snapX >= 0; x: view.snapX; y: 22; width: 1; height: parent.height; color: Theme.accent }
+        Rectangle { visible: view.band.width > 0 || view.band.height > 0; x: view.band.x; y: view.band.y; width: view.band.width; height: view.band.height
+                    color: "#2063AEFF"; border.color: Theme.accent }
+        Rectangle { visible: project.cuts > 0; x: view.playheadX - 1; width: 2; height: parent.height; color: Theme.playhead
+            Rectangle { x: -5; width: 12; height: 12; radius: 6; color: Theme.playhead } }
+        Rectangle { anchors.fill: parent; color: "transparent"; border.color: Theme.accent; border.width: Theme.ring; visible: false }
+    }
+    Words {
+        anchors.centerIn: view
+        visible: project.cuts === 0
+        text: project.videoTag ? "Put a clip in with E or W, or drop footage on the window" : "Pick a clip and press E: a video begins with it"
+        color: Theme.text3
+    }
+    Item {
+        id: scroller
+        anchors.bottom: parent.bottom
+        anchors.left: headers.right
+        anchors.right: parent.right
+        height: 10
+        readonly property real share: Math.min(view.width / Math.max(view.contentWidth, 1), 1)
+        Rectangle {
+            visible: scroller.share < 1
+            y: 2
+            height: 6
+            radius: 3
+            x: view.scroll * (view.contentWidth > 0 ? scroller.width / view.contentWidth : 0) * project.editor.zoom * 20
+            width: Math.max(scroller.share * scroller.width, 24)
+            color: grab.containsMouse || grab.pressed ? Theme.disabled : Theme.pressed
+            MouseArea { id: grab; anchors.fill: parent; hoverEnabled: true
+                property real from: 0
+                onPressed: (mouse) => from = mouse.x
+                onPositionChanged: (mouse) => { if (pressed) view.scroll += (mouse.x - from) / scroller.share / (project.editor.zoom * 20) } }
+        }
+    }
+    MenuList { id: context }
+}

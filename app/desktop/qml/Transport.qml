@@ -1,0 +1,33 @@
+import QtQuick
+
+// Time, step back, play, step forward.
+Item {
+    id: transport
+
+    property QtObject player
+    property string what
+    property string lengthWords
+    property bool hasSound: true
+    readonly property bool plays: player.rate !== 0
+
+    height: Theme.bar
+    enabled: player.spanEnd > player.spanStart
+
+    Words {
+        id: time
+        x: Theme.wide
+        height: parent.height
+        text: project.fine(transport.player.time) + (Math.abs(transport.player.rate) > 1 || transport.player.rate < 0 ? "  " + (transport.player.rate < 0 ? "−" : "") + Math.abs(transport.player.rate) + "×" : "")
+        Accessible.role: Accessible.StaticText
+        Accessible.name: "Time " + text
+    }
+    Row {
+        anchors.centerIn: parent
+        spacing: Theme.gap
+        IconButton { glyph: "step-back"; name: "One frame back"; keys: "←"; onClicked: transport.player.step(-1 / transport.player.frameRate) }
+        IconButton { glyph: transport.plays ? "pause" : "play"; name: transport.plays ? "Pause" : "Play"; keys: "Space"; side: 20
+                     onClicked: { project.setFocus(transport.what); transport.player.playPause() } }
+        IconButton { glyph: "step-forward"; name: "One frame on"; keys: "→"; onClicked: transport.player.step(1 / transport.player.frameRate) }
+    }
+    Words { anchors.right: parent.right; anchors.rightMargin: Theme.wide; height: parent.height; text: transport.lengthWords; color: Theme.text3 }
+}

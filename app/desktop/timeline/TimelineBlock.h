@@ -1,0 +1,50 @@
+#pragma once
+
+#include "app/editor/Pick.h"
+#include "app/editor/commands/TimelinePicks.h"
+#include "core/model/Stretch.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace murbo {
+
+/// One block on a row of the timeline. Times in seconds of the video.
+struct TimelineBlock {
+    /// How it is drawn.
+    enum class Paint {
+        split,
+        content,
+        face,
+        layer,
+        cut,
+        caption,
+        bigCaption,
+        hiddenCaption,
+        overlay,
+        sound,
+        music
+    };
+
+    Pick pick;
+    bool pickable = true; ///< the framing that stands where no shot was put is none that could be picked
+    TimelineRow row = TimelineRow::picture;
+    int lane = 0;
+    double from = 0;
+    double to = 0;
+    std::string label;
+    Paint paint = Paint::cut;
+    bool muted = false;
+    bool missing = false;       ///< its footage is gone
+    std::optional<UUID> source; ///< whose pictures and sound a cut shows; none for a generated one
+    double at = 0;              ///< seconds on the source at `from`
+    std::vector<Stretch> quiet; ///< in which nobody speaks
+
+    double length() const { return to - from; }
+    bool operator==(const TimelineBlock&) const = default;
+};
+
+}

@@ -1,0 +1,241 @@
+#include "app/desktop/timeline/TimelineDrag.h"
+
+#include "app/desktop/timeline/CommandRun.h"
+#include "app/editor/Editor.h"
+#include "app/editor/commands/CutCommands.h"
+#include "core/model/edits/VideoEdits.h"
+#include "core/render/plan/Snapping.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <fmt/format.h>
+
+namespace murbo {
+namespace {
+
+constexpr double edgeReach = 6; ///< points inside each side at which an edge is taken
+constexpr double dragFrom = 4;  ///< points before a press is a drag
+constexpr double noTime = 1e-9;
+
+bool hasEdges(const TimelineBlock& block) {
+    const auto kind = block.pick.kind;
+    return kind == Pick::Kind::cut || kind == Pick::Kind::overlay || kind == Pick::Kind::sound ||
+           kind == Pick::Kind::music;
+}
+
+bool isMovable(const TimelineBlock& block) {
+    return hasEdges(block) || block.pick.kind == Pick::Kind::shot;
+}
+
+/// The line that puts a block at a time and, where it has one, gives it a length.
+std::optional<std::string> placing(const TimelineBlock& block, double from, std::optional<double> length) {
+    const auto id = block.pick.id.text();
+    const auto time = length ? fmt::format("{},{}", from, *length) : fmt::format("{}", from);
+    switch (block.pick.kind) {
+        case Pick::Kind::shot:
+            return fmt::format(R"(["moveShot","{}",{}])", id, from);
+        case Pick::Kind::overlay:
+            return fmt::format(R"(["dragOverlay","{}",{}])", id, time);
+        case Pick::Kind::sound:
+        case Pick::Kind::music:
+            return fmt::format(R"(["dragSound","{}",{}])", id, time);
+        default:
+            return {};
+    }
+}
+
+std::string stepName(const TimelineBlock& block, TimelineDrag::Grip grip) {
+    const bool moves = grip == TimelineDrag::Grip::block;
+    switch (block.pick.kind) {
+        case Pick::Kind::shot:
+            return "Move Shot";
+        case Pick::Kind::overlay:
+            return moves ? "Move Overlay" : "Trim Overlay";
+        case Pick::Kind::music:
+            return moves ? "Move Song" : "Trim Song";
+        default:
+            return moves ? "Move Sound" : "Trim Sound";
+    }
+}
+
+}
+
+TimelineDrag::Grip TimelineDrag::grip(const TimelineLayout& layout, const TimelineSpan& span,
+                                      Pointer at) const {
+    if (at.y < TimelineLayout::rulerHeight) return Grip::scrub;
+    if (editor.tool() == EditingTool::hand) return Grip::pan;
+    const auto* block = layout.hit(span.time(at.x), at.y, 3 / span.scale);
+    if (!block || !block->pickable) return Grip::band;
+    const double wide = block->length() * span.scale;
+    const double reach = std::min(edgeReach, wide / 3);
+    const double left = at.x - span.x(block->from);
+    const bool cut = block->pick.kind == Pick::Kind::cut;
+    if (hasEdges(*block)) {
+        if (left < reach) return Grip::start;
+        if (wide - left < reach) return Grip::end;
+    }
+    if (cut) return editor.tool() == EditingTool::trim ? Grip::slip : Grip::cut;
+    return isMovable(*block) ? Grip::block : Grip::none;
+}
+
+void TimelineDrag::press(const TimelineLayout& layout, const TimelineSpan& span, Pointer at, Modifiers keys) {
+    cancel();
+    const double time = std::max(span.time(at.x), 0.0);
+    editor.setFocus(Viewer::video);
+    editor.setInspecting(Inspecting::timeline);
+    pressed = at;
+    pressedTime = bandTo = time;
+    bandBottom = at.y;
+    moved = false;
+    now = grip(layout, span, at);
+    if (now == Grip::scrub) return editor.playback.seek(time);
+    if (now == Grip::pan) return;
+    const auto* block = layout.hit(time, at.y, 3 / span.scale);
+    if (editor.tool() == EditingTool::blade && block && block->pick.kind == Pick::Kind::cut) {
+        now = Grip::none;
+        return CutCommands::blade(editor, TimelinePicks::snapped(editor, time, span.scale, {}, {}, keys));
+    }
+    before = keys.shift || keys.command ? TimelinePicks::all(editor) : std::vector<Pick>();
+    if (!block || !block->pickable) {
+        TimelinePicks::set(editor, before);
+        return editor.playback.seek(time);
+    }
+    held = *block;
+    const bool again = TimelinePicks::isPicked(editor, block->pick) && !keys.shift && !keys.command;
+    if (!again) TimelinePicks::click(editor, block->pick, keys);
+    if (now != Grip::start && now != Grip::end) editor.playback.seek(time);
+}
+
+double TimelineDrag::move(const TimelineLayout& layout, const TimelineSpan& span, Pointer at,
+                          Modifiers keys) {
+    const double time = span.time(at.x);
+    if (now == Grip::none) return 0;
+    if (now == Grip::pan) return pressedTime - time;
+    if (now == Grip::scrub) {
+        editor.playback.seek(std::max(time, 0.0));
+        return 0;
+    }
+    if (!moved && std::hypot(at.x - pressed.x, at.y - pressed.y) < dragFrom) return 0;
+    moved = true;
+    snap.reset();
+    switch (now) {
+        case Grip::band:
+            dragBand(layout, time, at.y);
+            break;
+        case Grip::cut:
+            dragCut(layout, time);
+            break;
+        case Grip::start:
+        case Grip::end:
+        case Grip::slip:
+            if (held->pick.kind == Pick::Kind::cut)
+                dragEdge(time, span.scale, keys);
+            else
+                dragBlock(time, span.scale, keys);
+            break;
+        case Grip::block:
+            dragBlock(time, span.scale, keys);
+            break;
+        default:
+            break;
+    }
+    return 0;
+}
+
+/// Where it would land is shown; the cut itself moves when it is let go.
+void TimelineDrag::dragCut(const TimelineLayout& layout, double time) {
+    const auto* video = editor.video();
+    if (!video) return;
+    dropPlace = VideoEdits::place(*video, time);
+    const auto edits = VideoEdits::edits(*video);
+    drop = *dropPlace < edits.size() ? edits[*dropPlace] : layout.length;
+}
+
+/// Edges of a cut go by the source's time; the cut stays in its place meanwhile.
+void TimelineDrag::dragEdge(double time, double scale, const Modifiers& keys) {
+    const double by = time - pressedTime;
+    if (now == Grip::slip) return CutCommands::slip(editor, held->pick.id, held->at - by);
+    const bool start = now == Grip::start;
+    const double wanted = held->at + (start ? 0 : held->length()) + by;
+    double to = wanted;
+    if (held->source) to = TimelinePicks::snappedEdge(editor, wanted, *held->source, scale, keys);
+    if (std::abs(to - wanted) > noTime) snap = time + to - wanted;
+    CutCommands::trim(editor, held->pick.id, start, to);
+}
+
+void TimelineDrag::dragBlock(double time, double scale, const Modifiers& keys) {
+    const auto snapped = [&](double to) {
+        return TimelinePicks::snapped(editor, to, scale, held->pick.id, {}, keys);
+    };
+    const double by = time - pressedTime;
+    double from = held->from;
+    std::optional<double> length;
+    if (now == Grip::block) {
+        const double shift = Snapping::shift(held->from, held->to, by, snapped);
+        if (std::abs(shift - by) > noTime) snap = held->from + shift;
+        from = held->from + shift;
+    } else if (now == Grip::start) {
+        from = std::min(snapped(held->from + by), held->to - 0.1);
+        length = held->to - from;
+    } else {
+        length = std::max(snapped(held->to + by) - held->from, 0.1);
+    }
+    if (const auto line = placing(*held, std::max(from, 0.0), length)) CommandRun::run(editor, *line);
+}
+
+void TimelineDrag::dragBand(const TimelineLayout& layout, double time, double y) {
+    bandTo = time;
+    bandBottom = y;
+    std::set<TimelineRow> rows;
+    const auto [top, bottom] = std::minmax(pressed.y, y);
+    for (const auto& track : layout.tracks)
+        if (track.top < bottom && track.top + track.height > top) rows.insert(track.row);
+    // Layers are overlays of the look, drawn in a row of their own.
+    if (rows.contains(TimelineRow::layers)) rows.insert(TimelineRow::overlays);
+    auto picks = before;
+    for (const auto& pick : TimelinePicks::caught(editor, pressedTime, time, rows)) {
+        const auto* block = layout.find(pick);
+        const bool drawn = pick.kind != Pick::Kind::overlay || !block || rows.contains(block->row);
+        if (drawn && std::ranges::find(picks, pick) == picks.end()) picks.push_back(pick);
+    }
+    TimelinePicks::set(editor, picks);
+}
+
+std::optional<TimelineDrag::RubberBand> TimelineDrag::band() const {
+    if (now != Grip::band || !moved) return {};
+    const auto [from, to] = std::minmax(pressedTime, bandTo);
+    const auto [top, bottom] = std::minmax(pressed.y, bandBottom);
+    return RubberBand{from, to, top, bottom};
+}
+
+void TimelineDrag::release() {
+    const auto was = std::exchange(now, Grip::none);
+    const auto block = std::exchange(held, std::nullopt);
+    const auto place = std::exchange(dropPlace, std::nullopt);
+    drop.reset();
+    snap.reset();
+    if (!block || !moved) return;
+    if (was == Grip::cut && place)
+        return CutCommands::move(editor, block->pick.id, static_cast<std::int64_t>(*place));
+    if (block->pick.kind != Pick::Kind::cut) {
+        editor.closeDrag(stepName(*block, was));
+        return;
+    }
+    if (was == Grip::start || was == Grip::end || was == Grip::slip)
+        CutCommands::endTrim(editor, block->pick.id, was != Grip::end, was == Grip::slip ? "Slip" : "Trim");
+}
+
+void TimelineDrag::cancel() {
+    if (held && moved && now != Grip::cut && editor.unfinished()) {
+        editor.setEdge(std::nullopt);
+        editor.cancelDrag();
+    }
+    now = Grip::none;
+    held.reset();
+    dropPlace.reset();
+    drop.reset();
+    snap.reset();
+}
+
+}

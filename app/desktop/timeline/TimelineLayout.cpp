@@ -1,0 +1,269 @@
+#include "app/desktop/timeline/TimelineLayout.h"
+
+#include "core/ai/Said.h"
+#include "core/model/Lanes.h"
+#include "core/model/ShownMoments.h"
+#include "core/model/edits/ProjectOperations.h"
+#include "core/render/plan/CaptionCue.h"
+#include "core/render/plan/PlacedShot.h"
+
+#include <algorithm>
+
+namespace murbo {
+namespace {
+
+using Paint = TimelineBlock::Paint;
+
+constexpr double unknownSound = 1.2; ///< seconds that a sound without a length counts as
+
+const Look& lookOf(const Video& video) {
+    static const Look none;
+    return video.look ? *video.look : none;
+}
+
+double laneHeight(TimelineRow row, const TimelineLook& look) {
+    switch (row) {
+        case TimelineRow::shots:
+            return 22;
+        case TimelineRow::layers:
+            return 24;
+        case TimelineRow::picture:
+            return (look.names ? TimelineLayout::nameHeight : 0) + look.filmstrip + look.waveform + 2;
+        case TimelineRow::captions:
+            return 24;
+        case TimelineRow::overlays:
+            return 22;
+        case TimelineRow::sounds:
+            return 24;
+        case TimelineRow::music:
+            return 26;
+    }
+    return 0;
+}
+
+/// "C14.03–05", "C14.03", or from one clip to another "C14.03–C15.01".
+std::string tags(const std::string& first, const std::string& last) {
+    if (first == last) return first;
+    const auto point = first.find('.');
+    const bool sameClip = point != first.npos && last.starts_with(first.substr(0, point + 1));
+    return first + "–" + (sameClip ? last.substr(point + 1) : last);
+}
+
+/// What people and models call a cut: the lines that it plays, else the clip that it lies in.
+std::string name(const Cut& cut, const TimelineLayout::Input& given) {
+    if (cut.generator) {
+        const auto book = given.book(cut.generator->playbook, cut.generator->version);
+        return book ? book->name : cut.generator->playbook;
+    }
+    if (const auto ends = given.said.ends(cut)) return tags(ends->first->tag, ends->last->tag);
+    for (const auto& clip : given.project.clips)
+        if (clip.source == cut.source && clip.holds((cut.start + cut.end) / 2)) return clip.tag();
+    const auto* source = given.project.source(cut.source);
+    return source ? source->name() : "";
+}
+
+Paint paintOf(Shot::Layout layout) {
+    switch (layout) {
+        case Shot::Layout::split:
+            return Paint::split;
+        case Shot::Layout::content:
+            return Paint::content;
+        case Shot::Layout::face:
+            return Paint::face;
+    }
+    return Paint::split;
+}
+
+std::string name(const Shot& shot, const TimelineLayout::Input& given) {
+    static constexpr const char* names[] = {"Split", "Content", "Face"};
+    std::string text = names[static_cast<int>(shot.layout)];
+    if (shot.playbook) {
+        const auto book = given.book(*shot.playbook, shot.version.value_or(1));
+        text = book ? book->name : *shot.playbook;
+    }
+    return shot.move ? text + ", " + *shot.move : text;
+}
+
+std::string name(const SoundCue& cue) {
+    return std::filesystem::path(cue.file).stem().string();
+}
+
+}
+
+TimelineLayout TimelineLayout::of(const Input& given) {
+    TimelineLayout layout;
+    layout.look = given.look;
+    layout.length = given.video.length();
+    layout.addShots(given);
+    layout.addCuts(given);
+    layout.addCaptions(given);
+    layout.addOverlays(given);
+    layout.addSounds(given);
+    layout.stack();
+    return layout;
+}
+
+void TimelineLayout::addShots(const Input& given) {
+    for (const auto& placed : PlacedShot::place(lookOf(given.video).shots, given.video.cuts)) {
+        TimelineBlock block;
+        block.pick = {Pick::Kind::shot, placed.shot.id, {}};
+        block.pickable = !placed.implicit;
+        block.row = TimelineRow::shots;
+        block.from = placed.start;
+        block.to = placed.end;
+        block.label = name(placed.shot, given);
+        block.paint = paintOf(placed.shot.layout);
+        blocks.push_back(std::move(block));
+    }
+}
+
+void TimelineLayout::addCuts(const Input& given) {
+    double start = 0;
+    for (const auto& cut : given.video.cuts) {
+        TimelineBlock block;
+        block.pick = {Pick::Kind::cut, cut.id, {}};
+        block.from = start;
+        block.to = start += cut.length();
+        block.label = name(cut, given);
+        block.muted = cut.muted.value_or(false);
+        block.missing = given.missing.contains(cut.source);
+        block.at = cut.start;
+        if (!cut.generator) block.source = cut.source;
+        // Where nothing was written down nobody knows who speaks.
+        const bool known = !given.project.transcript(cut.source).lines.empty();
+        if (given.look.quiet && known && !cut.generator)
+            for (const auto& quiet :
+                 ProjectOperations::quiet(given.project, cut.source, {cut.start, cut.end}, given.quietLeast))
+                block.quiet.push_back(
+                    {block.from + quiet.from - cut.start, block.from + quiet.to - cut.start});
+        if (cut.role && !cut.role->empty()) block.label += "  " + *cut.role;
+        blocks.push_back(std::move(block));
+    }
+}
+
+void TimelineLayout::addCaptions(const Input& given) {
+    const auto& captions = lookOf(given.video).captions;
+    if (!captions.on) return;
+    for (const auto& cue : CaptionCue::cues(given.video, given.project)) {
+        TimelineBlock block;
+        block.pick = {Pick::Kind::caption, cue.line, cue.piece};
+        block.row = TimelineRow::captions;
+        block.from = cue.start;
+        block.to = cue.end;
+        block.label = cue.text;
+        block.paint = cue.hidden ? Paint::hiddenCaption : cue.big ? Paint::bigCaption : Paint::caption;
+        blocks.push_back(std::move(block));
+    }
+}
+
+void TimelineLayout::addOverlays(const Input& given) {
+    const ShownMoments shown(given.video.cuts);
+    for (const auto& overlay : lookOf(given.video).overlays) {
+        const auto start = shown.on(overlay.source, overlay.at);
+        if (!start) continue;
+        const auto book = given.book(overlay.playbook, overlay.version);
+        TimelineBlock block;
+        block.pick = {Pick::Kind::overlay, overlay.id, {}};
+        block.row = book && book->generator ? TimelineRow::layers : TimelineRow::overlays;
+        block.from = *start;
+        block.to = *start + overlay.length;
+        block.label = book ? book->name : overlay.playbook;
+        block.paint = book && book->generator ? Paint::layer : Paint::overlay;
+        block.missing = !book;
+        blocks.push_back(std::move(block));
+    }
+}
+
+void TimelineLayout::addSounds(const Input& given) {
+    const ShownMoments shown(given.video.cuts);
+    const auto add = [&](const List<SoundCue>& cues, Pick::Kind kind, TimelineRow row, Paint paint) {
+        for (const auto& cue : cues) {
+            const auto start = shown.on(cue.source, cue.at);
+            if (!start) continue;
+            const auto unknown =
+                kind == Pick::Kind::sound ? *start + unknownSound : std::max(length, *start + unknownSound);
+            TimelineBlock block;
+            block.pick = {kind, cue.id, {}};
+            block.row = row;
+            block.from = *start;
+            block.to = cue.length ? *start + *cue.length : unknown;
+            block.label = name(cue);
+            block.paint = paint;
+            block.muted = cue.muted.value_or(false);
+            blocks.push_back(std::move(block));
+        }
+    };
+    const auto& dress = lookOf(given.video);
+    add(dress.sounds, Pick::Kind::sound, TimelineRow::sounds, Paint::sound);
+    add(dress.music, Pick::Kind::music, TimelineRow::music, Paint::music);
+}
+
+/// Puts the rows under one another. Rows that always are there stay when they are empty, so that nothing
+/// jumps while the first block comes; the others come with their blocks.
+void TimelineLayout::stack() {
+    std::stable_sort(blocks.begin(), blocks.end(), [](const TimelineBlock& a, const TimelineBlock& b) {
+        return std::pair(a.row, a.from) < std::pair(b.row, b.from);
+    });
+    double top = rulerHeight + gap;
+    for (int at = 0; at <= static_cast<int>(TimelineRow::music); ++at) {
+        TimelineTrack track;
+        track.row = static_cast<TimelineRow>(at);
+        std::vector<TimelineBlock*> own;
+        for (auto& block : blocks)
+            if (block.row == track.row) own.push_back(&block);
+        if (own.empty() && track.row != TimelineRow::picture) continue;
+        std::vector<Stretch> spans;
+        for (const auto* block : own) spans.push_back({block->from, block->to});
+        const auto lanes = Lanes::assign(spans);
+        for (std::size_t index = 0; index < own.size(); ++index) {
+            own[index]->lane = track.row == TimelineRow::picture ? 0 : static_cast<int>(lanes[index]);
+            track.lanes = std::max(track.lanes, own[index]->lane + 1);
+        }
+        track.top = top;
+        track.lane = laneHeight(track.row, look);
+        track.height = track.lane * track.lanes;
+        top += track.height + gap;
+        tracks.push_back(track);
+    }
+    height = top;
+}
+
+const TimelineLayout::TimelineTrack* TimelineLayout::track(TimelineRow row) const {
+    const auto found = std::ranges::find(tracks, row, &TimelineTrack::row);
+    return found == tracks.end() ? nullptr : &*found;
+}
+
+double TimelineLayout::top(const TimelineBlock& block) const {
+    const auto* row = track(block.row);
+    return row ? row->top + row->lane * block.lane : 0;
+}
+
+double TimelineLayout::blockHeight(const TimelineBlock& block) const {
+    const auto* row = track(block.row);
+    return row ? row->lane - (row->row == TimelineRow::picture ? 0 : 1) : 0;
+}
+
+std::optional<TimelineRow> TimelineLayout::rowAt(double y) const {
+    for (const auto& row : tracks)
+        if (y >= row.top && y < row.top + row.height) return row.row;
+    return {};
+}
+
+const TimelineBlock* TimelineLayout::hit(double time, double y, double slack) const {
+    const TimelineBlock* near = nullptr;
+    for (const auto& block : blocks) {
+        const double above = top(block);
+        if (y < above || y >= above + blockHeight(block)) continue;
+        if (time >= block.from && time < block.to) return &block;
+        if (time >= block.from - slack && time < block.to + slack && block.length() < 2 * slack)
+            near = &block;
+    }
+    return near;
+}
+
+const TimelineBlock* TimelineLayout::find(const Pick& pick) const {
+    const auto found = std::ranges::find(blocks, pick, &TimelineBlock::pick);
+    return found == blocks.end() ? nullptr : &*found;
+}
+
+}

@@ -1,0 +1,169 @@
+#include "app/desktop/timeline/TimelineScene.h"
+
+#include "app/editor/Timecode.h"
+#include "core/render/footage/Filmstrip.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace murbo::TimelineScene {
+namespace {
+
+using Paint = TimelineBlock::Paint;
+
+constexpr double leastLabel = 28; ///< points: a narrower block has no words
+constexpr double wideLabel = 100000;
+constexpr double labelPadding = 6;
+constexpr double captionPadding = 3;
+constexpr double pickedFrame = 2;
+constexpr double ratio = 16.0 / 9; ///< of a still's place
+constexpr double waveTile = 256;   ///< points
+constexpr double rulerLeast = 64;  ///< points between times
+
+/// Draws one block after the other.
+class Blocks {
+public:
+    Blocks(const TimelineLayout& shown, const TimelineSpan& part, const TimelineColours& theme)
+        : layout(shown), span(part), colours(theme) {}
+
+    void draw(const TimelineBlock& block, bool picked, bool main) {
+        const auto place = rect(block);
+        const auto& paint = block.muted ? colours.muted : colours.blocks.at(block.paint);
+        list.fill(place, paint.fill);
+        if (block.row == TimelineRow::picture)
+            drawCut(block, place, paint);
+        else
+            label(block, place, paint);
+        list.fill({place.left(), place.top(), place.width(), 1}, paint.edge);
+        if (block.missing) list.frame(place, 1, colours.notice);
+        if (picked) list.frame(place, pickedFrame, colours.picked);
+        if (main) list.fill({place.left() + 4, place.top() + 4, 4, 4}, colours.picked);
+    }
+
+    DrawList list;
+
+private:
+    /// A hair is left free after each block, so that neighbours are told apart.
+    QRectF rect(const TimelineBlock& block) const {
+        const double left = span.x(block.from);
+        const double width = std::max(block.length() * span.scale - 1, 1.0);
+        return {left, layout.top(block), width, layout.blockHeight(block)};
+    }
+
+    void label(const TimelineBlock& block, const QRectF& place, const TimelineColours::BlockColours& paint) {
+        const bool caption = block.row == TimelineRow::captions;
+        const double padding = caption ? captionPadding : labelPadding;
+        const double left = std::max(place.left(), 0.0) + padding;
+        const double width = std::min(place.right() - padding - left, wideLabel);
+        if (place.width() < leastLabel || width < leastLabel / 2) return;
+        auto text = QString::fromStdString(block.label);
+        if (block.muted) text += ", muted";
+        list.items.emplace_back(DrawList::Label{{left, place.top(), width, place.height()},
+                                                text,
+                                                paint.label,
+                                                !caption,
+                                                block.paint == Paint::bigCaption});
+    }
+
+    void drawCut(const TimelineBlock& block, QRectF place, const TimelineColours::BlockColours& paint) {
+        if (layout.look.names) {
+            label(block, {place.left(), place.top(), place.width(), TimelineLayout::nameHeight}, paint);
+            place.setTop(place.top() + TimelineLayout::nameHeight);
+        }
+        if (!block.source) return;
+        const QRectF strip(place.left(), place.top(), place.width(), layout.look.filmstrip);
+        if (!block.missing) drawStrip(block, strip);
+        const QRectF wave(place.left(), strip.bottom() + 1, place.width(), layout.look.waveform);
+        drawWave(block, wave, block.muted ? paint.edge : colours.wave);
+        for (const auto& quiet : block.quiet) {
+            const double left = std::max(span.x(quiet.from), place.left());
+            const double right = std::min(span.x(quiet.to), place.right());
+            list.fill({left, place.top(), right - left, place.height()}, colours.quiet);
+        }
+    }
+
+    /// Stills lie on a grid of the source's own time, so that a trim does not move them.
+    void drawStrip(const TimelineBlock& block, const QRectF& strip) {
+        const double tile = strip.height() * ratio;
+        if (tile < 8) return;
+        const int step = Filmstrip::step(tile, span.scale);
+        const double wide = step * span.scale;
+        const double first = block.at + std::max(-strip.left(), 0.0) / span.scale;
+        const double last = block.at + std::min(span.width - strip.left(), strip.width()) / span.scale;
+        for (int second = static_cast<int>(std::floor(first / step)) * step; second < last; second += step) {
+            const double x = strip.left() + (second - block.at) * span.scale;
+            for (double part = 0; part < wide; part += tile) {
+                const double left = std::max(x + part, strip.left());
+                const double right = std::min({x + part + tile, x + wide, strip.right()});
+                if (right - left < 0.5 || left > span.width || right < 0) continue;
+                list.items.emplace_back(DrawList::Still{{left, strip.top(), right - left, strip.height()},
+                                                        *block.source,
+                                                        second,
+                                                        tile,
+                                                        left - x - part});
+            }
+        }
+    }
+
+    void drawWave(const TimelineBlock& block, const QRectF& wave, const QColor& colour) {
+        if (wave.height() < 2) return;
+        const double seconds = waveTile / span.scale;
+        for (double from = 0; from < block.length(); from += seconds) {
+            const double to = std::min(from + seconds, block.length());
+            const QRectF tile(wave.left() + from * span.scale, wave.top(), (to - from) * span.scale,
+                              wave.height());
+            if (tile.right() < 0 || tile.left() > span.width || tile.left() >= wave.right()) continue;
+            list.items.emplace_back(
+                DrawList::Wave{tile, *block.source, block.at + from, block.at + to, colour});
+        }
+    }
+
+    const TimelineLayout& layout;
+    const TimelineSpan& span;
+    const TimelineColours& colours;
+};
+
+}
+
+DrawList rows(const TimelineLayout& layout, const TimelineSpan& span, const std::vector<Pick>& picks,
+              const TimelineColours& colours) {
+    Blocks blocks(layout, span, colours);
+    for (const auto& track : layout.tracks)
+        blocks.list.fill({0, track.top, span.width, track.height}, colours.row);
+    for (const auto& block : layout.blocks) {
+        if (block.to <= span.from || block.from >= span.to()) continue;
+        const bool picked = block.pickable && std::ranges::find(picks, block.pick) != picks.end();
+        blocks.draw(block, picked, picked && picks.size() > 1 && picks.back() == block.pick);
+    }
+    return std::move(blocks.list);
+}
+
+double rulerStep(double scale) {
+    for (const double step : {0.1, 0.2, 0.5, 1.0, 2.0, 5.0, 10.0, 15.0, 30.0, 60.0, 120.0, 300.0, 600.0,
+                              900.0, 1800.0, 3600.0, 7200.0})
+        if (step * scale >= rulerLeast) return step;
+    return 14400;
+}
+
+DrawList ruler(const TimelineSpan& span, const TimelineColours& colours) {
+    DrawList list;
+    list.fill({0, 0, span.width, TimelineLayout::rulerHeight}, colours.ruler);
+    const double step = rulerStep(span.scale);
+    for (auto mark = static_cast<std::int64_t>(std::floor(span.from / step)); mark * step < span.to();
+         ++mark) {
+        const double time = static_cast<double>(mark) * step;
+        if (time < 0) continue;
+        const double x = span.x(time);
+        list.fill({x, TimelineLayout::rulerHeight - 8, 1, 8}, colours.tick);
+        const auto text = step < 1 ? Timecode::fine(time + 1e-6) : Timecode::clock(time + 1e-6);
+        list.items.emplace_back(
+            DrawList::Label{{x + 4, 0, step * span.scale - 6, TimelineLayout::rulerHeight},
+                            QString::fromStdString(text),
+                            colours.time,
+                            true,
+                            false});
+    }
+    return list;
+}
+
+}

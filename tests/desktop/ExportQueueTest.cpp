@@ -1,0 +1,71 @@
+#include "app/desktop/ExportQueue.h"
+#include "tests/desktop/WindowOfProject.h"
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+/// A video of one cut of a source.
+ExportQueue::MovieJob job(const Project& project, double length, const std::filesystem::path& to) {
+    Video video{.number = 1, .title = "Out"};
+    video.cuts.edit().push_back({.source = project.sources[0].id, .start = 0, .end = length});
+    ExportQueue::MovieJob made{video, project, {}};
+    made.order.to = to;
+    return made;
+}
+
+Project footage() {
+    Project project;
+    Sources::add(project,
+                 Intake::lengths({made::file("bars.mp4",
+                                             "-f lavfi -i testsrc=size=320x180:rate=30:duration=4 -f lavfi "
+                                             "-i sine=frequency=440:duration=4 -pix_fmt yuv420p -c:a aac "
+                                             "-shortest")}),
+                 "Footage", Source::Kind::file);
+    return project;
+}
+
+bool ended(const ExportQueue& queue) {
+    return QTest::qWaitFor([&] { return !queue.running() && queue.waiting() == 0; }, 60000);
+}
+
+}
+
+TEST(ExportQueue, makesOneMovieAfterTheOther) {
+    MURBO_NEEDS_FFMPEG();
+    const TemporaryFolder folder;
+    const auto project = footage();
+    ExportQueue queue;
+    queue.add(job(project, 0.5, folder / "a.mp4"));
+    queue.add(job(project, 0.5, folder / "b.mp4"));
+    EXPECT_EQ(queue.waiting(), 1);
+    ASSERT_TRUE(ended(queue));
+    EXPECT_EQ(queue.problem(), "");
+    EXPECT_TRUE(std::filesystem::exists(folder / "a.mp4"));
+    EXPECT_EQ(queue.finished().toStdString(), (folder / "b.mp4").string());
+}
+
+TEST(ExportQueue, aStoppedMovieLeavesNothing) {
+    MURBO_NEEDS_FFMPEG();
+    const TemporaryFolder folder;
+    ExportQueue queue;
+    queue.add(job(footage(), 4, folder / "a.mp4"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return queue.progress() > 0; }, 20000));
+    queue.stop();
+    ASSERT_TRUE(ended(queue));
+    EXPECT_EQ(queue.finished(), "");
+    EXPECT_EQ(queue.problem(), "") << "to stop is no failure";
+    EXPECT_EQ(entriesIn(folder.path), 0);
+}
+
+TEST(ExportQueue, saysWhyAMovieCouldNotBeMade) {
+    MURBO_NEEDS_FFMPEG();
+    const TemporaryFolder folder;
+    ExportQueue queue;
+    queue.add(job(footage(), 0.5, folder / "no such folder" / "a.mp4"));
+    ASSERT_TRUE(ended(queue));
+    EXPECT_TRUE(queue.problem().startsWith("The video could not be exported. "))
+        << queue.problem().toStdString();
+}

@@ -1,0 +1,151 @@
+#include "app/desktop/timeline/TimelineDrag.h"
+#include "tests/desktop/TimelineVideo.h"
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+/// Presses, moves and lets go at 20 points a second.
+class Hand {
+public:
+    explicit Hand(TimelineVideo& shown) : video(shown), drag(shown.editor) {}
+
+    TimelineDrag::Pointer at(double time, TimelineRow row, double down = 20) const {
+        return {span.x(time), video.layout().track(row)->top + down};
+    }
+    void press(double time, TimelineRow row = TimelineRow::picture, TimelinePicks::Modifiers held = {}) {
+        drag.press(video.layout(), span, at(time, row, 10), held);
+    }
+    void move(double time, TimelineRow row = TimelineRow::picture, TimelinePicks::Modifiers held = {}) {
+        drag.move(video.layout(), span, at(time, row, 10), held);
+    }
+    void pull(double from, double to, TimelineRow row = TimelineRow::picture) {
+        press(from, row);
+        move((from + to) / 2, row);
+        move(to, row);
+        drag.release();
+    }
+    std::size_t steps() const { return video.editor.history().past().size(); }
+
+    TimelineVideo& video;
+    TimelineDrag drag;
+    TimelineSpan span{0, 20, 800};
+};
+
+}
+
+TEST(TimelineDrag, aPressPicksAndGoesThere) {
+    TimelineVideo video;
+    Hand hand(video);
+    hand.press(5);
+    hand.drag.release();
+    EXPECT_EQ(video.editor.picked()->id, video.cut(1).id);
+    EXPECT_EQ(video.editor.focus(), Viewer::video);
+    EXPECT_EQ(hand.steps(), 0) << "a press alone changes nothing";
+    hand.press(9, TimelineRow::picture, {.command = true});
+    EXPECT_EQ(TimelinePicks::all(video.editor).size(), 2);
+}
+
+TEST(TimelineDrag, anEndIsTrimmedAsOneStep) {
+    TimelineVideo video;
+    video.editor.setSnapping(false);
+    Hand hand(video);
+    hand.press(3.9);
+    EXPECT_EQ(hand.drag.holding(), TimelineDrag::Grip::end);
+    hand.move(3);
+    EXPECT_TRUE(video.editor.edge()) << "the source player shows the edge";
+    hand.move(2.9);
+    hand.drag.release();
+    EXPECT_FALSE(video.editor.edge());
+    EXPECT_NEAR(video.cut(0).end, 13, 0.01);
+    EXPECT_EQ(hand.steps(), 1);
+    EXPECT_EQ(video.editor.history().undoName(), "Trim");
+}
+
+TEST(TimelineDrag, aTrimmedEdgeCatchesWhereALineEnds) {
+    TimelineVideo video;
+    Hand hand(video);
+    hand.press(3.9);
+    hand.move(3.05); // the end at 13.15, within 8 points of the line's end at 13
+    EXPECT_TRUE(hand.drag.snapLine());
+    EXPECT_NEAR(video.cut(0).end, 13, 1e-6);
+    hand.move(3.05, TimelineRow::picture, {.option = true});
+    EXPECT_NEAR(video.cut(0).end, 13.15, 0.01) << "not while Alt is held";
+    hand.drag.release();
+}
+
+TEST(TimelineDrag, lettingGoOfATrimLeavesTheProjectAsItWas) {
+    TimelineVideo video;
+    const auto before = video.editor.project();
+    Hand hand(video);
+    hand.press(3.9);
+    hand.move(2);
+    EXPECT_NE(video.editor.project(), before);
+    hand.drag.cancel();
+    EXPECT_EQ(video.editor.project(), before);
+    EXPECT_EQ(hand.steps(), 0);
+    EXPECT_FALSE(video.editor.unfinished());
+}
+
+TEST(TimelineDrag, aCutMovesToWhereItIsDropped) {
+    TimelineVideo video;
+    Hand hand(video);
+    const auto first = video.cut(0).id;
+    hand.press(2);
+    hand.move(11);
+    EXPECT_NEAR(*hand.drag.dropLine(), 12, 1e-6);
+    hand.drag.release();
+    EXPECT_EQ(video.cut(2).id, first);
+    EXPECT_EQ(video.editor.history().undoName(), "Move Cut");
+}
+
+TEST(TimelineDrag, aSoundIsMovedAndMadeLonger) {
+    TimelineVideo video;
+    video.editor.setSnapping(false);
+    Hand hand(video);
+    hand.pull(5.5, 8.5, TimelineRow::sounds);
+    const auto& sound = video.editor.video()->look->sounds[0];
+    EXPECT_NEAR(sound.at, 51, 0.01) << "it hangs on the footage that is there";
+    EXPECT_EQ(video.editor.history().undoName(), "Move Sound");
+    hand.pull(8.95, 9.95, TimelineRow::sounds);
+    EXPECT_NEAR(*video.editor.video()->look->sounds[0].length, 2, 0.05);
+    EXPECT_EQ(hand.steps(), 2);
+}
+
+TEST(TimelineDrag, theBladeCutsAndTheTrimToolSlips) {
+    TimelineVideo video;
+    Hand hand(video);
+    video.editor.setSnapping(false);
+    video.editor.setTool(EditingTool::blade);
+    hand.press(2);
+    hand.drag.release();
+    EXPECT_EQ(video.editor.video()->cuts.size(), 4);
+    video.editor.setTool(EditingTool::trim);
+    hand.pull(10, 9);
+    EXPECT_NEAR(video.cut(3).start, 51, 0.01);
+    EXPECT_NEAR(video.cut(3).length(), 5, 0.01);
+    EXPECT_EQ(video.editor.history().undoName(), "Slip");
+}
+
+TEST(TimelineDrag, aRubberBandCatchesWhatItTouches) {
+    TimelineVideo video;
+    Hand hand(video);
+    hand.press(13);
+    hand.move(8);
+    ASSERT_TRUE(hand.drag.band());
+    EXPECT_EQ(hand.drag.band()->from, 8);
+    hand.drag.release();
+    EXPECT_EQ(TimelinePicks::all(video.editor).size(), 1);
+    EXPECT_EQ(video.editor.picked()->id, video.cut(2).id);
+}
+
+TEST(TimelineDrag, theHandPans) {
+    TimelineVideo video;
+    Hand hand(video);
+    video.editor.setTool(EditingTool::hand);
+    hand.press(5);
+    EXPECT_NEAR(hand.drag.move(video.layout(), hand.span, hand.at(3, TimelineRow::picture), {}), 2, 1e-9);
+    EXPECT_FALSE(video.editor.picked());
+}

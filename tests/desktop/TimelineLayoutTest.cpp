@@ -1,0 +1,86 @@
+#include "app/desktop/timeline/TimelineLayout.h"
+#include "tests/desktop/TimelineVideo.h"
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+std::vector<TimelineBlock> on(const TimelineLayout& layout, TimelineRow row) {
+    std::vector<TimelineBlock> blocks;
+    for (const auto& block : layout.blocks)
+        if (block.row == row) blocks.push_back(block);
+    return blocks;
+}
+
+}
+
+TEST(TimelineLayout, cutsFollowOneAnotherUnderTheTagsOfWhatIsSaid) {
+    const TimelineVideo video;
+    const auto layout = video.layout();
+    const auto cuts = on(layout, TimelineRow::picture);
+    ASSERT_EQ(cuts.size(), 3);
+    EXPECT_EQ(cuts[0].label, "C01.01");
+    EXPECT_EQ(cuts[1].from, 4);
+    EXPECT_EQ(cuts[2].to, 12);
+    EXPECT_EQ(cuts[1].at, 30);
+    EXPECT_EQ(layout.length, 12);
+    const auto captions = on(layout, TimelineRow::captions);
+    ASSERT_EQ(captions.size(), 3);
+    EXPECT_EQ(captions[1].from, 5) << "a caption lies where its words are heard";
+    EXPECT_EQ(on(layout, TimelineRow::sounds).at(0).label, "boom");
+}
+
+TEST(TimelineLayout, rowsLieUnderOneAnotherAndOnlyThoseThatHoldSomething) {
+    const TimelineVideo video;
+    const auto layout = video.layout();
+    double below = TimelineLayout::rulerHeight;
+    for (const auto& track : layout.tracks) {
+        EXPECT_GT(track.top, below);
+        below = track.top + track.height;
+    }
+    EXPECT_FALSE(layout.track(TimelineRow::music));
+    EXPECT_FALSE(layout.track(TimelineRow::overlays));
+}
+
+TEST(TimelineLayout, whatLiesAtOneTimeHasLanesOfItsOwn) {
+    TimelineVideo video;
+    video.editor.change("Sounds", [](Project& project) {
+        auto& sounds = project.videos.edit()[0].look->sounds.edit();
+        for (int more = 0; more < 3; ++more) {
+            sounds.push_back(sounds[0]);
+            sounds.back().id = UUID::make();
+        }
+    });
+    const auto layout = video.layout();
+    EXPECT_EQ(layout.track(TimelineRow::sounds)->lanes, 4);
+    for (const auto& block : on(layout, TimelineRow::sounds)) {
+        const auto* hit = layout.hit(block.from + 0.1, layout.top(block) + 5);
+        ASSERT_TRUE(hit);
+        EXPECT_EQ(hit->pick, block.pick);
+    }
+}
+
+TEST(TimelineLayout, aPressMeetsTheBlockUnderIt) {
+    const TimelineVideo video;
+    const auto layout = video.layout();
+    const double y = layout.track(TimelineRow::picture)->top + 20;
+    EXPECT_EQ(layout.hit(4.5, y)->pick.id, video.cut(1).id);
+    EXPECT_EQ(layout.hit(4, y)->pick.id, video.cut(1).id) << "a cut begins at its first moment";
+    EXPECT_FALSE(layout.hit(12.5, y));
+    EXPECT_EQ(layout.rowAt(y), TimelineRow::picture);
+    EXPECT_FALSE(layout.rowAt(3)) << "the ruler is no row";
+}
+
+TEST(TimelineLayout, quietIsKnownOnlyWhereWordsWereWrittenDown) {
+    TimelineVideo video;
+    // Of the third cut's five seconds the first is silent, and the last; neither for long.
+    EXPECT_TRUE(on(video.layout(), TimelineRow::picture)[2].quiet.empty());
+    video.editor.change("Longer", [](Project& project) { project.videos.edit()[0].cuts.edit()[2].end = 60; });
+    const auto quiet = on(video.layout(), TimelineRow::picture)[2].quiet;
+    ASSERT_EQ(quiet.size(), 1);
+    EXPECT_NEAR(quiet[0].from, 7 + 4, 0.5) << "from the end of the words on, in video seconds";
+    video.editor.change("Forget", [](Project& project) { project.transcripts.clear(); });
+    EXPECT_TRUE(on(video.layout(), TimelineRow::picture)[2].quiet.empty());
+}

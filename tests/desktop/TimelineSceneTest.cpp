@@ -1,0 +1,70 @@
+#include "app/desktop/timeline/TimelineScene.h"
+#include "app/desktop/timeline/TimelineTheme.h"
+#include "tests/desktop/TimelineVideo.h"
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+template <class Kind>
+std::vector<Kind> only(const DrawList& list) {
+    std::vector<Kind> found;
+    for (const auto& item : list.items)
+        if (const auto* one = std::get_if<Kind>(&item)) found.push_back(*one);
+    return found;
+}
+
+}
+
+TEST(TimelineScene, namesStandOnlyWhereThereIsRoom) {
+    const TimelineVideo video;
+    const auto colours = TimelineTheme::of({});
+    const auto wide = only<DrawList::Label>(TimelineScene::rows(video.layout(), {0, 40, 800}, {}, colours));
+    const auto narrow = only<DrawList::Label>(TimelineScene::rows(video.layout(), {0, 1, 800}, {}, colours));
+    EXPECT_GE(wide.size(), 7);
+    EXPECT_TRUE(narrow.empty());
+}
+
+TEST(TimelineScene, whatLiesOutsideIsNotDrawn) {
+    const TimelineVideo video;
+    const auto colours = TimelineTheme::of({});
+    for (const double from : {0.0, 3.0, 7.5, 11.0, 30.0}) {
+        const TimelineSpan span{from, 100, 300};
+        const auto list = TimelineScene::rows(video.layout(), span, {}, colours);
+        for (const auto& wave : only<DrawList::Wave>(list)) {
+            EXPECT_LE(wave.rect.left(), span.width);
+            EXPECT_GE(wave.rect.right(), 0);
+        }
+        for (const auto& still : only<DrawList::Still>(list)) EXPECT_LT(still.rect.left(), span.width);
+    }
+}
+
+TEST(TimelineScene, aCutsStripIsCoveredOnceFromEndToEnd) {
+    const TimelineVideo video;
+    const auto stills =
+        only<DrawList::Still>(TimelineScene::rows(video.layout(), {0, 37, 2000}, {}, TimelineTheme::of({})));
+    ASSERT_FALSE(stills.empty());
+    double right = 0;
+    for (const auto& still : stills) {
+        EXPECT_NEAR(still.rect.left(), right, 1.01) << "no gap wider than that between cuts";
+        right = still.rect.right();
+    }
+    EXPECT_NEAR(right, 12 * 37, 1.01);
+}
+
+TEST(TimelineScene, timesOnTheRulerNeverTouch) {
+    for (double scale = 0.01; scale < 1000; scale *= 1.3) {
+        const double step = TimelineScene::rulerStep(scale);
+        EXPECT_TRUE(step * scale >= 64 || step == 14400) << scale;
+    }
+}
+
+TEST(TimelineScene, theSameThingsGiveTheSamePicture) {
+    const TimelineVideo video;
+    const auto colours = TimelineTheme::of({});
+    const auto layout = video.layout();
+    EXPECT_EQ(TimelineScene::rows(layout, {1, 33, 700}, {}, colours),
+              TimelineScene::rows(layout, {1, 33, 700}, {}, colours));
+}

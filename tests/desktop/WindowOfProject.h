@@ -1,0 +1,97 @@
+#pragma once
+
+#include "app/desktop/Desktop.h"
+#include "app/desktop/ProjectWindow.h"
+#include "app/editor/commands/TimelinePicks.h"
+#include "core/intake/Intake.h"
+#include "core/intake/Sources.h"
+#include "core/model/package/ProjectPackage.h"
+#include "tests/Environment.h"
+#include "tests/MadeMedia.h"
+#include "tests/TemporaryFolder.h"
+
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+#include <string>
+#include <vector>
+
+namespace murbo {
+
+/// All that Qt and the views complain of while this lives.
+class Complaints {
+public:
+    Complaints() { before = qInstallMessageHandler(&Complaints::take); }
+    ~Complaints() { qInstallMessageHandler(before); }
+
+    static std::string& list() {
+        static std::string words;
+        return words;
+    }
+
+private:
+    static void take(QtMsgType type, const QMessageLogContext&, const QString& words) {
+        // What a platform without a screen says of itself is no fault of a view.
+        if (type != QtDebugMsg && !words.contains("plugin does not support"))
+            list() += words.toStdString() + "\n";
+    }
+    QtMessageHandler before;
+};
+
+/// The window of a project with two movies, 4 s and 3 s long, each a clip; with settings of its own.
+class WindowOfProject {
+public:
+    WindowOfProject() {
+        Complaints::list().clear();
+        Project made;
+        Sources::add(
+            made,
+            Intake::lengths({made::file("bars.mp4",
+                                        "-f lavfi -i testsrc=size=320x180:rate=30:duration=4 -f lavfi -i "
+                                        "sine=frequency=440:duration=4 -pix_fmt yuv420p -c:a aac -shortest"),
+                             made::file("plain.mp4",
+                                        "-f lavfi -i color=c=teal:size=320x180:rate=30:duration=3 "
+                                        "-pix_fmt yuv420p")}),
+            "Footage", Source::Kind::file);
+        ProjectPackage::write(made, package(), nullptr);
+        desktop = std::make_unique<Desktop>(SoundPlayer::MakeOutput());
+        opened = desktop->open(package());
+        if (opened) window().resize(1280, 800);
+        settle();
+    }
+
+    std::filesystem::path package() const { return folder / "p.mbproj"; }
+    OpenProject& project() { return opened->project(); }
+    Editor& editor() { return project().editor(); }
+    QQuickWindow& window() { return opened->window(); }
+    Project onDisk() const { return ProjectPackage::read(package()); }
+
+    void settle(int milliseconds = 50) {
+        QTest::qWait(milliseconds);
+        [[maybe_unused]] const bool idle =
+            QTest::qWaitFor([this] { return !opened || !editor().isBusy(); }, 10000);
+    }
+    void key(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier) {
+        QTest::keyClick(&window(), key, held);
+        settle(10);
+    }
+    void click(double x, double y, Qt::KeyboardModifiers held = Qt::NoModifier) {
+        QTest::mouseClick(&window(), Qt::LeftButton, held, QPointF(x, y).toPoint());
+        settle(10);
+    }
+    /// The item of the window's that is of a type, as "murbo::TimelineView"; null where there is none.
+    template <class Item>
+    Item* item() {
+        return window().findChild<Item*>();
+    }
+    std::size_t cuts() { return editor().video() ? editor().video()->cuts.size() : 0; }
+
+    Complaints complaints;
+    TemporaryFolder folder;
+    Environment config{"XDG_CONFIG_HOME", folder.path / "config"};
+    Environment home{"HOME", folder.path / "home"};
+    std::unique_ptr<Desktop> desktop;
+    ProjectWindow* opened = nullptr;
+};
+
+}

@@ -1,0 +1,50 @@
+#include "app/desktop/WindowPlan.h"
+
+#include <vector>
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+std::vector<QRectF> regions(const WindowPlan& plan) {
+    std::vector<QRectF> list{plan.sidebar, plan.browser, plan.source, plan.timeline};
+    if (plan.video != plan.source) list.push_back(plan.video);
+    if (!plan.inspector.isEmpty()) list.push_back(plan.inspector);
+    return list;
+}
+
+}
+
+TEST(WindowPlan, regionsLieInTheWindowAndNoneCoversAnother) {
+    for (const double width : {1024.0, 1280.0, 1499.0, 1500.0, 1700.0, 1920.0, 2560.0, 5120.0})
+        for (const double height : {640.0, 800.0, 1080.0, 1440.0})
+            for (const int choices : {0, 1, 2, 3, 4, 5, 6, 7})
+                for (const double timeline : {0.0, 10.0, 500.0, 99999.0}) {
+                    const auto plan = WindowPlan::of(
+                        {width, height, bool(choices & 1), bool(choices & 2), bool(choices & 4), timeline});
+                    const auto list = regions(plan);
+                    for (std::size_t one = 0; one < list.size(); ++one) {
+                        EXPECT_TRUE(
+                            QRectF(0, WindowPlan::bar, width, height - WindowPlan::bar).contains(list[one]))
+                            << width << "x" << height << " region " << one;
+                        EXPECT_GE(list[one].width(), 46);
+                        EXPECT_GE(list[one].height(), 100);
+                        for (std::size_t other = 0; other < one; ++other)
+                            EXPECT_FALSE(list[one].intersects(list[other])) << width << "x" << height;
+                    }
+                }
+}
+
+TEST(WindowPlan, anUprightVideoTakesTheHeightWhereThereIsRoom) {
+    const auto large = WindowPlan::of({1920, 1080, true, true, true, 0});
+    EXPECT_TRUE(large.tall);
+    EXPECT_EQ(large.video.height(), 1080 - WindowPlan::bar - WindowPlan::line);
+    EXPECT_FALSE(WindowPlan::of({1920, 1080, false, true, true, 0}).tall);
+    EXPECT_FALSE(WindowPlan::of({1920, 1080, true, false, true, 0}).tall);
+    const auto small = WindowPlan::of({1280, 800, true, true, true, 0});
+    EXPECT_FALSE(small.tall);
+    EXPECT_TRUE(small.tabs);
+    EXPECT_EQ(small.video, small.source);
+}
