@@ -55,10 +55,10 @@ void bringUp(const std::string& view, OpenProject& project) {
 
 }
 
-std::optional<PictureOrder> asked(const Arguments& arguments) {
+std::optional<WindowPicture> asked(const Arguments& arguments) {
     const auto folder = arguments.value("--pictures");
     if (!folder) return {};
-    PictureOrder order;
+    WindowPicture order;
     order.folder = *folder;
     if (const auto view = arguments.value("--show")) order.view = *view;
     if (const auto size = arguments.value("--size")) {
@@ -72,7 +72,7 @@ std::optional<PictureOrder> asked(const Arguments& arguments) {
     return order;
 }
 
-void take(const PictureOrder& order, const std::vector<std::filesystem::path>& projects) {
+void take(const WindowPicture& order, const std::vector<std::filesystem::path>& projects) {
     std::filesystem::create_directories(order.folder);
     Desktop desktop({});
     QQuickWindow* window = nullptr;
