@@ -1,7 +1,7 @@
 #include "app/desktop/ExportQueue.h"
 
 #include "app/editor/Timecode.h"
-#include "core/render/export/ExportError.h"
+#include "core/render/export/ExportCancelled.h"
 
 #include <exception>
 

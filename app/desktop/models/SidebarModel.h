@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/desktop/models/Rows.h"
-#include "app/editor/EditorChoices.h"
+#include "app/editor/SidebarPick.h"
 
 namespace murbo {
 
