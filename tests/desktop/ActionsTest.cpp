@@ -47,7 +47,7 @@ TEST(Actions, whatNeedsNoArgumentIsWithinReach) {
         "clipsActedOn", "offered",          "offeredCuts",  "pickedCut",       "timelinePicks",
         "removePicked", "removeAllPicked",  "picksInWords", "askAboutPicks",   "playheadOnSource",
         "playPause",    "source.playPause", "endScrub",     "source.endScrub", "useStandardKeys",
-        "removeCut",    "transcribeHeld",   "beginDrag"};
+        "removeCut",    "transcribeHeld",   "beginDrag",    "notesFromFrames", "kits"};
     std::set<std::string> lines;
     for (const auto& action : Actions::all()) lines.insert(action.line);
     const std::map<std::string, std::string> byKey{
