@@ -64,8 +64,8 @@ R"json({"id": "stock.generator.title", "kind": "generator", "name": "Title Card"
  "params": {"title": {"type": "text", "label": "Title", "value": "Title"}, "subtitle": {"type": "text", "label": "Under It", "value": ""},
             "colour": {"type": "colour", "label": "Background", "value": "111111"}, "letters": {"type": "colour", "label": "Letters", "value": "FFFFFF"}},
  "layers": [{"shape": "rect", "color": "$colour", "fill": true},
-            {"text": "$title", "size": 220, "color": "$letters", "outline": "", "y": 0.43, "in": "slide-up", "out": "fade"},
-            {"text": "$subtitle", "size": 112, "color": "$letters", "outline": "", "y": 0.63, "opacity": 0.75, "from": 0.15, "in": "fade", "out": "fade"}]})json",
+            {"text": "$title", "size": 172, "color": "$letters", "outline": "", "y": 0.405, "in": "slide-up", "out": "fade"},
+            {"text": "$subtitle", "size": 90, "color": "$letters", "outline": "", "y": 0.66, "opacity": 0.75, "from": 0.15, "in": "fade", "out": "fade"}]})json",
 
 R"json({"id": "stock.hearts", "name": "Hearts", "about": "Hearts float up across the frame, for a cute moment.", "length": 3, "timing": {"in": 0.3, "out": 0.5},
  "params": {"hearts": {"type": "text", "label": "Hearts", "value": "💗,💕,💖"}, "size": {"type": "number", "label": "Size", "value": "0.1", "min": 0.04, "max": 0.25}},
