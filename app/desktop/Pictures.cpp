@@ -12,8 +12,8 @@
 namespace murbo::Pictures {
 namespace {
 
-constexpr int mostWaiting = 20000; ///< ms for a view to come to rest
-constexpr int still = 700;         ///< ms in which nothing more comes
+constexpr int maxWaiting = 20000; ///< ms for a view to come to rest
+constexpr int still = 700;        ///< ms in which nothing more comes
 
 /// Lets the window draw until nothing has changed for a while.
 void settle(QQuickWindow& window, const Editor* editor) {
@@ -22,7 +22,7 @@ void settle(QQuickWindow& window, const Editor* editor) {
     since.start();
     whole.start();
     const auto link = QObject::connect(&window, &QQuickWindow::frameSwapped, [&] { since.restart(); });
-    while (whole.elapsed() < mostWaiting && (since.elapsed() < still || (editor && editor->isBusy())))
+    while (whole.elapsed() < maxWaiting && (since.elapsed() < still || (editor && editor->isBusy())))
         QGuiApplication::processEvents(QEventLoop::AllEvents, 20);
     QObject::disconnect(link);
 }
