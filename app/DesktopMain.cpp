@@ -5,6 +5,7 @@
 #include "app/options/Ending.h"
 #include "app/options/Options.h"
 #include "app/options/Paths.h"
+#include "app/options/Screen.h"
 
 #include <QFont>
 #include <QGuiApplication>
@@ -39,10 +40,16 @@ void run(const Arguments& arguments) {
 
 int main(int count, char** words) {
     std::signal(SIGPIPE, SIG_IGN);
+    const Arguments arguments({words, words + count});
+    if (!Screen::isThere()) {
+        // Pictures need none; windows do, and Qt would abort.
+        if (!arguments.has("--pictures"))
+            return Ending::failure("There is no screen here to open a window on.");
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     QGuiApplication application(count, words);
     QGuiApplication::setApplicationDisplayName("Murbo");
     QGuiApplication::setDesktopFileName("murbo");
     Desktop::setUp();
-    const Arguments arguments({words, words + count});
     return Ending::of([&] { run(arguments); });
 }

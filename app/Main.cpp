@@ -1,5 +1,6 @@
 #include "app/options/Ending.h"
 #include "app/options/Options.h"
+#include "app/options/Screen.h"
 
 #include <csignal>
 #include <cstdio>
@@ -24,7 +25,7 @@ int become(const std::string& name, char** words) {
 
 int main(int count, char** words) {
     const auto match = Options::match(Arguments({words, words + count}));
-    if (count <= 1) return become("murbo-desktop", words);
+    if (count <= 1 && Screen::isThere()) return become("murbo-desktop", words);
     if (!match) {
         std::fputs(Options::usage().c_str(), stdout);
         return 1;

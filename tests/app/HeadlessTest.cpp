@@ -45,11 +45,14 @@ TEST_F(Headless, commandsAreTriedInTheirOrderAndWithEnoughWords) {
                                                 {"--new"},
                                                 {"nonsense"},
                                                 {"--SUMMARY", project}};
+    const std::string noScreen = "WAYLAND_DISPLAY= DISPLAY= QT_QPA_PLATFORM=";
     for (const auto& words : lacking) {
-        const auto ran = murboWith(words);
+        const auto ran = murboWith(words, noScreen);
         EXPECT_EQ(ran.code, 1);
         EXPECT_THAT(ran.out, HasSubstr("--add-stream <project> <recording> [<markers>]"));
     }
+    EXPECT_EQ(murboWith({"--open", project}, noScreen),
+              failure("There is no screen here to open a window on."));
     EXPECT_THAT(murboWith({"--still", project, "V9", "1", "x", "--export", project, "V8", "x"}).out,
                 HasSubstr("V9"));
     EXPECT_THAT(murboWith({"--export", project, "V8", "x", "--help"}).out, HasSubstr("V8"));
