@@ -21,7 +21,7 @@ struct WindowPlan {
     static constexpr double leastWidth = 1024;
     static constexpr double leastHeight = 640;
 
-    bool compact = false; ///< a rail for a sidebar, menus behind a button
+    bool compact = false; ///< the sidebar is a rail, the menus open from a button
     bool tabs = false;    ///< both viewers share one region
     bool tall = false;
     QRectF sidebar;

@@ -26,7 +26,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-/// What a command is told, beside its project.
+/// What a command takes, beside its project.
 struct PaidOrder {
     Words words; ///< those of its own after the project, up to the next option
     Video::Aspect aspect = Video::Aspect::vertical;

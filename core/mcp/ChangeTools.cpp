@@ -5,10 +5,10 @@
 #include "core/ai/DescribeClips.h"
 #include "core/ai/Ideas.h"
 #include "core/ai/LastRuns.h"
+#include "core/ai/MadeVideo.h"
 #include "core/ai/VideoChange.h"
 #include "core/mcp/MCPTags.h"
 #include "core/model/ProjectSummary.h"
-#include "core/model/edits/ProjectOperations.h"
 #include "platform/base/Problem.h"
 #include "platform/base/RawText.h"
 #include "platform/base/Text.h"
@@ -147,10 +147,9 @@ MCPResult makeVideo(const json& arguments, Project& project, const Said& said) {
     if (cuts.empty())
         throw Problem("No cut holds up: each needs a from and a to, lines that are there, in one clip.");
     const auto title = Ideas::text(arguments, "title").value_or("Untitled Video");
-    const auto id = ProjectOperations::newVideo(project, title, aspect(member(arguments, "aspect"))).id;
-    auto& video = project.videos.edit().back();
-    video.cuts = std::move(cuts);
-    LastRuns::note(video.runs, Kit::ID::cutToInstruction, run());
+    const auto id = MadeVideo::add(project, title, aspect(member(arguments, "aspect")), std::move(cuts),
+                                   Kit::ID::cutToInstruction, run());
+    const auto& video = project.videos.back();
     return {.text = fmt::format("{} “{}”, {}, {} cuts.", video.tag(), Brief::oneLine(video.title),
                                 ProjectSummary::clock(video.length()), video.cuts.size()),
             .step = "Make Video",

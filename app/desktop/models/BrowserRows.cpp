@@ -2,10 +2,12 @@
 
 #include "app/editor/Editor.h"
 #include "app/editor/Timecode.h"
+#include "core/model/ByMiddle.h"
 #include "platform/base/RawText.h"
 #include "platform/base/Text.h"
 
 #include <algorithm>
+#include <map>
 
 #include <fmt/format.h>
 
@@ -20,17 +22,26 @@ std::string counted(std::size_t number, const char* one, const char* more) {
     return fmt::format("{} {}", number, number == 1 ? one : more);
 }
 
-/// The lines of a clip that still count as said.
-std::vector<const Line*> linesOf(const Clip& clip, const Project& project) {
-    std::vector<const Line*> lines;
-    for (const auto& line : project.transcript(clip.source).lines)
-        if (!line.isGone() && clip.holds(line.middle())) lines.push_back(&line);
-    return lines;
-}
+/// What rows are worked out from. The lines of a source are put in order once, for all of its clips.
+struct RowSources {
+    const Editor& editor;
+    std::map<UUID, ByMiddle<Line>> sources{};
 
-BrowserRow rowOf(const Clip& clip, const Editor& editor) {
+    /// The lines of a clip that still count as said.
+    std::vector<const Line*> linesOf(const Clip& clip) {
+        auto known = sources.find(clip.source);
+        if (known == sources.end())
+            known = sources.emplace(clip.source, editor.project().transcript(clip.source).lines).first;
+        auto lines = known->second.in(clip);
+        std::erase_if(lines, [](const Line* line) { return line->isGone(); });
+        return lines;
+    }
+};
+
+BrowserRow rowOf(const Clip& clip, RowSources& from) {
+    const auto& editor = from.editor;
     BrowserRow row;
-    const auto lines = linesOf(clip, editor.project());
+    const auto lines = from.linesOf(clip);
     row.id = "clip:" + clip.id.text();
     row.record = clip.id;
     row.title = text(editor.title(clip));
@@ -51,7 +62,8 @@ BrowserRow rowOf(const Clip& clip, const Editor& editor) {
     return row;
 }
 
-BrowserRow rowOf(const Source& source, const Editor& editor) {
+BrowserRow rowOf(const Source& source, RowSources& from) {
+    const auto& editor = from.editor;
     BrowserRow row;
     const auto clips = std::ranges::count(editor.project().clips, source.id, &Clip::source);
     row.id = "source:" + source.id.text();
@@ -69,7 +81,8 @@ BrowserRow rowOf(const Source& source, const Editor& editor) {
     return row;
 }
 
-BrowserRow rowOf(const Video& video, const Editor& editor) {
+BrowserRow rowOf(const Video& video, RowSources& from) {
+    const auto& editor = from.editor;
     BrowserRow row;
     row.id = "video:" + video.id.text();
     row.kind = BrowserRow::Kind::video;
@@ -90,7 +103,8 @@ BrowserRow rowOf(const Video& video, const Editor& editor) {
     return row;
 }
 
-BrowserRow rowOf(const Bookmark& bookmark, const Editor& editor) {
+BrowserRow rowOf(const Bookmark& bookmark, RowSources& from) {
+    const auto& editor = from.editor;
     BrowserRow row;
     const auto* source = editor.project().source(bookmark.source);
     row.id = "bookmark:" + bookmark.id.text();
@@ -108,47 +122,48 @@ BrowserRow rowOf(const Bookmark& bookmark, const Editor& editor) {
 }
 
 template <class Records, class Wanted>
-std::vector<BrowserRow> rows(const Records& records, const Editor& editor, Wanted wanted) {
+std::vector<BrowserRow> rows(const Records& records, RowSources& from, Wanted wanted) {
     std::vector<BrowserRow> list;
     for (const auto& record : records)
-        if (wanted(record)) list.push_back(rowOf(record, editor));
+        if (wanted(record)) list.push_back(rowOf(record, from));
     return list;
 }
 
-std::vector<BrowserRow> all(const Editor& editor) {
+std::vector<BrowserRow> all(RowSources& from) {
+    const auto& editor = from.editor;
     const auto& project = editor.project();
     const auto any = [](const auto&) { return true; };
     const auto& pick = editor.sidebar();
     switch (pick.collection) {
         case Collection::videos:
-            return rows(project.videos, editor, any);
+            return rows(project.videos, from, any);
         case Collection::sources: {
-            if (!pick.source) return rows(project.sources, editor, any);
-            auto list = rows(project.sources, editor,
-                             [&](const Source& source) { return source.id == *pick.source; });
+            if (!pick.source) return rows(project.sources, from, any);
+            auto list =
+                rows(project.sources, from, [&](const Source& source) { return source.id == *pick.source; });
             const auto clips =
-                rows(project.clips, editor, [&](const Clip& clip) { return clip.source == *pick.source; });
+                rows(project.clips, from, [&](const Clip& clip) { return clip.source == *pick.source; });
             list.insert(list.end(), clips.begin(), clips.end());
             return list;
         }
         case Collection::clips:
-            return rows(project.clips, editor, any);
+            return rows(project.clips, from, any);
         case Collection::favourites:
-            return rows(project.clips, editor, [](const Clip& clip) { return clip.rating == 1; });
+            return rows(project.clips, from, [](const Clip& clip) { return clip.rating == 1; });
         case Collection::bookmarks:
-            return rows(project.bookmarks, editor, any);
+            return rows(project.bookmarks, from, any);
         case Collection::missing:
-            return rows(project.sources, editor,
+            return rows(project.sources, from,
                         [&](const Source& source) { return editor.missing().contains(source.id); });
         default:
             return {};
     }
 }
 
-bool says(const BrowserRow& row, const Editor& editor, const std::string& words) {
+bool says(const BrowserRow& row, RowSources& from, const std::string& words) {
     if (row.kind != BrowserRow::Kind::clip) return false;
-    const auto* clip = editor.clip(row.record);
-    return clip && std::ranges::any_of(linesOf(*clip, editor.project()), [&](const Line* line) {
+    const auto* clip = from.editor.clip(row.record);
+    return clip && std::ranges::any_of(from.linesOf(*clip), [&](const Line* line) {
                return Text::lowercased(line->text).find(words) != std::string::npos;
            });
 }
@@ -156,12 +171,13 @@ bool says(const BrowserRow& row, const Editor& editor, const std::string& words)
 }
 
 std::vector<BrowserRow> of(const Editor& editor, const std::string& given) {
-    auto list = all(editor);
+    RowSources from{editor};
+    auto list = all(from);
     const auto words = Text::lowercased(Text::trimmed(given));
     if (words.empty()) return list;
     std::erase_if(list, [&](const BrowserRow& row) {
         const auto shown = Text::lowercased((row.title + " " + row.tag + " " + row.detail).toStdString());
-        return shown.find(words) == std::string::npos && !says(row, editor, words);
+        return shown.find(words) == std::string::npos && !says(row, from, words);
     });
     return list;
 }

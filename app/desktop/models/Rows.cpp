@@ -23,7 +23,7 @@ std::vector<bool> rising(const std::vector<int>& places) {
     return stays;
 }
 
-/// The list as it stands after each change, told by ids.
+/// The list as it stands after each change, as ids.
 class Changes {
 public:
     explicit Changes(std::vector<std::string> before) : now(std::move(before)) {}

@@ -43,7 +43,7 @@ public:
     DrawList list;
 
 private:
-    /// A hair is left free after each block, so that neighbours are told apart.
+    /// A hair is left free after each block, so that neighbours are seen apart.
     QRectF rect(const TimelineBlock& block) const {
         const double left = span.x(block.from);
         const double width = std::max(block.length() * span.scale - 1, 1.0);

@@ -37,7 +37,7 @@ struct Admission {
     std::function<double(const Project&, const Price&)> estimate;
 
     /// Checks in turn the key, what is lacking, the limit on what a day may cost, and asks. Nothing where the
-    /// run may not start; the owner has been told why.
+    /// run may not start; the owner has then seen why.
     QCoro::Task<std::optional<Payer>> pass(Editor& editor, Consent consent, OutcomeRef outcome) const;
 };
 

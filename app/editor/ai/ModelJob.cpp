@@ -96,7 +96,7 @@ QCoro::Task<ModelTask::Settled> answered(Work& work, Editor& editor, ModelTask t
     co_return settled;
 }
 
-/// Lets go of what a model was told where that holds nobody up: of a large project it is much.
+/// Frees a conversation off the main thread: that of a large project is large.
 void forget(Editor& editor, std::shared_ptr<Conversation> told) {
     const auto last = std::make_shared<std::shared_ptr<Conversation>>(std::move(told));
     editor.background.start([last] { last->reset(); }, [] {});

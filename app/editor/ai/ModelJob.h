@@ -24,7 +24,7 @@ QCoro::Task<> begin(Editor& editor, Admission admission, Consent consent, Outcom
 /// Puts one task in line.
 void queue(Editor& editor, const ModelTask& task, const Payer& payer, const OutcomeRef& outcome);
 
-/// Carries out one task within a job, tells the owner what came of it, and opens a video that it made.
+/// Carries out one task within a job, says what came of it, and opens a video that it made.
 /// Nothing where it failed, could not be used or was stopped.
 QCoro::Task<std::optional<ModelTask::Settled>> perform(Work& work, Editor& editor, ModelTask task,
                                                        Payer payer, OutcomeRef outcome);

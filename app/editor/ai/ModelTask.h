@@ -12,8 +12,8 @@
 
 namespace murbo {
 
-/// One task for a model: how it is told of the project, and how its answer changes it. Both run off the main
-/// thread, on values of their own.
+/// One task for a model: what it is asked about the project, and how its answer changes it. Both run off the
+/// main thread, on values of their own.
 struct ModelTask {
     /// What an answer came to.
     struct Settled {
@@ -31,8 +31,8 @@ struct ModelTask {
 
     std::function<Conversation(const Project& now)> begin;
 
-    /// Carries out an answer on the project as it is now, which may have gone on since the model was told of
-    /// it. Throws a Problem where nothing of it can be used. It may be run again, on a newer project.
+    /// Carries out an answer on the project as it is now, which may have gone on since the model was
+    /// asked. Throws a Problem where nothing of it can be used. It may be run again, on a newer project.
     std::function<Settled(const nlohmann::json& answer, const Conversation& told, Project& now,
                           const Run& run)>
         finish;
