@@ -90,6 +90,8 @@ std::vector<Action> made() {
         verb("zoomIn", "View", "Zoom In", "Ctrl+="),
         verb("zoomOut", "View", "Zoom Out", "Ctrl+-"),
         verb("zoomFit", "View", "Fit the Timeline", "Shift+Z"),
+        verb("inspector", "View", "Show or Hide the Inspector", "Ctrl+Alt+I"),
+        verb("tab.inspector", "View", "Inspector", "Ctrl+1"),
         verb("tall", "View", "Tall Viewer"),
         verb("nextRegion", "View", "Next Region", "F6"),
         verb("previousRegion", "View", "Previous Region", "Shift+F6"),

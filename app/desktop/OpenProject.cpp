@@ -2,9 +2,12 @@
 
 #include "app/desktop/Actions.h"
 #include "app/desktop/Clipboard.h"
+#include "app/desktop/inspector/TypedTime.h"
 #include "app/editor/Timecode.h"
 #include "core/render/plan/Plan.h"
 #include "platform/base/RawText.h"
+
+#include <limits>
 
 namespace murbo {
 namespace {
@@ -203,6 +206,10 @@ QString OpenProject::clock(double time) const {
 
 QString OpenProject::fine(double time) const {
     return text(Timecode::fine(time));
+}
+
+double OpenProject::seconds(const QString& typed) const {
+    return TypedTime::seconds(typed).value_or(std::numeric_limits<double>::quiet_NaN());
 }
 
 }

@@ -126,6 +126,8 @@ public:
     Q_INVOKABLE void cancelWork() { editor().work.cancel(); }
     Q_INVOKABLE QString clock(double time) const;
     Q_INVOKABLE QString fine(double time) const;
+    /// The time that was typed; not a number where it is none.
+    Q_INVOKABLE double seconds(const QString& typed) const;
 
     /// Ends the session: nothing runs on, and all is on disk.
     void close();

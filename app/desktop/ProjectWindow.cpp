@@ -12,12 +12,17 @@
 namespace murbo {
 
 ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_ptr<ProjectDocument> document)
-    : open(std::move(document)), exportSheet(open), context(std::make_unique<QQmlContext>(&engine)) {
+    : open(std::move(document)),
+      exportSheet(open),
+      inspectorPanel(open.editor()),
+      context(std::make_unique<QQmlContext>(&engine)) {
     context->setContextProperty("desktop", &desktop);
     context->setContextProperty("project", &open);
     context->setContextProperty("exportSheet", &exportSheet);
+    context->setContextProperty("inspectorPanel", &inspectorPanel);
     context->setContextProperty("folders", &folders);
     context->setContextProperty("planner", this);
+    connect(&open, &OpenProject::verb, &inspectorPanel, &InspectorPanel::carryOut);
     QQmlComponent component(&engine, QUrl("qrc:/murbo/qml/ProjectWindow.qml"));
     auto* made = component.create(context.get());
     view.reset(qobject_cast<QQuickWindow*>(made));

@@ -3,6 +3,7 @@
 #include "app/desktop/ExportSheet.h"
 #include "app/desktop/OpenProject.h"
 #include "app/desktop/WindowPlan.h"
+#include "app/desktop/inspector/InspectorPanel.h"
 #include "app/desktop/models/FolderModel.h"
 
 #include <QObject>
@@ -40,6 +41,7 @@ protected:
 private:
     OpenProject open;
     ExportSheet exportSheet;
+    InspectorPanel inspectorPanel;
     FolderModel folders;
     std::unique_ptr<QQmlContext> context;
     std::unique_ptr<QQuickWindow> view;

@@ -6,10 +6,9 @@ Window {
     id: window
 
     property bool wantsTall: true
-    property bool wantsInspector: false
     property real timelineHeight: 0
     property bool showsSource: false // with both viewers in one region
-    readonly property var plan: planner.plan(width, height, project.upright, wantsTall, wantsInspector, timelineHeight)
+    readonly property var plan: planner.plan(width, height, project.upright, wantsTall, inspectorPanel.shown, timelineHeight)
 
     width: 1280
     height: 800
@@ -55,6 +54,8 @@ Window {
             x: window.plan.video.x; y: window.plan.video.y; width: window.plan.video.width; height: window.plan.video.height }
         TimelinePanel { id: timeline
             x: window.plan.timeline.x; y: window.plan.timeline.y; width: window.plan.timeline.width; height: window.plan.timeline.height }
+        Inspector { id: inspector; visible: inspectorPanel.shown
+            x: window.plan.inspector.x; y: window.plan.inspector.y; width: window.plan.inspector.width; height: window.plan.inspector.height }
         Splitter {
             x: 0; width: timeline.width; y: timeline.y - height / 2
             onMoved: (y) => window.timelineHeight = window.height - y
@@ -64,7 +65,7 @@ Window {
 
     QtObject {
         id: regions
-        readonly property var ring: [sidebar, browser, window.showsSource && window.plan.tabs ? source : video, timeline]
+        readonly property var ring: [sidebar, browser, window.showsSource && window.plan.tabs ? source : video, timeline].concat(inspectorPanel.shown ? [inspector] : [])
         property int at: 3
         function go(by) {
             at = (at + by + ring.length) % ring.length

@@ -71,6 +71,8 @@ QtObject {
     readonly property int sheetWidth: 780
     readonly property int narrowSheet: 460
     readonly property int headers: 136
+    readonly property int label: 96
+    readonly property int numberBox: 66
 
     // milliseconds
     readonly property int fold: 120

@@ -55,6 +55,8 @@ Rectangle {
                      anchors.verticalCenter: parent.verticalCenter; onClicked: project.perform("undo") }
         IconButton { glyph: "redo-2"; name: project.redoName ? "Redo " + project.redoName : "Redo"; keys: "Ctrl+Shift+Z"; enabled: project.redoName !== ""
                      anchors.verticalCenter: parent.verticalCenter; onClicked: project.perform("redo") }
+        IconButton { glyph: "panel-right"; name: "Inspector"; keys: "Ctrl+Alt+I"; checked: inspectorPanel.shown
+                     anchors.verticalCenter: parent.verticalCenter; onClicked: project.perform("inspector") }
         Item { width: Theme.small; height: 1 }
         PushButton { text: "Export"; glyph: "share"; main: true; keys: "Ctrl+E"; enabled: project.cuts > 0
                      anchors.verticalCenter: parent.verticalCenter; onClicked: project.perform("sheet.export") }
