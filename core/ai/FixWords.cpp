@@ -120,8 +120,7 @@ std::size_t apply(const Corrections& corrections, const Said& read, Project& pro
         const auto found = piece ? project.transcripts.find(piece->source) : project.transcripts.end();
         if (found == project.transcripts.end()) continue;
         const auto& lines = *found->second.lines;
-        const auto at =
-            std::find_if(lines.begin(), lines.end(), [&](const Line& line) { return line.id == id; });
+        const auto at = std::ranges::find(lines, id, &Line::id);
         if (at == lines.end() || at->text != piece->text) continue;
         found->second.lines.edit()[static_cast<std::size_t>(at - lines.begin())].text = text;
         touched.insert(piece->clip);

@@ -5,7 +5,7 @@ set -uo pipefail
 build=$(realpath "$1")
 seconds=$2
 cd "$(dirname "$0")"
-export LSAN_OPTIONS=suppressions=$PWD/leaks.txt:print_suppressions=0
+export LSAN_OPTIONS=suppressions=$PWD/../leaks.txt:print_suppressions=0
 
 failed=0
 for source in *Fuzzer.cpp; do
