@@ -39,11 +39,13 @@ TEST(CaptionCache, keepsTheVerySamePictureButNoneThatCannotBeDrawn) {
     EXPECT_FALSE(first->isSameAs(*cache.picture(other)));
 }
 
-TEST(CaptionCache, largePicturesNeverPileUp) {
+TEST(CaptionCache, theOneThatWouldTakeItOver16MillionPixelsEmptiesIt) {
     CaptionCache cache;
-    for (int number = 0; number < 60; ++number) {
-        cache.picture(request(number, 1));
-        EXPECT_LE(cache.count(), 16'000'000u / (976 * 150));
+    const Rect one = CaptionPicture::draw(request(10, 3))->extent();
+    const auto most = std::size_t(16'000'000 / (one.width * one.height));
+    for (std::size_t number = 0; number < 3 * most; ++number) {
+        ASSERT_TRUE(cache.picture(request(int(10 + number), 3)));
+        EXPECT_EQ(cache.count(), number % most + 1);
     }
 }
 

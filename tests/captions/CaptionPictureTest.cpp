@@ -199,6 +199,13 @@ TEST(CaptionPicture, theShadowFallsDownward) {
     const auto darkness = [&](int y) { return int(bitmap.row(y)[middle * 4 + 3]); };
     EXPECT_GT(darkness(text.bottom + 8), darkness(text.top - 8) + 10);
     EXPECT_GT(darkness(text.bottom + 8), 20);
+
+    // It falls on the outline, which casts none itself.
+    const Bitmap outlined =
+        drawn(request("lll", {.fill = "FF0000", .outline = "FFFFFF", .stroke = 30, .shadow = true}));
+    const std::uint8_t* under = outlined.row(text.bottom + 8) + middle * 4;
+    EXPECT_EQ(under[3], 255);
+    EXPECT_NEAR(under[0], 255 - darkness(text.bottom + 8), 3);
 }
 
 TEST(CaptionPicture, absurdRequestsGiveNothingSoonAndStrangeOnesStillDraw) {

@@ -96,6 +96,14 @@ TEST(Renderer, aPanelFallsOnItsFrameToThePixel) {
     EXPECT_EQ(at(placed, 110, 60), 0U);
 }
 
+TEST(Renderer, aCropOfLessThanAPixelShowsOne) {
+    for (const double thin : {0.0, 0.25, 1.0}) {
+        const auto placed = Renderer::draw(halves(100, 100), {{49.8, 49.8, thin, thin}, {0, 0, 200, 200}});
+        EXPECT_TRUE(near(at(placed, 38, 100), 255, 0, 0)) << thin; // 0.2 of a pixel, 200 times as wide
+        EXPECT_TRUE(near(at(placed, 42, 100), 0, 0, 255)) << thin;
+    }
+}
+
 TEST(Renderer, beyondThePicturesEdgeItsEdgeGoesOn) {
     const auto placed = Renderer::draw(halves(100, 100), {{-50, -50, 200, 200}, {0, 0, 200, 200}});
     for (const int y : {0, 100, 199}) {
@@ -152,15 +160,19 @@ TEST(Renderer, aWhipComesInFromTheRightAndABlurStaysInTheMiddle) {
 TEST(Renderer, aGlitchThrowsTheFrameAsideAndLeavesABareEdge) {
     const Size frame{wide, high};
     const auto grey = flat({100, 100, 100}, wide, high);
-    std::set<double> widths;
-    for (const double progress : {0.0, 0.2, 0.4, 0.6, 0.64}) {
+    std::set<double> throws;
+    for (int step = 0; step < 19; ++step) {
+        const double progress = (step + 0.5) / 30;
         const auto extent = Renderer::transitionIn("glitch", grey, progress, frame).extent();
         EXPECT_TRUE((Rect{0, 0, wide, high}).contains(extent));
-        EXPECT_GE(extent.width, wide - 30);
-        widths.insert(extent.width);
+        throws.insert(wide - extent.width);
+        const auto half =
+            Renderer::transitionIn("glitch", flat({}, wide / 2, high / 2), progress, {wide / 2, high / 2});
+        EXPECT_NEAR(wide / 2 - half.extent().width, (wide - extent.width) / 2, 1e-9);
     }
-    EXPECT_GT(widths.size(), 3U);
-    EXPECT_LT(*widths.begin(), wide - 2);
+    EXPECT_EQ(throws.size(), 19U);
+    EXPECT_GT(*throws.rbegin(), 27); // up to 30 pixels of 1080 to either side
+    EXPECT_LE(*throws.rbegin(), 30);
     EXPECT_EQ(Renderer::transitionIn("glitch", grey, 0.66, frame).extent(), (Rect{0, 0, wide, high}));
 
     Shot shot;
@@ -203,6 +215,8 @@ TEST(Renderer, aCaptionStandsOnTheSeamOrWhereItsStyleOrMovePutsIt) {
     EXPECT_TRUE(stands(0.5, 0.5)); // the default framing's seam
     plan.shots[0].shot.split = 0.4;
     EXPECT_TRUE(stands(0.5, 0.4));
+    plan.style.seam.reset();
+    EXPECT_TRUE(stands(0.5, 0.4)) << "also where the style leaves it out";
     plan.style.seam = false;
     EXPECT_TRUE(stands(0.5, 0.7));
     plan.style.seam = true;

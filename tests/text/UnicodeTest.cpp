@@ -26,3 +26,11 @@ TEST(Unicode, linesMayEndBetweenThaiWordsAndAfterBlanks) {
     const std::vector<std::size_t> ends{18, 31, 33};
     EXPECT_EQ(Unicode::lineEnds(text), ends);
 }
+
+TEST(Unicode, aRepetitionMarkBelongsToTheWordBeforeItAlsoAfterABlank) {
+    const std::vector<std::pair<std::string, std::vector<std::size_t>>> table = {
+        {"เร็วๆ", {15}}, {"เด็ก ๆ", {16}}, {"เด็ก ๆ ok", {16, 17, 19}},
+        {" ๆ", {4}},    {"ๆ", {3}},      {"人 々", {3, 4, 7}},
+    };
+    for (const auto& [text, ends] : table) EXPECT_EQ(Unicode::wordEnds(text), ends) << text;
+}

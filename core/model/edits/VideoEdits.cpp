@@ -37,7 +37,7 @@ std::vector<Cut> leftOver(const Cut& cut, const std::vector<Stretch>& sorted, do
     for (const auto& stretch : sorted) {
         if (stretch.to <= from || stretch.from >= cut.end) continue;
         if (stretch.from - from >= shortest) pieces.push_back(piece(cut, from, stretch.from));
-        from = std::max(from, stretch.to);
+        from = stretch.to;
     }
     if (cut.end - from >= shortest) pieces.push_back(piece(cut, from, cut.end));
     return pieces;
