@@ -34,9 +34,15 @@ std::vector<Action> made() {
     return {
         verb("newProject", "File", "New Project…", "Ctrl+Shift+N"),
         verb("openProject", "File", "Open…", "Ctrl+O"),
+        verb("sheet.saveAs", "File", "Save As…", "Ctrl+Shift+S"),
+        verb("sheet.duplicate", "File", "Duplicate Project…"),
         verb("sheet.addFiles", "File", "Add Footage…", "Ctrl+I"),
+        verb("sheet.addStream", "File", "Add Stream…", "Ctrl+Shift+I"),
         verb("sheet.newVideo", "File", "New Video…", "Ctrl+N"),
         verb("sheet.export", "File", "Export…", "Ctrl+E"),
+        verb("sheet.findMissing", "File", "Find Missing Footage…"),
+        verb("sheet.settings", "File", "Settings…", "Ctrl+,"),
+        verb("sheet.keys", "File", "Keys…"),
         verb("closeWindow", "File", "Close Project", "Ctrl+W"),
 
         text(line("undo", "Edit", R"(["undo"])", "Ctrl+Z")),
@@ -49,6 +55,7 @@ std::vector<Action> made() {
         verb("muteCuts", "Edit", "Mute or Unmute Clips"),
         line("clear", "Edit", R"(["clear"])"),
         line("copyPicks", "Edit", R"(["copyPicks"])"),
+        verb("sheet.history", "Edit", "History…", "Ctrl+Alt+Z"),
         verb("palette", "Edit", "Commands…", "Ctrl+K"),
         verb("menus", "", "Menus", "F10"),
 

@@ -3,15 +3,20 @@
 #include "app/desktop/IconProvider.h"
 #include "app/desktop/ProjectWindow.h"
 #include "app/desktop/RecentProjects.h"
+#include "app/desktop/documents/ProjectCards.h"
+#include "app/desktop/documents/ProjectName.h"
+#include "app/desktop/libraries/BookView.h"
+#include "app/desktop/services/FolderView.h"
+#include "app/desktop/services/PlatformWords.h"
 #include "app/desktop/timeline/TimelineView.h"
 #include "app/desktop/viewer/FrameView.h"
 #include "app/desktop/viewer/StillView.h"
 #include "app/desktop/viewer/WaveStrip.h"
+#include "core/intake/transcription/Whisper.h"
 #include "core/model/package/ProjectPackage.h"
 #include "platform/base/Problem.h"
 #include "platform/store/SettingsStore.h"
 
-#include <QDesktopServices>
 #include <QDir>
 #include <QFont>
 #include <QGuiApplication>
@@ -36,6 +41,9 @@ void Desktop::registerTypes() {
         qmlRegisterType<FrameView>("Murbo", 1, 0, "FrameView");
         qmlRegisterType<WaveStrip>("Murbo", 1, 0, "WaveStrip");
         qmlRegisterType<StillView>("Murbo", 1, 0, "StillView");
+        qmlRegisterType<BookView>("Murbo", 1, 0, "BookView");
+        qmlRegisterAnonymousType<FootageModel>("Murbo", 1);
+        qmlRegisterAnonymousType<LibraryModel>("Murbo", 1);
         qmlRegisterType<TimelineView>("Murbo", 1, 0, "TimelineView");
         qmlRegisterAnonymousType<Editor>("Murbo", 1);
         qmlRegisterAnonymousType<Playback>("Murbo", 1);
@@ -57,6 +65,9 @@ void Desktop::setUp() {
 Desktop::Desktop(SoundPlayer::MakeOutput output) : sound(std::move(output)) {
     registerTypes();
     engine.addImageProvider("icon", new IconProvider);
+    engine.addImageProvider("project", new ProjectCards);
+    engine.rootContext()->setContextProperty("desktop", this);
+    engine.rootContext()->setContextProperty("chooser", &chooser);
 }
 
 Desktop::~Desktop() {
@@ -75,14 +86,15 @@ void Desktop::start(const std::vector<std::filesystem::path>& projects) {
 }
 
 ProjectWindow* Desktop::open(const std::filesystem::path& given) {
-    const auto package = given.lexically_normal();
+    const auto package = ProjectName::tidy(given);
     for (const auto& window : opened)
         if (window->project().package() == package) {
             window->raise();
             return window.get();
         }
     try {
-        auto window = std::make_unique<ProjectWindow>(engine, *this, ProjectDocument::open(package, sound));
+        auto window =
+            std::make_unique<ProjectWindow>(engine, *this, ProjectDocument::open(package, sound), sound);
         auto* made = window.get();
         connect(made, &ProjectWindow::closed, this, [this, made] { close(made); });
         opened.push_back(std::move(window));
@@ -95,7 +107,7 @@ ProjectWindow* Desktop::open(const std::filesystem::path& given) {
         if (starting) starting->close();
         return made;
     } catch (const std::exception& error) {
-        fail(QString::fromStdString(error.what()));
+        fail(PlatformWords::shown(error.what()));
         if (opened.empty()) showStart();
         return nullptr;
     }
@@ -125,6 +137,10 @@ QString Desktop::version() const {
     return MURBO_VERSION;
 }
 
+QString Desktop::whisper() const {
+    return PlatformWords::shown(Whisper::missing().value_or(""));
+}
+
 QString Desktop::projectFolder() const {
     const auto standard = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
     return QString::fromStdString(SettingsStore::standard().text(folderKey).value_or(standard.toStdString()));
@@ -134,15 +150,15 @@ bool Desktop::openPath(const QString& path) {
     return open(path.toStdString()) != nullptr;
 }
 
-bool Desktop::create(const QString& name, const QString& folder) try {
-    const auto clean = name.trimmed();
-    if (clean.isEmpty()) throw Problem("Give the project a name.");
-    if (clean.contains('/') || clean.startsWith('.'))
-        throw Problem("A project's name holds no slash and begins with no point.");
-    const auto package = std::filesystem::path(folder.toStdString()) / (clean + ".mbproj").toStdString();
+bool Desktop::create(const QString& name, const QString& folder, const QStringList& footage) try {
+    const auto clean = name.trimmed().toStdString();
+    if (const auto fault = ProjectName::fault(clean); !fault.empty()) throw Problem(fault);
+    const auto package = ProjectName::package(clean, folder.toStdString());
     ProjectPackage::create(package);
     SettingsStore::standard().set(folderKey, folder.toStdString());
-    return openPath(QString::fromStdString(package.string()));
+    auto* window = open(package);
+    if (window) window->takeFootage(footage);
+    return window != nullptr;
 } catch (const std::exception& error) {
     fail(QString::fromStdString(error.what()));
     return false;
@@ -150,7 +166,6 @@ bool Desktop::create(const QString& name, const QString& folder) try {
 
 void Desktop::showStart() {
     if (!starting) {
-        engine.rootContext()->setContextProperty("desktop", this);
         QQmlComponent component(&engine, QUrl(startView));
         auto* made = component.create();
         starting.reset(qobject_cast<QQuickWindow*>(made));
@@ -170,7 +185,7 @@ QString Desktop::pathOf(const QUrl& url) const {
 }
 
 void Desktop::showInFolder(const QString& file) const {
-    QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(file).absolutePath()));
+    FolderView::show(file);
 }
 
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/desktop/services/FileChoice.h"
 #include "app/editor/playback/SoundPlayer.h"
 
 #include <QObject>
@@ -23,6 +24,7 @@ class Desktop : public QObject {
     Q_PROPERTY(QString version READ version CONSTANT)
     Q_PROPERTY(QString projectFolder READ projectFolder NOTIFY recentChanged)
     Q_PROPERTY(QString problem READ problem NOTIFY problemChanged)
+    Q_PROPERTY(QString whisper READ whisper CONSTANT)
 
 public:
     /// `sound` makes what the players are heard on; none is silence.
@@ -47,10 +49,12 @@ public:
     QString version() const;
     QString projectFolder() const; ///< where the next new project is made
     QString problem() const { return words; }
+    QString whisper() const; ///< what transcribing lacks, in words; empty where all is there
 
     Q_INVOKABLE bool openPath(const QString& path);
-    /// Makes an empty project and opens it.
-    Q_INVOKABLE bool create(const QString& name, const QString& folder);
+    /// Makes an empty project and opens it, with `footage` to be added to it.
+    Q_INVOKABLE bool create(const QString& name, const QString& folder, const QStringList& footage = {});
+    Q_INVOKABLE void forgetProblem() { fail(""); }
     Q_INVOKABLE void showStart();
     Q_INVOKABLE void closeWindow(QObject* window);
     /// A local path of a dropped or chosen URL; empty where it is none.
@@ -67,6 +71,7 @@ private:
     void fail(const QString& words);
 
     SoundPlayer::MakeOutput sound;
+    FileChoice chooser;
     QQmlEngine engine;
     std::vector<std::unique_ptr<ProjectWindow>> opened;
     std::unique_ptr<QQuickWindow> starting;

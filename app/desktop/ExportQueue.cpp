@@ -1,5 +1,6 @@
 #include "app/desktop/ExportQueue.h"
 
+#include "app/desktop/services/PlatformWords.h"
 #include "app/editor/Timecode.h"
 #include "core/render/export/ExportCancelled.h"
 
@@ -25,7 +26,7 @@ Ending make(const ExportQueue::MovieJob& job, const std::function<void(double)>&
     } catch (const ExportCancelled&) {
         return {"", true};
     } catch (const std::exception& error) {
-        return {"The video could not be exported. " + QString::fromStdString(error.what()), false};
+        return {"The video could not be exported. " + PlatformWords::shown(error.what()), false};
     }
 }
 

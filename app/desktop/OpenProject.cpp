@@ -3,6 +3,7 @@
 #include "app/desktop/Actions.h"
 #include "app/desktop/Clipboard.h"
 #include "app/desktop/inspector/TypedTime.h"
+#include "app/desktop/services/PlatformWords.h"
 #include "app/editor/Timecode.h"
 #include "core/render/plan/Plan.h"
 #include "platform/base/RawText.h"
@@ -79,7 +80,7 @@ void OpenProject::tell(const QString& words) {
     const bool undid = words.startsWith("Undid ");
     const bool redid = words.startsWith("Redid ");
     const bool deleted = words.endsWith("Undo brings it back");
-    emit toast(words, undid ? "redo" : redid || deleted ? "undo" : "");
+    emit toast(PlatformWords::shown(words), undid ? "redo" : redid || deleted ? "undo" : "");
 }
 
 // ------------------------------------------------------------------------ shown --

@@ -120,8 +120,6 @@ public:
     Q_INVOKABLE void newVideo(const QString& title, const QString& aspect);
     Q_INVOKABLE void renameVideo(const QString& title);
     Q_INVOKABLE QString lastAspect() const;
-    Q_INVOKABLE void addFiles(const QStringList& files, bool transcribe);
-    Q_INVOKABLE bool transcribeOnAdd() const;
     Q_INVOKABLE void findMissing(const QString& folder);
     Q_INVOKABLE void cancelWork() { editor().work.cancel(); }
     Q_INVOKABLE QString clock(double time) const;

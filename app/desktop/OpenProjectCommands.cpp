@@ -83,6 +83,7 @@ bool OpenProject::possible(const Action& action) const {
     const auto& id = action.id;
     if (!action.line.empty()) return CommandRun::possible(session, action.line);
     if (id == "takeOutQuiet") return CutCommands::pickedCut(session).has_value();
+    if (id == "sheet.findMissing") return !session.missing().empty();
     if (id == "muteCuts") return !pickedCuts(session).empty();
     if (id == "reject") return !FootageCommands::clipsActedOn(session).empty();
     const bool ofVideo = id == "sheet.export" || id == "trimStart" || id == "trimEnd" || id == "zoomFit";
@@ -183,17 +184,6 @@ void OpenProject::renameVideo(const QString& title) {
 QString OpenProject::lastAspect() const {
     const auto aspect = rawText(VideoCommands::lastAspect());
     return QString::fromUtf8(aspect.data(), static_cast<qsizetype>(aspect.size()));
-}
-
-void OpenProject::addFiles(const QStringList& files, bool transcribe) {
-    std::vector<std::filesystem::path> paths;
-    for (const auto& file : files) paths.emplace_back(file.toStdString());
-    SettingsStore::standard().set("transcribeOnAdd", transcribe);
-    IntakeCommands::addFiles(editor(), paths, {transcribe, false});
-}
-
-bool OpenProject::transcribeOnAdd() const {
-    return SettingsStore::standard().boolean("transcribeOnAdd").value_or(true);
 }
 
 void OpenProject::findMissing(const QString& folder) {

@@ -4,6 +4,7 @@
 #include "app/desktop/ProjectWindow.h"
 #include "app/editor/commands/TimelinePicks.h"
 #include "platform/base/Problem.h"
+#include "platform/base/RawText.h"
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -49,8 +50,10 @@ void bringUp(const std::string& view, OpenProject& project) {
     if (view == "sound") pickFirst(editor, Pick::Kind::sound);
     if (view == "captions") editor.setInspectorTab(InspectorTab::captions);
     if (view == "transcript") editor.setInspectorTab(InspectorTab::transcript);
-    for (const auto* sheet : {"export", "newVideo", "addFiles", "settings", "keys", "palette"})
+    for (const auto* sheet : {"export", "newVideo", "addFiles", "addStream", "history", "saveAs", "duplicate",
+                              "settings", "keys", "palette"})
         if (view == sheet) project.setSheet(QString::fromUtf8(sheet));
+    if (const auto page = fromRawText<Collection>(view)) editor.setSidebar({*page, {}});
 }
 
 }

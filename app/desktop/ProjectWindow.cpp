@@ -1,5 +1,6 @@
 #include "app/desktop/ProjectWindow.h"
 
+#include "app/desktop/ExportWatch.h"
 #include "app/desktop/KeyRouter.h"
 #include "platform/base/Problem.h"
 
@@ -11,15 +12,29 @@
 
 namespace murbo {
 
-ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_ptr<ProjectDocument> document)
+ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_ptr<ProjectDocument> document,
+                             const SoundPlayer::MakeOutput& sound)
     : open(std::move(document)),
       exportSheet(open),
+      historySheet(open.editor()),
+      copySheet(open.editor()),
+      footageSheet(open.editor()),
+      streamSheet(open.editor()),
+      library(open.editor(), sound),
+      closing(open),
       inspectorPanel(open.editor()),
       context(std::make_unique<QQmlContext>(&engine)) {
     context->setContextProperty("desktop", &desktop);
     context->setContextProperty("project", &open);
     context->setContextProperty("exportSheet", &exportSheet);
     context->setContextProperty("inspectorPanel", &inspectorPanel);
+    context->setContextProperty("historySheet", &historySheet);
+    context->setContextProperty("copySheet", &copySheet);
+    context->setContextProperty("footageSheet", &footageSheet);
+    context->setContextProperty("streamSheet", &streamSheet);
+    context->setContextProperty("settingsSheet", &settingsSheet);
+    context->setContextProperty("library", &library);
+    context->setContextProperty("closingQuestion", &closing);
     context->setContextProperty("folders", &folders);
     context->setContextProperty("planner", this);
     connect(&open, &OpenProject::verb, &inspectorPanel, &InspectorPanel::carryOut);
@@ -29,6 +44,8 @@ ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_p
     if (!view) throw Problem("The window could not be made. " + component.errorString().toStdString());
     view->installEventFilter(this);
     new KeyRouter(*view, open);
+    new ExportWatch(*open.exports(), *view, view.get());
+    connect(&closing, &ClosingQuestion::agreed, view.get(), &QWindow::close);
 }
 
 ProjectWindow::~ProjectWindow() {
@@ -44,10 +61,25 @@ void ProjectWindow::raise() {
 
 bool ProjectWindow::eventFilter(QObject*, QEvent* event) {
     if (event->type() == QEvent::Close) {
+        if (!closing.mayClose()) {
+            event->ignore();
+            return true;
+        }
         // After the event: the window can't be destroyed within it.
         QMetaObject::invokeMethod(this, &ProjectWindow::closed, Qt::QueuedConnection);
     }
     return false;
+}
+
+void ProjectWindow::takeFootage(const QStringList& paths) {
+    if (paths.isEmpty()) return;
+    const bool stream =
+        open.sheet() == "addStream" || (open.sheet() != "addFiles" && StreamSheet::isStream(paths));
+    if (stream)
+        streamSheet.take(paths);
+    else
+        footageSheet.take(paths);
+    open.setSheet(stream ? "addStream" : "addFiles");
 }
 
 QVariantMap ProjectWindow::plan(double width, double height, bool upright, bool wantsTall, bool inspector,

@@ -1,10 +1,17 @@
 #pragma once
 
+#include "app/desktop/ClosingQuestion.h"
 #include "app/desktop/ExportSheet.h"
 #include "app/desktop/OpenProject.h"
 #include "app/desktop/WindowPlan.h"
+#include "app/desktop/documents/CopySheet.h"
+#include "app/desktop/documents/HistorySheet.h"
+#include "app/desktop/footage/FootageSheet.h"
+#include "app/desktop/footage/StreamSheet.h"
 #include "app/desktop/inspector/InspectorPanel.h"
+#include "app/desktop/libraries/LibraryModel.h"
 #include "app/desktop/models/FolderModel.h"
+#include "app/desktop/settings/SettingsSheet.h"
 
 #include <QObject>
 #include <memory>
@@ -21,12 +28,18 @@ class ProjectWindow : public QObject {
 
 public:
     /// `desktop` is what its views know of the program. Throws a Problem where they can't be loaded.
-    ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_ptr<ProjectDocument> document);
+    /// Without `sound` nothing of the library is heard.
+    ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_ptr<ProjectDocument> document,
+                  const SoundPlayer::MakeOutput& sound = {});
     ~ProjectWindow() override;
 
     OpenProject& project() { return open; }
     QQuickWindow& window() { return *view; }
     void raise();
+
+    /// Takes footage that was handed over into the sheet that is open for it, else into the one that it is
+    /// for.
+    Q_INVOKABLE void takeFootage(const QStringList& paths);
 
     /// Where the regions lie in a window of that size.
     Q_INVOKABLE QVariantMap plan(double width, double height, bool upright, bool wantsTall, bool inspector,
@@ -42,6 +55,13 @@ private:
     OpenProject open;
     ExportSheet exportSheet;
     InspectorPanel inspectorPanel;
+    HistorySheet historySheet;
+    CopySheet copySheet;
+    FootageSheet footageSheet;
+    StreamSheet streamSheet;
+    SettingsSheet settingsSheet;
+    LibraryModel library;
+    ClosingQuestion closing;
     FolderModel folders;
     std::unique_ptr<QQmlContext> context;
     std::unique_ptr<QQuickWindow> view;

@@ -1,5 +1,6 @@
 #include "app/desktop/RecentProjects.h"
 
+#include "app/desktop/documents/ProjectCards.h"
 #include "core/model/package/ProjectPackage.h"
 #include "platform/base/Problem.h"
 #include "platform/store/SettingsStore.h"
@@ -55,6 +56,7 @@ QVariantList shown() {
             {"path", QString::fromStdString(path.string())},
             {"name", QString::fromStdString(path.stem().string())},
             {"folder", QString::fromStdString(path.parent_path().string())},
+            {"picture", ProjectCards::address(QString::fromStdString(path.string()))},
             {"missing", !file.exists()},
             {"date",
              file.exists() ? QLocale().toString(file.lastModified().date(), QLocale::ShortFormat) : ""}});

@@ -14,7 +14,7 @@ inline constexpr std::size_t most = 12;
 std::vector<std::filesystem::path> all();
 void add(const std::filesystem::path& package);
 
-/// For views: path, name, folder, date, missing.
+/// For views: path, name, folder, date, missing, the address of its picture.
 QVariantList shown();
 
 /// Those open now: the next start without words opens them again, after a crash too.

@@ -112,6 +112,18 @@ std::vector<Book> library() {
     return books;
 }
 
+std::vector<LeftOut> leftOut() {
+    std::vector<LeftOut> list;
+    for (const auto& path : playbookFolders(Library::playbooks())) {
+        try {
+            load(path);
+        } catch (const Problem& error) {
+            list.push_back({path, error.message()});
+        }
+    }
+    return list;
+}
+
 std::optional<Book> find(const std::string& id) {
     const auto own = owners();
     for (const auto* books : {own.get(), &Stock::books()})

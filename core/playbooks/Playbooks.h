@@ -26,6 +26,14 @@ Book load(const std::filesystem::path& folder);
 /// All that can be chosen: the owner's by name, then the stock. A listing is good for three seconds.
 std::vector<Book> library();
 
+/// A folder of the owner's that is no playbook, and why.
+struct LeftOut {
+    std::filesystem::path folder;
+    std::string reason;
+};
+/// Those that a listing passes over. Reads them all anew.
+std::vector<LeftOut> leftOut();
+
 /// Forgets the listing, so that the next one looks at the folder again.
 void dropListing();
 

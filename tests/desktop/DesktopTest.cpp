@@ -33,7 +33,8 @@ TEST(Desktop, everyViewLoadsWithoutAComplaint) {
         ++count;
     }
     EXPECT_GT(count, 20);
-    for (const auto* sheet : {"export", "newVideo", "addFiles", "renameVideo", "palette"}) {
+    for (const auto* sheet : {"export", "newVideo", "addFiles", "renameVideo", "palette", "settings", "keys",
+                              "addStream", "history", "saveAs", "duplicate", "closing", "findMissing"}) {
         shown.project().setSheet(sheet);
         shown.settle();
         shown.project().setSheet("");

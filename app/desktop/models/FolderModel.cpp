@@ -16,6 +16,7 @@ constexpr int mostEntries = 20000;
 
 bool isWanted(const QFileInfo& entry, const QString& wanted) {
     if (entry.isDir()) return true;
+    if (wanted == "markers") return QStringList{"csv", "tsv", "txt"}.contains(entry.suffix().toLower());
     if (wanted != "movies") return false;
     return Intake::isMovie(entry.fileName().toStdString());
 }

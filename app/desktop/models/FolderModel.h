@@ -44,7 +44,7 @@ private:
 
     QString path;
     QString words;
-    QString wanted; ///< "movies", "projects" or "folders"
+    QString wanted; ///< "movies", "markers", "projects" or "folders"
 };
 
 }

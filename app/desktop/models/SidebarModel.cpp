@@ -33,6 +33,12 @@ bool isFavourite(const Clip& clip) {
     return clip.rating == 1;
 }
 
+constexpr Listed libraries[] = {
+    {Collection::layouts, "Layouts", "columns-2"}, {Collection::generators, "Generators", "image"},
+    {Collection::playbooks, "Playbooks", "type"},  {Collection::sounds, "Sounds", "audio-lines"},
+    {Collection::music, "Music", "music"},
+};
+
 int count(const Editor& editor, Collection collection) {
     const auto& project = editor.project();
     switch (collection) {
@@ -94,6 +100,21 @@ void addCollections(std::vector<SidebarRow>& rows, const Editor& editor) {
     }
 }
 
+/// What they hold lies in folders, which are read when a page is opened.
+void addLibrary(std::vector<SidebarRow>& rows, const Editor& editor) {
+    for (const auto& listed : libraries) {
+        SidebarRow row;
+        row.id = rawText(listed.collection);
+        row.section = "Library";
+        row.title = listed.title;
+        row.icon = listed.icon;
+        row.count = -1;
+        row.pick = {listed.collection, {}};
+        row.picked = editor.sidebar() == row.pick;
+        rows.push_back(std::move(row));
+    }
+}
+
 }
 
 QHash<int, QByteArray> SidebarRow::roles() {
@@ -134,6 +155,7 @@ void SidebarModel::refresh() {
     std::vector<SidebarRow> rows;
     addSources(rows, editor);
     addCollections(rows, editor);
+    addLibrary(rows, editor);
     assign(std::move(rows));
     if (pickedRow() != before) emit pickedRowChanged();
 }

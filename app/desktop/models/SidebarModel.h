@@ -13,7 +13,7 @@ struct SidebarRow {
     QString section;
     QString title;
     QString icon;
-    int count = 0;
+    int count = 0; ///< below 0 where nobody counts
     bool missing = false;
     bool picked = false;
     SidebarPick pick;

@@ -36,7 +36,7 @@ Sheet {
             Words { text: "Save as"; color: Theme.text3; font.pixelSize: Theme.noteSize; topPadding: Theme.small }
             Field { id: name; width: parent.width; name: "Save as"; text: exportSheet.fileName; enabled: !sheet.busy; onTextEdited: exportSheet.fileName = text; onAccepted: sheet.accept() }
             Words { text: "In the folder"; color: Theme.text3; font.pixelSize: Theme.noteSize; topPadding: Theme.small }
-            Field { width: parent.width; name: "Folder"; glyph: "folder"; text: exportSheet.folder; enabled: !sheet.busy; onTextEdited: exportSheet.folder = text }
+            FolderField { width: parent.width; folder: exportSheet.folder; enabled: !sheet.busy; onEdited: (path) => exportSheet.folder = path; onAccepted: sheet.accept() }
             Words { visible: exportSheet.replaces && !sheet.busy && !project.exports.finished; text: "A movie of that name is there: it will be replaced"; color: Theme.notice; font.pixelSize: Theme.noteSize }
             Words { text: "Frame rate"; color: Theme.text3; font.pixelSize: Theme.noteSize; topPadding: Theme.small }
             Choice {

@@ -24,11 +24,19 @@ Window {
         function onToast(words, button) { toast.show(words, button) }
         function onBeeped() { toast.shake() }
     }
+    Connections {
+        target: copySheet
+        function onMade(path, instead) {
+            project.sheet = ""
+            if (!desktop.openPath(path)) project.toast(desktop.problem, "")
+            else if (instead) window.close()
+        }
+    }
     function carryOut(name) {
         if (name === "tall") wantsTall = !wantsTall
         else if (name === "zoomIn" || name === "zoomOut") timeline.zoomStep(name === "zoomIn")
         else if (name === "zoomFit") timeline.fit()
-        else if (name === "search") browser.search()
+        else if (name === "search") (library.shown ? shelf : browser).search()
         else if (name === "nextRegion" || name === "previousRegion") regions.go(name === "nextRegion" ? 1 : -1)
         else if (name === "newProject" || name === "openProject") desktop.showStart()
         else if (name === "menus") topBar.openMenus()
@@ -44,8 +52,9 @@ Window {
         TopBar { id: topBar; width: parent.width; height: Theme.bar; compact: window.plan.compact }
         Sidebar { id: sidebar; rail: window.plan.compact
             x: window.plan.sidebar.x; y: window.plan.sidebar.y; width: window.plan.sidebar.width; height: window.plan.sidebar.height }
-        Browser { id: browser
+        Browser { id: browser; visible: !library.shown
             x: window.plan.browser.x; y: window.plan.browser.y; width: window.plan.browser.width; height: window.plan.browser.height }
+        LibraryPage { id: shelf; visible: library.shown; x: browser.x; y: browser.y; width: browser.width; height: browser.height }
         SourceViewer { id: source; tabbed: window.plan.tabs
             visible: !window.plan.tabs || window.showsSource
             x: window.plan.source.x; y: window.plan.source.y; width: window.plan.source.width; height: window.plan.source.height }
@@ -65,7 +74,7 @@ Window {
 
     QtObject {
         id: regions
-        readonly property var ring: [sidebar, browser, window.showsSource && window.plan.tabs ? source : video, timeline].concat(inspectorPanel.shown ? [inspector] : [])
+        readonly property var ring: [sidebar, library.shown ? shelf : browser, window.showsSource && window.plan.tabs ? source : video, timeline].concat(inspectorPanel.shown ? [inspector] : [])
         property int at: 3
         function go(by) {
             at = (at + by + ring.length) % ring.length
@@ -76,6 +85,7 @@ Window {
 
     DropArea {
         anchors.fill: parent
+        keys: ["text/uri-list"]
         onDropped: (drop) => { if (drop.hasUrls) sheets.drop(drop.urls) }
     }
     SheetLayer { id: sheets; anchors.fill: parent; picture: video.frame }

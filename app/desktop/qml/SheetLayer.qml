@@ -4,15 +4,12 @@ import QtQuick
 Item {
     id: layer
 
-    property var dropped: []
     property Item picture
     function drop(urls) {
         const paths = urls.map(url => desktop.pathOf(url)).filter(path => path)
         const projects = paths.filter(path => path.endsWith(".mbproj"))
-        projects.forEach(path => desktop.openPath(path))
-        if (projects.length === paths.length) return
-        dropped = paths.filter(path => !path.endsWith(".mbproj"))
-        project.sheet = "addFiles"
+        projects.forEach(path => { if (!desktop.openPath(path)) project.toast(desktop.problem, "") })
+        planner.takeFootage(paths.filter(path => !path.endsWith(".mbproj")))
     }
 
     visible: project.sheet !== ""
@@ -22,8 +19,9 @@ Item {
         id: loader
         anchors.fill: parent
         focus: true
-        source: ({ "export": "ExportSheet.qml", "newVideo": "NewVideoSheet.qml", "addFiles": "AddFilesSheet.qml",
+        source: ({ "export": "ExportSheet.qml", "newVideo": "NewVideoSheet.qml", "addFiles": "AddFilesSheet.qml", "addStream": "AddStreamSheet.qml", "history": "HistorySheet.qml",
+                   "saveAs": "SaveAsSheet.qml", "duplicate": "SaveAsSheet.qml", "closing": "ClosingSheet.qml", "findMissing": "FindMissingSheet.qml",
                    "renameVideo": "RenameSheet.qml", "palette": "Palette.qml", "settings": "SettingsSheet.qml", "keys": "SettingsSheet.qml" })[project.sheet] || ""
-        onLoaded: { item.forceActiveFocus(); if ("picture" in item) item.picture = layer.picture; if (project.sheet === "addFiles") { item.files = layer.dropped; layer.dropped = [] } }
+        onLoaded: { item.forceActiveFocus(); if ("picture" in item) item.picture = layer.picture }
     }
 }

@@ -51,7 +51,7 @@ Rectangle {
             border.width: picked && list.activeFocus ? Theme.ring : 0
             border.color: Theme.accent
             Accessible.role: Accessible.ListItem
-            Accessible.name: title + (count ? ", " + count : "") + (missing ? ", missing" : "")
+            Accessible.name: title + (count > 0 ? ", " + count : "") + (missing ? ", missing" : "")
             Accessible.selected: picked
 
             Icon {
@@ -62,7 +62,7 @@ Rectangle {
                 tint: line.missing ? Theme.notice : line.picked ? Theme.text : Theme.text2
             }
             Words { visible: !sidebar.rail; x: 32; height: parent.height; width: parent.width - 32 - number.width - 2 * Theme.gap; text: line.title; color: line.picked ? Theme.text : Theme.text2 }
-            Words { id: number; visible: !sidebar.rail; anchors.right: parent.right; anchors.rightMargin: Theme.gap; height: parent.height; text: line.count; color: Theme.text3; font.pixelSize: Theme.noteSize }
+            Words { id: number; visible: !sidebar.rail; anchors.right: parent.right; anchors.rightMargin: Theme.gap; height: parent.height; text: line.count < 0 ? "" : line.count; color: Theme.text3; font.pixelSize: Theme.noteSize }
             MouseArea { id: touch; property bool hovered: sidebar.rail && containsMouse; anchors.fill: parent; hoverEnabled: true; onClicked: project.sidebar.pick(line.index) }
             Hint { of: touch; words: line.title }
         }

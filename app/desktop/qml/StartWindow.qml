@@ -6,6 +6,23 @@ Window {
     id: window
 
     property string pane: "" // "new" or "open"
+    property var footage: [] // to be added to the new project
+    function take(urls) {
+        const paths = urls.map(url => desktop.pathOf(url)).filter(path => path)
+        const projects = paths.filter(path => path.endsWith(".mbproj"))
+        projects.forEach(path => desktop.openPath(path))
+        const rest = paths.filter(path => !path.endsWith(".mbproj"))
+        if (rest.length) begin(rest)
+    }
+    function begin(files) {
+        desktop.forgetProblem()
+        footage = files
+        pane = "new"
+        folder.folder = desktop.projectFolder
+        name.forceActiveFocus()
+    }
+    function create() { desktop.create(name.text, folder.folder, footage) }
+    onVisibleChanged: if (!visible) { pane = ""; footage = []; name.text = "" }
 
     width: 760
     height: 480
@@ -39,15 +56,24 @@ Window {
                 required property int index
                 required property var modelData
                 width: list.width
-                height: 52
+                height: 64
                 radius: Theme.radius
                 color: touch.containsMouse || list.activeFocus && list.currentIndex === index ? Theme.hover : "transparent"
                 Accessible.role: Accessible.ListItem
                 Accessible.name: modelData.name + (modelData.missing ? ", missing" : ", " + modelData.date)
-                Icon { x: Theme.gap; anchors.verticalCenter: parent.verticalCenter; name: line.modelData.missing ? "file-question" : "film"; tint: line.modelData.missing ? Theme.notice : Theme.text2 }
-                Words { x: 38; y: 7; width: parent.width - 140; text: line.modelData.name; color: line.modelData.missing ? Theme.text3 : Theme.text }
-                Words { x: 38; y: 27; width: parent.width - 48; text: line.modelData.folder; color: Theme.text3; font.pixelSize: Theme.noteSize; elide: Text.ElideMiddle }
-                Words { anchors.right: parent.right; anchors.rightMargin: Theme.gap; y: 8; text: line.modelData.missing ? "missing" : line.modelData.date; color: line.modelData.missing ? Theme.notice : Theme.text3; font.pixelSize: Theme.noteSize }
+                Rectangle {
+                    x: Theme.gap
+                    y: 4
+                    width: 72
+                    height: 56
+                    radius: Theme.small
+                    color: Theme.canvas
+                    Icon { anchors.centerIn: parent; visible: picture.status !== Image.Ready || picture.implicitWidth < 2; name: line.modelData.missing ? "file-question" : "film"; tint: line.modelData.missing ? Theme.notice : Theme.text3 }
+                    Image { id: picture; anchors.fill: parent; asynchronous: true; fillMode: Image.PreserveAspectFit; source: line.modelData.picture; sourceSize: Qt.size(144, 144) }
+                }
+                Words { x: 92; y: 13; width: parent.width - 180; text: line.modelData.name; color: line.modelData.missing ? Theme.text3 : Theme.text }
+                Words { x: 92; y: 33; width: parent.width - 100; text: line.modelData.folder; color: Theme.text3; font.pixelSize: Theme.noteSize; elide: Text.ElideMiddle }
+                Words { anchors.right: parent.right; anchors.rightMargin: Theme.gap; y: 14; text: line.modelData.missing ? "missing" : line.modelData.date; color: line.modelData.missing ? Theme.notice : Theme.text3; font.pixelSize: Theme.noteSize }
                 MouseArea { id: touch; anchors.fill: parent; hoverEnabled: true; onClicked: desktop.openPath(line.modelData.path) }
             }
         }
@@ -59,16 +85,15 @@ Window {
             width: parent.width / 2 - 40
             spacing: Theme.wide
             visible: window.pane === ""
-            PushButton { width: parent.width; implicitHeight: 40; text: "New Project…"; main: true; onClicked: { window.pane = "new"; name.forceActiveFocus() } }
-            PushButton { width: parent.width; implicitHeight: 40; text: "Open…"; onClicked: { window.pane = "open"; path.forceActiveFocus() } }
+            PushButton { width: parent.width; implicitHeight: 40; text: "New Project…"; main: true; onClicked: window.begin([]) }
+            PushButton { width: parent.width; implicitHeight: 40; text: "Open…"; onClicked: { desktop.forgetProblem(); asking.enabled = true; chooser.choose("folder", "Open a Project") } }
             Rectangle {
                 width: parent.width
                 height: 160
                 radius: Theme.radius
                 color: area.containsDrag ? Theme.hover : Theme.canvas
                 border.color: area.containsDrag ? Theme.accent : Theme.line
-                Words { anchors.centerIn: parent; width: parent.width - 2 * Theme.margin; horizontalAlignment: Text.AlignHCenter; wrapMode: Text.WordWrap; text: "Drop a project here to open it"; color: Theme.text3 }
-                DropArea { id: area; anchors.fill: parent; onDropped: (drop) => { if (drop.hasUrls) drop.urls.forEach(url => desktop.openPath(desktop.pathOf(url))) } }
+                Words { anchors.centerIn: parent; width: parent.width - 2 * Theme.margin; horizontalAlignment: Text.AlignHCenter; wrapMode: Text.WordWrap; text: "Drop footage here to start a project"; color: Theme.text3 }
             }
         }
         Column {
@@ -78,15 +103,17 @@ Window {
             spacing: Theme.gap
             visible: window.pane === "new"
             Words { text: "Name"; color: Theme.text3; font.pixelSize: Theme.noteSize }
-            Field { id: name; width: parent.width; name: "Name of the project"; onAccepted: desktop.create(text, folder.text) }
-            Words { text: "In the folder"; color: Theme.text3; font.pixelSize: Theme.noteSize; topPadding: Theme.small }
-            Field { id: folder; width: parent.width; name: "Folder"; glyph: "folder"; text: desktop.projectFolder; onAccepted: desktop.create(name.text, text) }
+            Field { id: name; width: parent.width; name: "Name of the project"; onAccepted: window.create() }
+            Words { visible: window.footage.length > 0; width: parent.width; color: Theme.text2; font.pixelSize: Theme.noteSize; elide: Text.ElideMiddle
+                    text: window.footage.length === 1 ? "With " + window.footage[0].split("/").pop() : "With " + window.footage.length + " files and folders" }
+            Words { visible: folder.visible; text: "In the folder"; color: Theme.text3; font.pixelSize: Theme.noteSize; topPadding: Theme.small }
+            FolderField { id: folder; width: parent.width; visible: window.footage.length === 0; folder: desktop.projectFolder; onAccepted: window.create() }
             Item { width: 1; height: Theme.gap }
             Row {
                 anchors.right: parent.right
                 spacing: Theme.gap
                 PushButton { text: "Cancel"; onClicked: window.pane = "" }
-                PushButton { text: "Create"; main: true; enabled: name.text.trim() !== ""; onClicked: desktop.create(name.text, folder.text) }
+                PushButton { text: "Create"; main: true; enabled: name.text.trim() !== ""; onClicked: window.create() }
             }
         }
         Column {
@@ -114,6 +141,15 @@ Window {
             color: Theme.badCard
             Words { id: why; x: Theme.gap; y: Theme.gap; width: parent.width - Theme.margin; text: desktop.problem; wrapMode: Text.WordWrap; elide: Text.ElideNone }
         }
-        Words { x: 24; anchors.bottom: parent.bottom; anchors.bottomMargin: Theme.wide; text: desktop.version; color: Theme.text3; font.pixelSize: Theme.noteSize }
+        Words { id: version; x: 24; anchors.bottom: parent.bottom; anchors.bottomMargin: Theme.wide; text: desktop.version; color: Theme.text3; font.pixelSize: Theme.noteSize }
+        Words { anchors.left: version.right; anchors.leftMargin: Theme.wide; anchors.right: parent.right; anchors.rightMargin: 24; anchors.verticalCenter: version.verticalCenter; text: desktop.whisper || "whisper ready"; color: desktop.whisper ? Theme.notice : Theme.text3; font.pixelSize: Theme.noteSize }
+        DropArea { id: area; anchors.fill: parent; onDropped: (drop) => { if (drop.hasUrls) window.take(drop.urls) } }
+        Connections {
+            id: asking
+            target: chooser
+            enabled: false
+            function onChosen(kind, paths) { enabled = false; if (paths.length) desktop.openPath(paths[0]) }
+            function onUnavailable(kind) { enabled = false; window.pane = "open"; path.forceActiveFocus() }
+        }
     }
 }

@@ -12,6 +12,7 @@ FocusScope {
     function cancelDrag() { return view.cancelDrag() }
     function takeFocus() { view.forceActiveFocus(Qt.TabFocusReason) }
 
+    Connections { target: settingsSheet; function onChanged() { view.refresh() } }
     Rectangle { anchors.fill: parent; color: Theme.canvas }
     Rectangle {
         id: tools
@@ -145,6 +146,12 @@ FocusScope {
                 onPressed: (mouse) => from = mouse.x
                 onPositionChanged: (mouse) => { if (pressed) view.scroll += (mouse.x - from) / scroller.share / (project.editor.zoom * 20) } }
         }
+    }
+    DropArea {
+        anchors.fill: view
+        keys: ["murbo/library"]
+        onDropped: (drop) => library.addAt(drop.source.libraryRow, view.timeAt(drop.x))
+        Rectangle { visible: parent.containsDrag; x: parent.drag.x; width: 2; height: parent.height; color: Theme.picked }
     }
     MenuList { id: context }
 }

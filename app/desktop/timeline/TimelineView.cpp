@@ -188,6 +188,10 @@ double TimelineView::playheadX() const {
     return session ? span.x(session->playback.time()) : -1;
 }
 
+double TimelineView::timeAt(double x) const {
+    return span.time(x);
+}
+
 double TimelineView::skimmerX() const {
     const auto at = session ? session->playback.skimmed() : std::nullopt;
     return at ? span.x(*at) : -1;

@@ -58,12 +58,16 @@ public:
 
     /// Has the whole video in view.
     Q_INVOKABLE void fit();
+    /// Follows what the settings say of its look.
+    Q_INVOKABLE void refresh() { rebuild(); }
     /// Zooms by a factor, and keeps the time at `x` where it is.
     Q_INVOKABLE void zoomRound(double factor, double x);
     Q_INVOKABLE void zoomStep(bool in);
     /// Brings the playhead into view.
     Q_INVOKABLE void follow();
     Q_INVOKABLE bool cancelDrag();
+    /// The time of the video that is drawn there, in seconds.
+    Q_INVOKABLE double timeAt(double x) const;
 
 signals:
     void editorChanged();

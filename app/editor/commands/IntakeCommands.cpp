@@ -51,13 +51,7 @@ QCoro::Task<> takeIn(Editor& editor, std::vector<fs::path> files, Then then) {
         editor.refuse("Those files could not be read");
         co_return;
     }
-    std::vector<fs::path> kept;
-    for (const auto& file : measured) kept.push_back(file.path);
-    std::vector<UUID> sources;
-    editor.change("Add Footage", [&](Project& project) {
-        sources = Sources::add(project, measured, Intake::groupName(kept), Source::Kind::file);
-    });
-    welcome(editor, sources, then);
+    add(editor, measured, "", then);
 }
 
 Sources::StreamNotes notes(const std::optional<fs::path>& markers, const std::string& note) {
@@ -76,13 +70,27 @@ QCoro::Task<> takeInStream(Editor& editor, fs::path recording, std::optional<fs:
         editor.refuse(nameOf(recording) + " could not be read");
         co_return;
     }
-    UUID source;
-    editor.change("Add Stream", [&](Project& project) {
-        source = Sources::addStream(project, measured.front(), notes(markers, note));
-    });
-    welcome(editor, {source}, then);
+    addStream(editor, measured.front(), notes(markers, note), then);
 }
 
+}
+
+void add(Editor& editor, const std::vector<MeasuredFile>& files, const std::string& group, Then then) {
+    std::vector<fs::path> paths;
+    for (const auto& file : files) paths.push_back(file.path);
+    std::vector<UUID> sources;
+    editor.change("Add Footage", [&](Project& project) {
+        sources = Sources::add(project, files, group.empty() ? Intake::groupName(paths) : group,
+                               Source::Kind::file);
+    });
+    welcome(editor, sources, then);
+}
+
+void addStream(Editor& editor, const MeasuredFile& recording, const Sources::StreamNotes& notes, Then then) {
+    UUID source;
+    editor.change("Add Stream",
+                  [&](Project& project) { source = Sources::addStream(project, recording, notes); });
+    welcome(editor, {source}, then);
 }
 
 void addFiles(Editor& editor, const std::vector<fs::path>& given, Then then) {

@@ -1,0 +1,99 @@
+#include "app/desktop/libraries/LibraryRows.h"
+
+#include "app/editor/Timecode.h"
+#include "core/playbooks/Library.h"
+#include "core/playbooks/Playbooks.h"
+#include "core/render/sound/SoundMix.h"
+#include "platform/base/Text.h"
+
+namespace murbo::LibraryRows {
+namespace {
+
+constexpr std::size_t maxMeasured = 2000; ///< sounds: the length of more is not looked up
+
+QString text(const std::string& given) {
+    return QString::fromStdString(Text::repaired(given));
+}
+
+bool belongs(const Book& book, Collection collection) {
+    const auto kind = book.playbook.kind.value_or("");
+    if (collection == Collection::layouts) return kind == "layout";
+    if (collection == Collection::generators) return kind == "generator";
+    return kind != "layout" && kind != "generator";
+}
+
+LibraryRow rowOf(const Book& book) {
+    LibraryRow row;
+    row.id = book.id() + (book.folder ? " of yours" : "");
+    row.group = book.folder ? "Yours" : "Built in";
+    row.name = text(book.playbook.name);
+    row.about = text(book.playbook.about.value_or(""));
+    if (book.playbook.kind != "layout")
+        row.length = QString::fromStdString(Timecode::fine(book.playbook.naturalLength()));
+    row.book = std::make_shared<const Book>(book);
+    if (book.folder) row.file = *book.folder;
+    return row;
+}
+
+std::vector<LibraryRow> books(Collection collection) {
+    std::vector<LibraryRow> rows;
+    for (const auto& book : Playbooks::library())
+        if (belongs(book, collection)) rows.push_back(rowOf(book));
+    for (const auto& [path, reason] : Playbooks::leftOut()) {
+        LibraryRow row;
+        row.id = "left out " + path.string();
+        row.kind = LibraryRow::Kind::leftOut;
+        row.group = "Left out";
+        row.name = text(path.filename().string());
+        row.about = text(reason);
+        row.file = path;
+        rows.push_back(std::move(row));
+    }
+    return rows;
+}
+
+std::vector<LibraryRow> sounds(const std::filesystem::path& from) {
+    std::vector<LibraryRow> rows;
+    for (const auto& [folder, file] : Library::audioFiles(from)) {
+        LibraryRow row;
+        row.id = file.string();
+        row.kind = LibraryRow::Kind::sound;
+        row.group = folder.empty() ? text(from.filename().string()) : text(folder);
+        row.name = text(file.stem().string());
+        row.file = file;
+        row.folder = folder;
+        const auto length = rows.size() < maxMeasured ? SoundMix::lengthOf(file) : std::nullopt;
+        if (length) row.length = QString::fromStdString(Timecode::fine(*length));
+        if (!length && rows.size() < maxMeasured) row.about = "can't be read";
+        rows.push_back(std::move(row));
+    }
+    return rows;
+}
+
+}
+
+bool isLibrary(Collection collection) {
+    switch (collection) {
+        case Collection::layouts:
+        case Collection::generators:
+        case Collection::playbooks:
+        case Collection::sounds:
+        case Collection::music:
+            return true;
+        default:
+            return false;
+    }
+}
+
+std::vector<LibraryRow> of(Collection collection) {
+    if (!isLibrary(collection)) return {};
+    const bool audio = collection == Collection::sounds || collection == Collection::music;
+    return audio ? sounds(folder(collection)) : books(collection);
+}
+
+std::filesystem::path folder(Collection collection) {
+    if (collection == Collection::sounds) return Library::sounds();
+    return collection == Collection::music ? Library::music() : Library::playbooks();
+}
+
+}

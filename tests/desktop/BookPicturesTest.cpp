@@ -1,0 +1,27 @@
+#include "app/desktop/libraries/BookPictures.h"
+#include "tests/desktop/WindowOfLibrary.h"
+
+#include <cstring>
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+TEST(BookPictures, comeFromAWorkerAndTheSameAgain) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfLibrary shown;
+    ASSERT_TRUE(shown.opened);
+    BookPictures pictures(shown.editor());
+    const auto book = Playbooks::library().front();
+    EXPECT_FALSE(pictures.picture(book, 3));
+    std::optional<Bitmap> first;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return (first = pictures.picture(book, 3)).has_value(); }, 20000));
+    EXPECT_EQ(first->height(), BookPictures::height);
+    pictures.follow();
+    EXPECT_FALSE(pictures.picture(book, 3)) << "drawn anew over what is shown now";
+    std::optional<Bitmap> second;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return (second = pictures.picture(book, 3)).has_value(); }, 20000));
+    for (int y = 0; y < first->height(); ++y)
+        ASSERT_EQ(std::memcmp(first->row(y), second->row(y), static_cast<std::size_t>(first->width()) * 4), 0)
+            << y;
+}

@@ -1,0 +1,97 @@
+#include "app/desktop/services/FileChoice.h"
+
+#include <QDBusContext>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QStandardPaths>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+/// A bus of the test's own; `address` is empty where there is no program for one.
+class PrivateBus {
+public:
+    PrivateBus() {
+        if (QStandardPaths::findExecutable("dbus-daemon").isEmpty()) return;
+        daemon.start("dbus-daemon", {"--session", "--nofork", "--print-address"});
+        if (daemon.waitForReadyRead(5000)) address = QString::fromUtf8(daemon.readLine()).trimmed();
+    }
+    ~PrivateBus() {
+        daemon.terminate();
+        daemon.waitForFinished(2000);
+    }
+    QDBusConnection connect(const QString& name) const {
+        return QDBusConnection::connectToBus(address, name);
+    }
+
+    QString address;
+
+private:
+    QProcess daemon;
+};
+
+/// Answers every choice with the same files.
+class FakePortal : public QObject, protected QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.FileChooser")
+
+public:
+    QVariantMap options;
+    uint response = 0;
+
+    // The library asks for plain names of types here.
+    Q_SLOT QDBusObjectPath OpenFile(const QString&, const QString&, const QVariantMap& given) {
+        options = given;
+        const auto sender = message().service().mid(1).replace('.', '_');
+        const auto path =
+            "/org/freedesktop/portal/desktop/request/" + sender + "/" + given["handle_token"].toString();
+        auto answer = QDBusMessage::createSignal(path, "org.freedesktop.portal.Request", "Response");
+        answer << response
+               << QVariantMap{{"uris", QStringList{"file:///x/a%20b.mp4", "https://example.org/c.mp4"}}};
+        connection().send(answer); // even before the call itself is answered
+        return QDBusObjectPath(path);
+    }
+};
+
+}
+
+TEST(FileChoice, takesWhatThePortalAnswersAndOnlyLocalFiles) {
+    const PrivateBus bus;
+    if (bus.address.isEmpty()) GTEST_SKIP() << "there is no dbus-daemon";
+    auto side = bus.connect("portal");
+    FakePortal portal;
+    ASSERT_TRUE(side.registerService("org.freedesktop.portal.Desktop"));
+    ASSERT_TRUE(
+        side.registerObject("/org/freedesktop/portal/desktop", &portal, QDBusConnection::ExportAllSlots));
+    FileChoice choice(bus.connect("window"));
+    QSignalSpy chosen(&choice, &FileChoice::chosen);
+    choice.choose("movies", "Add Footage");
+    ASSERT_TRUE(chosen.wait(5000));
+    EXPECT_EQ(chosen[0][0], "movies");
+    EXPECT_EQ(chosen[0][1].toStringList(), QStringList{"/x/a b.mp4"});
+    EXPECT_TRUE(portal.options["multiple"].toBool());
+
+    portal.response = 1; // the owner thought better of it
+    choice.choose("folder", "Folder");
+    ASSERT_TRUE(chosen.wait(5000));
+    EXPECT_EQ(chosen[1][1].toStringList(), QStringList());
+    EXPECT_TRUE(portal.options["directory"].toBool());
+}
+
+TEST(FileChoice, saysSoWhereThereIsNoPortal) {
+    const PrivateBus bus;
+    if (bus.address.isEmpty()) GTEST_SKIP() << "there is no dbus-daemon";
+    FileChoice choice(bus.connect("alone"));
+    QSignalSpy unavailable(&choice, &FileChoice::unavailable);
+    choice.choose("movies", "Add Footage");
+    ASSERT_TRUE(unavailable.wait(8000));
+    EXPECT_EQ(unavailable[0][0], "movies");
+}
+
+#include "FileChoiceTest.moc"

@@ -1,0 +1,102 @@
+#include "app/desktop/footage/FootageSheet.h"
+#include "platform/base/Files.h"
+#include "tests/desktop/WindowOfProject.h"
+
+#include <QElapsedTimer>
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+bool waitForFiles(FootageSheet& sheet, int milliseconds = 20000) {
+    return QTest::qWaitFor([&] { return !sheet.reading(); }, milliseconds);
+}
+
+QString path(const std::filesystem::path& file) {
+    return QString::fromStdString(file.string());
+}
+
+}
+
+TEST(FootageSheet, listsWhatWasHandedOverWithTheReasonOfWhatCannotComeIn) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfProject shown;
+    ASSERT_TRUE(shown.opened);
+    const auto drop = shown.folder / "Drop";
+    std::filesystem::create_directory(drop);
+    std::filesystem::copy_file(made::file("plain.mp4", ""), drop / "clip 10.mp4");
+    Files::writeWhole(drop / "clip 2.mp4", "no movie");
+    Files::writeWhole(drop / "notes.txt", "x");
+
+    FootageSheet sheet(shown.editor());
+    sheet.take({path(drop), path(drop / "notes.txt"), path(drop / "clip 2.mp4")});
+    ASSERT_TRUE(waitForFiles(sheet));
+    const auto& rows = sheet.files()->rows();
+    ASSERT_EQ(rows.size(), 3U) << "each file once";
+    EXPECT_EQ(rows[0].name, "clip 2.mp4") << "in the order that people put them";
+    EXPECT_NE(rows[0].problem, "");
+    EXPECT_EQ(rows[1].problem, "");
+    EXPECT_NEAR(rows[1].length, 3, 0.05);
+    EXPECT_TRUE(rows[1].detail.startsWith("320 × 180 · 30 fps")) << rows[1].detail.toStdString();
+    EXPECT_TRUE(rows[1].detail.endsWith("no sound"));
+    EXPECT_EQ(rows[2].problem, "not a movie file");
+    EXPECT_EQ(sheet.readable(), 1);
+    EXPECT_EQ(sheet.words(), "3 files, 0:03 · 2 can't come in");
+    EXPECT_EQ(sheet.property("group").toString(), "Drop");
+
+    sheet.remove(0);
+    EXPECT_EQ(sheet.count(), 2);
+    sheet.setProperty("group", "Tuesday");
+    sheet.setProperty("transcribe", false);
+    const auto before = shown.onDisk().sources.size();
+    sheet.add();
+    const auto project = shown.onDisk();
+    ASSERT_EQ(project.sources.size(), before + 1);
+    EXPECT_EQ(project.groups.back().name, "Tuesday");
+    EXPECT_EQ(shown.editor().history().undoName(), "Add Footage");
+    EXPECT_EQ(shown.editor().sidebar().source, project.sources.back().id);
+}
+
+TEST(FootageSheet, tenThousandFilesKeepTheWindowAlive) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfProject shown;
+    ASSERT_TRUE(shown.opened);
+    const auto drop = shown.folder / "Many";
+    std::filesystem::create_directory(drop);
+    for (int at = 0; at < 10000; ++at) std::ofstream(drop / (std::to_string(at) + ".mp4")) << "no movie";
+    FootageSheet sheet(shown.editor());
+    shown.project().setSheet("addFiles");
+    QElapsedTimer since;
+    qint64 longest = 0;
+    since.start();
+    sheet.take({path(drop)});
+    longest = since.elapsed();
+    while (sheet.reading() && longest < 10000) {
+        since.restart();
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
+        longest = std::max(longest, since.elapsed());
+    }
+    EXPECT_EQ(sheet.count(), 10000);
+    EXPECT_EQ(sheet.readable(), 0);
+    EXPECT_LT(longest, 1000) << "ms in which nothing else was answered";
+    std::printf("longest turn of the event loop: %lld ms\n", static_cast<long long>(longest));
+}
+
+TEST(FootageSheet, isFilledByADropOnTheWindow) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfProject shown;
+    ASSERT_TRUE(shown.opened);
+    std::filesystem::copy_file(made::file("plain.mp4", ""), shown.folder / "dropped.mp4");
+    shown.opened->takeFootage({path(shown.folder / "dropped.mp4")});
+    EXPECT_EQ(shown.project().sheet(), "addFiles");
+    QTest::qWait(500);
+    const auto before = shown.onDisk().sources.size();
+    shown.key(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.onDisk().sources.size() == before + 1; }, 10000));
+    shown.editor().work.cancelAll();
+    shown.settle();
+    EXPECT_EQ(Complaints::list(), "");
+}

@@ -1,0 +1,78 @@
+#include "app/desktop/libraries/LibraryModel.h"
+#include "platform/base/Files.h"
+#include "tests/desktop/WindowOfLibrary.h"
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+TEST(LibraryModel, everyKindComesIntoTheVideoAndOutAgain) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfLibrary shown;
+    ASSERT_TRUE(shown.opened);
+    const auto start = shown.onDisk();
+    LibraryModel model(shown.editor(), {});
+    ASSERT_TRUE(shown.turn(model, Collection::layouts));
+    ASSERT_GT(model.rowCount(), 0);
+    EXPECT_TRUE(model.add(0));
+    ASSERT_EQ(shown.look().shots.size(), 1U);
+    EXPECT_EQ(shown.look().shots[0].playbook, model.rows()[0].book->id());
+
+    ASSERT_TRUE(shown.turn(model, Collection::playbooks));
+    EXPECT_TRUE(model.addAt(0, 1.5));
+    ASSERT_EQ(shown.look().overlays.size(), 1U);
+    EXPECT_NEAR(shown.look().overlays[0].at, 1.5, 1e-6);
+
+    ASSERT_TRUE(shown.turn(model, Collection::generators));
+    EXPECT_TRUE(model.addAt(0, 3.9));
+    ASSERT_EQ(shown.cuts(), 2U);
+    EXPECT_TRUE(shown.editor().video()->cuts[1].generator) << "at the seam that is nearest";
+
+    while (shown.editor().history().undoName() != "Add Clip") shown.editor().undo();
+    EXPECT_EQ(shown.onDisk().videos, start.videos);
+}
+
+TEST(LibraryModel, soundsAreListedByFolderAndHeard) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfLibrary shown;
+    ASSERT_TRUE(shown.opened);
+    LibraryModel model(shown.editor(), {});
+    ASSERT_TRUE(shown.turn(model, Collection::sounds));
+    EXPECT_EQ(model.emptyWords(), "No sounds yet: put sound files, or folders of them, into");
+    EXPECT_TRUE(model.folder().endsWith("library/Sounds"));
+
+    const auto folder = Library::sounds() / "Booms";
+    std::filesystem::create_directories(folder);
+    std::filesystem::copy_file(made::file("boom.wav", "-f lavfi -i sine=frequency=80:duration=0.4"),
+                               folder / "boom.wav");
+    Files::writeWhole(folder / "broken.wav", "no sound");
+    ASSERT_TRUE(shown.turn(model, Collection::music));
+    ASSERT_TRUE(shown.turn(model, Collection::sounds));
+    const int boom = WindowOfLibrary::row(model, "boom");
+    ASSERT_GE(boom, 0);
+    EXPECT_EQ(model.rows()[static_cast<std::size_t>(boom)].group, "Booms");
+    EXPECT_EQ(model.rows()[static_cast<std::size_t>(boom)].length, "0:00.40");
+    model.play(WindowOfLibrary::row(model, "broken"));
+    EXPECT_EQ(model.playing(), "");
+    model.play(boom);
+    EXPECT_NE(model.playing(), "");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return model.playing().isEmpty(); }, 3000)) << "to its end";
+    EXPECT_TRUE(model.add(boom));
+    ASSERT_EQ(shown.look().sounds.size(), 1U);
+    EXPECT_EQ(shown.look().sounds[0].from, "Booms");
+    EXPECT_TRUE(std::filesystem::exists(shown.package() / "media"));
+}
+
+TEST(LibraryModel, aPageIsWalkedAndPutInByKeys) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfLibrary shown;
+    ASSERT_TRUE(shown.opened);
+    shown.editor().setSidebar({Collection::playbooks, {}});
+    shown.settle(400);
+    shown.key(Qt::Key_F, Qt::ControlModifier);
+    shown.key(Qt::Key_Down);
+    shown.key(Qt::Key_Down);
+    shown.key(Qt::Key_Return);
+    EXPECT_EQ(shown.look().overlays.size(), 1U);
+    EXPECT_EQ(Complaints::list(), "");
+}

@@ -1,0 +1,28 @@
+#include "app/desktop/libraries/LibraryRows.h"
+#include "platform/base/Files.h"
+#include "tests/desktop/WindowOfLibrary.h"
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+TEST(LibraryRows, whatIsNoPlaybookIsNamedWithTheReason) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfLibrary shown;
+    ASSERT_TRUE(shown.opened);
+    std::filesystem::create_directories(Library::playbooks() / "Broken.mbplay");
+    Files::writeWhole(Library::playbooks() / "Broken.mbplay/playbook.json", R"({"name": 3})");
+    LibraryModel model(shown.editor(), {});
+    ASSERT_TRUE(shown.turn(model, Collection::playbooks));
+    const int broken = WindowOfLibrary::row(model, "Broken.mbplay");
+    ASSERT_GE(broken, 0);
+    const auto& row = model.rows()[static_cast<std::size_t>(broken)];
+    EXPECT_EQ(row.group, "Left out");
+    EXPECT_NE(row.about, "");
+    EXPECT_FALSE(model.add(broken));
+    model.setWords("left");
+    EXPECT_EQ(model.rowCount(), 1);
+    model.setWords("no such thing");
+    EXPECT_EQ(model.emptyWords(), "Nothing here is called that");
+    EXPECT_FALSE(LibraryRows::isLibrary(Collection::clips));
+}

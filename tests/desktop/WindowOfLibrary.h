@@ -1,0 +1,36 @@
+#pragma once
+
+#include "app/desktop/libraries/LibraryModel.h"
+#include "app/editor/commands/CutCommands.h"
+#include "core/playbooks/Library.h"
+#include "core/playbooks/Playbooks.h"
+#include "tests/desktop/WindowOfProject.h"
+
+namespace murbo {
+
+/// A window whose library lies in a folder of the test's, with a video that has a cut of 4 s.
+class WindowOfLibrary : public WindowOfProject {
+public:
+    WindowOfLibrary() {
+        Library::setOverride(folder / "library");
+        Playbooks::dropListing();
+        editor().holdClip(editor().project().clips[0].id);
+        CutCommands::addToEnd(editor());
+        settle();
+    }
+    ~WindowOfLibrary() { Library::setOverride(std::nullopt); }
+
+    /// Turns to a page and waits until it is listed.
+    bool turn(LibraryModel& model, Collection page) {
+        editor().setSidebar({page, {}});
+        return QTest::qWaitFor([&] { return model.emptyWords() != "Reading…"; }, 10000);
+    }
+    static int row(const LibraryModel& model, const QString& name) {
+        for (int at = 0; at < model.rowCount(); ++at)
+            if (model.rows()[static_cast<std::size_t>(at)].name == name) return at;
+        return -1;
+    }
+    const Look& look() { return *editor().video()->look; }
+};
+
+}
