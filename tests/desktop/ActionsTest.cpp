@@ -15,7 +15,9 @@ TEST(Actions, eachHasANameOfItsOwnAndWords) {
     for (const auto& action : Actions::all()) {
         EXPECT_TRUE(ids.insert(action.id).second) << action.id;
         EXPECT_FALSE(Actions::title(action).empty()) << action.id;
-        if (!action.line.empty()) EXPECT_FALSE(CommandRun::title(action.line).empty());
+        if (!action.line.empty()) {
+            EXPECT_FALSE(CommandRun::title(action.line).empty());
+        }
     }
 }
 

@@ -18,7 +18,9 @@ void expectPieces(const std::string& text, const std::string& wanted) {
         const auto piece = wanted.substr(at, end - at);
         const auto found = text.find(piece, from);
         EXPECT_NE(found, text.npos) << piece << "\n--- is not in ---\n" << text;
-        if (at == 0) EXPECT_EQ(found, 0u);
+        if (at == 0) {
+            EXPECT_EQ(found, 0u);
+        }
         if (found == text.npos) return;
         from = found + piece.size();
         at = end + gap.size();

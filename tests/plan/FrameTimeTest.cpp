@@ -50,7 +50,9 @@ TEST(FrameTime, theFirstFrameIsTheOneThatHasReachedIt) {
                                             {100 * 3600, 240, 100LL * 3600 * 240}}) {
         EXPECT_EQ(FrameTime::first(edge, rate), frame) << edge;
         EXPECT_TRUE(FrameTime::reached(edge, double(frame) / rate));
-        if (frame > 0) EXPECT_FALSE(FrameTime::reached(edge, double(frame - 1) / rate)) << edge;
+        if (frame > 0) {
+            EXPECT_FALSE(FrameTime::reached(edge, double(frame - 1) / rate)) << edge;
+        }
     }
 }
 

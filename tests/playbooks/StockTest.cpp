@@ -15,6 +15,8 @@ TEST(Stock, readsWholeAndInItsOrder) {
         const auto values = book.values(std::nullopt);
         for (const auto& layer : book.playbook.layers)
             for (const auto* num : {&layer.x, &layer.y, &layer.w, &layer.h, &layer.size, &layer.rotation})
-                if (*num) EXPECT_TRUE((*num)->value(values)) << book.id();
+                if (*num) {
+                    EXPECT_TRUE((*num)->value(values)) << book.id();
+                }
     }
 }

@@ -222,7 +222,9 @@ TEST(SoundMix, soundsOfOverlaysRingOutUnlessTheyAreLong) {
         mixed.overlay(5, 5 + each.overlay, each.layer);
         const auto tracks = mixed.tracks();
         EXPECT_EQ(tracks.size() < 2 ? "" : text(tracks[1]).substr(4), each.expected) << each.what;
-        if (tracks.size() > 1) EXPECT_EQ(SoundMix::gain(tracks[1].gains, 7), 1) << "without a volume";
+        if (tracks.size() > 1) {
+            EXPECT_EQ(SoundMix::gain(tracks[1].gains, 7), 1) << "without a volume";
+        }
     }
 }
 

@@ -141,13 +141,13 @@ std::vector<char32_t> missing(const Request& request) {
 std::size_t std::hash<murbo::CaptionPicture::Request>::operator()(
     const murbo::CaptionPicture::Request& request) const noexcept {
     // Captions of one video share all but their words, so those and what moves within a caption are enough.
-    std::size_t hash = std::hash<std::string>()(request.text);
-    const auto mix = [&](std::size_t part) { hash = (hash ^ part) * 0x9E3779B97F4A7C15u; };
+    std::size_t mixed = std::hash<std::string>()(request.text);
+    const auto mix = [&](std::size_t part) { mixed = (mixed ^ part) * 0x9E3779B97F4A7C15u; };
     mix(std::size_t(request.reveal.value_or(-1)));
     mix(request.big);
     mix(std::hash<double>()(request.scale));
     mix(std::hash<double>()(request.width));
     mix(std::hash<double>()(request.style.size.value_or(0)));
     mix(std::hash<std::string>()(request.style.fill.value_or("")));
-    return hash ^ (hash >> 31);
+    return mixed ^ (mixed >> 31);
 }
