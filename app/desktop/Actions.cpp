@@ -70,6 +70,7 @@ std::vector<Action> made() {
         key(Command::clearRating, "Clip"),
         key(Command::clipMark, "Clip"),
         key(Command::bookmark, "Clip"),
+        verb("showInFolder", "Clip", "Show Footage in Folder"),
 
         verb("renameVideo", "Video", "Rename Video…"),
         verb("duplicateVideo", "Video", "Duplicate Video", "Ctrl+D"),

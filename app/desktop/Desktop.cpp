@@ -5,6 +5,7 @@
 #include "app/desktop/RecentProjects.h"
 #include "app/desktop/documents/ProjectCards.h"
 #include "app/desktop/documents/ProjectName.h"
+#include "app/desktop/footage/RecordingStills.h"
 #include "app/desktop/libraries/BookView.h"
 #include "app/desktop/services/FolderView.h"
 #include "app/desktop/services/PlatformWords.h"
@@ -66,6 +67,7 @@ Desktop::Desktop(SoundPlayer::MakeOutput output) : sound(std::move(output)) {
     registerTypes();
     engine.addImageProvider("icon", new IconProvider);
     engine.addImageProvider("project", new ProjectCards);
+    engine.addImageProvider("recording", new RecordingStills);
     engine.rootContext()->setContextProperty("desktop", this);
     engine.rootContext()->setContextProperty("chooser", &chooser);
 }

@@ -1,6 +1,7 @@
 #include "app/desktop/ActionSearch.h"
 #include "app/desktop/Actions.h"
 #include "app/desktop/OpenProject.h"
+#include "app/desktop/services/FolderView.h"
 #include "app/desktop/timeline/CommandRun.h"
 #include "app/editor/commands/CutCommands.h"
 #include "app/editor/commands/FootageCommands.h"
@@ -23,6 +24,13 @@ QVariantMap shown(const Action& action, const OpenProject& project) {
             {"keys", QString::fromStdString(Actions::keys(action))},
             {"menu", QString::fromStdString(action.menu)},
             {"enabled", project.possible(action)}};
+}
+
+/// The source that is in the source viewer; or null.
+const Source* lookedThrough(const Editor& editor) {
+    const auto* clip = editor.held();
+    const auto source = clip ? std::optional(clip->source) : editor.heldSource();
+    return source ? editor.project().source(*source) : nullptr;
 }
 
 /// The cuts that are picked.
@@ -73,6 +81,8 @@ bool OpenProject::performVerb(const Action& action) {
         VideoCommands::duplicate(session, *session.openVideo());
     else if (id == "deleteVideo")
         VideoCommands::remove(session, *session.openVideo());
+    else if (id == "showInFolder")
+        FolderView::show(QString::fromStdString(lookedThrough(session)->path));
     else
         emit verb(id);
     return true;
@@ -84,6 +94,7 @@ bool OpenProject::possible(const Action& action) const {
     if (!action.line.empty()) return CommandRun::possible(session, action.line);
     if (id == "takeOutQuiet") return CutCommands::pickedCut(session).has_value();
     if (id == "sheet.findMissing") return !session.missing().empty();
+    if (id == "showInFolder") return lookedThrough(session) != nullptr;
     if (id == "muteCuts") return !pickedCuts(session).empty();
     if (id == "reject") return !FootageCommands::clipsActedOn(session).empty();
     const bool ofVideo = id == "sheet.export" || id == "trimStart" || id == "trimEnd" || id == "zoomFit";
@@ -111,8 +122,9 @@ QVariantList OpenProject::contextMenu(const QString& kind) const {
         {"block", {"split", "takeOutQuiet", "muteCuts", "copyPicks", "key.remove"}},
         {"timeline", {"split", "zoomFit", "clear"}},
         {"clip",
-         {"key.addToEnd", "key.insert", "newVideoFromSelection", "key.favourite", "reject",
-          "key.clearRating"}},
+         {"key.addToEnd", "key.insert", "newVideoFromSelection", "key.favourite", "reject", "key.clearRating",
+          "showInFolder"}},
+        {"source", {"showInFolder", "sheet.findMissing"}},
         {"video", {"renameVideo", "duplicateVideo", "deleteVideo", "sheet.export"}},
     };
     QVariantList lines;

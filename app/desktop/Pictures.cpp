@@ -16,6 +16,15 @@ namespace {
 constexpr int maxWaiting = 20000; ///< ms for a view to come to rest
 constexpr int still = 700;        ///< ms in which nothing more comes
 
+/// Has something in the sheets for footage: that of the project.
+void handOver(const std::string& view, ProjectWindow& window) {
+    QStringList paths;
+    for (const auto& source : window.project().editor().project().sources)
+        paths.append(QString::fromStdString(source.path));
+    if (view == "addFiles") window.takeFootage(paths);
+    if (view == "addStream") window.takeFootage(paths.mid(0, 1));
+}
+
 /// Lets the window draw until nothing has changed for a while.
 void settle(QQuickWindow& window, const Editor* editor) {
     QElapsedTimer since;
@@ -79,12 +88,13 @@ void take(const WindowPicture& order, const std::vector<std::filesystem::path>& 
     std::filesystem::create_directories(order.folder);
     Desktop desktop({});
     QQuickWindow* window = nullptr;
+    ProjectWindow* opened = nullptr;
     OpenProject* project = nullptr;
     if (projects.empty()) {
         desktop.showStart();
         window = desktop.startWindow();
     } else {
-        auto* opened = desktop.open(projects.front());
+        opened = desktop.open(projects.front());
         if (!opened) throw Problem(desktop.problem().toStdString());
         project = &opened->project();
         window = &opened->window();
@@ -93,6 +103,7 @@ void take(const WindowPicture& order, const std::vector<std::filesystem::path>& 
     settle(*window, project ? &project->editor() : nullptr);
     if (project) {
         bringUp(order.view, *project);
+        handOver(order.view, *opened);
         settle(*window, &project->editor());
     }
     const auto name = QString("%1-%2x%3.png")

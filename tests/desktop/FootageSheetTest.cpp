@@ -100,3 +100,17 @@ TEST(FootageSheet, isFilledByADropOnTheWindow) {
     shown.settle();
     EXPECT_EQ(Complaints::list(), "");
 }
+
+TEST(FootageSheet, withoutAPortalFilesAreChosenInTheWindow) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfProject shown;
+    ASSERT_TRUE(shown.opened);
+    shown.key(Qt::Key_I, Qt::ControlModifier);
+    shown.settle();
+    EXPECT_FALSE(shown.window().findChild<QQuickItem*>("filePicker"));
+    shown.key(Qt::Key_Return); // "Choose Files…" has the focus
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.window().findChild<QQuickItem*>("filePicker"); }, 8000));
+    shown.key(Qt::Key_Escape);
+    EXPECT_EQ(shown.project().sheet(), "");
+    EXPECT_EQ(Complaints::list(), "");
+}

@@ -1,10 +1,25 @@
+#include "app/desktop/libraries/BookView.h"
 #include "app/desktop/libraries/LibraryModel.h"
+#include "app/desktop/timeline/TimelineView.h"
 #include "platform/base/Files.h"
 #include "tests/desktop/WindowOfLibrary.h"
 
 #include <gtest/gtest.h>
 
 using namespace murbo;
+
+namespace {
+
+/// The first item of a type that is drawn within another.
+template <class Item>
+Item* within(QQuickItem* item) {
+    if (auto* found = qobject_cast<Item*>(item)) return found;
+    for (auto* child : item->childItems())
+        if (auto* found = within<Item>(child)) return found;
+    return nullptr;
+}
+
+}
 
 TEST(LibraryModel, everyKindComesIntoTheVideoAndOutAgain) {
     MURBO_NEEDS_FFMPEG();
@@ -74,5 +89,28 @@ TEST(LibraryModel, aPageIsWalkedAndPutInByKeys) {
     shown.key(Qt::Key_Down);
     shown.key(Qt::Key_Return);
     EXPECT_EQ(shown.look().overlays.size(), 1U);
+    EXPECT_EQ(Complaints::list(), "");
+}
+
+TEST(LibraryModel, aPlaybookIsDraggedToItsTimeByTheMouse) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfLibrary shown;
+    ASSERT_TRUE(shown.opened);
+    shown.editor().setSidebar({Collection::playbooks, {}});
+    shown.settle(400);
+    auto* card = within<BookView>(shown.window().contentItem());
+    auto* timeline = shown.item<TimelineView>();
+    ASSERT_TRUE(card && timeline);
+    const auto from = card->mapToScene({40, 40}).toPoint();
+    const auto to = timeline->mapToScene({timeline->shownSpan().x(2.5), 60}).toPoint();
+    QTest::mousePress(&shown.window(), Qt::LeftButton, {}, from);
+    for (int step = 1; step <= 8; ++step) {
+        QTest::mouseMove(&shown.window(), from + (to - from) * step / 8);
+        QTest::qWait(20);
+    }
+    QTest::mouseRelease(&shown.window(), Qt::LeftButton, {}, to);
+    shown.settle();
+    ASSERT_EQ(shown.look().overlays.size(), 1U);
+    EXPECT_NEAR(shown.look().overlays[0].at, 2.5, 0.1);
     EXPECT_EQ(Complaints::list(), "");
 }

@@ -12,6 +12,13 @@ QString path(const std::filesystem::path& file) {
     return QString::fromStdString(file.string());
 }
 
+/// How many of the strip's pictures are there.
+int loadedStills(const QQuickItem& item) {
+    int count = item.objectName() == "recordingStill" && item.property("status").toInt() == 1;
+    for (const auto* child : item.childItems()) count += loadedStills(*child);
+    return count;
+}
+
 /// A recording of 20 minutes with markers beside it.
 class StreamWindow : public WindowOfProject {
 public:
@@ -92,4 +99,15 @@ TEST(StreamSheet, takesTypedTimesAndDroppedMarkersInThePlaceOfThoseBeside) {
     EXPECT_FALSE(StreamSheet::isStream({path(shown.folder / "broken.mp4")}));
     EXPECT_FALSE(StreamSheet::isStream({path(shown.recording), path(shown.folder / "broken.mp4")}));
     EXPECT_FALSE(StreamSheet::isStream({}));
+}
+
+TEST(StreamSheet, theStripFillsWithPicturesOfTheRecording) {
+    MURBO_NEEDS_FFMPEG();
+    StreamWindow shown;
+    ASSERT_TRUE(shown.opened);
+    shown.opened->takeFootage({path(shown.recording)});
+    ASSERT_EQ(shown.project().sheet(), "addStream");
+    const auto loaded = [&] { return loadedStills(*shown.window().contentItem()); };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return loaded() == 7; }, 10000)) << loaded();
+    EXPECT_EQ(Complaints::list(), "");
 }

@@ -1,6 +1,7 @@
 #include "app/desktop/footage/StreamSheet.h"
 
 #include "app/desktop/footage/FootageRow.h"
+#include "app/desktop/footage/RecordingStills.h"
 #include "app/desktop/services/PlatformWords.h"
 #include "app/editor/Editor.h"
 #include "app/editor/Timecode.h"
@@ -12,12 +13,14 @@
 
 #include <QRegularExpression>
 #include <algorithm>
+#include <cmath>
 
 namespace murbo {
 namespace {
 
 namespace fs = std::filesystem;
 
+constexpr int stillCount = 7;
 constexpr qsizetype maxDrawn = 3000; ///< marks: more are one line anyway
 
 bool isMarkers(const fs::path& file) {
@@ -54,6 +57,15 @@ QString StreamSheet::recording() const {
 QString StreamSheet::facts() const {
     if (!file) return path.empty() || !fault.isEmpty() ? "" : "Reading…";
     return QString::fromStdString(Timecode::clock(file->length)) + " · " + about;
+}
+
+QVariantList StreamSheet::stills() const {
+    QVariantList list;
+    for (int at = 0; file && at < stillCount; ++at) {
+        const auto second = std::floor(file->length * (at + 0.5) / stillCount);
+        list.append(RecordingStills::address(path) + "/" + QString::number(second, 'f', 0));
+    }
+    return list;
 }
 
 QString StreamSheet::problem() const {

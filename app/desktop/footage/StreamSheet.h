@@ -18,6 +18,7 @@ class StreamSheet : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString recording READ recording NOTIFY changed)
     Q_PROPERTY(QString recordingPath READ recordingPath NOTIFY changed)
+    Q_PROPERTY(QVariantList stills READ stills NOTIFY changed)
     Q_PROPERTY(QString facts READ facts NOTIFY changed)
     Q_PROPERTY(QString problem READ problem NOTIFY changed)
     Q_PROPERTY(QString markersWords READ markersWords NOTIFY changed)
@@ -36,6 +37,7 @@ public:
 
     QString recording() const; ///< its file's name
     QString recordingPath() const { return QString::fromStdString(path.string()); }
+    QVariantList stills() const;  ///< addresses of pictures of it, in even steps
     QString facts() const;        ///< its length and what is worth knowing of it
     QString problem() const;      ///< why it can't come in, or what is wrong with the markers
     QString markersWords() const; ///< "9 markers from 2026-11-17.csv"

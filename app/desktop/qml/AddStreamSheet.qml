@@ -30,7 +30,7 @@ Sheet {
             spacing: Theme.wide
             Icon { name: "video"; tint: Theme.text2; anchors.verticalCenter: parent.verticalCenter }
             Column {
-                width: parent.width - chooseButton.width - 60
+                width: parent.width - chooseButton.width - Theme.icon - 2 * Theme.wide
                 Words { width: parent.width; text: streamSheet.recording || "Drop a recording here"; color: streamSheet.recording ? Theme.text : Theme.text3; font.weight: Font.DemiBold; elide: Text.ElideMiddle }
                 Words { width: parent.width; text: streamSheet.facts; visible: text !== ""; color: Theme.text3; font.pixelSize: Theme.noteSize }
             }
@@ -42,6 +42,13 @@ Sheet {
             radius: Theme.small
             color: Theme.canvas
             clip: true
+            Row {
+                anchors.fill: parent
+                Repeater {
+                    model: streamSheet.stills
+                    Image { required property string modelData; objectName: "recordingStill"; width: parent.width / 7; height: parent.height; source: modelData; asynchronous: true; fillMode: Image.PreserveAspectCrop; opacity: 0.45 }
+                }
+            }
             Accessible.role: Accessible.Graphic
             Accessible.name: streamSheet.ready ? streamSheet.clipWords : "No recording yet"
             Repeater {
@@ -53,9 +60,9 @@ Sheet {
                     y: 12
                     height: parent.height - 24
                     radius: Theme.small
-                    color: Theme.timeline["cut.fill"]
+                    color: "#B02A323B"
                     border.color: Theme.timeline["cut.edge"]
-                    Words { anchors.fill: parent; anchors.margins: 2; horizontalAlignment: Text.AlignHCenter; text: parent.modelData.tag; font.pixelSize: Theme.noteSize; elide: Text.ElideNone; visible: implicitWidth < parent.width - 4 }
+                    Words { anchors.fill: parent; anchors.margins: 2; horizontalAlignment: Text.AlignHCenter; text: parent.modelData.tag; font.weight: Font.DemiBold; font.pixelSize: Theme.noteSize; elide: Text.ElideNone; visible: implicitWidth < parent.width - 4 }
                 }
             }
             Repeater {
@@ -74,7 +81,7 @@ Sheet {
             width: parent.width
             spacing: Theme.wide
             Icon { name: "bookmark"; tint: Theme.picked; anchors.verticalCenter: parent.verticalCenter }
-            Words { width: parent.width - markersButton.width - 60; height: Theme.control; text: streamSheet.markersWords; color: Theme.text2; elide: Text.ElideMiddle }
+            Words { width: parent.width - markersButton.width - Theme.icon - 2 * Theme.wide; height: Theme.control; text: streamSheet.markersWords; color: Theme.text2; elide: Text.ElideMiddle }
             PushButton { id: markersButton; text: "Choose…"; Accessible.name: "Choose Markers"; onClicked: sheet.choose(true) }
         }
         Row {

@@ -3,6 +3,7 @@ import QtQuick
 // Choosing files or a folder within the window.
 Item {
     id: picker
+    objectName: "filePicker"
 
     property string wanted: "movies"
     property var chosen: []

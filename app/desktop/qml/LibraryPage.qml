@@ -79,6 +79,7 @@ Rectangle {
                 anchors.fill: parent
                 drag.target: item.kind === "leftOut" ? null : ghost
                 drag.threshold: 6
+                drag.smoothed: false
                 onPressed: (mouse) => { list.currentIndex = item.index; list.forceActiveFocus(); const at = mapToItem(ghost.parent, mouse.x, mouse.y); ghost.x = at.x + 4; ghost.y = at.y + 4 }
                 onReleased: if (drag.active) ghost.Drag.drop()
                 onDoubleClicked: library.add(item.index)

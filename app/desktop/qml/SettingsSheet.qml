@@ -52,11 +52,12 @@ Sheet {
                 visible: sheet.pane === 1
                 width: parent.width
                 spacing: Theme.gap
+                Field { width: parent.width; name: "Search the keys"; glyph: "search"; placeholderText: "Search commands and keys"; onTextEdited: settingsSheet.search = text; Keys.onDownPressed: list.forceActiveFocus(); Component.onDestruction: settingsSheet.search = "" }
                 Words { width: parent.width; color: sheet.waiting ? Theme.accent : Theme.text3; text: sheet.waiting ? "Press the key that it shall have, or Esc" : settingsSheet.moved || "Click a command, or press Enter on it, then press its key"
                         Accessible.role: Accessible.AlertMessage; Accessible.name: text }
                 Rectangle {
                     width: parent.width
-                    height: 320
+                    height: 282
                     radius: Theme.radius
                     color: Theme.canvas
                     border.color: list.activeFocus ? Theme.accent : Theme.line

@@ -142,9 +142,14 @@ QVariantList SettingsSheet::keys() const {
     const auto names = rawTexts(Command{});
     for (std::size_t at = 0; at < names.size(); ++at) {
         const auto command = static_cast<Command>(at);
+        const auto key = shownKey(Keys::standard().key(command));
+        const auto wanted = search.trimmed();
+        if (!titleOf(command).contains(wanted, Qt::CaseInsensitive) &&
+            key.compare(wanted, Qt::CaseInsensitive) != 0)
+            continue;
         list.append(QVariantMap{{"command", QString::fromStdString(std::string(names[at]))},
                                 {"title", titleOf(command)},
-                                {"key", shownKey(Keys::standard().key(command))}});
+                                {"key", key}});
     }
     return list;
 }

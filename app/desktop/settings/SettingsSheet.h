@@ -10,6 +10,7 @@ namespace murbo {
 class SettingsSheet : public QObject {
     Q_OBJECT
     Q_PROPERTY(QVariantList keys READ keys NOTIFY changed)
+    Q_PROPERTY(QString search MEMBER search NOTIFY changed)
     Q_PROPERTY(QString moved READ moved NOTIFY changed)
     Q_PROPERTY(QString languageName READ languageName NOTIFY changed)
     Q_PROPERTY(QVariantList fonts READ fonts NOTIFY changed)
@@ -32,7 +33,7 @@ public:
     QString languageName() const; ///< of the language set, in words
     QVariantList fonts() const;   ///< of captions, in their order: family, installed
 
-    QVariantList keys() const; ///< command, title, key
+    QVariantList keys() const; ///< command, title, key: those whose title or key holds what is searched
     /// Gives a command a key as it was typed; what had it takes the command's own. False where it is no key
     /// that a command can have.
     Q_INVOKABLE bool bind(const QString& command, const QString& typed);
@@ -49,6 +50,7 @@ private:
     bool keep(Change change);
 
     QString words;
+    QString search;
     QString fault;
 };
 
