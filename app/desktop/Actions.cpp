@@ -71,6 +71,7 @@ std::vector<Action> made() {
         key(Command::clipMark, "Clip"),
         key(Command::bookmark, "Clip"),
         verb("showInFolder", "Clip", "Show Footage in Folder"),
+        verb("transcript.note", "Clip", "Add Note…"),
 
         verb("renameVideo", "Video", "Rename Video…"),
         verb("duplicateVideo", "Video", "Duplicate Video", "Ctrl+D"),
@@ -84,6 +85,12 @@ std::vector<Action> made() {
         key(Command::cutContent, "Look"),
         key(Command::cutFace, "Look"),
         key(Command::punch, "Look"),
+        verb("caption.edit", "Look", "Edit Caption"),
+        verb("caption.break", "Look", "Break Caption…"),
+        verb("caption.join", "Look", "Join Caption"),
+        verb("caption.big", "Look", "Big Caption"),
+        verb("caption.hide", "Look", "Hide Caption"),
+        verb("caption.resetTiming", "Look", "Reset Caption Timing"),
 
         key(Command::play, "View"),
         key(Command::backward, "View"),
@@ -100,10 +107,13 @@ std::vector<Action> made() {
         verb("zoomFit", "View", "Fit the Timeline", "Shift+Z"),
         verb("inspector", "View", "Show or Hide the Inspector", "Ctrl+Alt+I"),
         verb("tab.inspector", "View", "Inspector", "Ctrl+1"),
+        verb("tab.transcript", "View", "Transcript", "Ctrl+2"),
+        verb("tab.captions", "View", "Captions", "Ctrl+3"),
         verb("tall", "View", "Tall Viewer"),
         verb("nextRegion", "View", "Next Region", "F6"),
         verb("previousRegion", "View", "Previous Region", "Shift+F6"),
         verb("search", "View", "Search the Browser", "Ctrl+F"),
+        verb("transcript.search", "View", "Search the Transcript", "Ctrl+Alt+F"),
     };
 }
 

@@ -5,11 +5,13 @@
 #include "app/desktop/RecentProjects.h"
 #include "app/desktop/documents/ProjectCards.h"
 #include "app/desktop/documents/ProjectName.h"
+#include "app/desktop/drawn/PictureView.h"
 #include "app/desktop/footage/RecordingStills.h"
 #include "app/desktop/libraries/BookView.h"
 #include "app/desktop/services/FolderView.h"
 #include "app/desktop/services/PlatformWords.h"
 #include "app/desktop/timeline/TimelineView.h"
+#include "app/desktop/transcript/TranscriptGutter.h"
 #include "app/desktop/viewer/FrameView.h"
 #include "app/desktop/viewer/StillView.h"
 #include "app/desktop/viewer/WaveStrip.h"
@@ -46,7 +48,10 @@ void Desktop::registerTypes() {
         qmlRegisterAnonymousType<FootageModel>("Murbo", 1);
         qmlRegisterAnonymousType<LibraryModel>("Murbo", 1);
         qmlRegisterType<TimelineView>("Murbo", 1, 0, "TimelineView");
+        qmlRegisterType<PictureView>("Murbo", 1, 0, "PictureView");
+        qmlRegisterType<TranscriptGutter>("Murbo", 1, 0, "TranscriptGutter");
         qmlRegisterAnonymousType<Editor>("Murbo", 1);
+        qmlRegisterAnonymousType<CaptionList>("Murbo", 1);
         qmlRegisterAnonymousType<Playback>("Murbo", 1);
         qmlRegisterAnonymousType<SidebarModel>("Murbo", 1);
         qmlRegisterAnonymousType<BrowserModel>("Murbo", 1);
@@ -58,6 +63,8 @@ void Desktop::registerTypes() {
 
 void Desktop::setUp() {
     QQuickStyle::setStyle("Basic");
+    // Other scripts in their own plain faces rather than in whichever the system finds first.
+    QFont::insertSubstitutions("Noto Sans", {"Noto Color Emoji", "Noto Sans Thai", "Noto Sans CJK JP"});
     QFont font("Noto Sans");
     font.setPixelSize(13);
     QGuiApplication::setFont(font);

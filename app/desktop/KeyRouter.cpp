@@ -55,7 +55,9 @@ bool KeyRouter::press(const QKeyEvent& event) {
     const bool held = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     if (project.takesAllKeys()) return event.key() == Qt::Key_Escape && project.escape();
     const auto* action = actionOf(event);
-    const bool toText = typing() && (!held || (action && action->textToo));
+    const auto* focus = window.activeFocusItem();
+    const bool ownUndo = focus && !focus->property("projectUndo").toBool();
+    const bool toText = typing() && (!held || (action && action->textToo && ownUndo));
     if (event.key() == Qt::Key_Escape) return project.escape();
     if (toText) return false;
     if (action) return project.perform(QString::fromStdString(action->id));
@@ -95,6 +97,9 @@ bool KeyRouter::pressBare(const QKeyEvent& event) {
     const auto name = Keys::name(typed(event).toStdString());
     const auto command = name ? Keys::standard().command(*name) : std::nullopt;
     if (!command) return false;
+    // Where words are selected, Delete is not for the timeline's picks.
+    const auto* focus = window.activeFocusItem();
+    if (command == Command::remove && focus && focus->property("takesDelete").toBool()) return false;
     if (command == Command::stop) stopHeld = true;
     if (stopHeld && (command == Command::backward || command == Command::forward))
         player.step(command == Command::backward ? -1 / player.frameRate() : 1 / player.frameRate());

@@ -69,6 +69,7 @@ void OpenProject::connectAll() {
 }
 
 void OpenProject::close() {
+    emit aboutToAct();
     editor().playback.pause();
     editor().source.pause();
     editor().work.cancelAll();

@@ -145,6 +145,8 @@ signals:
     /// Something is said to the owner; `undo` says that it can be taken back or given again.
     void toast(const QString& words, const QString& button);
     void beeped();
+    /// An action is about to be carried out, or the session to end: what is half typed becomes part of it.
+    void aboutToAct();
     /// A verb of the window, which its views carry out.
     void verb(const QString& name);
 

@@ -1,6 +1,7 @@
 #include "app/desktop/ActionSearch.h"
 #include "app/desktop/Actions.h"
 #include "app/desktop/OpenProject.h"
+#include "app/desktop/captions/CaptionEdits.h"
 #include "app/desktop/services/FolderView.h"
 #include "app/desktop/timeline/CommandRun.h"
 #include "app/editor/commands/CutCommands.h"
@@ -55,6 +56,7 @@ bool OpenProject::escape() {
 
 bool OpenProject::perform(const QString& id) {
     const auto* action = Actions::find(id.toStdString());
+    emit aboutToAct();
     if (!action || !possible(*action)) return false;
     if (!action->line.empty()) return CommandRun::run(editor(), action->line);
     if (!action->command) return performVerb(*action);
@@ -75,6 +77,10 @@ bool OpenProject::performVerb(const Action& action) {
         CutCommands::takeOutQuiet(session, *CutCommands::pickedCut(session));
     else if (id == "muteCuts")
         CutCommands::toggleMuteCuts(session, pickedCuts(session));
+    else if (id == "caption.break")
+        emit verb("tab.captions"); // its words stand there
+    else if (id.startsWith("caption.") && id != "caption.edit")
+        CaptionEdits::perform(session, action.id.substr(8));
     else if (id == "reject")
         FootageCommands::rate(session, FootageCommands::clipsActedOn(session), -1);
     else if (id == "duplicateVideo")
@@ -95,6 +101,8 @@ bool OpenProject::possible(const Action& action) const {
     if (id == "takeOutQuiet") return CutCommands::pickedCut(session).has_value();
     if (id == "sheet.findMissing") return !session.missing().empty();
     if (id == "showInFolder") return lookedThrough(session) != nullptr;
+    if (id.starts_with("caption.")) return CaptionEdits::possible(session, id.substr(8));
+    if (id == "transcript.note") return session.range() && session.heldSource();
     if (id == "muteCuts") return !pickedCuts(session).empty();
     if (id == "reject") return !FootageCommands::clipsActedOn(session).empty();
     const bool ofVideo = id == "sheet.export" || id == "trimStart" || id == "trimEnd" || id == "zoomFit";
@@ -120,6 +128,9 @@ QVariantList OpenProject::menu(const QString& name) const {
 QVariantList OpenProject::contextMenu(const QString& kind) const {
     static const std::map<QString, std::vector<const char*>> menus{
         {"block", {"split", "takeOutQuiet", "muteCuts", "copyPicks", "key.remove"}},
+        {"caption",
+         {"caption.edit", "caption.break", "caption.join", "caption.big", "caption.hide",
+          "caption.resetTiming", "tab.captions", "copyPicks"}},
         {"timeline", {"split", "zoomFit", "clear"}},
         {"clip",
          {"key.addToEnd", "key.insert", "newVideoFromSelection", "key.favourite", "reject", "key.clearRating",

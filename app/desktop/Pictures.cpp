@@ -52,6 +52,7 @@ void bringUp(const std::string& view, OpenProject& project) {
     if (view == "source" || view == "transcript") {
         if (!editor.project().clips.empty()) editor.holdClip(editor.project().clips.front().id);
         editor.setFocus(Viewer::source);
+        editor.setInspecting(Inspecting::browser);
     }
     if (view == "picture") pickFirst(editor, Pick::Kind::cut);
     if (view == "shot") pickFirst(editor, Pick::Kind::shot);

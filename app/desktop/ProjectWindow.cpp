@@ -23,6 +23,8 @@ ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_p
       library(open.editor(), sound),
       closing(open),
       inspectorPanel(open.editor()),
+      transcript(open.editor()),
+      captions(open.editor()),
       context(std::make_unique<QQmlContext>(&engine)) {
     context->setContextProperty("desktop", &desktop);
     context->setContextProperty("project", &open);
@@ -35,9 +37,15 @@ ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_p
     context->setContextProperty("settingsSheet", &settingsSheet);
     context->setContextProperty("library", &library);
     context->setContextProperty("closingQuestion", &closing);
+    context->setContextProperty("transcript", &transcript);
+    context->setContextProperty("captions", &captions);
     context->setContextProperty("folders", &folders);
     context->setContextProperty("planner", this);
     connect(&open, &OpenProject::verb, &inspectorPanel, &InspectorPanel::carryOut);
+    connect(&open, &OpenProject::verb, &transcript, &TranscriptPage::carryOut);
+    connect(&open, &OpenProject::aboutToAct, &transcript, &TranscriptPage::commit);
+    connect(&transcript, &TranscriptPage::tabWanted, &inspectorPanel,
+            [this] { inspectorPanel.carryOut("tab.transcript"); });
     QQmlComponent component(&engine, QUrl("qrc:/murbo/qml/ProjectWindow.qml"));
     auto* made = component.create(context.get());
     view.reset(qobject_cast<QQuickWindow*>(made));

@@ -4,6 +4,7 @@
 #include "app/desktop/ExportSheet.h"
 #include "app/desktop/OpenProject.h"
 #include "app/desktop/WindowPlan.h"
+#include "app/desktop/captions/CaptionsPage.h"
 #include "app/desktop/documents/CopySheet.h"
 #include "app/desktop/documents/HistorySheet.h"
 #include "app/desktop/footage/FootageSheet.h"
@@ -12,6 +13,7 @@
 #include "app/desktop/libraries/LibraryModel.h"
 #include "app/desktop/models/FolderModel.h"
 #include "app/desktop/settings/SettingsSheet.h"
+#include "app/desktop/transcript/TranscriptPage.h"
 
 #include <QObject>
 #include <memory>
@@ -34,6 +36,8 @@ public:
     ~ProjectWindow() override;
 
     OpenProject& project() { return open; }
+    TranscriptPage& transcriptPage() { return transcript; }
+    CaptionsPage& captionsPage() { return captions; }
     QQuickWindow& window() { return *view; }
     void raise();
 
@@ -62,6 +66,8 @@ private:
     SettingsSheet settingsSheet;
     LibraryModel library;
     ClosingQuestion closing;
+    TranscriptPage transcript;
+    CaptionsPage captions;
     FolderModel folders;
     std::unique_ptr<QQmlContext> context;
     std::unique_ptr<QQuickWindow> view;

@@ -75,3 +75,16 @@ TEST_F(Theme, blocksStandOutAndTheirNamesCanBeRead) {
     EXPECT_GE(contrast(block("picked"), block("cut.fill")), 3);
     EXPECT_GE(contrast(block("time"), block("ruler")), 4.5);
 }
+
+TEST_F(Theme, theTranscriptCanBeReadWhateverLiesBeneathIt) {
+    ASSERT_TRUE(theme);
+    const auto grounds = theme->property("transcript").toMap();
+    const auto ground = [&](const char* name) { return QColor(grounds.value(name).toString()); };
+    for (const auto* name : {"marked", "current", "found"}) {
+        EXPECT_GE(contrast(colour("text"), ground(name)), 4.5) << name;
+        EXPECT_GE(contrast(ground("tag"), ground(name)), 4.5) << name;
+    }
+    EXPECT_GE(contrast(colour("text"), ground("spoken")), 4.5);
+    EXPECT_GE(contrast(colour("text"), colour("selection")), 4.5);
+    EXPECT_GE(contrast(ground("used"), colour("panel")), 3);
+}

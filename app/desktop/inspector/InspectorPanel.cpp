@@ -21,6 +21,8 @@ struct PanelTab {
 };
 constexpr PanelTab panelTabs[] = {
     {InspectorTab::inspector, "Inspector", "InspectorTab.qml"},
+    {InspectorTab::transcript, "Transcript", "TranscriptTab.qml"},
+    {InspectorTab::captions, "Captions", "CaptionsTab.qml"},
 };
 
 QString idOf(InspectorTab tab) {

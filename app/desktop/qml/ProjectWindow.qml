@@ -41,7 +41,8 @@ Window {
         else if (name === "newProject" || name === "openProject") desktop.showStart()
         else if (name === "menus") topBar.openMenus()
         else if (name === "closeWindow") window.close()
-        else if (name === "escape" && !timeline.cancelDrag()) regions.home()
+        else if (name === "caption.edit") timeline.editCaption()
+        else if (name === "escape" && !transcript.giveBack() && !timeline.cancelDrag()) regions.home()
     }
 
     FocusScope {

@@ -10,6 +10,7 @@ QtObject {
     readonly property color hover: "#2A2D33"
     readonly property color pressed: "#363A42"
     readonly property color line: "#2A2D33"
+    readonly property color selection: "#2F5B87"
     readonly property color veil: "#8C000000"
 
     // what stands on them
@@ -43,6 +44,12 @@ QtObject {
         "sound.fill": "#1E5F5B", "sound.edge": "#4FB7AF", "sound.label": "#ECEDEF",
         "music.fill": "#2B5487", "music.edge": "#6FA6E8", "music.label": "#ECEDEF",
         "muted.fill": "#1C2B3D", "muted.edge": "#4A6687", "muted.label": "#ECEDEF"
+    })
+
+    // the transcript: what lies beneath and beside its words
+    readonly property var transcript: ({
+        "tag": "#9398A2", "rule": "#363A42", "used": "#6E93D6", "marked": "#332C17", "current": "#202226",
+        "found": "#1A2C44", "spoken": "#8C2F2A"
     })
 
     // type

@@ -9,7 +9,8 @@ FocusScope {
     readonly property int headerWidth: wideHeaders ? Theme.headers : 72
     function fit() { view.fit() }
     function zoomStep(into) { view.zoomStep(into) }
-    function cancelDrag() { return view.cancelDrag() }
+    function cancelDrag() { return editing.giveBack() || view.cancelDrag() }
+    function editCaption() { view.editPicked() }
     function takeFocus() { view.forceActiveFocus(Qt.TabFocusReason) }
 
     Connections { target: settingsSheet; function onChanged() { view.refresh() } }
@@ -109,8 +110,12 @@ FocusScope {
         Accessible.name: project.videoTag ? "Timeline of " + project.videoTag + ", " + project.videoWords : "Timeline"
         Component.onCompleted: setFootage(project.footage)
         onPlayheadChanged: if (project.player.rate !== 0) follow()
+        onEditAsked: (place, line, piece) => editing.start(place, line, piece)
+        Keys.onReturnPressed: editPicked()
+        onSpanChanged: editing.end(true)
         onMenuAsked: (x, y, kind) => { const at = mapToItem(null, x, y); context.openPoint(at.x, at.y, project.contextMenu(kind)) }
 
+        CaptionEditor { id: editing; onEnded: view.forceActiveFocus(Qt.OtherFocusReason) }
         Rectangle { visible: view.skimmerX >= 0; x: view.skimmerX; width: 1; height: parent.height; color: Theme.text }
         Rectangle { visible: view.dropX >= 0; x: view.dropX - 1; y: 22; width: 3; height: parent.height; color: Theme.picked }
         Rectangle { visible: view.snapX >= 0; x: view.snapX; y: 22; width: 1; height: parent.height; color: Theme.accent }

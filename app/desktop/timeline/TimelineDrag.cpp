@@ -21,11 +21,15 @@ constexpr double noTime = 1e-9;
 bool hasEdges(const TimelineBlock& block) {
     const auto kind = block.pick.kind;
     return kind == Pick::Kind::cut || kind == Pick::Kind::overlay || kind == Pick::Kind::sound ||
-           kind == Pick::Kind::music;
+           kind == Pick::Kind::music || kind == Pick::Kind::caption;
+}
+
+bool isCaption(const TimelineBlock& block) {
+    return block.pick.kind == Pick::Kind::caption;
 }
 
 bool isMovable(const TimelineBlock& block) {
-    return hasEdges(block) || block.pick.kind == Pick::Kind::shot;
+    return (hasEdges(block) && !isCaption(block)) || block.pick.kind == Pick::Kind::shot;
 }
 
 /// The line that puts a block at a time and, where it has one, gives it a length.
@@ -102,6 +106,7 @@ void TimelineDrag::press(const TimelineLayout& layout, const TimelineSpan& span,
         return editor.playback.seek(time);
     }
     held = *block;
+    if (isCaption(*block)) captionEdge.begin(*block, now == Grip::start);
     const bool again = TimelinePicks::isPicked(editor, block->pick) && !keys.shift && !keys.command;
     if (!again) TimelinePicks::click(editor, block->pick, keys);
     if (now != Grip::start && now != Grip::end) editor.playback.seek(time);
@@ -131,6 +136,8 @@ double TimelineDrag::move(const TimelineLayout& layout, const TimelineSpan& span
         case Grip::slip:
             if (held->pick.kind == Pick::Kind::cut)
                 dragEdge(time, span.scale, keys);
+            else if (isCaption(*held))
+                dragCaption(time, span.scale, keys);
             else
                 dragBlock(time, span.scale, keys);
             break;
@@ -184,6 +191,15 @@ void TimelineDrag::dragBlock(double time, double scale, const Modifiers& keys) {
     if (const auto line = placing(*held, std::max(from, 0.0), length)) CommandRun::run(editor, *line);
 }
 
+/// The edge goes with the pointer from where it was taken.
+void TimelineDrag::dragCaption(double time, double scale, const Modifiers& keys) {
+    const double edge = now == Grip::start ? held->from : held->to;
+    const double wanted = edge + time - pressedTime;
+    const double to = TimelinePicks::snapped(editor, wanted, scale, {}, held->pick.id, keys);
+    if (std::abs(to - wanted) > noTime) snap = to;
+    captionEdge.move(to);
+}
+
 void TimelineDrag::dragBand(const TimelineLayout& layout, double time, double y) {
     bandTo = time;
     bandBottom = y;
@@ -218,6 +234,7 @@ void TimelineDrag::release() {
     if (!block || !moved) return;
     if (was == Grip::cut && place)
         return CutCommands::move(editor, block->pick.id, static_cast<std::int64_t>(*place));
+    if (isCaption(*block)) return captionEdge.end();
     if (block->pick.kind != Pick::Kind::cut) {
         editor.closeDrag(stepName(*block, was));
         return;

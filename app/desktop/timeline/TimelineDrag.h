@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/desktop/timeline/CaptionDrag.h"
 #include "app/desktop/timeline/TimelineLayout.h"
 #include "app/desktop/timeline/TimelineScene.h"
 #include "app/editor/commands/TimelinePicks.h"
@@ -25,7 +26,7 @@ public:
     };
     using Modifiers = TimelinePicks::Modifiers;
 
-    explicit TimelineDrag(Editor& session) : editor(session) {}
+    explicit TimelineDrag(Editor& session) : editor(session), captionEdge(session) {}
 
     /// What a press at a point would take hold of.
     Grip grip(const TimelineLayout& layout, const TimelineSpan& span, Pointer at) const;
@@ -56,9 +57,11 @@ private:
     void dragCut(const TimelineLayout& layout, double time);
     void dragEdge(double time, double scale, const Modifiers& held);
     void dragBlock(double time, double scale, const Modifiers& held);
+    void dragCaption(double time, double scale, const Modifiers& held);
     void dragBand(const TimelineLayout& layout, double time, double y);
 
     Editor& editor;
+    CaptionDrag captionEdge;
     Grip now = Grip::none;
     std::optional<TimelineBlock> held;
     Pointer pressed;

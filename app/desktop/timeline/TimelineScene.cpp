@@ -35,6 +35,9 @@ public:
         else
             label(block, place, paint);
         list.fill({place.left(), place.top(), place.width(), 1}, paint.edge);
+        // The pieces of one line stand on one line.
+        if (block.row == TimelineRow::captions && block.pick.piece)
+            list.fill({place.left(), place.bottom() - 2, place.width() + 1, 2}, paint.edge);
         if (block.missing) list.frame(place, 1, colours.notice);
         if (picked) list.frame(place, pickedFrame, colours.picked);
         if (main) list.fill({place.left() + 4, place.top() + 4, 4, 4}, colours.picked);

@@ -258,7 +258,11 @@ void TimelineView::mousePressEvent(QMouseEvent* event) {
         if (block && block->pickable && !TimelinePicks::isPicked(*session, block->pick))
             TimelinePicks::click(*session, block->pick, {});
         session->setInspecting(Inspecting::timeline);
-        emit menuAsked(event->position().x(), event->position().y(), block ? "block" : "timeline");
+        const bool caption = block && block->pick.kind == Pick::Kind::caption;
+        emit menuAsked(event->position().x(), event->position().y(),
+                       caption ? "caption"
+                       : block ? "block"
+                               : "timeline");
         return;
     }
     if (session->playback.skimmed()) session->playback.endScrub();
@@ -283,6 +287,24 @@ void TimelineView::mouseReleaseEvent(QMouseEvent*) {
 
 void TimelineView::mouseUngrabEvent() {
     if (drag && drag->active()) cancelDrag();
+}
+
+void TimelineView::mouseDoubleClickEvent(QMouseEvent* event) {
+    const auto at = point(event->position());
+    const auto* block = session ? layout.hit(span.time(at.x), at.y, 3 / span.scale) : nullptr;
+    if (block && block->pick.kind == Pick::Kind::caption && event->button() == Qt::LeftButton) editPicked();
+}
+
+void TimelineView::editPicked() {
+    const auto pick = session ? session->picked() : std::nullopt;
+    const auto* block = pick && pick->kind == Pick::Kind::caption ? layout.find(*pick) : nullptr;
+    if (!block) return;
+    cancelDrag();
+    if (block->to < span.from || block->from > span.to()) setScroll(block->from - width() / span.scale / 10);
+    const QRectF place(span.x(block->from), layout.top(*block) - above, block->length() * span.scale,
+                       layout.blockHeight(*block));
+    emit editAsked(place, QString::fromStdString(pick->id.text()),
+                   static_cast<int>(pick->piece.value_or(-1)));
 }
 
 bool TimelineView::cancelDrag() {

@@ -68,6 +68,8 @@ public:
     Q_INVOKABLE bool cancelDrag();
     /// The time of the video that is drawn there, in seconds.
     Q_INVOKABLE double timeAt(double x) const;
+    /// Has the picked caption's words edited where it lies.
+    Q_INVOKABLE void editPicked();
 
 signals:
     void editorChanged();
@@ -77,6 +79,8 @@ signals:
     void playheadChanged();
     void dragChanged();
     void menuAsked(double x, double y, const QString& kind);
+    /// A caption's words are to be edited in its place.
+    void editAsked(const QRectF& place, const QString& line, int piece);
 
 protected:
     DrawList drawList() override;
@@ -85,6 +89,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseUngrabEvent() override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void hoverMoveEvent(QHoverEvent* event) override;
     void hoverLeaveEvent(QHoverEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;

@@ -1,0 +1,36 @@
+import QtQuick
+import QtQuick.Templates as T
+import Murbo 1.0
+
+// A caption style to choose, drawn on the video's own words.
+T.AbstractButton {
+    id: card
+
+    property string name
+    property alias picture: view.picture
+    property bool chosen: false
+
+    focusPolicy: Qt.TabFocus
+    hoverEnabled: true
+    text: name
+    Accessible.role: Accessible.RadioButton
+    Accessible.name: name
+    Accessible.checked: chosen
+    Accessible.onPressAction: card.clicked()
+    Keys.onReturnPressed: card.clicked()
+    Keys.onEnterPressed: card.clicked()
+
+    contentItem: Item {
+        Rectangle { anchors.fill: parent; anchors.margins: Theme.ring; anchors.bottomMargin: label.height; color: Theme.canvas }
+        PictureView { id: view; anchors.fill: parent; anchors.margins: Theme.ring; anchors.bottomMargin: label.height }
+        Words { id: label; anchors.bottom: parent.bottom; x: Theme.gap; width: parent.width - 2 * Theme.gap; height: Theme.tool; text: card.name; font.pixelSize: 12
+                color: card.chosen ? Theme.text : Theme.text2; font.weight: card.chosen ? Font.DemiBold : Font.Normal }
+    }
+    background: Rectangle {
+        radius: Theme.small
+        color: card.hovered ? Theme.hover : Theme.raised
+        border.width: card.chosen ? Theme.ring : 1
+        border.color: card.chosen ? Theme.accent : Theme.line
+        Ring { around: card }
+    }
+}

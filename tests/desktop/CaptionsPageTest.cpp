@@ -1,0 +1,148 @@
+#include "app/desktop/ProjectWindow.h"
+#include "app/desktop/captions/CaptionsPage.h"
+#include "app/desktop/timeline/TimelineView.h"
+#include "core/playbooks/Library.h"
+#include "tests/desktop/SpokenWindow.h"
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+struct CaptionsWindow : SpokenWindow {
+    CaptionsWindow() { show(InspectorTab::captions); }
+    CaptionsPage& page() { return opened->captionsPage(); }
+    CaptionList& list() { return *page().list(); }
+    void press(QQuickItem* item, Qt::MouseButton button = Qt::LeftButton) {
+        ASSERT_TRUE(item);
+        const auto at = item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
+        QTest::mouseClick(&window(), button, {}, at);
+        settle(20);
+    }
+    /// Where a caption's block lies on the timeline.
+    QPointF block(std::size_t line) {
+        auto* view = item<TimelineView>();
+        for (const auto& one : view->shown().blocks)
+            if (one.row == TimelineRow::captions && one.label == said(line))
+                return view->mapToScene(
+                    {view->shownSpan().x((one.from + one.to) / 2), view->shown().top(one) + 8});
+        return {};
+    }
+};
+
+}
+
+TEST(CaptionsPage, aPresetIsChosenByItsCardDrawnOnTheVideosOwnWords) {
+    MURBO_NEEDS_FFMPEG();
+    CaptionsWindow shown;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !shown.page().pictures().picture("pop").isNull(); }, 20000));
+    const auto pop = shown.page().pictures().picture("pop");
+    const auto boxed = shown.page().pictures().picture("boxed");
+    ASSERT_EQ(pop.size(), boxed.size());
+    EXPECT_NE(pop, boxed);
+    shown.press(shown.named("Boxed"));
+    EXPECT_EQ(shown.editor().video()->look->captions.style->base, "boxed");
+    EXPECT_EQ(shown.step(), "Change Caption Style");
+    shown.key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Complaints::list(), "");
+}
+
+TEST(CaptionsPage, aStyleIsChangedForTheVideoOrTheProjectAndSavedForOthers) {
+    MURBO_NEEDS_FFMPEG();
+    CaptionsWindow shown;
+    auto& page = shown.page();
+    page.set("fill", "FF0000");
+    EXPECT_EQ(shown.editor().video()->look->captions.style->fill, "FF0000");
+    page.setOfProject(true);
+    page.set("upper", true);
+    EXPECT_EQ(shown.editor().project().captionStyle->upper, true);
+    page.setOfProject(false);
+    page.reset("fill");
+    EXPECT_FALSE(shown.editor().video()->look->captions.style &&
+                 shown.editor().video()->look->captions.style->fill);
+    // A slide is one step, however many pieces it has.
+    const auto steps = shown.editor().history().past().size();
+    for (int size = 60; size < 90; ++size) page.settle("size", size);
+    EXPECT_EQ(shown.step(), "Change Caption Style");
+    shown.settle(Editor::settlingTime + 200);
+    EXPECT_EQ(shown.editor().history().past().size(), steps + 1);
+    EXPECT_TRUE(page.savePreset("My Own"));
+    ASSERT_EQ(Library::styles().size(), 1);
+    EXPECT_EQ(Library::styles()[0].size, 89);
+    EXPECT_EQ(page.presets()->rowCount(), 6);
+    EXPECT_FALSE(page.savePreset("   "));
+}
+
+TEST(CaptionsPage, theListPicksEditsAndHidesAndTheTimelineFollows) {
+    MURBO_NEEDS_FFMPEG();
+    CaptionsWindow shown;
+    ASSERT_EQ(shown.list().rowCount(), 4);
+    shown.list().pick(1);
+    shown.settle();
+    EXPECT_EQ(shown.editor().picked()->kind, Pick::Kind::caption);
+    EXPECT_NEAR(shown.editor().playback.time(), 1.6, 0.4);
+    EXPECT_EQ(shown.list().pickedRow(), 1);
+    EXPECT_GT(shown.list().pickedWords().size(), 2) << "Thai words, found without blanks";
+    shown.list().toggleHidden(1);
+    EXPECT_EQ(shown.step(), "Hide Caption");
+    EXPECT_TRUE(shown.list().rows()[1].hidden);
+    shown.list().toggleBreak(2);
+    EXPECT_EQ(shown.list().rowCount(), 5);
+    EXPECT_TRUE(shown.list().canJoin());
+    shown.list().join();
+    EXPECT_EQ(shown.list().rowCount(), 4);
+    shown.list().retext(0, "okay we have\ntwo hearts");
+    EXPECT_EQ(shown.said(0), "okay we have two hearts");
+    shown.list().pick(99);
+    shown.list().retext(-1, "x");
+    EXPECT_EQ(Complaints::list(), "");
+}
+
+TEST(CaptionsPage, aCaptionIsEditedWhereItLiesOnTheTimeline) {
+    MURBO_NEEDS_FFMPEG();
+    CaptionsWindow shown;
+    const auto place = shown.block(3).toPoint();
+    ASSERT_FALSE(place.isNull());
+    QTest::mouseClick(&shown.window(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(&shown.window(), Qt::LeftButton, {}, place);
+    shown.settle();
+    auto* field = shown.named("Words of the caption");
+    ASSERT_TRUE(field);
+    ASSERT_TRUE(field->hasActiveFocus());
+    shown.key(Qt::Key_End);
+    shown.compose("ก", "ก็");
+    shown.key(Qt::Key_Return);
+    EXPECT_EQ(shown.said(3), "no no 🙂 the floorก็");
+    EXPECT_FALSE(shown.named("Words of the caption"));
+    // By key again, given back, then broken at the caret.
+    shown.key(Qt::Key_Return);
+    ASSERT_TRUE(shown.named("Words of the caption"));
+    for (const char letter : {'g', 'o', 'n', 'e'}) QTest::keyClick(&shown.window(), letter);
+    shown.key(Qt::Key_Escape);
+    EXPECT_EQ(shown.said(3), "no no 🙂 the floorก็");
+    shown.key(Qt::Key_Return);
+    shown.key(Qt::Key_Home);
+    for (int step = 0; step < 5; ++step) shown.key(Qt::Key_Right);
+    shown.key(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(shown.step(), "Break Caption");
+    EXPECT_EQ(shown.list().rowCount(), 5);
+    EXPECT_EQ(Complaints::list(), "");
+}
+
+TEST(CaptionsPage, theContextMenuActsOnThePickedCaption) {
+    MURBO_NEEDS_FFMPEG();
+    CaptionsWindow shown;
+    const auto place = shown.block(0).toPoint();
+    QTest::mouseClick(&shown.window(), Qt::RightButton, {}, place);
+    shown.settle();
+    EXPECT_TRUE(shown.named("Break Caption…"));
+    EXPECT_TRUE(shown.project().perform("caption.big"));
+    EXPECT_EQ(shown.step(), "Big Caption");
+    EXPECT_FALSE(shown.project().perform("caption.join")) << "it is not broken";
+    EXPECT_TRUE(shown.project().perform("caption.hide"));
+    EXPECT_EQ(shown.step(), "Hide Caption");
+    shown.page().setOn(false);
+    EXPECT_FALSE(shown.editor().video()->look->captions.on);
+    EXPECT_EQ(Complaints::list(), "");
+}
