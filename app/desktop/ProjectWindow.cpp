@@ -2,6 +2,9 @@
 
 #include "app/desktop/ExportWatch.h"
 #include "app/desktop/KeyRouter.h"
+#include "app/desktop/footage/DroppedFiles.h"
+#include "app/editor/commands/OverlayCommands.h"
+#include "app/editor/commands/SoundCommands.h"
 #include "platform/base/Problem.h"
 
 #include <QCloseEvent>
@@ -79,7 +82,16 @@ bool ProjectWindow::eventFilter(QObject*, QEvent* event) {
     return false;
 }
 
-void ProjectWindow::takeFootage(const QStringList& paths) {
+void ProjectWindow::takeFootage(const QStringList& given) {
+    auto paths = given;
+    // With a sheet open all is for that sheet: it says of what it can't take why.
+    if (open.sheet() != "addFiles" && open.sheet() != "addStream") {
+        const auto files = DroppedFiles::sorted(given);
+        for (const auto& file : files.pictures) OverlayCommands::addMedia(open.editor(), file.toStdString());
+        for (const auto& file : files.sounds)
+            SoundCommands::addSound(open.editor(), file.toStdString(), "", false, std::nullopt);
+        paths = files.footage;
+    }
     if (paths.isEmpty()) return;
     const bool stream =
         open.sheet() == "addStream" || (open.sheet() != "addFiles" && StreamSheet::isStream(paths));

@@ -41,8 +41,8 @@ public:
     QQuickWindow& window() { return *view; }
     void raise();
 
-    /// Takes footage that was handed over into the sheet that is open for it, else into the one that it is
-    /// for.
+    /// Takes files that were handed over: footage into the sheet that is open for it, else into the one that
+    /// it is for; pictures and sounds into the video, at the playhead.
     Q_INVOKABLE void takeFootage(const QStringList& paths);
 
     /// Where the regions lie in a window of that size.

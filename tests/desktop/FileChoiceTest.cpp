@@ -1,11 +1,10 @@
 #include "app/desktop/services/FileChoice.h"
+#include "tests/desktop/PrivateBus.h"
 
 #include <QDBusContext>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
-#include <QProcess>
 #include <QSignalSpy>
-#include <QStandardPaths>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -13,28 +12,6 @@
 using namespace murbo;
 
 namespace {
-
-/// A bus of the test's own; `address` is empty where there is no program for one.
-class PrivateBus {
-public:
-    PrivateBus() {
-        if (QStandardPaths::findExecutable("dbus-daemon").isEmpty()) return;
-        daemon.start("dbus-daemon", {"--session", "--nofork", "--print-address"});
-        if (daemon.waitForReadyRead(5000)) address = QString::fromUtf8(daemon.readLine()).trimmed();
-    }
-    ~PrivateBus() {
-        daemon.terminate();
-        daemon.waitForFinished(2000);
-    }
-    QDBusConnection connect(const QString& name) const {
-        return QDBusConnection::connectToBus(address, name);
-    }
-
-    QString address;
-
-private:
-    QProcess daemon;
-};
 
 /// Answers every choice with the same files.
 class FakePortal : public QObject, protected QDBusContext {

@@ -66,12 +66,17 @@ TEST(LibraryModel, soundsAreListedByFolderAndHeard) {
     const int boom = WindowOfLibrary::row(model, "boom");
     ASSERT_GE(boom, 0);
     EXPECT_EQ(model.rows()[static_cast<std::size_t>(boom)].group, "Booms");
-    EXPECT_EQ(model.rows()[static_cast<std::size_t>(boom)].length, "0:00.40");
+    const auto lengthOf = [&](int row) { return model.rows()[static_cast<std::size_t>(row)].length; };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return lengthOf(boom) == "0:00.40"; }, 5000));
     model.play(WindowOfLibrary::row(model, "broken"));
     EXPECT_EQ(model.playing(), "");
     model.play(boom);
     EXPECT_NE(model.playing(), "");
     EXPECT_TRUE(QTest::qWaitFor([&] { return model.playing().isEmpty(); }, 3000)) << "to its end";
+    model.play(boom);
+    shown.editor().playback.playPause();
+    EXPECT_EQ(model.playing(), "") << "gives way to the viewers";
+    shown.editor().playback.pause();
     EXPECT_TRUE(model.add(boom));
     ASSERT_EQ(shown.look().sounds.size(), 1U);
     EXPECT_EQ(shown.look().sounds[0].from, "Booms");

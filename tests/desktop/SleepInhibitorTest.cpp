@@ -1,13 +1,65 @@
 #include "app/desktop/services/FileChoice.h"
 #include "app/desktop/services/Notice.h"
 #include "app/desktop/services/SleepInhibitor.h"
+#include "tests/desktop/PrivateBus.h"
 
+#include <QDBusObjectPath>
 #include <QSignalSpy>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
 using namespace murbo;
+
+namespace {
+
+/// Grants what is asked for, and notes when it is given back.
+class FakeInhibit : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Inhibit")
+
+public:
+    uint flags = 0;
+    QString reason;
+
+    Q_SLOT QDBusObjectPath Inhibit(const QString&, uint given, const QVariantMap& options) {
+        flags = given;
+        reason = options["reason"].toString();
+        return QDBusObjectPath("/request/1");
+    }
+};
+
+class FakeRequest : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Request")
+
+public:
+    int closed = 0;
+    Q_SLOT void Close() { ++closed; }
+};
+
+}
+
+TEST(SleepInhibitor, asksThePortalAndGivesBackWhatItHeld) {
+    const PrivateBus bus;
+    if (bus.address.isEmpty()) GTEST_SKIP() << "there is no dbus-daemon";
+    auto side = bus.connect("portal of sleep");
+    FakeInhibit portal;
+    FakeRequest request;
+    ASSERT_TRUE(side.registerService("org.freedesktop.portal.Desktop"));
+    ASSERT_TRUE(
+        side.registerObject("/org/freedesktop/portal/desktop", &portal, QDBusConnection::ExportAllSlots));
+    ASSERT_TRUE(side.registerObject("/request/1", &request, QDBusConnection::ExportAllSlots));
+    SleepInhibitor awake(bus.connect("window of sleep"));
+    awake.hold("Exporting Falls");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !portal.reason.isEmpty(); }, 5000));
+    EXPECT_EQ(portal.reason, "Exporting Falls");
+    EXPECT_EQ(portal.flags, 4U) << "not to be suspended, and nothing else";
+    QTest::qWait(100);
+    EXPECT_EQ(request.closed, 0);
+    awake.release();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return request.closed == 1; }, 5000));
+}
 
 TEST(SleepInhibitor, withoutABusEverythingSaysNoAndNothingBreaks) {
     FileChoice choice; // the tests have no bus of a session
@@ -22,3 +74,5 @@ TEST(SleepInhibitor, withoutABusEverythingSaysNoAndNothingBreaks) {
     EXPECT_FALSE(awake.isHeld());
     Notice::show("Murbo", "Exported");
 }
+
+#include "SleepInhibitorTest.moc"

@@ -7,8 +7,13 @@
 namespace murbo {
 namespace {
 
+/// The steps that a model has made.
+constexpr std::string_view models[] = {"Find Ideas", "Revise Cuts", "Look by AI", "Sound by AI"};
+
 QVariantMap row(const std::string& name, bool undone) {
-    return {{"name", QString::fromStdString(name)}, {"undone", undone}};
+    return {{"name", QString::fromStdString(name)},
+            {"undone", undone},
+            {"byModel", std::ranges::find(models, name) != std::end(models)}};
 }
 
 }

@@ -16,7 +16,7 @@ class HistorySheet : public QObject {
 public:
     explicit HistorySheet(Editor& editor, QObject* parent = nullptr);
 
-    /// name, undone; the oldest first, before it how the project stood then.
+    /// name, undone, byModel; the oldest first, before it how the project stood then.
     QVariantList steps() const;
     int now() const; ///< the row of the step that was made last
     /// Undoes or redoes until that step is the last that was made.

@@ -32,10 +32,15 @@ LibraryModel::LibraryModel(Editor& session, SoundPlayer::MakeOutput output, QObj
     : Rows(parent), editor(session), bookPictures(session), preview(std::move(output)) {
     connect(&editor, &Editor::sidebarChanged, this, &LibraryModel::turnPage);
     connect(&preview, &SoundPreview::changed, this, &LibraryModel::playingChanged);
+    for (auto* viewer : {&editor.playback, &editor.source})
+        connect(viewer, &Playback::rateChanged, &preview, [this, viewer] {
+            if (viewer->rate() != 0) preview.stop();
+        });
     turnPage();
 }
 
 LibraryModel::~LibraryModel() {
+    stopping.request_stop();
     background.finish();
 }
 
@@ -71,6 +76,7 @@ void LibraryModel::setWords(const QString& words) {
 
 void LibraryModel::turnPage() {
     preview.stop();
+    stopping.request_stop();
     all.clear();
     search.clear();
     assign({});
@@ -93,6 +99,20 @@ void LibraryModel::reload() {
     background.start(work, [this, rows, mine = ++turn] {
         if (mine != turn) return;
         reading = false;
+        all = std::move(*rows);
+        show();
+        if (ofSounds()) measure();
+    });
+}
+
+/// How long the sounds are takes opening them all: they are listed before that.
+void LibraryModel::measure() {
+    stopping.request_stop();
+    stopping = {};
+    auto rows = std::make_shared<std::vector<LibraryRow>>(all);
+    const auto work = [rows, stop = stopping.get_token()] { LibraryRows::measure(*rows, stop); };
+    background.start(work, [this, rows, mine = turn] {
+        if (mine != turn) return;
         all = std::move(*rows);
         show();
     });

@@ -6,6 +6,8 @@
 #include "app/desktop/models/Rows.h"
 #include "app/editor/Background.h"
 
+#include <stop_token>
+
 namespace murbo {
 
 /// The page of the library that the sidebar has picked: what it lists, how that looks and sounds, and how it
@@ -53,6 +55,7 @@ signals:
 private:
     void turnPage();
     void show();
+    void measure();
     bool put(int row, std::optional<double> time);
 
     Editor& editor;
@@ -62,6 +65,7 @@ private:
     QString search;
     int turn = 0;
     bool reading = false;
+    std::stop_source stopping; ///< of what is measured
     Background background;
 };
 

@@ -9,8 +9,6 @@
 namespace murbo::LibraryRows {
 namespace {
 
-constexpr std::size_t maxMeasured = 2000; ///< sounds: the length of more is not looked up
-
 QString text(const std::string& given) {
     return QString::fromStdString(Text::repaired(given));
 }
@@ -62,9 +60,6 @@ std::vector<LibraryRow> sounds(const std::filesystem::path& from) {
         row.name = text(file.stem().string());
         row.file = file;
         row.folder = folder;
-        const auto length = rows.size() < maxMeasured ? SoundMix::lengthOf(file) : std::nullopt;
-        if (length) row.length = QString::fromStdString(Timecode::fine(*length));
-        if (!length && rows.size() < maxMeasured) row.about = "can't be read";
         rows.push_back(std::move(row));
     }
     return rows;
@@ -89,6 +84,18 @@ std::vector<LibraryRow> of(Collection collection) {
     if (!isLibrary(collection)) return {};
     const bool audio = collection == Collection::sounds || collection == Collection::music;
     return audio ? sounds(folder(collection)) : books(collection);
+}
+
+void measure(std::vector<LibraryRow>& rows, const std::stop_token& stop) {
+    for (auto& row : rows) {
+        if (stop.stop_requested()) return;
+        if (row.kind != LibraryRow::Kind::sound) continue;
+        const auto length = SoundMix::lengthOf(row.file);
+        if (length)
+            row.length = QString::fromStdString(Timecode::fine(*length));
+        else
+            row.about = "can't be read";
+    }
 }
 
 std::filesystem::path folder(Collection collection) {

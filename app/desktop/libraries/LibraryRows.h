@@ -3,6 +3,7 @@
 #include "app/desktop/libraries/LibraryRow.h"
 #include "app/editor/Collection.h"
 
+#include <stop_token>
 #include <vector>
 
 namespace murbo {
@@ -16,6 +17,9 @@ bool isLibrary(Collection collection);
 /// The playbooks of a kind or the sounds, in the library's order; after the playbooks the folders that are
 /// none, with the reason.
 std::vector<LibraryRow> of(Collection collection);
+
+/// Fills in how long the sounds among rows are, and which can't be read.
+void measure(std::vector<LibraryRow>& rows, const std::stop_token& stop);
 
 /// The folder that a page's things lie in.
 std::filesystem::path folder(Collection collection);

@@ -1,5 +1,7 @@
 #include "app/desktop/libraries/SoundPreview.h"
 
+#include "app/editor/playback/PreviewVolume.h"
+
 namespace murbo {
 namespace {
 
@@ -10,6 +12,9 @@ constexpr double millisecondsASecond = 1000;
 SoundPreview::SoundPreview(SoundPlayer::MakeOutput output, QObject* parent)
     : QObject(parent), player(std::move(output)) {
     ending.setSingleShot(true);
+    const auto follow = [this] { player.setVolume(PreviewVolume::standard().volume()); };
+    connect(&PreviewVolume::standard(), &PreviewVolume::changed, this, follow);
+    follow();
     connect(&ending, &QTimer::timeout, this, &SoundPreview::stop);
 }
 

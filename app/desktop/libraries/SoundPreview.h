@@ -8,7 +8,8 @@
 
 namespace murbo {
 
-/// Plays one sound file after the other, for choosing among them. Main thread only.
+/// Plays one sound file after the other, for choosing among them, as loud as the viewers.
+/// Main thread only.
 class SoundPreview : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString playing READ playing NOTIFY changed)

@@ -45,11 +45,11 @@ Sheet {
                     radius: Theme.small
                     color: isNow ? Theme.pressed : touch.containsMouse || list.activeFocus && list.currentIndex === index ? Theme.hover : "transparent"
                     Accessible.role: Accessible.ListItem
-                    Accessible.name: modelData.name + (isNow ? ", as it is now" : modelData.undone ? ", undone" : "")
+                    Accessible.name: modelData.name + (modelData.byModel ? ", by a model" : "") + (isNow ? ", as it is now" : modelData.undone ? ", undone" : "")
                     Accessible.onPressAction: list.go(index)
                     Icon { visible: line.isNow; x: Theme.gap; anchors.verticalCenter: parent.verticalCenter; name: "chevron-right"; tint: Theme.accent; side: 14 }
                     Words { x: 32; width: parent.width - 90; height: parent.height; text: line.modelData.name; font.italic: line.index === 0; color: line.modelData.undone ? Theme.text3 : line.index === 0 ? Theme.text2 : Theme.text }
-                    Words { anchors.right: parent.right; anchors.rightMargin: Theme.wide; height: parent.height; text: line.isNow ? "now" : line.modelData.undone ? "undone" : ""; color: Theme.text3; font.pixelSize: Theme.noteSize }
+                    Words { anchors.right: parent.right; anchors.rightMargin: Theme.wide; height: parent.height; text: [line.modelData.byModel ? "by a model" : "", line.isNow ? "now" : line.modelData.undone ? "undone" : ""].filter(one => one).join(" · "); color: Theme.text3; font.pixelSize: Theme.noteSize }
                     Rectangle { anchors.fill: parent; radius: Theme.small; color: "transparent"; border.width: Theme.ring; border.color: Theme.accent; visible: list.activeFocus && list.currentIndex === line.index }
                     MouseArea { id: touch; anchors.fill: parent; hoverEnabled: true; onClicked: list.go(line.index) }
                 }

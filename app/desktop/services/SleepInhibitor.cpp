@@ -1,11 +1,11 @@
 #include "app/desktop/services/SleepInhibitor.h"
 
-#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QVariantMap>
+#include <utility>
 
 namespace murbo {
 namespace {
@@ -16,10 +16,14 @@ constexpr int patience = 5000;
 
 }
 
+SleepInhibitor::SleepInhibitor(std::optional<QDBusConnection> given, QObject* parent)
+    : QObject(parent), bus(std::move(given)) {}
+
 void SleepInhibitor::hold(const QString& reason) {
     if (held) return;
     held = true;
-    if (QDBusConnection::sessionBus().isConnected())
+    if (!bus) bus = QDBusConnection::sessionBus();
+    if (bus->isConnected())
         askPortal(reason);
     else
         askLogin(reason);
@@ -29,8 +33,7 @@ void SleepInhibitor::askPortal(const QString& reason) {
     auto call = QDBusMessage::createMethodCall(portal, "/org/freedesktop/portal/desktop",
                                                "org.freedesktop.portal.Inhibit", "Inhibit");
     call << QString() << suspend << QVariantMap{{"reason", reason}};
-    auto* watcher =
-        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call, patience), this);
+    auto* watcher = new QDBusPendingCallWatcher(bus->asyncCall(call, patience), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, reason] {
         watcher->deleteLater();
         const QDBusPendingReply<QDBusObjectPath> reply = *watcher;
@@ -58,8 +61,7 @@ void SleepInhibitor::release() {
     held = false;
     lock = {};
     if (request.isEmpty()) return;
-    QDBusConnection::sessionBus().send(
-        QDBusMessage::createMethodCall(portal, request, "org.freedesktop.portal.Request", "Close"));
+    bus->send(QDBusMessage::createMethodCall(portal, request, "org.freedesktop.portal.Request", "Close"));
     request.clear();
 }
 

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QDBusConnection>
 #include <QDBusUnixFileDescriptor>
 #include <QObject>
 #include <QString>
+#include <optional>
 
 namespace murbo {
 
@@ -12,7 +14,8 @@ class SleepInhibitor : public QObject {
     Q_OBJECT
 
 public:
-    using QObject::QObject;
+    /// On the session's bus, or on one that is given.
+    explicit SleepInhibitor(std::optional<QDBusConnection> bus = {}, QObject* parent = nullptr);
     ~SleepInhibitor() override { release(); }
 
     /// Asks the system not to sleep, and says why. A second time changes nothing.
@@ -24,6 +27,7 @@ private:
     void askPortal(const QString& reason);
     void askLogin(const QString& reason);
 
+    std::optional<QDBusConnection> bus;
     bool held = false;
     QString request;              ///< the portal's, to be closed
     QDBusUnixFileDescriptor lock; ///< the login manager's, to be let go

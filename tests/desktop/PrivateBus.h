@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QString>
+
+namespace murbo {
+
+/// A bus of the test's own; `address` is empty where there is no program for one.
+class PrivateBus {
+public:
+    PrivateBus() {
+        if (QStandardPaths::findExecutable("dbus-daemon").isEmpty()) return;
+        daemon.start("dbus-daemon", {"--session", "--nofork", "--print-address"});
+        if (daemon.waitForReadyRead(5000)) address = QString::fromUtf8(daemon.readLine()).trimmed();
+    }
+    ~PrivateBus() {
+        daemon.terminate();
+        daemon.waitForFinished(2000);
+    }
+    QDBusConnection connect(const QString& name) const {
+        return QDBusConnection::connectToBus(address, name);
+    }
+
+    QString address;
+
+private:
+    QProcess daemon;
+};
+
+}
