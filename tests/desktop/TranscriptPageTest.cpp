@@ -3,7 +3,9 @@
 #include "tests/desktop/SpokenWindow.h"
 
 #include <QClipboard>
+#include <QColor>
 #include <QGuiApplication>
+#include <QImage>
 #include <QTextBlock>
 #include <QTextDocument>
 
@@ -62,6 +64,12 @@ TEST(TranscriptPage, theCaretIsThePlayheadOfWhatIsHeld) {
     shown.settle(20);
     EXPECT_EQ(shown.page().spokenRow(), 3);
     EXPECT_GT(shown.page().spokenWord().to, 0);
+    // The word lies on its mark: of the colour of marks there is more than a hair.
+    const auto picture = shown.window().grabWindow();
+    int marked = 0;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 970; x < picture.width(); ++x) marked += picture.pixelColor(x, y) == QColor("#8C2F2A");
+    EXPECT_GT(marked, 100);
     EXPECT_EQ(Complaints::list(), "");
 }
 

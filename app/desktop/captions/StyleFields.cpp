@@ -37,7 +37,7 @@ constexpr StyleControl controls[] = {
     {"bigFill", "Big colour", "shade"},
     {"upper", "Capitals", "flag"},
     {"y", "Height", "number", 0.05, 0.95, 0.01},
-    {"seam", "Follow the seam", "flag"},
+    {"seam", "By the seam", "flag"},
     {"most", "Longest", "number", 4, 80, 1},
     {"motion", "Motion", "choice"},
     {"exit", "Exit", "choice"},

@@ -30,7 +30,7 @@ Rectangle {
 
     width: ListView.view ? ListView.view.width : 0
     height: line.height + (open.active ? open.height : 0)
-    color: picked ? Theme.hover : touch.containsMouse ? Theme.raised : "transparent"
+    color: picked ? Theme.raised : touch.containsMouse ? Theme.raised : "transparent"
     Accessible.role: Accessible.ListItem
     Accessible.name: words + ", " + time + (big ? ", big" : "") + (hidden ? ", hidden" : "") + (picked ? ", picked" : "")
     Accessible.onPressAction: captions.list.pick(index)

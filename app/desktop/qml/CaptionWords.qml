@@ -55,7 +55,7 @@ Column {
                     onClicked: captions.list.toggleStress(word.index)
                     contentItem: Words { id: label; text: word.modelData.words; horizontalAlignment: Text.AlignHCenter; elide: Text.ElideNone
                                          color: word.modelData.stressed ? Theme.picked : Theme.text; font.weight: word.modelData.stressed ? Font.DemiBold : Font.Normal }
-                    background: Rectangle { radius: Theme.small; color: face.hovered ? Theme.pressed : Theme.raised; border.width: word.modelData.stressed ? 1 : 0; border.color: Theme.picked
+                    background: Rectangle { radius: Theme.small; color: face.hovered ? Theme.pressed : Theme.hover; border.width: word.modelData.stressed ? 1 : 0; border.color: Theme.picked
                         Ring { around: face } }
                 }
             }

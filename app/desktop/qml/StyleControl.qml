@@ -55,7 +55,7 @@ Labelled {
         DropDown {
             width: loader.width
             name: row.field.name
-            words: row.field.words
+            words: row.field.words.map(word => word.charAt(0).toUpperCase() + word.slice(1))
             chosen: Math.max(row.field.words.indexOf(row.field.value), 0)
             onPicked: (index) => captions.set(row.field.key, row.field.words[index])
         }

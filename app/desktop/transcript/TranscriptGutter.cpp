@@ -18,7 +18,7 @@ constexpr double ruleHeight = 20;
 constexpr double ruleWords = 84; ///< points that the words on a silence take at most
 constexpr double rightMargin = 12;
 constexpr double above = 2; ///< points that a row's ground reaches over its words
-constexpr double below = 2;
+constexpr double below = 6; ///< so that neighbours of one ground meet
 
 }
 
@@ -114,7 +114,7 @@ void TranscriptGutter::drawWord(DrawList& list, const QTextBlock& block) const {
     const auto line = block.layout()->lineForTextPosition(static_cast<int>(from));
     if (!line.isValid()) return;
     const auto [x0, x1] =
-        std::minmax(line.cursorToX(static_cast<int>(from)), line.cursorToX(static_cast<int>(to)));
+        std::minmax({line.cursorToX(static_cast<int>(from)), line.cursorToX(static_cast<int>(to))});
     const auto words = place(block);
     list.fill({words.left() + x0 - 1, words.top() + line.y() + 1, x1 - x0 + 2, line.height() - 2},
               colour("spoken"));
