@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <functional>
 #include <mutex>
 #include <string>
@@ -19,8 +21,12 @@ public:
     /// What is sent back for a whole request. Empty: nothing, and the connection stays open.
     using Answer = std::function<std::string(const std::string& request)>;
 
-    explicit FakeServer(Answer chosen)
-        : answer(std::move(chosen)), listener(::socket(AF_INET, SOCK_STREAM, 0)) {
+    /// `pauses` of some length are made while an answer is sent.
+    explicit FakeServer(Answer chosen, std::size_t many = 0, std::chrono::milliseconds length = {})
+        : answer(std::move(chosen)),
+          pauses(many),
+          pause(length),
+          listener(::socket(AF_INET, SOCK_STREAM, 0)) {
         sockaddr_in address{};
         address.sin_family = AF_INET;
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
@@ -79,7 +85,11 @@ private:
             received = text;
         }
         const auto bytes = answer(text);
-        ::send(client, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+        const auto step = bytes.size() / (pauses + 1) + 1;
+        for (std::size_t at = 0; at < bytes.size(); at += step) {
+            if (at > 0) std::this_thread::sleep_for(pause);
+            ::send(client, bytes.data() + at, std::min(step, bytes.size() - at), MSG_NOSIGNAL);
+        }
         if (bytes.empty()) ::recv(client, part, sizeof part, 0); // till the other side has had enough
     }
 
@@ -91,6 +101,8 @@ private:
     }
 
     Answer answer;
+    std::size_t pauses;
+    std::chrono::milliseconds pause;
     int listener;
     std::atomic<int> connection = -1;
     std::atomic<bool> over = false;

@@ -26,4 +26,11 @@ TEST_F(CaptionsByTagTest, captionsReplaceWhatWasChosenAndKeepTheRest) {
     EXPECT_EQ(entry.stress, std::vector<std::int64_t>{1});
     ASSERT_TRUE(entry.pieces);
     EXPECT_EQ(entry.pieces->at(1).text, "words");
+
+    look().captions.lines.edit()[0].pieces->at(0).until = 0.3;
+    for (const auto& [first, second, until] :
+         {std::tuple{"two", "words", std::optional(0.3)}, {"tw", "o words", std::nullopt}}) {
+        captions(nullptr, nullptr, json::array({{{"line", "C01.02"}, {"pieces", {first, second}}}}));
+        EXPECT_EQ(look().captions.lines[0].pieces->at(0).until, until) << first;
+    }
 }

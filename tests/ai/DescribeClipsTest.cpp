@@ -43,8 +43,10 @@ TEST(DescribeClips, asksAboutTheClipsWithTheRestForBackground) {
     EXPECT_NEAR(DescribeClips::estimate(price, played.clips(), played.project, said),
                 price.estimate(both.text(), 4000 + 400), 1e-9);
     const auto read = DescribeClips::read(
-        R"(Here: {"clips": [{"clip": "c01", "title": "T", "summary": "S"}]})", played.clips(), said);
-    EXPECT_EQ(read.at(played.project.clips[0].id).title, "T");
+        R"(Here: {"clips": [{"clip": "c01", "title": "T", "summary": "S", "key_line": "C02.01"}]})",
+        played.clips(), said);
+    EXPECT_EQ(read.at(played.project.clips[0].id), (Clip::Summary{.title = "T", .summary = "S"}))
+        << "another clip's line is none of its own";
 }
 
 TEST_F(ByTag, descriptionsAreTakenEntryByEntry) {

@@ -76,4 +76,9 @@ TEST(LookKit, carriesOutAllOfAnAnswerOrNothing) {
     EXPECT_THAT(refused({{"big", {"C01.03"}}, {"shots", {{{"at", "C02.01"}}}}}),
                 StartsWith("No shot holds up. "));
     EXPECT_EQ(played.project, before);
+
+    played.lines()[1].gone = true;
+    LookKit::apply({{"big", {"C01.03"}}}, played.id(), played.project, layouts, overlays, played.run);
+    const auto* gone = played.video().look->captions.line(played.line(1));
+    EXPECT_TRUE(gone && gone->hidden == true) << "what was chosen for a line stays until that comes back";
 }

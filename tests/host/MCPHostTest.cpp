@@ -67,6 +67,14 @@ TEST_F(MCPHostTest, whatTheOwnerDidSinceIsNotTakenBack) {
     EXPECT_FALSE(host.undoToBefore(entry)) << "it is undone already";
 }
 
+TEST_F(MCPHostTest, theSameStepOfAnotherSessionIsNobodysToTakeBack) {
+    answer("rename_video", renaming);
+    session = std::make_shared<HeldSession>(*session); // as when the project is closed and opened again
+    host.setSession(session);
+    EXPECT_THAT(answer("undo_my_last"), HasSubstr("Nothing of yours to take back"));
+    EXPECT_EQ(title(), "Second");
+}
+
 TEST_F(MCPHostTest, aChangeThatChangesNothingIsNobodysToTakeBack) {
     answer("rename_video", {{"video", "V1"}, {"title", "First"}});
     session->rename("Third");

@@ -24,6 +24,9 @@ TEST(MCPArguments, sayWhatIsWantedAndShowIt) {
                 HasSubstr("needs “shots”, an array"));
     EXPECT_EQ(words("rename_video", {{"video", "V2"}, {"title", std::string(20'001, 'x')}}),
               "“title” is too long: at most 20000 bytes.");
+    const json entry{{"line", "C01.02"}, {"text", std::string(20'001, 'x')}};
+    EXPECT_EQ(words("fix_lines", {{"lines", json::array({entry})}}),
+              "“lines” is too long: at most 20000 bytes.");
     EXPECT_THAT(words("fix_lines", {{"lines", json(std::vector<int>(5'001))}}),
                 HasSubstr("at most 5000 entries"));
 }

@@ -74,6 +74,12 @@ TEST_F(MCPCallsTest, overviewOfManyClipsStaysShort) {
 TEST_F(MCPCallsTest, readsClipsAndFindsWords) {
     EXPECT_EQ(text("read_clips", R"({"clips": ["c02", "C02"]})"),
               "## C02, rec.mp4, 1:40 to 1:46\nC02.01 [1:41] over there\nC02.02 [1:43] THE BOSS\n");
+    const std::string endless(95'000, 'x'); // more than one answer holds
+    addClip(200, {endless.c_str()});
+    const auto much = text("read_clips", R"({"clips": ["C03", "C01"]})");
+    EXPECT_THAT(much, HasSubstr(endless));
+    EXPECT_THAT(much,
+                testing::EndsWith("… and 1 more, from C01 on; read_clips them in a call of their own."));
     for (const auto* bad : {"{}", R"({"clips": []})", R"({"clips": "C01"})", R"({"clips": [1]})"})
         EXPECT_EQ(problem("read_clips", bad), "Name the clips by tag, like C14.") << bad;
     EXPECT_EQ(problem("read_clips", R"({"clips": ["C09"]})"), "There is no clip C09. overview lists them.");
@@ -96,6 +102,7 @@ TEST_F(MCPCallsTest, readsAVideoWhole) {
     look.shots.edit() = {
         {.source = source(), .at = 1},
         {.source = source(), .at = 103, .layout = Shot::Layout::face, .zoom = 1.2, .move = "push"}};
+    look.shots.edit().push_back({.source = UUID::make(), .at = 2}); // of footage that it doesn't play
     look.captions.lines.edit() = {{.line = lines()[0].id,
                                    .pieces = {{{.text = "so this"}, {.text = "is the boss room"}}},
                                    .big = true}};
@@ -106,7 +113,8 @@ TEST_F(MCPCallsTest, readsAVideoWhole) {
               "V1 “First”, 9:16, 0:06.\n\n"
               "Cuts:\n1. C01.01 to C01.02, 3.0 s: so this is the boss room two\n"
               "2. C02.01 to C02.02, 3.0 s: over there THE BOSS\n\n"
-              "Shots:\n0:00 on the video, C01.01: split\n0:05 on the video, C02.02: face, zoom 1.20, push\n\n"
+              "Shots:\n0:00 on the video, C01.01: split\n0:05 on the video, C02.02: face, zoom 1.20, push\n"
+              "not on the video: split\n\n"
               "Captions: big C01.01; hidden none\nBroken by hand:\nC01.01: so this / is the boss room\n\n"
               "Sounds:\nboom.wav at C02.02, volume 0.60\nhit.wav at C02.01 + 0.5 s, volume 0.70, muted by "
               "the owner\n\n"
@@ -162,6 +170,8 @@ TEST_F(MCPCallsTest, loudPlacesAreNamedByTheirLines) {
     const auto clips = text("read_loudness", R"({"clips": ["C01"]})");
     EXPECT_THAT(clips, testing::StartsWith("Times are on each clip's source; "));
     EXPECT_THAT(clips, testing::EndsWith("2 s or more: 0:06 to 0:08, C01.03"));
+    levels.assign(72'000, 0);
+    EXPECT_THAT(text("read_loudness", R"({"clips": ["C01"]})"), HasSubstr("or a sound fits: none\n"));
 }
 
 TEST_F(MCPCallsTest, describesAndFixes) {
@@ -182,6 +192,7 @@ TEST_F(MCPCallsTest, describesAndFixes) {
     auto expected = before;
     expected.text = "too";
     EXPECT_EQ(lines()[1], expected) << "with its id and times";
+    notes() = {{.start = 1, .end = 2, .text = "he opens the door"}};
     EXPECT_EQ(problem("fix_lines", R"({"lines": [{"line": "C01.n1", "text": "x"}]})"),
               "No line could be fixed: each needs the tag of a line that is there and its words.");
 }

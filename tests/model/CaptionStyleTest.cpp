@@ -1,5 +1,6 @@
 #include "core/model/CaptionStyle.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 namespace murbo {
@@ -20,9 +21,11 @@ TEST(CaptionStyle, takesFromBeneathWhatItLeavesOpen) {
 }
 
 TEST(CaptionStyle, hasFiveOfItsOwn) {
-    std::string names;
-    for (const auto& style : CaptionStyle::builtIn()) names += *style.name + ", ";
-    EXPECT_EQ(names, "Pop, Clean, Bold Keyword, Story, Boxed, ");
+    std::string told;
+    for (const auto& style : CaptionStyle::builtIn())
+        told += fmt::format("{} {} {}, ", *style.name, style.size.value_or(0), style.seam.value_or(true));
+    EXPECT_EQ(told, "Pop 84 true, Clean 62 false, Bold Keyword 96 true, Story 78 false, Boxed 64 false, ");
+    EXPECT_EQ(CaptionStyle::builtIn()[0].seam, true) << "the one that others build on says it";
 }
 
 }

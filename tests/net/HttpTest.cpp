@@ -1,5 +1,6 @@
 #include "platform/base/Cancelled.h"
 #include "platform/net/Http.h"
+#include "tests/Environment.h"
 #include "tests/FakeServer.h"
 #include "tests/ProblemOf.h"
 
@@ -62,6 +63,12 @@ TEST(Http, goesOnlyWhereNobodyCanListen) {
               "Nothing is sent to http://example.org/: it is no HTTPS address.");
 }
 
+TEST(Http, goesAroundAProxyToThisMachine) {
+    const Environment proxy("http_proxy", "http://127.0.0.1:1");
+    FakeServer server([](const std::string&) { return FakeServer::reply(200, "here"); });
+    EXPECT_EQ(Http::send({.url = server.base}).body, "here");
+}
+
 TEST(Http, followsNobodyElsewhere) {
     FakeServer server([](const std::string&) {
         return "HTTP/1.1 302 Found\r\nLocation: /stolen\r\nContent-Length: 0\r\nConnection: close\r\n\r\n";
@@ -103,6 +110,9 @@ TEST(Http, givesUpOnAServerThatFallsSilentButNotOnASlowOne) {
         return FakeServer::reply(200, "late");
     });
     EXPECT_EQ(Http::send({.url = slow.base, .timeout = 5s}).body, "late");
+    const std::string slowly(4'000, 'x');
+    FakeServer drops([&](const std::string&) { return FakeServer::reply(200, slowly); }, 3, 600ms);
+    EXPECT_EQ(Http::send({.url = drops.base, .timeout = 1500ms}).body, slowly) << "pauses don't add up";
 }
 
 TEST(Http, stopsAtOnceWhenAskedTo) {

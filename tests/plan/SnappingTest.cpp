@@ -24,10 +24,17 @@ TEST(Snapping, catchesOnEverythingButItself) {
     video.cuts = std::vector<Cut>{{.source = source, .start = 10, .end = 12},
                                   {.source = source, .start = 20, .end = 23}};
     const std::vector<Bookmark> marks{{.source = source, .at = 21}, {.source = UUID::make(), .at = 11}};
-    auto all = Snapping::targets(video, marks, std::nullopt);
-    std::sort(all.begin(), all.end());
-    all.erase(std::unique(all.begin(), all.end()), all.end());
-    EXPECT_EQ(all, (std::vector<double>{0, 2, 3, 5}));
+    const auto all = [&](const std::optional<UUID>& except) {
+        auto times = Snapping::targets(video, marks, except);
+        std::sort(times.begin(), times.end());
+        times.erase(std::unique(times.begin(), times.end()), times.end());
+        return times;
+    };
+    EXPECT_EQ(all({}), (std::vector<double>{0, 2, 3, 5}));
+    const Shot shot{.source = source, .at = 22};
+    video.look.emplace().shots = std::vector{shot};
+    EXPECT_EQ(all({}), (std::vector<double>{0, 2, 3, 4, 5}));
+    EXPECT_EQ(all(shot.id), (std::vector<double>{0, 2, 3, 5})) << "nor on where the one before it ends";
 }
 
 }

@@ -179,10 +179,8 @@ TEST(SoundMix, aShortSongFadesInAQuarterAndOutInAThird) {
 TEST(SoundMix, musicGivesWayToSpeech) {
     Mixed mixed({cut(one, 0, 40)});
     mixed.look().music.edit() = {cue(0, 1)};
-    mixed.plan.cues = {{.start = 10, .end = 12},
-                       {.start = 12.4, .end = 14},
-                       {.start = 20, .end = 22},
-                       {.start = 22.5, .end = 24}};
+    mixed.plan.cues = {{.start = 10, .end = 12},   {.start = 12.4, .end = 14}, {.start = 20, .end = 22},
+                       {.start = 22.5, .end = 24}, {.start = 30, .end = 36},   {.start = 31, .end = 32}};
     const auto gain = [&](double time) { return SoundMix::gain(mixed.tracks()[1].gains, time); };
     EXPECT_NEAR(gain(11), 1, 1e-9) << "music never ducks by itself";
     mixed.mix().duck = 0.2;
@@ -194,7 +192,8 @@ TEST(SoundMix, musicGivesWayToSpeech) {
                                          {14.3, 1.0},
                                          {22.0, 0.2},
                                          {22.2, 0.84},
-                                         {22.5, 0.2}})
+                                         {22.5, 0.2},
+                                         {34.0, 0.2}})
         EXPECT_NEAR(gain(time), expected, 1e-6) << time;
     mixed.mix().duck = 1;
     for (const double time : {9.9, 11.0, 12.2, 14.1, 22.2}) EXPECT_NEAR(gain(time), 1, 1e-9) << time;

@@ -87,6 +87,18 @@ TEST_F(Settings, keepWhatTheyDoNotKnowAndTheLinkTheyStandBehind) {
         "{\n  \"language\": \"th\",\n  \"later\": {\n    \"deep\": [\n      1,\n      null\n    ]\n  }\n}\n");
 }
 
+TEST_F(Settings, changedWithinATickOfTheClockAreNotWrittenOver) {
+    store.set("language", "th");
+    ASSERT_EQ(store.text("language"), "th");
+    auto text = contentsOf(file);
+    text.replace(text.find("th"), 2, "en");
+    const auto time = fs::last_write_time(file);
+    std::ofstream(file, std::ios::in) << text; // in place, as long as before
+    fs::last_write_time(file, time);
+    store.set("fonts", "Noto");
+    EXPECT_EQ(store.text("language"), "en");
+}
+
 TEST_F(Settings, areSafeWithSeveralProcessesAtOnce) {
     constexpr int processes = 4, rounds = 25;
     for (int process = 0; process < processes; ++process)

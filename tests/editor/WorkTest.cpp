@@ -1,0 +1,28 @@
+#include "app/editor/Work.h"
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+TEST(Work, cancellingAllForgetsThoseInLine) {
+    for (const bool cancelled : {false, true}) {
+        Work work;
+        std::string ran;
+        const Work::Body second = [&](Work&) -> QCoro::Task<> {
+            ran += "second ";
+            co_return;
+        };
+        const Work::Body first = [&](Work& own) -> QCoro::Task<> {
+            ran += "first ";
+            own.queue("Second", second);
+            own.queue("Again", second);
+            if (cancelled) own.cancelAll();
+            EXPECT_EQ(own.stopping().stop_requested(), cancelled);
+            co_return;
+        };
+        work.run("First", first);
+        EXPECT_EQ(ran, cancelled ? "first " : "first second second ");
+        EXPECT_FALSE(work.isRunning());
+        EXPECT_EQ(Work::running(), 0);
+    }
+}
