@@ -2,6 +2,8 @@
 #include "app/editor/commands/VideoCommands.h"
 #include "tests/desktop/WindowOfProject.h"
 
+#include <QElapsedTimer>
+
 #include <gtest/gtest.h>
 
 using namespace murbo;
@@ -36,6 +38,22 @@ TEST(HistorySheet, goesToAnyStepAndForthAgain) {
     EXPECT_EQ(shown.onDisk().videos, start.videos);
     sheet.go(99);
     EXPECT_EQ(shown.onDisk(), end);
+}
+
+TEST(HistorySheet, aHundredStepsAreGoneBackAtOnce) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfProject shown;
+    ASSERT_TRUE(shown.opened);
+    for (int step = 0; step < 100; ++step)
+        VideoCommands::create(shown.editor(), Video::Aspect::vertical, "Video");
+    HistorySheet sheet(shown.editor());
+    QElapsedTimer since;
+    since.start();
+    sheet.go(0);
+    const auto taken = since.elapsed();
+    EXPECT_EQ(shown.onDisk().videos.size(), 0U);
+    EXPECT_LT(taken, 20000) << "ms";
+    RecordProperty("milliseconds", static_cast<int>(taken));
 }
 
 TEST(HistorySheet, isWalkedByKeysInItsSheet) {

@@ -102,6 +102,7 @@ void StreamSheet::clear() {
     markers.reset();
     typedTimes.clear();
     note.clear();
+    emit recordingChanged();
     transcribe = SettingsStore::standard().boolean("transcribeOnAdd").value_or(true);
     workOut();
 }
@@ -148,6 +149,7 @@ void StreamSheet::takeRecording(const fs::path& given) {
                          about = row->detail;
                          if (!row->problem.isEmpty()) fault = row->problem;
                          if (row->canComeIn()) file = MeasuredFile{row->path, row->length};
+                         emit recordingChanged();
                          workOut();
                      });
 }

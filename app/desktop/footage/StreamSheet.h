@@ -18,7 +18,7 @@ class StreamSheet : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString recording READ recording NOTIFY changed)
     Q_PROPERTY(QString recordingPath READ recordingPath NOTIFY changed)
-    Q_PROPERTY(QVariantList stills READ stills NOTIFY changed)
+    Q_PROPERTY(QVariantList stills READ stills NOTIFY recordingChanged)
     Q_PROPERTY(QString facts READ facts NOTIFY changed)
     Q_PROPERTY(QString problem READ problem NOTIFY changed)
     Q_PROPERTY(QString markersWords READ markersWords NOTIFY changed)
@@ -60,6 +60,7 @@ public:
 
 signals:
     void changed();
+    void recordingChanged();
 
 private:
     void takeRecording(const std::filesystem::path& path);
