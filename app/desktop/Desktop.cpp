@@ -43,12 +43,12 @@ void Desktop::registerTypes() {
     static const bool once = [] {
         qmlRegisterType<FrameView>("Murbo", 1, 0, "FrameView");
         qmlRegisterType<WaveStrip>("Murbo", 1, 0, "WaveStrip");
+        qmlRegisterType<PictureView>("Murbo", 1, 0, "PictureView");
         qmlRegisterType<StillView>("Murbo", 1, 0, "StillView");
         qmlRegisterType<BookView>("Murbo", 1, 0, "BookView");
         qmlRegisterAnonymousType<FootageModel>("Murbo", 1);
         qmlRegisterAnonymousType<LibraryModel>("Murbo", 1);
         qmlRegisterType<TimelineView>("Murbo", 1, 0, "TimelineView");
-        qmlRegisterType<PictureView>("Murbo", 1, 0, "PictureView");
         qmlRegisterType<TranscriptGutter>("Murbo", 1, 0, "TranscriptGutter");
         qmlRegisterAnonymousType<Editor>("Murbo", 1);
         qmlRegisterAnonymousType<CaptionList>("Murbo", 1);

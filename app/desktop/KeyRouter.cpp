@@ -58,10 +58,16 @@ bool KeyRouter::press(const QKeyEvent& event) {
     const auto* focus = window.activeFocusItem();
     const bool ownUndo = focus && !focus->property("projectUndo").toBool();
     const bool toText = typing() && (!held || (action && action->textToo && ownUndo));
-    if (event.key() == Qt::Key_Escape) return project.escape();
+    if (event.key() == Qt::Key_Escape) return !takesEscape() && project.escape();
     if (toText) return false;
     if (action) return project.perform(QString::fromStdString(action->id));
     return !held && pressBare(event);
+}
+
+/// Esc takes back what is being typed, where a field has it to take back.
+bool KeyRouter::takesEscape() const {
+    const auto* item = window.activeFocusItem();
+    return item && item->property("takesEscape").toBool();
 }
 
 /// Arrows are for whatever list or slider has the focus; in the viewers and the timeline they walk the time.

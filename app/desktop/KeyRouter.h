@@ -32,6 +32,7 @@ private:
     bool pressBare(const QKeyEvent& event);
     bool typing() const;
     bool onControl() const;
+    bool takesEscape() const;
 
     QQuickWindow& window;
     OpenProject& project;

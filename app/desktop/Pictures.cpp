@@ -58,6 +58,10 @@ void bringUp(const std::string& view, OpenProject& project) {
     if (view == "shot") pickFirst(editor, Pick::Kind::shot);
     if (view == "overlay") pickFirst(editor, Pick::Kind::overlay);
     if (view == "sound") pickFirst(editor, Pick::Kind::sound);
+    if (view == "song") pickFirst(editor, Pick::Kind::music);
+    if (view == "several")
+        TimelinePicks::set(
+            editor, TimelinePicks::caught(editor, 0, 10, {TimelineRow::overlays, TimelineRow::sounds}));
     if (view == "captions") editor.setInspectorTab(InspectorTab::captions);
     if (view == "transcript") editor.setInspectorTab(InspectorTab::transcript);
     for (const auto* sheet : {"export", "newVideo", "addFiles", "addStream", "history", "saveAs", "duplicate",

@@ -19,19 +19,23 @@ ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_p
                              const SoundPlayer::MakeOutput& sound)
     : open(std::move(document)),
       exportSheet(open),
+      inspectorPanel(open.editor()),
       historySheet(open.editor()),
       copySheet(open.editor()),
       footageSheet(open.editor()),
       streamSheet(open.editor()),
       library(open.editor(), sound),
       closing(open),
-      inspectorPanel(open.editor()),
       transcript(open.editor()),
       captions(open.editor()),
+      inspection(open.editor()),
+      inspectorPictures(open.editor()),
       context(std::make_unique<QQmlContext>(&engine)) {
     context->setContextProperty("desktop", &desktop);
     context->setContextProperty("project", &open);
     context->setContextProperty("exportSheet", &exportSheet);
+    context->setContextProperty("inspection", &inspection);
+    context->setContextProperty("inspectorPictures", &inspectorPictures);
     context->setContextProperty("inspectorPanel", &inspectorPanel);
     context->setContextProperty("historySheet", &historySheet);
     context->setContextProperty("copySheet", &copySheet);
@@ -44,6 +48,7 @@ ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_p
     context->setContextProperty("captions", &captions);
     context->setContextProperty("folders", &folders);
     context->setContextProperty("planner", this);
+    connect(&inspection, &Inspection::findAsked, &open, [this] { open.perform("sheet.findMissing"); });
     connect(&open, &OpenProject::verb, &inspectorPanel, &InspectorPanel::carryOut);
     connect(&open, &OpenProject::verb, &transcript, &TranscriptPage::carryOut);
     connect(&open, &OpenProject::aboutToAct, &transcript, &TranscriptPage::commit);

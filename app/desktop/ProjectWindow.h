@@ -9,7 +9,9 @@
 #include "app/desktop/documents/HistorySheet.h"
 #include "app/desktop/footage/FootageSheet.h"
 #include "app/desktop/footage/StreamSheet.h"
+#include "app/desktop/inspector/Inspection.h"
 #include "app/desktop/inspector/InspectorPanel.h"
+#include "app/desktop/inspector/InspectorPictures.h"
 #include "app/desktop/libraries/LibraryModel.h"
 #include "app/desktop/models/FolderModel.h"
 #include "app/desktop/settings/SettingsSheet.h"
@@ -68,6 +70,8 @@ private:
     ClosingQuestion closing;
     TranscriptPage transcript;
     CaptionsPage captions;
+    Inspection inspection;
+    InspectorPictures inspectorPictures;
     FolderModel folders;
     std::unique_ptr<QQmlContext> context;
     std::unique_ptr<QQuickWindow> view;

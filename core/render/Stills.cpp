@@ -64,15 +64,19 @@ Image frame(const Subject& of, double at, PlanBox& box) {
 
 std::vector<Image> styled(const Subject& of, double at, const Plan& plan,
                           const std::vector<CaptionStyle>& styles) {
+    std::vector<Plan> plans(styles.size(), plan);
+    for (std::size_t one = 0; one < styles.size(); ++one) plans[one].style = styles[one];
+    return planned(of, at, plans);
+}
+
+std::vector<Image> planned(const Subject& of, double at, const std::vector<Plan>& plans) {
+    if (plans.empty()) return {};
     const double time = onCut(at, of.video.cuts);
     const auto [picture, source] = footage(of, time);
-    PlanBox box(plan);
+    PlanBox box(plans.front());
     std::vector<Image> images;
-    for (const auto& style : styles) {
-        auto dressed = plan;
-        dressed.style = style;
-        images.push_back(Renderer::render(picture, source, dressed, time, box.captions(), box.media()));
-    }
+    for (const auto& plan : plans)
+        images.push_back(Renderer::render(picture, source, plan, time, box.captions(), box.media()));
     return images;
 }
 

@@ -28,6 +28,9 @@ Image frame(const Subject& of, double at, PlanBox& box);
 std::vector<Image> styled(const Subject& of, double at, const Plan& plan,
                           const std::vector<CaptionStyle>& styles);
 
+/// The same moment once by each plan of the video.
+std::vector<Image> planned(const Subject& of, double at, const std::vector<Plan>& plans);
+
 /// A specimen of a caption style; nothing where it can't be drawn.
 std::optional<Image> caption(const std::string& text, const CaptionStyle& style, const std::string& fonts);
 

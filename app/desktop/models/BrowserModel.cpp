@@ -54,7 +54,7 @@ QString BrowserModel::emptyWords() const {
 }
 
 void BrowserModel::hold(const BrowserRow& row) {
-    editor.setInspecting(Inspecting::browser);
+    editor.setInspecting(row.kind == BrowserRow::Kind::video ? Inspecting::timeline : Inspecting::browser);
     switch (row.kind) {
         case BrowserRow::Kind::clip:
             editor.setFocus(Viewer::source);

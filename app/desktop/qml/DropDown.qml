@@ -23,8 +23,8 @@ T.ComboBox {
     Accessible.name: name
     Accessible.description: mixed ? "different" : words[chosen] || ""
     Accessible.onPressAction: popup.open()
-    Keys.onReturnPressed: popup.open()
-    Keys.onEnterPressed: popup.open()
+    Keys.onReturnPressed: (event) => { if (popup.visible) event.accepted = false; else popup.open() }
+    Keys.onEnterPressed: (event) => { if (popup.visible) event.accepted = false; else popup.open() }
 
     contentItem: Words {
         leftPadding: Theme.gap

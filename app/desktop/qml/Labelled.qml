@@ -17,7 +17,7 @@ Item {
     Words {
         id: label
         x: Theme.margin
-        width: row.high ? row.width - 2 * Theme.margin : Theme.label - Theme.margin
+        width: row.high ? row.width - 2 * Theme.margin : Theme.label - Theme.margin - Theme.small
         height: row.high ? Theme.tool : Theme.control
         text: row.name
         color: Theme.text2

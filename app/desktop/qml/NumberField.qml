@@ -56,7 +56,7 @@ FocusScope {
             if (!pressed) byKey = false
         }
         Keys.onPressed: (event) => { byKey = true; event.accepted = false }
-        Binding { slide.value: field.value; when: !slide.pressed; restoreMode: Binding.RestoreNone }
+        Binding { target: slide; property: "value"; value: field.value; when: !slide.pressed; restoreMode: Binding.RestoreNone }
         WheelHandler {
             enabled: slide.activeFocus
             onWheel: (wheel) => field.moved(Math.max(field.from, Math.min(field.to, field.value + field.step * Math.sign(wheel.angleDelta.y))))
@@ -69,6 +69,8 @@ FocusScope {
         name: field.name
         text: field.shown()
         horizontalAlignment: TextInput.AlignRight
+        property bool takesEscape: true
+        Keys.onEscapePressed: { text = Qt.binding(field.shown); selectAll() }
         onActiveFocusChanged: if (activeFocus) selectAll(); else field.take()
         Keys.onReturnPressed: { field.take(); selectAll() }
         Keys.onEnterPressed: { field.take(); selectAll() }

@@ -9,7 +9,8 @@ T.AbstractButton {
     property bool open: true
     signal toggled()
 
-    implicitHeight: Theme.bar - Theme.small
+    implicitHeight: Theme.bar
+    topPadding: Theme.small
     focusPolicy: Qt.TabFocus
     hoverEnabled: true
     text: name
@@ -27,7 +28,7 @@ T.AbstractButton {
         Words { x: 28; height: parent.height; text: head.name; font.weight: Font.DemiBold; color: Theme.text }
     }
     background: Item {
-        Rectangle { width: parent.width; height: 1; color: Theme.line }
-        Ring { around: head; anchors.margins: Theme.ring }
+        Rectangle { y: Theme.small; width: parent.width; height: 1; color: Theme.line }
+        Ring { around: head; anchors.margins: Theme.ring; anchors.topMargin: Theme.gap - 1 }
     }
 }

@@ -81,6 +81,14 @@ QtObject {
     readonly property int label: 96
     readonly property int numberBox: 66
 
+    // the colours that a board offers
+    readonly property var colourBoard: [
+        "FFFFFF", "E0E0E0", "BDBDBD", "8C8C8C", "5A5A5A", "2E2E2E", "141414", "000000",
+        "FFF3B0", "FFE066", "FFD23F", "FFB300", "FF8F3F", "FF6B35", "E6452E", "B3261E",
+        "D7F7C2", "A5E887", "5CCB5F", "2E9E4F", "4FD1C5", "1FA3A3", "0E7490", "155E75",
+        "C9E4FF", "7CC4FF", "3B9DFF", "1D5FD1", "C9B8FF", "9B6BFF", "F28BD1", "E0368C"
+    ]
+
     // milliseconds
     readonly property int fold: 120
     readonly property int sheetIn: 160

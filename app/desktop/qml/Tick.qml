@@ -22,7 +22,8 @@ T.CheckBox {
         radius: Theme.small
         color: tick.checked ? Theme.accent : "transparent"
         border.color: tick.checked ? Theme.accent : Theme.fieldEdge
-        Icon { anchors.centerIn: parent; name: "check"; tint: Theme.accentText; side: 12; visible: tick.checked }
+        Icon { anchors.centerIn: parent; name: "check"; tint: Theme.accentText; side: 12; visible: tick.checkState === Qt.Checked }
+        Rectangle { anchors.centerIn: parent; width: 8; height: 2; color: Theme.text2; visible: tick.checkState === Qt.PartiallyChecked }
         Ring { around: tick }
     }
     contentItem: Column {

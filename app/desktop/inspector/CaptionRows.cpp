@@ -1,0 +1,43 @@
+#include "app/desktop/inspector/CaptionRows.h"
+
+#include "app/desktop/inspector/RowMaker.h"
+#include "app/editor/commands/CaptionCommands.h"
+
+namespace murbo::CaptionRows {
+namespace {
+
+template <class Held>
+auto* pieceAt(Held& pieces, const std::optional<std::int64_t>& at) {
+    const bool there = pieces && at && *at >= 0 && *at < std::ssize(*pieces);
+    return there ? &(*pieces)[static_cast<std::size_t>(*at)] : nullptr;
+}
+
+template <class Held>
+void setOn(Held& held, const std::string& row, const QVariant& value) {
+    if (row == "big") held.big = RowMaker::truthOf(value);
+    if (row == "hidden") held.hidden = RowMaker::truthOf(value);
+}
+
+}
+
+InspectorRowList of(const Look& look, const UUID& line, const std::optional<std::int64_t>& piece,
+                    const QString& said) {
+    const auto* entry = look.captions.line(line);
+    const auto* part = entry ? pieceAt(entry->pieces, piece) : nullptr;
+    const bool big = part ? part->big.value_or(false) : entry && entry->big.value_or(false);
+    const bool hidden = part ? part->hidden.value_or(false) : entry && entry->hidden.value_or(false);
+    return {RowMaker::words("said", "Words", part ? RowMaker::said(part->text) : said),
+            RowMaker::toggle("big", "Big", big), RowMaker::toggle("hidden", "Hidden", hidden)};
+}
+
+void set(Look& look, const UUID& line, const std::optional<std::int64_t>& piece, const std::string& row,
+         const QVariant& value) {
+    CaptionCommands::change(look, line, [&](CaptionLine& entry) {
+        if (auto* part = pieceAt(entry.pieces, piece))
+            setOn(*part, row, value);
+        else
+            setOn(entry, row, value);
+    });
+}
+
+}

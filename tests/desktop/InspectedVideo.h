@@ -1,0 +1,54 @@
+#pragma once
+
+#include "app/desktop/inspector/Inspection.h"
+#include "tests/desktop/TimelineVideo.h"
+
+#include <string>
+
+namespace murbo {
+
+/// A video with something of every kind on it, as the Inspector tab shows it.
+class InspectedVideo : public TimelineVideo {
+public:
+    InspectedVideo() {
+        editor.openOnTimeline(editor.project().videos[0].id);
+        editor.apply([](Project& project) {
+            auto& video = project.videos.edit()[0];
+            const auto source = project.sources[0].id;
+            auto& look = *video.look;
+            look.shots.edit() = {{.source = source, .at = 10}, {.source = source, .at = 31, .zoom = 2}};
+            look.overlays.edit() = {
+                {.playbook = "stock.hook", .source = source, .at = 12, .length = 2},
+                {.playbook = "stock.hook", .source = source, .at = 32, .length = 1, .mute = true}};
+            look.music.edit() = {
+                {.file = "media/music/song.mp3", .source = source, .at = 10, .volume = 0.5, .length = 4}};
+        });
+    }
+
+    const Look& look() const { return *editor.video()->look; }
+    std::size_t steps() const { return editor.history().past().size(); }
+    std::string lastStep() const { return editor.history().undoName().value_or(""); }
+    void pick(Pick::Kind kind, const UUID& id) { editor.setPicked(Pick{kind, id, {}}); }
+    void pickBothOverlays() {
+        editor.setMorePicked({Pick{Pick::Kind::overlay, look().overlays[0].id, {}}});
+        pick(Pick::Kind::overlay, look().overlays[1].id);
+    }
+    QVariant at(const char* row) const {
+        const auto* found = inspection.row(row);
+        return found ? found->current : QVariant();
+    }
+    bool changed(const char* row) const { return inspection.row(row) && inspection.row(row)->changed; }
+    /// The ids of all rows with a space after each.
+    std::string ids() {
+        std::string list;
+        for (int row = 0; row < inspection.rows()->rowCount(); ++row) {
+            const auto values = inspection.rows()->index(row, 0).data(Qt::UserRole + 1).toMap();
+            list += values["id"].toString().toStdString() + " ";
+        }
+        return list;
+    }
+
+    Inspection inspection{editor};
+};
+
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "app/editor/commands/ShotCommands.h"
+#include "tests/desktop/WindowOfProject.h"
+
+#include <gtest/gtest.h>
+
+namespace murbo {
+
+/// A window on a video of one cut, with a shot at its start that is picked.
+class PickedShot : public WindowOfProject {
+public:
+    PickedShot() {
+        editor().holdClip(editor().project().clips[0].id);
+        key(Qt::Key_E);
+        settle(100);
+        ShotCommands::cut(editor(), Shot::Layout::split);
+        editor().setInspecting(Inspecting::timeline);
+        settle(100);
+    }
+    const Shot& shot() { return editor().video()->look->shots[0]; }
+    std::size_t steps() { return editor().history().past().size(); }
+    void clickOn(const QQuickItem* item) {
+        ASSERT_TRUE(item);
+        const auto middle = item->mapToScene({item->width() / 2, item->height() / 2}).toPoint();
+        QTest::mouseClick(&window(), Qt::LeftButton, {}, middle);
+        settle(30);
+    }
+};
+
+}
