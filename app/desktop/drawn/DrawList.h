@@ -55,6 +55,9 @@ struct DrawList {
     }
     void frame(const QRectF& rect, double thick, const QColor& colour);
     void moveBy(double x, double y);
+    /// A rectangle with its sides on whole pixels, `ratio` of them to a point, and none thinner than one: the
+    /// software renderer leaves out what only covers parts of pixels.
+    static QRectF onPixels(const QRectF& rect, double ratio);
     bool operator==(const DrawList&) const = default;
 };
 

@@ -79,7 +79,7 @@ DrawNode::Shown DrawNode::made(const DrawList::Item& item) {
 bool DrawNode::put(Shown& one) {
     if (const auto* fill = std::get_if<DrawList::Patch>(&one.item)) {
         auto* node = static_cast<QSGRectangleNode*>(one.node);
-        node->setRect(fill->rect);
+        node->setRect(DrawList::onPixels(fill->rect, window->effectiveDevicePixelRatio()));
         node->setColor(fill->colour);
         return true;
     }
