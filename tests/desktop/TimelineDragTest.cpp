@@ -149,3 +149,34 @@ TEST(TimelineDrag, theHandPans) {
     EXPECT_NEAR(hand.drag.move(video.layout(), hand.span, hand.at(3, TimelineRow::picture), {}), 2, 1e-9);
     EXPECT_FALSE(video.editor.picked());
 }
+
+TEST(TimelineDrag, whatGoesToAnotherPlaceIsSeenGoing) {
+    TimelineVideo video;
+    const auto before = video.editor.project();
+    Hand hand(video);
+    hand.press(2);
+    EXPECT_FALSE(hand.drag.ghost());
+    hand.move(5);
+    ASSERT_TRUE(hand.drag.ghost());
+    EXPECT_NEAR(hand.drag.ghost()->from, 3, 1e-9);
+    EXPECT_EQ(hand.drag.ghost()->label, "C01.01");
+    EXPECT_FALSE(hand.drag.trimmed(video.layout()));
+    hand.drag.cancel();
+    EXPECT_FALSE(hand.drag.ghost());
+    EXPECT_FALSE(hand.drag.dropLine());
+    EXPECT_EQ(video.editor.project(), before);
+}
+
+TEST(TimelineDrag, aTrimSaysWhichCutHasFreeFootage) {
+    TimelineVideo video;
+    Hand hand(video);
+    hand.press(3.9);
+    EXPECT_FALSE(hand.drag.trimmed(video.layout())) << "not before it moves";
+    hand.move(3);
+    const auto layout = video.layout();
+    const auto* cut = hand.drag.trimmed(layout);
+    ASSERT_TRUE(cut);
+    EXPECT_EQ(cut->pick.id, video.cut(0).id);
+    EXPECT_EQ(cut->sourceLength, 100);
+    hand.drag.cancel();
+}

@@ -1,4 +1,5 @@
 #include "app/desktop/timeline/TimelineLayout.h"
+#include "core/model/edits/VideoEdits.h"
 #include "tests/desktop/TimelineVideo.h"
 
 #include <gtest/gtest.h>
@@ -83,4 +84,26 @@ TEST(TimelineLayout, quietIsKnownOnlyWhereWordsWereWrittenDown) {
     EXPECT_NEAR(quiet[0].from, 7 + 4, 0.5) << "from the end of the words on, in video seconds";
     video.editor.change("Forget", [](Project& project) { project.transcripts.clear(); });
     EXPECT_TRUE(on(video.layout(), TimelineRow::picture)[2].quiet.empty());
+}
+
+TEST(TimelineLayout, aSeamWithinALineSaysSo) {
+    TimelineVideo video;
+    const auto seams = [&] {
+        std::vector<std::pair<bool, bool>> found;
+        for (const auto& block : on(video.layout(), TimelineRow::picture))
+            found.emplace_back(block.startsInWord, block.endsInWord);
+        return found;
+    };
+    using Seams = std::vector<std::pair<bool, bool>>;
+    EXPECT_EQ(seams(), (Seams{{false, false}, {false, false}, {false, false}}));
+    video.editor.change("Trim", [](Project& project) {
+        project.videos.edit()[0].cuts.edit()[0].end = 12.5;
+        project.videos.edit()[0].cuts.edit()[2].start = 53.95; // a hair before the line's end
+    });
+    EXPECT_EQ(seams(), (Seams{{false, true}, {false, false}, {false, false}}));
+    video.editor.undo();
+    video.editor.change("Split", [](Project& project) {
+        VideoEdits::splitAt(project.videos.edit()[0], 2); // within the first line, and nothing is missed
+    });
+    EXPECT_EQ(seams(), (Seams(4, {false, false})));
 }

@@ -68,3 +68,23 @@ TEST(TimelineScene, theSameThingsGiveTheSamePicture) {
     EXPECT_EQ(TimelineScene::rows(layout, {1, 33, 700}, {}, colours),
               TimelineScene::rows(layout, {1, 33, 700}, {}, colours));
 }
+
+TEST(TimelineScene, freeFootageReachesAsFarAsTheSourceDoes) {
+    const TimelineVideo video;
+    const auto layout = video.layout();
+    const auto& first = *std::ranges::find(layout.blocks, TimelineRow::picture, &TimelineBlock::row);
+    const TimelineSpan span{-20, 5, 1000};
+    const auto fills =
+        only<DrawList::Patch>(TimelineScene::freeFootage(layout, span, first, TimelineTheme::of({})));
+    ASSERT_FALSE(fills.empty());
+    double left = 1e9;
+    double right = -1e9;
+    for (const auto& fill : fills) {
+        left = std::min(left, fill.rect.left());
+        right = std::max(right, fill.rect.right());
+        EXPECT_FALSE(fill.rect.left() < span.x(4) - 1 && fill.rect.right() > span.x(0) + 1)
+            << "not over the cut";
+    }
+    EXPECT_NEAR(left, span.x(-10), 0.01) << "10 s lie before it";
+    EXPECT_NEAR(right, span.x(90), 0.01) << "86 s after it";
+}

@@ -26,3 +26,87 @@ TEST(TimelineView, zoomsRoundThePointerAndFits) {
     EXPECT_LT(timeline->scroll(), 10);
     EXPECT_EQ(Complaints::list(), "");
 }
+
+namespace {
+
+/// A window whose timeline holds both clips.
+class TimelineWindow : public WindowOfProject {
+public:
+    TimelineWindow() {
+        for (const auto& clip : editor().project().clips) {
+            editor().holdClip(clip.id);
+            key(Qt::Key_E);
+        }
+        editor().setFocus(Viewer::video);
+        [[maybe_unused]] const bool there =
+            QTest::qWaitFor([this] { return view() && view()->blockCount() >= 2; }, 5000);
+        settle();
+        before = editor().project();
+    }
+    TimelineView* view() { return item<TimelineView>(); }
+    QPoint at(double time, double down = 30) {
+        const double top = view()->shown().track(TimelineRow::picture)->top;
+        return view()->mapToScene({view()->shownSpan().x(time), top + down}).toPoint();
+    }
+    const Cut& cut(std::size_t index) { return editor().video()->cuts[index]; }
+    Project before;
+};
+
+}
+
+TEST(TimelineView, aTrimThatIsDraggedCanBeTakenBackByEscape) {
+    MURBO_NEEDS_FFMPEG();
+    TimelineWindow shown;
+    ASSERT_EQ(shown.cuts(), 2);
+    const auto from = shown.at(4) - QPoint(3, 0);
+    QTest::mousePress(&shown.window(), Qt::LeftButton, {}, from);
+    QTest::mouseMove(&shown.window(), from - QPoint(20, 0));
+    QTest::mouseMove(&shown.window(), shown.at(3));
+    EXPECT_LT(shown.cut(0).end, 3.5);
+    EXPECT_TRUE(shown.editor().edge());
+    shown.key(Qt::Key_Escape);
+    QTest::mouseRelease(&shown.window(), Qt::LeftButton, {}, shown.at(3));
+    EXPECT_EQ(shown.editor().project(), shown.before);
+    EXPECT_FALSE(shown.editor().edge());
+    EXPECT_FALSE(shown.editor().unfinished());
+    EXPECT_EQ(Complaints::list(), "");
+}
+
+TEST(TimelineView, runsAlongUnderADragAtItsSide) {
+    MURBO_NEEDS_FFMPEG();
+    TimelineWindow shown;
+    auto* view = shown.view();
+    view->zoomRound(12, 0);
+    shown.settle();
+    ASSERT_EQ(view->scroll(), 0);
+    const auto start = view->mapToScene({200, view->shown().track(TimelineRow::picture)->top + 30}).toPoint();
+    const auto side =
+        view->mapToScene({view->width() - 4, view->shown().track(TimelineRow::picture)->top + 30}).toPoint();
+    QTest::mousePress(&shown.window(), Qt::LeftButton, {}, start);
+    QTest::mouseMove(&shown.window(), start + QPoint(40, 0));
+    QTest::mouseMove(&shown.window(), side);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view->scroll() > 0.5; }, 3000)) << "the hand holds still";
+    EXPECT_GT(view->ghost().width(), 0);
+    shown.key(Qt::Key_Escape);
+    const double stopped = view->scroll();
+    QTest::qWait(100);
+    EXPECT_EQ(view->scroll(), stopped);
+    QTest::mouseRelease(&shown.window(), Qt::LeftButton, {}, side);
+    EXPECT_EQ(shown.editor().project(), shown.before);
+}
+
+TEST(TimelineView, theBladeShowsTheMomentThatItWouldCut) {
+    MURBO_NEEDS_FFMPEG();
+    TimelineWindow shown;
+    shown.editor().setSnapping(false);
+    shown.key(Qt::Key_B);
+    QTest::mouseMove(&shown.window(), shown.at(5) - QPoint(5, 0));
+    QTest::mouseMove(&shown.window(), shown.at(5));
+    EXPECT_NEAR(shown.view()->bladeX(), shown.view()->shownSpan().x(5), 1);
+    EXPECT_TRUE(shown.view()->hint().startsWith("0:01") || shown.view()->hint().startsWith("0:00.9"))
+        << "a second into the second clip: " << shown.view()->hint().toStdString();
+    QTest::mouseClick(&shown.window(), Qt::LeftButton, {}, shown.at(5));
+    EXPECT_EQ(shown.cuts(), 3);
+    shown.key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown.editor().project(), shown.before);
+}

@@ -42,6 +42,9 @@ struct TimelineBlock {
     std::optional<UUID> source; ///< whose pictures and sound a cut shows; none for a generated one
     double at = 0;              ///< seconds on the source at `from`
     std::vector<Stretch> quiet; ///< in which nobody speaks
+    bool startsInWord = false;  ///< somebody is cut off there who is speaking
+    bool endsInWord = false;
+    double sourceLength = 0; ///< seconds of the whole source of a cut; 0 where that is not known
 
     double length() const { return to - from; }
     bool operator==(const TimelineBlock&) const = default;

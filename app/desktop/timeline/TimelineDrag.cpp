@@ -154,6 +154,7 @@ double TimelineDrag::move(const TimelineLayout& layout, const TimelineSpan& span
 void TimelineDrag::dragCut(const TimelineLayout& layout, double time) {
     const auto* video = editor.video();
     if (!video) return;
+    ghostBy = time - pressedTime;
     dropPlace = VideoEdits::place(*video, time);
     const auto edits = VideoEdits::edits(*video);
     drop = *dropPlace < edits.size() ? edits[*dropPlace] : layout.length;
@@ -223,6 +224,17 @@ std::optional<TimelineDrag::RubberBand> TimelineDrag::band() const {
     const auto [from, to] = std::minmax(pressedTime, bandTo);
     const auto [top, bottom] = std::minmax(pressed.y, bandBottom);
     return RubberBand{from, to, top, bottom};
+}
+
+const TimelineBlock* TimelineDrag::trimmed(const TimelineLayout& layout) const {
+    const bool trims = now == Grip::start || now == Grip::end || now == Grip::slip;
+    if (!trims || !moved || !held || held->pick.kind != Pick::Kind::cut) return nullptr;
+    return layout.find(held->pick);
+}
+
+std::optional<TimelineDrag::Ghost> TimelineDrag::ghost() const {
+    if (now != Grip::cut || !moved || !held) return {};
+    return Ghost{held->from + ghostBy, held->length(), held->label};
 }
 
 void TimelineDrag::release() {

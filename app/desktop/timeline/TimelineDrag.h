@@ -44,6 +44,15 @@ public:
     std::optional<double> dropLine() const { return drop; }
     /// Where what is dragged has caught.
     std::optional<double> snapLine() const { return snap; }
+    /// The cut whose end or footage is dragged; null where none is.
+    const TimelineBlock* trimmed(const TimelineLayout& layout) const;
+    /// A cut on its way to another place: it goes with the hand.
+    struct Ghost {
+        double from = 0; ///< video seconds
+        double length = 0;
+        std::string label;
+    };
+    std::optional<Ghost> ghost() const;
     /// A rubber band: from one point to another, x in video seconds.
     struct RubberBand {
         double from = 0;
@@ -67,6 +76,7 @@ private:
     Pointer pressed;
     double pressedTime = 0;
     double bandTo = 0;
+    double ghostBy = 0; ///< seconds
     double bandBottom = 0;
     bool moved = false;
     std::optional<std::size_t> dropPlace;

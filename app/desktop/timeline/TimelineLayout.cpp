@@ -3,11 +3,14 @@
 #include "core/ai/Said.h"
 #include "core/model/Lanes.h"
 #include "core/model/ShownMoments.h"
+#include "core/model/Times.h"
 #include "core/model/edits/ProjectOperations.h"
 #include "core/render/plan/CaptionCue.h"
 #include "core/render/plan/PlacedShot.h"
 
 #include <algorithm>
+#include <cmath>
+#include <map>
 
 namespace murbo {
 namespace {
@@ -84,6 +87,42 @@ std::string name(const Shot& shot, const TimelineLayout::Input& given) {
     return shot.move ? text + ", " + *shot.move : text;
 }
 
+/// When somebody speaks, source by source.
+class SpokenStretches {
+public:
+    explicit SpokenStretches(const Project& given) : project(given) {}
+
+    /// Whether a cut there cuts somebody off.
+    bool holds(const UUID& source, double time) {
+        const auto& lines = of(source);
+        const auto after = std::ranges::upper_bound(lines, time - slack, {}, &Stretch::from);
+        // Lines follow one another; a few may overlap.
+        const auto first = after - std::min<std::ptrdiff_t>(after - lines.begin(), 4);
+        return std::any_of(first, after, [time](const Stretch& line) { return time < line.to - slack; });
+    }
+
+private:
+    static constexpr double slack = 0.08; ///< seconds: a cut that near to where a line ends cuts no word
+
+    const std::vector<Stretch>& of(const UUID& source) {
+        const auto [entry, fresh] = bySource.try_emplace(source);
+        if (fresh) {
+            for (const auto& line : project.transcript(source).lines)
+                if (!line.isGone()) entry->second.push_back({line.start, line.end});
+            std::ranges::sort(entry->second, {}, &Stretch::from);
+        }
+        return entry->second;
+    }
+
+    const Project& project;
+    std::map<UUID, std::vector<Stretch>> bySource;
+};
+
+/// Whether one cut goes on where the other ended, so that nothing is missed between them.
+bool goesOn(const Cut& before, const Cut& after) {
+    return before.source == after.source && std::abs(before.end - after.start) < Times::samePlace;
+}
+
 std::string name(const SoundCue& cue) {
     return std::filesystem::path(cue.file).stem().string();
 }
@@ -119,7 +158,10 @@ void TimelineLayout::addShots(const Input& given) {
 
 void TimelineLayout::addCuts(const Input& given) {
     double start = 0;
-    for (const auto& cut : given.video.cuts) {
+    SpokenStretches spoken(given.project);
+    const auto& cuts = given.video.cuts;
+    for (std::size_t at = 0; at < cuts.size(); ++at) {
+        const auto& cut = cuts[at];
         TimelineBlock block;
         block.pick = {Pick::Kind::cut, cut.id, {}};
         block.from = start;
@@ -128,7 +170,15 @@ void TimelineLayout::addCuts(const Input& given) {
         block.muted = cut.muted.value_or(false);
         block.missing = given.missing.contains(cut.source);
         block.at = cut.start;
-        if (!cut.generator) block.source = cut.source;
+        if (!cut.generator) {
+            block.source = cut.source;
+            const auto* source = given.project.source(cut.source);
+            block.sourceLength = source ? source->length : 0;
+            block.startsInWord =
+                (at == 0 || !goesOn(cuts[at - 1], cut)) && spoken.holds(cut.source, cut.start);
+            block.endsInWord =
+                (at + 1 == cuts.size() || !goesOn(cut, cuts[at + 1])) && spoken.holds(cut.source, cut.end);
+        }
         // Where nothing was written down nobody knows who speaks.
         const bool known = !given.project.transcript(cut.source).lines.empty();
         if (given.look.quiet && known && !cut.generator)

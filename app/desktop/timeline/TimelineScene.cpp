@@ -19,6 +19,9 @@ constexpr double pickedFrame = 2;
 constexpr double ratio = 16.0 / 9; ///< of a still's place
 constexpr double waveTile = 256;   ///< points
 constexpr double rulerLeast = 64;  ///< points between times
+constexpr double dash = 4;
+constexpr double dashedFrom = 14; ///< points of a quiet stretch whose sides are drawn
+constexpr double tickHeight = 9;
 
 /// Draws one block after the other.
 class Blocks {
@@ -82,7 +85,16 @@ private:
             const double left = std::max(span.x(quiet.from), place.left());
             const double right = std::min(span.x(quiet.to), place.right());
             list.fill({left, place.top(), right - left, place.height()}, colours.quiet);
+            if (right - left < dashedFrom) continue;
+            for (double y = place.top() + 2; y < place.bottom() - 2; y += 2 * dash) {
+                list.fill({left, y, 1, dash}, paint.edge);
+                list.fill({right - 1, y, 1, dash}, paint.edge);
+            }
         }
+        // A seam within a word: its tick stands where the name is.
+        const double top = layout.top(block);
+        if (block.startsInWord) list.fill({place.left(), top, 3, tickHeight}, colours.notice);
+        if (block.endsInWord) list.fill({place.right() - 3, top, 3, tickHeight}, colours.notice);
     }
 
     /// Stills lie on a grid of the source's own time, so that a trim does not move them.
@@ -139,6 +151,28 @@ DrawList rows(const TimelineLayout& layout, const TimelineSpan& span, const std:
         blocks.draw(block, picked, picked && picks.size() > 1 && picks.back() == block.pick);
     }
     return std::move(blocks.list);
+}
+
+DrawList freeFootage(const TimelineLayout& layout, const TimelineSpan& span, const TimelineBlock& cut,
+                     const TimelineColours& colours) {
+    DrawList list;
+    if (cut.sourceLength <= 0) return list;
+    const double top = layout.top(cut) + (layout.look.names ? TimelineLayout::nameHeight : 0);
+    const double height = std::max(layout.look.filmstrip + layout.look.waveform, 8.0);
+    auto faint = colours.picked;
+    faint.setAlphaF(0.16F);
+    auto edge = colours.picked;
+    edge.setAlphaF(0.5F);
+    const auto strip = [&](double from, double to) {
+        const double left = std::max(span.x(from), -2.0);
+        const double right = std::min(span.x(to), span.width + 2);
+        if (right - left < 1) return;
+        list.fill({left, top, right - left, height}, faint);
+        list.frame({left, top, right - left, height}, 1, edge);
+    };
+    strip(cut.from - cut.at, cut.from);
+    strip(cut.to, cut.to + std::max(cut.sourceLength - cut.at - cut.length(), 0.0));
+    return list;
 }
 
 double rulerStep(double scale) {

@@ -27,6 +27,10 @@ namespace TimelineScene {
 DrawList rows(const TimelineLayout& layout, const TimelineSpan& span, const std::vector<Pick>& picks,
               const TimelineColours& colours);
 
+/// The footage that a cut leaves unused at either side, while its end is dragged.
+DrawList freeFootage(const TimelineLayout& layout, const TimelineSpan& span, const TimelineBlock& cut,
+                     const TimelineColours& colours);
+
 /// The times above them.
 DrawList ruler(const TimelineSpan& span, const TimelineColours& colours);
 

@@ -1,13 +1,12 @@
 #include "app/desktop/timeline/TimelineView.h"
 
 #include "app/desktop/drawn/FootagePictures.h"
+#include "app/desktop/timeline/TimelineAppearance.h"
 #include "app/desktop/timeline/TimelineTheme.h"
 #include "core/ai/SaidCache.h"
 #include "core/model/Settings.h"
 #include "core/playbooks/Playbooks.h"
 
-#include <QCursor>
-#include <QGuiApplication>
 #include <algorithm>
 #include <cmath>
 
@@ -20,8 +19,6 @@ constexpr double mostScale = 600;
 constexpr double fittedMost = 80; ///< a video of a few seconds is not blown up further
 constexpr double margin = 40;     ///< points left free after the end
 constexpr double zoomFactor = 1.25;
-constexpr double wheelNotch = 120;
-constexpr double wheelPoints = 60;
 
 const char* const rowNames[] = {"Shots", "Layers", "Video", "Captions", "Overlays", "Sounds", "Music"};
 
@@ -48,16 +45,14 @@ std::optional<TimelineLayout::BookFacts> facts(const std::string& id, std::int64
     return TimelineLayout::BookFacts{book->playbook.name, book->playbook.layered()};
 }
 
-TimelinePicks::Modifiers modifiers(Qt::KeyboardModifiers keys) {
-    return {bool(keys & Qt::ShiftModifier), bool(keys & Qt::ControlModifier), bool(keys & Qt::AltModifier)};
-}
-
 }
 
 TimelineView::TimelineView(QQuickItem* parent) : DrawnView(parent), said(std::make_unique<SaidCache>()) {
     setAcceptedMouseButtons(Qt::LeftButton | Qt::MiddleButton | Qt::RightButton);
     setAcceptHoverEvents(true);
     setActiveFocusOnTab(true);
+    running.setInterval(16);
+    connect(&running, &QTimer::timeout, this, &TimelineView::runAlong);
 }
 
 TimelineView::~TimelineView() = default;
@@ -198,7 +193,8 @@ double TimelineView::skimmerX() const {
 }
 
 double TimelineView::dropX() const {
-    return drag && drag->dropLine() ? span.x(*drag->dropLine()) : -1;
+    const auto at = foreignDrop ? foreignDrop : drag ? drag->dropLine() : std::nullopt;
+    return at ? span.x(*at) : -1;
 }
 
 double TimelineView::snapX() const {
@@ -210,6 +206,27 @@ QRectF TimelineView::band() const {
     if (!band) return {};
     return {span.x(band->from), band->top - above, (band->to - band->from) * span.scale,
             band->bottom - band->top};
+}
+
+QRectF TimelineView::ghost() const {
+    const auto ghost = drag ? drag->ghost() : std::nullopt;
+    const auto* row = layout.track(TimelineRow::picture);
+    if (!ghost || !row) return {};
+    return {span.x(ghost->from), row->top - above, ghost->length * span.scale, row->height};
+}
+
+QString TimelineView::ghostLabel() const {
+    const auto ghost = drag ? drag->ghost() : std::nullopt;
+    return ghost ? QString::fromStdString(ghost->label) : "";
+}
+
+void TimelineView::setAppearance(QObject* given) {
+    if (given == look) return;
+    if (look) look->disconnect(this);
+    look = given;
+    if (auto* chosen = qobject_cast<TimelineAppearance*>(given))
+        connect(chosen, &TimelineAppearance::changed, this, &TimelineView::rebuild);
+    emit editorChanged();
 }
 
 QVariantList TimelineView::tracks() const {
@@ -225,6 +242,10 @@ QVariantList TimelineView::tracks() const {
 DrawList TimelineView::drawList() {
     if (!session || paints.blocks.empty()) return {};
     auto list = TimelineScene::rows(layout, span, TimelinePicks::all(*session), paints);
+    if (const auto* trimmed = drag ? drag->trimmed(layout) : nullptr) {
+        const auto free = TimelineScene::freeFootage(layout, span, *trimmed, paints);
+        list.items.insert(list.items.end(), free.items.begin(), free.items.end());
+    }
     list.moveBy(0, -above);
     const auto ruler = TimelineScene::ruler(span, paints);
     list.items.insert(list.items.end(), ruler.items.begin(), ruler.items.end());
@@ -239,123 +260,6 @@ void TimelineView::geometryChange(const QRectF& now, const QRectF& before) {
         fit();
     else
         rescale();
-}
-
-// ------------------------------------------------------------------------ mouse --
-
-/// The ruler stays where it is while the rows scroll beneath it.
-TimelineDrag::Pointer TimelineView::point(const QPointF& position) const {
-    const bool onRuler = position.y() < TimelineLayout::rulerHeight;
-    return {position.x(), onRuler ? position.y() : position.y() + above};
-}
-
-void TimelineView::mousePressEvent(QMouseEvent* event) {
-    if (!session) return;
-    forceActiveFocus(Qt::MouseFocusReason);
-    const auto at = point(event->position());
-    if (event->button() == Qt::RightButton) {
-        const auto* block = layout.hit(span.time(at.x), at.y, 3 / span.scale);
-        if (block && block->pickable && !TimelinePicks::isPicked(*session, block->pick))
-            TimelinePicks::click(*session, block->pick, {});
-        session->setInspecting(Inspecting::timeline);
-        const bool caption = block && block->pick.kind == Pick::Kind::caption;
-        emit menuAsked(event->position().x(), event->position().y(),
-                       caption ? "caption"
-                       : block ? "block"
-                               : "timeline");
-        return;
-    }
-    if (session->playback.skimmed()) session->playback.endScrub();
-    const auto tool = session->tool();
-    if (event->button() == Qt::MiddleButton) session->setTool(EditingTool::hand);
-    drag->press(layout, span, at, modifiers(event->modifiers()));
-    session->setTool(tool);
-    emit dragChanged();
-}
-
-void TimelineView::mouseMoveEvent(QMouseEvent* event) {
-    if (!drag || !drag->active()) return;
-    scrollBy(drag->move(layout, span, point(event->position()), modifiers(event->modifiers())));
-    emit dragChanged();
-}
-
-void TimelineView::mouseReleaseEvent(QMouseEvent*) {
-    if (!drag) return;
-    drag->release();
-    emit dragChanged();
-}
-
-void TimelineView::mouseUngrabEvent() {
-    if (drag && drag->active()) cancelDrag();
-}
-
-void TimelineView::mouseDoubleClickEvent(QMouseEvent* event) {
-    const auto at = point(event->position());
-    const auto* block = session ? layout.hit(span.time(at.x), at.y, 3 / span.scale) : nullptr;
-    if (block && block->pick.kind == Pick::Kind::caption && event->button() == Qt::LeftButton) editPicked();
-}
-
-void TimelineView::editPicked() {
-    const auto pick = session ? session->picked() : std::nullopt;
-    const auto* block = pick && pick->kind == Pick::Kind::caption ? layout.find(*pick) : nullptr;
-    if (!block) return;
-    cancelDrag();
-    if (block->to < span.from || block->from > span.to()) setScroll(block->from - width() / span.scale / 10);
-    const QRectF place(span.x(block->from), layout.top(*block) - above, block->length() * span.scale,
-                       layout.blockHeight(*block));
-    emit editAsked(place, QString::fromStdString(pick->id.text()),
-                   static_cast<int>(pick->piece.value_or(-1)));
-}
-
-bool TimelineView::cancelDrag() {
-    if (!drag || !drag->active()) return false;
-    drag->cancel();
-    emit dragChanged();
-    return true;
-}
-
-void TimelineView::hoverMoveEvent(QHoverEvent* event) {
-    showCursor(event->position());
-    if (!session || !session->skimming() || !session->playback.isLoaded() || session->playback.rate() != 0)
-        return;
-    const double time = span.time(event->position().x());
-    if (time >= 0 && time < layout.length)
-        session->playback.skim(time);
-    else if (session->playback.skimmed())
-        session->playback.endScrub();
-    emit playheadChanged();
-}
-
-void TimelineView::hoverLeaveEvent(QHoverEvent*) {
-    if (session && session->playback.skimmed()) session->playback.endScrub();
-    emit playheadChanged();
-}
-
-void TimelineView::showCursor(const QPointF& position) {
-    using Grip = TimelineDrag::Grip;
-    const auto grip = drag ? drag->grip(layout, span, point(position)) : Grip::none;
-    if (grip == Grip::start || grip == Grip::end)
-        setCursor(Qt::SizeHorCursor);
-    else if (grip == Grip::pan)
-        setCursor(Qt::OpenHandCursor);
-    else if (session && session->tool() == EditingTool::blade)
-        setCursor(Qt::SplitHCursor);
-    else
-        unsetCursor();
-}
-
-/// Ctrl zooms round the pointer, Shift goes sideways, a wheel alone goes down where there is more below and
-/// sideways otherwise.
-void TimelineView::wheelEvent(QWheelEvent* event) {
-    const auto turn = event->angleDelta();
-    const double notches = (turn.y() != 0 ? turn.y() : turn.x()) / wheelNotch;
-    if (event->modifiers() & Qt::ControlModifier)
-        zoomRound(std::pow(zoomFactor, notches), event->position().x());
-    else if (turn.x() == 0 && !(event->modifiers() & Qt::ShiftModifier) && layout.height > height())
-        setRowsAbove(above - notches * wheelPoints);
-    else
-        scrollBy(-notches * wheelPoints / span.scale);
-    event->accept();
 }
 
 }

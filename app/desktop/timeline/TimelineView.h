@@ -4,6 +4,7 @@
 #include "app/desktop/timeline/TimelineDrag.h"
 #include "app/editor/Editor.h"
 
+#include <QTimer>
 #include <QVariantList>
 #include <memory>
 
@@ -24,6 +25,12 @@ class TimelineView : public DrawnView {
     Q_PROPERTY(double playheadX READ playheadX NOTIFY playheadChanged)
     Q_PROPERTY(double skimmerX READ skimmerX NOTIFY playheadChanged)
     Q_PROPERTY(double dropX READ dropX NOTIFY dragChanged)
+    Q_PROPERTY(QRectF ghost READ ghost NOTIFY dragChanged)
+    Q_PROPERTY(QString ghostLabel READ ghostLabel NOTIFY dragChanged)
+    Q_PROPERTY(double bladeX READ bladeX NOTIFY hintChanged)
+    Q_PROPERTY(QString hint READ hint NOTIFY hintChanged)
+    Q_PROPERTY(QPointF hintAt READ hintAt NOTIFY hintChanged)
+    Q_PROPERTY(QObject* appearance READ appearance WRITE setAppearance NOTIFY editorChanged)
     Q_PROPERTY(double snapX READ snapX NOTIFY dragChanged)
     Q_PROPERTY(QRectF band READ band NOTIFY dragChanged)
     Q_PROPERTY(QVariantList tracks READ tracks NOTIFY tracksChanged)
@@ -50,6 +57,13 @@ public:
     double dropX() const;    ///< -1 where nothing is dropped
     double snapX() const;    ///< -1 where nothing has caught
     QRectF band() const;
+    QRectF ghost() const; ///< of a cut that goes to another place; empty where none does
+    QString ghostLabel() const;
+    double bladeX() const { return blade; }    ///< -1 where the blade is over nothing
+    QString hint() const { return hintWords; } ///< what the pointer is over: a moment, a quiet stretch
+    QPointF hintAt() const { return hintPlace; }
+    QObject* appearance() const { return look; }
+    void setAppearance(QObject* appearance);
     /// The rows as their headers show them: name, top, height, lane of sound.
     QVariantList tracks() const;
     int blockCount() const { return static_cast<int>(layout.blocks.size()); }
@@ -71,6 +85,13 @@ public:
     /// Has the picked caption's words edited where it lies.
     Q_INVOKABLE void editPicked();
 
+    /// Something from elsewhere is over it, "clips" or "files"; clips are shown where they would land.
+    Q_INVOKABLE void dropMoves(const QString& kind, double x);
+    Q_INVOKABLE void dropLeaves();
+    Q_INVOKABLE bool dropClips(double x);
+    /// The files that are nothing for the timeline are given back.
+    Q_INVOKABLE QStringList dropFiles(const QStringList& files, double x, double y);
+
 signals:
     void editorChanged();
     void coloursChanged();
@@ -78,6 +99,7 @@ signals:
     void tracksChanged();
     void playheadChanged();
     void dragChanged();
+    void hintChanged();
     void menuAsked(double x, double y, const QString& kind);
     /// A caption's words are to be edited in its place.
     void editAsked(const QRectF& place, const QString& line, int piece);
@@ -93,6 +115,8 @@ protected:
     void hoverMoveEvent(QHoverEvent* event) override;
     void hoverLeaveEvent(QHoverEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
 
 private:
     void rebuild();
@@ -101,6 +125,12 @@ private:
     void scrollBy(double seconds);
     TimelineDrag::Pointer point(const QPointF& position) const;
     void showCursor(const QPointF& position);
+    void showHint(const QPointF& position);
+    void dragTo(const QPointF& position, Qt::KeyboardModifiers held);
+    void letAltGo(const QKeyEvent& event, bool held);
+    void runAlong();
+    double momentAt(double x) const { return std::max(span.time(x), 0.0); }
+    std::optional<TimelineRow> rowAt(double y) const { return layout.rowAt(y + above); }
 
     QPointer<Editor> session;
     QVariantMap theme;
@@ -111,6 +141,14 @@ private:
     bool fitted = false; ///< to the open video
     std::unique_ptr<SaidCache> said;
     std::unique_ptr<TimelineDrag> drag;
+    QPointer<QObject> look;
+    QTimer running;       ///< while the timeline runs along under a drag
+    QPointF dragPosition; ///< where the hand was last
+    Qt::KeyboardModifiers dragKeys;
+    std::optional<double> foreignDrop; ///< video seconds
+    double blade = -1;
+    QString hintWords;
+    QPointF hintPlace;
 };
 
 }

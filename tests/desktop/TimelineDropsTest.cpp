@@ -1,0 +1,83 @@
+#include "app/desktop/timeline/TimelineDrops.h"
+#include "app/desktop/timeline/TimelineView.h"
+#include "tests/desktop/TimelineVideo.h"
+#include "tests/desktop/WindowOfProject.h"
+
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+TEST(TimelineDrops, clipsLandBetweenTheCuts) {
+    TimelineVideo video;
+    const auto before = video.editor.project();
+    video.editor.holdClip(video.editor.project().clips[0].id);
+    video.editor.setRange(Stretch{60, 62});
+    EXPECT_NEAR(TimelineDrops::seam(video.editor, 5), 4, 1e-9);
+    EXPECT_NEAR(TimelineDrops::seam(video.editor, 99), 12, 1e-9);
+    EXPECT_TRUE(TimelineDrops::clips(video.editor, 5));
+    ASSERT_EQ(video.editor.video()->cuts.size(), 4);
+    EXPECT_EQ(video.cut(1).start, 60);
+    video.editor.undo();
+    EXPECT_EQ(video.editor.project(), before);
+    video.editor.holdClip({});
+    EXPECT_FALSE(TimelineDrops::clips(video.editor, 5)) << "nothing is offered";
+}
+
+TEST(TimelineDrops, filesGoByWhatTheyAre) {
+    TimelineVideo video;
+    const auto before = video.editor.project();
+    const auto make = [&](const char* name) {
+        std::ofstream(video.folder / name) << name;
+        return video.folder / name;
+    };
+    const auto song = make("Song.MP3");
+    const auto picture = make("map.png");
+    const auto movie = make("more.mp4");
+    const auto words = make("list.txt");
+    EXPECT_EQ(TimelineDrops::files(video.editor, {song, picture, movie, words}, 5, TimelineRow::music),
+              (std::vector{movie, words}));
+    const auto& look = *video.editor.video()->look;
+    EXPECT_EQ(look.music.size(), 1);
+    EXPECT_EQ(look.sounds.size(), 1) << "the one that was there";
+    EXPECT_EQ(look.overlays.size(), 1);
+    EXPECT_EQ(TimelineDrops::files(video.editor, {movie}, 5, TimelineRow::overlays).size(), 0);
+    EXPECT_EQ(video.editor.video()->look->overlays.size(), 2);
+    for (int step = 0; step < 3; ++step) video.editor.undo();
+    EXPECT_EQ(video.editor.project(), before);
+}
+
+TEST(TimelineDrops, aClipIsCarriedFromTheBrowserByTheMouse) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfProject shown;
+    ASSERT_TRUE(shown.opened);
+    shown.click(150, 41 + 44 + 66 * 1.5);
+    shown.key(Qt::Key_E); // a new video, and the browser shows videos
+    shown.editor().setSidebar({Collection::sources, shown.editor().project().sources[0].id});
+    shown.settle();
+    const auto before = shown.editor().project();
+    ASSERT_EQ(shown.cuts(), 1);
+    auto* timeline = shown.item<TimelineView>();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return timeline->blockCount() > 0; }, 5000));
+    const QPoint from(150, 41 + 44 + 66 / 2 * 3);
+    const auto to = timeline
+                        ->mapToScene({timeline->shownSpan().x(0.4),
+                                      timeline->shown().track(TimelineRow::picture)->top + 30})
+                        .toPoint();
+    QTest::mousePress(&shown.window(), Qt::LeftButton, {}, from);
+    for (int part = 1; part <= 10; ++part) {
+        QTest::mouseMove(&shown.window(), from + (to - from) * part / 10);
+        QTest::qWait(5);
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&] { return timeline->dropX() >= 0; }, 2000))
+        << "it is shown where it would land";
+    QTest::mouseRelease(&shown.window(), Qt::LeftButton, {}, to);
+    shown.settle();
+    EXPECT_LT(timeline->dropX(), 0);
+    ASSERT_EQ(shown.cuts(), 2);
+    EXPECT_EQ(shown.editor().history().undoName(), "Add Clip");
+    shown.key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown.editor().project(), before);
+    EXPECT_EQ(Complaints::list(), "");
+}
