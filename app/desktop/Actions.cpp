@@ -59,6 +59,7 @@ std::vector<Action> made() {
         verb("palette", "Edit", "Commands…", "Ctrl+K"),
         verb("menus", "", "Menus", "F10"),
 
+        verb("framing", "Clip", "Framing"),
         key(Command::markStart, "Clip"),
         key(Command::markEnd, "Clip"),
         key(Command::markClip, "Clip"),
@@ -110,6 +111,9 @@ std::vector<Action> made() {
         verb("tab.transcript", "View", "Transcript", "Ctrl+2"),
         verb("tab.captions", "View", "Captions", "Ctrl+3"),
         verb("tall", "View", "Tall Viewer"),
+        verb("fullViewer", "View", "Full-Screen Viewer", "Ctrl+Shift+F"),
+        verb("safeAreas", "View", "Show or Hide Safe Areas"),
+        verb("droppedFrames", "View", "Show or Hide Dropped Frames"),
         verb("nextRegion", "View", "Next Region", "F6"),
         verb("previousRegion", "View", "Previous Region", "Shift+F6"),
         verb("search", "View", "Search the Browser", "Ctrl+F"),

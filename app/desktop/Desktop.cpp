@@ -13,6 +13,9 @@
 #include "app/desktop/timeline/TimelineView.h"
 #include "app/desktop/transcript/TranscriptGutter.h"
 #include "app/desktop/viewer/FrameView.h"
+#include "app/desktop/viewer/FramingResult.h"
+#include "app/desktop/viewer/FramingView.h"
+#include "app/desktop/viewer/HandlesView.h"
 #include "app/desktop/viewer/StillView.h"
 #include "app/desktop/viewer/WaveStrip.h"
 #include "core/intake/transcription/Whisper.h"
@@ -41,6 +44,9 @@ constexpr const char* startView = "qrc:/murbo/qml/StartWindow.qml";
 
 void Desktop::registerTypes() {
     static const bool once = [] {
+        qmlRegisterType<FramingView>("Murbo", 1, 0, "FramingView");
+        qmlRegisterType<FramingResult>("Murbo", 1, 0, "FramingResult");
+        qmlRegisterType<HandlesView>("Murbo", 1, 0, "HandlesView");
         qmlRegisterType<FrameView>("Murbo", 1, 0, "FrameView");
         qmlRegisterType<WaveStrip>("Murbo", 1, 0, "WaveStrip");
         qmlRegisterType<PictureView>("Murbo", 1, 0, "PictureView");

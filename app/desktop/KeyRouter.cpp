@@ -15,6 +15,7 @@ namespace {
 
 constexpr quint32 evdevOffset = 8; // scan codes of X11 and Wayland lie that much above the kernel's
 constexpr double second = 1;
+constexpr int tap = 300; ///< ms
 
 /// By the typed key, else by the one that a US keyboard has there: Ctrl+B is that on every layout.
 const Action* actionOf(const QKeyEvent& event) {
@@ -44,11 +45,29 @@ bool KeyRouter::eventFilter(QObject*, QEvent* event) {
     if (event->type() == QEvent::KeyRelease) {
         const auto& released = static_cast<const QKeyEvent&>(*event);
         const auto name = Keys::name(typed(released).toStdString());
-        if (!released.isAutoRepeat() && name == Keys::standard().key(Command::stop)) stopHeld = false;
+        if (released.isAutoRepeat()) return false;
+        if (name == Keys::standard().key(Command::stop)) stopHeld = false;
+        if (const auto command = name ? Keys::standard().command(*name) : std::nullopt) letToolGo(*command);
         return false;
     }
     if (event->type() != QEvent::KeyPress) return false;
     return press(static_cast<const QKeyEvent&>(*event));
+}
+
+/// A tool's key that is held longer than a tap lends the tool for as long as it is held.
+void KeyRouter::takeTool(Command command) {
+    const bool isTool = command == Command::select || command == Command::trim || command == Command::blade ||
+                        command == Command::hand;
+    if (!isTool || toolHeld) return;
+    toolHeld = command;
+    toolBefore = project.editor().tool();
+    toolSince.start();
+}
+
+void KeyRouter::letToolGo(Command command) {
+    if (toolHeld != command) return;
+    toolHeld.reset();
+    if (toolSince.elapsed() >= tap) project.editor().setTool(toolBefore);
 }
 
 bool KeyRouter::press(const QKeyEvent& event) {
@@ -109,8 +128,10 @@ bool KeyRouter::pressBare(const QKeyEvent& event) {
     if (command == Command::stop) stopHeld = true;
     if (stopHeld && (command == Command::backward || command == Command::forward))
         player.step(command == Command::backward ? -1 / player.frameRate() : 1 / player.frameRate());
-    else if (!event.isAutoRepeat() || command == Command::remove)
+    else if (!event.isAutoRepeat() || command == Command::remove) {
+        takeTool(*command);
         KeyCommands::perform(editor, *command);
+    }
     return true;
 }
 

@@ -1,7 +1,12 @@
 #pragma once
 
+#include "app/editor/EditingTool.h"
+#include "app/editor/Keys.h"
+
+#include <QElapsedTimer>
 #include <QObject>
 #include <functional>
+#include <optional>
 
 class QKeyEvent;
 class QQuickWindow;
@@ -36,6 +41,12 @@ private:
 
     QQuickWindow& window;
     OpenProject& project;
+    void takeTool(Command command);
+    void letToolGo(Command command);
+
+    std::optional<Command> toolHeld; ///< a tool's key that is down
+    EditingTool toolBefore = EditingTool::select;
+    QElapsedTimer toolSince;
     bool stopHeld = false; ///< K, with which J and L go a frame at a time
 };
 

@@ -8,6 +8,7 @@
 #include "core/render/plan/Plan.h"
 #include "platform/base/RawText.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace murbo {
@@ -56,6 +57,7 @@ void OpenProject::connectAll() {
     connect(session, &Editor::heldSourceChanged, this, &OpenProject::heldChanged);
     connect(session, &Editor::rangeChanged, this, &OpenProject::heldChanged);
     connect(session, &Editor::missingChanged, this, &OpenProject::heldChanged);
+    connect(session, &Editor::missingChanged, this, &OpenProject::videoChanged);
     connect(session, &Editor::toolChanged, this, &OpenProject::toolChanged);
     connect(session, &Editor::focusChanged, this, &OpenProject::focusChanged);
     connect(session, &Editor::skimmingChanged, this, &OpenProject::switchesChanged);
@@ -145,6 +147,14 @@ double OpenProject::videoLength() const {
 QString OpenProject::videoWords() const {
     if (!editor().video()) return "";
     return fine(videoLength()) + QString(" · %1 %2").arg(cuts()).arg(cuts() == 1 ? "cut" : "cuts");
+}
+
+QString OpenProject::missingCuts() const {
+    if (!editor().video()) return "";
+    const auto gone = std::ranges::count_if(
+        editor().video()->cuts, [this](const Cut& cut) { return editor().missing().contains(cut.source); });
+    if (gone == 0) return "";
+    return QString("%1 of %2 cuts %3 no file").arg(gone).arg(cuts()).arg(gone == 1 ? "has" : "have");
 }
 
 QString OpenProject::heldTag() const {

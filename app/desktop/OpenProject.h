@@ -39,6 +39,7 @@ class OpenProject : public QObject {
     Q_PROPERTY(int cuts READ cuts NOTIFY videoChanged)
     Q_PROPERTY(double videoLength READ videoLength NOTIFY videoChanged)
     Q_PROPERTY(QString videoWords READ videoWords NOTIFY videoChanged)
+    Q_PROPERTY(QString missingCuts READ missingCuts NOTIFY videoChanged)
     Q_PROPERTY(QString heldTag READ heldTag NOTIFY heldChanged)
     Q_PROPERTY(QString heldTitle READ heldTitle NOTIFY heldChanged)
     Q_PROPERTY(QString rangeWords READ rangeWords NOTIFY heldChanged)
@@ -80,7 +81,8 @@ public:
     bool upright() const;
     int cuts() const;
     double videoLength() const;
-    QString videoWords() const; ///< "0:42.30 · 9 cuts"
+    QString videoWords() const;  ///< "0:42.30 · 9 cuts"
+    QString missingCuts() const; ///< "1 of 9 cuts has no file"; empty where all have
     QString heldTag() const;
     QString heldTitle() const;
     QString rangeWords() const;

@@ -69,7 +69,10 @@ bool OpenProject::performVerb(const Action& action) {
     const auto id = QString::fromStdString(action.id);
     if (id.startsWith("sheet."))
         setSheet(id.mid(6));
-    else if (id == "palette" || id == "renameVideo")
+    else if (id == "framing") {
+        session.setFraming(!session.framing());
+        if (session.framing()) session.setFocus(Viewer::source);
+    } else if (id == "palette" || id == "renameVideo")
         setSheet(id);
     else if (id == "trimStart" || id == "trimEnd")
         trimToPlayhead(id == "trimStart");
@@ -99,6 +102,7 @@ bool OpenProject::possible(const Action& action) const {
     const auto& id = action.id;
     if (!action.line.empty()) return CommandRun::possible(session, action.line);
     if (id == "takeOutQuiet") return CutCommands::pickedCut(session).has_value();
+    if (id == "framing") return session.source.source().has_value();
     if (id == "sheet.findMissing") return !session.missing().empty();
     if (id == "showInFolder") return lookedThrough(session) != nullptr;
     if (id.starts_with("caption.")) return CaptionEdits::possible(session, id.substr(8));

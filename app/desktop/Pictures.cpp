@@ -49,11 +49,12 @@ void pickFirst(Editor& editor, Pick::Kind kind) {
 
 void bringUp(const std::string& view, OpenProject& project) {
     auto& editor = project.editor();
-    if (view == "source" || view == "transcript") {
+    if (view == "source" || view == "transcript" || view == "framing") {
         if (!editor.project().clips.empty()) editor.holdClip(editor.project().clips.front().id);
         editor.setFocus(Viewer::source);
         editor.setInspecting(Inspecting::browser);
     }
+    editor.setFraming(view == "framing");
     if (view == "picture") pickFirst(editor, Pick::Kind::cut);
     if (view == "shot") pickFirst(editor, Pick::Kind::shot);
     if (view == "overlay") pickFirst(editor, Pick::Kind::overlay);

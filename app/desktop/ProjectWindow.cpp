@@ -5,6 +5,7 @@
 #include "app/desktop/footage/DroppedFiles.h"
 #include "app/editor/commands/OverlayCommands.h"
 #include "app/editor/commands/SoundCommands.h"
+#include "app/editor/playback/PreviewVolume.h"
 #include "platform/base/Problem.h"
 
 #include <QCloseEvent>
@@ -30,6 +31,8 @@ ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_p
       captions(open.editor()),
       inspection(open.editor()),
       inspectorPictures(open.editor()),
+      heldFootage(open.editor()),
+      viewerAids(open.editor().playback),
       context(std::make_unique<QQmlContext>(&engine)) {
     context->setContextProperty("desktop", &desktop);
     context->setContextProperty("project", &open);
@@ -47,6 +50,11 @@ ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_p
     context->setContextProperty("transcript", &transcript);
     context->setContextProperty("captions", &captions);
     context->setContextProperty("folders", &folders);
+    context->setContextProperty("heldFootage", &heldFootage);
+    context->setContextProperty("timelineAppearance", &timelineAppearance);
+    context->setContextProperty("splitters", &splitters);
+    context->setContextProperty("viewerAids", &viewerAids);
+    context->setContextProperty("previewVolume", &PreviewVolume::standard());
     context->setContextProperty("planner", this);
     connect(&inspection, &Inspection::findAsked, &open, [this] { open.perform("sheet.findMissing"); });
     connect(&open, &OpenProject::verb, &inspectorPanel, &InspectorPanel::carryOut);

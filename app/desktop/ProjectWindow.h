@@ -3,6 +3,7 @@
 #include "app/desktop/ClosingQuestion.h"
 #include "app/desktop/ExportSheet.h"
 #include "app/desktop/OpenProject.h"
+#include "app/desktop/SplitterSizes.h"
 #include "app/desktop/WindowPlan.h"
 #include "app/desktop/captions/CaptionsPage.h"
 #include "app/desktop/documents/CopySheet.h"
@@ -15,7 +16,10 @@
 #include "app/desktop/libraries/LibraryModel.h"
 #include "app/desktop/models/FolderModel.h"
 #include "app/desktop/settings/SettingsSheet.h"
+#include "app/desktop/timeline/TimelineAppearance.h"
 #include "app/desktop/transcript/TranscriptPage.h"
+#include "app/desktop/viewer/HeldFootage.h"
+#include "app/desktop/viewer/ViewerAids.h"
 
 #include <QObject>
 #include <memory>
@@ -73,6 +77,10 @@ private:
     Inspection inspection;
     InspectorPictures inspectorPictures;
     FolderModel folders;
+    HeldFootage heldFootage;
+    ViewerAids viewerAids;
+    TimelineAppearance timelineAppearance;
+    SplitterSizes splitters;
     std::unique_ptr<QQmlContext> context;
     std::unique_ptr<QQuickWindow> view;
 };

@@ -56,3 +56,16 @@ TEST(KeyRouter, keysGoToASheetAndNotThroughIt) {
     EXPECT_EQ(shown.project().sheet(), "");
     EXPECT_EQ(shown.editor().tool(), EditingTool::blade) << "the palette gave the command";
 }
+
+TEST(KeyRouter, aToolsKeyThatIsHeldLendsTheTool) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfProject shown;
+    ASSERT_TRUE(shown.opened);
+    QTest::keyPress(&shown.window(), Qt::Key_B);
+    EXPECT_EQ(shown.editor().tool(), EditingTool::blade);
+    QTest::qWait(350);
+    QTest::keyRelease(&shown.window(), Qt::Key_B);
+    EXPECT_EQ(shown.editor().tool(), EditingTool::select);
+    shown.key(Qt::Key_T);
+    EXPECT_EQ(shown.editor().tool(), EditingTool::trim) << "a tap takes it for good";
+}

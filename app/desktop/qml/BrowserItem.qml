@@ -39,6 +39,39 @@ Rectangle {
             if (mouse.button === Qt.RightButton) { const at = mapToItem(null, mouse.x, mouse.y); item.menuAsked(item.kind, at.x, at.y) }
         }
         onDoubleClicked: project.browser.activate(item.index)
+        // A clip or source can be carried to the timeline.
+        drag.target: item.kind === "clip" || item.kind === "source" ? carried : null
+        drag.threshold: 8
+        preventStealing: true // or the list would take a drag that goes down
+        onPressed: { carried.x = mouseX - carried.width / 2; carried.y = mouseY - carried.height / 2 }
+        drag.onActiveChanged: if (drag.active && !item.picked && !item.held) project.browser.pick(item.index, 0)
+        onReleased: if (drag.active) carried.Drag.drop()
+    }
+    Item {
+        id: carried
+        readonly property var dragged: ({ kind: "clips" })
+        width: 96
+        height: 54
+        visible: touch.drag.active
+        Drag.active: touch.drag.active
+        Drag.source: carried
+        Drag.hotSpot.x: width / 2
+        Drag.hotSpot.y: height / 2
+        Rectangle {
+            parent: item.Window.contentItem
+            readonly property point place: { carried.x; carried.y; return carried.mapToItem(null, 0, 0) }
+            z: 10
+            x: place.x
+            y: place.y
+            width: 96
+            height: 54
+            radius: Theme.small
+            visible: carried.visible
+            color: Theme.pressed
+            border.color: Theme.picked
+            opacity: 0.85
+            StillView { anchors.fill: parent; anchors.margins: 1; source: item.missing ? "" : item.source; from: item.from; to: item.to; footage: project.footage }
+        }
     }
     Rectangle {
         id: place

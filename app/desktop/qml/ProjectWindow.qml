@@ -6,8 +6,10 @@ Window {
     id: window
 
     property bool wantsTall: true
-    property real timelineHeight: 0
+    readonly property real timelineHeight: { splitters.turn; return splitters.size("timeline", width) }
     property bool showsSource: false // with both viewers in one region
+    property bool fullViewer: false // the video's viewer alone, on the whole screen
+    property int before: Window.Windowed
     readonly property var plan: planner.plan(width, height, project.upright, wantsTall, inspectorPanel.shown, timelineHeight)
 
     width: 1280
@@ -34,6 +36,9 @@ Window {
     }
     function carryOut(name) {
         if (name === "tall") wantsTall = !wantsTall
+        else if (name === "safeAreas") viewerAids.safeAreas = !viewerAids.safeAreas
+        else if (name === "droppedFrames") viewerAids.droppedFrames = !viewerAids.droppedFrames
+        else if (name === "fullViewer") fullViewer ? leaveFull() : enterFull()
         else if (name === "zoomIn" || name === "zoomOut") timeline.zoomStep(name === "zoomIn")
         else if (name === "zoomFit") timeline.fit()
         else if (name === "search") (library.shown ? shelf : browser).search()
@@ -42,7 +47,26 @@ Window {
         else if (name === "menus") topBar.openMenus()
         else if (name === "closeWindow") window.close()
         else if (name === "caption.edit") timeline.editCaption()
-        else if (name === "escape" && !transcript.giveBack() && !timeline.cancelDrag()) regions.home()
+        else if (name === "escape") letGo()
+    }
+
+    function enterFull() {
+        before = visibility
+        fullViewer = true
+        showFullScreen()
+    }
+    function leaveFull() {
+        fullViewer = false
+        if (before === Window.Maximized) showMaximized()
+        else if (before !== Window.FullScreen) showNormal()
+    }
+    // A drag that is open is put back, else an overlay goes, else all is let go of.
+    function letGo() {
+        if (transcript.giveBack() || source.cancelDrag() || video.cancelDrag() || timeline.cancelDrag()) return
+        if (fullViewer) return leaveFull()
+        if (project.editor.framing) project.editor.framing = false
+        else project.perform("clear")
+        regions.home()
     }
 
     FocusScope {
@@ -57,19 +81,23 @@ Window {
             x: window.plan.browser.x; y: window.plan.browser.y; width: window.plan.browser.width; height: window.plan.browser.height }
         LibraryPage { id: shelf; visible: library.shown; x: browser.x; y: browser.y; width: browser.width; height: browser.height }
         SourceViewer { id: source; tabbed: window.plan.tabs
-            visible: !window.plan.tabs || window.showsSource
+            visible: !window.plan.tabs || window.showsSource || heldFootage.showsEdge
             x: window.plan.source.x; y: window.plan.source.y; width: window.plan.source.width; height: window.plan.source.height }
-        VideoViewer { id: video; tabbed: window.plan.tabs; tall: window.plan.tall
-            visible: !window.plan.tabs || !window.showsSource
-            x: window.plan.video.x; y: window.plan.video.y; width: window.plan.video.width; height: window.plan.video.height }
+        VideoViewer { id: video; tabbed: window.plan.tabs && !window.fullViewer; tall: window.plan.tall
+            readonly property rect place: window.fullViewer ? Qt.rect(0, 0, window.width, window.height) : window.plan.video
+            visible: window.fullViewer || !window.plan.tabs || !window.showsSource && !heldFootage.showsEdge
+            z: window.fullViewer ? 1 : 0
+            x: place.x; y: place.y; width: place.width; height: place.height
+            Rectangle { anchors.fill: parent; z: -1; color: "black"; visible: window.fullViewer } }
         TimelinePanel { id: timeline
+            onFilesLeft: (paths) => sheets.take(paths)
             x: window.plan.timeline.x; y: window.plan.timeline.y; width: window.plan.timeline.width; height: window.plan.timeline.height }
         Inspector { id: inspector; visible: inspectorPanel.shown
             x: window.plan.inspector.x; y: window.plan.inspector.y; width: window.plan.inspector.width; height: window.plan.inspector.height }
         Splitter {
             x: 0; width: timeline.width; y: timeline.y - height / 2
-            onMoved: (y) => window.timelineHeight = window.height - y
-            onReset: window.timelineHeight = 0
+            onMoved: (y) => splitters.set("timeline", window.width, window.height - y)
+            onReset: splitters.set("timeline", window.width, 0)
         }
     }
 

@@ -6,7 +6,9 @@ Item {
 
     property Item picture
     function drop(urls) {
-        const paths = urls.map(url => desktop.pathOf(url)).filter(path => path)
+        take(urls.map(url => desktop.pathOf(url)).filter(path => path))
+    }
+    function take(paths) {
         const projects = paths.filter(path => path.endsWith(".mbproj"))
         projects.forEach(path => { if (!desktop.openPath(path)) project.toast(desktop.problem, "") })
         planner.takeFootage(paths.filter(path => !path.endsWith(".mbproj")))

@@ -7,30 +7,99 @@ FocusScope {
 
     property bool tabbed: false
     readonly property bool held: project.sourcePlayer.spanEnd > project.sourcePlayer.spanStart
+    readonly property bool frames: project.editor.framing && heldFootage.state === "ready"
+    property bool late: false // a picture is asked for and has not come
     function takeFocus() { forceActiveFocus(Qt.TabFocusReason); project.setFocus("source") }
+    function cancelDrag() { return overlay.item ? overlay.item.cancelDrag() : false }
 
     Accessible.role: Accessible.Pane
     Accessible.name: "Source viewer"
 
-    ViewerHead { id: head; tabbed: viewer.tabbed; viewer: "source"; tag: project.heldTag; title: project.heldTitle }
+    ViewerHead { id: head; tabbed: viewer.tabbed; viewer: "source"; tag: project.heldTag; title: project.heldTitle
+        IconButton {
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.gap
+            anchors.verticalCenter: parent.verticalCenter
+            glyph: "crop"
+            name: "Framing"
+            checked: project.editor.framing
+            enabled: heldFootage.state === "ready"
+            onClicked: project.perform("framing")
+        }
+    }
+    StillView { // until the first picture comes, and while the right one is late
+        anchors.fill: screen
+        anchors.leftMargin: screen.picture.width > 0 ? screen.picture.x : 0
+        anchors.rightMargin: anchors.leftMargin
+        anchors.topMargin: screen.picture.width > 0 ? screen.picture.y : 0
+        anchors.bottomMargin: anchors.topMargin
+        z: 1
+        visible: heldFootage.state === "loading" || viewer.late && heldFootage.state === "ready"
+        source: heldFootage.source
+        from: heldFootage.at
+        to: heldFootage.at
+        footage: project.footage
+    }
     FrameView {
-        id: frame
+        id: screen
         anchors.top: head.bottom
         anchors.bottom: strip.top
         anchors.margins: Theme.gap
+        anchors.bottomMargin: viewer.frames ? Theme.control + 2 * Theme.gap : Theme.gap
         anchors.left: parent.left
         anchors.right: parent.right
+        anchors.rightMargin: viewer.frames && overlay.item ? overlay.item.taken + Theme.gap : Theme.gap
         player: project.sourcePlayer
+        visible: heldFootage.state === "ready"
+        onFrameShown: { viewer.late = false; waiting.stop() }
         Accessible.role: Accessible.Graphic
         Accessible.name: project.heldTitle ? "Picture of " + project.heldTitle : "No footage"
         TapHandler { onTapped: project.setFocus("source") }
     }
-    Words {
-        anchors.centerIn: frame
-        visible: !viewer.held
-        text: project.heldMissing ? "The file of this footage was not found" : "Pick a clip in the browser"
-        color: Theme.text3
+    Timer { id: waiting; interval: 60; onTriggered: { viewer.late = true; resting.restart() } }
+    Timer { id: resting; interval: 500; onTriggered: viewer.late = false }
+    Loader {
+        id: overlay
+        active: viewer.frames
+        x: Theme.gap
+        y: screen.y
+        width: parent.width - 2 * Theme.gap
+        height: strip.y - screen.y - Theme.gap
+        sourceComponent: FramingOverlay { frame: screen; originX: overlay.x; originY: overlay.y }
+        onLoaded: item.takeFocus()
     }
+    Item { // the edge of a trim
+        anchors.fill: screen
+        visible: heldFootage.showsEdge
+        z: 2
+        Rectangle { anchors.fill: parent; color: Theme.canvas }
+        StillView { anchors.centerIn: parent; width: Math.min(parent.width, parent.height * 16 / 9); height: width * 9 / 16; source: heldFootage.edgeSource; from: heldFootage.edgeAt; to: heldFootage.edgeAt; footage: project.footage
+                    visible: heldFootage.edgePlayer.source !== heldFootage.edgeSource }
+        FrameView { anchors.fill: parent; player: heldFootage.edgePlayer; visible: heldFootage.edgePlayer.source === heldFootage.edgeSource }
+        Badge { x: Theme.gap; y: Theme.gap; text: project.fine(heldFootage.edgeAt) }
+    }
+    Item { // what stands in the picture's place
+        anchors.fill: screen
+        Hatched { anchors.fill: parent; visible: heldFootage.state === "missing" }
+        Column {
+            anchors.centerIn: parent
+            visible: heldFootage.state === "empty" || heldFootage.state === "missing" || heldFootage.state === "failed"
+            width: parent.width - 2 * Theme.margin
+            spacing: Theme.wide
+            Words {
+                width: parent.width
+                horizontalAlignment: Text.AlignHCenter
+                elide: Text.ElideNone
+                wrapMode: Text.WordWrap
+                text: heldFootage.state === "missing" ? "The file of this footage was not found" : heldFootage.state === "failed" ? heldFootage.words : "Pick a clip in the browser"
+                color: heldFootage.state === "empty" ? Theme.text3 : Theme.text
+            }
+            Words { width: parent.width; horizontalAlignment: Text.AlignHCenter; visible: heldFootage.state === "missing"; text: heldFootage.path; elide: Text.ElideMiddle; color: Theme.text2; font.pixelSize: Theme.noteSize }
+            PushButton { anchors.horizontalCenter: parent.horizontalCenter; visible: heldFootage.state === "missing"; text: "Find…"; onClicked: project.perform("sheet.findMissing") }
+            PushButton { anchors.horizontalCenter: parent.horizontalCenter; visible: heldFootage.state === "failed"; text: "Try Again"; onClicked: heldFootage.tryAgain() }
+        }
+    }
+    RateBadge { x: screen.x + Theme.gap; y: screen.y + Theme.gap; z: 3; player: project.sourcePlayer }
     WaveStrip {
         id: strip
         anchors.bottom: transport.top
@@ -41,8 +110,12 @@ FocusScope {
         wave: Theme.disabled
         range: Theme.picked
         mark: Theme.notice
+        clip: Theme.fieldEdge
         playhead: Theme.playhead
+        onSkimmed: { heldFootage.noteSkim(); if (!waiting.running) waiting.start() }
         Component.onCompleted: setFootage(project.footage)
+        Accessible.role: Accessible.Graphic
+        Accessible.name: "Waveform" + (project.rangeWords ? ", " + project.rangeWords : "")
     }
     Transport {
         id: transport
@@ -55,7 +128,7 @@ FocusScope {
     Row {
         anchors.bottom: parent.bottom
         anchors.bottomMargin: (Theme.bar - Theme.control) / 2
-        x: Math.min(parent.width * 0.7, parent.width - 210)
+        x: parent.width / 2 + 64
         visible: viewer.held && viewer.width > 480
         IconButton { glyph: "corner-down-left"; name: "Insert at playhead"; keys: "W"; onClicked: project.perform("key.insert") }
         IconButton { glyph: "list-plus"; name: "Add to end"; keys: "E"; onClicked: project.perform("key.addToEnd") }

@@ -7,6 +7,7 @@ FocusScope {
 
     readonly property bool wideHeaders: width > 700
     readonly property int headerWidth: wideHeaders ? Theme.headers : 72
+    signal filesLeft(var paths) // dropped, and nothing for the timeline
     function fit() { view.fit() }
     function zoomStep(into) { view.zoomStep(into) }
     function cancelDrag() { return editing.giveBack() || view.cancelDrag() }
@@ -56,6 +57,7 @@ FocusScope {
             height: parent.height
             spacing: Theme.small
             Words { text: project.videoWords; color: Theme.text3; height: parent.height; rightPadding: Theme.gap; visible: panel.width > 620 }
+            IconButton { id: looks; glyph: "sliders-horizontal"; name: "How the timeline looks"; side: 16; anchors.verticalCenter: parent.verticalCenter; checked: popover.visible; onClicked: popover.visible ? popover.close() : popover.openAt(looks) }
             IconButton { glyph: "minus"; name: "Zoom out"; keys: "Ctrl+−"; side: 14; anchors.verticalCenter: parent.verticalCenter; onClicked: view.zoomStep(false) }
             Slide { name: "Zoom"; width: 84; anchors.verticalCenter: parent.verticalCenter; from: -3; to: 5
                     value: Math.log(Math.max(project.editor.zoom, 0.01)) / Math.LN2
@@ -105,6 +107,7 @@ FocusScope {
         anchors.right: parent.right
         editor: project.editor
         colours: Theme.timeline
+        appearance: timelineAppearance
         focus: true
         Accessible.role: Accessible.List
         Accessible.name: project.videoTag ? "Timeline of " + project.videoTag + ", " + project.videoWords : "Timeline"
@@ -117,6 +120,16 @@ FocusScope {
 
         CaptionEditor { id: editing; onEnded: view.forceActiveFocus(Qt.OtherFocusReason) }
         Rectangle { visible: view.skimmerX >= 0; x: view.skimmerX; width: 1; height: parent.height; color: Theme.text }
+        Rectangle {
+            visible: view.ghost.width > 0
+            x: view.ghost.x; y: view.ghost.y; width: view.ghost.width; height: view.ghost.height
+            radius: Theme.small
+            color: "#A02A323B"
+            border.color: Theme.picked
+            Words { x: Theme.gap; y: 2; width: parent.width - 2 * Theme.gap; text: view.ghostLabel; font.pixelSize: Theme.noteSize }
+        }
+        Rectangle { visible: view.bladeX >= 0; x: view.bladeX; y: 22; width: 1; height: parent.height; color: Theme.notice }
+        Badge { text: view.hint; x: Math.min(view.hintAt.x + Theme.gap, view.width - width - Theme.small); y: Math.max(view.hintAt.y - height - 2, 0) }
         Rectangle { visible: view.dropX >= 0; x: view.dropX - 1; y: 22; width: 3; height: parent.height; color: Theme.picked }
         Rectangle { visible: view.snapX >= 0; x: view.snapX; y: 22; width: 1; height: parent.height; color: Theme.accent }
         Rectangle { visible: view.band.width > 0 || view.band.height > 0; x: view.band.x; y: view.band.y; width: view.band.width; height: view.band.height
@@ -125,11 +138,13 @@ FocusScope {
             Rectangle { x: -5; width: 12; height: 12; radius: 6; color: Theme.playhead } }
         Rectangle { anchors.fill: parent; color: "transparent"; border.color: Theme.accent; border.width: Theme.ring; visible: false }
     }
-    Words {
-        anchors.centerIn: view
+    DashedPlace {
+        x: view.x + Theme.wide
+        y: view.y + 22 + 3 + Theme.gap
+        width: Math.min(view.width - 2 * Theme.wide, 520)
+        height: 72
         visible: project.cuts === 0
-        text: project.videoTag ? "Put a clip in with E or W, or drop footage on the window" : "Pick a clip and press E: a video begins with it"
-        color: Theme.text3
+        text: project.videoTag ? "Put a clip in with E or W, or drop footage here" : "Pick a clip and press E: a video begins with it"
     }
     Item {
         id: scroller
@@ -159,4 +174,23 @@ FocusScope {
         Rectangle { visible: parent.containsDrag; x: parent.drag.x; width: 2; height: parent.height; color: Theme.picked }
     }
     MenuList { id: context }
+    TimelineLooks { id: popover }
+
+    // Clips out of the browser, whose carrier has a property "dragged", and files out of another program.
+    DropArea {
+        id: landing
+        anchors.fill: view
+        function kindOf(drag) { return drag.source && drag.source.dragged ? drag.source.dragged.kind : drag.hasUrls ? "files" : "" }
+        onEntered: (drag) => { drag.accepted = kindOf(drag) !== ""; if (drag.accepted) view.dropMoves(kindOf(drag), drag.x) }
+        onPositionChanged: (drag) => view.dropMoves(kindOf(drag), drag.x)
+        onExited: view.dropLeaves()
+        onDropped: (drop) => {
+            if (kindOf(drop) === "clips") view.dropClips(drop.x)
+            else if (drop.hasUrls) {
+                const paths = drop.urls.map(url => desktop.pathOf(url)).filter(path => path)
+                const left = view.dropFiles(paths, drop.x, drop.y)
+                if (left.length > 0) panel.filesLeft(left)
+            }
+        }
+    }
 }

@@ -17,7 +17,7 @@ Item {
         id: time
         x: Theme.wide
         height: parent.height
-        text: project.fine(transport.player.time) + (Math.abs(transport.player.rate) > 1 || transport.player.rate < 0 ? "  " + (transport.player.rate < 0 ? "−" : "") + Math.abs(transport.player.rate) + "×" : "")
+        text: project.fine(transport.player.time)
         Accessible.role: Accessible.StaticText
         Accessible.name: "Time " + text
     }
@@ -29,5 +29,12 @@ Item {
                      onClicked: { project.setFocus(transport.what); transport.player.playPause() } }
         IconButton { glyph: "step-forward"; name: "One frame on"; keys: "→"; onClicked: transport.player.step(1 / transport.player.frameRate) }
     }
-    Words { anchors.right: parent.right; anchors.rightMargin: Theme.wide; height: parent.height; text: transport.lengthWords; color: Theme.text3 }
+    Row {
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.wide
+        height: parent.height
+        spacing: Theme.gap
+        Volume { anchors.verticalCenter: parent.verticalCenter; visible: transport.hasSound; wide: transport.width > 560 }
+        Words { height: parent.height; text: transport.lengthWords; color: Theme.text3 }
+    }
 }

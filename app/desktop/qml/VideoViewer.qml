@@ -8,12 +8,26 @@ FocusScope {
     property bool tabbed: false
     property bool tall: false
     property alias frame: frame
+    readonly property bool upright: project.aspect === "9:16"
+    function cancelDrag() { return handles.cancelEdit() || handles.cancelDrag() }
     function takeFocus() { forceActiveFocus(Qt.TabFocusReason); project.setFocus("video") }
 
     Accessible.role: Accessible.Pane
     Accessible.name: "Video viewer"
 
-    ViewerHead { id: head; tabbed: viewer.tabbed; viewer: "video"; tag: project.videoTag; title: project.videoTitle; note: project.aspect }
+    ViewerHead { id: head; tabbed: viewer.tabbed; viewer: "video"; tag: project.videoTag; title: project.videoTitle; note: viewer.tall || viewer.width > 420 ? "" : project.aspect
+        Row {
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.gap
+            anchors.verticalCenter: parent.verticalCenter
+            visible: viewer.tall || viewer.width > 420
+            spacing: 2
+            Words { text: project.aspect; color: Theme.text3; height: Theme.control; rightPadding: Theme.gap }
+            IconButton { glyph: "frame"; name: "Safe areas"; checked: viewerAids.safeAreas; visible: viewer.upright; onClicked: project.perform("safeAreas") }
+            IconButton { glyph: "smartphone"; name: "Tall viewer"; checked: viewer.tall; visible: viewer.upright && viewer.Window.width >= 1700; onClicked: project.perform("tall") }
+            IconButton { glyph: "maximize"; name: "Full-screen viewer"; keys: "Ctrl+Shift+F"; onClicked: project.perform("fullViewer") }
+        }
+    }
     FrameView {
         id: frame
         anchors.top: head.bottom
@@ -25,6 +39,20 @@ FocusScope {
         Accessible.role: Accessible.Graphic
         Accessible.name: project.videoTitle ? "Picture of " + project.videoTitle : "No video"
         TapHandler { onTapped: project.setFocus("video") }
+    }
+    SafeAreas {
+        x: frame.x + frame.picture.x; y: frame.y + frame.picture.y; width: frame.picture.width; height: frame.picture.height
+        visible: viewerAids.safeAreas && viewer.upright && project.cuts > 0
+    }
+    PictureHandles {
+        id: handles
+        x: frame.x + frame.picture.x; y: frame.y + frame.picture.y; width: frame.picture.width; height: frame.picture.height
+    }
+    RateBadge { x: frame.x + Theme.gap; y: frame.y + Theme.gap; player: project.player }
+    Badge { anchors.right: frame.right; y: frame.y + Theme.gap; anchors.rightMargin: Theme.gap; text: viewerAids.droppedFrames ? viewerAids.droppedWords : "" }
+    Badge { // above the old picture while a new one is made
+        anchors.horizontalCenter: frame.horizontalCenter; y: frame.y + frame.height - height - Theme.gap
+        text: project.missingCuts
     }
     Column {
         anchors.centerIn: frame

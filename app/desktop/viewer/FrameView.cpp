@@ -52,6 +52,10 @@ FrameView::~FrameView() {
     if (playing) playing->setSink(nullptr, 0, 0);
 }
 
+Bitmap FrameView::last() const {
+    return sink->last();
+}
+
 void FrameView::setPlayer(Playback* player) {
     if (player == playing) return;
     if (playing) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/editor/playback/Playback.h"
+#include "platform/image/Bitmap.h"
 
 #include <QPointer>
 #include <QQuickItem>
@@ -28,6 +29,7 @@ public:
     void setMirrors(FrameView* view);
     QRectF picture() const { return place; } ///< where in the item the picture lies
     qint64 shown() const { return count; }   ///< pictures so far
+    Bitmap last() const;                     ///< the newest picture; empty before the first
 
 signals:
     void playerChanged();

@@ -2,10 +2,13 @@
 
 #include "app/desktop/drawn/FootagePictures.h"
 
+#include <QCursor>
+
 namespace murbo {
 namespace {
 
 constexpr double tile = 256; ///< points
+constexpr double clipHeight = 3;
 
 }
 
@@ -25,6 +28,7 @@ void WaveStrip::setEditor(Editor* given) {
     if (session) {
         connect(session, &Editor::rangeChanged, this, &QQuickItem::update);
         connect(session, &Editor::projectChanged, this, &QQuickItem::update);
+        connect(session, &Editor::heldClipChanged, this, &QQuickItem::update);
         connect(session, &Editor::loudnessChanged, this, &QQuickItem::update);
         connect(&session->source, &Playback::spanChanged, this, &QQuickItem::update);
         connect(&session->source, &Playback::timeChanged, this, &QQuickItem::update);
@@ -37,38 +41,59 @@ void WaveStrip::setFootage(QObject* footage) {
     setPictures(qobject_cast<FootagePictures*>(footage));
 }
 
-double WaveStrip::x(double at) const {
-    const auto span = session->source.span();
-    return span.to > span.from ? (at - span.from) / (span.to - span.from) * width() : 0;
+RangeHandles::RangeEnd WaveStrip::endAt(double at) const {
+    const auto marked = session ? session->range() : std::nullopt;
+    return marked ? RangeHandles::at(*marked, scale(), at) : RangeHandles::RangeEnd::none;
 }
 
-double WaveStrip::time(double at) const {
-    const auto span = session->source.span();
-    return span.from + at / std::max(width(), 1.0) * (span.to - span.from);
+/// What is marked on the source: clips along the foot, live markers and bookmarks as ticks.
+void WaveStrip::drawMarks(DrawList& list, const UUID& source) const {
+    const auto tick = [&](double at, double top, double wide) {
+        list.fill({x(at), top, wide, height() - top}, mark);
+    };
+    for (const auto& one : session->project().clips) {
+        if (one.source != source) continue;
+        const double left = std::max(x(one.start), 0.0);
+        const double right = std::min(x(one.end), width());
+        const bool held = session->heldClip() == one.id;
+        list.fill({left, height() - clipHeight, right - left - 1, clipHeight}, held ? range : clip);
+        for (const auto at : one.marks) tick(at, height() * 0.6, 1);
+    }
+    for (const auto& bookmark : session->project().bookmarks) {
+        if (bookmark.source != source) continue;
+        tick(bookmark.at, 0, 2);
+        if (bookmark.end) list.fill({x(bookmark.at), 0, x(*bookmark.end) - x(bookmark.at), 3}, mark);
+    }
+}
+
+/// The range with a grip at each end.
+void WaveStrip::drawRange(DrawList& list) const {
+    const auto marked = session->range();
+    if (!marked) return;
+    const QRectF lies(x(marked->from), 0, std::max(x(marked->to) - x(marked->from), 2.0), height());
+    list.frame(lies, 2, range);
+    list.fill({lies.left() - 2, 0, 5, height()}, range);
+    list.fill({lies.right() - 3, 0, 5, height()}, range);
 }
 
 DrawList WaveStrip::drawList() {
     DrawList list;
     if (!session || !session->source.source() || !session->source.isLoaded()) return list;
     const auto source = *session->source.source();
-    const QRectF whole(0, 0, width(), height());
     if (const auto marked = session->range()) {
-        const QRectF lies(x(marked->from), 0, x(marked->to) - x(marked->from), height());
         auto inside = range;
         inside.setAlphaF(0.2F);
-        list.fill(lies, inside);
+        list.fill({x(marked->from), 0, x(marked->to) - x(marked->from), height()}, inside);
     }
     for (double left = 0; left < width(); left += tile) {
         const double right = std::min(left + tile, width());
         list.items.emplace_back(
             DrawList::Wave{{left, 4, right - left, height() - 8}, source, time(left), time(right), wave});
     }
-    for (const auto& bookmark : session->project().bookmarks)
-        if (bookmark.source == source) list.fill({x(bookmark.at), 0, 2, height()}, mark);
-    if (const auto* clip = session->held())
-        for (const auto at : clip->marks) list.fill({x(at), 0, 1, height()}, mark);
-    if (const auto marked = session->range())
-        list.frame({x(marked->from), 0, x(marked->to) - x(marked->from), height()}, 2, range);
+    drawMarks(list, source);
+    drawRange(list);
+    const auto skim = session->source.skimmed();
+    if (skim) list.fill({x(*skim), 0, 1, height()}, Qt::white);
     list.fill({x(session->source.time()) - 1, 0, 2, height()}, playhead);
     return list;
 }
@@ -76,20 +101,43 @@ DrawList WaveStrip::drawList() {
 void WaveStrip::mousePressEvent(QMouseEvent* event) {
     if (!session) return;
     session->setFocus(Viewer::source);
-    session->source.seek(time(event->position().x()));
+    pulled = endAt(event->position().x());
+    if (pulled == RangeHandles::RangeEnd::none) session->source.seek(time(event->position().x()));
 }
 
 void WaveStrip::mouseMoveEvent(QMouseEvent* event) {
-    if (session) session->source.seek(time(event->position().x()));
+    if (!session) return;
+    const double to = time(event->position().x());
+    const auto marked = session->range();
+    if (pulled == RangeHandles::RangeEnd::none || !marked) return session->source.seek(to);
+    const auto next = RangeHandles::dragged(*marked, pulled, to, session->source.span());
+    session->setRange(next);
+    session->source.seek(pulled == RangeHandles::RangeEnd::start ? next.from : next.to);
+}
+
+void WaveStrip::mouseReleaseEvent(QMouseEvent*) {
+    pulled = RangeHandles::RangeEnd::none;
+}
+
+void WaveStrip::mouseUngrabEvent() {
+    pulled = RangeHandles::RangeEnd::none;
 }
 
 void WaveStrip::hoverMoveEvent(QHoverEvent* event) {
-    if (session && session->skimming() && session->source.isLoaded() && session->source.rate() == 0)
-        session->source.skim(time(event->position().x()));
+    if (!session || !session->source.isLoaded()) return;
+    const double at = event->position().x();
+    setCursor(endAt(at) == RangeHandles::RangeEnd::none ? Qt::ArrowCursor : Qt::SizeHorCursor);
+    if (!session->skimming() || session->source.rate() != 0) return;
+    session->source.skim(std::clamp(time(at), session->source.spanStart(), session->source.spanEnd()));
+    emit skimmed();
+    update();
 }
 
 void WaveStrip::hoverLeaveEvent(QHoverEvent*) {
-    if (session && session->source.skimmed()) session->source.endScrub();
+    if (!session || !session->source.skimmed()) return;
+    session->source.endScrub();
+    emit skimmed();
+    update();
 }
 
 }

@@ -1,0 +1,43 @@
+#include "app/desktop/SplitterSizes.h"
+
+#include "platform/base/Problem.h"
+#include "platform/store/SettingsStore.h"
+
+#include <algorithm>
+
+namespace murbo {
+namespace {
+
+// The widths from which the window's regions stand otherwise.
+constexpr double mediumFrom = 1500;
+constexpr double largeFrom = 2300;
+constexpr double most = 4000; ///< points
+
+}
+
+QString SplitterSizes::classOf(double width) {
+    return width >= largeFrom ? "large" : width >= mediumFrom ? "medium" : "small";
+}
+
+std::string SplitterSizes::key(const QString& region, double width) {
+    return ("splitter." + region + "." + classOf(width)).toStdString();
+}
+
+double SplitterSizes::size(const QString& region, double width) const {
+    return std::clamp(SettingsStore::standard().number(key(region, width)).value_or(0), 0.0, most);
+}
+
+void SplitterSizes::set(const QString& region, double width, double size) {
+    try {
+        if (size > 0)
+            SettingsStore::standard().set(key(region, width), std::min(size, most));
+        else
+            SettingsStore::standard().remove(key(region, width));
+    } catch (const Problem&) {
+        return; // settings that can't be written: the region stays as it is
+    }
+    ++turns;
+    emit changed();
+}
+
+}

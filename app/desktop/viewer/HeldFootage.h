@@ -1,0 +1,63 @@
+#pragma once
+
+#include "app/editor/Editor.h"
+
+#include <QObject>
+#include <memory>
+
+namespace murbo {
+
+/// What the source viewer has to show beside the moving picture: whether what is held can be shown at all,
+/// a still of it for the time until a picture comes, and the edge of a trim. Main thread only.
+class HeldFootage : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QString state READ state NOTIFY changed)
+    Q_PROPERTY(QString path READ path NOTIFY changed)
+    Q_PROPERTY(QString words READ words NOTIFY changed)
+    Q_PROPERTY(QString source READ source NOTIFY changed)
+    Q_PROPERTY(double at READ at NOTIFY placeChanged)
+    Q_PROPERTY(murbo::Playback* edgePlayer READ edgePlayer CONSTANT)
+    Q_PROPERTY(bool showsEdge READ showsEdge NOTIFY edgeChanged)
+    Q_PROPERTY(QString edgeSource READ edgeSource NOTIFY edgeChanged)
+    Q_PROPERTY(double edgeAt READ edgeAt NOTIFY edgeChanged)
+
+public:
+    explicit HeldFootage(Editor& editor);
+    ~HeldFootage() override;
+
+    /// "empty", "missing", "failed", "loading" or "ready".
+    QString state() const;
+    QString path() const;  ///< of the held source's file
+    QString words() const; ///< why it could not be opened
+    QString source() const;
+    double at() const; ///< seconds on the source, where the player stands or skims
+    Playback* edgePlayer() { return &edges; }
+    bool showsEdge() const { return editor.edge().has_value(); }
+    QString edgeSource() const;
+    double edgeAt() const;
+
+    /// Tries once more to open what could not be opened.
+    Q_INVOKABLE void tryAgain();
+    /// The strip says that a hand moves over it.
+    Q_INVOKABLE void noteSkim() { emit placeChanged(); }
+
+signals:
+    void changed();
+    void placeChanged();
+    void edgeChanged();
+
+private:
+    const Source* held() const;
+    void hold();
+    void take(const QString& words);
+    void followEdge();
+    void openEdge(const Source& source);
+
+    Editor& editor;
+    Playback edges; ///< stands on the edge of a trim
+    Background opening;
+    std::optional<UUID> openingEdge; ///< which source it is opening, or has open
+    QString failure;
+};
+
+}

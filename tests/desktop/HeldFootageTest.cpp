@@ -1,0 +1,88 @@
+#include "app/desktop/viewer/HeldFootage.h"
+#include "app/desktop/viewer/WaveStrip.h"
+#include "app/editor/commands/CutCommands.h"
+#include "tests/desktop/WindowOfProject.h"
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+bool waitFor(const std::function<bool()>& holds) {
+    return QTest::qWaitFor(holds, 10000);
+}
+
+}
+
+TEST(HeldFootage, saysWhatCanBeShown) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfProject shown;
+    HeldFootage held(shown.editor());
+    EXPECT_EQ(held.state(), "empty");
+    const auto first = shown.editor().project().clips[0];
+    shown.editor().holdClip(first.id);
+    EXPECT_EQ(held.state(), "loading");
+    EXPECT_TRUE(waitFor([&] { return held.state() == "ready"; }));
+    EXPECT_EQ(held.source().toStdString(), first.source.text());
+    shown.editor().setMissing({first.source});
+    EXPECT_EQ(held.state(), "missing");
+    EXPECT_TRUE(held.path().endsWith("bars.mp4"));
+    shown.editor().setMissing({});
+    shown.editor().say(shown.editor().project().sources[0].name() + " could not be played. Words.");
+    EXPECT_EQ(held.state(), "ready") << "words about what does play are old";
+}
+
+TEST(HeldFootage, theEdgeOfATrimStandsStillWhileTheSourcePlayerStays) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfProject shown;
+    auto& editor = shown.editor();
+    editor.holdClip(editor.project().clips[0].id);
+    shown.key(Qt::Key_E);
+    ASSERT_EQ(shown.cuts(), 1);
+    editor.holdClip(editor.project().clips[1].id);
+    ASSERT_TRUE(waitFor([&] { return editor.source.source() == editor.project().clips[1].source; }));
+    const double stood = editor.source.time();
+    HeldFootage held(editor);
+    const auto cut = editor.video()->cuts[0].id;
+    CutCommands::trim(editor, cut, true, 1);
+    EXPECT_TRUE(held.showsEdge());
+    EXPECT_EQ(held.edgeAt(), 1);
+    EXPECT_TRUE(waitFor([&] { return held.edgePlayer()->isLoaded(); }));
+    CutCommands::trim(editor, cut, true, 1.5);
+    EXPECT_NEAR(held.edgePlayer()->time(), 1.5, 1e-6);
+    EXPECT_EQ(editor.source.time(), stood);
+    EXPECT_EQ(editor.source.source(), editor.project().clips[1].source);
+    CutCommands::endTrim(editor, cut, true, "Trim");
+    EXPECT_FALSE(held.showsEdge());
+    shown.key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(editor.video()->cuts[0].start, 0);
+}
+
+TEST(WaveStrip, theEndsOfTheRangeAreDragged) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfProject shown;
+    auto& editor = shown.editor();
+    editor.holdClip(editor.project().clips[0].id);
+    ASSERT_TRUE(waitFor([&] { return editor.source.isLoaded() && editor.source.spanEnd() > 3; }));
+    editor.setFocus(Viewer::source);
+    editor.setRange(Stretch{1, 2});
+    shown.settle();
+    auto* strip = shown.item<WaveStrip>();
+    ASSERT_TRUE(strip);
+    const auto at = [&](double time) {
+        return strip->mapToScene({time / editor.source.spanEnd() * strip->width(), strip->height() / 2})
+            .toPoint();
+    };
+    QTest::mousePress(&shown.window(), Qt::LeftButton, {}, at(2));
+    QTest::mouseMove(&shown.window(), at(2.5));
+    QTest::mouseMove(&shown.window(), at(3));
+    QTest::mouseRelease(&shown.window(), Qt::LeftButton, {}, at(3));
+    ASSERT_TRUE(editor.range());
+    EXPECT_EQ(editor.range()->from, 1);
+    EXPECT_NEAR(editor.range()->to, 3, 0.05);
+    EXPECT_NEAR(editor.source.time(), 3, 0.05) << "the picture is that of the end";
+    QTest::mouseClick(&shown.window(), Qt::LeftButton, {}, at(0.5));
+    EXPECT_NEAR(editor.source.time(), 0.5, 0.05) << "elsewhere a press goes there";
+    EXPECT_NEAR(editor.range()->to, 3, 0.05);
+}
