@@ -7,7 +7,7 @@ T.AbstractButton {
     id: card
 
     property string name
-    property alias picture: view.picture
+    property var picture
     property bool chosen: false
 
     focusPolicy: Qt.TabFocus
@@ -22,7 +22,7 @@ T.AbstractButton {
 
     contentItem: Item {
         Rectangle { anchors.fill: parent; anchors.margins: Theme.ring; anchors.bottomMargin: label.height; color: Theme.canvas }
-        PictureView { id: view; anchors.fill: parent; anchors.margins: Theme.ring; anchors.bottomMargin: label.height }
+        PictureView { picture: card.picture; anchors.fill: parent; anchors.margins: Theme.ring; anchors.bottomMargin: label.height }
         Words { id: label; anchors.bottom: parent.bottom; x: Theme.gap; width: parent.width - 2 * Theme.gap; height: Theme.tool; text: card.name; font.pixelSize: 12
                 color: card.chosen ? Theme.text : Theme.text2; font.weight: card.chosen ? Font.DemiBold : Font.Normal }
     }
