@@ -1,6 +1,8 @@
 #include "app/desktop/Desktop.h"
+#include "app/desktop/GuardedApplication.h"
 #include "app/desktop/Pictures.h"
 #include "app/desktop/SingleProcess.h"
+#include "app/desktop/access/AccessDoor.h"
 #include "app/editor/speaker/Speaker.h"
 #include "app/options/Ending.h"
 #include "app/options/Options.h"
@@ -32,6 +34,9 @@ void run(const Arguments& arguments) {
         for (const auto& path : paths) desktop.openPath(path);
         if (paths.isEmpty()) desktop.showStart();
     });
+    QObject::connect(qobject_cast<GuardedApplication*>(QGuiApplication::instance()),
+                     &GuardedApplication::failed, &desktop, &Desktop::tell);
+    const AccessDoor door;
     desktop.start(projects);
     QGuiApplication::exec();
 }
@@ -47,7 +52,7 @@ int main(int count, char** words) {
             return Ending::failure("There is no screen here to open a window on.");
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
-    QGuiApplication application(count, words);
+    GuardedApplication application(count, words);
     QGuiApplication::setApplicationDisplayName("Murbo");
     QGuiApplication::setDesktopFileName("murbo");
     Desktop::setUp();

@@ -3,6 +3,7 @@
 #include "app/desktop/IconProvider.h"
 #include "app/desktop/ProjectWindow.h"
 #include "app/desktop/RecentProjects.h"
+#include "app/desktop/access/TimelineAccess.h"
 #include "app/desktop/documents/ProjectCards.h"
 #include "app/desktop/documents/ProjectName.h"
 #include "app/desktop/drawn/PictureView.h"
@@ -56,6 +57,7 @@ void Desktop::registerTypes() {
         qmlRegisterAnonymousType<LibraryModel>("Murbo", 1);
         qmlRegisterType<TimelineView>("Murbo", 1, 0, "TimelineView");
         qmlRegisterType<TranscriptGutter>("Murbo", 1, 0, "TranscriptGutter");
+        TimelineAccess::install();
         qmlRegisterAnonymousType<Editor>("Murbo", 1);
         qmlRegisterAnonymousType<CaptionList>("Murbo", 1);
         qmlRegisterAnonymousType<Playback>("Murbo", 1);
@@ -137,6 +139,13 @@ void Desktop::noteOpen() {
     std::vector<std::filesystem::path> packages;
     for (const auto& window : opened) packages.push_back(window->project().package());
     RecentProjects::setOpen(packages);
+}
+
+void Desktop::tell(const QString& said) {
+    for (const auto& window : opened)
+        if (window->window().isActive() || opened.size() == 1)
+            return window->project().editor().refuse(said.toStdString());
+    fail(said);
 }
 
 void Desktop::fail(const QString& given) {

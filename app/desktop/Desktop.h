@@ -43,6 +43,8 @@ public:
     /// window. The window, or null.
     ProjectWindow* open(const std::filesystem::path& package);
     const std::vector<std::unique_ptr<ProjectWindow>>& windows() const { return opened; }
+    /// Says something in the window that is in front.
+    void tell(const QString& words);
     QQuickWindow* startWindow() const { return starting.get(); }
 
     QVariantList recent() const;

@@ -2,10 +2,12 @@
 
 #include "app/desktop/Actions.h"
 #include "app/desktop/OpenProject.h"
+#include "app/desktop/timeline/TimelineView.h"
 #include "app/editor/Keys.h"
 #include "app/editor/commands/CutCommands.h"
 #include "app/editor/commands/KeyCommands.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -89,10 +91,24 @@ bool KeyRouter::takesEscape() const {
     return item && item->property("takesEscape").toBool();
 }
 
-/// Arrows are for whatever list or slider has the focus; in the viewers and the timeline they walk the time.
+/// Arrows are for whatever list or slider has the focus, or a row of it; in the viewers and the timeline they
+/// walk the time.
 bool KeyRouter::onControl() const {
     const auto* item = window.activeFocusItem();
-    return item && item->property("takesArrows").toBool();
+    while (item && !item->property("takesArrows").toBool()) item = item->parentItem();
+    return item != nullptr;
+}
+
+/// On the timeline Enter goes to what is picked. While a screen reader runs its arrows go from block to
+/// block, as in every list.
+bool KeyRouter::walkBlocks(const QKeyEvent& event) {
+    if (!qobject_cast<TimelineView*>(window.activeFocusItem())) return false;
+    static const std::map<int, const char*> ways{
+        {Qt::Key_Left, "walk.previous"}, {Qt::Key_Right, "walk.next"}, {Qt::Key_Up, "walk.above"},
+        {Qt::Key_Down, "walk.below"},    {Qt::Key_Home, "walk.first"}, {Qt::Key_End, "walk.last"}};
+    if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) return project.perform("goToPick");
+    const auto way = ways.find(event.key());
+    return QAccessible::isActive() && way != ways.end() && project.perform(way->second);
 }
 
 bool KeyRouter::pressBare(const QKeyEvent& event) {
@@ -100,6 +116,8 @@ bool KeyRouter::pressBare(const QKeyEvent& event) {
     auto& player = editor.focus() == Viewer::video ? editor.playback : editor.source;
     const bool shift = event.modifiers() & Qt::ShiftModifier;
     const double step = shift ? second : 1 / player.frameRate();
+    if (event.key() == Qt::Key_Menu) return project.perform("contextMenu");
+    if (walkBlocks(event)) return true;
     switch (event.key()) {
         case Qt::Key_Left:
         case Qt::Key_Right:

@@ -35,6 +35,7 @@ protected:
 private:
     bool press(const QKeyEvent& event);
     bool pressBare(const QKeyEvent& event);
+    bool walkBlocks(const QKeyEvent& event);
     bool typing() const;
     bool onControl() const;
     bool takesEscape() const;

@@ -109,7 +109,9 @@ bool OpenProject::possible(const Action& action) const {
     if (id == "transcript.note") return session.range() && session.heldSource();
     if (id == "muteCuts") return !pickedCuts(session).empty();
     if (id == "reject") return !FootageCommands::clipsActedOn(session).empty();
-    const bool ofVideo = id == "sheet.export" || id == "trimStart" || id == "trimEnd" || id == "zoomFit";
+    if (id == "goToPick") return session.picked().has_value();
+    const bool ofVideo = id.starts_with("walk.") || id == "sheet.export" || id == "trimStart" ||
+                         id == "trimEnd" || id == "zoomFit";
     if (ofVideo) return session.video() && !session.video()->cuts.empty();
     if (id == "renameVideo" || id == "duplicateVideo" || id == "deleteVideo")
         return session.video() != nullptr;

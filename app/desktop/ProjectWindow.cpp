@@ -62,6 +62,7 @@ ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_p
     connect(&open, &OpenProject::aboutToAct, &transcript, &TranscriptPage::commit);
     connect(&transcript, &TranscriptPage::tabWanted, &inspectorPanel,
             [this] { inspectorPanel.carryOut("tab.transcript"); });
+    context->setContextProperty("announcer", &announcer);
     QQmlComponent component(&engine, QUrl("qrc:/murbo/qml/ProjectWindow.qml"));
     auto* made = component.create(context.get());
     view.reset(qobject_cast<QQuickWindow*>(made));

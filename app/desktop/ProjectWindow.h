@@ -5,6 +5,7 @@
 #include "app/desktop/OpenProject.h"
 #include "app/desktop/SplitterSizes.h"
 #include "app/desktop/WindowPlan.h"
+#include "app/desktop/access/Announcer.h"
 #include "app/desktop/captions/CaptionsPage.h"
 #include "app/desktop/documents/CopySheet.h"
 #include "app/desktop/documents/HistorySheet.h"
@@ -81,6 +82,7 @@ private:
     ViewerAids viewerAids;
     TimelineAppearance timelineAppearance;
     SplitterSizes splitters;
+    Announcer announcer;
     std::unique_ptr<QQmlContext> context;
     std::unique_ptr<QQuickWindow> view;
 };

@@ -1,5 +1,6 @@
 #include "app/editor/EditorFields.h"
 
+#include "platform/base/Problem.h"
 #include "platform/store/SettingsStore.h"
 
 namespace murbo {
@@ -14,7 +15,11 @@ EditorFields::EditorFields(QObject* parent) : QObject(parent) {
 void EditorFields::keep(const char* key, bool& field, bool value, void (EditorFields::*changed)()) {
     if (field == value) return;
     set(field, value, changed);
-    SettingsStore::standard().set(key, value);
+    try {
+        SettingsStore::standard().set(key, value);
+    } catch (const Problem&) {
+        return; // it holds for this session; the next change is tried again
+    }
 }
 
 }

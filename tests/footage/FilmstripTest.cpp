@@ -13,6 +13,8 @@ using namespace murbo;
 namespace {
 
 struct Strip {
+    Strip() { std::filesystem::create_directories(folder / "a.mbproj"); }
+
     TemporaryFolder folder;
     Source source{.path = folder / "movie.mp4"};
     std::filesystem::path stills = folder / "a.mbproj" / "cache" / "stills" / source.id.text();
@@ -20,6 +22,15 @@ struct Strip {
     Filmstrip inPackage() const { return Filmstrip(source, folder / "a.mbproj"); }
 };
 
+}
+
+TEST(Filmstrip, keepsNothingInAPackageThatHasBeenMovedAway) {
+    const Strip strip;
+    Movie::write(strip.source.path, 90, 640, 360);
+    auto filmstrip = strip.inPackage();
+    std::filesystem::rename(strip.folder / "a.mbproj", strip.folder / "b.mbproj");
+    EXPECT_TRUE(filmstrip.make(2));
+    EXPECT_FALSE(std::filesystem::exists(strip.folder / "a.mbproj"));
 }
 
 TEST(Filmstrip, makesSmallPicturesAndKeepsThem) {

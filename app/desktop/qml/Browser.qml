@@ -7,6 +7,8 @@ Rectangle {
 
     function search() { field.forceActiveFocus(Qt.ShortcutFocusReason); field.selectAll() }
     function takeFocus() { list.forceActiveFocus(Qt.TabFocusReason) }
+    function openMenu() { if (list.currentItem) list.currentItem.askMenu() }
+    readonly property bool active: list.activeFocus || field.activeFocus
 
     color: Theme.panel
 

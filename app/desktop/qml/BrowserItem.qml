@@ -20,6 +20,7 @@ Rectangle {
     required property bool held
     required property string kind
     property bool focused: false
+    function askMenu() { const at = mapToItem(null, 0, height); menuAsked(kind, at.x, at.y) }
     signal menuAsked(string kind, real px, real py)
 
     height: Theme.item

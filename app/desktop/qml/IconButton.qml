@@ -9,6 +9,7 @@ T.Button {
     property string keys
     property color tint: checked ? Theme.accent : enabled ? Theme.text2 : Theme.disabled
     property int side: Theme.icon
+    property bool toggles: false // stays on or off
 
     implicitWidth: Theme.control
     implicitHeight: Theme.control
@@ -18,6 +19,8 @@ T.Button {
     Accessible.role: Accessible.Button
     Accessible.name: name
     Accessible.description: keys
+    Accessible.checkable: toggles
+    Accessible.checked: toggles && checked
     Accessible.onPressAction: button.clicked()
 
     property string glyph

@@ -12,6 +12,9 @@ FocusScope {
     function zoomStep(into) { view.zoomStep(into) }
     function cancelDrag() { return editing.giveBack() || view.cancelDrag() }
     function editCaption() { view.editPicked() }
+    function walk(way, more) { view.walk(way, more) }
+    function goToPick() { view.goToPick() }
+    function openMenu() { view.askMenu() }
     function takeFocus() { view.forceActiveFocus(Qt.TabFocusReason) }
 
     Connections { target: settingsSheet; function onChanged() { view.refresh() } }
@@ -41,6 +44,7 @@ FocusScope {
                     glyph: modelData.glyph
                     name: modelData.name
                     keys: modelData.keys
+                    toggles: true
                     checked: project.tool === modelData.id
                     side: 16
                     anchors.verticalCenter: parent ? parent.verticalCenter : undefined
@@ -48,8 +52,8 @@ FocusScope {
                 }
             }
             Item { width: Theme.gap; height: 1 }
-            IconButton { glyph: "scan-line"; name: "Skimming"; keys: "S"; checked: project.skimming; side: 16; anchors.verticalCenter: parent.verticalCenter; onClicked: project.perform("key.skimming") }
-            IconButton { glyph: "magnet"; name: "Snapping"; keys: "N"; checked: project.snapping; side: 16; anchors.verticalCenter: parent.verticalCenter; onClicked: project.perform("key.snapping") }
+            IconButton { glyph: "scan-line"; name: "Skimming"; keys: "S"; toggles: true; checked: project.skimming; side: 16; anchors.verticalCenter: parent.verticalCenter; onClicked: project.perform("key.skimming") }
+            IconButton { glyph: "magnet"; name: "Snapping"; keys: "N"; toggles: true; checked: project.snapping; side: 16; anchors.verticalCenter: parent.verticalCenter; onClicked: project.perform("key.snapping") }
         }
         Row {
             anchors.right: parent.right

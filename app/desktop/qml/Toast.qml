@@ -13,6 +13,7 @@ Rectangle {
         visible = true
         stay.interval = button ? Theme.toastStayLong : Theme.toastStay
         stay.restart()
+        announcer.say(toast)
     }
     function shake() { if (visible) shaking.restart() }
 

@@ -38,6 +38,8 @@ Rectangle {
             color: project.unsaved ? Theme.bad : Theme.text3
             font.pixelSize: Theme.noteSize
             width: Math.min(implicitWidth, 320)
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
     }
     WorkPill {

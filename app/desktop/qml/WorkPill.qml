@@ -8,6 +8,9 @@ Rectangle {
     readonly property bool exporting: !working && project.exports.running
     readonly property real share: working ? project.workProgress : exporting ? project.exports.progress : -1
 
+    readonly property string said: visible ? words.text : ""
+    onSaidChanged: if (said) announcer.say(pill)
+
     visible: working || exporting
     width: row.implicitWidth + 2 * Theme.wide
     height: Theme.control

@@ -91,6 +91,16 @@ public:
     Q_INVOKABLE bool dropClips(double x);
     /// The files that are nothing for the timeline are given back.
     Q_INVOKABLE QStringList dropFiles(const QStringList& files, double x, double y);
+    /// Where a block lies in this item, in points; some of it may be outside.
+    QRectF placeOf(const TimelineBlock& block) const;
+    void pickBlock(const TimelineBlock& block, bool more = false);
+    /// Picks the block that comes that way: "previous", "next", "first", "last", "above", "below"; `more`
+    /// leaves the others picked.
+    Q_INVOKABLE void walk(const QString& way, bool more);
+    /// The playhead goes to where what is picked begins.
+    Q_INVOKABLE void goToPick();
+    /// The menu of what is picked, where it lies.
+    Q_INVOKABLE void askMenu();
 
 signals:
     void editorChanged();
@@ -103,6 +113,7 @@ signals:
     void menuAsked(double x, double y, const QString& kind);
     /// A caption's words are to be edited in its place.
     void editAsked(const QRectF& place, const QString& line, int piece);
+    void blockWalked(); ///< keys have picked another block
 
 protected:
     DrawList drawList() override;
@@ -131,6 +142,7 @@ private:
     void runAlong();
     double momentAt(double x) const { return std::max(span.time(x), 0.0); }
     std::optional<TimelineRow> rowAt(double y) const { return layout.rowAt(y + above); }
+    void bringUp(const TimelineBlock& block);
 
     QPointer<Editor> session;
     QVariantMap theme;

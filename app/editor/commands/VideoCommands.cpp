@@ -3,6 +3,7 @@
 #include "app/editor/commands/Changes.h"
 #include "app/editor/commands/Row.h"
 #include "core/model/edits/ProjectOperations.h"
+#include "platform/base/Problem.h"
 #include "platform/store/SettingsStore.h"
 
 namespace murbo::VideoCommands {
@@ -12,7 +13,11 @@ constexpr const char* aspectKey = "lastAspect";
 
 void keepAspect(Video::Aspect aspect) {
     if (SettingsStore::standard().text(aspectKey) == rawText(aspect)) return;
-    SettingsStore::standard().set(aspectKey, std::string(rawText(aspect)));
+    try {
+        SettingsStore::standard().set(aspectKey, std::string(rawText(aspect)));
+    } catch (const Problem&) {
+        return; // the next new video begins with another shape
+    }
 }
 
 }

@@ -77,6 +77,9 @@ void Filmstrip::store(int second, const Bitmap& picture) const {
     const auto path = place(second);
     if (!path) return;
     try {
+        // A package that somebody has moved away must not be there again for the sake of its cache.
+        std::error_code error;
+        if (!std::filesystem::is_directory(folder->parent_path().parent_path().parent_path(), error)) return;
         Files::createFolder(*folder);
         Files::writeWhole(*path, Jpeg::encode(picture, quality));
     } catch (const Problem&) {
