@@ -1,0 +1,99 @@
+// What somebody without a mouse, or without eyes, meets: names, roles, sizes, and a way round by keys.
+#include "tests/scenarios/Scenario.h"
+#include "tests/scenarios/ScenarioMedia.h"
+
+#include <algorithm>
+
+using namespace murbo;
+
+namespace {
+
+constexpr double leastTarget = 24; // points
+
+class Accessible : public Scenario {
+protected:
+    /// One line for each thing that keys reach and that has no name, no role or no size.
+    std::string faults() {
+        std::string found;
+        for (const auto& item : items()) {
+            if (!item.focusable || item.depth == 0) continue;
+            const auto what = item.role + " “" + item.name + "” " + std::to_string(item.width) + " x " +
+                              std::to_string(item.height);
+            if (item.name.empty()) found += what + " has no name\n";
+            if (item.role == "NoRole" || item.role == "Client") found += what + " has no role\n";
+            // A row or a block is as long as what it stands for.
+            const bool row = item.role == "ListItem";
+            if (!row && (item.width < leastTarget || item.height < leastTarget))
+                found += what + " is too small\n";
+        }
+        return found;
+    }
+};
+
+}
+
+TEST_F(Accessible, whatKeysReachHasANameARoleAndASize) {
+    open(scenario::cutVideo());
+    block("Cut", 3);
+    EXPECT_EQ(faults(), "");
+    for (const auto* sheet : {"Ctrl+E", "Ctrl+N", "Ctrl+I", "Ctrl+K"}) {
+        key(sheet);
+        until(std::string(sheet) + " opens a sheet", [&] {
+            const auto all = items();
+            return std::ranges::any_of(all, [](const auto& item) { return item.role == "Dialog"; });
+        });
+        EXPECT_EQ(faults(), "") << sheet;
+        key("Escape");
+        until("it is closed", [&] {
+            const auto all = items();
+            return std::ranges::none_of(all, [](const auto& item) { return item.role == "Dialog"; });
+        });
+    }
+}
+
+TEST_F(Accessible, theTimelineIsAListThatKeysWalk) {
+    open(scenario::cutVideo());
+    EXPECT_EQ(see("List", "Timeline of V1").name, "Timeline of V1, 3 cuts, 6 seconds");
+    key("Ctrl+Home");
+    until("the first is picked",
+          [&] { return block("Cut", 1).name == "Cut 1 of 3, C01, 0:00.00 to 0:02.00, picked"; });
+    key("Ctrl+Right");
+    until("the next is picked",
+          [&] { return block("Cut", 2).name == "Cut 2 of 3, C02.01 to C02.02, 0:02.00 to 0:04.00, picked"; });
+    key("Ctrl+Shift+Right");
+    until("two are picked", [&] { return block("Cut", 3).selected && block("Cut", 2).selected; });
+    key("Ctrl+Home");
+    key("Ctrl+Right");
+    key("Ctrl+Down");
+    until("a caption below is picked", [&] { return block("Caption", 1).selected; });
+    key("Shift+F10");
+    const auto menu = see("PopupMenu", "");
+    EXPECT_GT(menu.height, 50);
+    key("Escape");
+    EXPECT_EQ(onDisk(), before);
+}
+
+TEST_F(Accessible, theRegionsAreARing) {
+    open(scenario::cutVideo());
+    std::vector<std::string> names;
+    const auto focused = [&] {
+        std::string name;
+        for (const auto& item : items())
+            if (item.focused && item.depth > 0) name = item.role + " " + item.name;
+        return name;
+    };
+    for (int at = 0; at < 8; ++at) {
+        const auto stood = focused();
+        key("F6");
+        until("the next region has the keys", [&] { return !focused().empty() && focused() != stood; });
+        if (!names.empty() && focused() == names.front()) break;
+        names.push_back(focused());
+    }
+    EXPECT_GE(names.size(), 4) << testing::PrintToString(names);
+    EXPECT_LE(names.size(), 6) << testing::PrintToString(names);
+    const auto has = [&](const char* what) {
+        return std::ranges::any_of(names, [&](const auto& one) { return one.find(what) != one.npos; });
+    };
+    EXPECT_TRUE(has("Timeline of V1")) << testing::PrintToString(names);
+    EXPECT_TRUE(has("Browser") || has("ListItem C0")) << testing::PrintToString(names);
+}

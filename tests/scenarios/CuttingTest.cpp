@@ -1,0 +1,178 @@
+// From footage to cuts: marks, blades, trims, snapping.
+#include "tests/scenarios/Scenario.h"
+#include "tests/scenarios/ScenarioMedia.h"
+
+#include <cmath>
+
+using namespace murbo;
+
+namespace {
+
+class Cutting : public Scenario {
+protected:
+    /// Holds a clip of the browser on the source player, and waits until it can be played.
+    void holdClip(const std::string& tag) {
+        clickOn("ListItem", "Clips");
+        clickOn("ListItem", tag + ",", "Browser");
+        until(tag + " is held", [&] { return see("Button", "Play", "Source viewer").enabled; });
+    }
+    /// The playhead by a press on the ruler above the timeline.
+    void goTo(double time) {
+        const auto first = block("Cut", 1);
+        const auto list = see("List", "Timeline");
+        const double scale = pointsPerSecond();
+        click({first.x + time * scale, list.y + 10});
+        until("the playhead is there",
+              [&] { return std::abs(seconds("Video viewer") - time) < 1.5 / scale + 0.02; });
+    }
+    double pointsPerSecond() { return block("Cut", 1).width / video().cuts[0].length(); }
+    std::size_t cuts() { return video().cuts.size(); }
+};
+
+}
+
+TEST_F(Cutting, aMarkedRangeGoesToTheEndAndAnotherIntoTheMiddle) {
+    open(scenario::footage());
+    holdClip("C01");
+    key("Home");
+    key("Shift+Right");
+    key("I");
+    key("Shift+Right", 2);
+    key("O");
+    key("E");
+    until("a video begins", [&] { return cuts() == 1; });
+    EXPECT_NEAR(video().cuts[0].start, 1, 0.001);
+    EXPECT_NEAR(video().cuts[0].end, 3, 0.001);
+    holdClip("C03");
+    key("E");
+    until("the whole clip comes after it", [&] { return cuts() == 2; });
+    const auto between = onDisk();
+    goTo(1.5);
+    holdClip("C02");
+    key("W");
+    until("the clip goes in where the playhead is", [&] { return cuts() > 2; });
+    const auto& made = video();
+    EXPECT_EQ(made.cuts[1].source, before.sources[1].id);
+    key("Ctrl+Z");
+    until("one step takes it out", [&] { return onDisk() == between; });
+    key("Ctrl+Z");
+    until("and one more the end", [&] { return cuts() == 1; });
+    undoToStart();
+}
+
+TEST_F(Cutting, theBladeCutsADragPutsInOrderAndDeleteGoesOn) {
+    open(scenario::cutVideo());
+    key("B");
+    until("the blade is taken", [&] { return see("Button", "Blade").checked; });
+    const auto second = block("Cut", 2);
+    const double scale = pointsPerSecond();
+    click({second.x + scale, second.y + second.height / 2});
+    until("there are four", [&] { return cuts() == 4; });
+    EXPECT_NEAR(video().cuts[1].end, 1.5, 0.05);
+    click({block("Cut", 1).x + scale, second.y + second.height / 2});
+    until("there are five", [&] { return cuts() == 5; });
+    key("A");
+    until("the arrow is taken", [&] { return see("Button", "Select").checked; });
+
+    const auto last = video().cuts[4].id;
+    const auto first = block("Cut", 1);
+    drag(block("Cut", 5).middle(), {first.x + 2, first.y + first.height / 2});
+    until("the last is the first", [&] { return video().cuts[0].id == last; });
+    EXPECT_EQ(cuts(), 5);
+
+    click(block("Cut", 2).middle());
+    until("it is picked", [&] { return block("Cut", 2).selected; });
+    const auto kept = video().cuts[3].id;
+    key("Delete");
+    until("it is gone", [&] { return cuts() == 4; });
+    until("the neighbour has the pick", [&] { return block("Cut", 2).selected; });
+    key("Delete");
+    until("the neighbour too", [&] { return cuts() == 3; });
+    EXPECT_EQ(video().cuts[1].id, kept);
+    undoToStart();
+}
+
+TEST_F(Cutting, anEdgeIsTrimmedByMouseAndByKeysEachOneStep) {
+    open(scenario::cutVideo());
+    const auto first = block("Cut", 1);
+    const double scale = pointsPerSecond();
+    const ScreenPoint edge{first.x + first.width - 3, first.y + first.height / 2};
+    screen().move(edge);
+    screen().press();
+    screen().move({edge.x - 0.3 * scale, edge.y});
+    screen().move({edge.x - 0.6 * scale, edge.y});
+    screen().release();
+    until("the cut is shorter", [&] { return video().cuts[0].end < 2.7; });
+    EXPECT_NEAR(video().cuts[0].end, 2.4, 0.1);
+    EXPECT_NEAR(video().cuts[0].start, 1, 0.001);
+    until("it plays round the edit", [&] { return find("Button", "Pause", "Video viewer").has_value(); });
+    until("and stops", [&] { return find("Button", "Play", "Video viewer").has_value(); });
+    const auto trimmed = onDisk();
+    key("Ctrl+Z");
+    until("one step takes it back", [&] { return onDisk() == before; });
+    key("Ctrl+Shift+Z");
+    until("and gives it again", [&] { return onDisk() == trimmed; });
+
+    const double start = video().cuts[0].length();
+    goTo(start + 1);
+    key("Alt+]");
+    until("the cut under the playhead ends there", [&] { return video().cuts[1].end < 2.4; });
+    EXPECT_NEAR(video().cuts[1].end, 1.5, 0.05);
+    key("Ctrl+Z");
+    until("one step takes it back", [&] { return onDisk() == trimmed; });
+    undoToStart();
+}
+
+TEST_F(Cutting, anEdgeCatchesOnAWordAndAltLetsGo) {
+    open(scenario::cutVideo());
+    // The second cut ends at 2.5 s; what is said in it ends at 1.4 s and begins again at 1.6 s.
+    const auto second = block("Cut", 2);
+    const double scale = pointsPerSecond();
+    const ScreenPoint edge{second.x + second.width - 3, second.y + second.height / 2};
+    const double off = 4 / scale; // points from the word: within reach
+    ASSERT_LT(8 / scale, 0.2) << "words lie nearer to each other than edges reach";
+    screen().move(edge);
+    screen().press();
+    screen().move({edge.x - 0.5 * scale, edge.y});
+    screen().move({edge.x - (0.9 - off) * scale, edge.y});
+    screen().release();
+    until("it caught on the word", [&] { return std::abs(video().cuts[1].end - 1.6) < 0.0005; });
+    key("Ctrl+Z");
+    until("it is as before", [&] { return onDisk() == before; });
+
+    screen().move(edge);
+    screen().press();
+    screen().move({edge.x - 0.5 * scale, edge.y});
+    hold("Alt");
+    screen().move({edge.x - (0.9 - off) * scale, edge.y});
+    screen().release();
+    letGo("Alt");
+    until("it stays where the hand was", [&] { return onDisk() != before; });
+    EXPECT_NEAR(video().cuts[1].end, 1.6 + off, 0.5 / scale + 0.001);
+    EXPECT_GT(std::abs(video().cuts[1].end - 1.6), 0.001);
+    undoToStart();
+}
+
+TEST_F(Cutting, quietIsTakenOutAsTheMessageSays) {
+    auto project = scenario::cutVideo();
+    auto& cut = project.videos.edit()[0].cuts.edit()[1];
+    cut.start = 0.4;
+    cut.end = 11.8;
+    open(project);
+    const double length = video().length();
+    click(block("Cut", 2));
+    until("it is picked", [&] { return block("Cut", 2).selected; });
+    key("Ctrl+K");
+    see("EditableText", "Commands");
+    type("quiet");
+    key("Return");
+    sees("Took out 1 quiet stretch, ");
+    const auto toast = see("AlertMessage", "Took out 1 quiet stretch, ").name;
+    until("the cut is in two", [&] { return cuts() == 4; });
+    const double lost = length - video().length();
+    EXPECT_GT(lost, 3);
+    double said = 0;
+    std::sscanf(toast.c_str() + toast.find(", ") + 2, "%lf", &said);
+    EXPECT_NEAR(said, lost, 0.1) << toast;
+    undoToStart();
+}

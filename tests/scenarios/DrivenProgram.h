@@ -1,0 +1,35 @@
+#pragma once
+
+#include "tests/TemporaryFolder.h"
+#include "tests/scenarios/ChildProcess.h"
+#include "tests/scenarios/ScreenItem.h"
+
+#include <memory>
+
+namespace murbo {
+
+/// The program as a person starts it, on a screen, with folders of its own and without a message bus; what it
+/// shows can be asked for.
+class DrivenProgram {
+public:
+    /// `home` is where its settings, caches and sockets go; it may hold those of an earlier start.
+    DrivenProgram(const std::filesystem::path& home, const std::string& screen,
+                  const std::vector<std::string>& words, const ChildProcess::Variables& more = {});
+    ~DrivenProgram();
+
+    /// What is in its windows now; nothing while it does not answer.
+    std::vector<ScreenItem> items();
+    ChildProcess& process() { return *child; }
+    /// What it has printed.
+    std::string log() const { return contentsOf(logFile); }
+
+private:
+    bool reach();
+
+    std::filesystem::path socket;
+    std::filesystem::path logFile;
+    std::unique_ptr<ChildProcess> child;
+    int connection = -1;
+};
+
+}

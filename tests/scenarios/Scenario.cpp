@@ -1,0 +1,211 @@
+#include "tests/scenarios/Scenario.h"
+
+#include "core/model/package/ProjectPackage.h"
+#include "tests/MadeMedia.h"
+#include "tests/scenarios/Keyboard.h"
+
+#include <chrono>
+#include <cstdio>
+#include <thread>
+
+namespace murbo {
+namespace {
+
+constexpr auto between = std::chrono::milliseconds(15); ///< from one look to the next
+
+/// One for all tests; starting it takes as long as a scenario.
+VirtualScreen& common() {
+    static VirtualScreen screen(1280, 800);
+    return screen;
+}
+
+std::string nameOfTest() {
+    return testing::UnitTest::GetInstance()->current_test_info()->name();
+}
+
+}
+
+void Scenario::SetUp() {
+    if (const auto why = VirtualScreen::missing(); !why.empty()) GTEST_SKIP() << why;
+    MURBO_NEEDS_FFMPEG();
+    shown = &common();
+    shown->move({1, 799}); // out of the way of what begins to hover
+}
+
+void Scenario::TearDown() {
+    if (!running) return;
+    const bool alive = running->process().runs();
+    EXPECT_TRUE(alive) << "the program has ended with " << running->process().status() << "\n"
+                       << running->log();
+    for (const auto* complaint : {"TypeError", "ReferenceError", "Unable to assign", "Binding loop"})
+        EXPECT_EQ(running->log().find(complaint), std::string::npos) << running->log();
+    if (HasFailure()) {
+        const auto file = std::filesystem::path(MURBO_BUILD) / "scenarios" / (nameOfTest() + ".jpg");
+        shown->picture(file);
+        std::printf("A picture of it: %s\n", file.c_str());
+        for (const auto& item : items())
+            if (!item.name.empty())
+                std::printf("%*s%s “%s” %.0f,%.0f %.0fx%.0f\n", item.depth, "", item.role.c_str(),
+                            item.name.c_str(), item.x, item.y, item.width, item.height);
+    }
+    running->process().kill();
+    running.reset();
+    shown->releaseAll();
+}
+
+// ---------------------------------------------------------------------- program --
+
+void Scenario::open(const Project& project) {
+    ProjectPackage::write(project, package, nullptr);
+    before = onDisk();
+    start({"--open", package.string()});
+    see("List", "Timeline");
+}
+
+void Scenario::start(const std::vector<std::string>& words, const ChildProcess::Variables& variables) {
+    running.reset();
+    running = std::make_unique<DrivenProgram>(home, shown->name(), words, variables);
+    until(
+        "the program shows a window", [&] { return shown->hasWindow(); }, 30);
+}
+
+/// A file may just be replaced by the next: what can't be read is looked at again.
+Project Scenario::onDisk() const {
+    for (int tries = 0; tries < 20; ++tries) try {
+            return ProjectPackage::read(package);
+        } catch (const std::exception&) {
+            std::this_thread::sleep_for(between);
+        }
+    return ProjectPackage::read(package);
+}
+
+const Video& Scenario::video(std::size_t at) {
+    static const Video none;
+    looked = onDisk();
+    return at < looked.videos.size() ? looked.videos[at] : none;
+}
+
+// ------------------------------------------------------------------------ shown --
+
+std::optional<ScreenItem> Scenario::find(const std::string& role, const std::string& name,
+                                         const std::string& within) {
+    std::optional<int> inside;
+    for (const auto& item : items()) {
+        if (inside && item.depth <= *inside) inside.reset();
+        const bool counts = within.empty() || inside;
+        if (counts && item.role == role && item.name.starts_with(name)) return item;
+        if (!inside && item.name == within) inside = item.depth;
+    }
+    return {};
+}
+
+ScreenItem Scenario::see(const std::string& role, const std::string& name, const std::string& within) {
+    std::optional<ScreenItem> found;
+    until(role + " “" + name + "” is shown", [&] { return (found = find(role, name, within)).has_value(); });
+    return found.value_or(ScreenItem());
+}
+
+std::vector<ScreenItem> Scenario::blocks(const std::string& kind) {
+    std::vector<ScreenItem> found;
+    for (auto& item : items())
+        if (item.role == "ListItem" && item.name.starts_with(kind + " ") && item.name.find(" of ") < 16)
+            found.push_back(std::move(item));
+    return found;
+}
+
+ScreenItem Scenario::block(const std::string& kind, std::size_t number) {
+    return see("ListItem", kind + " " + std::to_string(number) + " of ");
+}
+
+void Scenario::until(const std::string& what, const std::function<bool()>& holds, int seconds) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(seconds);
+    do {
+        if (holds()) return;
+        if (!running->process().runs()) break;
+        std::this_thread::sleep_for(between);
+    } while (std::chrono::steady_clock::now() < end);
+    throw std::runtime_error("It never came to pass that " + what + ".");
+}
+
+void Scenario::sees(const std::string& toast) {
+    see("AlertMessage", toast);
+}
+
+std::string Scenario::time(const std::string& viewer) {
+    const auto item = find("StaticText", "Time ", viewer);
+    return item ? item->name.substr(5) : "";
+}
+
+double Scenario::seconds(const std::string& viewer) {
+    int minutes = 0;
+    double rest = 0;
+    std::sscanf(time(viewer).c_str(), "%d:%lf", &minutes, &rest);
+    return minutes * 60 + rest;
+}
+
+// --------------------------------------------------------------- mouse and keys --
+
+void Scenario::hold(const std::string& keys) {
+    for (const auto code : Keyboard::codes(keys)) shown->keyDown(code);
+}
+
+void Scenario::letGo(const std::string& keys) {
+    const auto codes = Keyboard::codes(keys);
+    for (auto code = codes.rbegin(); code != codes.rend(); ++code) shown->keyUp(*code);
+}
+
+void Scenario::key(const std::string& keys, int times) {
+    for (int at = 0; at < times; ++at) {
+        hold(keys);
+        letGo(keys);
+        ++presses;
+    }
+}
+
+void Scenario::type(const std::string& text) {
+    for (const char character : text) {
+        const auto codes = Keyboard::typing(character);
+        for (const auto code : codes) shown->keyDown(code);
+        for (auto code = codes.rbegin(); code != codes.rend(); ++code) shown->keyUp(*code);
+        ++presses;
+    }
+}
+
+void Scenario::click(ScreenPoint at, int button) {
+    shown->move(at);
+    shown->press(button);
+    shown->release(button);
+}
+
+void Scenario::clickOn(const std::string& role, const std::string& name, const std::string& within) {
+    click(see(role, name, within));
+}
+
+void Scenario::doubleClick(ScreenPoint at) {
+    click(at);
+    click(at);
+}
+
+void Scenario::drag(ScreenPoint from, ScreenPoint to) {
+    shown->move(from);
+    shown->press();
+    for (const double share : {0.2, 0.6, 1.0})
+        shown->move({from.x + (to.x - from.x) * share, from.y + (to.y - from.y) * share});
+    shown->release();
+}
+
+// ---------------------------------------------------------------------- the end --
+
+void Scenario::undoToStart() {
+    const auto left = [&] { return find("Button", "Undo").value_or(ScreenItem()); };
+    for (int step = 0; step < 100 && left().enabled; ++step) {
+        const auto name = left().name;
+        const auto stood = onDisk();
+        key("Ctrl+Z");
+        until("“" + name + "” is undone", [&] { return left().name != name || onDisk() != stood; });
+    }
+    EXPECT_EQ(left().name, "Undo");
+    until("all is as it was", [&] { return onDisk() == before; });
+}
+
+}

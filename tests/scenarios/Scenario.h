@@ -1,0 +1,81 @@
+#pragma once
+
+#include "core/model/Project.h"
+#include "tests/scenarios/DrivenProgram.h"
+
+#include <functional>
+#include <optional>
+
+#include <gtest/gtest.h>
+
+namespace murbo {
+
+/// A test that uses the program as a person does: with a mouse and keys, by what it shows, and with the
+/// project as it lies on disk. Nothing waits for a time: each step waits until what it needs is there. Where
+/// one fails, a picture of the screen is left in build/scenarios.
+class Scenario : public testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    // ---- the program ----
+
+    /// Writes a project and opens it in a window.
+    void open(const Project& project);
+    /// Starts the program with those words; what it kept from before is still there.
+    void start(const std::vector<std::string>& words, const ChildProcess::Variables& variables = {});
+    DrivenProgram& program() { return *running; }
+    VirtualScreen& screen() { return *shown; }
+    Project onDisk() const;
+    const Video& video(std::size_t at = 0); ///< as it lies on disk; stays till the next look
+
+    // ---- what it shows ----
+
+    std::vector<ScreenItem> items() { return running->items(); }
+    /// The first item of a role whose name is that or begins with it; `within` is the name of what it lies
+    /// in.
+    std::optional<ScreenItem> find(const std::string& role, const std::string& name,
+                                   const std::string& within = "");
+    /// The same, waiting until it is there.
+    ScreenItem see(const std::string& role, const std::string& name, const std::string& within = "");
+    /// All blocks of a kind on the timeline, "Cut", in their order.
+    std::vector<ScreenItem> blocks(const std::string& kind);
+    ScreenItem block(const std::string& kind, std::size_t number); ///< from 1; waits
+    /// Waits until something holds; where it never does, the test ends with those words.
+    void until(const std::string& what, const std::function<bool()>& holds, int seconds = 20);
+    void sees(const std::string& toast); ///< waits for the message
+    /// What a viewer says of its place: "0:02.00", and its speed, "−2×", or nothing at 1 and 0.
+    std::string time(const std::string& viewer);
+    double seconds(const std::string& viewer);
+
+    // ---- mouse and keys ----
+
+    void hold(const std::string& keys); ///< "Alt"
+    void letGo(const std::string& keys);
+    void key(const std::string& keys, int times = 1); ///< "Ctrl+Shift+Z"
+    void type(const std::string& text);
+    int pressed() const { return presses; } ///< keys so far, combinations as one
+    void click(ScreenPoint at, int button = 1);
+    void click(const ScreenItem& item) { click(item.middle()); }
+    void clickOn(const std::string& role, const std::string& name, const std::string& within = "");
+    void doubleClick(ScreenPoint at);
+    void drag(ScreenPoint from, ScreenPoint to);
+
+    // ---- the end of each ----
+
+    /// Ctrl+Z until nothing is left; then what lies on disk is what was there at first.
+    void undoToStart();
+
+    TemporaryFolder folder;
+    std::filesystem::path package = folder / "p.mbproj";
+    std::filesystem::path home = folder / "h";
+    Project before; ///< as it was opened
+
+private:
+    std::unique_ptr<DrivenProgram> running;
+    VirtualScreen* shown = nullptr;
+    Project looked;
+    int presses = 0;
+};
+
+}
