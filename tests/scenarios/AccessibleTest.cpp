@@ -1,4 +1,4 @@
-// What somebody without a mouse, or without eyes, meets: names, roles, sizes, and a way round by keys.
+// What somebody without a mouse, or without eyes, meets: a timeline that is a list, and a way round by keys.
 #include "tests/scenarios/Scenario.h"
 #include "tests/scenarios/ScenarioMedia.h"
 
@@ -8,47 +8,8 @@ using namespace murbo;
 
 namespace {
 
-constexpr double leastTarget = 24; // points
+class Accessible : public Scenario {};
 
-class Accessible : public Scenario {
-protected:
-    /// One line for each thing that keys reach and that has no name, no role or no size.
-    std::string faults() {
-        std::string found;
-        for (const auto& item : items()) {
-            if (!item.focusable || item.depth == 0) continue;
-            const auto what = item.role + " “" + item.name + "” " + std::to_string(item.width) + " x " +
-                              std::to_string(item.height);
-            if (item.name.empty()) found += what + " has no name\n";
-            if (item.role == "NoRole" || item.role == "Client") found += what + " has no role\n";
-            // A row or a block is as long as what it stands for.
-            const bool row = item.role == "ListItem";
-            if (!row && (item.width < leastTarget || item.height < leastTarget))
-                found += what + " is too small\n";
-        }
-        return found;
-    }
-};
-
-}
-
-TEST_F(Accessible, whatKeysReachHasANameARoleAndASize) {
-    open(scenario::cutVideo());
-    block("Cut", 3);
-    EXPECT_EQ(faults(), "");
-    for (const auto* sheet : {"Ctrl+E", "Ctrl+N", "Ctrl+I", "Ctrl+K"}) {
-        key(sheet);
-        until(std::string(sheet) + " opens a sheet", [&] {
-            const auto all = items();
-            return std::ranges::any_of(all, [](const auto& item) { return item.role == "Dialog"; });
-        });
-        EXPECT_EQ(faults(), "") << sheet;
-        key("Escape");
-        until("it is closed", [&] {
-            const auto all = items();
-            return std::ranges::none_of(all, [](const auto& item) { return item.role == "Dialog"; });
-        });
-    }
 }
 
 TEST_F(Accessible, theTimelineIsAListThatKeysWalk) {

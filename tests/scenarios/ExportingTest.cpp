@@ -65,13 +65,3 @@ TEST_F(Exporting, editingGoesOnAndTheMovieIsThatOfTheCommandLine) {
     EXPECT_EQ(pictures(out / "one.mp4"), pictures(out / "two.mp4"));
     start({"--open", package.string()});
 }
-
-TEST_F(Exporting, aStoppedMovieLeavesNothingAndItsPlaceIsFree) {
-    openShort(11);
-    begin("half.mp4");
-    clickOn("Button", "Stop", "Export");
-    until("it has stopped", [&] { return !find("Button", "Hide", "Export").has_value(); });
-    until("nothing is left", [&] { return entriesIn(out) == 0; });
-    key("Escape");
-    undoToStart();
-}
