@@ -99,14 +99,18 @@ bool KeyRouter::onControl() const {
     return item != nullptr;
 }
 
-/// On the timeline Enter goes to what is picked. While a screen reader runs its arrows go from block to
-/// block, as in every list.
+/// On the timeline Enter goes to what is picked, unless that is a caption. While a screen reader runs its
+/// arrows go from block to block, as in every list.
 bool KeyRouter::walkBlocks(const QKeyEvent& event) {
     if (!qobject_cast<TimelineView*>(window.activeFocusItem())) return false;
     static const std::map<int, const char*> ways{
         {Qt::Key_Left, "walk.previous"}, {Qt::Key_Right, "walk.next"}, {Qt::Key_Up, "walk.above"},
         {Qt::Key_Down, "walk.below"},    {Qt::Key_Home, "walk.first"}, {Qt::Key_End, "walk.last"}};
-    if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) return project.perform("goToPick");
+    if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) {
+        const auto& pick = project.editor().picked();
+        const bool edits = pick && pick->kind == Pick::Kind::caption; // Enter is for its words
+        return !edits && project.perform("goToPick");
+    }
     const auto way = ways.find(event.key());
     return QAccessible::isActive() && way != ways.end() && project.perform(way->second);
 }

@@ -19,6 +19,9 @@ protected:
         block("Cut", 2);
         until("the video can be played", [&] { return see("Button", "Play", "Video viewer").enabled; });
     }
+    bool goesAt(const std::string& rate) {
+        return find("StaticText", "Speed " + rate, "Video viewer").has_value();
+    }
 };
 
 }
@@ -28,11 +31,11 @@ TEST_F(Playing, keysShuttleStepAndGoHome) {
     key("End");
     until("it stands at the end", [&] { return seconds("Video viewer") > 17.9; });
     key("J");
-    until("it plays backward", [&] { return time("Video viewer").ends_with("−1×"); });
+    until("it plays backward", [&] { return goesAt("−1×"); });
     key("J");
-    until("twice as fast", [&] { return time("Video viewer").ends_with("−2×"); });
+    until("twice as fast", [&] { return goesAt("−2×"); });
     key("L");
-    until("forward again", [&] { return time("Video viewer").find("×") == std::string::npos; });
+    until("forward again", [&] { return !goesAt("−2×"); });
     until("and plays", [&] { return find("Button", "Pause", "Video viewer").has_value(); });
     key("K");
     until("it stands", [&] { return find("Button", "Play", "Video viewer").has_value(); });

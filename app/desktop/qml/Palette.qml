@@ -2,7 +2,7 @@ import QtQuick
 
 // Every action by its words.
 FocusScope {
-    id: palette
+    id: sheet
 
     readonly property var lines: project.found(field.text)
     function choose(row) {
@@ -33,7 +33,7 @@ FocusScope {
             placeholderText: "What to do"
             focus: true
             onTextChanged: list.currentIndex = 0
-            onAccepted: palette.choose(list.currentIndex)
+            onAccepted: sheet.choose(list.currentIndex)
             Keys.onDownPressed: list.incrementCurrentIndex()
             Keys.onUpPressed: list.decrementCurrentIndex()
         }
@@ -46,7 +46,7 @@ FocusScope {
             x: Theme.wide
             width: field.width
             clip: true
-            model: palette.lines
+            model: sheet.lines
             boundsBehavior: Flickable.StopAtBounds
             Accessible.role: Accessible.List
             Accessible.name: "Commands found"
@@ -62,7 +62,7 @@ FocusScope {
                 Accessible.name: modelData.title
                 Words { x: Theme.gap; height: parent.height; text: line.modelData.title; color: line.modelData.enabled ? Theme.text : Theme.disabled }
                 Words { anchors.right: parent.right; anchors.rightMargin: Theme.gap; height: parent.height; text: line.modelData.keys || line.modelData.menu; color: Theme.text3; font.pixelSize: Theme.noteSize }
-                MouseArea { anchors.fill: parent; hoverEnabled: true; onEntered: list.currentIndex = line.index; onClicked: palette.choose(line.index) }
+                MouseArea { anchors.fill: parent; hoverEnabled: true; onEntered: list.currentIndex = line.index; onClicked: sheet.choose(line.index) }
             }
         }
     }
