@@ -13,10 +13,13 @@ std::string pictures(const std::filesystem::path& movie) {
 
 class Exporting : public Scenario {
 protected:
-    void openShort(double length) {
+    /// A video of some cuts, each of that length in seconds.
+    void openShort(double length, int count = 1) {
         auto project = scenario::cutVideo();
         auto& cuts = project.videos.edit()[0].cuts.edit();
-        cuts = {{.source = project.sources[1].id, .start = 0.5, .end = 0.5 + length}};
+        cuts.clear();
+        for (int cut = 0; cut < count; ++cut)
+            cuts.push_back({.source = project.sources[1].id, .start = 0.5, .end = 0.5 + length});
         open(project);
         block("Cut", 1);
         std::filesystem::create_directories(out);
@@ -64,4 +67,19 @@ TEST_F(Exporting, editingGoesOnAndTheMovieIsThatOfTheCommandLine) {
     ASSERT_EQ(std::system(command.c_str()), 0);
     EXPECT_EQ(pictures(out / "one.mp4"), pictures(out / "two.mp4"));
     start({"--open", package.string()});
+}
+
+TEST_F(Exporting, aStoppedMovieLeavesNothingAndItsPlaceIsFree) {
+    openShort(11, 40); // long enough to be stopped
+    begin("half.mp4");
+    until("the buttons stand in their places", [&] {
+        const auto stop = find("Button", "Stop", "Export");
+        const auto hide = find("Button", "Hide", "Export");
+        return stop && hide && stop->x > 800 && stop->x + stop->width < hide->x;
+    });
+    clickOn("Button", "Stop", "Export");
+    until("it has stopped", [&] { return !find("Button", "Hide", "Export").has_value(); });
+    until("nothing is left", [&] { return entriesIn(out) == 0; });
+    key("Escape");
+    undoToStart();
 }

@@ -13,7 +13,15 @@ FocusScope {
     default property alias content: body.data
     signal accepted()
 
-    function accept() { if (mainEnabled) accepted() }
+    property bool accepting: false
+    // Ctrl+Enter in a field comes twice: from the field, and as the sheet's own key.
+    function accept() {
+        if (!mainEnabled || accepting) return
+        accepting = true
+        Qt.callLater(settle)
+        accepted()
+    }
+    function settle() { accepting = false }
 
     Keys.onPressed: (event) => {
         if ((event.key === Qt.Key_Return || event.key === Qt.Key_Enter) && event.modifiers & Qt.ControlModifier) { sheet.accept(); event.accepted = true }
