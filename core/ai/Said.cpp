@@ -52,6 +52,21 @@ bool isGenerated(const Cut& cut) {
     return cut.generator.has_value();
 }
 
+/// Whether two lists of lines or notes differ in words alone.
+template <class Spoken, class SameState>
+bool samePlaces(const List<Spoken>& some, const List<Spoken>& others, SameState sameState) {
+    return some.same(others) || std::ranges::equal(some, others, [&](const Spoken& one, const Spoken& other) {
+               return one.id == other.id && one.start == other.start && one.end == other.end &&
+                      sameState(one, other);
+           });
+}
+
+bool samePlaces(const Transcript& one, const Transcript& other) {
+    return samePlaces(one.lines, other.lines,
+                      [](const Line& line, const Line& now) { return line.isGone() == now.isGone(); }) &&
+           samePlaces(one.notes, other.notes, [](const Note&, const Note&) { return true; });
+}
+
 }
 
 Said::Said(const Project& project) {
@@ -68,7 +83,8 @@ Said::Said(const Project& project) {
 void Said::add(const UUID& source, const Project& project) {
     const auto found = project.transcripts.find(source);
     if (found == project.transcripts.end()) return;
-    const auto& transcript = transcripts.emplace_back(found->second);
+    auto& kept = transcripts.emplace_back(Kept{source, found->second, pieces.size()});
+    const auto& transcript = kept.transcript;
     auto names = Tags::named(source, project);
     const auto enter = [&](const auto& one, bool note, bool gone) {
         const auto name = names.find(one.id);
@@ -85,6 +101,32 @@ void Said::add(const UUID& source, const Project& project) {
     };
     for (const auto& line : transcript.lines) enter(line, false, line.isGone());
     for (const auto& note : transcript.notes) enter(note, true, false);
+    kept.end = pieces.size();
+}
+
+bool Said::reword(const std::map<UUID, Transcript>& now) {
+    for (const auto& kept : transcripts) {
+        const auto found = now.find(kept.source);
+        if (found == now.end() || !samePlaces(kept.transcript, found->second)) return false;
+    }
+    for (auto& kept : transcripts) reword(kept, now.at(kept.source));
+    return true;
+}
+
+void Said::reword(Kept& kept, const Transcript& now) {
+    if (kept.transcript.lines.same(now.lines) && kept.transcript.notes.same(now.notes)) return;
+    auto at = kept.first;
+    // Pieces stand in the order of their lines; lines that lie in no clip have none.
+    const auto take = [&](const auto& one) {
+        if (at == kept.end || pieces[at].id != one.id) return;
+        auto& piece = pieces[at];
+        if (!low.empty() && piece.text != one.text) low[at] = Text::lowercased(one.text);
+        piece.text = one.text;
+        ++at;
+    };
+    for (const auto& line : now.lines) take(line);
+    for (const auto& note : now.notes) take(note);
+    kept.transcript = now;
 }
 
 void Said::index() {
