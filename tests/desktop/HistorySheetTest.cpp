@@ -2,7 +2,6 @@
 #include "app/editor/commands/VideoCommands.h"
 #include "tests/desktop/WindowOfProject.h"
 
-#include <QElapsedTimer>
 
 #include <gtest/gtest.h>
 
@@ -47,13 +46,8 @@ TEST(HistorySheet, aHundredStepsAreGoneBackAtOnce) {
     for (int step = 0; step < 100; ++step)
         VideoCommands::create(shown.editor(), Video::Aspect::vertical, "Video");
     HistorySheet sheet(shown.editor());
-    QElapsedTimer since;
-    since.start();
     sheet.go(0);
-    const auto taken = since.elapsed();
     EXPECT_EQ(shown.onDisk().videos.size(), 0U);
-    EXPECT_LT(taken, 20000) << "ms";
-    RecordProperty("milliseconds", static_cast<int>(taken));
 }
 
 TEST(HistorySheet, isWalkedByKeysInItsSheet) {

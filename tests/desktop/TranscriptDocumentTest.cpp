@@ -1,11 +1,9 @@
 #include "app/desktop/transcript/TranscriptDocument.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
-#include <iostream>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -167,27 +165,18 @@ TEST(TranscriptDocument, linesThatWereJoinedOrBrokenComeBack) {
     EXPECT_EQ(blocks(shown.document), (QStringList{"one", "two", "three"}));
 }
 
-TEST(TranscriptDocument, staysQuickWithTwentyThousandLines) {
+TEST(TranscriptDocument, touchesOnlyWhatChangedAmongTwentyThousandLines) {
     std::vector<TranscriptRow> list;
     for (int at = 0; at < 20000; ++at)
         list.push_back(row(QString("line %1 and what is said in it ไม่เป็นไร").arg(at), false, at % 9 ? 0 : 3));
-    QElapsedTimer timer;
-    timer.start();
     Shown shown(list);
-    const auto filled = timer.elapsed();
+    int touched = 0; // letters taken out and put in
+    QObject::connect(&shown.document, &QTextDocument::contentsChange, &shown.document,
+                     [&](int, int out, int in) { touched += out + in; });
     list[10000].text = "corrected";
-    auto copy = list;
-    timer.restart();
-    shown.text.assign(std::move(copy));
-    const auto one = timer.nsecsElapsed() / 1e6;
+    shown.text.assign(std::vector(list));
     list.insert(list.begin() + 9000, row("came"));
-    copy = list;
-    timer.restart();
-    shown.text.assign(std::move(copy));
-    const auto more = timer.nsecsElapsed() / 1e6;
-    std::cout << "filled in " << filled << " ms, a line corrected in " << one << " ms, one more in " << more
-              << " ms\n";
+    shown.text.assign(std::vector(list));
     EXPECT_EQ(shown.document.blockCount(), 20001);
-    EXPECT_LT(one, 100);
-    EXPECT_LT(more, 100);
+    EXPECT_LT(touched, 300) << "what is as it was is left alone";
 }
