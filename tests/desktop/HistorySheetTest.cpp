@@ -2,7 +2,6 @@
 #include "app/editor/commands/VideoCommands.h"
 #include "tests/desktop/WindowOfProject.h"
 
-
 #include <gtest/gtest.h>
 
 using namespace murbo;
