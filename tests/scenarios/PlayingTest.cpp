@@ -34,6 +34,7 @@ TEST_F(Playing, keysShuttleStepAndGoHome) {
     until("it plays backward", [&] { return goesAt("−1×"); });
     key("J");
     until("twice as fast", [&] { return goesAt("−2×"); });
+    until("there is something to play", [&] { return seconds("Video viewer") < 14; });
     key("L");
     until("forward again", [&] { return !goesAt("−2×"); });
     until("and plays", [&] { return find("Button", "Pause", "Video viewer").has_value(); });
