@@ -28,7 +28,7 @@ struct TranscriptWindow : SpokenWindow {
     }
     TranscriptPage& page() { return opened->transcriptPage(); }
     QString block(int at) { return page().document().text()->findBlockByNumber(at).text(); }
-    /// Presses into a row, so many points from where its words begin.
+    /// Presses into a row; the distance is in points from where its words begin.
     void press(int row, double right = 1, Qt::KeyboardModifiers held = Qt::NoModifier) {
         const auto at = placeOf(row, right);
         click(at.x(), at.y(), held);

@@ -18,7 +18,7 @@ struct ScreenPoint {
     double y = 0;
 };
 
-/// A screen of its own with mouse and keys, which programs can't tell from those of a person: Xvfb and its
+/// A screen of its own with mouse and keys, which are to programs as those of a person: Xvfb and its
 /// test extension. With MURBO_ON_SCREEN in the environment it is the screen that people look at, and all goes
 /// slowly.
 class VirtualScreen {

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int lineHeight = 130;   ///< percent: Thai's marks above and below need it
 constexpr double between = 4;     ///< points after each row
-constexpr double quietSpace = 22; ///< points in which a silence is told
+constexpr double quietSpace = 22; ///< points of height for the words about a silence
 constexpr int mostChanges = 400;  ///< rows from which writing all anew is quicker
 
 bool looksAlike(const TranscriptRow& a, const TranscriptRow& b) {

@@ -23,7 +23,7 @@ struct SpokenSubject {
 /// All that rows depend on; as long as it stays the same, they do.
 struct Basis {
     SpokenSubject subject;
-    std::optional<UUID> openVideo; ///< whose cuts are told beside the lines
+    std::optional<UUID> openVideo; ///< whose cuts show as a bar beside the lines
     double quietLeast = 2;         ///< seconds from which a silence is shown
     std::map<UUID, Transcript> transcripts;
     List<Clip> clips;

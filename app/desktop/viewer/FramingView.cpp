@@ -1,5 +1,6 @@
 #include "app/desktop/viewer/FramingView.h"
 
+#include "app/desktop/viewer/ArrowStep.h"
 #include "app/editor/commands/LookCommands.h"
 
 #include <QCursor>
@@ -183,24 +184,8 @@ void FramingView::hoverMoveEvent(QHoverEvent* event) {
 
 /// Arrows move what is chosen, with Ctrl its right and lower edges; Shift goes ten times as far.
 void FramingView::keyPressEvent(QKeyEvent* event) {
-    QPointF by;
-    switch (event->key()) {
-        case Qt::Key_Left:
-            by = {-1, 0};
-            break;
-        case Qt::Key_Right:
-            by = {1, 0};
-            break;
-        case Qt::Key_Up:
-            by = {0, -1};
-            break;
-        case Qt::Key_Down:
-            by = {0, 1};
-            break;
-        default:
-            event->ignore();
-            return;
-    }
+    auto by = ArrowStep::of(event->key());
+    if (by.isNull()) return event->ignore();
     if (!session || !session->source.source()) return;
     by *= event->modifiers() & Qt::ShiftModifier ? nudgeFar : nudge;
     const bool sizes = event->modifiers() & Qt::ControlModifier;

@@ -1,5 +1,6 @@
 #include "app/desktop/viewer/HandlesView.h"
 
+#include "app/desktop/viewer/ArrowStep.h"
 #include "app/editor/commands/CaptionCommands.h"
 #include "app/editor/commands/FootageCommands.h"
 #include "app/editor/commands/LookCommands.h"
@@ -234,28 +235,12 @@ void HandlesView::hoverMoveEvent(QHoverEvent* event) {
 }
 
 void HandlesView::keyPressEvent(QKeyEvent* event) {
-    QPointF by;
-    switch (event->key()) {
-        case Qt::Key_Left:
-            by = {-1, 0};
-            break;
-        case Qt::Key_Right:
-            by = {1, 0};
-            break;
-        case Qt::Key_Up:
-            by = {0, -1};
-            break;
-        case Qt::Key_Down:
-            by = {0, 1};
-            break;
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            if (box && !text().isEmpty()) emit editAsked();
-            return;
-        default:
-            return event->ignore();
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        if (box && !text().isEmpty()) emit editAsked();
+        return;
     }
-    if (!box) return event->ignore();
+    auto by = ArrowStep::of(event->key());
+    if (!box || by.isNull()) return event->ignore();
     by *= event->modifiers() & Qt::ShiftModifier ? nudgeFar : nudge;
     start = *box;
     startMove = PickedPlace::placed(*plan, *pick, session->playback.time())->move;

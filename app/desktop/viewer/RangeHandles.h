@@ -12,7 +12,7 @@ enum class RangeEnd { none, start, end };
 inline constexpr double reach = 6;      ///< points
 inline constexpr double shortest = 0.1; ///< seconds that a range is left with
 
-/// The strip: a stretch of the source drawn so many points wide.
+/// The strip: a stretch of the source, and its width in points.
 struct StripScale {
     Stretch span;
     double width = 0;
