@@ -9,7 +9,7 @@
 namespace murbo {
 namespace {
 
-constexpr double leastShown = 0.02; ///< of the movie: before that nobody knows how long it will take
+constexpr double minShown = 0.02; ///< of the movie: before that nobody knows how long it will take
 constexpr int millisecondsASecond = 1000;
 
 /// What came of one movie.
@@ -99,7 +99,7 @@ void ExportQueue::end(const QString& problem, bool stopped) {
 }
 
 QString ExportQueue::left() const {
-    if (!busy || share < leastShown) return "";
+    if (!busy || share < minShown) return "";
     const double taken = static_cast<double>(since.elapsed()) / millisecondsASecond;
     return QString::fromStdString(Timecode::clock(taken * (1 - share) / share)) + " left";
 }

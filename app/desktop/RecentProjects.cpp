@@ -44,7 +44,7 @@ void add(const std::filesystem::path& package) {
     auto paths = all();
     std::erase(paths, package);
     paths.insert(paths.begin(), package);
-    if (paths.size() > most) paths.resize(most);
+    if (paths.size() > maxProjects) paths.resize(maxProjects);
     write(recentKey, paths);
 }
 

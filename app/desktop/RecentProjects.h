@@ -9,7 +9,7 @@ namespace murbo {
 /// The projects that were open lately, newest first, kept in the settings.
 namespace RecentProjects {
 
-inline constexpr std::size_t most = 12;
+inline constexpr std::size_t maxProjects = 12;
 
 std::vector<std::filesystem::path> all();
 void add(const std::filesystem::path& package);

@@ -11,7 +11,7 @@ namespace {
 // The widths from which the window's regions stand otherwise.
 constexpr double mediumFrom = 1500;
 constexpr double largeFrom = 2300;
-constexpr double most = 4000; ///< points
+constexpr double maxSize = 4000; ///< points
 
 }
 
@@ -24,13 +24,13 @@ std::string SplitterSizes::key(const QString& region, double width) {
 }
 
 double SplitterSizes::size(const QString& region, double width) const {
-    return std::clamp(SettingsStore::standard().number(key(region, width)).value_or(0), 0.0, most);
+    return std::clamp(SettingsStore::standard().number(key(region, width)).value_or(0), 0.0, maxSize);
 }
 
 void SplitterSizes::set(const QString& region, double width, double size) {
     try {
         if (size > 0)
-            SettingsStore::standard().set(key(region, width), std::min(size, most));
+            SettingsStore::standard().set(key(region, width), std::min(size, maxSize));
         else
             SettingsStore::standard().remove(key(region, width));
     } catch (const Problem&) {

@@ -8,8 +8,8 @@ namespace {
 constexpr double sideBySide = 1500; ///< width from which both viewers stand beside each other
 constexpr double tallFrom = 1700;
 constexpr double largeFrom = 2300;
-constexpr double leastTimeline = 160;
-constexpr double leastViewers = 220;
+constexpr double minTimeline = 160;
+constexpr double minViewers = 220;
 
 struct Widths {
     double sidebar;
@@ -44,7 +44,7 @@ WindowPlan WindowPlan::of(const WindowShape& given) {
         right -= wide.tall + line;
     }
     const double wanted = given.timeline > 0 ? given.timeline : wide.timeline;
-    const double low = std::clamp(wanted, leastTimeline, std::max(height - leastViewers, leastTimeline));
+    const double low = std::clamp(wanted, minTimeline, std::max(height - minViewers, minTimeline));
     plan.timeline = {0, given.height - low, right, low};
     const double high = height - low - line;
     plan.sidebar = {0, top, wide.sidebar, high};

@@ -18,8 +18,8 @@ struct WindowPlan {
 
     static constexpr double bar = 40;
     static constexpr double line = 1; ///< between regions
-    static constexpr double leastWidth = 1024;
-    static constexpr double leastHeight = 640;
+    static constexpr double minWidth = 1024;
+    static constexpr double minHeight = 640;
 
     bool compact = false; ///< the sidebar is a rail, the menus open from a button
     bool tabs = false;    ///< both viewers share one region

@@ -10,14 +10,14 @@ namespace murbo {
 
 namespace {
 
-constexpr std::size_t mostCharacters = 40;
-constexpr std::size_t mostLines = 3;
+constexpr std::size_t maxCharacters = 40;
+constexpr std::size_t maxLines = 3;
 
 /// The first forty characters, and a mark where there were more.
 std::string shortened(const std::string& text) {
     std::size_t count = 0;
     for (std::size_t at = 0; at < text.size(); ++at)
-        if ((static_cast<unsigned char>(text[at]) & 0xC0) != 0x80 && count++ == mostCharacters)
+        if ((static_cast<unsigned char>(text[at]) & 0xC0) != 0x80 && count++ == maxCharacters)
             return text.substr(0, at) + "…";
     return text;
 }
@@ -35,7 +35,7 @@ std::string item(const std::string& key, const nlohmann::json& value) {
 
 void MCPActivity::add(Entry entry) {
     all.push_back(std::move(entry));
-    if (all.size() > most) all.pop_front();
+    if (all.size() > maxKept) all.pop_front();
 }
 
 std::string MCPActivity::brief(const nlohmann::json& arguments) {
@@ -53,7 +53,7 @@ std::string MCPActivity::brief(const nlohmann::json& arguments) {
 std::string MCPActivity::firstLines(const std::string& text) {
     std::string said;
     std::size_t count = 0;
-    for (std::size_t at = 0; at < text.size() && count < mostLines;) {
+    for (std::size_t at = 0; at < text.size() && count < maxLines;) {
         const auto end = std::min(text.find('\n', at), text.size());
         const auto line = text.substr(at, end - at);
         at = end + 1;

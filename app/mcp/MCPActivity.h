@@ -15,7 +15,7 @@ namespace murbo {
 /// What AI apps have asked for and what came of it, newest last. In memory alone.
 class MCPActivity {
 public:
-    static constexpr std::size_t most = 300;
+    static constexpr std::size_t maxKept = 300;
 
     struct Entry {
         UUID id = UUID::make();

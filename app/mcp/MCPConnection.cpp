@@ -35,7 +35,7 @@ void MCPConnection::makeRoom() {
     auto open = parent()->findChildren<MCPConnection*>(Qt::FindDirectChildrenOnly);
     open.removeOne(this);
     for (const auto dispensable : {State::reading, State::ending})
-        for (auto at = open.begin(); at != open.end() && open.size() >= most;) {
+        for (auto at = open.begin(); at != open.end() && open.size() >= maxConnections;) {
             if ((*at)->state == dispensable) {
                 delete *at;
                 at = open.erase(at);

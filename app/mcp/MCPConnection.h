@@ -20,7 +20,7 @@ class MCPConnection : public QObject {
     Q_OBJECT
 
 public:
-    static constexpr int most = 256;
+    static constexpr int maxConnections = 256;
 
     /// Takes the result of a call, at once or later.
     using Answer = std::function<void(nlohmann::json)>;

@@ -26,7 +26,7 @@ namespace {
 using ID = MCPTool::ID;
 
 constexpr const char* permissionsKey = "mcpPermissions";
-constexpr int mostWaiting = 1024;                  ///< connections that the system holds for us
+constexpr int maxWaiting = 1024;                   ///< connections that the system holds for us
 constexpr std::chrono::milliseconds shortage{200}; ///< after which connections are taken again
 
 Date now() {
@@ -59,8 +59,8 @@ struct MCPHost::Work {
 
 MCPHost::MCPHost(SettingsStore* keeper, QObject* parent)
     : QObject(parent), store(keeper), listener(std::make_unique<QTcpServer>()) {
-    listener->setMaxPendingConnections(mostWaiting);
-    listener->setListenBacklogSize(mostWaiting);
+    listener->setMaxPendingConnections(maxWaiting);
+    listener->setListenBacklogSize(maxWaiting);
     connect(listener.get(), &QTcpServer::newConnection, this, &MCPHost::serve);
     // Qt stops accepting where the system is short of descriptors, and would never begin again.
     connect(listener.get(), &QTcpServer::acceptError, this,

@@ -1,8 +1,8 @@
 #include "app/mcp/Serve.h"
 
+#include "app/editor/EndSignals.h"
 #include "app/editor/ProjectDocument.h"
 #include "app/mcp/EditorSession.h"
-#include "app/mcp/EndSignals.h"
 #include "app/mcp/MCPHost.h"
 #include "app/mcp/TerminalQuestion.h"
 #include "core/ai/Brief.h"

@@ -1,9 +1,9 @@
 #include "app/paid/PaidCommands.h"
 
+#include "app/editor/EndSignals.h"
 #include "app/editor/ProjectDocument.h"
 #include "app/editor/commands/FootageAICommands.h"
 #include "app/editor/commands/VideoAICommands.h"
-#include "app/mcp/EndSignals.h"
 #include "app/options/Ending.h"
 #include "app/options/Paths.h"
 #include "app/paid/TerminalConsent.h"

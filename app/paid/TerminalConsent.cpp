@@ -1,7 +1,7 @@
 #include "app/paid/TerminalConsent.h"
 
 #include "app/editor/Editor.h"
-#include "app/mcp/EndSignals.h"
+#include "app/editor/EndSignals.h"
 #include "platform/base/Text.h"
 
 #include <QEventLoop>

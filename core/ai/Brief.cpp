@@ -20,10 +20,10 @@ bool isControl(char c) {
     return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
 }
 
-std::string firstCharacters(std::string_view text, std::size_t most) {
+std::string firstCharacters(std::string_view text, std::size_t limit) {
     std::size_t at = 0;
     for (std::size_t count = 0; at < text.size(); ++at)
-        if ((static_cast<unsigned char>(text[at]) & 0xC0) != 0x80 && count++ == most) break;
+        if ((static_cast<unsigned char>(text[at]) & 0xC0) != 0x80 && count++ == limit) break;
     return std::string(text.substr(0, at));
 }
 

@@ -15,10 +15,10 @@ namespace {
 
 constexpr double touch = 0.05;           ///< seconds; as far a trim may reach into a line
 constexpr std::size_t longestGiven = 60; ///< bytes of what a model gave, in words about it
-constexpr std::size_t mostReasons = 20;  ///< named one by one
+constexpr std::size_t maxReasons = 20;   ///< named one by one
 
 std::string joined(const std::vector<std::string>& reasons) {
-    const auto shown = std::min(reasons.size(), mostReasons);
+    const auto shown = std::min(reasons.size(), maxReasons);
     auto text = fmt::format(
         "{}", fmt::join(reasons.begin(), reasons.begin() + static_cast<std::ptrdiff_t>(shown), "; "));
     if (shown < reasons.size()) text += fmt::format("; and {} more", reasons.size() - shown);

@@ -17,7 +17,7 @@ namespace {
 
 using VideoChange::member;
 
-constexpr std::size_t mostSounds = 300;
+constexpr std::size_t maxSounds = 300;
 
 std::string line(const Book& book) {
     const auto& playbook = book.playbook;
@@ -67,9 +67,9 @@ std::string listSounds(const nlohmann::json& arguments) {
     std::size_t count = 0;
     for (const auto& [its, _] : sounds()) {
         if (Text::lowercased(its).find(wanted) == std::string::npos) continue;
-        if (++count <= mostSounds) text += (text.empty() ? "" : "\n") + its;
+        if (++count <= maxSounds) text += (text.empty() ? "" : "\n") + its;
     }
-    if (count > mostSounds) text += fmt::format("\n… and {} more; search to narrow it.", count - mostSounds);
+    if (count > maxSounds) text += fmt::format("\n… and {} more; search to narrow it.", count - maxSounds);
     if (count > 0) return text;
     if (search.empty()) return "The sound library is empty.";
     return fmt::format("No sound's folder or name holds “{}”.", VideoChange::given(nlohmann::json(search)));

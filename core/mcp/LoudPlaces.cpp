@@ -18,10 +18,10 @@ namespace murbo::LoudPlaces {
 
 namespace {
 
-constexpr double leastQuiet = 2;   // seconds
+constexpr double minQuiet = 2;     // seconds
 constexpr double betweenPeaks = 2; // seconds
-constexpr std::size_t mostPeaks = 8;
-constexpr std::size_t mostPlaces = 40;
+constexpr std::size_t maxPeaks = 8;
+constexpr std::size_t maxPlaces = 40;
 
 struct LoudMoment {
     double at = 0;     ///< on the clock that is shown
@@ -33,11 +33,11 @@ struct LoudMoment {
 class Places {
 public:
     void add(std::string place) {
-        if (++count <= mostPlaces) text += (text.empty() ? "" : "; ") + place;
+        if (++count <= maxPlaces) text += (text.empty() ? "" : "; ") + place;
     }
     std::string whole() const {
         if (count == 0) return "none";
-        return count <= mostPlaces ? text : text + fmt::format("; and {} more", count - mostPlaces);
+        return count <= maxPlaces ? text : text + fmt::format("; and {} more", count - maxPlaces);
     }
 
 private:
@@ -58,7 +58,7 @@ std::vector<LoudMoment> loudest(std::vector<LoudMoment> all) {
     std::ranges::stable_sort(all, std::ranges::greater(), &LoudMoment::level);
     std::vector<LoudMoment> chosen;
     for (const auto& peak : all) {
-        if (chosen.size() == mostPeaks) break;
+        if (chosen.size() == maxPeaks) break;
         const bool isNear = std::ranges::any_of(chosen, [&](const LoudMoment& other) {
             return other.source == peak.source && std::abs(other.at - peak.at) < betweenPeaks;
         });
@@ -128,7 +128,7 @@ std::string text(const Stretches& stretches, const Project& project, const Said&
     for (const auto& heard : stretches.all) {
         const auto& [sound, usual] = sounds.at(heard.source);
         for (const auto& one : sound.loudStretches(heard.on, usual)) loud.add(place(one, heard, said));
-        for (const auto& one : ProjectOperations::quiet(project, heard.source, heard.on, leastQuiet))
+        for (const auto& one : ProjectOperations::quiet(project, heard.source, heard.on, minQuiet))
             quiet.add(place(one, heard, said));
         addPeaks(sound, heard, peaks);
     }

@@ -42,11 +42,11 @@ std::string example(const MCPTool& tool) {
 
 void checkSizes(const MCPTool& tool, std::string_view name, const json& value) {
     const bool isPlaybook = tool.id == MCPTool::ID::writePlaybook;
-    if (value.is_string() && !isPlaybook && value.get_ref<const std::string&>().size() > mostTextBytes)
-        throw Problem(fmt::format("“{}” is too long: at most {} bytes.", name, mostTextBytes));
+    if (value.is_string() && !isPlaybook && value.get_ref<const std::string&>().size() > maxTextBytes)
+        throw Problem(fmt::format("“{}” is too long: at most {} bytes.", name, maxTextBytes));
     if (!value.is_structured()) return;
-    if (value.size() > mostEntries)
-        throw Problem(fmt::format("“{}” holds too much: at most {} entries.", name, mostEntries));
+    if (value.size() > maxEntries)
+        throw Problem(fmt::format("“{}” holds too much: at most {} entries.", name, maxEntries));
     for (const auto& one : value) checkSizes(tool, name, one);
 }
 

@@ -10,9 +10,8 @@ namespace MCPArguments {
 /// right call.
 void check(const MCPTool& tool, const nlohmann::json& arguments);
 
-inline constexpr std::size_t mostTextBytes =
-    20'000;                                       ///< of one text; a playbook's JSON has a bound of its own
-inline constexpr std::size_t mostEntries = 5'000; ///< of one list
+inline constexpr std::size_t maxTextBytes = 20'000; ///< of one text; a playbook's JSON has a bound of its own
+inline constexpr std::size_t maxEntries = 5'000;    ///< of one list
 
 }
 

@@ -48,12 +48,12 @@ std::size_t announced(const Headers& headers) {
     std::size_t length = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), length);
     if (end != text.data() + text.size() || text.empty()) return 0;
-    if (error == std::errc::result_out_of_range) return mostBytes + 1;
+    if (error == std::errc::result_out_of_range) return maxBytes + 1;
     return error == std::errc() ? length : 0;
 }
 
 std::optional<Head> head(std::string_view received) {
-    const auto end = received.substr(0, mostHeadBytes).find(blankLine);
+    const auto end = received.substr(0, maxHeadBytes).find(blankLine);
     if (end == received.npos || !Text::isUtf8(received.substr(0, end))) return std::nullopt;
     Head read{.length = end + blankLine.size()};
     auto rest = received.substr(0, end);
@@ -100,8 +100,8 @@ std::optional<Request> request(std::string_view received) {
 
 bool isTooLong(std::string_view received) {
     const auto read = head(received);
-    if (!read) return received.size() >= mostHeadBytes;
-    return read->body > mostBytes || read->length + read->body > mostBytes;
+    if (!read) return received.size() >= maxHeadBytes;
+    return read->body > maxBytes || read->length + read->body > maxBytes;
 }
 
 bool allowed(const Headers& headers) {

@@ -25,8 +25,8 @@ struct Request {
 std::optional<Request> request(std::string_view received);
 
 /// Longest request, head and body. A longer one is never answered.
-inline constexpr std::size_t mostBytes = std::size_t{64} << 20;
-inline constexpr std::size_t mostHeadBytes = std::size_t{64} << 10;
+inline constexpr std::size_t maxBytes = std::size_t{64} << 20;
+inline constexpr std::size_t maxHeadBytes = std::size_t{64} << 10;
 
 /// Whether what was received, or what it announces, goes beyond that.
 bool isTooLong(std::string_view received);

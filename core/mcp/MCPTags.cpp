@@ -15,13 +15,13 @@ namespace murbo::MCPTags {
 namespace {
 
 constexpr const char* nameClips = "Name the clips by tag, like C14.";
-constexpr std::size_t mostTags = 60; ///< named in one sentence
+constexpr std::size_t maxTags = 60; ///< named in one sentence
 
 std::string tags(const List<Video>& videos) {
     std::string text;
     std::size_t count = 0;
     for (const auto& video : videos) {
-        if (++count > mostTags) return text + fmt::format(" and {} more", videos.size() - mostTags);
+        if (++count > maxTags) return text + fmt::format(" and {} more", videos.size() - maxTags);
         text += (text.empty() ? "" : ", ") + video.tag();
     }
     return text;

@@ -11,10 +11,10 @@ namespace murbo {
 namespace Overview {
 
 /// Sources, a line for every clip that is not rejected, videos and ideas. Where clips are many their lines
-/// are shortened so that the whole stays near `mostBytes`.
+/// are shortened so that the whole stays near `maxBytes`.
 std::string text(const Project& project, const Said& said);
 
-inline constexpr std::size_t mostBytes = 39'000;
+inline constexpr std::size_t maxBytes = 39'000;
 
 }
 

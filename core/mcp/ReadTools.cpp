@@ -21,8 +21,8 @@ namespace {
 
 using VideoChange::member;
 
-constexpr std::size_t mostHits = 60;
-constexpr std::size_t mostClipBytes = 90'000; ///< of one answer: apps stop reading at some 25,000 tokens
+constexpr std::size_t maxHits = 60;
+constexpr std::size_t maxClipBytes = 90'000; ///< of one answer: apps stop reading at some 25,000 tokens
 
 /// The pieces in which words are said, by clip and start.
 Said::Pieces hits(const std::string& words, const Project& project, const Said& said) {
@@ -58,7 +58,7 @@ MCPResult readClips(const json& arguments, const Project& project, const Said& s
     std::size_t shown = 0;
     for (const auto* clip : clips) {
         const auto block = Brief::lines({clip}, project, said);
-        if (shown > 0 && text.size() + block.size() > mostClipBytes) break;
+        if (shown > 0 && text.size() + block.size() > maxClipBytes) break;
         text += (shown++ ? "\n" : "") + block;
     }
     if (shown < clips.size())
@@ -75,11 +75,11 @@ MCPResult searchLines(const json& arguments, const Project& project, const Said&
     if (found.empty())
         return {.text = fmt::format("Nothing said holds “{}”.", VideoChange::given(json(words)))};
     std::string text;
-    for (std::size_t at = 0; at < std::min(found.size(), mostHits); ++at)
+    for (std::size_t at = 0; at < std::min(found.size(), maxHits); ++at)
         text += fmt::format("{}{} [{}] {}", at ? "\n" : "", found[at]->tag,
                             ProjectSummary::clock(found[at]->start), Brief::oneLine(found[at]->text));
-    if (found.size() > mostHits)
-        text += fmt::format("\n… and {} more; ask with more words.", found.size() - mostHits);
+    if (found.size() > maxHits)
+        text += fmt::format("\n… and {} more; ask with more words.", found.size() - maxHits);
     return {.text = std::move(text)};
 }
 

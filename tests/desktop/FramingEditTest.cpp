@@ -41,8 +41,8 @@ TEST(FramingEdit, nothingLeavesThePicture) {
                 const auto now = FramingEdit::pulled(framing, {part, handle}, by);
                 EXPECT_TRUE(QRectF(0, 0, 1 + 1e-9, 1 + 1e-9).contains(FramingEdit::rect(now.face)));
                 EXPECT_GE(now.content.w, FramingEdit::smallest - 1e-9);
-                EXPECT_GE(now.split, FramingEdit::leastPanel);
-                EXPECT_LE(now.split, 1 - FramingEdit::leastPanel);
+                EXPECT_GE(now.split, FramingEdit::minPanel);
+                EXPECT_LE(now.split, 1 - FramingEdit::minPanel);
                 if (now.eyes) {
                     EXPECT_TRUE(QRectF(0, 0, 1.001, 1.001).contains({now.eyes->x, now.eyes->y}));
                 }

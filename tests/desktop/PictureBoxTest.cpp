@@ -44,8 +44,9 @@ TEST(PictureBox, growsAndTurnsAboutItsOwnMiddle) {
         EXPECT_NEAR(turned.turn - box.turn, 90, 3.01);
         expectNear(turned.centre(), box.centre(), "turned");
     }
-    EXPECT_EQ(sticker().sized(sticker().onFrame({100, 50}), sticker().centre(), 8).scale, PictureBox::least);
-    EXPECT_EQ(sticker(7).sized(sticker(7).onFrame({700, 350}), {9000, 9000}, 8).scale, PictureBox::most);
+    EXPECT_EQ(sticker().sized(sticker().onFrame({100, 50}), sticker().centre(), 8).scale,
+              PictureBox::minScale);
+    EXPECT_EQ(sticker(7).sized(sticker(7).onFrame({700, 350}), {9000, 9000}, 8).scale, PictureBox::maxScale);
 }
 
 TEST(PictureBox, aTurnCatchesAtQuartersAndWithStepsAtFifteenDegrees) {

@@ -13,7 +13,7 @@ TEST(RecentProjects, theNewestComesFirstAndNoneTwice) {
         RecentProjects::add(folder / ("p" + std::to_string(number) + ".mbproj"));
     RecentProjects::add(folder / "p15.mbproj");
     const auto all = RecentProjects::all();
-    EXPECT_EQ(all.size(), RecentProjects::most);
+    EXPECT_EQ(all.size(), RecentProjects::maxProjects);
     EXPECT_EQ(all[0].filename(), "p15.mbproj");
     EXPECT_EQ(all[1].filename(), "p19.mbproj");
     EXPECT_EQ(std::ranges::count(all, folder / "p15.mbproj"), 1);

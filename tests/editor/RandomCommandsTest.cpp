@@ -89,7 +89,7 @@ TEST(RandomCommands, areUndoneToTheVeryBytesAndForthAgain) {
         lines(R"(["closeDrag"])");
         const auto after = bytes(lines);
         std::size_t undone = 0;
-        while (bytes(lines) != before && undone < History::most && lines.editor().history().undoName()) {
+        while (bytes(lines) != before && undone < History::maxSteps && lines.editor().history().undoName()) {
             lines(R"(["undo"])");
             ++undone;
         }

@@ -154,7 +154,7 @@ TEST_F(MCPConnectionTest, manySilentOnesKeepNobodyOut) {
         silent.push_back(std::make_unique<Client>(host.port()));
         QCoreApplication::processEvents();
     }
-    EXPECT_TRUE(until([&] { return connections() == MCPConnection::most; }));
+    EXPECT_TRUE(until([&] { return connections() == MCPConnection::maxConnections; }));
     EXPECT_THAT(answer(request(ping)), StartsWith("HTTP/1.1 200 "));
     silent.clear();
     EXPECT_TRUE(until([&] { return connections() == 0; }));

@@ -38,7 +38,7 @@ TEST(MCPRequest, takesHeadersAsTheyCome) {
 }
 
 TEST(MCPRequest, hasItsBounds) {
-    EXPECT_TRUE(MCPHttp::isTooLong(std::string(MCPHttp::mostHeadBytes, 'x')));
+    EXPECT_TRUE(MCPHttp::isTooLong(std::string(MCPHttp::maxHeadBytes, 'x')));
     EXPECT_FALSE(MCPHttp::isTooLong(posted("{}")));
     for (const auto* length : {"67108865", "99999999999999999999999"})
         EXPECT_TRUE(MCPHttp::isTooLong("POST /\r\nContent-Length: " + std::string(length) + "\r\n\r\n"))

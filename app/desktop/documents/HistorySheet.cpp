@@ -25,8 +25,9 @@ HistorySheet::HistorySheet(Editor& session, QObject* parent) : QObject(parent), 
 QVariantList HistorySheet::steps() const {
     const auto& history = editor.history();
     QVariantList list;
-    list.append(row(
-        history.past().size() < History::most ? "As it was opened first" : "As far back as it goes", false));
+    list.append(
+        row(history.past().size() < History::maxSteps ? "As it was opened first" : "As far back as it goes",
+            false));
     for (const auto& step : history.past()) list.append(row(step.name, false));
     const auto& undone = history.future();
     for (auto step = undone.rbegin(); step != undone.rend(); ++step) list.append(row(step->name, true));

@@ -12,8 +12,8 @@ namespace {
 
 constexpr double maxZoom = 4;
 constexpr double percent = 100;
-constexpr double leastSplit = 10; // percent
-constexpr double mostSplit = 90;
+constexpr double minSplit = 10; // percent
+constexpr double maxSplit = 90;
 
 std::string layoutOf(const Shot& shot) {
     return shot.playbook.value_or(std::string(rawText(shot.layout)));
@@ -50,7 +50,7 @@ InspectorRowList of(const Shot& shot, const Framing& framing, bool upright, Book
         RowMaker::number("focus", "Focus", shot.focus.value_or(0.5) * percent, {0, percent, 1, 50, "%"}));
     if (upright && (shot.playbook || shot.layout == Shot::Layout::split)) {
         rows.push_back(RowMaker::number("split", "Split", shot.split.value_or(framing.split) * percent,
-                                        {leastSplit, mostSplit, 1, framing.split * percent, "%"}));
+                                        {minSplit, maxSplit, 1, framing.split * percent, "%"}));
         rows.back().changed = shot.split.has_value();
     }
     rows.push_back(RowMaker::oneOf<ShotMove>("move", "Move", shot.move, "None"));

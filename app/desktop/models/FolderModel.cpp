@@ -12,7 +12,7 @@ namespace {
 
 enum FolderRole { nameRole = Qt::UserRole, detailRole, folderRole, projectRole, pathRole };
 
-constexpr int mostEntries = 20000;
+constexpr int maxEntries = 20000;
 
 bool isWanted(const QFileInfo& entry, const QString& wanted) {
     if (entry.isDir()) return true;
@@ -74,7 +74,7 @@ void FolderModel::list() {
             return collator.compare(a.fileName(), b.fileName()) < 0;
         });
         for (const auto& entry : entries) {
-            if (!isWanted(entry, wanted) || static_cast<int>(rows.size()) >= mostEntries) continue;
+            if (!isWanted(entry, wanted) || static_cast<int>(rows.size()) >= maxEntries) continue;
             FolderRow row;
             row.id = entry.absoluteFilePath().toStdString();
             row.name = entry.fileName();

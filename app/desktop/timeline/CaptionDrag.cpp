@@ -11,8 +11,8 @@
 namespace murbo {
 namespace {
 
-constexpr double shortest = 0.1;    ///< seconds that a caption keeps
-constexpr double leastShare = 0.03; ///< of a line's time that a piece keeps
+constexpr double shortest = 0.1;  ///< seconds that a caption keeps
+constexpr double minShare = 0.03; ///< of a line's time that a piece keeps
 
 const Line* lineOf(const Project& project, const UUID& source, const UUID& id) {
     const auto& lines = project.transcript(source).lines;
@@ -82,8 +82,8 @@ void CaptionDrag::moveMeet(double time) {
     const double before = *meet > 0 ? meets[*meet - 1] : 0;
     const double after = *meet + 1 < meets.size() ? meets[*meet + 1] : 1;
     const double length = held->to - held->from;
-    if (length <= 0 || after - before <= 2 * leastShare) return;
-    meets[*meet] = std::clamp((time - held->from) / length, before + leastShare, after - leastShare);
+    if (length <= 0 || after - before <= 2 * minShare) return;
+    meets[*meet] = std::clamp((time - held->from) / length, before + minShare, after - minShare);
     CaptionCommands::retimePieces(editor, held->line, held->caption.texts(), meets);
 }
 

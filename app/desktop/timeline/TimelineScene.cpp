@@ -11,7 +11,7 @@ namespace {
 
 using Paint = TimelineBlock::Paint;
 
-constexpr double leastLabel = 28; ///< points: a narrower block has no words
+constexpr double minLabel = 28; ///< points: a narrower block has no words
 constexpr double wideLabel = 100000;
 constexpr double labelPadding = 6;
 constexpr double captionPadding = 3;
@@ -61,7 +61,7 @@ private:
         const double padding = caption ? captionPadding : labelPadding;
         const double left = std::max(place.left(), 0.0) + padding;
         const double width = std::min(place.right() - padding - left, wideLabel);
-        if (place.width() < leastLabel || width < leastLabel / 2) return;
+        if (place.width() < minLabel || width < minLabel / 2) return;
         auto text = QString::fromStdString(block.label);
         if (block.muted) text += ", muted";
         list.items.emplace_back(DrawList::Label{{left, place.top(), width, place.height()},

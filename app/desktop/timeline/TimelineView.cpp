@@ -14,10 +14,10 @@ namespace murbo {
 namespace {
 
 constexpr double standardScale = 20; ///< points a second at zoom 1
-constexpr double leastScale = 0.02;
-constexpr double mostScale = 600;
-constexpr double fittedMost = 80; ///< a video of a few seconds is not blown up further
-constexpr double margin = 40;     ///< points left free after the end
+constexpr double minScale = 0.02;
+constexpr double maxScale = 600;
+constexpr double maxFitted = 80; ///< a video of a few seconds is not blown up further
+constexpr double margin = 40;    ///< points left free after the end
 constexpr double zoomFactor = 1.25;
 
 const char* const rowNames[] = {"Shots", "Layers", "Video", "Captions", "Overlays", "Sounds", "Music"};
@@ -120,14 +120,14 @@ void TimelineView::rebuild() {
 void TimelineView::fit() {
     if (!session || width() <= margin || layout.length <= 0) return;
     fitted = true;
-    const double scale = std::clamp((width() - margin) / layout.length, leastScale, fittedMost);
+    const double scale = std::clamp((width() - margin) / layout.length, minScale, maxFitted);
     span.from = 0;
     session->setZoom(scale / standardScale);
     rescale();
 }
 
 void TimelineView::rescale() {
-    span.scale = session ? std::clamp(session->zoom() * standardScale, leastScale, mostScale) : standardScale;
+    span.scale = session ? std::clamp(session->zoom() * standardScale, minScale, maxScale) : standardScale;
     span.width = width();
     span.from =
         std::clamp(span.from, 0.0, std::max(layout.length + margin / span.scale - width() / span.scale, 0.0));
@@ -139,7 +139,7 @@ void TimelineView::rescale() {
 void TimelineView::zoomRound(double factor, double x) {
     if (!session) return;
     const double time = span.time(x);
-    const double scale = std::clamp(span.scale * factor, leastScale, mostScale);
+    const double scale = std::clamp(span.scale * factor, minScale, maxScale);
     span.from = std::max(time - x / scale, 0.0);
     session->setZoom(scale / standardScale);
     rescale();

@@ -12,7 +12,7 @@ namespace {
 constexpr int lineHeight = 130;   ///< percent: Thai's marks above and below need it
 constexpr double between = 4;     ///< points after each row
 constexpr double quietSpace = 22; ///< points of height for the words about a silence
-constexpr int mostChanges = 400;  ///< rows from which writing all anew is quicker
+constexpr int maxChanges = 400;   ///< rows from which writing all anew is quicker
 
 bool looksAlike(const TranscriptRow& a, const TranscriptRow& b) {
     return a.text == b.text && a.note == b.note && (a.quiet > 0) == (b.quiet > 0);
@@ -79,7 +79,7 @@ void TranscriptDocument::assign(std::vector<TranscriptRow> rows) {
     while (tail < longest && same(*(shown.end() - 1 - tail), *(rows.end() - 1 - tail))) ++tail;
     const auto removed = static_cast<int>(static_cast<std::ptrdiff_t>(shown.size()) - head - tail);
     const auto inserted = static_cast<int>(static_cast<std::ptrdiff_t>(rows.size()) - head - tail);
-    const bool anew = shown.empty() || rows.empty() || removed + inserted > mostChanges ||
+    const bool anew = shown.empty() || rows.empty() || removed + inserted > maxChanges ||
                       (head == 0 && removed + inserted > 0);
     if (anew) {
         refill(std::move(rows));

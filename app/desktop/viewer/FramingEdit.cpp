@@ -66,7 +66,7 @@ Framing pulled(const Framing& framing, const FramingGrip& hold, const QPointF& b
             break;
         }
         case FramingPart::split:
-            next.split = std::clamp(framing.split + by.y(), leastPanel, 1 - leastPanel);
+            next.split = std::clamp(framing.split + by.y(), minPanel, 1 - minPanel);
             break;
     }
     return next;

@@ -21,8 +21,8 @@ struct FramingGrip {
     bool operator==(const FramingGrip&) const = default;
 };
 
-inline constexpr double smallest = 0.02;  ///< a side of a box
-inline constexpr double leastPanel = 0.1; ///< of the video's height
+inline constexpr double smallest = 0.02; ///< a side of a box
+inline constexpr double minPanel = 0.1;  ///< of the video's height
 
 QRectF rect(const Box& box);
 /// Where the eyes are, or where they are taken to be.

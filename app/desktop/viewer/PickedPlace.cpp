@@ -117,7 +117,7 @@ PictureBox box(const Measured& measured, const Placed& placed, const Size& frame
     const auto at = Motion::placement(placed.move, placed.share);
     return {measured.natural,
             {at.x.value_or(0.5) * frame.width, at.y.value_or(measured.restY) * frame.height},
-            std::clamp(at.scale.value_or(1), PictureBox::least, 100.0),
+            std::clamp(at.scale.value_or(1), PictureBox::minScale, 100.0),
             at.rotation.value_or(0)};
 }
 

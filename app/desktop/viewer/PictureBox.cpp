@@ -89,7 +89,7 @@ PictureBox PictureBox::sized(const QPointF& from, const QPointF& to, double reac
         after = std::max(now.y() * (start.y() < 0 ? -1 : 1), 0.0);
     }
     if (before < 1e-6) return *this;
-    return about(*this, std::clamp(scale * after / before, least, most), turn);
+    return about(*this, std::clamp(scale * after / before, minScale, maxScale), turn);
 }
 
 PictureBox PictureBox::turned(const QPointF& from, const QPointF& to, bool steps) const {
@@ -134,9 +134,10 @@ Move PlacedMove::changed(const Move& move, const PictureBox& from, const Picture
     add(&Placement::rotation, to.turn - from.turn, 0, -3600, 3600);
     if (to.scale != from.scale) {
         const double factor = to.scale / from.scale;
-        first.scale = std::clamp(first.scale.value_or(1) * factor, PictureBox::least, PictureBox::most);
+        first.scale =
+            std::clamp(first.scale.value_or(1) * factor, PictureBox::minScale, PictureBox::maxScale);
         if (next.to && next.to->scale)
-            next.to->scale = std::clamp(*next.to->scale * factor, PictureBox::least, PictureBox::most);
+            next.to->scale = std::clamp(*next.to->scale * factor, PictureBox::minScale, PictureBox::maxScale);
     }
     next.from = first;
     return next;

@@ -19,8 +19,8 @@ struct PictureBox {
     double scale = 1;
     double turn = 0; ///< degrees clockwise
 
-    static constexpr double least = 0.05; ///< scale
-    static constexpr double most = 8;
+    static constexpr double minScale = 0.05; ///< scale
+    static constexpr double maxScale = 8;
 
     QPointF centre() const;
     QSizeF size() const { return natural.size() * scale; }

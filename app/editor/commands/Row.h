@@ -16,6 +16,9 @@ namespace murbo {
 /// text.
 namespace Row {
 
+/// Throws a Problem where the line has more arguments than the command takes.
+void checkCount(const JsonValue& line, std::size_t expected);
+
 template <class K>
 inline constexpr bool isMaybe = false;
 template <class K>
@@ -44,10 +47,8 @@ EditorCommand row(const std::string& name, const std::string& title,
     EditorCommand command{name, title, {}, {}};
     std::size_t next = 0;
     (command.arguments.push_back({names[next++], Kinds::words(), Row::isMaybe<Kinds>}), ...);
-    command.run = [run, names, most = sizeof...(Kinds)](Editor& editor,
-                                                        const JsonValue& line) -> std::optional<std::string> {
-        if (line.size() > most + 1)
-            throw Problem("There are too many arguments: at most " + std::to_string(most) + " are expected.");
+    command.run = [run, names](Editor& editor, const JsonValue& line) -> std::optional<std::string> {
+        Row::checkCount(line, sizeof...(Kinds));
         return [&]<std::size_t... At>(std::index_sequence<At...>)->std::optional<std::string> {
             // Braces: from left to right, so that the first fault is the one reported.
             std::tuple<typename Kinds::Value...> values{Row::read<Kinds>(editor, line, At + 1, names[At])...};

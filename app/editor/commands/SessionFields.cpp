@@ -113,7 +113,7 @@ EditorCommand command() {
         {}};
     command.run = [](Editor& editor, const JsonValue& line) -> std::optional<std::string> {
         const auto name = Row::read<Kind::Text>(editor, line, 1, "field");
-        if (line.size() > 3) throw Problem("There are too many arguments: at most 2 are expected.");
+        Row::checkCount(line, 2);
         for (const auto& field : all())
             if (field.name == name) {
                 field.set(editor, line);

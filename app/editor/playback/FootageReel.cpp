@@ -12,8 +12,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr double keptBytes = 64e6; // twenty pictures of 1920x1080
-constexpr std::size_t mostKept = 32;
-constexpr std::size_t leastKept = 3;   // the one that is on and its neighbours
+constexpr std::size_t maxKept = 32;
+constexpr std::size_t minKept = 3;     // the one that is on and its neighbours
 constexpr std::size_t fewBefore = 6;   // pictures before a place that call for more
 constexpr double worthReadingOn = 0.5; // seconds; beyond, a jump may land nearer
 constexpr double usualRate = 30;
@@ -129,7 +129,7 @@ void FootageReel::jump(double time, const std::stop_token& stop) {
     auto first = reader->keyframe(time);
     if (!first) return;
     const double length = reader->facts().length;
-    const double from = (length > 0 ? std::min(time, length) : time) - reach(most() / 2);
+    const double from = (length > 0 ? std::min(time, length) : time) - reach(capacity() / 2);
     if (from > first->time) first = reader->at(from, stop);
     if (!first || stop.stop_requested()) return;
     startsFile = first->from > time;
@@ -139,10 +139,10 @@ void FootageReel::jump(double time, const std::stop_token& stop) {
 
 void FootageReel::readBefore(double time) {
     takeBefore();
-    const auto few = std::min(fewBefore, most() / 2);
+    const auto few = std::min(fewBefore, capacity() / 2);
     if (before.valid() || kept.empty() || startsFile || kept.front().time < time - reach(few)) return;
     const double edge = kept.front().time;
-    beforeFrom = edge - reach(most() * 2 / 3);
+    beforeFrom = edge - reach(capacity() * 2 / 3);
     stopBefore = {};
     before =
         std::async(std::launch::async, [reader = std::exchange(behind, std::nullopt), file = path,
@@ -185,11 +185,11 @@ void FootageReel::takeBefore() {
     behind = std::move(read.reader);
     if (!read.whole || kept.empty() || kept.front().time != read.edge) return; // the place is another by now
     kept.insert(kept.begin(), read.frames.begin(), read.frames.end());
-    while (kept.size() > most() && kept[kept.size() - 2].from > asked) {
+    while (kept.size() > capacity() && kept[kept.size() - 2].from > asked) {
         kept.pop_back();
         endsFile = readerIsThere = false;
     }
-    while (kept.size() > most()) kept.pop_front();
+    while (kept.size() > capacity()) kept.pop_front();
 }
 
 void FootageReel::thin() {
@@ -202,7 +202,7 @@ void FootageReel::thin() {
 void FootageReel::keep(FrameReader::TimedFrame frame) {
     kept.push_back(std::move(frame));
     readerIsThere = true;
-    while (kept.size() > most()) {
+    while (kept.size() > capacity()) {
         kept.pop_front();
         startsFile = false;
     }
@@ -214,10 +214,10 @@ void FootageReel::forget() {
     startsFile = endsFile = readerIsThere = false;
 }
 
-std::size_t FootageReel::most() const {
-    if (kept.empty()) return mostKept / 2;
+std::size_t FootageReel::capacity() const {
+    if (kept.empty()) return maxKept / 2;
     const auto fit = static_cast<std::size_t>(keptBytes / std::max(bytesOf(kept.front().frame), 1.0));
-    return std::clamp(fit, leastKept, mostKept);
+    return std::clamp(fit, minKept, maxKept);
 }
 
 /// How long that number of pictures is on, in seconds.

@@ -63,7 +63,7 @@ private:
     void jump(double time, const std::stop_token& stop);
     void keep(FrameReader::TimedFrame frame);
     void forget();
-    std::size_t most() const;
+    std::size_t capacity() const;
     double reach(std::size_t pictures) const;
 
     std::filesystem::path path;

@@ -11,7 +11,7 @@
 namespace murbo {
 namespace {
 
-constexpr std::size_t mostAhead = 3;  // frames drawn before their time
+constexpr std::size_t maxAhead = 3;   // frames drawn before their time
 constexpr int largestSide = 8192;     // pixels of a view
 constexpr double longestSleep = 0.02; // seconds: the clock may be another's and run unevenly
 constexpr double longestLate = 0.15;  // seconds after its time that a picture may still be waited for
@@ -167,7 +167,7 @@ void PicturePlayer::drawOn(const PictureOrder& now) {
     while (true) {
         {
             std::unique_lock hold(lock);
-            changed.wait(hold, [&] { return order.number != now.number || ahead.size() < mostAhead; });
+            changed.wait(hold, [&] { return order.number != now.number || ahead.size() < maxAhead; });
             if (order.number != now.number) return;
             if (!last) last = lastShown.value_or(frameAt(*now.composition, clock.place()));
         }

@@ -11,7 +11,7 @@ namespace murbo {
 namespace {
 
 constexpr double smallPixels = 640 * 360; // enough while it runs; the picture that it stops on is whole
-constexpr std::size_t mostPictures = 160; // 55 MB
+constexpr std::size_t maxPictures = 160;  // 55 MB
 constexpr double nearly = 1e-3;           // seconds by which pictures may be nearer than the step
 constexpr auto look = std::chrono::milliseconds(5);
 
@@ -72,7 +72,7 @@ ReverseReel::ReversedRun ReverseReel::read(std::optional<FrameReader> reader,
         stretch.reader = std::move(reader);
         auto frame = stretch.reader->keyframe(end);
         if (!frame) return stretch;
-        const double fits = end - static_cast<double>(mostPictures) * step;
+        const double fits = end - static_cast<double>(maxPictures) * step;
         stretch.from = std::max({frame->time, start, fits});
         if (stretch.from > frame->time) frame = stretch.reader->at(stretch.from, stop);
         for (; frame && frame->from <= end && !stop.stop_requested(); frame = stretch.reader->next()) {
@@ -110,7 +110,7 @@ std::optional<Image> ReverseReel::at(double time) {
     if (coming.valid() && (current.pictures.empty() || time < current.from - apart / 2) &&
         coming.wait_for(std::chrono::seconds(0)) == std::future_status::ready)
         take();
-    const double covered = comingEnd - static_cast<double>(mostPictures) * apart;
+    const double covered = comingEnd - static_cast<double>(maxPictures) * apart;
     if (coming.valid() && time >= first && time < covered) beginAnew(time);
     auto& pictures = current.pictures;
     // Those that have been shown make room.

@@ -15,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 using Config = nlohmann::ordered_json; // the owner's keys stay in the owner's order
 
-constexpr std::size_t mostBytes = std::size_t{16} << 20;
+constexpr std::size_t maxBytes = std::size_t{16} << 20;
 
 bool isThere(const fs::path& path) {
     std::error_code error;
@@ -26,7 +26,7 @@ bool isThere(const fs::path& path) {
 Config config() {
     if (!isThere(file())) return Config::object();
     try {
-        auto read = Config::parse(Files::readWhole(file(), mostBytes));
+        auto read = Config::parse(Files::readWhole(file(), maxBytes));
         const auto servers = read.is_object() ? read.find("mcpServers") : read.end();
         if (read.is_object() && (servers == read.end() || servers->is_object())) return read;
     } catch (const std::exception&) { // reported below

@@ -224,7 +224,7 @@ std::vector<Pick> spread(const std::vector<Length>& sources, double every, doubl
                          const std::vector<Pick>& picks, std::mt19937_64& generator) {
     const auto line = laid(sources);
     const double total = line.empty() ? 0 : line.back().offset + line.back().seconds;
-    if (!(every > 0) || !(length > 0) || !(total > 0) || total / every > static_cast<double>(mostSlots))
+    if (!(every > 0) || !(length > 0) || !(total > 0) || total / every > static_cast<double>(maxSlots))
         return {};
 
     std::map<UUID, double> offsets;

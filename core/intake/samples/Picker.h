@@ -41,12 +41,12 @@ std::vector<Pick> picks(const UUID& source, const Samples& samples, const Heard&
                         const PickRules& rules);
 
 /// One pick for each `every` seconds of all sources laid end to end: the best one there, or one of `length`
-/// seconds put anywhere. The generator makes a run repeatable. At most `mostSlots` of them.
+/// seconds put anywhere. The generator makes a run repeatable. At most `maxSlots` of them.
 std::vector<Pick> spread(const std::vector<Length>& sources, double every, double length,
                          const std::vector<Pick>& picks, std::mt19937_64& generator);
 
 /// So that a slip of the hand in `every` does not fill the memory.
-inline constexpr std::size_t mostSlots = 100'000;
+inline constexpr std::size_t maxSlots = 100'000;
 
 }
 

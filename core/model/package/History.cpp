@@ -49,7 +49,7 @@ void History::record(const std::string& name, const Project& from, const Project
 void History::dropOldest() {
     std::size_t kept = 0;
     std::size_t bytes = 0;
-    for (auto step = done.rbegin(); step != done.rend() && kept < most; ++step, ++kept) {
+    for (auto step = done.rbegin(); step != done.rend() && kept < maxSteps; ++step, ++kept) {
         if (step->bytes == 0) step->bytes = weight(*step);
         bytes += step->bytes;
         if (bytes > maxBytes && kept > 0) break;

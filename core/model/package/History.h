@@ -23,7 +23,7 @@ public:
     };
 
     /// Steps that are kept, at most.
-    static constexpr std::size_t most = 100;
+    static constexpr std::size_t maxSteps = 100;
     /// About how many bytes of JSON the kept steps may come to; older ones go first, the newest stays. A
     /// hundred changes of the lines of a three-hour recording fit.
     static constexpr std::size_t maxBytes = std::size_t{128} << 20;

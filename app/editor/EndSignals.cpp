@@ -1,4 +1,4 @@
-#include "app/mcp/EndSignals.h"
+#include "app/editor/EndSignals.h"
 
 #include <QSocketNotifier>
 
