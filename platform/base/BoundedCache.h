@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -30,12 +31,13 @@ public:
     template <class Make>
     Value get(const Key& key, const Make& make) {
         const std::shared_ptr<Slot> slot = find(key);
-        std::call_once(slot->once, [&] {
+        const std::lock_guard making(slot->making);
+        if (!slot->value) {
             auto [value, bytes] = make();
             slot->value = std::move(value);
             weigh(key, slot, bytes);
-        });
-        return slot->value;
+        }
+        return *slot->value;
     }
 
     std::size_t count() const {
@@ -45,8 +47,9 @@ public:
 
 private:
     struct Slot {
-        std::once_flag once;
-        Value value{};
+        // No flag for once: it hangs under the thread sanitizer where making throws.
+        std::mutex making; ///< guards the value
+        std::optional<Value> value;
     };
     struct CachedEntry {
         std::shared_ptr<Slot> slot = std::make_shared<Slot>();
