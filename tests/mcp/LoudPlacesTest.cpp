@@ -1,0 +1,71 @@
+#include "core/mcp/LoudPlaces.h"
+#include "tests/mcp/Calling.h"
+
+using namespace murbo;
+using testing::HasSubstr;
+
+namespace {
+
+class LoudPlacesTest : public Calling {};
+
+}
+
+TEST_F(LoudPlacesTest, loudPlacesAreNamedByTheirLines) {
+    EXPECT_EQ(problem("read_loudness", "{}"), "Name the clips by tag, like C14.");
+    EXPECT_EQ(problem("read_loudness", R"({"clips": ["C01"]})"),
+              "Murbo is still measuring how loud the footage is. Ask again in a minute.");
+    auto& levels = context.loudness[source()];
+    levels.assign(72'000, 50);
+    std::fill(levels.begin() + 1030, levels.begin() + 1040, 200); // 103 to 104 s
+    const auto told = text("read_loudness", R"({"video": "V1"})");
+    EXPECT_THAT(told, testing::StartsWith("Times are on the video; each place names the line it falls in.\n\n"
+                                          "Loud (well above the usual level): 0:05 to 0:06, C02.02\n\n"));
+    EXPECT_THAT(told, HasSubstr("where a punch-in or a sound fits: "));
+    EXPECT_THAT(told, HasSubstr("; 0:05, C02.02\n\n"));
+    EXPECT_THAT(told, testing::EndsWith("Nobody speaks for 2 s or more: none"));
+    const auto clips = text("read_loudness", R"({"clips": ["C01"]})");
+    EXPECT_THAT(clips, testing::StartsWith("Times are on each clip's source; "));
+    EXPECT_THAT(clips, testing::EndsWith("2 s or more: 0:06 to 0:08, C01.03"));
+    levels.assign(72'000, 0);
+    EXPECT_THAT(text("read_loudness", R"({"clips": ["C01"]})"), HasSubstr("or a sound fits: none\n"));
+}
+
+TEST_F(LoudPlacesTest, aVideoIsHeardCutByCutOnItsOwnClock) {
+    project.videos.edit()[0].cuts.edit().insert(video().cuts.begin() + 1,
+                                                Cut::generated("p", 1, std::nullopt, 2));
+    video().cuts.edit().push_back({.source = UUID::make(), .start = 1, .end = 2}); // of footage that is gone
+    const auto found = LoudPlaces::stretches(json{{"video", "V1"}}, project);
+    EXPECT_TRUE(found.onVideo);
+    ASSERT_EQ(found.all.size(), 2u);
+    EXPECT_EQ(found.all[0].at, 0);
+    EXPECT_EQ(found.all[1].at, 5);
+    EXPECT_EQ(found.all[1].on, (Stretch{101, 104}));
+    const auto clips = LoudPlaces::stretches(json{{"clips", {"C02", "C01"}}}, project);
+    EXPECT_FALSE(clips.onVideo);
+    EXPECT_EQ(clips.all[0].at, 100);
+    EXPECT_EQ(LoudPlaces::sources(json{{"clips", {"C02", "C01"}}}, project), std::vector{source()});
+}
+
+TEST_F(LoudPlacesTest, theLoudestMomentsAreAtMostEightAndTwoSecondsApart) {
+    addClip(200, {"a"}).end = 240;
+    auto& levels = context.loudness[source()];
+    levels.assign(72'000, 0);
+    for (int at = 0; at < 20; ++at)
+        levels[static_cast<std::size_t>(2000 + at * 15)] = static_cast<std::uint8_t>(100 + at);
+    const auto told = text("read_loudness", R"({"clips": ["C03"]})");
+    const auto from = told.find("fits: ") + 6;
+    const auto peaks = told.substr(from, told.find("\n\nNobody") - from);
+    EXPECT_EQ(std::count(peaks.begin(), peaks.end(), ';'), 7);
+    EXPECT_THAT(peaks, testing::EndsWith("3:48, C03.01 + 26.5 s"));
+    EXPECT_THAT(peaks, testing::StartsWith("3:27, ")) << "every second one, from the loudest down";
+    EXPECT_THAT(told, testing::EndsWith("Nobody speaks for 2 s or more: 3:22 to 4:00, C03.01"));
+}
+
+TEST_F(LoudPlacesTest, placesBeyondFortyAreCounted) {
+    auto& levels = context.loudness[source()];
+    levels.assign(72'000, 50);
+    addClip(1000, {}).end = 1420;
+    for (std::size_t at = 0; at < 42; ++at)
+        std::fill_n(levels.begin() + static_cast<std::ptrdiff_t>(10'000 + at * 100), 10, std::uint8_t{200});
+    EXPECT_THAT(text("read_loudness", R"({"clips": ["C03"]})"), HasSubstr("; and 2 more\n\nThe loudest"));
+}

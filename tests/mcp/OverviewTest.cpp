@@ -1,0 +1,68 @@
+#include "core/mcp/Overview.h"
+#include "tests/mcp/Calling.h"
+
+using namespace murbo;
+using testing::HasSubstr;
+
+namespace {
+
+class OverviewTest : public Calling {};
+
+}
+
+TEST_F(OverviewTest, overviewTellsTheWholeProject) {
+    project.sources.edit()[0].note = "A boss rush.";
+    project.clips.edit()[1].rating = -1;
+    EXPECT_EQ(
+        text("overview", "{}"),
+        "Sources:\nrec.mp4 (a stream), 2:00:00: A boss rush.\n\n"
+        "Clips (1; rejected ones left out):\n"
+        "C01 (rec.mp4 at 0:00, 0:08): not described yet. It starts: so this is the boss room two three\n\n"
+        "Videos:\nV1 “First”, 9:16, 0:06, 2 cuts\n\n"
+        "Ideas waiting: none yet");
+    project = Project();
+    EXPECT_EQ(text("overview", "{}"),
+              "Sources:\nnone yet\n\nClips (0; rejected ones left out):\nnone yet\n\nVideos:\nnone "
+              "yet\n\nIdeas waiting: "
+              "none yet");
+}
+
+TEST_F(OverviewTest, overviewOfManyClipsStaysShort) {
+    for (int count = 0; count < 500; ++count)
+        addClip(1000 + count * 10.0, {"a long sentence that somebody says while he plays", "and another one"})
+            .summary = Clip::Summary{"He walks into the wrong room again", std::string(250, 'x')};
+    const auto whole = text("overview", "{}");
+    EXPECT_LT(whole.size(), 40'000u);
+    for (const auto& clip : project.clips) ASSERT_THAT(whole, HasSubstr("\n" + clip.tag() + " "));
+    EXPECT_THAT(whole, HasSubstr("He walks into the wrong"));
+    for (int count = 0; count < 6000; ++count) addClip(10'000 + count, {});
+    EXPECT_LT(text("overview", "{}").size(), 40'000u);
+}
+
+TEST_F(OverviewTest, manyClipsAreShortenedSourceBySource) {
+    project.sources.edit().push_back(
+        {.group = project.groups[0].id, .path = "/footage/cam.mp4", .length = 60});
+    for (int count = 0; count < 200; ++count) addClip(1000 + count * 10.0, {std::string(250, 'x').c_str()});
+    auto& last = project.clips.edit().emplace_back(
+        Clip{.number = 999, .source = project.sources[1].id, .start = 5, .end = 65, .rating = 1});
+    const auto nothing = text("overview", "{}");
+    EXPECT_THAT(nothing, HasSubstr("(shortened; search_lines finds words, read_clips gives a clip's "
+                                   "lines)\nIn rec.mp4:\nC01 0:00, 0:08: so this"));
+    EXPECT_THAT(nothing, HasSubstr("\nIn cam.mp4:\nC999 0:05, 1:00, a favourite: nothing said\n"));
+    EXPECT_EQ(nothing.find("\nIn rec.mp4:"), nothing.rfind("\nIn rec.mp4:"));
+    last.summary = Clip::Summary{"Its Summary", ""};
+    EXPECT_THAT(text("overview", "{}"), HasSubstr("a favourite: Its Summary\n"));
+    last.name = "Own";
+    EXPECT_THAT(text("overview", "{}"), HasSubstr("a favourite: Own\n"));
+    EXPECT_LT(text("overview", "{}").size(), Overview::mostBytes + 1000);
+}
+
+TEST_F(OverviewTest, longNotesAndListsOfIdeasAreCut) {
+    project.sources.edit()[0].note = std::string(599, 'n') + "abc";
+    auto& ideas = project.ideas.emplace().edit();
+    for (int number = 1; number <= 62; ++number) ideas.push_back({.title = "I" + std::to_string(number)});
+    const auto whole = text("overview", "{}");
+    EXPECT_THAT(whole, HasSubstr(": " + std::string(599, 'n') + "a…\n"));
+    EXPECT_THAT(whole, HasSubstr("Ideas waiting: “I1”, “I2”, "));
+    EXPECT_THAT(whole, testing::EndsWith("“I60” and 2 more"));
+}
