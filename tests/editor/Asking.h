@@ -41,10 +41,4 @@ private:
     Environment address{"MURBO_OPENROUTER", model.base()};
 };
 
-/// The answer of a line that changed something and said something.
-inline std::string did(const std::string& toast, const std::string& step = "") {
-    return R"({"ok":true,"toast":")" + toast + "\"" + (step.empty() ? "" : R"(,"step":")" + step + "\"") +
-           "}";
-}
-
 }

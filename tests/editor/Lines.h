@@ -16,8 +16,8 @@ namespace murbo {
 /// source "rec.mp4", 100 s long, is no file: what is edited does not need it.
 class Lines {
 public:
-    Lines() {
-        ProjectPackage::write(made(), package(), nullptr);
+    explicit Lines(const Project& begun = made()) {
+        ProjectPackage::write(begun, package(), nullptr);
         open();
     }
 
@@ -69,5 +69,29 @@ public:
     std::unique_ptr<ProjectDocument> document;
     std::unique_ptr<Script> script;
 };
+
+/// The answer of a line that did something and has no more to say.
+inline const std::string fine = R"({"ok":true})";
+
+/// The answer of a line that changed something and said something.
+inline std::string did(const std::string& toast, const std::string& step = "") {
+    return R"({"ok":true,"toast":")" + toast + "\"" + (step.empty() ? "" : R"(,"step":")" + step + "\"") +
+           "}";
+}
+
+/// The answer of a line that made a step and said nothing.
+inline std::string stepped(const std::string& step) {
+    return R"({"ok":true,"step":")" + step + "\"}";
+}
+
+/// The answer of a line that reads, by the JSON of what it gives.
+inline std::string gave(const std::string& json) {
+    return R"({"ok":true,"value":)" + json + "}";
+}
+
+/// The answer of a line that is not carried out.
+inline std::string refused(const std::string& words) {
+    return R"({"ok":false,"error":")" + words + "\"}";
+}
 
 }

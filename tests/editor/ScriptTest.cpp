@@ -9,8 +9,6 @@ using testing::StartsWith;
 
 namespace {
 
-const std::string fine = R"({"ok":true})";
-
 struct Exchange {
     const char* line;
     const char* answer;

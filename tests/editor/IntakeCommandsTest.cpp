@@ -1,0 +1,83 @@
+#include "app/editor/commands/IntakeCommands.h"
+#include "tests/editor/Lines.h"
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+std::string withPath(const std::string& command, const std::filesystem::path& path) {
+    return "[\"" + command + "\"," + (command == "addFiles" ? "[\"" : "\"") + path.string() +
+           (command == "addFiles" ? "\"]]" : "\"]");
+}
+
+}
+
+TEST(IntakeCommands, newSourcesComeIntoViewAsOneStep) {
+    Lines lines;
+    auto& editor = lines.editor();
+    const auto there = lines.folder.file("day/a.mp4");
+    IntakeCommands::add(editor, {{there, 30}, {"/nowhere/b.mp4", 700}}, "", {});
+    const auto& project = lines.project();
+    ASSERT_EQ(project.sources.size(), 4u);
+    EXPECT_EQ(editor.history().undoName(), "Add Footage");
+    EXPECT_EQ(editor.sidebar(), (SidebarPick{Collection::sources, project.sources[2].id}));
+    EXPECT_FALSE(editor.missing().contains(project.sources[2].id));
+    EXPECT_TRUE(editor.missing().contains(project.sources[3].id));
+    EXPECT_EQ(project.clips.size(), 4u) << "a long recording is no clip";
+    EXPECT_EQ(project.sources[2].kind, Source::Kind::file);
+    IntakeCommands::add(editor, {{there, 30}}, "Second Day", {});
+    EXPECT_EQ(project.groups.back().name, "Second Day");
+    editor.undo();
+    editor.undo();
+    EXPECT_EQ(lines.project(), ProjectPackage::read(lines.package()));
+    EXPECT_EQ(project.sources.size(), 2u);
+}
+
+TEST(IntakeCommands, aStreamHasAClipRoundEachMarker) {
+    Lines lines;
+    IntakeCommands::addStream(lines.editor(), {"/nowhere/live.mp4", 3600},
+                              {"live.csv", "0:10:00,a\n0:50:00,b\n", "a note"}, {});
+    const auto& source = lines.project().sources.back();
+    EXPECT_EQ(lines.editor().history().undoName(), "Add Stream");
+    EXPECT_EQ(lines.editor().sidebar().source, source.id);
+    EXPECT_EQ(source.kind, Source::Kind::stream);
+    EXPECT_EQ(source.note, "a note");
+    EXPECT_EQ(lines.project().clips.size(), 5u);
+}
+
+TEST(IntakeCommands, whatCanNotBeReadIsRefusedByName) {
+    Lines lines;
+    const auto before = lines.project();
+    const auto words = lines.folder.file("words.txt", "x");
+    const auto broken = lines.folder.file("broken.mp4", "no movie");
+    EXPECT_EQ(lines(withPath("addFiles", words)), did("No video files there"));
+    EXPECT_EQ(lines(withPath("addFiles", broken)), did("Those files could not be read"));
+    EXPECT_EQ(lines(withPath("addStream", broken)), did("broken.mp4 could not be read"));
+    EXPECT_EQ(lines.project(), before);
+}
+
+TEST(IntakeCommands, missingFilesAreFoundByNameAndNoStep) {
+    Lines lines;
+    auto& editor = lines.editor();
+    const auto& project = lines.project();
+    EXPECT_EQ(editor.missing().size(), 2u);
+    lines.folder.file("found/other.mp4");
+    EXPECT_EQ(lines(withPath("findMissing", lines.folder / "found")),
+              did("None of the missing files were there"));
+    const auto cam = lines.folder.file("found/deep/cam.mp4");
+    EXPECT_EQ(lines(withPath("findMissing", lines.folder / "found")), did("Found 1 missing file"));
+    EXPECT_EQ(editor.missing(), std::set{project.sources[0].id});
+    EXPECT_EQ(project.sources[1].path, cam);
+    EXPECT_EQ(project.sources[0].path, "/nowhere/rec.mp4");
+    lines.folder.file("more/cam.mp4");
+    const auto rec = lines.folder.file("more/rec.mp4");
+    EXPECT_EQ(lines(withPath("findMissing", lines.folder / "more")), did("Found 1 missing file"));
+    EXPECT_EQ(project.sources[0].path, rec);
+    EXPECT_EQ(project.sources[1].path, cam) << "it was not missing";
+    EXPECT_TRUE(editor.history().past().empty());
+    EXPECT_EQ(ProjectPackage::read(lines.package()), project);
+    editor.setMissing({project.sources[0].id, project.sources[1].id});
+    EXPECT_EQ(lines(withPath("findMissing", lines.folder / "more")), did("Found 2 missing files"));
+}

@@ -1,0 +1,78 @@
+#include "app/editor/commands/CommandTable.h"
+#include "app/editor/commands/PlayerCommands.h"
+#include "tests/editor/TwoCuts.h"
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+/// Both players loaded, the video's at 5 s and the source's at 25 s.
+class TwoPlayers : public TwoCuts {
+public:
+    TwoPlayers() {
+        (*this)(R"(["set","heldClip","C01"])");
+        (*this)(R"(["seek",5])");
+        (*this)(R"(["source.seek",25])");
+    }
+    std::pair<double, double> times() { return {editor().playback.time(), editor().source.time()}; }
+    std::pair<double, double> rates() { return {editor().playback.rate(), editor().source.rate()}; }
+};
+
+using Both = std::pair<double, double>;
+
+}
+
+TEST(PlayerCommands, eachPlayerGoesByItsOwnName) {
+    TwoPlayers lines;
+    EXPECT_EQ(lines.times(), Both(5, 25));
+    lines(R"(["step",-1.5])");
+    EXPECT_EQ(lines.times(), Both(3.5, 25));
+    lines(R"(["source.step",2])");
+    EXPECT_EQ(lines.times(), Both(3.5, 27));
+    lines(R"(["shuttle",false])");
+    EXPECT_EQ(lines.rates(), Both(-1, 0));
+    lines(R"(["source.shuttle",true])");
+    EXPECT_EQ(lines.rates(), Both(-1, 1));
+    lines(R"(["playPause"])");
+    EXPECT_EQ(lines.rates(), Both(0, 1));
+    lines(R"(["source.playPause"])");
+    EXPECT_EQ(lines.rates(), Both(0, 0));
+}
+
+TEST(PlayerCommands, aSkimComesBack) {
+    TwoPlayers lines;
+    lines(R"(["skim",9])");
+    EXPECT_EQ(lines.editor().playback.skimmed(), 9);
+    EXPECT_EQ(lines.times(), Both(5, 25));
+    lines(R"(["source.skim",40])");
+    EXPECT_EQ(lines.editor().source.skimmed(), 40);
+    lines(R"(["endScrub"])");
+    EXPECT_FALSE(lines.editor().playback.skimmed());
+    EXPECT_EQ(lines.editor().source.skimmed(), 40);
+    lines(R"(["source.endScrub"])");
+    EXPECT_FALSE(lines.editor().source.skimmed());
+}
+
+TEST(PlayerCommands, arePossibleWhereTheirPlayerHasSomething) {
+    TwoCuts lines;
+    lines(R"(["seek",0])");
+    const auto possible = [&](const std::string& name) {
+        return CommandTable::find(name)->possible(lines.editor());
+    };
+    for (const std::string verb : {"seek", "playPause", "shuttle", "step", "skim", "endScrub"}) {
+        EXPECT_TRUE(possible(verb)) << verb;
+        EXPECT_FALSE(possible("source." + verb)) << verb;
+    }
+}
+
+TEST(PlayerCommands, aTimecodeOfFramesWantsARate) {
+    Lines lines;
+    EXPECT_EQ(lines(R"(["timecode","frames",3661.5,30])"), gave("\"01:01:01:15\""));
+    EXPECT_EQ(lines(R"(["timecode","clock",3661.5])"), gave("\"1:01:01\""));
+    EXPECT_EQ(lines(R"(["timecode","fine",61.5])"), gave("\"1:01.50\""));
+    EXPECT_EQ(lines(R"(["timecode","frames",1])"), refused("“rate” is missing: number."));
+    EXPECT_EQ(lines(R"(["timecode","drop",1])"),
+              refused(R"(“form” is not right: it is one of \"frames\" | \"clock\" | \"fine\".)"));
+}

@@ -1,0 +1,93 @@
+#include "app/editor/commands/SessionState.h"
+#include "tests/editor/TwoCuts.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+using namespace murbo;
+using json = nlohmann::json;
+
+namespace {
+
+json state(Lines& lines) {
+    return json::parse(SessionState::json(lines.editor()));
+}
+
+}
+
+TEST(SessionState, aFreshSessionLeavesOutWhatIsNot) {
+    TwoCuts lines;
+    lines(R"(["seek",0])");
+    const auto now = state(lines);
+    for (const auto* field : {"heldClip", "heldSource", "range", "picked", "edge", "problem", "toast"})
+        EXPECT_FALSE(now.contains(field)) << field;
+    EXPECT_EQ(now["sidebar"], json({"source", lines.rec().text()}));
+    EXPECT_EQ(now["missing"].size(), 2u);
+    EXPECT_EQ(now["openVideo"], "V1");
+    EXPECT_EQ(now["pickedClips"], json::array());
+    EXPECT_EQ(now["morePicked"], json::array());
+    EXPECT_EQ(now["monitoring"], json::parse(R"({"soloed":[]})"));
+    EXPECT_EQ(now["span"], json({0.0, 20.0}));
+    EXPECT_EQ(now["sourceSpan"], json({0.0, 0.0}));
+    EXPECT_EQ(now["rate"], 0);
+    EXPECT_EQ(now["frameRate"], 30);
+    EXPECT_EQ(now["undo"], json::array());
+}
+
+TEST(SessionState, eachFieldStandsUnderItsName) {
+    TwoCuts lines;
+    const auto cut = lines.video().cuts[0].id.text();
+    const auto said = lines.line(1).id.text();
+    for (const auto& [field, value] : {std::pair<const char*, std::string>{"heldSource", "\"cam.mp4\""},
+                                       {"heldClip", "\"C02\""},
+                                       {"pickedClips", R"(["C03","C01"])"},
+                                       {"range", "[1,2]"},
+                                       {"picked", R"(["caption","C01.02",1])"},
+                                       {"morePicked", R"([["cut","cut 1"]])"},
+                                       {"sidebar", "\"favourites\""},
+                                       {"inspecting", "\"timeline\""},
+                                       {"tool", "\"blade\""},
+                                       {"framing", "true"},
+                                       {"zoom", "2.5"},
+                                       {"monitoring", R"(["music"])"},
+                                       {"focus", "\"source\""},
+                                       {"inspectorTab", "\"ask\""},
+                                       {"asking", "\"shorter\""},
+                                       {"toast", "\"hello\""},
+                                       {"edge", R"(["cam.mp4",7])"}})
+        lines(R"(["set",")" + std::string(field) + "\"," + value + "]");
+    lines(R"(["seek",4])");
+    lines(R"(["source.seek",45])");
+    const auto now = state(lines);
+    EXPECT_EQ(now["heldSource"], "cam.mp4");
+    EXPECT_EQ(now["heldClip"], "C02");
+    EXPECT_EQ(now["pickedClips"], json({"C03", "C01"}));
+    EXPECT_EQ(now["range"], json({1.0, 2.0}));
+    EXPECT_EQ(now["picked"], json({"caption", said, 1}));
+    EXPECT_EQ(now["morePicked"], json::array({json({"cut", cut})}));
+    EXPECT_EQ(now["sidebar"], "favourites");
+    EXPECT_EQ(now["inspecting"], "timeline");
+    EXPECT_EQ(now["tool"], "blade");
+    EXPECT_EQ(now["framing"], true);
+    EXPECT_EQ(now["zoom"], 2.5);
+    EXPECT_EQ(now["monitoring"]["soloed"], json::array({"music"}));
+    EXPECT_EQ(now["focus"], "source");
+    EXPECT_EQ(now["inspectorTab"], "ask");
+    EXPECT_EQ(now["asking"], "shorter");
+    EXPECT_EQ(now["toast"], "hello");
+    EXPECT_EQ(now["edge"], json({lines.cam().text(), 7.0}));
+    EXPECT_EQ(now["time"], 4);
+    EXPECT_EQ(now["sourceTime"], 45);
+    EXPECT_EQ(now["sourceSpan"], json({40.0, 50.0}));
+}
+
+TEST(SessionState, stepsStandTheNextOneFirst) {
+    TwoCuts lines;
+    lines(R"(["rename","V1","Two"])");
+    lines(R"(["rate",["C01"],1])");
+    lines(R"(["cut","face"])");
+    lines(R"(["undo"])");
+    lines(R"(["undo"])");
+    EXPECT_EQ(state(lines)["undo"], json::array({"Rename Video"}));
+    EXPECT_EQ(state(lines)["redo"], json({"Favourite", "Cut to Face"}));
+}

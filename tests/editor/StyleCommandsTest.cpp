@@ -1,0 +1,94 @@
+#include "app/editor/commands/StyleCommands.h"
+#include "core/playbooks/Library.h"
+#include "tests/editor/TwoCuts.h"
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+const std::string step = "Change Caption Style";
+
+std::optional<CaptionStyle> own(TwoCuts& lines) {
+    return lines.look().captions.style;
+}
+
+}
+
+TEST(StyleCommands, theProjectsAndTheVideosStyleAreTwo) {
+    TwoCuts lines;
+    EXPECT_EQ(lines(R"(["setCaptionStyle",true,{"base":"bold","size":50}])"), stepped(step));
+    EXPECT_EQ(lines.project().captionStyle, (CaptionStyle{.base = "bold", .size = 50}));
+    EXPECT_FALSE(lines.video().look);
+    EXPECT_EQ(lines(R"(["setCaptionStyle",false,{"fill":"FF0000"}])"), stepped(step));
+    EXPECT_EQ(own(lines), (CaptionStyle{.base = "bold", .fill = "FF0000"}))
+        << "it builds on what was in force";
+    lines(R"(["setCaptionStyle",false,{"size":70}])");
+    EXPECT_EQ(own(lines), (CaptionStyle{.base = "bold", .size = 70, .fill = "FF0000"}));
+    EXPECT_EQ(lines.project().captionStyle->size, 50);
+}
+
+TEST(StyleCommands, aStyleThatSaysNothingIsNone) {
+    TwoCuts lines;
+    lines(R"(["setCaptionStyle",true,{"size":50}])");
+    lines(R"(["setCaptionStyle",true,{"size":null}])");
+    EXPECT_FALSE(lines.project().captionStyle);
+    lines(R"(["setCaptionStyle",false,{"size":50}])");
+    lines(R"(["setCaptionStyle",false,{"size":null,"base":null}])");
+    EXPECT_FALSE(own(lines));
+}
+
+TEST(StyleCommands, withoutAVideoOnlyTheProjectHasOne) {
+    Lines lines;
+    for (const auto* line :
+         {R"(["setCaptionStyle",false,{"size":50}])", R"(["settleCaptionStyle",false,{"size":50}])",
+          R"(["pickCaptionPreset",{"id":"bold"},false])"})
+        EXPECT_EQ(lines(line), fine) << line;
+    EXPECT_FALSE(lines.editor().unfinished());
+    EXPECT_EQ(lines(R"(["setCaptionStyle",true,{"size":50}])"), stepped(step));
+}
+
+TEST(StyleCommands, aControlIsDraggedAndIsOneStep) {
+    TwoCuts lines;
+    EXPECT_EQ(lines(R"(["settleCaptionStyle",true,{"size":50}])"), fine);
+    EXPECT_EQ(lines(R"(["settleCaptionStyle",true,{"size":60}])"), fine);
+    EXPECT_EQ(lines.project().captionStyle->size, 60);
+    EXPECT_EQ(lines.editor().unfinished(), step);
+    EXPECT_EQ(lines(R"(["closeDrag"])"), stepped(step));
+    EXPECT_EQ(lines.steps(), TwoCuts::Names{step});
+}
+
+TEST(StyleCommands, aPresetReplacesAndAnUnknownOneComesAlong) {
+    TwoCuts lines;
+    lines(R"(["setCaptionStyle",false,{"size":70}])");
+    EXPECT_EQ(lines(R"(["pickCaptionPreset",{"id":"bold","size":90},false])"), stepped(step));
+    EXPECT_EQ(own(lines), (CaptionStyle{.base = "bold"}));
+    EXPECT_TRUE(lines.project().styles.empty()) << "the program has it";
+    EXPECT_EQ(lines(R"(["pickCaptionPreset",{"id":"neon","name":"Neon","size":90},true])"), stepped(step));
+    EXPECT_EQ(lines.project().captionStyle, (CaptionStyle{.base = "neon"}));
+    lines(R"(["pickCaptionPreset",{"id":"neon","size":91},false])");
+    ASSERT_EQ(lines.project().styles.size(), 1u);
+    EXPECT_EQ(lines.project().styles[0].size, 90);
+    EXPECT_EQ(lines(R"(["pickCaptionPreset",null,false])"), stepped(step));
+    EXPECT_FALSE(own(lines));
+    EXPECT_TRUE(lines.project().captionStyle);
+}
+
+TEST(StyleCommands, aSavedPresetIsInLibraryProjectAndVideo) {
+    TwoCuts lines;
+    lines(R"(["setCaptionStyle",false,{"size":70}])");
+    EXPECT_EQ(lines(R"(["savePreset",{"size":70,"base":"bold"},"My Own Style"])"),
+              stepped("Save Caption Style"));
+    const CaptionStyle saved{.id = "my-own-style", .name = "My Own Style", .base = "bold", .size = 70};
+    EXPECT_EQ(Library::styles(), std::vector{saved});
+    EXPECT_EQ(lines.project().styles[0], saved);
+    EXPECT_EQ(own(lines), (CaptionStyle{.base = "my-own-style"}));
+    EXPECT_EQ(lines.steps(), (TwoCuts::Names{step, "Save Caption Style"}));
+    lines(R"(["savePreset",{"size":80},"Other"])");
+    lines(R"(["savePreset",{"size":75},"my own STYLE"])");
+    ASSERT_EQ(lines.project().styles.size(), 2u);
+    EXPECT_EQ(lines.project().styles[0].size, 75) << "in its place";
+    ASSERT_EQ(Library::styles().size(), 2u);
+    EXPECT_EQ(Library::styles()[1].name, "my own STYLE");
+}
