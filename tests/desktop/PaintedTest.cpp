@@ -15,19 +15,6 @@ TEST(Painted, aBitmapsPixelsAreShared) {
     EXPECT_EQ(image.constBits(), bitmap.row(0));
 }
 
-TEST(Painted, aTextIsCutBetweenLettersAsPeopleSeeThem) {
-    const QString thai = "ที่นี่กำลังดี";
-    for (double width = 0; width < 90; width += 3) {
-        const auto cut = Painted::fitting(thai, width, false, false);
-        ASSERT_TRUE(thai.startsWith(cut));
-        if (cut.size() < thai.size()) {
-            EXPECT_FALSE(thai[cut.size()].isMark()) << "a tone is not torn off its letter";
-        }
-    }
-    EXPECT_EQ(Painted::fitting("word", 500, false, false), "word");
-    EXPECT_TRUE(Painted::fitting("a rather long text", 50, false, true).endsWith("…"));
-}
-
 TEST(Painted, aWaveIsAsHighAsItIsLoud) {
     Loudness loudness;
     loudness.levels = {255, 255, 255, 255, 255, 0, 0, 0, 0, 0};

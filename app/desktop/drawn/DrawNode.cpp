@@ -20,13 +20,6 @@ bool isImage(const DrawList::Item& item) {
     return !std::holds_alternative<DrawList::Patch>(item);
 }
 
-/// The middle of a picture that fills a place of that shape.
-QRectF filling(const QSizeF& picture, double width, double height) {
-    const double scale = std::max(width / picture.width(), height / picture.height());
-    const QSizeF part(width / scale, height / scale);
-    return {QPointF((picture.width() - part.width()) / 2, (picture.height() - part.height()) / 2), part};
-}
-
 }
 
 DrawNode::~DrawNode() {
@@ -94,7 +87,7 @@ bool DrawNode::put(Shown& one) {
     const auto& strip = std::get<DrawList::Still>(one.item);
     auto* picture = still(strip);
     if (!picture) return putImage(one, strip.rect, nullptr, {});
-    auto part = filling(picture->textureSize(), strip.width, strip.rect.height());
+    auto part = Painted::filling(picture->textureSize(), strip.width, strip.rect.height());
     const double scale = part.width() / strip.width;
     part = {part.left() + strip.skip * scale, part.top(), strip.rect.width() * scale, part.height()};
     return putImage(one, strip.rect, picture, part);

@@ -1,26 +1,16 @@
 #include "app/desktop/drawn/Painted.h"
 
+#include "app/desktop/drawn/MeasuredText.h"
 #include "core/intake/samples/Loudness.h"
 
-#include <QFont>
 #include <QFontMetricsF>
-#include <QGuiApplication>
 #include <QPainter>
-#include <QTextBoundaryFinder>
 #include <cmath>
 
 namespace murbo::Painted {
 namespace {
 
-constexpr int labelSize = 11;
 constexpr double steepness = 2.5; ///< levels are dB: what is loud stands out above what is there at all
-
-QFont font(bool bold) {
-    auto font = QGuiApplication::font();
-    font.setPixelSize(labelSize);
-    if (bold) font.setWeight(QFont::DemiBold);
-    return font;
-}
 
 }
 
@@ -35,24 +25,16 @@ QImage image(const Bitmap& bitmap) {
             kept};
 }
 
-QString fitting(const QString& text, double width, bool bold, bool ellipsis) {
-    const QFontMetricsF metrics(font(bold));
-    const auto line = text.simplified();
-    if (ellipsis || metrics.horizontalAdvance(line) <= width)
-        return metrics.elidedText(line, Qt::ElideRight, width);
-    QTextBoundaryFinder letters(QTextBoundaryFinder::Grapheme, line);
-    qsizetype end = 0;
-    for (auto next = letters.toNextBoundary(); next > 0; next = letters.toNextBoundary()) {
-        if (metrics.horizontalAdvance(line.left(next)) > width) break;
-        end = next;
-    }
-    return line.left(end).trimmed();
+QRectF filling(const QSizeF& picture, double width, double height) {
+    const double scale = std::max(width / picture.width(), height / picture.height());
+    const QSizeF part(width / scale, height / scale);
+    return {QPointF((picture.width() - part.width()) / 2, (picture.height() - part.height()) / 2), part};
 }
 
 QImage label(const DrawList::Label& label, double ratio) {
-    const auto face = font(label.bold);
+    const auto face = MeasuredText::font(label.bold);
     const QFontMetricsF metrics(face);
-    const auto text = fitting(label.text, label.rect.width(), label.bold, label.ellipsis);
+    const auto text = MeasuredText(label.text, label.bold).fitting(label.rect.width(), label.ellipsis);
     const double width = std::min(std::ceil(metrics.horizontalAdvance(text)) + 2, label.rect.width() + 2);
     const QSizeF size(std::max(width, 1.0), std::ceil(metrics.height()));
     QImage target((size * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
@@ -67,19 +49,28 @@ QImage label(const DrawList::Label& label, double ratio) {
     return target;
 }
 
+void wave(QPainter& painter, const QRect& place, double from, double to, const QColor& colour,
+          const Loudness& loudness) {
+    const double seconds = (to - from) / std::max(place.width(), 1);
+    const int middle = place.top() + place.height() / 2;
+    // What lies outside of the target is not measured.
+    const int first = std::max(place.left(), 0);
+    const int end = std::min(place.right() + 1, painter.device()->width());
+    for (int x = first; x < end; ++x) {
+        const double begin = from + (x - place.left()) * seconds;
+        const int half = static_cast<int>(std::pow(loudness.level(begin, begin + seconds), steepness) *
+                                          place.height() / 2);
+        painter.fillRect(QRect(x, middle - half, 1, 2 * half + 1), colour);
+    }
+}
+
 QImage wave(const DrawList::Wave& wave, const Loudness& loudness, double ratio) {
     const int width = std::max(static_cast<int>(std::lround(wave.rect.width() * ratio)), 1);
     const int height = std::max(static_cast<int>(std::lround(wave.rect.height() * ratio)), 2);
     QImage target(width, height, QImage::Format_ARGB32_Premultiplied);
     target.fill(Qt::transparent);
     QPainter painter(&target);
-    const double seconds = (wave.to - wave.from) / width;
-    for (int x = 0; x < width; ++x) {
-        const double from = wave.from + x * seconds;
-        const int half = std::max(
-            static_cast<int>(std::pow(loudness.level(from, from + seconds), steepness) * height / 2), 0);
-        painter.fillRect(x, height / 2 - half, 1, 2 * half + 1, wave.colour);
-    }
+    Painted::wave(painter, target.rect(), wave.from, wave.to, wave.colour, loudness);
     return target;
 }
 

@@ -12,6 +12,7 @@ namespace {
 using Paint = TimelineBlock::Paint;
 
 constexpr double minLabel = 28; ///< points: a narrower block has no words
+constexpr double minStrip = 6;  ///< points: of a narrower block nobody would know a picture
 constexpr double wideLabel = 100000;
 constexpr double labelPadding = 6;
 constexpr double captionPadding = 3;
@@ -100,7 +101,7 @@ private:
     /// Stills lie on a grid of the source's own time, so that a trim does not move them.
     void drawStrip(const TimelineBlock& block, const QRectF& strip) {
         const double tile = strip.height() * ratio;
-        if (tile < 8) return;
+        if (tile < 8 || strip.width() < minStrip) return;
         const int step = Filmstrip::step(tile, span.scale);
         const double wide = step * span.scale;
         const double first = block.at + std::max(-strip.left(), 0.0) / span.scale;

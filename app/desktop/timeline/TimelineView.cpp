@@ -48,6 +48,7 @@ std::optional<TimelineLayout::BookFacts> facts(const std::string& id, std::int64
 }
 
 TimelineView::TimelineView(QQuickItem* parent) : DrawnView(parent), said(std::make_unique<SaidCache>()) {
+    paintOn(Qt::black);
     setAcceptedMouseButtons(Qt::LeftButton | Qt::MiddleButton | Qt::RightButton);
     setAcceptHoverEvents(true);
     setActiveFocusOnTab(true);
@@ -87,7 +88,7 @@ void TimelineView::setFootage(QObject* footage) {
 void TimelineView::setColours(const QVariantMap& colours) {
     theme = colours;
     paints = TimelineTheme::of(colours);
-    update();
+    paintOn(paints.canvas);
     emit coloursChanged();
 }
 

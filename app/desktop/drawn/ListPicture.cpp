@@ -1,0 +1,107 @@
+#include "app/desktop/drawn/ListPicture.h"
+
+#include "app/desktop/drawn/FootagePictures.h"
+#include "app/desktop/drawn/Painted.h"
+
+#include <cmath>
+
+namespace murbo {
+namespace {
+
+constexpr qsizetype maxTexts = 4000;
+constexpr std::size_t maxStills = 1200;
+constexpr std::size_t keptTurns = 240; ///< pictures for which what is not used is kept
+constexpr double anyWidth = 1e6;
+
+}
+
+bool ListPicture::paint(DrawList list, const PictureGround& ground, FootagePictures* pictures) {
+    if (whole && ground == on && list == painted) return false;
+    if (ground.ratio != on.ratio) labels.clear();
+    on = ground;
+    painted = std::move(list);
+    footage = pictures;
+    auto& canvas = canvases[++turn % canvases.size()];
+    const QSize pixels(static_cast<int>(std::ceil(on.size.width() * on.ratio)),
+                       static_cast<int>(std::ceil(on.size.height() * on.ratio)));
+    if (canvas.size() != pixels) canvas = QImage(pixels, QImage::Format_RGB32);
+    canvas.fill(on.colour);
+    painter.begin(&canvas);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    whole = true;
+    for (const auto& item : painted.items)
+        whole &= std::visit([this](const auto& one) { return draw(one); }, item);
+    painter.end();
+    dropUnused();
+    return true;
+}
+
+QRect ListPicture::onDevice(const QRectF& rect) const {
+    const auto snapped = DrawList::onPixels(rect, on.ratio);
+    return QRectF(snapped.topLeft() * on.ratio, snapped.size() * on.ratio).toRect();
+}
+
+bool ListPicture::draw(const DrawList::Patch& patch) {
+    painter.fillRect(onDevice(patch.rect), patch.colour);
+    return true;
+}
+
+bool ListPicture::draw(const DrawList::Label& label) {
+    auto& measured = texts[{label.text, label.bold}];
+    if (measured.used == 0) measured.value = MeasuredText(label.text, label.bold);
+    measured.used = turn;
+    const auto words = measured.value.fitting(label.rect.width(), label.ellipsis);
+    if (words.isEmpty()) return true;
+    auto& picture = labels[{words, (std::uint64_t{label.colour.rgba()} << 1) | std::uint64_t{label.bold}}];
+    if (picture.used == 0) {
+        auto all = label;
+        all.text = words;
+        all.rect.setWidth(anyWidth);
+        picture.value = Painted::label(all, on.ratio);
+    }
+    picture.used = turn;
+    const double height = picture.value.height() / on.ratio;
+    const double top = label.rect.top() + std::round((label.rect.height() - height) / 2);
+    painter.drawImage(onDevice({std::round(label.rect.left()), top, 1, 1}).topLeft(), picture.value);
+    return true;
+}
+
+bool ListPicture::draw(const DrawList::Wave& wave) {
+    const auto* loudness = footage ? footage->loudness(wave.source) : nullptr;
+    if (!loudness) return false;
+    Painted::wave(painter, onDevice(wave.rect), wave.from, wave.to, wave.colour, *loudness);
+    return true;
+}
+
+bool ListPicture::draw(const DrawList::Still& strip) {
+    const auto* picture = still(strip.source, strip.second);
+    if (!picture) return false;
+    auto part = Painted::filling(picture->size(), strip.width, strip.rect.height());
+    const double scale = part.width() / strip.width;
+    part = {part.left() + strip.skip * scale, part.top(), strip.rect.width() * scale, part.height()};
+    painter.drawImage(QRectF(strip.rect.topLeft() * on.ratio, strip.rect.size() * on.ratio), *picture, part);
+    return true;
+}
+
+/// A still stays at hand for as long as it is shown, whatever the strip itself keeps.
+const QImage* ListPicture::still(const UUID& source, int second) {
+    auto found = stills.find({source, second});
+    if (found == stills.end()) {
+        const auto picture = footage ? footage->still(source, second) : std::nullopt;
+        if (!picture) return nullptr;
+        found =
+            stills.emplace(std::pair(source, second), LatelyUsed<QImage>{Painted::image(*picture), 0}).first;
+    }
+    found->second.used = turn;
+    return &found->second.value;
+}
+
+void ListPicture::dropUnused() {
+    const auto old = [this](const auto& kept) { return kept.used + keptTurns < turn; };
+    if (texts.size() > maxTexts) texts.removeIf([&](const auto& entry) { return old(entry.value()); });
+    if (labels.size() > maxTexts) labels.removeIf([&](const auto& entry) { return old(entry.value()); });
+    if (stills.size() > maxStills)
+        std::erase_if(stills, [&](const auto& entry) { return old(entry.second); });
+}
+
+}
