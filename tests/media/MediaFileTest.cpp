@@ -1,5 +1,10 @@
 #include "platform/media/MediaFile.h"
+#include "tests/MadeMedia.h"
 #include "tests/ProblemOf.h"
+#include "tests/TemporaryFolder.h"
+
+#include <chrono>
+#include <thread>
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
@@ -47,4 +52,21 @@ TEST(MediaFile, tellsTheFactsOfRealFootage) {
     EXPECT_NE(refusal(folder / "broken-no-moov.mp4").find("has no index"), std::string::npos);
     EXPECT_FALSE(MediaFile::facts(folder / "speech-jfk-1961.wav").picture);
     EXPECT_FALSE(MediaFile::facts(folder / "sounds" / "music.mp3").picture) << "a cover is no picture track";
+}
+
+TEST(MediaFile, aFileThatIsReplacedHasOtherFacts) {
+    MURBO_NEEDS_FFMPEG();
+    const auto made = [](const char* name, int seconds) {
+        return made::file(name, fmt::format("-f lavfi -i sine=duration={} -c:a pcm_s16le", seconds));
+    };
+    const TemporaryFolder folder;
+    const auto place = folder / "sound.wav";
+    std::filesystem::copy_file(made("one.wav", 1), place);
+    std::filesystem::copy_file(made("two.wav", 2), folder / "other.wav");
+    std::this_thread::sleep_for(std::chrono::milliseconds(2100)); // from then on what is read is kept
+    for (int time = 0; time < 2; ++time) EXPECT_NEAR(MediaFile::facts(place).length, 1, 0.01);
+    std::filesystem::rename(folder / "other.wav", place);
+    EXPECT_NEAR(MediaFile::facts(place).length, 2, 0.01);
+    std::filesystem::remove(place);
+    EXPECT_NE(refusal(place), "");
 }
