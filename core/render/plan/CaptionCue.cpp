@@ -1,11 +1,11 @@
 #include "core/render/plan/CaptionCue.h"
 
 #include "core/model/CaptionPresets.h"
+#include "core/render/plan/CaptionBreak.h"
 #include "core/render/plan/CaptionText.h"
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 #include <unordered_map>
 
 namespace murbo {
@@ -103,16 +103,6 @@ std::vector<double> handShares(const std::vector<CaptionLine::Piece>& pieces) {
     return shares;
 }
 
-/// Shares by length, so that reading time is spread evenly.
-std::vector<double> lengthShares(const std::vector<std::string>& texts) {
-    std::vector<double> counts;
-    for (const std::string& text : texts) counts.push_back(static_cast<double>(CaptionText::count(text)));
-    const double total = std::max(std::accumulate(counts.begin(), counts.end(), 0.0), 1.0);
-    std::partial_sum(counts.begin(), counts.end(), counts.begin());
-    for (double& count : counts) count /= total;
-    return counts;
-}
-
 bool isOn(const std::optional<bool>& flag) {
     return flag.value_or(false);
 }
@@ -156,11 +146,15 @@ std::vector<CaptionCue> CaptionCue::cues(const Video& video, const Project& proj
 
 std::vector<CaptionCue> CaptionCue::pieces(const CaptionCue& cue, const CaptionLine* line, std::int64_t max) {
     const std::vector<CaptionLine::Piece>* hand = handPieces(cue, line);
-    std::vector<std::string> texts;
-    if (hand) std::ranges::transform(*hand, std::back_inserter(texts), &CaptionLine::Piece::text);
-    if (!hand) texts = CaptionText::pieces(cue.text, max);
-    std::vector<double> shares = hand ? handShares(*hand) : std::vector<double>{};
-    if (shares.empty()) shares = lengthShares(texts);
+    CaptionBreak broken;
+    if (hand) {
+        std::ranges::transform(*hand, std::back_inserter(broken.texts), &CaptionLine::Piece::text);
+        broken.shares = handShares(*hand);
+        if (broken.shares.empty()) broken.shares = CaptionBreak::byLength(broken.texts);
+    } else {
+        broken = *CaptionBreak::of(cue.text, max);
+    }
+    auto& [texts, shares] = broken;
 
     // Not copied from the cue itself: each piece would keep room for the whole line's text.
     const CaptionCue bare{.line = cue.line, .big = cue.big, .hidden = cue.hidden};
