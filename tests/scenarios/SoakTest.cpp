@@ -1,10 +1,14 @@
-// Random keys and mouse on the whole program. MURBO_SOAK_SECONDS makes it longer (3), MURBO_SOAK_SEED another
-// (1), MURBO_PROGRAM takes a program that was built with sanitizers.
+// Random keys and mouse on the whole program; `./dev soak` runs it long, against a build with sanitizers. In
+// the environment: MURBO_SOAK_SECONDS (3), MURBO_SOAK_SEED (1), MURBO_SOAK_RECORDING for a real recording in
+// the project, MURBO_PROGRAM for another program.
+#include "core/intake/Intake.h"
+#include "core/intake/Sources.h"
 #include "core/model/package/ProjectPackage.h"
 #include "tests/scenarios/Scenario.h"
 #include "tests/scenarios/ScenarioMedia.h"
 
 #include <chrono>
+#include <fstream>
 #include <random>
 
 using namespace murbo;
@@ -16,8 +20,84 @@ double number(const char* variable, double standard) {
     return text ? std::atof(text) : standard;
 }
 
+using Clock = std::chrono::steady_clock;
+
+double minutesSince(Clock::time_point start) {
+    return std::chrono::duration<double>(Clock::now() - start).count() / 60;
+}
+
+/// How much memory a process has held, minute by minute. A leak is a slope that does not end.
+class MemorySlope {
+public:
+    void look(pid_t process, double minute) {
+        if (!samples.empty() && minute < samples.back().minute + 0.25) return;
+        if (process != of) samples.clear(); // another program begins anew
+        of = process;
+        samples.push_back({minute, held(process)});
+    }
+    /// Of the second half, when all that is kept has been filled: MB an hour by least squares.
+    double slope() const {
+        const auto half = static_cast<std::ptrdiff_t>(samples.size() / 2);
+        const std::vector<MemorySample> late(samples.begin() + half, samples.end());
+        double meanMinute = 0;
+        double meanHeld = 0;
+        for (const auto& one : late) {
+            meanMinute += one.minute / static_cast<double>(late.size());
+            meanHeld += one.megabytes / static_cast<double>(late.size());
+        }
+        double along = 0;
+        double spread = 0;
+        for (const auto& one : late) {
+            along += (one.minute - meanMinute) * (one.megabytes - meanHeld);
+            spread += (one.minute - meanMinute) * (one.minute - meanMinute);
+        }
+        return spread > 0 ? 60 * along / spread : 0;
+    }
+    void print() const {
+        if (samples.size() < 4) return;
+        for (std::size_t at = 0; at < samples.size(); at += std::max<std::size_t>(samples.size() / 12, 1))
+            std::printf("  %5.1f min %7.0f MB\n", samples[at].minute, samples[at].megabytes);
+        std::printf("  in the second half %+.0f MB an hour\n", slope());
+    }
+
+private:
+    struct MemorySample {
+        double minute = 0;
+        double megabytes = 0;
+    };
+    static double held(pid_t process) {
+        std::ifstream file("/proc/" + std::to_string(process) + "/statm");
+        double all = 0;
+        double resident = 0;
+        file >> all >> resident;
+        return resident * 4096 / (1 << 20);
+    }
+
+    std::vector<MemorySample> samples;
+    pid_t of = -1;
+};
+
 class Soak : public Scenario {
 protected:
+    /// The made movies, and where there is one a real recording with clips and cuts of it.
+    Project soaked() {
+        auto project = scenario::cutVideo();
+        const char* recording = std::getenv("MURBO_SOAK_RECORDING");
+        if (!recording) return project;
+        const auto files = Intake::lengths({recording});
+        const auto added = Sources::add(project, files, "Recording", Source::Kind::stream);
+        if (added.empty()) throw std::runtime_error(std::string("This can't be read: ") + recording);
+        const double length = project.source(added.front())->length;
+        for (int at = 0; at < 12; ++at) {
+            const double from = length * at / 13;
+            const double to = std::min(from + 40, length);
+            project.clips.edit().push_back(
+                {.number = ++project.lastClip, .source = added.front(), .start = from, .end = to});
+            project.videos.edit()[0].cuts.edit().push_back(
+                {.source = added.front(), .start = from, .end = std::min(from + 2.5, length)});
+        }
+        return project;
+    }
     int below(int end) { return static_cast<int>(chance() % static_cast<unsigned>(end)); }
     ScreenPoint anywhere() { return {5.0 + below(1270), 5.0 + below(790)}; }
     /// Most of the time on the timeline, where a press means most.
@@ -75,17 +155,21 @@ protected:
 }
 
 TEST_F(Soak, nothingThatSomebodyDoesEndsTheProgram) {
-    ProjectPackage::write(scenario::cutVideo(), package, nullptr);
+    ProjectPackage::write(soaked(), package, nullptr);
     start({"--open", package.string()});
-    const auto end =
-        std::chrono::steady_clock::now() + std::chrono::duration<double>(number("MURBO_SOAK_SECONDS", 3));
+    const double seconds = number("MURBO_SOAK_SECONDS", 3);
+    std::printf("seed %.0f\n", number("MURBO_SOAK_SEED", 1));
+    const auto begun = Clock::now();
+    MemorySlope memory;
     int deeds = 0;
-    while (std::chrono::steady_clock::now() < end && program().process().runs()) {
+    while (minutesSince(begun) * 60 < seconds && program().process().runs()) {
         anything();
         if (++deeds % 10 == 0) items(); // waits until it has taken them all
         keepOpen();
+        memory.look(program().process().id(), minutesSince(begun));
     }
     std::printf("%d deeds\n", deeds);
+    memory.print();
     ASSERT_TRUE(program().process().runs()) << program().log();
     key("Escape", 3);
     until(
