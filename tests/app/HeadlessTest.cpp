@@ -71,6 +71,17 @@ TEST_F(Headless, outputThatNobodyReadsHarmsNothingButAFullDiskIsAFailure) {
               failure("The output could not be written: there is no space left on the disk."));
 }
 
+TEST_F(Headless, loadsNothingOfTheDesktop) {
+    const auto tracing = "LD_DEBUG=libs LD_DEBUG_OUTPUT=" + quoted(folder / "loaded");
+    EXPECT_EQ(murboWith({"--summary", project}, tracing).code, 0);
+    EXPECT_EQ(murboWith({"--help"}, tracing).code, 0);
+    std::string loaded;
+    for (const auto& file : fs::directory_iterator(folder.path))
+        if (file.path().stem() == "loaded") loaded += contentsOf(file.path());
+    EXPECT_THAT(loaded, HasSubstr("libavformat"));
+    EXPECT_THAT(loaded, testing::Not(HasSubstr("libQt")));
+}
+
 TEST(Kills, harmNothing) {
     const auto ran = shell(quoted(MURBO_TESTS "/app/kills.sh") + " " + quoted(MURBO_PROGRAM) + " 4");
     EXPECT_EQ(ran.code, 0) << ran.out;
