@@ -47,6 +47,13 @@ auto find(const Records& records, const UUID& id) -> decltype(&records[0]) {
     return found == records.end() ? nullptr : &*found;
 }
 
+bool soundsOtherwise(const Video& one, const Video& other) {
+    static const Look none;
+    const auto& look = one.look ? *one.look : none;
+    const auto& changed = other.look ? *other.look : none;
+    return look.mix != changed.mix || look.sounds != changed.sounds || look.music != changed.music;
+}
+
 }
 
 Editor::Editor(Project project, std::set<UUID> missingSources, std::optional<std::filesystem::path> package,
@@ -210,8 +217,12 @@ void Editor::dragPiece(const Change& body) {
 }
 
 void Editor::dragAndRedraw(const Change& body) {
+    const auto before = live;
     dragPiece(body);
     redraw();
+    const auto* now = video();
+    const auto* was = now ? find(before.videos, now->id) : nullptr;
+    if (was && soundsOtherwise(*was, *now)) hearDrag();
 }
 
 void Editor::endDragSoon(const std::string& name) {

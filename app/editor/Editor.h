@@ -68,7 +68,7 @@ public:
     void beginDrag(const std::optional<std::string>& name);
     /// A piece of a drag that nothing but the picture follows: no save, no step.
     void dragPiece(const Change& body);
-    /// The same, with the picture drawn anew.
+    /// The same, with the picture drawn anew, and what sounds otherwise heard.
     void dragAndRedraw(const Change& body);
     /// Makes the drag a step once it has been still for the settling time.
     void endDragSoon(const std::string& name);
@@ -139,6 +139,8 @@ signals:
     void stepMade(const QString& name, bool byTimer);
     void said(const QString& text);
     void beeped();
+    /// What is held could not be opened, and why.
+    void sourceFailed(const murbo::UUID& source, const QString& words);
     void copied(const QString& text); ///< to go to the clipboard
     void idle();                      ///< nothing is busy any more
 
@@ -153,7 +155,8 @@ private:
     void writeHistoryAside();
     void openSource(bool keepingTime);
     QCoro::Task<> reload(std::optional<double> at, bool remixing, std::function<void()> then);
-    QCoro::Task<> loadSource(Source shown, std::optional<Stretch> span, bool keepingTime);
+    QCoro::Task<> hearDrag();
+    QCoro::Task<> loadSource(Source shown, Stretch span, bool keepingTime);
     QCoro::Task<> measure(Source measured);
 
     Project live;
@@ -174,6 +177,8 @@ private:
     int busyCount = 0;
     std::int64_t lastReload = 0;  ///< asked for
     std::int64_t shownReload = 0; ///< loaded or dropped up to here
+    bool mixing = false;          ///< what a drag sounds like
+    bool mixAgain = false;
     std::int64_t lastSource = 0;
     std::map<UUID, Loudness> loudnessBySource;
     std::set<UUID> measuring;

@@ -49,6 +49,7 @@ class EditorFields : public QObject {
     Q_PROPERTY(std::string asking READ asking WRITE setAsking NOTIFY askingChanged)
     Q_PROPERTY(std::optional<std::string> toast READ toast WRITE setToast NOTIFY toastChanged)
     Q_PROPERTY(std::optional<murbo::TrimEdge> edge READ edge WRITE setEdge NOTIFY edgeChanged)
+    Q_PROPERTY(std::optional<murbo::TrimEdge> edgeAfter READ edgeAfter WRITE setEdgeAfter NOTIFY edgeChanged)
     Q_PROPERTY(std::optional<std::string> problem READ problem NOTIFY problemChanged)
 
 public:
@@ -74,6 +75,8 @@ public:
     const std::string& asking() const { return values.asking; } ///< the text in the request box
     const std::optional<std::string>& toast() const { return values.toast; }
     std::optional<TrimEdge> edge() const { return values.edge; }
+    /// Of a seam that is rolled: what comes after it.
+    std::optional<TrimEdge> edgeAfter() const { return values.edgeAfter; }
     const std::optional<std::string>& problem() const {
         return values.problem;
     } ///< why the video can't be shown
@@ -104,6 +107,9 @@ public:
         set(values.toast, text, &EditorFields::toastChanged);
     }
     void setEdge(std::optional<TrimEdge> edge) { set(values.edge, edge, &EditorFields::edgeChanged); }
+    void setEdgeAfter(std::optional<TrimEdge> edge) {
+        set(values.edgeAfter, edge, &EditorFields::edgeChanged);
+    }
 
 signals:
     void missingChanged();
@@ -156,6 +162,7 @@ protected:
         std::string asking;
         std::optional<std::string> toast;
         std::optional<TrimEdge> edge;
+        std::optional<TrimEdge> edgeAfter;
         std::optional<std::string> problem;
     };
     Values values;

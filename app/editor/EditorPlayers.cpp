@@ -63,6 +63,17 @@ QCoro::Task<> Editor::reload(std::optional<double> at, bool remixing, std::funct
     }
 }
 
+/// A drag of a level or a sound is heard while the hand moves: one mix after the other, the last one last.
+QCoro::Task<> Editor::hearDrag() {
+    mixAgain = true;
+    if (mixing) co_return;
+    const auto hold = busy();
+    mixing = true;
+    while (std::exchange(mixAgain, false) && dragStart && video() && !video()->cuts.empty())
+        co_await reload(std::nullopt, true, {});
+    mixing = false;
+}
+
 // --------------------------------------------------------------- the source player --
 
 void Editor::holdClip(const std::optional<UUID>& held) {
@@ -92,29 +103,32 @@ void Editor::openSource(bool keepingTime) {
         source.unload();
         return;
     }
-    loadSource(*shown, clip ? std::optional(Stretch{clip->start, clip->end}) : std::nullopt, keepingTime);
+    loadSource(*shown, clip ? Stretch{clip->start, clip->end} : Stretch{0, shown->length}, keepingTime);
 }
 
-QCoro::Task<> Editor::loadSource(Source shown, std::optional<Stretch> span, bool keepingTime) {
+QCoro::Task<> Editor::loadSource(Source shown, Stretch span, bool keepingTime) {
     const auto hold = busy();
     const auto turn = ++lastSource;
-    const auto place = [&] {
-        source.setSpan(span.value_or(Stretch{0, shown.length}));
-        if (!keepingTime) source.seek(source.span().from);
-    };
+    const double at = keepingTime ? source.time() : span.from;
     if (source.source() == shown.id && source.isLoaded()) {
-        place();
+        source.setSpan(span);
+        if (!keepingTime) source.seek(at);
         co_return;
     }
+    source.await(span, at); // marks that are made before the footage is there are marks on it
     try {
         const auto making = [shown] { return PlayerItem::footage(shown); };
         auto item = co_await background.run(making);
         if (turn != lastSource) co_return;
-        source.load(std::move(item), span ? span->from : 0);
+        const double reached = source.time();
+        source.load(std::move(item), reached);
         source.setSource(shown.id);
-        place();
+        source.setSpan(span);
+        source.seek(reached);
     } catch (const std::exception& error) {
-        if (turn == lastSource) say(shown.name() + " could not be played. " + error.what());
+        if (turn != lastSource) co_return;
+        emit sourceFailed(shown.id, QString::fromStdString(error.what()));
+        say(shown.name() + " could not be played. " + error.what());
     }
 }
 

@@ -187,3 +187,28 @@ TEST(CutCommands, movingPicksAndJumpingFocuses) {
     }
     EXPECT_EQ(editor.focus(), Viewer::video);
 }
+
+TEST(CutCommands, aGeneratedCutIsTrimmedAndRolledAgainst) {
+    Lines lines;
+    auto& editor = lines.editor();
+    lines(R"(["addGenerator","stock.generator.title"])");
+    const auto card = editor.video()->cuts[0].id;
+    CutCommands::trim(editor, card, false, 4.5);
+    EXPECT_FALSE(editor.edge()) << "there is no footage to show";
+    CutCommands::endTrim(editor, card, false, "Trim");
+    EXPECT_EQ(editor.video()->cuts[0].length(), 4.5);
+    EXPECT_EQ(editor.history().undoName(), "Trim");
+
+    const Cut footage{.source = editor.project().sources[0].id, .start = 20, .end = 25};
+    CutCommands::drop(editor, {footage}, 0);
+    CutCommands::roll(editor, footage.id, 27);
+    ASSERT_TRUE(editor.edge());
+    EXPECT_NEAR(editor.edge()->at, 27 - 1 / editor.playback.frameRate(), 1e-9);
+    EXPECT_FALSE(editor.edgeAfter());
+    CutCommands::endTrim(editor, footage.id, false, "Roll");
+    EXPECT_EQ(editor.video()->cuts[1].length(), 2.5);
+    EXPECT_FALSE(editor.edge());
+    lines(R"(["undo"])");
+    EXPECT_EQ(editor.video()->cuts[0].end, 25);
+    EXPECT_EQ(editor.video()->cuts[1].length(), 4.5);
+}

@@ -1,4 +1,5 @@
 #include "app/editor/Editor.h"
+#include "app/editor/commands/FootageCommands.h"
 #include "tests/editor/Lines.h"
 
 #include <QMetaMethod>
@@ -95,4 +96,19 @@ TEST(Editor, aChangeThatFailsLeavesNothing) {
                                }),
                  std::runtime_error);
     EXPECT_EQ(editor.project(), before);
+}
+
+TEST(Editor, marksMadeBeforeTheFootageIsThereAreMarksOnIt) {
+    Lines lines;
+    auto& editor = lines.editor();
+    editor.holdClip(editor.project().clips[1].id);
+    EXPECT_FALSE(editor.source.isLoaded());
+    FootageCommands::markEnd(editor);
+    EXPECT_EQ(editor.range(), (Stretch{39.9, 40})) << "the clip begins at 40 s";
+    editor.setRange(std::nullopt);
+    editor.source.step(3);
+    FootageCommands::markStart(editor);
+    EXPECT_EQ(editor.range(), (Stretch{43, 50}));
+    while (editor.isBusy()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    EXPECT_EQ(editor.source.time(), 43) << "and it opens where one went meanwhile";
 }

@@ -163,3 +163,27 @@ TEST(VideoEdits, turnsSoundOffForAllNamedThenOnForAll) {
     EXPECT_EQ(video.cuts[0].muted, std::nullopt);
     EXPECT_EQ(video.cuts[1].muted, std::nullopt);
 }
+
+TEST(VideoEdits, aSeamRollsWithinBothCutsAndNothingElseMoves) {
+    const std::tuple<double, std::string> cases[] = {{23, "10-12 20-23 29-33 "},
+                                                     {26, "10-12 20-26 32-33 "},
+                                                     {-5, "10-12 20-20.1 26.1-33 "},
+                                                     {99, "10-12 20-25 31-33 "}};
+    for (const auto& [to, expected] : cases) {
+        const double source = to == 99 ? 25 : 100;
+        EXPECT_EQ(after([&](auto& video, auto& cut) { VideoEdits::roll(video, cut, to, source); }), expected);
+        EXPECT_EQ(after([&](auto& video, auto& cut) {
+                      for (const double way : {to - 1, to + 1, to}) VideoEdits::roll(video, cut, way, source);
+                  }),
+                  expected)
+            << "whichever way it went there";
+    }
+    EXPECT_EQ(after([](auto& video, auto&) { VideoEdits::roll(video, video.cuts[2].id, 40, 100); }), three);
+
+    auto video = threeCuts();
+    video.cuts.edit()[2] = Cut::generated("card", 1, {}, 3);
+    VideoEdits::roll(video, video.cuts[1].id, 26, 100);
+    EXPECT_EQ(told(video), "10-12 20-26 0-1 ") << "what is generated gets shorter";
+    VideoEdits::roll(video, video.cuts[1].id, 21, 100);
+    EXPECT_EQ(told(video), "10-12 20-21 0-6 ");
+}

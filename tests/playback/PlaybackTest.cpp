@@ -56,6 +56,25 @@ TEST(Playback, withoutAnItemNothingMovesIt) {
     EXPECT_FALSE(playback.skimmed());
 }
 
+TEST(Playback, standsInWhatIsAboutToCome) {
+    Played played;
+    auto& playback = played.playback;
+    playback.playPause();
+    playback.await({20, 30}, 20);
+    EXPECT_FALSE(playback.isLoaded());
+    EXPECT_EQ(playback.rate(), 0);
+    EXPECT_EQ(playback.time(), 20);
+    playback.seek(99);
+    EXPECT_DOUBLE_EQ(playback.time(), 29.99);
+    playback.load(item({40}), playback.time());
+    EXPECT_DOUBLE_EQ(playback.time(), 29.99);
+    EXPECT_EQ(playback.rate(), 1) << "what played plays on";
+    playback.await({0, 5}, 0);
+    playback.pause();
+    playback.load(item({5}), 0);
+    EXPECT_EQ(playback.rate(), 0) << "unless it was stopped meanwhile";
+}
+
 TEST(Playback, seeksStayWithinTheSpan) {
     Played played;
     auto& playback = played.playback;

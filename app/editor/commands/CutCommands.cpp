@@ -22,6 +22,7 @@ constexpr double shortestOffer = 0.1;
 constexpr double shortestLeft = 0.3; ///< seconds between two quiet stretches that stay
 constexpr double shortestGenerator = 0.2;
 constexpr double standardGenerator = 3;
+constexpr double longestGenerator = 3600; ///< seconds to which one is drawn out
 constexpr double editTolerance = 0.01;
 constexpr double trimPreview = 1.5; ///< seconds played on each side of an edit
 
@@ -85,17 +86,28 @@ bool isGenerated(const Editor& editor, const UUID& id) {
     return cut && cut->generator;
 }
 
+/// How far the end of a cut can go, in seconds on its source; nothing for one of a source that is not there.
+std::optional<double> farthest(const Editor& editor, const Cut& cut) {
+    if (cut.generator) return cut.start + longestGenerator;
+    const auto* source = editor.project().source(cut.source);
+    return source ? std::optional(source->length) : std::nullopt;
+}
+
+/// What the source player shows of an end of a cut: the last frame that stays, or the first. Nothing of a
+/// generated one, which has no footage.
+std::optional<TrimEdge> edgeOf(const Editor& editor, const Cut& cut, bool atEnd) {
+    if (cut.generator) return {};
+    return TrimEdge{cut.source, atEnd ? cut.end - 1 / editor.playback.frameRate() : cut.start};
+}
+
 /// A piece of a drag of one cut's ends, with what the source player then shows.
 void dragEdges(Editor& editor, const UUID& id, bool atEnd,
-               const std::function<void(Video&, double sourceLength)>& drag) {
+               const std::function<void(Video&, double farthest)>& drag) {
     const auto* cut = cutOf(editor, id);
-    const auto* source = cut ? editor.project().source(cut->source) : nullptr;
-    if (!source) return;
-    const auto length = source->length;
-    editor.dragPiece([&](Project& project) { drag(Changes::openVideo(editor, project), length); });
-    const auto* moved = cutOf(editor, id);
-    editor.setEdge(
-        TrimEdge{moved->source, atEnd ? moved->end - 1 / editor.playback.frameRate() : moved->start});
+    const auto most = cut ? farthest(editor, *cut) : std::nullopt;
+    if (!most) return;
+    editor.dragPiece([&](Project& project) { drag(Changes::openVideo(editor, project), *most); });
+    if (const auto* moved = cutOf(editor, id)) editor.setEdge(edgeOf(editor, *moved, atEnd));
 }
 
 std::string shorter(double seconds) {
@@ -259,8 +271,17 @@ void slip(Editor& editor, const UUID& id, double toStart) {
               [&](Video& video, double length) { VideoEdits::slip(video, id, toStart, length); });
 }
 
+void roll(Editor& editor, const UUID& id, double to) {
+    dragEdges(editor, id, true,
+              [&](Video& video, double length) { VideoEdits::roll(video, id, to, length); });
+    const auto* video = editor.video();
+    const auto at = video ? VideoEdits::index(*video, id) : std::nullopt;
+    if (at && *at + 1 < video->cuts.size()) editor.setEdgeAfter(edgeOf(editor, video->cuts[*at + 1], false));
+}
+
 void endTrim(Editor& editor, const UUID& id, bool start, const std::string& name) {
     editor.setEdge(std::nullopt);
+    editor.setEdgeAfter(std::nullopt);
     editor.closeDrag(name);
     const auto* cut = cutOf(editor, id);
     if (!cut) return;
@@ -331,6 +352,8 @@ CommandList table() {
                                                   trim)
             .when(hasVideo),
         row<Kind::Cut, Kind::Seconds>("slip", "Drag a Cut's Footage", {"cut", "toStart"}, slip)
+            .when(hasVideo),
+        row<Kind::Cut, Kind::Seconds>("roll", "Drag the Seam After a Cut", {"cut", "to"}, roll)
             .when(hasVideo),
         row<Kind::Cut, Kind::Flag, Kind::Text>("endTrim", "End the Drag of a Cut", {"cut", "start", "name"},
                                                endTrim)

@@ -44,6 +44,8 @@ void takeOutQuiet(Editor& editor, const UUID& cut);
 /// Pieces of a drag, ended by `endTrim`, which plays the edit back.
 void trim(Editor& editor, const UUID& cut, bool start, double to);
 void slip(Editor& editor, const UUID& cut, double toStart);
+/// The seam after a cut: its end goes to a time of its source, and the next cut's start as far.
+void roll(Editor& editor, const UUID& cut, double to);
 void endTrim(Editor& editor, const UUID& cut, bool start, const std::string& name);
 void move(Editor& editor, const UUID& cut, std::int64_t to);
 

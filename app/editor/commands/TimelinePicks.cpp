@@ -4,6 +4,7 @@
 #include "core/model/Settings.h"
 #include "core/model/ShownMoments.h"
 #include "core/model/VideoTime.h"
+#include "core/model/edits/LookEdits.h"
 #include "core/playbooks/Playbooks.h"
 #include "core/render/plan/CaptionCue.h"
 #include "core/render/plan/PlacedShot.h"
@@ -13,8 +14,6 @@
 
 namespace murbo::TimelinePicks {
 namespace {
-
-constexpr double unknownSound = 1.2; ///< seconds that a sound without a length counts as
 
 /// Collects what a rubber band catches.
 struct Band {
@@ -56,7 +55,7 @@ void catchSounds(Band& band, const List<SoundCue>& cues, Pick::Kind kind, const 
     for (const auto& cue : cues) {
         const auto start = shown.on(cue.source, cue.at);
         if (!start) continue;
-        const auto unknown = kind == Pick::Kind::sound ? *start + unknownSound : end;
+        const auto unknown = kind == Pick::Kind::sound ? *start + LookEdits::unknownSound : end;
         band.meet(kind, cue.id, *start, cue.length ? *start + *cue.length : unknown);
     }
 }

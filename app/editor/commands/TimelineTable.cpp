@@ -1,3 +1,4 @@
+#include "app/editor/commands/BladeCommands.h"
 #include "app/editor/commands/OneLineJson.h"
 #include "app/editor/commands/PickJson.h"
 #include "app/editor/commands/RemoveCommands.h"
@@ -50,6 +51,8 @@ CommandList table() {
         row<Kind::TimelinePick>("clickOnTimeline", "Click on a Block", {"pick"},
                                 [](Editor& editor, const Pick& pick) { click(editor, pick, held()); }),
         row<Kind::ListOf<Kind::TimelinePick>>("setPicks", "Pick Blocks", {"picks"}, set),
+        row<Kind::Maybe<Kind::Seconds>>("bladeAll", "Split All at a Time", {"at"}, BladeCommands::bladeAll)
+            .when(hasVideo),
         row<>("removeAllPicked", "Remove All That Is Picked", {}, RemoveCommands::removeAllPicked)
             .when(hasPicks),
         row<>("removePicked", "Remove What Is Picked", {}, RemoveCommands::removePicked).when(hasPicks),

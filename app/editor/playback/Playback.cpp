@@ -42,7 +42,7 @@ QString Playback::sourceText() const {
 }
 
 void Playback::load(PlayerItem item, double place) {
-    const double before = speed;
+    const double before = std::exchange(awaitedRate, 0) + speed;
     beforeSkim.reset();
     wasPlaying = false;
     stopAt.reset();
@@ -56,9 +56,23 @@ void Playback::load(PlayerItem item, double place) {
     if (before != 0) run(before);
 }
 
+/// The size stays: the picture's place is the same until the next one comes.
+void Playback::await(Stretch span, double place) {
+    const double before = speed + awaitedRate;
+    takeAway();
+    awaitedRate = before;
+    setPlayable({span.from, std::max(span.from, span.to)});
+    setTime(inSpan(place));
+}
+
 void Playback::unload() {
-    player.unload();
+    takeAway();
     followSize();
+}
+
+void Playback::takeAway() {
+    player.unload();
+    awaitedRate = 0;
     beforeSkim.reset();
     wasPlaying = false;
     stopAt.reset();
@@ -204,6 +218,7 @@ void Playback::closeSkim() {
 void Playback::takeOver() {
     closeSkim();
     wasPlaying = false;
+    awaitedRate = 0;
     stopAt.reset();
 }
 

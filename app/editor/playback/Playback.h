@@ -53,6 +53,9 @@ public:
 
     /// Plays another item, standing at a time; what was playing plays on in it. The span is the whole item.
     void load(PlayerItem item, double at);
+    /// Takes the item away and stands at a place of one that is about to come: times are taken within `span`
+    /// until it is loaded.
+    void await(Stretch span, double at);
     /// Takes the item away: time 0, an empty span, no source.
     void unload();
     bool isLoaded() const { return player.item().has_value(); }
@@ -102,6 +105,7 @@ private:
     void setPlayable(Stretch span);
     void setFrames(double rate);
     void followSize();
+    void takeAway();
     void closeSkim();
     void takeOver();
     void run(double rate);
@@ -119,6 +123,7 @@ private:
     std::optional<UUID> shownSource;
     bool wasPlaying = false; ///< when a skim began, and at which rate
     double rateBefore = 0;
+    double awaitedRate = 0;           ///< with which what is about to come plays on
     std::optional<double> stopAt;     ///< where a stretch that is played ends
     std::optional<double> beforeSkim; ///< where to come back to when a skim ends
     double skimPlace = 0;

@@ -139,6 +139,22 @@ void slip(Video& video, const UUID& cut, double toStart, double sourceLength) {
     });
 }
 
+void roll(Video& video, const UUID& cut, double to, double sourceLength) {
+    const auto at = index(video, cut);
+    if (!at || *at + 1 >= video.cuts.size()) return;
+    auto& cuts = video.cuts.edit();
+    auto& left = cuts[*at];
+    auto& right = cuts[*at + 1];
+    const double nextLength = right.end - right.start;
+    // What is generated has as much before its start as one likes, and starts where it did.
+    const double low =
+        std::max(left.start + Times::shortestCut, right.generator ? 0 : left.end - right.start);
+    const double high = std::min(sourceLength, left.end + nextLength - Times::shortestCut);
+    const double by = std::clamp(to, low, std::max(low, high)) - left.end;
+    left.end += by;
+    (right.generator ? right.end : right.start) += right.generator ? -by : by;
+}
+
 void move(Video& video, const UUID& cut, std::ptrdiff_t to) {
     const auto from = index(video, cut);
     if (!from) return;

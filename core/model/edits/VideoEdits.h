@@ -39,6 +39,10 @@ void trimStart(Video& video, const UUID& cut, double to);
 void trimEnd(Video& video, const UUID& cut, double to, double sourceLength);
 /// Shows another stretch of the source, of the same length, from `toStart`; kept within the source.
 void slip(Video& video, const UUID& cut, double toStart, double sourceLength);
+/// Moves the seam after a cut: its end to a source time, and the start of the next one as far along that
+/// one's own source. Kept within both sources, and neither cut gets shorter than the shortest. Nothing after
+/// the last cut.
+void roll(Video& video, const UUID& cut, double to, double sourceLength);
 
 /// Puts a cut before the one that now stands at `to`.
 void move(Video& video, const UUID& cut, std::ptrdiff_t to);

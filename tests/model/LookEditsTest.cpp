@@ -1,0 +1,53 @@
+#include "core/model/edits/LookEdits.h"
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+/// Two cuts of one source, 4 s and 3 s long; an overlay from 1 s to 6 s, a sound at 2 s, a song at 3 s.
+Video dressed() {
+    Video video;
+    const auto source = UUID::make();
+    video.cuts.edit() = {{.source = source, .start = 10, .end = 14},
+                         {.source = source, .start = 30, .end = 33}};
+    auto& look = video.look.emplace();
+    look.overlays.edit() = {{.playbook = "label", .source = source, .at = 11, .length = 5}};
+    look.sounds.edit() = {{.file = "boom.wav", .source = source, .at = 12, .length = 2, .skip = 0.5}};
+    look.music.edit() = {{.file = "song.mp3", .source = source, .at = 13}};
+    return video;
+}
+
+}
+
+TEST(LookEdits, theRightPartOfAnOverlayHangsOnWhatIsOnThen) {
+    auto video = dressed();
+    const auto right = LookEdits::splitOverlay(video, video.look->overlays[0].id, 4.5);
+    const auto& overlays = video.look->overlays;
+    ASSERT_EQ(overlays.size(), 2);
+    EXPECT_EQ(overlays[0].length, 3.5);
+    EXPECT_EQ(overlays[1].id, right);
+    EXPECT_EQ(overlays[1].at, 30.5);
+    EXPECT_EQ(overlays[1].length, 1.5);
+    for (const double time : {0.5, 1.1, 4.4, 5.9, 6.5}) {
+        EXPECT_FALSE(LookEdits::splitOverlay(video, video.look->overlays[0].id, time)) << time;
+        EXPECT_EQ(video.look->overlays.size(), 2);
+    }
+}
+
+TEST(LookEdits, aSoundGoesOnInItsFile) {
+    auto video = dressed();
+    ASSERT_TRUE(LookEdits::splitSound(video, video.look->sounds[0].id, 3));
+    const auto& sounds = video.look->sounds;
+    EXPECT_EQ(*sounds[0].length, 1);
+    EXPECT_EQ(*sounds[1].length, 1);
+    EXPECT_EQ(*sounds[1].skip, 1.5);
+    ASSERT_TRUE(LookEdits::splitSound(video, video.look->music[0].id, 5));
+    const auto& songs = video.look->music;
+    EXPECT_EQ(*songs[0].length, 2);
+    EXPECT_EQ(*songs[1].skip, 2);
+    EXPECT_FALSE(songs[1].length) << "a song without an end plays on";
+    EXPECT_EQ(songs[1].at, 31);
+    EXPECT_FALSE(LookEdits::splitSound(video, UUID::make(), 5));
+}
