@@ -48,6 +48,7 @@ std::vector<Action> made() {
         text(line("undo", "Edit", R"(["undo"])", "Ctrl+Z")),
         text(line("redo", "Edit", R"(["redo"])", "Ctrl+Shift+Z")),
         line("split", "Edit", R"(["splitAtPlayhead"])", "Ctrl+B"),
+        line("splitAll", "Edit", R"(["bladeAll"])", "Ctrl+Shift+B", "Split All at Playhead"),
         verb("trimStart", "Edit", "Trim Start to Playhead", "Alt+["),
         verb("trimEnd", "Edit", "Trim End to Playhead", "Alt+]"),
         key(Command::remove, "Edit"),

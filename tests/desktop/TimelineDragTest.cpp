@@ -95,7 +95,7 @@ TEST(TimelineDrag, aCutMovesToWhereItIsDropped) {
     const auto first = video.cut(0).id;
     hand.press(2);
     hand.move(11);
-    EXPECT_NEAR(*hand.drag.dropLine(), 12, 1e-6);
+    EXPECT_EQ(hand.drag.landing(), (PartedRow::Landing{first, 3}));
     hand.drag.release();
     EXPECT_EQ(video.cut(2).id, first);
     EXPECT_EQ(video.editor.history().undoName(), "Move Cut");
@@ -163,7 +163,7 @@ TEST(TimelineDrag, whatGoesToAnotherPlaceIsSeenGoing) {
     EXPECT_FALSE(hand.drag.trimmed(video.layout()));
     hand.drag.cancel();
     EXPECT_FALSE(hand.drag.ghost());
-    EXPECT_FALSE(hand.drag.dropLine());
+    EXPECT_FALSE(hand.drag.landing());
     EXPECT_EQ(video.editor.project(), before);
 }
 
@@ -179,4 +179,83 @@ TEST(TimelineDrag, aTrimSaysWhichCutHasFreeFootage) {
     EXPECT_EQ(cut->pick.id, video.cut(0).id);
     EXPECT_EQ(cut->sourceLength, 100);
     hand.drag.cancel();
+}
+
+TEST(TimelineDrag, theSeamOfTwoCutsRollsAsOneStep) {
+    TimelineVideo video;
+    video.editor.setSnapping(false);
+    video.editor.setTool(EditingTool::trim);
+    const auto before = video.editor.project();
+    Hand hand(video);
+    hand.press(4.1);
+    EXPECT_EQ(hand.drag.holding(), TimelineDrag::Grip::roll);
+    hand.move(3);
+    hand.move(3.1);
+    ASSERT_TRUE(video.editor.edge() && video.editor.edgeAfter()) << "both sides are shown";
+    EXPECT_NEAR(video.editor.edgeAfter()->at, 29, 0.01);
+    hand.drag.release();
+    EXPECT_NEAR(video.cut(0).end, 13, 0.01);
+    EXPECT_NEAR(video.cut(1).start, 29, 0.01);
+    EXPECT_NEAR(video.editor.video()->length(), 12, 1e-9);
+    EXPECT_FALSE(video.editor.edge() || video.editor.edgeAfter());
+    EXPECT_EQ(video.editor.history().undoName(), "Roll");
+    video.editor.undo();
+    EXPECT_EQ(video.editor.project(), before);
+
+    hand.press(3.7);
+    EXPECT_EQ(hand.drag.holding(), TimelineDrag::Grip::end) << "a little aside it is the edge alone";
+    hand.drag.release();
+    hand.press(11.95);
+    EXPECT_EQ(hand.drag.holding(), TimelineDrag::Grip::end) << "nothing follows on the last cut";
+    hand.drag.cancel();
+    video.editor.setTool(EditingTool::select);
+    hand.press(4.1);
+    EXPECT_EQ(hand.drag.holding(), TimelineDrag::Grip::start);
+    hand.drag.cancel();
+}
+
+TEST(TimelineDrag, theBladeWithShiftCutsThroughAllRows) {
+    TimelineVideo video;
+    video.editor.setSnapping(false);
+    video.editor.setTool(EditingTool::blade);
+    Hand hand(video);
+    hand.press(5.5, TimelineRow::sounds);
+    EXPECT_EQ(video.editor.video()->look->sounds.size(), 2) << "of that row alone";
+    EXPECT_EQ(video.editor.video()->cuts.size(), 3);
+    hand.press(5.2, TimelineRow::captions, {.shift = true});
+    hand.drag.release();
+    EXPECT_EQ(video.editor.video()->look->sounds.size(), 3);
+    EXPECT_EQ(video.editor.video()->cuts.size(), 4);
+    EXPECT_EQ(hand.steps(), 2);
+}
+
+TEST(TimelineDrag, aCaptionIsTakenByItsBodyAndStaysInItsCut) {
+    TimelineVideo video;
+    video.editor.setSnapping(false);
+    Hand hand(video);
+    const auto line = video.editor.project().transcript(video.cut(1).source).lines[1].id;
+    hand.pull(5.5, 6, TimelineRow::captions);
+    const auto* entry = video.editor.video()->look->captions.line(line);
+    ASSERT_TRUE(entry);
+    EXPECT_NEAR(*entry->start, 31.5, 0.01);
+    EXPECT_NEAR(*entry->end, 32.5, 0.01);
+    EXPECT_EQ(video.editor.history().undoName(), "Retime Caption");
+    hand.pull(6, 11, TimelineRow::captions);
+    EXPECT_NEAR(*video.editor.video()->look->captions.line(line)->end, 33, 0.01);
+    EXPECT_EQ(hand.steps(), 2);
+}
+
+TEST(TimelineDrag, aGeneratedCutGetsLongerAtEitherEnd) {
+    TimelineVideo video;
+    video.editor.setSnapping(false);
+    video.editor.change("Card", [](Project& project) {
+        project.videos.edit()[0].cuts.edit()[1] = Cut::generated("card", 1, {}, 3);
+    });
+    Hand hand(video);
+    hand.pull(6.9, 7.9);
+    EXPECT_NEAR(video.cut(1).length(), 4, 0.01);
+    hand.pull(4.1, 3.6);
+    EXPECT_NEAR(video.cut(1).length(), 4.5, 0.01);
+    EXPECT_EQ(video.cut(1).start, 0);
+    EXPECT_EQ(hand.steps(), 3);
 }

@@ -88,3 +88,72 @@ TEST(TimelineScene, freeFootageReachesAsFarAsTheSourceDoes) {
     EXPECT_NEAR(left, span.x(-10), 0.01) << "10 s lie before it";
     EXPECT_NEAR(right, span.x(90), 0.01) << "86 s after it";
 }
+
+TEST(TimelineScene, anOverlayShowsItsPictureAndItsNameBesideIt) {
+    TimelineVideo video;
+    video.editor.change("Pictures", [](Project& project) {
+        auto& shown = project.videos.edit()[0];
+        const auto source = shown.cuts[0].source;
+        shown.look->overlays.edit() = {{.playbook = "picture",
+                                        .source = source,
+                                        .at = 10,
+                                        .length = 2,
+                                        .values = Values{{"media", "map.png"}}},
+                                       {.playbook = "picture",
+                                        .source = source,
+                                        .at = 12,
+                                        .length = 2,
+                                        .values = Values{{"media", "rec:31-33"}}},
+                                       {.playbook = "picture", .source = source, .at = 50, .length = 2}};
+    });
+    const Said said(video.editor.project());
+    const auto layout =
+        TimelineLayout::of({video.editor.project(),
+                            *video.editor.video(),
+                            {},
+                            said,
+                            [](auto&, auto) {
+                                return TimelineLayout::BookFacts{"Picture", true, "media", "emoji:x"};
+                            },
+                            {},
+                            2,
+                            [](const std::string& name) {
+                                return name.ends_with(".png")
+                                           ? std::optional<std::filesystem::path>("/pictures/" + name)
+                                           : std::nullopt;
+                            }});
+    const TimelineSpan span{0.5, 60, 900}; // the first begins left of what is seen
+    const auto list = TimelineScene::rows(layout, span, {}, TimelineTheme::of({}));
+    const auto files = only<DrawList::FilePicture>(list);
+    ASSERT_EQ(files.size(), 1);
+    EXPECT_EQ(files[0].file, "/pictures/map.png");
+    EXPECT_GE(files[0].rect.left(), 0);
+    const auto top = layout.track(TimelineRow::layers)->top;
+    std::vector<DrawList::Label> names;
+    for (const auto& label : only<DrawList::Label>(list))
+        if (label.rect.top() >= top && label.rect.top() < top + 24) names.push_back(label);
+    ASSERT_EQ(names.size(), 3);
+    EXPECT_GE(names[0].rect.left(), files[0].rect.right());
+    int stills = 0;
+    for (const auto& still : only<DrawList::Still>(list))
+        stills += still.rect.top() < top + 24 && still.second == 31;
+    EXPECT_EQ(stills, 1) << "a stretch of the footage shows that";
+}
+
+TEST(TimelineScene, whatIsCarriedIsNotDrawnAndItsRoomIs) {
+    const TimelineVideo video;
+    const TimelineSpan span{0, 40, 800};
+    const auto colours = TimelineTheme::of({});
+    const auto waves = [&](const TimelineScene::Parted& parted) {
+        std::vector<double> lefts;
+        for (const auto& wave :
+             only<DrawList::Wave>(TimelineScene::rows(video.layout(), span, {}, colours, parted)))
+            lefts.push_back(wave.rect.left());
+        return lefts;
+    };
+    const auto plain = waves({});
+    const auto parted = waves({{{video.cut(1).id, -4}}, video.cut(0).id, Stretch{3, 7}});
+    EXPECT_EQ(plain.front(), 0);
+    EXPECT_EQ(parted.front(), 0) << "the second stands where the first stood";
+    EXPECT_EQ(parted.size() + 1, plain.size());
+}

@@ -72,6 +72,45 @@ TEST(TimelineView, aTrimThatIsDraggedCanBeTakenBackByEscape) {
     EXPECT_EQ(Complaints::list(), "");
 }
 
+TEST(TimelineView, theOthersPartForACutThatIsCarried) {
+    MURBO_NEEDS_FFMPEG();
+    TimelineWindow shown;
+    ASSERT_EQ(shown.cuts(), 2);
+    auto* view = shown.view();
+    const auto first = shown.cut(0).id;
+    QTest::mousePress(&shown.window(), Qt::LeftButton, {}, shown.at(2));
+    for (const double time : {3.0, 5.0, 6.5}) QTest::mouseMove(&shown.window(), shown.at(time));
+    EXPECT_NEAR(view->dropX(), view->shownSpan().x(3), 1) << "where its room begins";
+    EXPECT_NEAR(view->ghost().width(), 4 * view->shownSpan().scale, 1);
+    EXPECT_EQ(shown.editor().project(), shown.before) << "nothing has moved yet";
+    shown.key(Qt::Key_Escape);
+    EXPECT_LT(view->dropX(), 0);
+    QTest::mouseRelease(&shown.window(), Qt::LeftButton, {}, shown.at(6.5));
+    EXPECT_EQ(shown.editor().project(), shown.before);
+
+    QTest::mousePress(&shown.window(), Qt::LeftButton, {}, shown.at(2));
+    for (const double time : {3.0, 5.0, 6.5}) QTest::mouseMove(&shown.window(), shown.at(time));
+    QTest::mouseRelease(&shown.window(), Qt::LeftButton, {}, shown.at(6.5));
+    EXPECT_EQ(shown.cut(1).id, first);
+    EXPECT_LT(view->dropX(), 0);
+    EXPECT_EQ(Complaints::list(), "");
+}
+
+TEST(TimelineView, allOfAVideoStaysInViewUntilSomebodyZooms) {
+    MURBO_NEEDS_FFMPEG();
+    TimelineWindow shown;
+    auto* view = shown.view();
+    view->fit();
+    shown.window().resize(1100, 800);
+    shown.settle();
+    EXPECT_LE(view->shownSpan().x(7), view->width());
+    view->zoomRound(4, 0);
+    const double scale = view->shownSpan().scale;
+    shown.window().resize(1400, 800);
+    shown.settle();
+    EXPECT_EQ(view->shownSpan().scale, scale);
+}
+
 TEST(TimelineView, runsAlongUnderADragAtItsSide) {
     MURBO_NEEDS_FFMPEG();
     TimelineWindow shown;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace murbo {
 
@@ -13,12 +14,25 @@ void DrawList::frame(const QRectF& rect, double thick, const QColor& colour) {
     fill({rect.right() - thick, rect.top() + thick, thick, rect.height() - 2 * thick}, colour);
 }
 
-QRectF DrawList::onPixels(const QRectF& rect, double ratio) {
+namespace {
+
+/// One side of a rectangle. What holds no whole point the software renderer forgets as soon as something
+/// beneath it is drawn anew.
+std::pair<double, double> sideOnPixels(double from, double to, double ratio) {
     const auto snapped = [ratio](double at) { return std::round(at * ratio) / ratio; };
-    const double left = snapped(rect.left());
-    const double top = snapped(rect.top());
-    const double right = std::max(snapped(rect.right()), left + 1 / ratio);
-    const double bottom = std::max(snapped(rect.bottom()), top + 1 / ratio);
+    if (ratio != 1 && to - from < 2 - 1e-6) {
+        const double point = std::round(from);
+        return {point, point + std::max(std::round(to - from), 1.0)};
+    }
+    const double start = snapped(from);
+    return {start, std::max(snapped(to), start + 1 / ratio)};
+}
+
+}
+
+QRectF DrawList::onPixels(const QRectF& rect, double ratio) {
+    const auto [left, right] = sideOnPixels(rect.left(), rect.right(), ratio);
+    const auto [top, bottom] = sideOnPixels(rect.top(), rect.bottom(), ratio);
     return {left, top, right - left, bottom - top};
 }
 

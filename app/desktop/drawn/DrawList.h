@@ -5,6 +5,7 @@
 #include <QColor>
 #include <QRectF>
 #include <QString>
+#include <filesystem>
 #include <variant>
 #include <vector>
 
@@ -37,16 +38,30 @@ struct DrawList {
         double skip = 0;
         bool operator==(const Still&) const = default;
     };
-    /// How loud a source is, from one second of it to another.
+    /// The picture of a file, filling its place.
+    struct FilePicture {
+        QRectF rect;
+        std::filesystem::path file;
+        bool operator==(const FilePicture&) const = default;
+    };
+    /// How loud a source is, or a file of sound, from one second of it to another.
     struct Wave {
         QRectF rect;
         UUID source;
         double from = 0;
         double to = 0;
         QColor colour;
+        std::filesystem::path file = {}; ///< instead of a source
         bool operator==(const Wave&) const = default;
     };
-    using Item = std::variant<Patch, Label, Still, Wave>;
+    /// One of the icons, by its name.
+    struct Symbol {
+        QRectF rect;
+        QString name;
+        QColor colour;
+        bool operator==(const Symbol&) const = default;
+    };
+    using Item = std::variant<Patch, Label, Still, Wave, FilePicture, Symbol>;
 
     std::vector<Item> items;
 
@@ -56,7 +71,7 @@ struct DrawList {
     void frame(const QRectF& rect, double thick, const QColor& colour);
     void moveBy(double x, double y);
     /// A rectangle with its sides on whole pixels, `ratio` of them to a point, and none thinner than one: the
-    /// software renderer leaves out what only covers parts of pixels.
+    /// software renderer leaves out what only covers parts of pixels. Thin sides lie on whole points.
     static QRectF onPixels(const QRectF& rect, double ratio);
     bool operator==(const DrawList&) const = default;
 };

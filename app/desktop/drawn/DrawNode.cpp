@@ -1,6 +1,7 @@
 #include "app/desktop/drawn/DrawNode.h"
 
 #include "app/desktop/drawn/FootagePictures.h"
+#include "app/desktop/drawn/IconPicture.h"
 #include "app/desktop/drawn/Painted.h"
 #include "core/intake/samples/Loudness.h"
 
@@ -84,6 +85,14 @@ bool DrawNode::put(Shown& one) {
     }
     if (const auto* loud = std::get_if<DrawList::Wave>(&one.item))
         return putImage(one, loud->rect, wave(*loud), {});
+    if (const auto* sign = std::get_if<DrawList::Symbol>(&one.item))
+        return putImage(one, sign->rect, symbol(*sign), {});
+    if (const auto* from = std::get_if<DrawList::FilePicture>(&one.item)) {
+        auto* picture = filePicture(from->file);
+        return putImage(
+            one, from->rect, picture,
+            picture ? filling(picture->textureSize(), from->rect.width(), from->rect.height()) : QRectF());
+    }
     const auto& strip = std::get<DrawList::Still>(one.item);
     auto* picture = still(strip);
     if (!picture) return putImage(one, strip.rect, nullptr, {});
@@ -129,11 +138,14 @@ QSGTexture* DrawNode::label(const DrawList::Label& label) {
 }
 
 QSGTexture* DrawNode::wave(const DrawList::Wave& wave) {
-    const auto* loudness = pictures ? pictures->loudness(wave.source) : nullptr;
+    const auto* loudness = !pictures           ? nullptr
+                           : wave.file.empty() ? pictures->loudness(wave.source)
+                                               : pictures->loudnessOf(wave.file);
     if (!loudness) return nullptr;
     const double ratio = window->effectiveDevicePixelRatio();
-    const auto key = QString("w%1|%2|%3|%4|%5|%6|%7")
-                         .arg(QString::fromStdString(wave.source.text()))
+    const auto of = wave.file.empty() ? wave.source.text() : wave.file.string();
+    const auto key = QString("w%2|%3|%4|%5|%6|%7|%1")
+                         .arg(QString::fromStdString(of))
                          .arg(wave.from, 0, 'f', 3)
                          .arg(wave.to, 0, 'f', 3)
                          .arg(std::round(wave.rect.width()))
@@ -150,6 +162,24 @@ QSGTexture* DrawNode::still(const DrawList::Still& still) {
         return kept->second.texture.get();
     }
     const auto picture = pictures ? pictures->still(still.source, still.second) : std::nullopt;
+    if (!picture) return nullptr;
+    return texture(key, [&] { return Painted::image(*picture); });
+}
+
+QSGTexture* DrawNode::symbol(const DrawList::Symbol& symbol) {
+    const auto side = (symbol.rect.size() * window->effectiveDevicePixelRatio()).toSize();
+    const auto colour = symbol.colour.name().mid(1);
+    return texture(QString("i%1|%2|%3").arg(side.width()).arg(symbol.name, colour),
+                   [&] { return IconPicture::of(symbol.name, colour, side); });
+}
+
+QSGTexture* DrawNode::filePicture(const std::filesystem::path& file) {
+    const auto key = "f" + QString::fromStdString(file.string());
+    if (const auto kept = textures.find(key); kept != textures.end()) {
+        kept->second.used = turn;
+        return kept->second.texture.get();
+    }
+    const auto picture = pictures ? pictures->ofFile(file) : std::nullopt;
     if (!picture) return nullptr;
     return texture(key, [&] { return Painted::image(*picture); });
 }

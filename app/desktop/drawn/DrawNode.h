@@ -46,6 +46,8 @@ private:
     QSGTexture* label(const DrawList::Label& label);
     QSGTexture* wave(const DrawList::Wave& wave);
     QSGTexture* still(const DrawList::Still& still);
+    QSGTexture* symbol(const DrawList::Symbol& symbol);
+    QSGTexture* filePicture(const std::filesystem::path& file);
     void dropUnused();
 
     std::vector<Shown> shown;

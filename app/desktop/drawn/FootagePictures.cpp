@@ -1,8 +1,45 @@
 #include "app/desktop/drawn/FootagePictures.h"
 
+#include "core/intake/samples/Loudness.h"
+#include "core/model/Source.h"
 #include "core/render/footage/Filmstrip.h"
+#include "core/render/stage/PlaybookMedia.h"
+#include "platform/image/draw/Canvas.h"
+
+#include <algorithm>
+#include <exception>
 
 namespace murbo {
+namespace {
+
+constexpr std::size_t mostFiles = 200;
+constexpr double widest = 320;
+constexpr double pixels = widest * 240;
+
+/// The first picture of a file, small. Nothing of one that is none, or not to be read.
+std::optional<Bitmap> readSmall(const std::filesystem::path& file) try {
+    if (!std::filesystem::is_regular_file(file)) return {}; // anything else could keep its reader waiting
+    PlaybookMedia media;
+    if (const auto image = media.image(file, pixels)) {
+        const auto whole = image->extent();
+        const double scale = std::min(1.0, widest / std::max(whole.width, 1.0));
+        const auto small = image->transformed(Transform().scaled(scale, scale));
+        return Canvas::bitmap(small, small.extent());
+    }
+    return Filmstrip({.path = file.string()}).make(0);
+} catch (const std::exception&) {
+    return {};
+}
+
+/// Silence for a file that can't be read.
+std::shared_ptr<const Loudness> listen(const std::filesystem::path& file) try {
+    return std::make_shared<const Loudness>(
+        Loudness{Loudness::measure(file, Loudness::perSecond), Loudness::perSecond});
+} catch (const std::exception&) {
+    return std::make_shared<const Loudness>();
+}
+
+}
 
 FootagePictures::FootagePictures(Strips givenStrips, Levels givenLevels)
     : strips(std::move(givenStrips)), levels(std::move(givenLevels)) {
@@ -29,9 +66,45 @@ std::optional<Bitmap> FootagePictures::still(const UUID& source, int second) {
     return {};
 }
 
+std::optional<Bitmap> FootagePictures::ofFile(const std::filesystem::path& file) {
+    const auto kept = files.find(file);
+    if (kept != files.end()) return kept->second;
+    if (files.size() >= mostFiles) files.clear();
+    files[file];
+    pool.start([this, file] {
+        QMetaObject::invokeMethod(
+            this, [this, file, read = readSmall(file)] { keep(file, read); }, Qt::QueuedConnection);
+    });
+    return {};
+}
+
+const Loudness* FootagePictures::loudnessOf(const std::filesystem::path& file) {
+    const auto kept = sounds.find(file);
+    if (kept != sounds.end()) return kept->second.get();
+    if (sounds.size() >= mostFiles) sounds.clear();
+    sounds[file];
+    pool.start([this, file] {
+        QMetaObject::invokeMethod(
+            this,
+            [this, file, heard = listen(file)] {
+                sounds[file] = heard;
+                emit changed();
+            },
+            Qt::QueuedConnection);
+    });
+    return nullptr;
+}
+
+void FootagePictures::keep(const std::filesystem::path& file, std::optional<Bitmap> read) {
+    files[file] = std::move(read);
+    emit changed();
+}
+
 void FootagePictures::forget() {
     pool.clear();
     wished.clear();
+    files.clear();
+    sounds.clear();
 }
 
 void FootagePictures::finish(const Wish& wish, bool found) {

@@ -5,7 +5,10 @@
 
 #include <QObject>
 #include <QThreadPool>
+#include <filesystem>
 #include <functional>
+#include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <utility>
@@ -30,8 +33,12 @@ public:
 
     /// The still of that second of a source. Nothing while it is being made; `changed` comes then.
     std::optional<Bitmap> still(const UUID& source, int second);
+    /// The picture of a picture or video file that lies over the footage; nothing while it is being read.
+    std::optional<Bitmap> ofFile(const std::filesystem::path& file);
     /// How loud a source is; null until it is known.
     const Loudness* loudness(const UUID& source) { return levels(source); }
+    /// How loud a file of sound is; null while it is being listened to.
+    const Loudness* loudnessOf(const std::filesystem::path& file);
     /// Wishes that nobody waits for any more.
     void forget();
 
@@ -42,12 +49,15 @@ private:
     using Wish = std::pair<UUID, int>;
 
     void finish(const Wish& wish, bool found);
+    void keep(const std::filesystem::path& file, std::optional<Bitmap> read);
 
     Strips strips;
     Levels levels;
     QThreadPool pool;
     std::set<Wish> wished;
     std::set<Wish> failed;
+    std::map<std::filesystem::path, std::optional<Bitmap>> files;            ///< read, or being read
+    std::map<std::filesystem::path, std::shared_ptr<const Loudness>> sounds; ///< null while listening
     int order = 0;
 };
 

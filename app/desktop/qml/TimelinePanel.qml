@@ -89,6 +89,19 @@ FocusScope {
                 Accessible.role: Accessible.StaticText
                 Accessible.name: modelData.name
                 Words { x: Theme.gap; height: parent.height; text: parent.modelData.name; color: Theme.text2; font.pixelSize: 12; width: parent.width - 60 }
+                IconButton {
+                    visible: parent.modelData.name === "Captions" && panel.wideHeaders
+                    anchors.right: parent.right
+                    anchors.rightMargin: Theme.small
+                    anchors.verticalCenter: parent.verticalCenter
+                    width: Theme.tool
+                    height: Theme.tool
+                    glyph: "eye"
+                    side: 14
+                    tint: captions.on ? Theme.text2 : Theme.notice
+                    name: captions.on ? "Hide captions" : "Show captions"
+                    onClicked: captions.on = !captions.on
+                }
                 Row {
                     anchors.right: parent.right
                     anchors.rightMargin: Theme.small
@@ -123,7 +136,7 @@ FocusScope {
         onMenuAsked: (x, y, kind) => { const at = mapToItem(null, x, y); context.openPoint(at.x, at.y, project.contextMenu(kind)) }
 
         CaptionEditor { id: editing; onEnded: view.forceActiveFocus(Qt.OtherFocusReason) }
-        Rectangle { visible: view.skimmerX >= 0; x: view.skimmerX; width: 1; height: parent.height; color: Theme.text }
+        Rectangle { visible: view.skimmerX >= 0; x: Math.round(view.skimmerX); width: 1; height: parent.height; color: Theme.text }
         Rectangle {
             visible: view.ghost.width > 0
             x: view.ghost.x; y: view.ghost.y; width: view.ghost.width; height: view.ghost.height
@@ -141,6 +154,21 @@ FocusScope {
         Rectangle { visible: project.cuts > 0; x: view.playheadX - 1; width: 2; height: parent.height; color: Theme.playhead
             Rectangle { x: -5; width: 12; height: 12; radius: 6; color: Theme.playhead } }
         Rectangle { anchors.fill: parent; color: "transparent"; border.color: Theme.accent; border.width: Theme.ring; visible: false }
+    }
+    Rectangle { // how far down the rows are scrolled
+        readonly property real shown: view.height - 22
+        readonly property real all: Math.max(view.contentHeight - 22, 1)
+        visible: view.contentHeight > view.height + 1
+        anchors.right: parent.right
+        y: view.y + 22 + view.rowsAbove / all * shown
+        width: 6
+        height: Math.max(shown / all * shown, 24)
+        radius: 3
+        color: rowGrab.containsMouse || rowGrab.pressed ? Theme.disabled : Theme.pressed
+        MouseArea { id: rowGrab; anchors.fill: parent; anchors.leftMargin: -4; hoverEnabled: true; preventStealing: true
+            property real from: 0
+            onPressed: (mouse) => from = mouse.y
+            onPositionChanged: (mouse) => { if (pressed) view.rowsAbove += (mouse.y - from) * parent.all / parent.shown } }
     }
     DashedPlace {
         x: view.x + Theme.wide

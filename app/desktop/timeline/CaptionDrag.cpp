@@ -26,18 +26,22 @@ std::optional<CaptionDrag::LineOnVideo> CaptionDrag::find(const TimelineBlock& b
     auto caption = CaptionEdits::whole(editor, block.pick.id);
     const auto* line = caption ? lineOf(editor.project(), caption->source, block.pick.id) : nullptr;
     if (!line) return {};
-    LineOnVideo found{std::move(*caption), line->id, 0, 0, line->start, line->end, 0};
+    LineOnVideo found{
+        .caption = std::move(*caption), .line = line->id, .start = line->start, .end = line->end};
     const auto& video = *editor.video();
     if (const auto* entry = video.look ? video.look->captions.line(line->id) : nullptr) {
         found.start = entry->start.value_or(line->start);
         found.end = entry->end.value_or(line->end);
     }
+    found.whole = {found.start, found.end};
+    found.block = block.from;
     const double middle = (block.from + block.to) / 2;
     double start = 0;
     for (const auto& cut : video.cuts) {
         const double after = start + cut.length();
         if (cut.source == found.caption.source && start <= middle && middle < after) {
             found.toSource = cut.start - start;
+            found.cut = {cut.start, cut.end};
             found.start = std::max(found.start, cut.start);
             found.end = std::min(found.end, cut.end);
             found.from = found.start - found.toSource;
@@ -49,11 +53,12 @@ std::optional<CaptionDrag::LineOnVideo> CaptionDrag::find(const TimelineBlock& b
     return {};
 }
 
-void CaptionDrag::begin(const TimelineBlock& block, bool start) {
+void CaptionDrag::begin(const TimelineBlock& block, CaptionGrip part) {
     held = find(block);
-    atStart = start;
+    hold = part;
     meet.reset();
-    if (!held || !block.pick.piece) return;
+    if (!held || !block.pick.piece || hold == CaptionGrip::whole) return;
+    const bool start = hold == CaptionGrip::start;
     const auto piece = static_cast<std::size_t>(std::max<std::int64_t>(*block.pick.piece, 0));
     const auto last = held->caption.cues.size() - 1;
     if (start && piece > 0 && piece <= last) meet = piece - 1;
@@ -62,13 +67,26 @@ void CaptionDrag::begin(const TimelineBlock& block, bool start) {
 
 void CaptionDrag::move(double time) {
     if (!held) return;
-    if (meet)
+    if (hold == CaptionGrip::whole)
+        moveWhole(time);
+    else if (meet)
         moveMeet(time);
     else
         retime(time);
 }
 
+/// Within the cut: what leaves it would be gone from under the hand.
+void CaptionDrag::moveWhole(double time) {
+    const auto& line = held->whole;
+    const double low = std::min(held->cut.from - line.from, 0.0);
+    const double high = std::max(held->cut.to - line.to, 0.0);
+    const double by = std::max(std::clamp(time - held->block, low, high), -line.from);
+    CommandRun::run(editor, fmt::format(R"(["retimeCaption","{}",{},{}])", held->line.text(), line.from + by,
+                                        line.to + by));
+}
+
 void CaptionDrag::retime(double time) {
+    const bool atStart = hold == CaptionGrip::start;
     const double at = time + held->toSource;
     const double start = atStart ? std::clamp(at, 0.0, std::max(held->end - shortest, 0.0)) : held->start;
     const double end = atStart ? held->end : std::max(at, held->start + shortest);

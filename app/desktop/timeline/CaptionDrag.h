@@ -2,20 +2,24 @@
 
 #include "app/desktop/captions/CaptionEdits.h"
 #include "app/desktop/timeline/TimelineBlock.h"
+#include "core/model/Stretch.h"
 
 #include <optional>
 
 namespace murbo {
 
-/// An edge of a caption under the hand: at the ends of its line it retimes the line, between two pieces of a
-/// broken one it moves the place where they meet.
+/// A caption under the hand. Its edges retime its line, or between two pieces of a broken one move the place
+/// where they meet; taken as a whole, the line goes with all its pieces.
 class CaptionDrag {
 public:
+    /// What of it is taken hold of.
+    enum class CaptionGrip { start, end, whole };
+
     explicit CaptionDrag(Editor& session) : editor(session) {}
 
-    /// Takes hold of an edge of a caption's block. Nothing where the block is none that stands.
-    void begin(const TimelineBlock& block, bool start);
-    /// Brings the edge to a video time, as near as it may go.
+    /// Takes hold of a caption's block. Nothing where the block is none that stands.
+    void begin(const TimelineBlock& block, CaptionGrip part);
+    /// Brings the edge, or the start of the block, to a video time, as near as it may go.
     void move(double time);
     /// Makes it a step.
     void end();
@@ -30,14 +34,18 @@ private:
         double start = 0; ///< seconds on the source
         double end = 0;
         double toSource = 0; ///< what turns a video time into one on the source
+        Stretch whole;       ///< of the line, on the source, beyond the cut too
+        Stretch cut;         ///< what the cut shows of the source
+        double block = 0;    ///< video seconds at which the block begins
     };
     std::optional<LineOnVideo> find(const TimelineBlock& block) const;
     void retime(double time);
     void moveMeet(double time);
+    void moveWhole(double time);
 
     Editor& editor;
     std::optional<LineOnVideo> held;
-    bool atStart = false;
+    CaptionGrip hold = CaptionGrip::whole;
     std::optional<std::size_t> meet; ///< between the piece of that index and the next
 };
 

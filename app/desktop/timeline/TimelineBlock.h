@@ -4,10 +4,9 @@
 #include "app/editor/commands/TimelinePicks.h"
 #include "core/model/Stretch.h"
 
-#include <array>
+#include <filesystem>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace murbo {
@@ -37,13 +36,15 @@ struct TimelineBlock {
     double to = 0;
     std::string label;
     Paint paint = Paint::cut;
+    bool byBook = false; ///< of a shot: a playbook lays it out
     bool muted = false;
     bool missing = false;       ///< its footage is gone
-    std::optional<UUID> source; ///< whose pictures and sound a cut shows; none for a generated one
-    double at = 0;              ///< seconds on the source at `from`
+    std::optional<UUID> source; ///< whose pictures and sound it shows; none for what is generated
+    double at = 0;              ///< seconds on the source, or in the sound's file, at `from`
     std::vector<Stretch> quiet; ///< in which nobody speaks
     bool startsInWord = false;  ///< somebody is cut off there who is speaking
     bool endsInWord = false;
+    std::optional<std::filesystem::path> file; ///< that an overlay shows, or a sound plays
     double sourceLength = 0; ///< seconds of the whole source of a cut; 0 where that is not known
 
     double length() const { return to - from; }

@@ -2,6 +2,7 @@
 
 #include "app/desktop/timeline/CommandRun.h"
 #include "app/editor/Editor.h"
+#include "app/editor/commands/BladeCommands.h"
 #include "app/editor/commands/CutCommands.h"
 #include "core/model/edits/VideoEdits.h"
 #include "core/render/plan/Snapping.h"
@@ -15,6 +16,7 @@ namespace murbo {
 namespace {
 
 constexpr double edgeReach = 6; ///< points inside each side at which an edge is taken
+constexpr double seamReach = 3; ///< points to either side at which a seam is taken rather than an edge
 constexpr double dragFrom = 4;  ///< points before a press is a drag
 constexpr double noTime = 1e-9;
 
@@ -29,7 +31,23 @@ bool isCaption(const TimelineBlock& block) {
 }
 
 bool isMovable(const TimelineBlock& block) {
-    return (hasEdges(block) && !isCaption(block)) || block.pick.kind == Pick::Kind::shot;
+    return hasEdges(block) || block.pick.kind == Pick::Kind::shot;
+}
+
+/// What the blade cuts.
+bool isCuttable(const TimelineBlock& block) {
+    return hasEdges(block) && !isCaption(block);
+}
+
+/// The cut before the seam that lies that near to a time; null where none follows on another there.
+const TimelineBlock* beforeSeam(const TimelineLayout& layout, double time, double slack) {
+    const TimelineBlock* before = nullptr;
+    for (const auto& block : layout.blocks) {
+        if (block.pick.kind != Pick::Kind::cut) continue;
+        if (before && std::abs(block.from - time) <= slack) return before;
+        before = &block;
+    }
+    return nullptr;
 }
 
 /// The line that puts a block at a time and, where it has one, gives it a length.
@@ -75,6 +93,9 @@ TimelineDrag::Grip TimelineDrag::grip(const TimelineLayout& layout, const Timeli
     const double reach = std::min(edgeReach, wide / 3);
     const double left = at.x - span.x(block->from);
     const bool cut = block->pick.kind == Pick::Kind::cut;
+    if (cut && editor.tool() == EditingTool::trim && std::min(left, wide - left) <= seamReach &&
+        beforeSeam(layout, span.time(at.x), seamReach / span.scale))
+        return Grip::roll;
     if (hasEdges(*block)) {
         if (left < reach) return Grip::start;
         if (wide - left < reach) return Grip::end;
@@ -96,9 +117,9 @@ void TimelineDrag::press(const TimelineLayout& layout, const TimelineSpan& span,
     if (now == Grip::scrub) return editor.playback.seek(time);
     if (now == Grip::pan) return;
     const auto* block = layout.hit(time, at.y, 3 / span.scale);
-    if (editor.tool() == EditingTool::blade && block && block->pick.kind == Pick::Kind::cut) {
+    if (editor.tool() == EditingTool::blade && cutWithBlade(block, time, span.scale, keys)) {
         now = Grip::none;
-        return CutCommands::blade(editor, TimelinePicks::snapped(editor, time, span.scale, {}, {}, keys));
+        return;
     }
     before = keys.shift || keys.command ? TimelinePicks::all(editor) : std::vector<Pick>();
     if (!block || !block->pickable) {
@@ -106,10 +127,29 @@ void TimelineDrag::press(const TimelineLayout& layout, const TimelineSpan& span,
         return editor.playback.seek(time);
     }
     held = *block;
-    if (isCaption(*block)) captionEdge.begin(*block, now == Grip::start);
+    if (now == Grip::roll) held = *beforeSeam(layout, time, seamReach / span.scale);
+    if (isCaption(*block))
+        caption.begin(*block, now == Grip::start ? CaptionDrag::CaptionGrip::start
+                              : now == Grip::end ? CaptionDrag::CaptionGrip::end
+                                                 : CaptionDrag::CaptionGrip::whole);
     const bool again = TimelinePicks::isPicked(editor, block->pick) && !keys.shift && !keys.command;
     if (!again) TimelinePicks::click(editor, block->pick, keys);
-    if (now != Grip::start && now != Grip::end) editor.playback.seek(time);
+    const bool edge = now == Grip::start || now == Grip::end || now == Grip::roll;
+    if (!edge) editor.playback.seek(time);
+}
+
+/// Shift cuts all that is picked there, or all that lies there. Whether there is anything for the blade.
+bool TimelineDrag::cutWithBlade(const TimelineBlock* block, double time, double scale,
+                                const Modifiers& keys) {
+    if (!keys.shift && (!block || !isCuttable(*block))) return false;
+    const double at = TimelinePicks::snapped(editor, time, scale, {}, {}, keys);
+    if (keys.shift)
+        BladeCommands::bladeAll(editor, at);
+    else if (block->pick.kind == Pick::Kind::cut)
+        CutCommands::blade(editor, at);
+    else
+        BladeCommands::blade(editor, {block->pick}, at);
+    return true;
 }
 
 double TimelineDrag::move(const TimelineLayout& layout, const TimelineSpan& span, Pointer at,
@@ -129,7 +169,10 @@ double TimelineDrag::move(const TimelineLayout& layout, const TimelineSpan& span
             dragBand(layout, time, at.y);
             break;
         case Grip::cut:
-            dragCut(layout, time);
+            dragCut(time);
+            break;
+        case Grip::roll:
+            dragSeam(time, span.scale, keys);
             break;
         case Grip::start:
         case Grip::end:
@@ -142,7 +185,10 @@ double TimelineDrag::move(const TimelineLayout& layout, const TimelineSpan& span
                 dragBlock(time, span.scale, keys);
             break;
         case Grip::block:
-            dragBlock(time, span.scale, keys);
+            if (isCaption(*held))
+                dragCaption(time, span.scale, keys);
+            else
+                dragBlock(time, span.scale, keys);
             break;
         default:
             break;
@@ -151,25 +197,39 @@ double TimelineDrag::move(const TimelineLayout& layout, const TimelineSpan& span
 }
 
 /// Where it would land is shown; the cut itself moves when it is let go.
-void TimelineDrag::dragCut(const TimelineLayout& layout, double time) {
+void TimelineDrag::dragCut(double time) {
     const auto* video = editor.video();
     if (!video) return;
     ghostBy = time - pressedTime;
-    dropPlace = VideoEdits::place(*video, time);
-    const auto edits = VideoEdits::edits(*video);
-    drop = *dropPlace < edits.size() ? edits[*dropPlace] : layout.length;
+    drop = PartedRow::Landing{held->pick.id, VideoEdits::place(*video, time)};
 }
 
-/// Edges of a cut go by the source's time; the cut stays in its place meanwhile.
+/// Edges of a cut go by the source's time; the cut stays in its place meanwhile. What is generated has no
+/// time of its own: at either end it gets longer or shorter.
 void TimelineDrag::dragEdge(double time, double scale, const Modifiers& keys) {
     const double by = time - pressedTime;
-    if (now == Grip::slip) return CutCommands::slip(editor, held->pick.id, held->at - by);
+    const bool generated = !held->source;
+    if (now == Grip::slip) {
+        if (!generated) CutCommands::slip(editor, held->pick.id, held->at - by);
+        return;
+    }
     const bool start = now == Grip::start;
+    if (start && generated)
+        return CutCommands::trim(editor, held->pick.id, false, held->at + held->length() - by);
     const double wanted = held->at + (start ? 0 : held->length()) + by;
     double to = wanted;
     if (held->source) to = TimelinePicks::snappedEdge(editor, wanted, *held->source, scale, keys);
     if (std::abs(to - wanted) > noTime) snap = time + to - wanted;
     CutCommands::trim(editor, held->pick.id, start, to);
+}
+
+/// The end of one cut and the start of the next go together.
+void TimelineDrag::dragSeam(double time, double scale, const Modifiers& keys) {
+    const double wanted = held->at + held->length() + time - pressedTime;
+    double to = wanted;
+    if (held->source) to = TimelinePicks::snappedEdge(editor, wanted, *held->source, scale, keys);
+    if (std::abs(to - wanted) > noTime) snap = time + to - wanted;
+    CutCommands::roll(editor, held->pick.id, to);
 }
 
 void TimelineDrag::dragBlock(double time, double scale, const Modifiers& keys) {
@@ -192,13 +252,21 @@ void TimelineDrag::dragBlock(double time, double scale, const Modifiers& keys) {
     if (const auto line = placing(*held, std::max(from, 0.0), length)) CommandRun::run(editor, *line);
 }
 
-/// The edge goes with the pointer from where it was taken.
+/// It goes with the pointer from where it was taken: an edge, or all of it.
 void TimelineDrag::dragCaption(double time, double scale, const Modifiers& keys) {
-    const double edge = now == Grip::start ? held->from : held->to;
-    const double wanted = edge + time - pressedTime;
-    const double to = TimelinePicks::snapped(editor, wanted, scale, {}, held->pick.id, keys);
+    const auto snapped = [&](double to) {
+        return TimelinePicks::snapped(editor, to, scale, {}, held->pick.id, keys);
+    };
+    const double by = time - pressedTime;
+    if (now == Grip::block) {
+        const double shift = Snapping::shift(held->from, held->to, by, snapped);
+        if (std::abs(shift - by) > noTime) snap = held->from + shift;
+        return caption.move(held->from + shift);
+    }
+    const double wanted = (now == Grip::start ? held->from : held->to) + by;
+    const double to = snapped(wanted);
     if (std::abs(to - wanted) > noTime) snap = to;
-    captionEdge.move(to);
+    caption.move(to);
 }
 
 void TimelineDrag::dragBand(const TimelineLayout& layout, double time, double y) {
@@ -240,29 +308,29 @@ std::optional<TimelineDrag::Ghost> TimelineDrag::ghost() const {
 void TimelineDrag::release() {
     const auto was = std::exchange(now, Grip::none);
     const auto block = std::exchange(held, std::nullopt);
-    const auto place = std::exchange(dropPlace, std::nullopt);
-    drop.reset();
+    const auto place = std::exchange(drop, std::nullopt);
     snap.reset();
     if (!block || !moved) return;
     if (was == Grip::cut && place)
-        return CutCommands::move(editor, block->pick.id, static_cast<std::int64_t>(*place));
-    if (isCaption(*block)) return captionEdge.end();
+        return CutCommands::move(editor, block->pick.id, static_cast<std::int64_t>(place->place));
+    if (isCaption(*block)) return caption.end();
     if (block->pick.kind != Pick::Kind::cut) {
         editor.closeDrag(stepName(*block, was));
         return;
     }
-    if (was == Grip::start || was == Grip::end || was == Grip::slip)
-        CutCommands::endTrim(editor, block->pick.id, was != Grip::end, was == Grip::slip ? "Slip" : "Trim");
+    const bool atEnd = was == Grip::end || was == Grip::roll || !block->source;
+    const auto* name = was == Grip::slip ? "Slip" : was == Grip::roll ? "Roll" : "Trim";
+    CutCommands::endTrim(editor, block->pick.id, !atEnd, name);
 }
 
 void TimelineDrag::cancel() {
     if (held && moved && now != Grip::cut && editor.unfinished()) {
         editor.setEdge(std::nullopt);
+        editor.setEdgeAfter(std::nullopt);
         editor.cancelDrag();
     }
     now = Grip::none;
     held.reset();
-    dropPlace.reset();
     drop.reset();
     snap.reset();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/desktop/timeline/CaptionDrag.h"
+#include "app/desktop/timeline/PartedRow.h"
 #include "app/desktop/timeline/TimelineLayout.h"
 #include "app/desktop/timeline/TimelineScene.h"
 #include "app/editor/commands/TimelinePicks.h"
@@ -17,7 +18,7 @@ class Editor;
 class TimelineDrag {
 public:
     /// What a press takes hold of.
-    enum class Grip { none, scrub, pan, start, end, slip, cut, block, band };
+    enum class Grip { none, scrub, pan, start, end, roll, slip, cut, block, band };
 
     /// Where the pointer is, in points from the top left of the rows.
     struct Pointer {
@@ -26,7 +27,7 @@ public:
     };
     using Modifiers = TimelinePicks::Modifiers;
 
-    explicit TimelineDrag(Editor& session) : editor(session), captionEdge(session) {}
+    explicit TimelineDrag(Editor& session) : editor(session), caption(session) {}
 
     /// What a press at a point would take hold of.
     Grip grip(const TimelineLayout& layout, const TimelineSpan& span, Pointer at) const;
@@ -40,8 +41,8 @@ public:
 
     bool active() const { return now != Grip::none; }
     Grip holding() const { return now; }
-    /// Where a cut that is dragged would land, in video seconds.
-    std::optional<double> dropLine() const { return drop; }
+    /// Where a cut that is dragged would land.
+    const std::optional<PartedRow::Landing>& landing() const { return drop; }
     /// Where what is dragged has caught.
     std::optional<double> snapLine() const { return snap; }
     /// The cut whose end or footage is dragged; null where none is.
@@ -63,14 +64,16 @@ public:
     std::optional<RubberBand> band() const;
 
 private:
-    void dragCut(const TimelineLayout& layout, double time);
+    void dragCut(double time);
+    bool cutWithBlade(const TimelineBlock* block, double time, double scale, const Modifiers& held);
     void dragEdge(double time, double scale, const Modifiers& held);
+    void dragSeam(double time, double scale, const Modifiers& held);
     void dragBlock(double time, double scale, const Modifiers& held);
     void dragCaption(double time, double scale, const Modifiers& held);
     void dragBand(const TimelineLayout& layout, double time, double y);
 
     Editor& editor;
-    CaptionDrag captionEdge;
+    CaptionDrag caption;
     Grip now = Grip::none;
     std::optional<TimelineBlock> held;
     Pointer pressed;
@@ -79,8 +82,7 @@ private:
     double ghostBy = 0; ///< seconds
     double bandBottom = 0;
     bool moved = false;
-    std::optional<std::size_t> dropPlace;
-    std::optional<double> drop;
+    std::optional<PartedRow::Landing> drop;
     std::optional<double> snap;
     std::vector<Pick> before; ///< picks, as a band began
 };

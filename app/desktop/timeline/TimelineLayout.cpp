@@ -1,12 +1,14 @@
 #include "app/desktop/timeline/TimelineLayout.h"
 
+#include "app/desktop/timeline/SpokenTimes.h"
 #include "core/ai/Said.h"
 #include "core/model/Lanes.h"
 #include "core/model/ShownMoments.h"
 #include "core/model/Times.h"
-#include "core/model/edits/ProjectOperations.h"
+#include "core/model/edits/LookEdits.h"
 #include "core/render/plan/CaptionCue.h"
 #include "core/render/plan/PlacedShot.h"
+#include "platform/base/Numbers.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,7 +19,7 @@ namespace {
 
 using Paint = TimelineBlock::Paint;
 
-constexpr double unknownSound = 1.2; ///< seconds that a sound without a length counts as
+constexpr std::string_view recorded = "rec:"; ///< before a stretch of the footage as a parameter
 
 const Look& lookOf(const Video& video) {
     static const Look none;
@@ -87,40 +89,28 @@ std::string name(const Shot& shot, const TimelineLayout::Input& given) {
     return shot.move ? text + ", " + *shot.move : text;
 }
 
-/// When somebody speaks, source by source.
-class SpokenStretches {
-public:
-    explicit SpokenStretches(const Project& given) : project(given) {}
-
-    /// Whether a cut there cuts somebody off.
-    bool holds(const UUID& source, double time) {
-        const auto& lines = of(source);
-        const auto after = std::ranges::upper_bound(lines, time - slack, {}, &Stretch::from);
-        // Lines follow one another; a few may overlap.
-        const auto first = after - std::min<std::ptrdiff_t>(after - lines.begin(), 4);
-        return std::any_of(first, after, [time](const Stretch& line) { return time < line.to - slack; });
-    }
-
-private:
-    static constexpr double slack = 0.08; ///< seconds: a cut that near to where a line ends cuts no word
-
-    const std::vector<Stretch>& of(const UUID& source) {
-        const auto [entry, fresh] = bySource.try_emplace(source);
-        if (fresh) {
-            for (const auto& line : project.transcript(source).lines)
-                if (!line.isGone()) entry->second.push_back({line.start, line.end});
-            std::ranges::sort(entry->second, {}, &Stretch::from);
-        }
-        return entry->second;
-    }
-
-    const Project& project;
-    std::map<UUID, std::vector<Stretch>> bySource;
-};
-
 /// Whether one cut goes on where the other ended, so that nothing is missed between them.
 bool goesOn(const Cut& before, const Cut& after) {
     return before.source == after.source && std::abs(before.end - after.start) < Times::samePlace;
+}
+
+/// What an overlay shows of a file or of the footage itself.
+void showPicture(TimelineBlock& block, const Overlay& overlay, const TimelineLayout::BookFacts& book,
+                 const TimelineLayout::Input& given) {
+    if (book.media.empty()) return;
+    auto named = book.usualMedia;
+    if (overlay.values)
+        if (const auto own = overlay.values->find(book.media); own != overlay.values->end())
+            named = own->second;
+    if (!named.starts_with(recorded)) {
+        block.file = given.file(named);
+        if (block.file && named != book.usualMedia) block.label = block.file->filename().string();
+        return;
+    }
+    if (const auto start = Numbers::parse(named.substr(recorded.size(), named.find('-') - recorded.size()))) {
+        block.source = overlay.source;
+        block.at = *start;
+    }
 }
 
 std::string name(const SoundCue& cue) {
@@ -152,13 +142,15 @@ void TimelineLayout::addShots(const Input& given) {
         block.to = placed.end;
         block.label = name(placed.shot, given);
         block.paint = paintOf(placed.shot.layout);
+        block.byBook = placed.shot.playbook.has_value();
         blocks.push_back(std::move(block));
     }
 }
 
 void TimelineLayout::addCuts(const Input& given) {
     double start = 0;
-    SpokenStretches spoken(given.project);
+    SpokenTimes own;
+    auto& spoken = given.spoken ? *given.spoken : own;
     const auto& cuts = given.video.cuts;
     for (std::size_t at = 0; at < cuts.size(); ++at) {
         const auto& cut = cuts[at];
@@ -175,15 +167,13 @@ void TimelineLayout::addCuts(const Input& given) {
             const auto* source = given.project.source(cut.source);
             block.sourceLength = source ? source->length : 0;
             block.startsInWord =
-                (at == 0 || !goesOn(cuts[at - 1], cut)) && spoken.holds(cut.source, cut.start);
-            block.endsInWord =
-                (at + 1 == cuts.size() || !goesOn(cut, cuts[at + 1])) && spoken.holds(cut.source, cut.end);
+                (at == 0 || !goesOn(cuts[at - 1], cut)) && spoken.holds(given.project, cut.source, cut.start);
+            block.endsInWord = (at + 1 == cuts.size() || !goesOn(cut, cuts[at + 1])) &&
+                               spoken.holds(given.project, cut.source, cut.end);
         }
-        // Where nothing was written down nobody knows who speaks.
-        const bool known = !given.project.transcript(cut.source).lines.empty();
-        if (given.look.quiet && known && !cut.generator)
+        if (given.look.quiet && !cut.generator)
             for (const auto& quiet :
-                 ProjectOperations::quiet(given.project, cut.source, {cut.start, cut.end}, given.quietLeast))
+                 spoken.quiet(given.project, cut.source, {cut.start, cut.end}, given.quietLeast))
                 block.quiet.push_back(
                     {block.from + quiet.from - cut.start, block.from + quiet.to - cut.start});
         if (cut.role && !cut.role->empty()) block.label += "  " + *cut.role;
@@ -192,8 +182,7 @@ void TimelineLayout::addCuts(const Input& given) {
 }
 
 void TimelineLayout::addCaptions(const Input& given) {
-    const auto& captions = lookOf(given.video).captions;
-    if (!captions.on) return;
+    const bool on = lookOf(given.video).captions.on; // else they lie there as if hidden, to be put back
     for (const auto& cue : CaptionCue::cues(given.video, given.project)) {
         TimelineBlock block;
         block.pick = {Pick::Kind::caption, cue.line, cue.piece};
@@ -201,7 +190,7 @@ void TimelineLayout::addCaptions(const Input& given) {
         block.from = cue.start;
         block.to = cue.end;
         block.label = cue.text;
-        block.paint = cue.hidden ? Paint::hiddenCaption : cue.big ? Paint::bigCaption : Paint::caption;
+        block.paint = cue.hidden || !on ? Paint::hiddenCaption : cue.big ? Paint::bigCaption : Paint::caption;
         blocks.push_back(std::move(block));
     }
 }
@@ -220,6 +209,7 @@ void TimelineLayout::addOverlays(const Input& given) {
         block.label = book ? book->name : overlay.playbook;
         block.paint = book && book->generator ? Paint::layer : Paint::overlay;
         block.missing = !book;
+        if (book && given.file) showPicture(block, overlay, *book, given);
         blocks.push_back(std::move(block));
     }
 }
@@ -230,8 +220,9 @@ void TimelineLayout::addSounds(const Input& given) {
         for (const auto& cue : cues) {
             const auto start = shown.on(cue.source, cue.at);
             if (!start) continue;
-            const auto unknown =
-                kind == Pick::Kind::sound ? *start + unknownSound : std::max(length, *start + unknownSound);
+            const auto unknown = kind == Pick::Kind::sound
+                                     ? *start + LookEdits::unknownSound
+                                     : std::max(length, *start + LookEdits::unknownSound);
             TimelineBlock block;
             block.pick = {kind, cue.id, {}};
             block.row = row;
@@ -240,6 +231,8 @@ void TimelineLayout::addSounds(const Input& given) {
             block.label = name(cue);
             block.paint = paint;
             block.muted = cue.muted.value_or(false);
+            block.at = cue.skip.value_or(0);
+            if (given.file) block.file = given.file(cue.file);
             blocks.push_back(std::move(block));
         }
     };

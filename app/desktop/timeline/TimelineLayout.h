@@ -4,6 +4,7 @@
 #include "app/desktop/timeline/TimelineLook.h"
 #include "core/model/Project.h"
 
+#include <filesystem>
 #include <functional>
 #include <set>
 #include <string>
@@ -12,6 +13,7 @@
 namespace murbo {
 
 class Said;
+class SpokenTimes;
 
 /// Where everything of a video lies on the timeline: rows from top to bottom, blocks along the time. A plain
 /// value made from the project; it knows no zoom and no window. Heights in points.
@@ -31,6 +33,8 @@ struct TimelineLayout {
     struct BookFacts {
         std::string name;
         bool generator = false;
+        std::string media = {};      ///< the parameter that is a picture or video; empty without one
+        std::string usualMedia = {}; ///< what that is by itself
     };
 
     /// What a layout is made from. All of it must outlive the call only.
@@ -42,6 +46,9 @@ struct TimelineLayout {
         std::function<std::optional<BookFacts>(const std::string& id, std::int64_t version)> book;
         TimelineLook look;
         double quietLeast = 2;
+        /// The file that a name in the look stands for.
+        std::function<std::optional<std::filesystem::path>(const std::string& name)> file = {};
+        SpokenTimes* spoken = nullptr; ///< what is known of it from before
     };
 
     static constexpr double rulerHeight = 22;

@@ -23,6 +23,20 @@ constexpr double rulerLeast = 64;  ///< points between times
 constexpr double dash = 4;
 constexpr double dashedFrom = 14; ///< points of a quiet stretch whose sides are drawn
 constexpr double tickHeight = 9;
+constexpr double icon = 12;
+constexpr double besideSign = 40; ///< points that words beside one need
+constexpr float behindWords = 0.3F;
+
+/// The same block beside its place.
+TimelineBlock moved(TimelineBlock block, double by) {
+    block.from += by;
+    block.to += by;
+    for (auto& quiet : block.quiet) {
+        quiet.from += by;
+        quiet.to += by;
+    }
+    return block;
+}
 
 /// Draws one block after the other.
 class Blocks {
@@ -36,8 +50,12 @@ public:
         list.fill(place, paint.fill);
         if (block.row == TimelineRow::picture)
             drawCut(block, place, paint);
-        else
-            label(block, place, paint);
+        else {
+            if (block.row == TimelineRow::sounds || block.row == TimelineRow::music)
+                drawFileWave(block, place, paint);
+            const auto rest = drawSign(block, place, paint);
+            if (rest == place || rest.width() >= besideSign) label(block, rest, paint);
+        }
         list.fill({place.left(), place.top(), place.width(), 1}, paint.edge);
         // The pieces of one line stand on one line.
         if (block.row == TimelineRow::captions && block.pick.piece)
@@ -45,6 +63,19 @@ public:
         if (block.missing) list.frame(place, 1, colours.notice);
         if (picked) list.frame(place, pickedFrame, colours.picked);
         if (main) list.fill({place.left() + 4, place.top() + 4, 4, 4}, colours.picked);
+    }
+
+    /// The place that is kept free for a cut that is carried.
+    void drawRoom(const Stretch& room) {
+        const auto* row = layout.track(TimelineRow::picture);
+        if (!row) return;
+        auto faint = colours.picked;
+        faint.setAlphaF(0.1F);
+        auto edge = colours.picked;
+        edge.setAlphaF(0.6F);
+        const QRectF place(span.x(room.from), row->top, room.length() * span.scale - 1, row->height);
+        list.fill(place, faint);
+        list.frame(place, 1, edge);
     }
 
     DrawList list;
@@ -55,6 +86,63 @@ private:
         const double left = span.x(block.from);
         const double width = std::max(block.length() * span.scale - 1, 1.0);
         return {left, layout.top(block), width, layout.blockHeight(block)};
+    }
+
+    /// What tells a block at its left beside its words. What is left of its place then.
+    QRectF drawSign(const TimelineBlock& block, const QRectF& place,
+                    const TimelineColours::BlockColours& paint) {
+        const bool overlay = block.pick.kind == Pick::Kind::overlay;
+        if (overlay && (block.file || block.source)) return drawThumbnail(block, place);
+        return block.row == TimelineRow::shots ? drawIcon(block, place, paint) : place;
+    }
+
+    /// Where a sign of that size stands, at the left of what is seen of a block; nothing without room for it.
+    static std::optional<QRectF> signPlace(const QRectF& place, const QSizeF& size, double padding) {
+        const QRectF there({std::max(place.left(), 0.0) + padding, place.center().y() - size.height() / 2},
+                           size);
+        return place.right() - there.right() < padding ? std::nullopt : std::optional(there);
+    }
+
+    static QRectF rightOf(QRectF place, const QRectF& sign) {
+        place.setLeft(sign.right());
+        return place;
+    }
+
+    QRectF drawIcon(const TimelineBlock& block, const QRectF& place,
+                    const TimelineColours::BlockColours& paint) {
+        const auto there = signPlace(place, {icon, icon}, labelPadding);
+        if (!there) return place;
+        const auto* name = block.paint == Paint::split  ? "rows-2"
+                           : block.paint == Paint::face ? "user-round"
+                                                        : "gamepad-2";
+        list.items.emplace_back(
+            DrawList::Symbol{*there, block.byBook ? "layout-template" : name, paint.label});
+        return rightOf(place, *there);
+    }
+
+    /// The picture that an overlay shows.
+    QRectF drawThumbnail(const TimelineBlock& block, const QRectF& place) {
+        const double height = place.height() - 3;
+        const double width = std::round(height * ratio);
+        const auto there = signPlace(place, {width, height}, 1);
+        if (!there) return place;
+        if (block.file)
+            list.items.emplace_back(DrawList::FilePicture{*there, *block.file});
+        else
+            list.items.emplace_back(
+                DrawList::Still{*there, *block.source, static_cast<int>(block.at), width, 0});
+        return rightOf(place, *there);
+    }
+
+    /// Beneath the name, so faint that this can be read.
+    void drawFileWave(const TimelineBlock& block, const QRectF& place,
+                      const TimelineColours::BlockColours& paint) {
+        if (!block.file) return;
+        auto faint = paint.edge;
+        faint.setAlphaF(behindWords);
+        drawTiles(block, place.adjusted(0, 2, 0, -1), [&](const QRectF& tile, double from, double to) {
+            list.items.emplace_back(DrawList::Wave{tile, {}, from, to, faint, *block.file});
+        });
     }
 
     void label(const TimelineBlock& block, const QRectF& place, const TimelineColours::BlockColours& paint) {
@@ -122,6 +210,14 @@ private:
     }
 
     void drawWave(const TimelineBlock& block, const QRectF& wave, const QColor& colour) {
+        drawTiles(block, wave, [&](const QRectF& tile, double from, double to) {
+            list.items.emplace_back(DrawList::Wave{tile, *block.source, from, to, colour});
+        });
+    }
+
+    /// Calls for each tile of a wave that can be seen, with the seconds that it shows.
+    template <class Draw>
+    void drawTiles(const TimelineBlock& block, const QRectF& wave, Draw draw) {
         if (wave.height() < 2) return;
         const double seconds = waveTile / span.scale;
         for (double from = 0; from < block.length(); from += seconds) {
@@ -129,8 +225,7 @@ private:
             const QRectF tile(wave.left() + from * span.scale, wave.top(), (to - from) * span.scale,
                               wave.height());
             if (tile.right() < 0 || tile.left() > span.width || tile.left() >= wave.right()) continue;
-            list.items.emplace_back(
-                DrawList::Wave{tile, *block.source, block.at + from, block.at + to, colour});
+            draw(tile, block.at + from, block.at + to);
         }
     }
 
@@ -142,14 +237,21 @@ private:
 }
 
 DrawList rows(const TimelineLayout& layout, const TimelineSpan& span, const std::vector<Pick>& picks,
-              const TimelineColours& colours) {
+              const TimelineColours& colours, const Parted& parted) {
     Blocks blocks(layout, span, colours);
     for (const auto& track : layout.tracks)
         blocks.list.fill({0, track.top, span.width, track.height}, colours.row);
-    for (const auto& block : layout.blocks) {
-        if (block.to <= span.from || block.from >= span.to()) continue;
+    if (parted.room) blocks.drawRoom(*parted.room);
+    const auto draw = [&](const TimelineBlock& block) {
+        if (block.to <= span.from || block.from >= span.to()) return;
         const bool picked = block.pickable && std::ranges::find(picks, block.pick) != picks.end();
         blocks.draw(block, picked, picked && picks.size() > 1 && picks.back() == block.pick);
+    };
+    for (const auto& block : layout.blocks) {
+        if (block.pick.kind == Pick::Kind::cut && block.pick.id == parted.carried) continue;
+        const auto aside =
+            block.pick.kind == Pick::Kind::cut ? parted.aside.find(block.pick.id) : parted.aside.end();
+        draw(aside == parted.aside.end() ? block : moved(block, aside->second));
     }
     return std::move(blocks.list);
 }

@@ -4,6 +4,8 @@
 #include "app/desktop/timeline/TimelineColours.h"
 #include "app/desktop/timeline/TimelineLayout.h"
 
+#include <map>
+#include <optional>
 #include <vector>
 
 namespace murbo {
@@ -23,9 +25,16 @@ struct TimelineSpan {
 /// Turns what lies on a timeline into what is drawn. Pure: the same picture for the same arguments.
 namespace TimelineScene {
 
+/// Cuts that make room for one that is carried.
+struct Parted {
+    std::map<UUID, double> aside; ///< by how many seconds they stand beside their places
+    std::optional<UUID> carried;  ///< is not drawn: it goes with the hand
+    std::optional<Stretch> room;  ///< where it would land, in video seconds
+};
+
 /// What is on the rows.
 DrawList rows(const TimelineLayout& layout, const TimelineSpan& span, const std::vector<Pick>& picks,
-              const TimelineColours& colours);
+              const TimelineColours& colours, const Parted& parted = {});
 
 /// The footage that a cut leaves unused at either side, while its end is dragged.
 DrawList freeFootage(const TimelineLayout& layout, const TimelineSpan& span, const TimelineBlock& cut,

@@ -4,6 +4,7 @@
 #include "app/desktop/timeline/TimelineDrag.h"
 #include "app/editor/Editor.h"
 
+#include <QElapsedTimer>
 #include <QTimer>
 #include <QVariantList>
 #include <memory>
@@ -11,6 +12,7 @@
 namespace murbo {
 
 class SaidCache;
+class SpokenTimes;
 
 /// The timeline of the open video: its rows with their blocks, the ruler above them. What moves with every
 /// frame, as the playhead, lies above it as items of its own.
@@ -140,6 +142,8 @@ private:
     void dragTo(const QPointF& position, Qt::KeyboardModifiers held);
     void letAltGo(const QKeyEvent& event, bool held);
     void runAlong();
+    void part();
+    TimelineScene::Parted partedNow() const;
     double momentAt(double x) const { return std::max(span.time(x), 0.0); }
     std::optional<TimelineRow> rowAt(double y) const { return layout.rowAt(y + above); }
     void bringUp(const TimelineBlock& block);
@@ -151,9 +155,14 @@ private:
     TimelineSpan span;
     double above = 0;
     bool fitted = false; ///< to the open video
+    bool fits = false;   ///< all of it is in view, and nobody has zoomed since
     std::unique_ptr<SaidCache> said;
     std::unique_ptr<TimelineDrag> drag;
     QPointer<QObject> look;
+    std::unique_ptr<SpokenTimes> spoken;
+    PartedRow parted;
+    QElapsedTimer clock;
+    QTimer parting;       ///< while cuts slide aside
     QTimer running;       ///< while the timeline runs along under a drag
     QPointF dragPosition; ///< where the hand was last
     Qt::KeyboardModifiers dragKeys;

@@ -67,8 +67,8 @@ void TimelineView::dragTo(const QPointF& position, Qt::KeyboardModifiers held) {
     dragPosition = position;
     dragKeys = held;
     scrollBy(drag->move(layout, span, point(position), modifiers(held)));
+    part();
     emit dragChanged();
-    update();
 }
 
 /// Near a side the timeline goes on under a hand that holds still.
@@ -82,6 +82,7 @@ void TimelineView::runAlong() {
 void TimelineView::mouseReleaseEvent(QMouseEvent*) {
     running.stop();
     if (!drag) return;
+    if (drag->landing()) parted.settle(); // the project has them there
     drag->release();
     emit dragChanged();
     update();
@@ -113,8 +114,8 @@ bool TimelineView::cancelDrag() {
     running.stop();
     if (!drag || !drag->active()) return false;
     drag->cancel();
+    part();
     emit dragChanged();
-    update();
     return true;
 }
 
@@ -158,7 +159,9 @@ void TimelineView::hoverLeaveEvent(QHoverEvent*) {
 void TimelineView::showCursor(const QPointF& position) {
     using Grip = TimelineDrag::Grip;
     const auto grip = drag ? drag->grip(layout, span, point(position)) : Grip::none;
-    if (grip == Grip::start || grip == Grip::end)
+    if (grip == Grip::roll)
+        setCursor(Qt::SplitHCursor);
+    else if (grip == Grip::start || grip == Grip::end)
         setCursor(Qt::SizeHorCursor);
     else if (grip == Grip::pan)
         setCursor(Qt::OpenHandCursor);
@@ -176,19 +179,23 @@ void TimelineView::showHint(const QPointF& position) {
     const auto at = point(position);
     const double time = span.time(at.x);
     const auto* block = session && at.y > TimelineLayout::rulerHeight ? layout.hit(time, at.y) : nullptr;
-    if (block && block->pick.kind == Pick::Kind::cut) {
-        if (session->tool() == EditingTool::blade) {
-            const double cut = TimelinePicks::snapped(*session, time, span.scale, {}, {},
-                                                      modifiers(QGuiApplication::keyboardModifiers()));
-            blade = span.x(cut);
-            hintWords = QString::fromStdString(Timecode::fine(block->at + cut - block->from));
-        } else {
-            for (const auto& quiet : block->quiet)
-                if (quiet.from <= time && time < quiet.to)
-                    hintWords = QString("quiet, %1 s").arg(quiet.length(), 0, 'f', 1);
-        }
-        hintPlace = {blade >= 0 ? blade : position.x(), layout.top(*block) - above};
+    const auto kind = block ? block->pick.kind : Pick::Kind::caption;
+    const auto held = modifiers(QGuiApplication::keyboardModifiers());
+    const bool cuttable = kind == Pick::Kind::cut || kind == Pick::Kind::overlay ||
+                          kind == Pick::Kind::sound || kind == Pick::Kind::music;
+    if (session && session->tool() == EditingTool::blade &&
+        (cuttable || (held.shift && time < layout.length))) {
+        const double cut = TimelinePicks::snapped(*session, time, span.scale, {}, {}, held);
+        blade = span.x(cut);
+        const auto at = kind == Pick::Kind::cut && block->source ? block->at + cut - block->from : cut;
+        hintWords = QString::fromStdString(Timecode::fine(at));
+    } else if (kind == Pick::Kind::cut) {
+        for (const auto& quiet : block->quiet)
+            if (quiet.from <= time && time < quiet.to)
+                hintWords = QString("quiet, %1 s").arg(quiet.length(), 0, 'f', 1);
     }
+    hintPlace = {blade >= 0 ? blade : position.x(),
+                 block ? layout.top(*block) - above : double(TimelineLayout::rulerHeight)};
     if (before != std::tuple(blade, hintWords) || !hintWords.isEmpty()) emit hintChanged();
 }
 
