@@ -40,6 +40,8 @@ namespace {
 
 constexpr const char* folderKey = "newProjectFolder";
 constexpr const char* startView = "qrc:/murbo/qml/StartWindow.qml";
+constexpr const char* letterShapes = "FREETYPE_PROPERTIES";
+constexpr const char* noDarkening = "cff:darkening-parameters=500,0,1000,0,2500,0,4000,0";
 
 }
 
@@ -70,6 +72,9 @@ void Desktop::registerTypes() {
 }
 
 void Desktop::setUp() {
+    // Qt has letters of OpenType faces drawn bolder, for blending that its renderer does not do: Japanese and
+    // Korean stood out as if set bold. It leaves by how much to this.
+    if (!qEnvironmentVariableIsSet(letterShapes)) qputenv(letterShapes, noDarkening);
     QQuickStyle::setStyle("Basic");
     // Other scripts in their own plain faces rather than in whichever the system finds first.
     QFont::insertSubstitutions("Noto Sans", {"Noto Color Emoji", "Noto Sans Thai", "Noto Sans CJK JP"});

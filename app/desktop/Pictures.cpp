@@ -6,6 +6,7 @@
 #include "platform/base/Problem.h"
 #include "platform/base/RawText.h"
 
+#include <QCursor>
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QQuickWindow>
@@ -92,6 +93,7 @@ std::optional<WindowPicture> asked(const Arguments& arguments) {
 
 void take(const WindowPicture& order, const std::vector<std::filesystem::path>& projects) {
     std::filesystem::create_directories(order.folder);
+    QCursor::setPos(-100, -100); // or whatever stands in the corner shows what a pointer there has it show
     Desktop desktop({});
     QQuickWindow* window = nullptr;
     ProjectWindow* opened = nullptr;

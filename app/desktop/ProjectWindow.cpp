@@ -53,6 +53,7 @@ ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_p
     context->setContextProperty("heldFootage", &heldFootage);
     context->setContextProperty("timelineAppearance", &timelineAppearance);
     context->setContextProperty("splitters", &splitters);
+    context->setContextProperty("eyedropper", &eyedropper);
     context->setContextProperty("viewerAids", &viewerAids);
     context->setContextProperty("previewVolume", &PreviewVolume::standard());
     context->setContextProperty("planner", this);
@@ -116,9 +117,12 @@ void ProjectWindow::takeFootage(const QStringList& given) {
     open.setSheet(stream ? "addStream" : "addFiles");
 }
 
-QVariantMap ProjectWindow::plan(double width, double height, bool upright, bool wantsTall, bool inspector,
-                                double timeline) const {
-    const auto plan = WindowPlan::of({width, height, upright, wantsTall, inspector, timeline});
+QVariantMap ProjectWindow::plan(double width, double height, bool upright, bool wantsTall,
+                                bool inspector) const {
+    const auto given = [&](const char* region) { return splitters.size(region, width); };
+    const auto plan =
+        WindowPlan::of({width, height, upright, wantsTall, inspector, given("timeline"), given("sidebar"),
+                        given("browser"), given("source"), given("tall"), given("inspector")});
     return {{"compact", plan.compact}, {"tabs", plan.tabs},         {"tall", plan.tall},
             {"sidebar", plan.sidebar}, {"browser", plan.browser},   {"source", plan.source},
             {"video", plan.video},     {"timeline", plan.timeline}, {"inspector", plan.inspector}};

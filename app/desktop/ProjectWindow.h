@@ -19,6 +19,7 @@
 #include "app/desktop/settings/SettingsSheet.h"
 #include "app/desktop/timeline/TimelineAppearance.h"
 #include "app/desktop/transcript/TranscriptPage.h"
+#include "app/desktop/viewer/Eyedropper.h"
 #include "app/desktop/viewer/HeldFootage.h"
 #include "app/desktop/viewer/ViewerAids.h"
 
@@ -53,8 +54,8 @@ public:
     Q_INVOKABLE void takeFootage(const QStringList& paths);
 
     /// Where the regions lie in a window of that size.
-    Q_INVOKABLE QVariantMap plan(double width, double height, bool upright, bool wantsTall, bool inspector,
-                                 double timeline) const;
+    Q_INVOKABLE QVariantMap plan(double width, double height, bool upright, bool wantsTall,
+                                 bool inspector) const;
 
 signals:
     void closed();
@@ -82,6 +83,7 @@ private:
     ViewerAids viewerAids;
     TimelineAppearance timelineAppearance;
     SplitterSizes splitters;
+    Eyedropper eyedropper;
     Announcer announcer;
     std::unique_ptr<QQmlContext> context;
     std::unique_ptr<QQuickWindow> view;

@@ -24,10 +24,18 @@ std::string SplitterSizes::key(const QString& region, double width) {
 }
 
 double SplitterSizes::size(const QString& region, double width) const {
+    if (const auto now = held.find(key(region, width)); now != held.end()) return now->second;
     return std::clamp(SettingsStore::standard().number(key(region, width)).value_or(0), 0.0, maxSize);
 }
 
+void SplitterSizes::hold(const QString& region, double width, double size) {
+    held[key(region, width)] = std::clamp(size, 1.0, maxSize);
+    ++turns;
+    emit changed();
+}
+
 void SplitterSizes::set(const QString& region, double width, double size) {
+    held.erase(key(region, width));
     try {
         if (size > 0)
             SettingsStore::standard().set(key(region, width), std::min(size, maxSize));

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QObject>
+#include <map>
+#include <string>
 
 namespace murbo {
 
@@ -17,6 +19,8 @@ public:
 
     /// Points; 0 where the region has its standard size.
     Q_INVOKABLE double size(const QString& region, double windowWidth) const;
+    /// While it is dragged: shown, and not remembered yet.
+    Q_INVOKABLE void hold(const QString& region, double windowWidth, double size);
     /// 0 puts the standard back.
     Q_INVOKABLE void set(const QString& region, double windowWidth, double size);
 
@@ -29,6 +33,7 @@ signals:
 private:
     static std::string key(const QString& region, double windowWidth);
 
+    std::map<std::string, double> held;
     int turns = 0;
 };
 

@@ -10,6 +10,10 @@ constexpr double tallFrom = 1700;
 constexpr double largeFrom = 2300;
 constexpr double minTimeline = 160;
 constexpr double minViewers = 220;
+constexpr double minViewer = 260; ///< wide
+constexpr double minSidebar = 140;
+constexpr double minBrowser = 180;
+constexpr double minInspector = 260;
 
 struct Widths {
     double sidebar;
@@ -25,24 +29,41 @@ Widths widths(double width) {
     return {46, 250, 316, 0, 338};
 }
 
+/// What the owner gave, or the standard; but no less than is of use, and no more than leaves `others` their
+/// room.
+double chosen(double given, double standard, double min, double left, double others) {
+    return std::clamp(given > 0 ? given : standard, min, std::max(left - others, min));
+}
+
 }
 
 WindowPlan WindowPlan::of(const WindowShape& given) {
     WindowPlan plan;
-    const auto wide = widths(given.width);
+    auto wide = widths(given.width);
     plan.compact = plan.tabs = given.width < sideBySide;
     plan.tall = given.upright && given.wantsTall && given.width >= tallFrom;
     const double height = given.height - bar - line;
     const double top = bar + line;
     double right = given.width;
+    // From the outside inwards: each leaves the others at least their least.
+    const double viewers = plan.tabs ? minViewer : 2 * minViewer;
+    const double sidebar = plan.compact ? wide.sidebar : minSidebar;
     if (given.inspector) {
-        plan.inspector = {right - wide.inspector, top, wide.inspector, height};
-        right -= wide.inspector + line;
+        const double width =
+            chosen(given.inspectorWidth, wide.inspector, minInspector, right, viewers + sidebar + minBrowser);
+        plan.inspector = {right - width, top, width, height};
+        right -= width + line;
     }
     if (plan.tall) {
-        plan.video = {right - wide.tall, top, wide.tall, height};
-        right -= wide.tall + line;
+        const double width =
+            chosen(given.tall, wide.tall, minViewer, right, minViewer + sidebar + minBrowser + line);
+        plan.video = {right - width, top, width, height};
+        right -= width + line;
     }
+    const double beside = plan.tall || plan.tabs ? minViewer : 2 * minViewer;
+    if (!plan.compact)
+        wide.sidebar = chosen(given.sidebar, wide.sidebar, minSidebar, right, beside + minBrowser + 2 * line);
+    wide.browser = chosen(given.browser, wide.browser, minBrowser, right - wide.sidebar, beside + 3 * line);
     const double wanted = given.timeline > 0 ? given.timeline : wide.timeline;
     const double low = std::clamp(wanted, minTimeline, std::max(height - minViewers, minTimeline));
     plan.timeline = {0, given.height - low, right, low};
@@ -56,9 +77,10 @@ WindowPlan WindowPlan::of(const WindowShape& given) {
         plan.video = plan.source;
         return plan;
     }
-    const double half = (right - left - line) / 2;
-    plan.source.setWidth(half);
-    plan.video = {left + half + line, top, half, high};
+    const double both = right - left - line;
+    const double first = chosen(given.source, both / 2, minViewer, both, minViewer);
+    plan.source.setWidth(first);
+    plan.video = {left + first + line, top, both - first, high};
     return plan;
 }
 

@@ -13,7 +13,13 @@ struct WindowPlan {
         bool upright = true;   ///< the open video is higher than wide
         bool wantsTall = true; ///< an upright video may take the window's height
         bool inspector = true;
-        double timeline = 0; ///< the height that the owner gave it; 0 for the standard
+        // What the owner gave the regions, a height and then widths; 0 for the standard.
+        double timeline = 0;
+        double sidebar = 0;
+        double browser = 0;
+        double source = 0; ///< beside the video's viewer
+        double tall = 0;
+        double inspectorWidth = 0;
     };
 
     static constexpr double bar = 40;

@@ -127,3 +127,33 @@ TEST(HandlesView, arrowsNudgeAndADoublePressEditsTheText) {
     shown.key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(shown.editor().project(), shown.before);
 }
+
+TEST(HandlesView, aClickOnThePicturePicksWhatIsOnTopThere) {
+    MURBO_NEEDS_FFMPEG();
+    OverlaidWindow shown;
+    ASSERT_TRUE(shown.handles() && shown.handles()->shown());
+    const auto on = shown.point(0, 0);
+    const auto first = shown.overlay().id;
+    const auto click = [&](const QPoint& at, Qt::KeyboardModifiers held = {}) {
+        QTest::mouseClick(&shown.window(), Qt::LeftButton, held, at);
+        shown.settle(200);
+    };
+    const auto picked = [&] { return shown.editor().picked() ? shown.editor().picked()->id : UUID{}; };
+    click(shown.handles()->mapToScene({4, 4}).toPoint());
+    EXPECT_FALSE(shown.editor().picked()) << "beside it its handles go";
+    click(on);
+    EXPECT_EQ(picked(), first);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.handles()->shown(); }, 5000));
+
+    OverlayCommands::addOverlay(shown.editor(), *Playbooks::find("stock.label"), 0);
+    const auto second = shown.editor().picked()->id;
+    shown.settle();
+    TimelinePicks::set(shown.editor(), {});
+    click(on);
+    EXPECT_EQ(picked(), second) << "the one that lies over the other";
+    const auto before = shown.editor().project();
+    shown.editor().playback.seek(3.9);
+    click(on);
+    EXPECT_EQ(shown.editor().project(), before) << "a click changes nothing";
+    EXPECT_EQ(Complaints::list(), "");
+}

@@ -29,8 +29,8 @@ TEST(HeldFootage, saysWhatCanBeShown) {
     EXPECT_EQ(held.state(), "missing");
     EXPECT_TRUE(held.path().endsWith("bars.mp4"));
     shown.editor().setMissing({});
-    shown.editor().say(shown.editor().project().sources[0].name() + " could not be played. Words.");
-    EXPECT_EQ(held.state(), "ready") << "words about what does play are old";
+    emit shown.editor().sourceFailed(UUID::make(), "Words.");
+    EXPECT_EQ(held.state(), "ready") << "words about something else";
 }
 
 TEST(HeldFootage, theEdgeOfATrimStandsStillWhileTheSourcePlayerStays) {
@@ -47,10 +47,10 @@ TEST(HeldFootage, theEdgeOfATrimStandsStillWhileTheSourcePlayerStays) {
     const auto cut = editor.video()->cuts[0].id;
     CutCommands::trim(editor, cut, true, 1);
     EXPECT_TRUE(held.showsEdge());
-    EXPECT_EQ(held.edgeAt(), 1);
-    EXPECT_TRUE(waitFor([&] { return held.edgePlayer()->isLoaded(); }));
+    EXPECT_EQ(held.edge()->at(), 1);
+    EXPECT_TRUE(waitFor([&] { return held.edge()->player()->isLoaded(); }));
     CutCommands::trim(editor, cut, true, 1.5);
-    EXPECT_NEAR(held.edgePlayer()->time(), 1.5, 1e-6);
+    EXPECT_NEAR(held.edge()->player()->time(), 1.5, 1e-6);
     EXPECT_EQ(editor.source.time(), stood);
     EXPECT_EQ(editor.source.source(), editor.project().clips[1].source);
     CutCommands::endTrim(editor, cut, true, "Trim");

@@ -1,6 +1,11 @@
 #include "app/desktop/drawn/Painted.h"
 #include "core/intake/samples/Loudness.h"
 
+#include <QFontInfo>
+#include <QPainter>
+#include <QPainterPath>
+#include <functional>
+
 #include <gtest/gtest.h>
 
 using namespace murbo;
@@ -27,4 +32,38 @@ TEST(Painted, aWaveIsAsHighAsItIsLoud) {
     };
     EXPECT_EQ(filled(20), 40);
     EXPECT_EQ(filled(180), 1) << "silence is a line";
+}
+
+TEST(Painted, lettersOfOtherScriptsAreNoBolderThanTheirOutlines) {
+    QFont face("Noto Sans CJK JP");
+    face.setPixelSize(14);
+    if (QFontInfo(face).family() != face.family()) GTEST_SKIP() << "the face is not installed";
+    const auto ink = [](const std::function<void(QPainter&)>& draw) {
+        QImage page(200, 30, QImage::Format_Grayscale8);
+        page.fill(Qt::black);
+        QPainter painter(&page);
+        painter.setRenderHint(QPainter::Antialiasing);
+        draw(painter);
+        painter.end();
+        double sum = 0;
+        for (int y = 0; y < page.height(); ++y)
+            for (int x = 0; x < page.width(); ++x) sum += page.scanLine(y)[x];
+        return sum;
+    };
+    const auto words = QString::fromUtf8("日本語の字幕");
+    const double drawn = ink([&](QPainter& painter) {
+        painter.setFont(face);
+        painter.setPen(Qt::white);
+        painter.drawText(QPointF(4, 20), words);
+    });
+    const double outlined = ink([&](QPainter& painter) {
+        QPainterPath path;
+        auto large = face; // an outline so large is drawn as the face has it
+        large.setPixelSize(280);
+        path.addText(0, 0, large, words);
+        painter.translate(4, 20);
+        painter.scale(0.05, 0.05);
+        painter.fillPath(path, Qt::white);
+    });
+    EXPECT_LT(drawn / outlined, 1.35) << "smoothed for reading, not set bold";
 }

@@ -2,6 +2,8 @@
 #include "app/desktop/timeline/TimelineView.h"
 #include "tests/desktop/WindowOfProject.h"
 
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 using namespace murbo;
@@ -34,5 +36,42 @@ TEST(SplitterSizes, theTimelinesSplitterIsDraggedAndPutBackByADoubleClick) {
     EXPECT_NEAR(timeline->height(), before - 60, 6);
     QTest::mouseDClick(&shown.window(), Qt::LeftButton, {}, {400, line + 60});
     EXPECT_NEAR(timeline->height(), before, 1);
+    EXPECT_EQ(Complaints::list(), "");
+}
+
+TEST(SplitterSizes, theLinesBetweenRegionsAreDraggedMovedByKeysAndRemembered) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfProject shown;
+    ASSERT_TRUE(shown.opened);
+    shown.window().resize(1920, 1080);
+    shown.settle();
+    const auto size = [&](const char* region) { return SplitterSizes().size(region, 1920); };
+    const auto pull = [&](const QPoint& from, const QPoint& by) {
+        QTest::mousePress(&shown.window(), Qt::LeftButton, {}, from);
+        for (int part = 1; part <= 3; ++part) QTest::mouseMove(&shown.window(), from + by * part / 3);
+        QTest::mouseRelease(&shown.window(), Qt::LeftButton, {}, from + by);
+    };
+    pull({196, 300}, {40, 0});
+    EXPECT_NEAR(size("sidebar"), 236, 2);
+    pull({236 + 305, 300}, {-60, 0});
+    EXPECT_NEAR(size("browser"), 244, 3);
+    pull({1920 - 340, 300}, {-100, 0});
+    EXPECT_NEAR(size("inspector"), 440, 2);
+    pull({1920 - 440, 300}, {9000, 0});
+    EXPECT_GE(size("inspector"), 200) << "never closed by a pull";
+
+    const auto lines = shown.window().findChildren<QQuickItem*>();
+    const auto inspector = std::ranges::find_if(
+        lines, [](auto* item) { return item->property("region").toString() == "inspector"; });
+    ASSERT_NE(inspector, lines.end());
+    (*inspector)->forceActiveFocus(Qt::TabFocusReason);
+    const double time = shown.editor().playback.time();
+    const double before = size("inspector");
+    shown.key(Qt::Key_Left);
+    shown.key(Qt::Key_Left, Qt::ShiftModifier);
+    EXPECT_NEAR(size("inspector"), before + 40, 1);
+    EXPECT_EQ(shown.editor().playback.time(), time) << "the arrows are the line's";
+    shown.key(Qt::Key_Return);
+    EXPECT_EQ(size("inspector"), 0) << "the standard again";
     EXPECT_EQ(Complaints::list(), "");
 }

@@ -22,8 +22,10 @@ TEST(WindowPlan, regionsLieInTheWindowAndNoneCoversAnother) {
         for (const double height : {640.0, 800.0, 1080.0, 1440.0})
             for (const int choices : {0, 1, 2, 3, 4, 5, 6, 7})
                 for (const double timeline : {0.0, 10.0, 500.0, 99999.0}) {
-                    const auto plan = WindowPlan::of(
-                        {width, height, bool(choices & 1), bool(choices & 2), bool(choices & 4), timeline});
+                    const double wide = timeline; // the same extremes for the widths
+                    const auto plan =
+                        WindowPlan::of({width, height, bool(choices & 1), bool(choices & 2),
+                                        bool(choices & 4), timeline, wide, wide, wide, wide, wide});
                     const auto list = regions(plan);
                     for (std::size_t one = 0; one < list.size(); ++one) {
                         EXPECT_TRUE(

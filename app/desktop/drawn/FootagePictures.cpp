@@ -12,7 +12,7 @@
 namespace murbo {
 namespace {
 
-constexpr std::size_t mostFiles = 200;
+constexpr std::size_t maxFiles = 200;
 constexpr double widest = 320;
 constexpr double pixels = widest * 240;
 
@@ -69,7 +69,7 @@ std::optional<Bitmap> FootagePictures::still(const UUID& source, int second) {
 std::optional<Bitmap> FootagePictures::ofFile(const std::filesystem::path& file) {
     const auto kept = files.find(file);
     if (kept != files.end()) return kept->second;
-    if (files.size() >= mostFiles) files.clear();
+    if (files.size() >= maxFiles) files.clear();
     files[file];
     pool.start([this, file] {
         QMetaObject::invokeMethod(
@@ -81,7 +81,7 @@ std::optional<Bitmap> FootagePictures::ofFile(const std::filesystem::path& file)
 const Loudness* FootagePictures::loudnessOf(const std::filesystem::path& file) {
     const auto kept = sounds.find(file);
     if (kept != sounds.end()) return kept->second.get();
-    if (sounds.size() >= mostFiles) sounds.clear();
+    if (sounds.size() >= maxFiles) sounds.clear();
     sounds[file];
     pool.start([this, file] {
         QMetaObject::invokeMethod(

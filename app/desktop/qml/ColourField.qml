@@ -83,9 +83,22 @@ FocusScope {
             }
         }
     }
+    IconButton {
+        id: dropper
+        x: well.width + Theme.small
+        width: Theme.tool
+        glyph: "pipette"
+        side: 16
+        name: "Pick " + field.name.toLowerCase() + " from the picture"
+        onClicked: eyedropper.ask(field)
+        Connections {
+            target: eyedropper
+            function onTaken(asker, colour) { if (asker === field) { field.settled(colour); dropper.forceActiveFocus(Qt.OtherFocusReason) } }
+        }
+    }
     LineField {
         anchors.right: parent.right
-        width: field.width - well.width - Theme.gap
+        width: field.width - well.width - dropper.width - 2 * Theme.small
         name: field.name
         held: field.held
         mixed: field.mixed

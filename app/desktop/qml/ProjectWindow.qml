@@ -6,11 +6,10 @@ Window {
     id: window
 
     property bool wantsTall: true
-    readonly property real timelineHeight: { splitters.turn; return splitters.size("timeline", width) }
     property bool showsSource: false // with both viewers in one region
     property bool fullViewer: false // the video's viewer alone, on the whole screen
     property int before: Window.Windowed
-    readonly property var plan: planner.plan(width, height, project.upright, wantsTall, inspectorPanel.shown, timelineHeight)
+    readonly property var plan: { splitters.turn; return planner.plan(width, height, project.upright, wantsTall, inspectorPanel.shown) }
 
     width: 1280
     height: 800
@@ -65,7 +64,7 @@ Window {
     }
     // A drag that is open is put back, else an overlay goes, else all is let go of.
     function letGo() {
-        if (transcript.giveBack() || source.cancelDrag() || video.cancelDrag() || timeline.cancelDrag()) return
+        if (eyedropper.cancel() || transcript.giveBack() || source.cancelDrag() || video.cancelDrag() || timeline.cancelDrag()) return
         if (fullViewer) return leaveFull()
         if (project.editor.framing) project.editor.framing = false
         else project.perform("clear")
@@ -97,11 +96,18 @@ Window {
             x: window.plan.timeline.x; y: window.plan.timeline.y; width: window.plan.timeline.width; height: window.plan.timeline.height }
         Inspector { id: inspector; visible: inspectorPanel.shown
             x: window.plan.inspector.x; y: window.plan.inspector.y; width: window.plan.inspector.width; height: window.plan.inspector.height }
-        Splitter {
-            x: 0; width: timeline.width; y: timeline.y - height / 2
-            onMoved: (y) => splitters.set("timeline", window.width, window.height - y)
-            onReset: splitters.set("timeline", window.width, 0)
-        }
+        Splitter { region: "timeline"; name: "Height of the timeline"; size: timeline.height
+            y: timeline.y - 1 - reach; width: timeline.width }
+        Splitter { region: "sidebar"; name: "Width of the sidebar"; upright: true; before: true; size: sidebar.width; visible: !window.plan.compact
+            x: browser.x - 1 - reach; y: sidebar.y; height: sidebar.height }
+        Splitter { region: "browser"; name: "Width of the browser"; upright: true; before: true; size: browser.width
+            x: source.x - 1 - reach; y: browser.y; height: browser.height }
+        Splitter { region: "source"; name: "Width of the source viewer"; upright: true; before: true; size: source.width; visible: !window.plan.tabs && !window.plan.tall && !window.fullViewer
+            x: video.x - 1 - reach; y: source.y; height: source.height }
+        Splitter { region: "tall"; name: "Width of the tall viewer"; upright: true; size: video.width; visible: window.plan.tall && !window.fullViewer
+            x: video.x - 1 - reach; y: video.y; height: video.height }
+        Splitter { region: "inspector"; name: "Width of the inspector"; upright: true; size: inspector.width; visible: inspectorPanel.shown
+            x: inspector.x - 1 - reach; y: inspector.y; height: inspector.height }
     }
 
     QtObject {

@@ -72,6 +72,18 @@ Row {
             }
         }
     }
+    IconButton {
+        id: dropper
+        width: Theme.tool
+        glyph: "pipette"
+        side: 16
+        name: "Pick " + field.name.toLowerCase() + " from the picture"
+        onClicked: eyedropper.ask(field)
+        Connections {
+            target: eyedropper
+            function onTaken(asker, colour) { if (asker === field) { field.picked(colour); dropper.forceActiveFocus(Qt.OtherFocusReason) } }
+        }
+    }
     Field {
         id: digits
         width: 92

@@ -68,15 +68,12 @@ FocusScope {
         sourceComponent: FramingOverlay { frame: screen; originX: overlay.x; originY: overlay.y }
         onLoaded: item.takeFocus()
     }
-    Item { // the edge of a trim
+    Row { // the edge of a trim; of a seam both sides of it
         anchors.fill: screen
         visible: heldFootage.showsEdge
         z: 2
-        Rectangle { anchors.fill: parent; color: Theme.canvas }
-        StillView { anchors.centerIn: parent; width: Math.min(parent.width, parent.height * 16 / 9); height: width * 9 / 16; source: heldFootage.edgeSource; from: heldFootage.edgeAt; to: heldFootage.edgeAt; footage: project.footage
-                    visible: heldFootage.edgePlayer.source !== heldFootage.edgeSource }
-        FrameView { anchors.fill: parent; player: heldFootage.edgePlayer; visible: heldFootage.edgePlayer.source === heldFootage.edgeSource }
-        Badge { x: Theme.gap; y: Theme.gap; text: project.fine(heldFootage.edgeAt) }
+        EdgeOfTrim { edge: heldFootage.edge; width: parent.width / (heldFootage.edgeAfter.shown ? 2 : 1); height: parent.height; words: heldFootage.edgeAfter.shown ? "Out " : "" }
+        EdgeOfTrim { edge: heldFootage.edgeAfter; visible: heldFootage.edgeAfter.shown; width: parent.width / 2; height: parent.height; words: "In " }
     }
     Item { // what stands in the picture's place
         anchors.fill: screen
@@ -99,6 +96,7 @@ FocusScope {
             PushButton { anchors.horizontalCenter: parent.horizontalCenter; visible: heldFootage.state === "failed"; text: "Try Again"; onClicked: heldFootage.tryAgain() }
         }
     }
+    EyedropperArea { frame: screen; x: screen.x; y: screen.y; width: screen.width; height: screen.height }
     RateBadge { x: screen.x + Theme.gap; y: screen.y + Theme.gap; z: 3; player: project.sourcePlayer }
     WaveStrip {
         id: strip

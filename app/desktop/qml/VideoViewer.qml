@@ -9,18 +9,19 @@ FocusScope {
     property bool tall: false
     property alias frame: frame
     readonly property bool upright: project.aspect === "9:16"
+    readonly property bool roomy: tall || width > 320
     function cancelDrag() { return handles.cancelEdit() || handles.cancelDrag() }
     function takeFocus() { forceActiveFocus(Qt.TabFocusReason); project.setFocus("video") }
 
     Accessible.role: Accessible.Pane
     Accessible.name: "Video viewer"
 
-    ViewerHead { id: head; tabbed: viewer.tabbed; viewer: "video"; tag: project.videoTag; title: project.videoTitle; note: viewer.tall || viewer.width > 420 ? "" : project.aspect
+    ViewerHead { id: head; tabbed: viewer.tabbed; viewer: "video"; tag: project.videoTag; title: project.videoTitle; note: viewer.roomy ? "" : project.aspect; taken: viewer.roomy ? 168 : 60
         Row {
             anchors.right: parent.right
             anchors.rightMargin: Theme.gap
             anchors.verticalCenter: parent.verticalCenter
-            visible: viewer.tall || viewer.width > 420
+            visible: viewer.roomy
             spacing: 2
             Words { text: project.aspect; color: Theme.text3; height: Theme.control; rightPadding: Theme.gap }
             IconButton { glyph: "frame"; name: "Safe areas"; checked: viewerAids.safeAreas; visible: viewer.upright; onClicked: project.perform("safeAreas") }
@@ -48,6 +49,7 @@ FocusScope {
         id: handles
         x: frame.x + frame.picture.x; y: frame.y + frame.picture.y; width: frame.picture.width; height: frame.picture.height
     }
+    EyedropperArea { frame: viewer.frame; x: frame.x; y: frame.y; width: frame.width; height: frame.height }
     RateBadge { x: frame.x + Theme.gap; y: frame.y + Theme.gap; player: project.player }
     Badge { anchors.right: frame.right; y: frame.y + Theme.gap; anchors.rightMargin: Theme.gap; text: viewerAids.droppedFrames ? viewerAids.droppedWords : "" }
     Badge { // above the old picture while a new one is made

@@ -10,6 +10,7 @@ Rectangle {
     property string tag
     property string title
     property string note
+    property real taken: 60 // by what stands at the right
 
     width: parent.width
     height: Theme.bar - 4
@@ -31,7 +32,7 @@ Rectangle {
         spacing: Theme.gap
         height: parent.height
         Words { text: head.tag; font.weight: Font.DemiBold; height: parent.height; visible: text !== "" }
-        Words { text: head.title; color: Theme.text2; height: parent.height; width: Math.min(implicitWidth, head.width - 300) }
+        Words { text: head.title; color: Theme.text2; height: parent.height; width: Math.max(Math.min(implicitWidth, head.width - parent.x - x - head.taken - Theme.gap), 0) }
     }
     Words { anchors.right: parent.right; anchors.rightMargin: Theme.wide; height: parent.height; text: head.note; color: Theme.text3 }
     Rectangle { anchors.bottom: parent.bottom; width: parent.width; height: Theme.ring

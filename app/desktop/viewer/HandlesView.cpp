@@ -1,14 +1,19 @@
 #include "app/desktop/viewer/HandlesView.h"
 
 #include "app/desktop/viewer/ArrowStep.h"
+#include "app/desktop/viewer/PictureHit.h"
 #include "app/editor/commands/CaptionCommands.h"
 #include "app/editor/commands/FootageCommands.h"
 #include "app/editor/commands/LookCommands.h"
+#include "app/editor/commands/TimelinePicks.h"
 #include "core/model/Settings.h"
+#include "core/model/VideoTime.h"
 #include "core/playbooks/Playbooks.h"
 #include "core/render/stage/PlaybookMedia.h"
 
 #include <QCursor>
+#include <QLineF>
+#include <algorithm>
 #include <cmath>
 
 namespace murbo {
@@ -19,6 +24,7 @@ using Grip = PictureBox::PictureGrip;
 constexpr double reach = 8;         ///< points
 constexpr double knobDistance = 22; ///< points above the box
 constexpr double snapReach = 6;     ///< points
+constexpr double dragFrom = 4;      ///< points before a press is a drag
 constexpr double nudge = 0.001;     ///< of the frame
 constexpr double nudgeFar = 0.01;
 
@@ -169,17 +175,20 @@ void HandlesView::place(const PictureBox& to) {
 
 void HandlesView::mousePressEvent(QMouseEvent* event) {
     grip = box ? box->at(onFrame(event->position()), reach / scale(), knobDistance / scale()) : Grip::none;
-    if (grip == Grip::none) return event->ignore();
-    forceActiveFocus(Qt::MouseFocusReason);
+    if (!session) return event->ignore();
     session->setFocus(Viewer::video);
     pressed = onFrame(event->position());
+    clicking = true;
+    if (grip == Grip::none) return;
+    forceActiveFocus(Qt::MouseFocusReason);
     start = *box;
     startMove = PickedPlace::placed(*plan, *pick, session->playback.time())->move;
 }
 
 void HandlesView::mouseMoveEvent(QMouseEvent* event) {
-    if (grip == Grip::none || !plan) return;
     const auto at = onFrame(event->position());
+    if (QLineF(at, pressed).length() * scale() >= dragFrom) clicking = false;
+    if (grip == Grip::none || !plan || clicking) return;
     guides = {};
     if (grip == Grip::size) return place(start.sized(pressed, at, reach / scale()));
     if (grip == Grip::turn) return place(start.turned(pressed, at, event->modifiers() & Qt::ShiftModifier));
@@ -190,7 +199,11 @@ void HandlesView::mouseMoveEvent(QMouseEvent* event) {
     emit boxChanged();
 }
 
-void HandlesView::mouseReleaseEvent(QMouseEvent*) {
+void HandlesView::mouseReleaseEvent(QMouseEvent* event) {
+    if (std::exchange(clicking, false)) {
+        grip = Grip::none;
+        return pickAt(onFrame(event->position()), event->modifiers());
+    }
     if (grip == Grip::none) return;
     const auto name = stepName().toStdString();
     grip = Grip::none;
@@ -199,7 +212,33 @@ void HandlesView::mouseReleaseEvent(QMouseEvent*) {
     emit boxChanged();
 }
 
+/// What is under the pointer is looked for aside: it has to be drawn to be known.
+void HandlesView::pickAt(const QPointF& point, Qt::KeyboardModifiers held) {
+    const auto shown = session && session->playback.rate() == 0 ? planNow() : std::nullopt;
+    if (!shown) return;
+    const double time = session->playback.skimmed().value_or(session->playback.time());
+    const auto found = std::make_shared<std::optional<Pick>>();
+    const PictureHit::HitOrder order{*shown, time, point};
+    measuring.start([found, order, kept = media] { *found = PictureHit::topmost(order, *kept); },
+                    [this, found, held, turn = ++picking] {
+                        if (turn == picking && session) take(*found, held);
+                    });
+}
+
+void HandlesView::take(const std::optional<Pick>& found, Qt::KeyboardModifiers held) {
+    const TimelinePicks::Modifiers keys{bool(held & Qt::ShiftModifier), bool(held & Qt::ControlModifier),
+                                        false};
+    session->setInspecting(Inspecting::timeline);
+    if (found) {
+        if (keys.shift || keys.command || TimelinePicks::all(*session) != std::vector{*found})
+            TimelinePicks::click(*session, *found, keys);
+    } else if (pick && !keys.shift && !keys.command) {
+        TimelinePicks::set(*session, {}); // beside it: its handles go
+    }
+}
+
 void HandlesView::mouseUngrabEvent() {
+    clicking = false;
     cancelDrag();
 }
 
@@ -257,10 +296,24 @@ QString HandlesView::text() const {
         const auto value = name ? placed->values->find(*name) : placed->values->end();
         return value == placed->values->end() ? QString() : QString::fromStdString(value->second);
     }
-    for (const auto& [source, transcript] : session->project().transcripts)
-        for (const auto& line : transcript.lines)
-            if (line.id == pick->id) return QString::fromStdString(line.text);
-    return {};
+    const auto* line = pickedLine();
+    return line ? QString::fromStdString(line->text) : QString();
+}
+
+/// What is said on the source that the caption is shown over.
+std::optional<UUID> HandlesView::captionSource() const {
+    const auto* cue = plan && pick ? PickedPlace::cueOf(*plan, *pick, session->playback.time()) : nullptr;
+    const auto* video = cue ? session->video() : nullptr;
+    const auto place = video ? VideoTime::locate((cue->start + cue->end) / 2, video->cuts) : std::nullopt;
+    return place ? std::optional(video->cuts[place->cut].source) : std::nullopt;
+}
+
+const Line* HandlesView::pickedLine() const {
+    const auto source = captionSource();
+    if (!source) return nullptr;
+    const auto& lines = session->project().transcript(*source).lines;
+    const auto found = std::ranges::find(lines, pick->id, &Line::id);
+    return found == lines.end() ? nullptr : &*found;
 }
 
 void HandlesView::setText(const QString& given) {
@@ -276,10 +329,7 @@ void HandlesView::setText(const QString& given) {
             }
         });
     }
-    for (const auto& [source, transcript] : session->project().transcripts)
-        for (const auto& line : transcript.lines)
-            if (line.id == pick->id)
-                return FootageCommands::correct(*session, pick->id, UUID(source), given.toStdString());
+    if (pickedLine()) FootageCommands::correct(*session, pick->id, *captionSource(), given.toStdString());
 }
 
 }

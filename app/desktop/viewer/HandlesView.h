@@ -66,7 +66,11 @@ private:
     void remeasure();
     void follow();
     void place(const PictureBox& to);
+    void pickAt(const QPointF& point, Qt::KeyboardModifiers held);
+    void take(const std::optional<Pick>& found, Qt::KeyboardModifiers held);
     QString stepName() const;
+    std::optional<UUID> captionSource() const;
+    const Line* pickedLine() const;
     QPointF onFrame(const QPointF& point) const { return point / scale(); }
 
     QPointer<Editor> session;
@@ -83,6 +87,8 @@ private:
     PictureBox start; ///< as a drag began, with its move
     Move startMove;
     QPointF pressed;
+    bool clicking = false; ///< nothing has been moved since the press
+    int picking = 0;       ///< the last click
     PictureGuides::Caught guides;
 };
 

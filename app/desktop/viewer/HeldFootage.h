@@ -1,9 +1,9 @@
 #pragma once
 
+#include "app/desktop/viewer/EdgePicture.h"
 #include "app/editor/Editor.h"
 
 #include <QObject>
-#include <memory>
 
 namespace murbo {
 
@@ -16,25 +16,21 @@ class HeldFootage : public QObject {
     Q_PROPERTY(QString words READ words NOTIFY changed)
     Q_PROPERTY(QString source READ source NOTIFY changed)
     Q_PROPERTY(double at READ at NOTIFY placeChanged)
-    Q_PROPERTY(murbo::Playback* edgePlayer READ edgePlayer CONSTANT)
+    Q_PROPERTY(QObject* edge READ edge CONSTANT)
+    Q_PROPERTY(QObject* edgeAfter READ edgeAfter CONSTANT)
     Q_PROPERTY(bool showsEdge READ showsEdge NOTIFY edgeChanged)
-    Q_PROPERTY(QString edgeSource READ edgeSource NOTIFY edgeChanged)
-    Q_PROPERTY(double edgeAt READ edgeAt NOTIFY edgeChanged)
 
 public:
     explicit HeldFootage(Editor& editor);
-    ~HeldFootage() override;
-
     /// "empty", "missing", "failed", "loading" or "ready".
     QString state() const;
     QString path() const;  ///< of the held source's file
     QString words() const; ///< why it could not be opened
     QString source() const;
     double at() const; ///< seconds on the source, where the player stands or skims
-    Playback* edgePlayer() { return &edges; }
-    bool showsEdge() const { return editor.edge().has_value(); }
-    QString edgeSource() const;
-    double edgeAt() const;
+    EdgePicture* edge() { return &before; }
+    EdgePicture* edgeAfter() { return &after; } ///< of a seam: the first picture after it
+    bool showsEdge() const { return before.shown() || after.shown(); }
 
     /// Tries once more to open what could not be opened.
     Q_INVOKABLE void tryAgain();
@@ -49,14 +45,12 @@ signals:
 private:
     const Source* held() const;
     void hold();
-    void take(const QString& words);
+    void fail(const UUID& source, const QString& words);
     void followEdge();
-    void openEdge(const Source& source);
 
     Editor& editor;
-    Playback edges; ///< stands on the edge of a trim
-    Background opening;
-    std::optional<UUID> openingEdge; ///< which source it is opening, or has open
+    EdgePicture before;
+    EdgePicture after;
     QString failure;
 };
 

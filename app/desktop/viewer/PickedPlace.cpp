@@ -8,11 +8,14 @@
 #include "platform/image/draw/Canvas.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace murbo::PickedPlace {
 namespace {
 
 constexpr double coarse = 0.25; ///< a playbook is measured at a quarter of the frame
+constexpr double much = 0.5;    ///< of the frame, from which a box says little of where a thing is seen
+constexpr int faintest = 24;    ///< of 255, that is seen as something
 constexpr double smallest = 16; ///< pixels of a box, so that it can be taken
 
 QRectF atLeast(QRectF rect) {
@@ -32,19 +35,34 @@ double settled(const PlacedOverlay& placed, double time) {
     return from < to ? std::clamp(time, from, to) : (placed.start + placed.end) / 2;
 }
 
-std::optional<Measured> measured(const PlacedOverlay& placed, const MeasureOrder& order,
-                                 PlaybookMedia& media) {
+/// An overlay alone, as it lies by itself, at a quarter of the frame.
+Bitmap coarsely(const PlacedOverlay& placed, const MeasureOrder& order, PlaybookMedia& media) {
     const auto& frame = order.plan.frame;
     const auto footage = Image::colour(Colour::white).cropped({0, 0, 1920, 1080});
     const auto below = Image::colour(Colour::black).cropped({0, 0, frame.width, frame.height});
     const Stage::Scene scene{below, footage, Framing(), order.plan, media};
     const auto layers = Stage::draw(placed, settled(placed, order.time), scene, Image());
     const auto small = layers.transformed(Transform().scaled(coarse, coarse));
-    const auto bitmap = Canvas::bitmap(small, {0, 0, frame.width * coarse, frame.height * coarse});
-    const VisibleBounds seen(bitmap);
+    return Canvas::bitmap(small, {0, 0, frame.width * coarse, frame.height * coarse});
+}
+
+std::optional<Measured> measured(const PlacedOverlay& placed, const MeasureOrder& order,
+                                 PlaybookMedia& media) {
+    const auto& frame = order.plan.frame;
+    const VisibleBounds seen(coarsely(placed, order, media));
     if (seen.empty()) return Measured{wholeFrame(frame), 0.5};
     const QRectF rect(QPointF(seen.left, seen.top) / coarse, QPointF(seen.right, seen.bottom) / coarse);
     return Measured{atLeast(rect.translated(-frame.width / 2, -frame.height / 2)), 0.5};
+}
+
+/// Whether an overlay is there rather than clear, at a point of the frame as it lies by itself.
+bool isSolid(const PlacedOverlay& placed, const MeasureOrder& order, const QPointF& point,
+             PlaybookMedia& media) {
+    const auto bitmap = coarsely(placed, order, media);
+    const auto x = static_cast<int>(std::floor(point.x() * coarse));
+    const auto y = static_cast<int>(std::floor(point.y() * coarse));
+    if (x < 0 || y < 0 || x >= bitmap.width() || y >= bitmap.height()) return false;
+    return bitmap.row(y)[4 * x + 3] > faintest;
 }
 
 std::optional<Measured> measured(const CaptionCue& cue, const MeasureOrder& order) {
@@ -98,6 +116,21 @@ std::optional<Measured> measure(const MeasureOrder& order, PlaybookMedia& media)
     if (const auto* placed = overlayOf(order.plan, order.pick)) return measured(*placed, order, media);
     if (const auto* cue = cueOf(order.plan, order.pick, order.time)) return measured(*cue, order);
     return {};
+}
+
+bool shows(const MeasureOrder& order, const QPointF& point, PlaybookMedia& media) {
+    const auto stands = placed(order.plan, order.pick, order.time);
+    const auto found = stands ? measure(order, media) : std::nullopt;
+    if (!found) return false;
+    const auto& frame = order.plan.frame;
+    const auto lies = box(*found, *stands, frame);
+    const auto here = lies.local(point);
+    const auto size = lies.size();
+    if (std::abs(here.x()) > size.width() / 2 || std::abs(here.y()) > size.height() / 2) return false;
+    const auto* overlay = overlayOf(order.plan, order.pick);
+    if (!overlay || size.width() * size.height() < much * frame.width * frame.height) return true;
+    const auto natural = here / lies.scale + found->natural.center();
+    return isSolid(*overlay, order, natural + QPointF(frame.width / 2, frame.height / 2), media);
 }
 
 std::optional<Placed> placed(const Plan& plan, const Pick& pick, double time) {

@@ -31,6 +31,10 @@ struct MeasureOrder {
 /// Nothing for a pick that is not on the picture.
 std::optional<Measured> measure(const MeasureOrder& order, PlaybookMedia& media);
 
+/// Whether what is picked shows anything at a point of the frame, in pixels: within its box, and where that
+/// fills much of the frame only where it is not clear.
+bool shows(const MeasureOrder& order, const QPointF& point, PlaybookMedia& media);
+
 /// The overlay of a pick, or null.
 const PlacedOverlay* overlayOf(const Plan& plan, const Pick& pick);
 /// The caption of a pick: that at the time where the line has several; or null.
