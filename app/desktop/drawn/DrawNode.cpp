@@ -91,7 +91,8 @@ bool DrawNode::put(Shown& one) {
         auto* picture = filePicture(from->file);
         return putImage(
             one, from->rect, picture,
-            picture ? filling(picture->textureSize(), from->rect.width(), from->rect.height()) : QRectF());
+            picture ? Painted::filling(picture->textureSize(), from->rect.width(), from->rect.height())
+                    : QRectF());
     }
     const auto& strip = std::get<DrawList::Still>(one.item);
     auto* picture = still(strip);

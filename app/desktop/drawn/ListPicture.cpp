@@ -1,6 +1,7 @@
 #include "app/desktop/drawn/ListPicture.h"
 
 #include "app/desktop/drawn/FootagePictures.h"
+#include "app/desktop/drawn/IconPicture.h"
 #include "app/desktop/drawn/Painted.h"
 
 #include <cmath>
@@ -67,7 +68,9 @@ bool ListPicture::draw(const DrawList::Label& label) {
 }
 
 bool ListPicture::draw(const DrawList::Wave& wave) {
-    const auto* loudness = footage ? footage->loudness(wave.source) : nullptr;
+    const auto* loudness = !footage            ? nullptr
+                           : wave.file.empty() ? footage->loudness(wave.source)
+                                               : footage->loudnessOf(wave.file);
     if (!loudness) return false;
     Painted::wave(painter, onDevice(wave.rect), wave.from, wave.to, wave.colour, *loudness);
     return true;
@@ -79,8 +82,36 @@ bool ListPicture::draw(const DrawList::Still& strip) {
     auto part = Painted::filling(picture->size(), strip.width, strip.rect.height());
     const double scale = part.width() / strip.width;
     part = {part.left() + strip.skip * scale, part.top(), strip.rect.width() * scale, part.height()};
-    painter.drawImage(QRectF(strip.rect.topLeft() * on.ratio, strip.rect.size() * on.ratio), *picture, part);
+    fill(strip.rect, *picture, part);
     return true;
+}
+
+bool ListPicture::draw(const DrawList::FilePicture& file) {
+    auto found = files.find(file.file);
+    if (found == files.end()) {
+        const auto picture = footage ? footage->ofFile(file.file) : std::nullopt;
+        if (!picture) return false;
+        found = files.emplace(file.file, LatelyUsed<QImage>{Painted::image(*picture), 0}).first;
+    }
+    found->second.used = turn;
+    const auto& picture = found->second.value;
+    fill(file.rect, picture, Painted::filling(picture.size(), file.rect.width(), file.rect.height()));
+    return true;
+}
+
+bool ListPicture::draw(const DrawList::Symbol& symbol) {
+    const auto place = onDevice(symbol.rect);
+    const auto colour = symbol.colour.name().mid(1);
+    auto& kept = symbols[QString("%1|%2|%3").arg(place.width()).arg(symbol.name, colour)];
+    if (kept.used == 0) kept.value = IconPicture::of(symbol.name, colour, place.size());
+    kept.used = turn;
+    painter.drawImage(place.topLeft(), kept.value);
+    return true;
+}
+
+/// Puts a part of a picture into a place.
+void ListPicture::fill(const QRectF& rect, const QImage& picture, const QRectF& part) {
+    painter.drawImage(QRectF(rect.topLeft() * on.ratio, rect.size() * on.ratio), picture, part);
 }
 
 /// A still stays at hand for as long as it is shown, whatever the strip itself keeps.
@@ -102,6 +133,8 @@ void ListPicture::dropUnused() {
     if (labels.size() > maxTexts) labels.removeIf([&](const auto& entry) { return old(entry.value()); });
     if (stills.size() > maxStills)
         std::erase_if(stills, [&](const auto& entry) { return old(entry.second); });
+    if (files.size() > maxStills) std::erase_if(files, [&](const auto& entry) { return old(entry.second); });
+    if (symbols.size() > maxTexts) symbols.removeIf([&](const auto& entry) { return old(entry.value()); });
 }
 
 }

@@ -44,6 +44,9 @@ private:
     bool draw(const DrawList::Label& label);
     bool draw(const DrawList::Still& still);
     bool draw(const DrawList::Wave& wave);
+    bool draw(const DrawList::FilePicture& file);
+    bool draw(const DrawList::Symbol& symbol);
+    void fill(const QRectF& rect, const QImage& picture, const QRectF& part);
     const QImage* still(const UUID& source, int second);
     QRect onDevice(const QRectF& rect) const;
     void dropUnused();
@@ -59,6 +62,8 @@ private:
     QHash<LabelText, LatelyUsed<MeasuredText>> texts;
     QHash<LabelLook, LatelyUsed<QImage>> labels;
     std::map<std::pair<UUID, int>, LatelyUsed<QImage>> stills;
+    std::map<std::filesystem::path, LatelyUsed<QImage>> files;
+    QHash<QString, LatelyUsed<QImage>> symbols;
 };
 
 }

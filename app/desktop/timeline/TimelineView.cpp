@@ -1,14 +1,17 @@
 #include "app/desktop/timeline/TimelineView.h"
 
 #include "app/desktop/drawn/FootagePictures.h"
+#include "app/desktop/timeline/SpokenTimes.h"
 #include "app/desktop/timeline/TimelineAppearance.h"
 #include "app/desktop/timeline/TimelineTheme.h"
 #include "core/ai/SaidCache.h"
 #include "core/model/Settings.h"
 #include "core/playbooks/Playbooks.h"
+#include "core/render/plan/Plan.h"
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 namespace murbo {
 namespace {
@@ -42,16 +45,25 @@ std::optional<TimelineLayout::BookFacts> facts(const std::string& id, std::int64
                                                const std::optional<std::filesystem::path>& package) {
     const auto book = Playbooks::book(id, version, package);
     if (!book) return {};
-    return TimelineLayout::BookFacts{book->playbook.name, book->playbook.layered()};
+    TimelineLayout::BookFacts facts{book->playbook.name, book->playbook.layered()};
+    if (book->playbook.params)
+        for (const auto& [name, param] : *book->playbook.params)
+            if (param.type == "media" && facts.media.empty())
+                std::tie(facts.media, facts.usualMedia) = std::pair(name, param.value.value_or(""));
+    return facts;
 }
 
 }
 
-TimelineView::TimelineView(QQuickItem* parent) : DrawnView(parent), said(std::make_unique<SaidCache>()) {
+TimelineView::TimelineView(QQuickItem* parent)
+    : DrawnView(parent), said(std::make_unique<SaidCache>()), spoken(std::make_unique<SpokenTimes>()) {
     paintOn(Qt::black);
     setAcceptedMouseButtons(Qt::LeftButton | Qt::MiddleButton | Qt::RightButton);
     setAcceptHoverEvents(true);
     setActiveFocusOnTab(true);
+    clock.start();
+    parting.setInterval(16);
+    connect(&parting, &QTimer::timeout, this, &TimelineView::part);
     running.setInterval(16);
     connect(&running, &QTimer::timeout, this, &TimelineView::runAlong);
 }
@@ -104,9 +116,12 @@ void TimelineView::rebuild() {
         const auto book = [this](const std::string& id, std::int64_t version) {
             return facts(id, version, session->package());
         };
-        made =
-            TimelineLayout::of({session->project(), *video, session->missing(), *said->of(session->project()),
-                                book, TimelineLook::current(), Settings::quietLeast()});
+        Plan files;
+        files.project = session->package();
+        made = TimelineLayout::of(
+            {session->project(), *video, session->missing(), *said->of(session->project()), book,
+             TimelineLook::current(), Settings::quietLeast(),
+             [&files](const std::string& name) { return files.file(name); }, spoken.get()});
     }
     if (made == layout && !(video && !fitted)) return;
     const bool sameTracks = made.tracks == layout.tracks && made.length == layout.length;
@@ -120,7 +135,7 @@ void TimelineView::rebuild() {
 
 void TimelineView::fit() {
     if (!session || width() <= margin || layout.length <= 0) return;
-    fitted = true;
+    fitted = fits = true;
     const double scale = std::clamp((width() - margin) / layout.length, minScale, maxFitted);
     span.from = 0;
     session->setZoom(scale / standardScale);
@@ -139,6 +154,7 @@ void TimelineView::rescale() {
 
 void TimelineView::zoomRound(double factor, double x) {
     if (!session) return;
+    fits = false;
     const double time = span.time(x);
     const double scale = std::clamp(span.scale * factor, minScale, maxScale);
     span.from = std::max(time - x / scale, 0.0);
@@ -194,8 +210,9 @@ double TimelineView::skimmerX() const {
 }
 
 double TimelineView::dropX() const {
-    const auto at = foreignDrop ? foreignDrop : drag ? drag->dropLine() : std::nullopt;
-    return at ? span.x(*at) : -1;
+    if (foreignDrop) return span.x(*foreignDrop);
+    const auto room = partedNow().room;
+    return room ? span.x(room->from) : -1;
 }
 
 double TimelineView::snapX() const {
@@ -240,9 +257,30 @@ QVariantList TimelineView::tracks() const {
     return list;
 }
 
+/// The cuts go on sliding to where the hand has them.
+void TimelineView::part() {
+    const auto now = static_cast<double>(clock.elapsed());
+    parted.aim(layout, drag ? drag->landing() : std::nullopt, now);
+    if (!parted.moving(now))
+        parting.stop();
+    else if (!parting.isActive())
+        parting.start();
+    update();
+}
+
+TimelineScene::Parted TimelineView::partedNow() const {
+    TimelineScene::Parted found;
+    found.aside = parted.aside(static_cast<double>(clock.elapsed()));
+    const auto landing = drag ? drag->landing() : std::nullopt;
+    if (!landing) return found;
+    found.carried = landing->cut;
+    found.room = PartedRow::room(layout, *landing);
+    return found;
+}
+
 DrawList TimelineView::drawList() {
     if (!session || paints.blocks.empty()) return {};
-    auto list = TimelineScene::rows(layout, span, TimelinePicks::all(*session), paints);
+    auto list = TimelineScene::rows(layout, span, TimelinePicks::all(*session), paints, partedNow());
     if (const auto* trimmed = drag ? drag->trimmed(layout) : nullptr) {
         const auto free = TimelineScene::freeFootage(layout, span, *trimmed, paints);
         list.items.insert(list.items.end(), free.items.begin(), free.items.end());
@@ -257,7 +295,7 @@ void TimelineView::geometryChange(const QRectF& now, const QRectF& before) {
     DrawnView::geometryChange(now, before);
     if (now.size() == before.size()) return;
     span.width = width();
-    if (!fitted && layout.length > 0)
+    if ((fits || !fitted) && layout.length > 0)
         fit();
     else
         rescale();
