@@ -54,7 +54,7 @@ TEST_F(OverviewTest, manyClipsAreShortenedSourceBySource) {
     EXPECT_THAT(text("overview", "{}"), HasSubstr("a favourite: Its Summary\n"));
     last.name = "Own";
     EXPECT_THAT(text("overview", "{}"), HasSubstr("a favourite: Own\n"));
-    EXPECT_LT(text("overview", "{}").size(), Overview::mostBytes + 1000);
+    EXPECT_LT(text("overview", "{}").size(), Overview::maxBytes + 1000);
 }
 
 TEST_F(OverviewTest, longNotesAndListsOfIdeasAreCut) {
