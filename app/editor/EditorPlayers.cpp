@@ -69,8 +69,9 @@ QCoro::Task<> Editor::hearDrag() {
     if (mixing) co_return;
     const auto hold = busy();
     mixing = true;
+    const std::function<void()> nothing;
     while (std::exchange(mixAgain, false) && dragStart && video() && !video()->cuts.empty())
-        co_await reload(std::nullopt, true, {});
+        co_await reload(std::nullopt, true, nothing);
     mixing = false;
 }
 

@@ -2,8 +2,10 @@
 #include "tests/MadeMedia.h"
 
 #include <QCoreApplication>
+#include <atomic>
 #include <cmath>
 #include <mutex>
+#include <thread>
 
 #include <gtest/gtest.h>
 
@@ -15,26 +17,36 @@ namespace {
 class AskedOutput : public SoundOutput {
 public:
     bool start(Fill given) override {
+        const std::lock_guard locked(lock);
         fill = std::move(given);
         return true;
     }
-    void stop() override { fill = nullptr; }
+    void stop() override {
+        const std::lock_guard locked(lock);
+        fill = nullptr;
+    }
     double heard() const override { return seconds; }
+    bool isStarted() {
+        const std::lock_guard locked(lock);
+        return fill != nullptr;
+    }
 
     /// How loud the next tenth of a second is at its loudest.
     float loudest() {
+        const std::lock_guard locked(lock);
         if (!fill) return -1;
         std::vector<float> block(2 * 4800);
         fill(block);
-        seconds += 0.1;
+        seconds = seconds + 0.1;
         float most = 0;
         for (const float sample : block) most = std::max(most, std::abs(sample));
         return most;
     }
 
 private:
+    std::mutex lock; // the player starts it on a thread of its own
     Fill fill;
-    double seconds = 0;
+    std::atomic<double> seconds = 0;
 };
 
 /// A session on a cut of a tone, playing.
@@ -43,6 +55,7 @@ public:
     PlayedTone() {
         while (editor.isBusy()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         editor.playback.playPause();
+        while (!output || !output.load()->isStarted()) std::this_thread::yield();
     }
     static Project made() {
         Project project;
@@ -57,7 +70,7 @@ public:
         return project;
     }
 
-    AskedOutput* output = nullptr;
+    std::atomic<AskedOutput*> output = nullptr;
     Editor editor{made(),
                   {},
                   std::nullopt,
@@ -74,9 +87,8 @@ public:
 TEST(HeardDrag, aLevelIsHeardWhileTheHandStillHoldsIt) {
     MURBO_NEEDS_FFMPEG();
     PlayedTone played;
-    ASSERT_TRUE(played.output);
-    played.output->loudest();
-    EXPECT_GT(played.output->loudest(), 0.05F);
+    played.output.load()->loudest();
+    EXPECT_GT(played.output.load()->loudest(), 0.05F);
     for (const double level : {0.8, 0.5, 0.0})
         played.editor.dragAndRedraw([&](Project& project) {
             auto& video = project.videos.edit()[0];
@@ -84,12 +96,12 @@ TEST(HeardDrag, aLevelIsHeardWhileTheHandStillHoldsIt) {
             video.look->mix = Mix{.video = level};
         });
     while (played.editor.isBusy()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    played.output->loudest(); // the old level goes over into the new one
-    EXPECT_LT(played.output->loudest(), 0.001F) << "the last of the three";
+    played.output.load()->loudest(); // the old level goes over into the new one
+    EXPECT_LT(played.output.load()->loudest(), 0.001F) << "the last of the three";
     EXPECT_TRUE(played.editor.unfinished()) << "and it is no step yet";
     EXPECT_NE(played.editor.playback.rate(), 0);
     played.editor.cancelDrag();
     while (played.editor.isBusy()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    played.output->loudest();
-    EXPECT_GT(played.output->loudest(), 0.05F);
+    played.output.load()->loudest();
+    EXPECT_GT(played.output.load()->loudest(), 0.05F);
 }

@@ -145,14 +145,14 @@ QSGTexture* DrawNode::wave(const DrawList::Wave& wave) {
     if (!loudness) return nullptr;
     const double ratio = window->effectiveDevicePixelRatio();
     const auto of = wave.file.empty() ? wave.source.text() : wave.file.string();
-    const auto key = QString("w%2|%3|%4|%5|%6|%7|%1")
-                         .arg(QString::fromStdString(of))
+    const auto key = QString("w%1|%2|%3|%4|%5|%6|")
                          .arg(wave.from, 0, 'f', 3)
                          .arg(wave.to, 0, 'f', 3)
                          .arg(std::round(wave.rect.width()))
                          .arg(wave.rect.height())
                          .arg(wave.colour.rgba())
-                         .arg(ratio);
+                         .arg(ratio) +
+                     QString::fromStdString(of);
     return texture(key, [&] { return Painted::wave(wave, *loudness, ratio); });
 }
 
