@@ -202,7 +202,7 @@ TEST(TimelineDrag, theSeamOfTwoCutsRollsAsOneStep) {
     video.editor.undo();
     EXPECT_EQ(video.editor.project(), before);
 
-    hand.press(3.7);
+    hand.press(3.75);
     EXPECT_EQ(hand.drag.holding(), TimelineDrag::Grip::end) << "a little aside it is the edge alone";
     hand.drag.release();
     hand.press(11.95);
