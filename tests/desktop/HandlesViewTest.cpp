@@ -1,3 +1,4 @@
+#include "app/desktop/timeline/TimelineView.h"
 #include "app/desktop/viewer/HandlesView.h"
 #include "app/editor/commands/OverlayCommands.h"
 #include "core/playbooks/Playbooks.h"
@@ -155,5 +156,24 @@ TEST(HandlesView, aClickOnThePicturePicksWhatIsOnTopThere) {
     shown.editor().playback.seek(3.9);
     click(on);
     EXPECT_EQ(shown.editor().project(), before) << "a click changes nothing";
+    EXPECT_EQ(Complaints::list(), "");
+}
+
+TEST(HandlesView, theBoxGoesWithThePictureThatIsSkimmed) {
+    MURBO_NEEDS_FFMPEG();
+    OverlaidWindow shown;
+    ASSERT_TRUE(shown.handles() && shown.handles()->shown());
+    auto* timeline = shown.item<TimelineView>();
+    shown.editor().setSkimming(true);
+    const auto at = [&](double time) {
+        const double down = timeline->shown().track(TimelineRow::picture)->top + 30;
+        return timeline->mapToScene({timeline->shownSpan().x(time), down}).toPoint();
+    };
+    QTest::mouseMove(&shown.window(), at(3.5));
+    QTest::mouseMove(&shown.window(), at(3.7));
+    ASSERT_TRUE(shown.editor().playback.skimmed());
+    EXPECT_FALSE(shown.handles()->shown()) << "the overlay is over by then";
+    QTest::mouseMove(&shown.window(), QPoint(5, 300));
+    EXPECT_TRUE(shown.handles()->shown());
     EXPECT_EQ(Complaints::list(), "");
 }

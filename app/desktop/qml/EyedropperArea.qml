@@ -38,8 +38,8 @@ Item {
     Item {
         visible: eyedropper.colour !== "" && (area.activeFocus || hand.hovered)
         HoverHandler { id: hand; parent: area }
-        Rectangle { x: area.at.x - 12; y: area.at.y; width: 25; height: 1; color: Theme.text }
-        Rectangle { x: area.at.x; y: area.at.y - 12; width: 1; height: 25; color: Theme.text }
+        Rectangle { x: Math.round(area.at.x) - 12; y: Math.round(area.at.y); width: 25; height: 1; color: Theme.text }
+        Rectangle { x: Math.round(area.at.x); y: Math.round(area.at.y) - 12; width: 1; height: 25; color: Theme.text }
         Rectangle {
             x: Math.min(area.at.x + Theme.margin, area.width - width)
             y: Math.min(area.at.y + Theme.margin, area.height - height)

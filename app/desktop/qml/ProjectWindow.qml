@@ -93,6 +93,7 @@ Window {
             Rectangle { anchors.fill: parent; z: -1; color: "black"; visible: window.fullViewer } }
         TimelinePanel { id: timeline
             onFilesLeft: (paths) => sheets.take(paths)
+            onSkimmed: video.noteSkim()
             x: window.plan.timeline.x; y: window.plan.timeline.y; width: window.plan.timeline.width; height: window.plan.timeline.height }
         Inspector { id: inspector; visible: inspectorPanel.shown
             x: window.plan.inspector.x; y: window.plan.inspector.y; width: window.plan.inspector.width; height: window.plan.inspector.height }

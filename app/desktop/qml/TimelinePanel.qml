@@ -7,6 +7,7 @@ FocusScope {
 
     readonly property bool wideHeaders: width > 700
     readonly property int headerWidth: wideHeaders ? Theme.headers : 72
+    signal skimmed()
     signal filesLeft(var paths) // dropped, and nothing for the timeline
     function fit() { view.fit() }
     function zoomStep(into) { view.zoomStep(into) }
@@ -129,7 +130,7 @@ FocusScope {
         Accessible.role: Accessible.List
         Accessible.name: project.videoTag ? "Timeline of " + project.videoTag + ", " + project.videoWords : "Timeline"
         Component.onCompleted: setFootage(project.footage)
-        onPlayheadChanged: if (project.player.rate !== 0) follow()
+        onPlayheadChanged: { if (project.player.rate !== 0) follow(); panel.skimmed() }
         onEditAsked: (place, line, piece) => editing.start(place, line, piece)
         Keys.onReturnPressed: editPicked()
         onSpanChanged: editing.end(true)

@@ -10,6 +10,7 @@ FocusScope {
     property alias frame: frame
     readonly property bool upright: project.aspect === "9:16"
     readonly property bool roomy: tall || width > 320
+    function noteSkim() { handles.noteSkim() }
     function cancelDrag() { return handles.cancelEdit() || handles.cancelDrag() }
     function takeFocus() { forceActiveFocus(Qt.TabFocusReason); project.setFocus("video") }
 

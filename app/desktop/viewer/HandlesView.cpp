@@ -123,11 +123,15 @@ void HandlesView::remeasure() {
                     });
 }
 
+double HandlesView::shownTime() const {
+    return session->playback.skimmed().value_or(session->playback.time());
+}
+
 void HandlesView::follow() {
     const auto before = box;
     box.reset();
     if (session && pick && plan && measured && session->playback.rate() == 0)
-        if (const auto placed = PickedPlace::placed(*plan, *pick, session->playback.time()))
+        if (const auto placed = PickedPlace::placed(*plan, *pick, shownTime()))
             box = PickedPlace::box(*measured, *placed, plan->frame);
     if (box != before || guides.x || guides.y) emit boxChanged();
 }
@@ -182,7 +186,7 @@ void HandlesView::mousePressEvent(QMouseEvent* event) {
     if (grip == Grip::none) return;
     forceActiveFocus(Qt::MouseFocusReason);
     start = *box;
-    startMove = PickedPlace::placed(*plan, *pick, session->playback.time())->move;
+    startMove = PickedPlace::placed(*plan, *pick, shownTime())->move;
 }
 
 void HandlesView::mouseMoveEvent(QMouseEvent* event) {
@@ -216,7 +220,7 @@ void HandlesView::mouseReleaseEvent(QMouseEvent* event) {
 void HandlesView::pickAt(const QPointF& point, Qt::KeyboardModifiers held) {
     const auto shown = session && session->playback.rate() == 0 ? planNow() : std::nullopt;
     if (!shown) return;
-    const double time = session->playback.skimmed().value_or(session->playback.time());
+    const double time = shownTime();
     const auto found = std::make_shared<std::optional<Pick>>();
     const PictureHit::HitOrder order{*shown, time, point};
     measuring.start([found, order, kept = media] { *found = PictureHit::topmost(order, *kept); },
@@ -282,7 +286,7 @@ void HandlesView::keyPressEvent(QKeyEvent* event) {
     if (!box || by.isNull()) return event->ignore();
     by *= event->modifiers() & Qt::ShiftModifier ? nudgeFar : nudge;
     start = *box;
-    startMove = PickedPlace::placed(*plan, *pick, session->playback.time())->move;
+    startMove = PickedPlace::placed(*plan, *pick, shownTime())->move;
     place(start.movedBy({by.x() * plan->frame.width, by.y() * plan->frame.height}));
     session->endDragSoon(stepName().toStdString());
 }

@@ -39,6 +39,8 @@ public:
     double knobAbove() const;
 
     Q_INVOKABLE bool cancelDrag();
+    /// A hand skims over the video: the box goes with the picture that is shown.
+    Q_INVOKABLE void noteSkim() { follow(); }
     /// The text that can be written anew: an overlay's first text, a caption's line. Empty where there is
     /// none.
     Q_INVOKABLE QString text() const;
@@ -61,7 +63,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    double scale() const; ///< points to a pixel of the frame
+    double shownTime() const; ///< video seconds of the picture that is seen
+    double scale() const;     ///< points to a pixel of the frame
     std::optional<Plan> planNow() const;
     void remeasure();
     void follow();
