@@ -32,7 +32,7 @@ Item {
     }
     Rectangle {
         anchors.right: parent.right
-        y: 0
+        y: Math.max(Math.round((bar.y - Theme.gap - height) / 2), 0) // beside the middle of the picture
         width: overlay.resultWidth
         height: width * 16 / 9
         color: "black"

@@ -187,7 +187,7 @@ FocusScope {
         height: 10
         readonly property real share: Math.min(view.width / Math.max(view.contentWidth, 1), 1)
         Rectangle {
-            visible: scroller.share < 1
+            visible: scroller.share < 0.999 // all of it in view is more by a rounding
             y: 2
             height: 6
             radius: 3
