@@ -120,6 +120,7 @@ FocusScope {
         anchors.bottom: parent.bottom
         width: parent.width
         player: project.sourcePlayer
+        view: screen
         what: "source"
         lengthWords: viewer.held ? [project.clock(project.sourcePlayer.spanEnd - project.sourcePlayer.spanStart), project.rangeWords].filter(one => one).join(" · ") : ""
     }

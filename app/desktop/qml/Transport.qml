@@ -5,6 +5,7 @@ Item {
     id: transport
 
     property QtObject player
+    property QtObject view // which shows what it plays
     property string what
     property string lengthWords
     property bool hasSound: true
@@ -24,10 +25,10 @@ Item {
     Row {
         anchors.centerIn: parent
         spacing: Theme.gap
-        IconButton { glyph: "step-back"; name: "One frame back"; keys: "←"; onClicked: transport.player.step(-1 / transport.player.frameRate) }
+        IconButton { glyph: "step-back"; name: "One frame back"; keys: "←"; onClicked: transport.view.step(-1) }
         IconButton { glyph: transport.plays ? "pause" : "play"; name: transport.plays ? "Pause" : "Play"; keys: "Space"; side: 20
-                     onClicked: { project.setFocus(transport.what); transport.player.playPause() } }
-        IconButton { glyph: "step-forward"; name: "One frame on"; keys: "→"; onClicked: transport.player.step(1 / transport.player.frameRate) }
+                     onClicked: { project.setFocus(transport.what); project.perform("key.play") } }
+        IconButton { glyph: "step-forward"; name: "One frame on"; keys: "→"; onClicked: transport.view.step(1) }
     }
     Row {
         anchors.right: parent.right

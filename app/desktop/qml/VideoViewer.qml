@@ -83,6 +83,7 @@ FocusScope {
         anchors.bottom: parent.bottom
         width: parent.width
         player: project.player
+        view: frame
         what: "video"
         lengthWords: project.cuts > 0 ? project.fine(project.videoLength) : ""
     }

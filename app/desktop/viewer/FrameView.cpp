@@ -98,6 +98,10 @@ void FrameView::fit() {
     playing->setSink(wanted.isEmpty() ? nullptr : sink, wanted.width(), wanted.height());
 }
 
+void FrameView::step(int frames) {
+    if (playing && playing->isLoaded()) playing->step(frames / playing->frameRate());
+}
+
 void FrameView::take() {
     ++count;
     update();

@@ -29,7 +29,9 @@ public:
     void setMirrors(FrameView* view);
     QRectF picture() const { return place; } ///< where in the item the picture lies
     qint64 shown() const { return count; }   ///< pictures so far
-    Bitmap last() const;                     ///< the newest picture; empty before the first
+    /// Goes on by that many frames, backward where negative.
+    Q_INVOKABLE void step(int frames);
+    Bitmap last() const; ///< the newest picture; empty before the first
 
 signals:
     void playerChanged();
