@@ -86,7 +86,7 @@ void Editor::holdClip(const std::optional<UUID>& held) {
 void Editor::holdSource(const std::optional<UUID>& held) {
     if (held == heldSource()) return;
     set(values.heldSource, held, &EditorFields::heldSourceChanged);
-    openSource(false);
+    if (!this->held()) openSource(false); // else the clip is what is shown
 }
 
 void Editor::holdClipHere(const UUID& held) {
@@ -144,7 +144,8 @@ const Loudness* Editor::loudness(const UUID& id) {
 QCoro::Task<> Editor::measure(Source measured) {
     Loudness found;
     try {
-        const auto listening = [measured, cache = folder, stop = ending.get_token()] {
+        const auto kept = folder ? std::optional(*folder / "cache") : std::nullopt;
+        const auto listening = [measured, cache = kept, stop = ending.get_token()] {
             return Loudness::of(measured, cache, stop);
         };
         found = co_await background.run(listening);

@@ -28,6 +28,7 @@ TEST(BrowserModel, picksAndHolds) {
     video.editor.setSidebar({Collection::clips, {}});
     browser.pick(0, Qt::NoModifier);
     EXPECT_EQ(video.editor.heldClip(), video.editor.project().clips[0].id);
+    EXPECT_EQ(video.editor.heldSource(), video.editor.project().clips[0].source) << "marks go onto it";
     EXPECT_EQ(video.editor.pickedClips().size(), 1);
     EXPECT_EQ(video.editor.focus(), Viewer::source);
     EXPECT_EQ(browser.heldRow(), 0);

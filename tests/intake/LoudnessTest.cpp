@@ -67,6 +67,11 @@ TEST_F(LoudnessFiles, areMeasuredOnceAndKept) {
     EXPECT_EQ(Loudness::of(source, cache), loudness);
 }
 
+TEST_F(LoudnessFiles, bringNoPackageBackThatIsGone) {
+    EXPECT_EQ(Loudness::of(sound("a.wav", {0.5}), folder / "moved.mbproj/cache").levels.size(), 10u);
+    EXPECT_FALSE(std::filesystem::exists(folder / "moved.mbproj"));
+}
+
 TEST_F(LoudnessFiles, ofManySourcesLeaveOutTheBroken) {
     const std::vector<Source> sources{sound("a.wav", {0.5}),
                                       sound("b.wav", {0.5}),

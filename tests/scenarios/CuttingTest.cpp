@@ -12,7 +12,7 @@ class Cutting : public Scenario {
 protected:
     /// Holds a clip of the browser on the source player, and waits until it can be played.
     void holdClip(const std::string& tag) {
-        clickOn("ListItem", "Clips");
+        turnTo("Clips");
         clickOn("ListItem", tag + ",", "Browser");
         until(tag + " is held", [&] { return see("Button", "Play", "Source viewer").enabled; });
     }

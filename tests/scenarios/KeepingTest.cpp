@@ -50,3 +50,20 @@ TEST_F(Keeping, aFullDiskIsSaidAndTheOldFilesStayWhole) {
         "it is saved once there is room", [&] { return video().cuts.size() == 4; }, 15);
     undoToStart();
 }
+
+TEST_F(Keeping, aFolderThatIsGoneIsSaidAndComesNotBackInPieces) {
+    open(scenario::cutVideo());
+    block("Cut", 3);
+    key("Home");
+    key("Right", 15);
+    const auto elsewhere = folder / "elsewhere.mbproj";
+    std::filesystem::rename(package, elsewhere);
+    key("Ctrl+B");
+    sees("Not saved: “p.mbproj” is not in its place any more.");
+    until("the cut is on the timeline all the same", [&] { return blocks("Cut").size() == 4; });
+    EXPECT_FALSE(std::filesystem::exists(package));
+    std::filesystem::rename(elsewhere, package);
+    until(
+        "it is saved once it is back", [&] { return video().cuts.size() == 4; }, 15);
+    undoToStart();
+}

@@ -52,7 +52,7 @@ TEST_F(Mishaps, aRecordingThatVanishesWhileItPlaysEndsNothing) {
     std::filesystem::remove(project.sources[2].path);
     until(
         "it plays to its end", [&] { return seconds("Video viewer") > 5.9; }, 20);
-    clickOn("ListItem", "Clips");
+    turnTo("Clips");
     clickOn("ListItem", "C01", "Browser");
     key("Home");
     key("Space");

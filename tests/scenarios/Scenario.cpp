@@ -7,6 +7,7 @@
 #include <chrono>
 #include <cstdio>
 #include <thread>
+#include <utility>
 
 namespace murbo {
 namespace {
@@ -45,8 +46,9 @@ void Scenario::TearDown() {
         std::printf("A picture of it: %s\n", file.c_str());
         for (const auto& item : items())
             if (!item.name.empty())
-                std::printf("%*s%s “%s” %.0f,%.0f %.0fx%.0f\n", item.depth, "", item.role.c_str(),
-                            item.name.c_str(), item.x, item.y, item.width, item.height);
+                std::printf("%*s%s “%s” %.0f,%.0f %.0fx%.0f%s\n", item.depth, "", item.role.c_str(),
+                            item.name.c_str(), item.x, item.y, item.width, item.height,
+                            item.focused ? " has the keys" : "");
     }
     running->process().kill();
     running.reset();
@@ -175,10 +177,21 @@ void Scenario::click(ScreenPoint at, int button) {
     shown->move(at);
     shown->press(button);
     shown->release(button);
+    ++clicks;
 }
 
 void Scenario::clickOn(const std::string& role, const std::string& name, const std::string& within) {
-    click(see(role, name, within));
+    auto item = see(role, name, within);
+    until("“" + name + "” stands still", [&] {
+        const auto stood = std::exchange(item, see(role, name, within));
+        return stood.x == item.x && stood.y == item.y && stood.width == item.width;
+    });
+    click(item);
+}
+
+void Scenario::turnTo(const std::string& page) {
+    clickOn("ListItem", page, "Project");
+    until(page + " is shown", [&] { return see("ListItem", page, "Project").selected; });
 }
 
 void Scenario::doubleClick(ScreenPoint at) {
@@ -189,9 +202,34 @@ void Scenario::doubleClick(ScreenPoint at) {
 void Scenario::drag(ScreenPoint from, ScreenPoint to) {
     shown->move(from);
     shown->press();
-    for (const double share : {0.2, 0.6, 1.0})
+    for (const double share : {0.2, 0.6, 1.0}) {
         shown->move({from.x + (to.x - from.x) * share, from.y + (to.y - from.y) * share});
+        items(); // waits until it was taken: a hand makes more than one move
+    }
     shown->release();
+    ++clicks;
+}
+
+// ------------------------------------------------------- what many begin with --
+
+void Scenario::putInHome(const std::vector<std::filesystem::path>& files) {
+    const auto place = home / "home/footage";
+    std::filesystem::create_directories(place);
+    for (const auto& file : files) std::filesystem::copy(file, place / file.filename());
+}
+
+void Scenario::addAllInHome(std::size_t files) {
+    see("Dialog", "Add Footage");
+    until("the button has the keys", [&] { return see("Button", "Choose Files").focused; });
+    key("Return");
+    until("the folders have them", [&] { return see("List", "Files to choose").focused; });
+    see("ListItem", "footage", "Files to choose");
+    key("Return");
+    until("its files are listed", [&] { return see("EditableText", "Folder").value.ends_with("/footage"); });
+    key("Return", static_cast<int>(files));
+    see("Button", files == 1 ? "Add" : "Add " + std::to_string(files) + " Files");
+    until("all are looked at", [&] { return see("Button", "Add ").enabled; });
+    key("Ctrl+Return");
 }
 
 // ---------------------------------------------------------------------- the end --

@@ -55,11 +55,20 @@ protected:
     void key(const std::string& keys, int times = 1); ///< "Ctrl+Shift+Z"
     void type(const std::string& text);
     int pressed() const { return presses; } ///< keys so far, combinations as one
+    int clicked() const { return clicks; }  ///< clicks and drags so far
     void click(ScreenPoint at, int button = 1);
     void click(const ScreenItem& item) { click(item.middle()); }
     void clickOn(const std::string& role, const std::string& name, const std::string& within = "");
+    void turnTo(const std::string& page); ///< of the sidebar; waits until it is shown
     void doubleClick(ScreenPoint at);
     void drag(ScreenPoint from, ScreenPoint to);
+
+    // ---- what many begin with ----
+
+    /// A folder "footage" in the person's home, where choosing files begins, with copies of these.
+    void putInHome(const std::vector<std::filesystem::path>& files);
+    /// From the open sheet for footage: all of that folder, by keys.
+    void addAllInHome(std::size_t files);
 
     // ---- the end of each ----
 
@@ -76,6 +85,7 @@ private:
     VirtualScreen* shown = nullptr;
     Project looked;
     int presses = 0;
+    int clicks = 0;
 };
 
 }

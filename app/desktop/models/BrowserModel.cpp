@@ -58,7 +58,8 @@ void BrowserModel::hold(const BrowserRow& row) {
     switch (row.kind) {
         case BrowserRow::Kind::clip:
             editor.setFocus(Viewer::source);
-            return editor.holdClip(row.record);
+            editor.holdClip(row.record);
+            return editor.holdSource(row.source); // marks go onto it
         case BrowserRow::Kind::source:
             editor.setFocus(Viewer::source);
             editor.holdClip(std::nullopt);

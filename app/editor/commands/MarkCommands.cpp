@@ -20,16 +20,23 @@ const Source* heldOrRefused(Editor& editor) {
     return source;
 }
 
+/// The clip that took a mark. Others may have changed their places in the list.
+const Clip* clipWith(const Project& project, const UUID& source, double mark) {
+    const auto found = std::ranges::find_if(project.clips, [&](const Clip& clip) {
+        return clip.source == source && std::ranges::find(clip.marks, mark) != clip.marks.end();
+    });
+    return found == project.clips.end() ? nullptr : &*found;
+}
+
 }
 
 void dropClipMark(Editor& editor) {
     const auto* source = heldOrRefused(editor);
     if (!source) return;
     const auto at = editor.source.time();
-    std::vector<UUID> clips;
-    editor.change("Add Clip Mark",
-                  [&, id = source->id](Project& project) { clips = Clips::addAround(project, {at}, id); });
-    const auto* clip = clips.empty() ? nullptr : editor.clip(clips.front());
+    const auto id = source->id;
+    editor.change("Add Clip Mark", [&](Project& project) { Clips::addAround(project, {at}, id); });
+    const auto* clip = clipWith(editor.project(), id, at);
     if (!clip) return;
     editor.holdClipHere(clip->id);
     editor.say("Marked " + clip->tag());

@@ -19,6 +19,10 @@ std::string kept(const std::filesystem::path& file, std::size_t max) {
 
 void keep(const std::filesystem::path& file, std::string_view bytes) {
     try {
+        // A package that somebody has moved away must not be there again for the sake of its cache.
+        std::error_code error;
+        const auto cache = file.parent_path().parent_path();
+        if (!std::filesystem::is_directory(cache.parent_path(), error)) return;
         Files::createFolder(file.parent_path());
         Files::writeWhole(file, bytes);
     } catch (const Problem&) {
