@@ -31,6 +31,13 @@ const Action* actionOf(const QKeyEvent& event) {
         QKeyCombination(event.modifiers(), static_cast<Qt::Key>(physical.toUpper()[0].unicode())));
 }
 
+/// Whether Ctrl+Z is for the project although somebody types: where the text has nothing to take back.
+bool isProjects(const Action& action, const QQuickItem& text) {
+    if (action.id != "undo" && action.id != "redo") return false;
+    const auto able = text.property(action.id == "undo" ? "canUndo" : "canRedo");
+    return text.property("projectUndo").toBool() || (able.isValid() && !able.toBool());
+}
+
 }
 
 KeyRouter::KeyRouter(QQuickWindow& watched, OpenProject& open)
@@ -77,8 +84,9 @@ bool KeyRouter::press(const QKeyEvent& event) {
     if (project.takesAllKeys()) return event.key() == Qt::Key_Escape && project.escape();
     const auto* action = actionOf(event);
     const auto* focus = window.activeFocusItem();
-    const bool ownUndo = focus && !focus->property("projectUndo").toBool();
-    const bool toText = typing() && (!held || (action && action->textToo && ownUndo));
+    const bool ofProject = action && focus && isProjects(*action, *focus);
+    const bool writes = !held && (event.key() < Qt::Key_F1 || event.key() > Qt::Key_F35);
+    const bool toText = typing() && (writes || (action && action->textToo && !ofProject));
     if (event.key() == Qt::Key_Escape) return !takesEscape() && project.escape();
     if (toText) return false;
     if (action) return project.perform(QString::fromStdString(action->id));
@@ -92,11 +100,12 @@ bool KeyRouter::takesEscape() const {
 }
 
 /// Arrows are for whatever list or slider has the focus, or a row of it; in the viewers and the timeline they
-/// walk the time.
-bool KeyRouter::onControl() const {
+/// walk the time. A list that goes up and down alone leaves the others to the player.
+bool KeyRouter::onControl(int key) const {
     const auto* item = window.activeFocusItem();
     while (item && !item->property("takesArrows").toBool()) item = item->parentItem();
-    return item != nullptr;
+    const bool upOrDown = key == Qt::Key_Up || key == Qt::Key_Down;
+    return item && (upOrDown || !item->property("upAndDown").toBool());
 }
 
 /// On the timeline Enter goes to what is picked, unless that is a caption. While a screen reader runs its
@@ -125,17 +134,17 @@ bool KeyRouter::pressBare(const QKeyEvent& event) {
     switch (event.key()) {
         case Qt::Key_Left:
         case Qt::Key_Right:
-            if (onControl()) return false;
+            if (onControl(event.key())) return false;
             player.step(event.key() == Qt::Key_Left ? -step : step);
             return true;
         case Qt::Key_Up:
         case Qt::Key_Down:
-            if (onControl()) return false;
+            if (onControl(event.key())) return false;
             CutCommands::jumpToEdit(editor, event.key() == Qt::Key_Down);
             return true;
         case Qt::Key_Home:
         case Qt::Key_End:
-            if (onControl()) return false;
+            if (onControl(event.key())) return false;
             player.seek(event.key() == Qt::Key_Home ? player.spanStart() : player.spanEnd());
             return true;
         default:

@@ -37,7 +37,7 @@ private:
     bool pressBare(const QKeyEvent& event);
     bool walkBlocks(const QKeyEvent& event);
     bool typing() const;
-    bool onControl() const;
+    bool onControl(int key) const;
     bool takesEscape() const;
 
     QQuickWindow& window;

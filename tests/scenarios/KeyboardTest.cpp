@@ -2,6 +2,7 @@
 #include "tests/scenarios/Scenario.h"
 #include "tests/scenarios/ScenarioMedia.h"
 
+#include <algorithm>
 #include <map>
 
 using namespace murbo;
@@ -65,22 +66,85 @@ protected:
             undo([&] { return onDisk() == stood; });
         }
     }
+    std::size_t marksOf(std::int64_t number) const {
+        const auto project = onDisk();
+        const auto clip = std::ranges::find(project.clips, number, &Clip::number);
+        return clip == project.clips.end() ? 0 : clip->marks.size();
+    }
+    void marks() {
+        clickOn("ListItem", "C02,", "Browser");
+        until("the clip is held", [&] { return see("Button", "Play", "Source viewer").enabled; });
+        const auto stood = onDisk();
+        pressUntil("M", "a mark",
+                   [&] { return see("ListItem", "C02,", "Browser").selected && marksOf(2) == 1; });
+        undo([&] { return onDisk() == stood; });
+        pressUntil("P", "a bookmark", [&] { return onDisk().bookmarks.size() == 1; });
+        undo([&] { return onDisk() == stood; });
+        pressUntil("F", "a favourite", [&] { return onDisk().clips[1].rating == 1; });
+        pressUntil("U", "no rating", [&] { return !onDisk().clips[1].rating; });
+        pressUntil("Delete", "rejected", [&] { return onDisk().clips[1].rating == -1; });
+        undo([&] { return !onDisk().clips[1].rating; });
+    }
+    void ranges() {
+        key("Home");
+        key("Shift+Right");
+        press("I");
+        key("Shift+Right", 2);
+        press("O");
+        pressUntil("E", "the range at the end", [&] { return video().cuts.size() == 4; });
+        EXPECT_NEAR(video().cuts.back().length(), 2, 0.01) << "I and O";
+        press("X");
+        pressUntil("W", "the whole clip", [&] { return video().cuts.size() > 4; });
+        undo([&] { return video().cuts.size() == 4; });
+        undo([&] { return video().cuts.size() == 3; });
+    }
 };
 
 }
 
-TEST_P(ByKeys, toolsTransportAndFramingWork) {
+TEST_P(ByKeys, eachOfTheTwentyFourDoesItsWork) {
     if (!screen().setLayout(GetParam()))
         GTEST_SKIP() << "This screen's keyboard has no layout " << GetParam();
     open(scenario::cutVideo());
-    clickOn("ListItem", "Clips");
+    turnTo("Clips");
     click(block("Cut", 2));
     tools();
     transport();
     framing();
+    marks();
+    ranges();
     screen().setLayout("us");
     undoToStart();
 }
 
 INSTANTIATE_TEST_SUITE_P(Layouts, ByKeys, testing::Values("us", "th", "ru", "fr"),
                          [](const auto& layout) { return std::string(layout.param); });
+
+using Rebinding = Scenario;
+
+TEST_F(Rebinding, aKeyThatIsTakenIsSwappedAndThatIsSaid) {
+    open(scenario::cutVideo());
+    key("Ctrl+K");
+    see("EditableText", "Commands");
+    type("keys");
+    key("Return");
+    until("the list of keys has the keys", [&] { return see("List", "Keys").focused; });
+    clickOn("EditableText", "Search the keys");
+    type("blade");
+    until("no other is listed", [&] { return !find("ListItem", "Select Tool"); });
+    clickOn("ListItem", "Blade Tool, B");
+    see("AlertMessage", "Press the key that it shall have");
+    key("J");
+    see("AlertMessage", "J now gives “Blade Tool”; “Play Backward, Faster Each Press” moved to B");
+    see("ListItem", "Blade Tool, J");
+    key("Escape");
+    until("the sheet is closed", [&] { return !find("List", "Keys"); });
+    key("J");
+    until("J takes the blade", [&] { return see("Button", "Blade").checked; });
+    EXPECT_EQ(see("Button", "Blade").description, "J") << "its hint says the new key";
+    key("End");
+    key("B");
+    until("B plays backward", [&] { return find("StaticText", "Speed −1×", "Video viewer").has_value(); });
+    key("K");
+    EXPECT_EQ(onDisk(), before);
+}

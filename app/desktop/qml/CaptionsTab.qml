@@ -29,7 +29,10 @@ FocusScope {
         model: captions.list
         activeFocusOnTab: true
         property bool takesArrows: true
+        property bool upAndDown: true
         cacheBuffer: 0
+        property bool fresh: true // nobody has scrolled: it begins at its head, whose height is known later
+        onMovementStarted: fresh = false
         Accessible.role: Accessible.List
         Accessible.name: "Captions, " + count
         Keys.onUpPressed: captions.list.pick(Math.max(captions.list.pickedRow - 1, 0))
@@ -44,6 +47,7 @@ FocusScope {
             width: list.width
             spacing: Theme.gap
             bottomPadding: Theme.gap
+            onHeightChanged: if (list.fresh) list.positionViewAtBeginning()
 
             Item {
                 x: Theme.margin
@@ -99,7 +103,7 @@ FocusScope {
                         Keys.onEnterPressed: save.clicked()
                     }
                     PushButton { id: save; anchors.right: parent.right; anchors.rightMargin: Theme.wide; anchors.bottom: parent.bottom; text: "Save as Preset"; enabled: captions.hasVideo && presetName.text.trim() !== ""
-                                 onClicked: if (captions.savePreset(presetName.text)) presetName.text = "" }
+                                 onClicked: if (captions.savePreset(presetName.text)) { presetName.text = ""; tab.takeFocus() } }
                 }
             }
             Words { x: Theme.margin; height: Theme.tool; text: list.count === 1 ? "1 caption" : list.count + " captions"; color: Theme.text3; font.pixelSize: Theme.noteSize }

@@ -6,7 +6,8 @@ T.Button {
     id: button
 
     property string name
-    property string keys
+    property string command // an editing command, whose key the owner chooses
+    property string keys: command ? (settingsSheet.moved, settingsSheet.keyOf(command)) : ""
     property color tint: checked ? Theme.accent : enabled ? Theme.text2 : Theme.disabled
     property int side: Theme.icon
     property bool toggles: false // stays on or off

@@ -9,7 +9,7 @@ Sheet {
 
     function waitFor(command) {
         waiting = command
-        sheet.forceActiveFocus()
+        list.forceActiveFocus() // from which keys come up to the sheet; a field would take them
     }
     // While a key is awaited Esc is for this sheet: it ends the waiting and leaves the sheet open.
     onWaitingChanged: project.menuOpen = waiting !== ""

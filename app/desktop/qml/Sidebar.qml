@@ -20,6 +20,7 @@ Rectangle {
         keyNavigationEnabled: true
         currentIndex: project.sidebar.pickedRow
         property bool takesArrows: true
+        property bool upAndDown: true
         Accessible.role: Accessible.List
         Accessible.name: "Project"
         Keys.onUpPressed: project.sidebar.pick(Math.max(currentIndex - 1, 0))

@@ -26,7 +26,7 @@ Item {
         anchors.centerIn: parent
         spacing: Theme.gap
         IconButton { glyph: "step-back"; name: "One frame back"; keys: "←"; onClicked: transport.view.step(-1) }
-        IconButton { glyph: transport.plays ? "pause" : "play"; name: transport.plays ? "Pause" : "Play"; keys: "Space"; side: 20
+        IconButton { glyph: transport.plays ? "pause" : "play"; name: transport.plays ? "Pause" : "Play"; command: "play"; side: 20
                      onClicked: { project.setFocus(transport.what); project.perform("key.play") } }
         IconButton { glyph: "step-forward"; name: "One frame on"; keys: "→"; onClicked: transport.view.step(1) }
     }

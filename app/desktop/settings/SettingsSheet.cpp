@@ -154,6 +154,11 @@ QVariantList SettingsSheet::keys() const {
     return list;
 }
 
+QString SettingsSheet::keyOf(const QString& name) const {
+    const auto command = fromRawText<Command>(name.toStdString());
+    return command ? shownKey(Keys::standard().key(*command)) : QString();
+}
+
 bool SettingsSheet::bind(const QString& name, const QString& typed) {
     const auto command = fromRawText<Command>(name.toStdString());
     const auto key = Keys::name(typed.toStdString());

@@ -34,6 +34,7 @@ public:
     QVariantList fonts() const;   ///< of captions, in their order: family, installed
 
     QVariantList keys() const; ///< command, title, key: those whose title or key holds what is searched
+    Q_INVOKABLE QString keyOf(const QString& command) const; ///< as people read it
     /// Gives a command a key as it was typed; what had it takes the command's own. False where it is no key
     /// that a command can have.
     Q_INVOKABLE bool bind(const QString& command, const QString& typed);
