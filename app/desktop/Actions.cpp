@@ -125,10 +125,22 @@ std::vector<Action> made() {
         verb("fullViewer", "View", "Full-Screen Viewer", "Ctrl+Shift+F"),
         verb("safeAreas", "View", "Show or Hide Safe Areas"),
         verb("droppedFrames", "View", "Show or Hide Dropped Frames"),
-        verb("nextRegion", "View", "Next Region", "F6"),
-        verb("previousRegion", "View", "Previous Region", "Shift+F6"),
-        verb("search", "View", "Search the Browser", "Ctrl+F"),
-        verb("transcript.search", "View", "Search the Transcript", "Ctrl+Alt+F"),
+
+        verb("nextRegion", "Go", "Next Region", "F6"),
+        verb("previousRegion", "Go", "Previous Region", "Shift+F6"),
+        verb("search", "Go", "Search the Browser", "Ctrl+F"),
+        verb("transcript.search", "Go", "Search the Transcript", "Ctrl+Alt+F"),
+        verb("go.videos", "Go", "Go to Videos"),
+        verb("go.sources", "Go", "Go to Sources"),
+        verb("go.clips", "Go", "Go to Clips"),
+        verb("go.favourites", "Go", "Go to Favourites"),
+        verb("go.bookmarks", "Go", "Go to Bookmarks"),
+        verb("go.missing", "Go", "Go to Missing Footage"),
+        verb("go.layouts", "Go", "Go to Layouts"),
+        verb("go.generators", "Go", "Go to Generators"),
+        verb("go.playbooks", "Go", "Go to Playbooks"),
+        verb("go.sounds", "Go", "Go to Sounds"),
+        verb("go.music", "Go", "Go to Music"),
     };
 }
 

@@ -179,6 +179,10 @@ bool Desktop::openPath(const QString& path) {
     return open(path.toStdString()) != nullptr;
 }
 
+QString Desktop::freeName(const QString& folder) const {
+    return QString::fromStdString(ProjectName::free(folder.toStdString()));
+}
+
 bool Desktop::create(const QString& name, const QString& folder, const QStringList& footage) try {
     const auto clean = name.trimmed().toStdString();
     if (const auto fault = ProjectName::fault(clean); !fault.empty()) throw Problem(fault);

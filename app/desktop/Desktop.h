@@ -55,6 +55,7 @@ public:
 
     Q_INVOKABLE bool openPath(const QString& path);
     /// Makes an empty project and opens it, with `footage` to be added to it.
+    Q_INVOKABLE QString freeName(const QString& folder) const; ///< for a new project there
     Q_INVOKABLE bool create(const QString& name, const QString& folder, const QStringList& footage = {});
     Q_INVOKABLE void forgetProblem() { fail(""); }
     Q_INVOKABLE void showStart();

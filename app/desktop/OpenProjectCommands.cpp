@@ -74,7 +74,10 @@ bool OpenProject::performVerb(const Action& action) {
         if (session.framing()) session.setFocus(Viewer::source);
     } else if (id == "palette" || id == "renameVideo")
         setSheet(id);
-    else if (id == "trimStart" || id == "trimEnd")
+    else if (id.startsWith("go.")) {
+        session.setSidebar({*fromRawText<Collection>(action.id.substr(3)), {}});
+        emit verb("page");
+    } else if (id == "trimStart" || id == "trimEnd")
         trimToPlayhead(id == "trimStart");
     else if (id == "takeOutQuiet")
         CutCommands::takeOutQuiet(session, *CutCommands::pickedCut(session));

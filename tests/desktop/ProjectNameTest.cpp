@@ -1,4 +1,5 @@
 #include "app/desktop/documents/ProjectName.h"
+#include "tests/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -11,6 +12,15 @@ TEST(ProjectName, isWhatAFolderCanBeCalled) {
     EXPECT_NE(ProjectName::fault(std::string(250, 'a')), "");
     EXPECT_EQ(ProjectName::package("a.b", "/x"), "/x/a.b.mbproj");
     EXPECT_EQ(ProjectName::package("a.mbproj", "/x"), "/x/a.mbproj");
+}
+
+TEST(ProjectName, aNewProjectHasOneThatIsFree) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(ProjectName::free(folder.path), "Untitled");
+    folder.file("Untitled.mbproj/project.json");
+    folder.file("Untitled 2.mbproj/project.json");
+    EXPECT_EQ(ProjectName::free(folder.path), "Untitled 3");
+    EXPECT_EQ(ProjectName::free(folder / "nowhere"), "Untitled");
 }
 
 TEST(ProjectName, onePackageHasOnePath) {

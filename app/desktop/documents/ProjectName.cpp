@@ -24,6 +24,14 @@ std::filesystem::path package(const std::string& name, const std::filesystem::pa
     return folder / (name.ends_with(ending) ? name : name + ending);
 }
 
+std::string free(const std::filesystem::path& folder) {
+    std::error_code unknown; // what can't be looked at is refused when the project is made
+    std::string name = "Untitled";
+    for (int number = 2; std::filesystem::exists(package(name, folder), unknown); ++number)
+        name = "Untitled " + std::to_string(number);
+    return name;
+}
+
 std::filesystem::path tidy(const std::filesystem::path& package) {
     const auto whole = std::filesystem::absolute(package).lexically_normal();
     return whole.has_filename() ? whole : whole.parent_path();

@@ -95,6 +95,7 @@ void FootageSheet::stop() {
 
 void FootageSheet::clear() {
     stop();
+    unlisted.clear();
     model.setRows({});
     group.clear();
     const auto& settings = SettingsStore::standard();
@@ -104,19 +105,20 @@ void FootageSheet::clear() {
 }
 
 void FootageSheet::take(const QStringList& paths) {
-    std::vector<fs::path> given;
-    for (const auto& path : paths) given.emplace_back(path.toStdString());
-    if (!given.empty()) list(std::move(given));
+    for (const auto& path : paths) unlisted.emplace_back(path.toStdString());
+    if (!unlisted.empty()) list();
 }
 
-void FootageSheet::list(std::vector<fs::path> given) {
+/// All that was handed over since the last list was there: more may come while one is made.
+void FootageSheet::list() {
     stop();
     busy = true;
     emit changed();
     auto found = std::make_shared<std::vector<FootageRow>>(model.rows());
-    const auto work = [given = std::move(given), found] { *found = listed(given, std::move(*found)); };
+    const auto work = [given = unlisted, found] { *found = listed(given, std::move(*found)); };
     background.start(work, [this, found, mine = turn] {
         if (mine != turn) return;
+        unlisted.clear();
         if (group.isEmpty() && !found->empty()) group = groupOf(*found);
         model.setRows(std::move(*found));
         look();
@@ -157,6 +159,7 @@ void FootageSheet::remove(int row) {
     const bool unfinished = busy;
     stop();
     model.remove(row);
+    if (!unlisted.empty()) return list();
     busy = unfinished && count() > 0;
     emit changed();
     if (busy) look();

@@ -50,7 +50,7 @@ signals:
     void changed();
 
 private:
-    void list(std::vector<std::filesystem::path> given);
+    void list();
     void look();
     void stop();
 
@@ -61,6 +61,7 @@ private:
     bool describe = false;
     bool busy = false;
     int turn = 0; ///< what comes of an earlier one is dropped
+    std::vector<std::filesystem::path> unlisted; ///< handed over, and not among the files yet
     std::stop_source stopping;
     Background background;
 };

@@ -38,6 +38,12 @@ std::string asLines(const QString& typed) {
     return typed.split(gaps, Qt::SkipEmptyParts).join("\n").toStdString();
 }
 
+/// A clip for those who do not see where it is drawn: "C04, 0:10.00 to 3:40.00".
+QString wordsOf(const Clip& clip) {
+    return QString::fromStdString(clip.tag() + ", " + Timecode::fine(clip.start) + " to " +
+                                  Timecode::fine(clip.end));
+}
+
 QString counted(qsizetype count, const char* one, const char* many) {
     return QString::number(count) + " " + (count == 1 ? one : many);
 }
@@ -196,6 +202,7 @@ void StreamSheet::workOut() {
         for (const auto& clip : project.clips)
             if (clip.source == source)
                 shownClips.append(QVariantMap{{"tag", QString::fromStdString(clip.tag())},
+                                              {"words", wordsOf(clip)},
                                               {"from", clip.start / file->length},
                                               {"to", clip.end / file->length}});
         for (const double time : times)

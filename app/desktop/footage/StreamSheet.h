@@ -42,7 +42,7 @@ public:
     QString problem() const;      ///< why it can't come in, or what is wrong with the markers
     QString markersWords() const; ///< "9 markers from 2026-11-17.csv"
     QString clipWords() const;    ///< "5 clips, C12 to C16"
-    QVariantList clips() const { return shownClips; } ///< tag, from, to: shares of the recording
+    QVariantList clips() const { return shownClips; } ///< tag, words, from, to: shares of the recording
     QVariantList marks() const { return shownMarks; } ///< shares of the recording
     QString typed() const { return typedTimes; }
     bool ready() const { return file.has_value(); }

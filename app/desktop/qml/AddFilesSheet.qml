@@ -16,7 +16,7 @@ Sheet {
         target: chooser
         enabled: false
         function onChosen(kind, paths) { enabled = false; if (kind === "movies") footageSheet.take(paths) }
-        function onUnavailable(kind) { enabled = false; picker.active = true }
+        function onUnavailable(kind) { enabled = false; picker.active = true; picker.item.takeFocus() }
     }
 
     Column {

@@ -18,7 +18,7 @@ Sheet {
         target: chooser
         enabled: false
         function onChosen(kind, paths) { enabled = false; if (kind === "file") streamSheet.take(paths) }
-        function onUnavailable(kind) { enabled = false; picker.active = true }
+        function onUnavailable(kind) { enabled = false; picker.active = true; picker.item.takeFocus() }
     }
 
     Column {
@@ -49,7 +49,7 @@ Sheet {
                     Image { required property string modelData; objectName: "recordingStill"; width: parent.width / 7; height: parent.height; source: modelData; asynchronous: true; fillMode: Image.PreserveAspectCrop; opacity: 0.45 }
                 }
             }
-            Accessible.role: Accessible.Graphic
+            Accessible.role: Accessible.List
             Accessible.name: streamSheet.ready ? streamSheet.clipWords : "No recording yet"
             Repeater {
                 model: streamSheet.clips
@@ -59,6 +59,8 @@ Sheet {
                     width: Math.max((modelData.to - modelData.from) * parent.width, 2)
                     y: 12
                     height: parent.height - 24
+                    Accessible.role: Accessible.ListItem
+                    Accessible.name: modelData.words
                     radius: Theme.small
                     color: "#B02A323B"
                     border.color: Theme.timeline["cut.edge"]
@@ -81,7 +83,7 @@ Sheet {
             width: parent.width
             spacing: Theme.wide
             Icon { name: "bookmark"; tint: Theme.picked; anchors.verticalCenter: parent.verticalCenter }
-            Words { width: parent.width - markersButton.width - Theme.icon - 2 * Theme.wide; height: Theme.control; text: streamSheet.markersWords; color: Theme.text2; elide: Text.ElideMiddle }
+            Words { width: parent.width - markersButton.width - Theme.icon - 2 * Theme.wide; height: Theme.control; text: streamSheet.markersWords; color: Theme.text2; elide: Text.ElideMiddle; Accessible.role: Accessible.StaticText; Accessible.name: text }
             PushButton { id: markersButton; text: "Choose…"; Accessible.name: "Choose Markers"; onClicked: sheet.choose(true) }
         }
         Row {

@@ -36,6 +36,7 @@ Rectangle {
         activeFocusOnTab: true
         currentIndex: project.browser.count >= 0 ? project.browser.heldRow() : -1
         property bool takesArrows: true
+        property bool upAndDown: true
         Accessible.role: Accessible.List
         Accessible.name: "Browser"
         Keys.onUpPressed: project.browser.pick(Math.max(currentIndex - 1, 0), 0)
@@ -50,6 +51,8 @@ Rectangle {
         width: list.width - 2 * Theme.margin
         visible: project.browser.emptyWords !== ""
         text: project.browser.emptyWords
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
         color: Theme.text3
         wrapMode: Text.WordWrap
         elide: Text.ElideNone

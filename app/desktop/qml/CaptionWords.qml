@@ -47,12 +47,13 @@ Column {
                     focusPolicy: Qt.TabFocus
                     hoverEnabled: true
                     text: word.modelData.stressed ? "Plain" : "Stand out"
-                    Accessible.role: Accessible.CheckBox
+                    checkable: true // what makes it a tick to a screen reader
+                    checked: word.modelData.stressed
                     Accessible.name: word.modelData.words + ", stands out"
                     Accessible.checked: word.modelData.stressed
                     Accessible.onPressAction: clicked()
                     Keys.onReturnPressed: clicked()
-                    onClicked: captions.list.toggleStress(word.index)
+                    onClicked: { captions.list.toggleStress(word.index); checked = Qt.binding(() => word.modelData.stressed) }
                     contentItem: Words { id: label; text: word.modelData.words; horizontalAlignment: Text.AlignHCenter; elide: Text.ElideNone
                                          color: word.modelData.stressed ? Theme.picked : Theme.text; font.weight: word.modelData.stressed ? Font.DemiBold : Font.Normal }
                     background: Rectangle { radius: Theme.small; color: face.hovered ? Theme.pressed : Theme.hover; border.width: word.modelData.stressed ? 1 : 0; border.color: Theme.picked

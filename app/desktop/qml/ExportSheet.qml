@@ -26,7 +26,7 @@ Sheet {
                 radius: Theme.small
                 FrameView { anchors.fill: parent; mirrors: sheet.picture }
             }
-            Words { text: exportSheet.facts; color: Theme.text3; font.pixelSize: Theme.noteSize }
+            Words { text: exportSheet.facts; Accessible.role: Accessible.StaticText; Accessible.name: text; color: Theme.text3; font.pixelSize: Theme.noteSize }
         }
         Column {
             width: 478
@@ -56,7 +56,7 @@ Sheet {
                 height: why.implicitHeight + Theme.wide
                 radius: Theme.radius
                 color: Theme.badCard
-                Words { id: why; x: Theme.gap; y: Theme.gap - 2; width: parent.width - Theme.margin; wrapMode: Text.WordWrap; elide: Text.ElideNone; text: project.exports.problem || exportSheet.problem }
+                Words { id: why; x: Theme.gap; y: Theme.gap - 2; width: parent.width - Theme.margin; wrapMode: Text.WordWrap; elide: Text.ElideNone; text: project.exports.problem || exportSheet.problem; Accessible.role: Accessible.AlertMessage; Accessible.name: text }
             }
         }
     }

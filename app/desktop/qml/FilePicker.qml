@@ -8,6 +8,7 @@ Item {
     property string wanted: "movies"
     property var chosen: []
     signal picked(string path)
+    function takeFocus() { list.forceActiveFocus(Qt.TabFocusReason) }
 
     height: 320
     Component.onCompleted: { folders.wanted = wanted; if (!folders.folder) folders.folder = "" }
@@ -36,10 +37,17 @@ Item {
             activeFocusOnTab: true
             boundsBehavior: Flickable.StopAtBounds
             Accessible.role: Accessible.List
-            Accessible.name: "Files"
-            Keys.onReturnPressed: take(currentIndex)
+            Accessible.name: "Files to choose"
+            Keys.onReturnPressed: (event) => enter(event)
+            Keys.onEnterPressed: (event) => enter(event)
+            // With Ctrl it is for the sheet that this stands in.
+            function enter(event) { if (event.modifiers & Qt.ControlModifier) event.accepted = false; else take(currentIndex) }
             Keys.onSpacePressed: take(currentIndex)
-            function take(row) { folders.isFolder(row) ? folders.folder = folders.pathOf(row) : picker.picked(folders.pathOf(row)) }
+            Keys.onPressed: (event) => { if (event.key === Qt.Key_Backspace) { folders.up(); event.accepted = true } }
+            Connections { target: folders; function onFolderChanged() { list.currentIndex = 0 } }
+            function take(row) { folders.isFolder(row) ? folders.folder = folders.pathOf(row) : pickFile(row) }
+            // The next one is at hand, to be taken too.
+            function pickFile(row) { picker.picked(folders.pathOf(row)); if (row + 1 < count) currentIndex = row + 1 }
             delegate: Rectangle {
                 id: line
                 required property int index

@@ -23,7 +23,7 @@ Column {
         target: chooser
         enabled: false
         function onChosen(kind, paths) { enabled = false; if (kind === "folder" && paths.length) { field.text = paths[0]; choice.edited(paths[0]) } }
-        function onUnavailable(kind) { enabled = false; list.active = true }
+        function onUnavailable(kind) { enabled = false; list.active = true; list.item.takeFocus() }
     }
     Loader {
         id: list

@@ -29,7 +29,7 @@ Item {
         Labelled {
             name: line.row.name
             Words { width: parent.width; height: Math.max(implicitHeight, Theme.control); topPadding: 5; bottomPadding: 5; text: line.row.current; wrapMode: Text.Wrap; elide: Text.ElideNone
-                    Accessible.role: Accessible.StaticText; Accessible.name: line.row.name + ": " + text }
+                    Accessible.role: Accessible.StaticText; Accessible.name: (line.row.name ? line.row.name + ": " : "") + text }
         }
     }
     Component {

@@ -1,14 +1,15 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// M or S on a row's header.
+// A letter to press: M or S on a row's header.
 T.Button {
     id: button
 
     property string letter
     property string name
     property bool on: false
-    property color lit
+    property bool toggles: false // stays on or off
+    property color lit: Theme.accent
 
     implicitWidth: 24
     implicitHeight: 24
@@ -16,8 +17,8 @@ T.Button {
     hoverEnabled: true
     Accessible.role: Accessible.Button
     Accessible.name: name
-    Accessible.checkable: true
-    Accessible.checked: on
+    Accessible.checkable: toggles
+    Accessible.checked: toggles && on
     Accessible.onPressAction: button.clicked()
 
     contentItem: Item {}

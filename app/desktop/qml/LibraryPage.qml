@@ -80,6 +80,7 @@ Rectangle {
                 drag.target: item.kind === "leftOut" ? null : ghost
                 drag.threshold: 6
                 drag.smoothed: false
+                preventStealing: true // or the list would take a drag that goes down
                 onPressed: (mouse) => { list.currentIndex = item.index; list.forceActiveFocus(); const at = mapToItem(ghost.parent, mouse.x, mouse.y); ghost.x = at.x + 4; ghost.y = at.y + 4 }
                 onReleased: if (drag.active) ghost.Drag.drop()
                 onDoubleClicked: library.add(item.index)
@@ -144,7 +145,7 @@ Rectangle {
         width: list.width - 2 * Theme.margin
         spacing: Theme.wide
         visible: library.emptyWords !== ""
-        Words { width: parent.width; text: library.emptyWords; color: Theme.text3; wrapMode: Text.WordWrap; elide: Text.ElideNone; horizontalAlignment: Text.AlignHCenter }
+        Words { width: parent.width; text: library.emptyWords; Accessible.role: Accessible.StaticText; Accessible.name: text; color: Theme.text3; wrapMode: Text.WordWrap; elide: Text.ElideNone; horizontalAlignment: Text.AlignHCenter }
         Words { visible: button.visible; width: parent.width; text: library.folder; color: Theme.text2; wrapMode: Text.WrapAnywhere; elide: Text.ElideNone; horizontalAlignment: Text.AlignHCenter }
         PushButton { id: button; visible: library.words === "" && list.count === 0; anchors.horizontalCenter: parent.horizontalCenter; text: "Open Folder"; onClicked: library.openFolder(-1) }
     }

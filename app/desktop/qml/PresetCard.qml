@@ -3,7 +3,7 @@ import QtQuick.Templates as T
 import Murbo 1.0
 
 // A caption style to choose, drawn on the video's own words.
-T.AbstractButton {
+T.RadioButton {
     id: card
 
     property string name
@@ -13,13 +13,15 @@ T.AbstractButton {
     focusPolicy: Qt.TabFocus
     hoverEnabled: true
     text: name
-    Accessible.role: Accessible.RadioButton
+    checked: chosen
+    onClicked: checked = Qt.binding(() => chosen)
     Accessible.name: name
     Accessible.checked: chosen
     Accessible.onPressAction: card.clicked()
     Keys.onReturnPressed: card.clicked()
     Keys.onEnterPressed: card.clicked()
 
+    indicator: null
     contentItem: Item {
         Rectangle { anchors.fill: parent; anchors.margins: Theme.ring; anchors.bottomMargin: label.height; color: Theme.canvas }
         PictureView { picture: card.picture; anchors.fill: parent; anchors.margins: Theme.ring; anchors.bottomMargin: label.height }

@@ -21,6 +21,7 @@ Window {
     Connections {
         target: project
         function onVerb(name) { window.carryOut(name) }
+        function onSheetChanged() { Qt.callLater(regions.giveBack) }
         function onFocusChanged() { window.showsSource = project.focus === "source" }
         function onToast(words, button) { toast.show(words, button) }
         function onBeeped() { toast.shake() }
@@ -41,6 +42,7 @@ Window {
         else if (name === "zoomIn" || name === "zoomOut") timeline.zoomStep(name === "zoomIn")
         else if (name === "zoomFit") timeline.fit()
         else if (name === "search") (library.shown ? shelf : browser).search()
+        else if (name === "page") (library.shown ? shelf : browser).takeFocus()
         else if (name === "nextRegion" || name === "previousRegion") regions.go(name === "nextRegion" ? 1 : -1)
         else if (name === "newProject" || name === "openProject") desktop.showStart()
         else if (name === "menus") topBar.openMenus()
@@ -114,13 +116,33 @@ Window {
     QtObject {
         id: regions
         readonly property var ring: [sidebar, library.shown ? shelf : browser, window.showsSource && window.plan.tabs ? source : video, timeline].concat(inspectorPanel.shown ? [inspector] : [])
-        property int at: 3
+        // What had the keys before a sheet came, and in which region: rows of lists come and go.
+        property Item hadKeys: null
+        property Item keysIn: null
+        // Where the keys are; -1 for nowhere.
+        function at() {
+            for (let item = window.activeFocusItem; item && ring; item = item.parent) if (ring.includes(item)) return ring.indexOf(item)
+            return -1
+        }
         function go(by) {
-            at = (at + by + ring.length) % ring.length
-            ring[at].takeFocus()
+            const next = ring[((at() < 0 ? 3 : at()) + by + ring.length) % ring.length]
+            next.takeFocus()
+            if (next === timeline) project.setFocus("video")
+        }
+        function note() {
+            if (project.sheet || at() < 0) return
+            hadKeys = window.activeFocusItem
+            keysIn = ring[at()]
+        }
+        function giveBack() {
+            if (project.sheet || at() >= 0) return
+            if (hadKeys && hadKeys.visible) hadKeys.forceActiveFocus(Qt.OtherFocusReason)
+            else if (keysIn && keysIn.visible) keysIn.takeFocus()
         }
         function home() { timeline.takeFocus() }
     }
+
+    onActiveFocusItemChanged: regions.note()
 
     DropArea {
         anchors.fill: parent

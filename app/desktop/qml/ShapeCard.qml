@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 
 // A video's shape to choose.
-T.Button {
+T.RadioButton {
     id: card
 
     property var shape
@@ -12,11 +12,13 @@ T.Button {
     implicitHeight: 150
     focusPolicy: Qt.TabFocus
     hoverEnabled: true
-    Accessible.role: Accessible.RadioButton
+    checked: chosen
+    onClicked: checked = Qt.binding(() => chosen)
     Accessible.name: shape.aspect + ", " + shape.words
     Accessible.checked: chosen
     Keys.onReturnPressed: card.clicked()
 
+    indicator: null
     contentItem: Item {
         Rectangle { anchors.horizontalCenter: parent.horizontalCenter; y: 52 - height / 2 + Theme.gap; width: card.shape.w; height: card.shape.h; radius: 3
                     color: "transparent"; border.width: 2; border.color: card.chosen ? Theme.accent : Theme.fieldEdge }

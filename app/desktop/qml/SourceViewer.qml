@@ -90,6 +90,8 @@ FocusScope {
                 wrapMode: Text.WordWrap
                 text: heldFootage.state === "missing" ? "The file of this footage was not found" : heldFootage.state === "failed" ? heldFootage.words : "Pick a clip in the browser"
                 color: heldFootage.state === "empty" ? Theme.text3 : Theme.text
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
             }
             Words { width: parent.width; horizontalAlignment: Text.AlignHCenter; visible: heldFootage.state === "missing"; text: heldFootage.path; elide: Text.ElideMiddle; color: Theme.text2; font.pixelSize: Theme.noteSize }
             PushButton { anchors.horizontalCenter: parent.horizontalCenter; visible: heldFootage.state === "missing"; text: "Find…"; onClicked: project.perform("sheet.findMissing") }
@@ -126,10 +128,19 @@ FocusScope {
     }
     Row {
         anchors.bottom: parent.bottom
+        anchors.bottomMargin: (Theme.bar - Theme.tool) / 2
+        x: parent.width / 2 - 64 - width
+        visible: viewer.held && viewer.width > 480
+        spacing: 2
+        LaneButton { letter: "I"; name: "Mark start"; onClicked: project.perform("key.markStart") }
+        LaneButton { letter: "O"; name: "Mark end"; onClicked: project.perform("key.markEnd") }
+    }
+    Row {
+        anchors.bottom: parent.bottom
         anchors.bottomMargin: (Theme.bar - Theme.control) / 2
         x: parent.width / 2 + 64
         visible: viewer.held && viewer.width > 480
-        IconButton { glyph: "corner-down-left"; name: "Insert at playhead"; keys: "W"; onClicked: project.perform("key.insert") }
-        IconButton { glyph: "list-plus"; name: "Add to end"; keys: "E"; onClicked: project.perform("key.addToEnd") }
+        IconButton { glyph: "corner-down-left"; name: "Insert at playhead"; command: "insert"; onClicked: project.perform("key.insert") }
+        IconButton { glyph: "list-plus"; name: "Add to end"; command: "addToEnd"; onClicked: project.perform("key.addToEnd") }
     }
 }

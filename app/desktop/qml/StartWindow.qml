@@ -19,10 +19,14 @@ Window {
         footage = files
         pane = "new"
         folder.folder = desktop.projectFolder
+        name.text = desktop.freeName(folder.folder)
         name.forceActiveFocus()
+        name.selectAll()
     }
     function create() { desktop.create(name.text, folder.folder, footage) }
-    onVisibleChanged: if (!visible) { pane = ""; footage = []; name.text = "" }
+    function back() { pane = ""; (list.count > 0 ? list : make).forceActiveFocus(Qt.TabFocusReason) }
+    function choose() { desktop.forgetProblem(); asking.enabled = true; chooser.choose("folder", "Open a Project") }
+    onVisibleChanged: { footage = []; back() }
 
     width: 760
     height: 480
@@ -34,7 +38,13 @@ Window {
     Item {
         anchors.fill: parent
         focus: true
-        Keys.onEscapePressed: window.pane = ""
+        Keys.onEscapePressed: window.back()
+        Keys.onPressed: (event) => {
+            if (!(event.modifiers & Qt.ControlModifier)) return
+            event.accepted = event.key === Qt.Key_N || event.key === Qt.Key_O
+            if (event.key === Qt.Key_N) window.begin([])
+            if (event.key === Qt.Key_O) window.choose()
+        }
 
         Words { x: 24; y: 20; height: 34; text: "Murbo"; font.pixelSize: Theme.startSize; font.weight: Font.DemiBold }
         Words { x: 24; y: 66; text: "Recent"; color: Theme.text3; font.weight: Font.DemiBold; font.pixelSize: Theme.noteSize }
@@ -85,8 +95,8 @@ Window {
             width: parent.width / 2 - 40
             spacing: Theme.wide
             visible: window.pane === ""
-            PushButton { width: parent.width; implicitHeight: 40; text: "New Project…"; main: true; onClicked: window.begin([]) }
-            PushButton { width: parent.width; implicitHeight: 40; text: "Open…"; onClicked: { desktop.forgetProblem(); asking.enabled = true; chooser.choose("folder", "Open a Project") } }
+            PushButton { id: make; width: parent.width; implicitHeight: 40; text: "New Project…"; main: true; keys: "Ctrl+N"; onClicked: window.begin([]) }
+            PushButton { width: parent.width; implicitHeight: 40; text: "Open…"; keys: "Ctrl+O"; onClicked: window.choose() }
             Rectangle {
                 width: parent.width
                 height: 160
@@ -112,7 +122,7 @@ Window {
             Row {
                 anchors.right: parent.right
                 spacing: Theme.gap
-                PushButton { text: "Cancel"; onClicked: window.pane = "" }
+                PushButton { text: "Cancel"; onClicked: window.back() }
                 PushButton { text: "Create"; main: true; enabled: name.text.trim() !== ""; onClicked: window.create() }
             }
         }
@@ -127,7 +137,7 @@ Window {
             Row {
                 anchors.right: parent.right
                 spacing: Theme.gap
-                PushButton { text: "Cancel"; onClicked: window.pane = "" }
+                PushButton { text: "Cancel"; onClicked: window.back() }
                 PushButton { text: "Open"; main: true; onClicked: desktop.openPath(path.text) }
             }
         }

@@ -36,15 +36,15 @@ FocusScope {
             Words { text: project.videoTitle; color: Theme.text2; height: parent.height; width: Math.min(implicitWidth, panel.width - 560); leftPadding: Theme.small; rightPadding: Theme.gap }
             Repeater {
                 model: [
-                    { id: "select", glyph: "mouse-pointer-2", name: "Select", keys: "A" },
-                    { id: "trim", glyph: "move-horizontal", name: "Trim", keys: "T" },
-                    { id: "blade", glyph: "scissors", name: "Blade", keys: "B" },
-                    { id: "hand", glyph: "hand", name: "Hand", keys: "H" }]
+                    { id: "select", glyph: "mouse-pointer-2", name: "Select" },
+                    { id: "trim", glyph: "move-horizontal", name: "Trim" },
+                    { id: "blade", glyph: "scissors", name: "Blade" },
+                    { id: "hand", glyph: "hand", name: "Hand" }]
                 IconButton {
                     required property var modelData
                     glyph: modelData.glyph
                     name: modelData.name
-                    keys: modelData.keys
+                    command: modelData.id
                     toggles: true
                     checked: project.tool === modelData.id
                     side: 16
@@ -53,8 +53,8 @@ FocusScope {
                 }
             }
             Item { width: Theme.gap; height: 1 }
-            IconButton { glyph: "scan-line"; name: "Skimming"; keys: "S"; toggles: true; checked: project.skimming; side: 16; anchors.verticalCenter: parent.verticalCenter; onClicked: project.perform("key.skimming") }
-            IconButton { glyph: "magnet"; name: "Snapping"; keys: "N"; toggles: true; checked: project.snapping; side: 16; anchors.verticalCenter: parent.verticalCenter; onClicked: project.perform("key.snapping") }
+            IconButton { glyph: "scan-line"; name: "Skimming"; command: "skimming"; toggles: true; checked: project.skimming; side: 16; anchors.verticalCenter: parent.verticalCenter; onClicked: project.perform("key.skimming") }
+            IconButton { glyph: "magnet"; name: "Snapping"; command: "snapping"; toggles: true; checked: project.snapping; side: 16; anchors.verticalCenter: parent.verticalCenter; onClicked: project.perform("key.snapping") }
         }
         Row {
             anchors.right: parent.right
@@ -109,9 +109,9 @@ FocusScope {
                     anchors.verticalCenter: parent.verticalCenter
                     visible: parent.modelData.lane !== "" && panel.wideHeaders
                     spacing: 2
-                    LaneButton { letter: "M"; name: "Mute " + parent.parent.modelData.name; on: project.mutedLanes.indexOf(parent.parent.modelData.lane) >= 0; lit: Theme.notice
+                    LaneButton { toggles: true; letter: "M"; name: "Mute " + parent.parent.modelData.name; on: project.mutedLanes.indexOf(parent.parent.modelData.lane) >= 0; lit: Theme.notice
                                  onClicked: project.toggleMute(parent.parent.modelData.lane) }
-                    LaneButton { letter: "S"; name: "Solo " + parent.parent.modelData.name; on: project.soloLanes.indexOf(parent.parent.modelData.lane) >= 0; lit: Theme.accent
+                    LaneButton { toggles: true; letter: "S"; name: "Solo " + parent.parent.modelData.name; on: project.soloLanes.indexOf(parent.parent.modelData.lane) >= 0; lit: Theme.accent
                                  onClicked: project.toggleSolo(parent.parent.modelData.lane) }
                 }
             }
@@ -136,7 +136,6 @@ FocusScope {
         onSpanChanged: editing.end(true)
         onMenuAsked: (x, y, kind) => { const at = mapToItem(null, x, y); context.openPoint(at.x, at.y, project.contextMenu(kind)) }
 
-        CaptionEditor { id: editing; onEnded: view.forceActiveFocus(Qt.OtherFocusReason) }
         Rectangle { visible: view.skimmerX >= 0; x: Math.round(view.skimmerX); width: 1; height: parent.height; color: Theme.text }
         Rectangle {
             visible: view.ghost.width > 0
@@ -171,6 +170,8 @@ FocusScope {
             onPressed: (mouse) => from = mouse.y
             onPositionChanged: (mouse) => { if (pressed) view.rowsAbove += (mouse.y - from) * parent.all / parent.shown } }
     }
+    // Beside the view, whose parts are its blocks alone to a screen reader.
+    Item { anchors.fill: view; CaptionEditor { id: editing; onEnded: view.forceActiveFocus(Qt.OtherFocusReason) } }
     DashedPlace {
         x: view.x + Theme.wide
         y: view.y + 22 + 3 + Theme.gap

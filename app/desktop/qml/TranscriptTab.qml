@@ -171,7 +171,7 @@ FocusScope {
         anchors.centerIn: page
         width: parent.width - 2 * Theme.margin
         spacing: Theme.wide
-        Words { width: parent.width; text: transcript.emptyWords; color: Theme.text3; horizontalAlignment: Text.AlignHCenter }
+        Words { width: parent.width; text: transcript.emptyWords; Accessible.role: Accessible.StaticText; Accessible.name: text; color: Theme.text3; horizontalAlignment: Text.AlignHCenter }
         PushButton { visible: transcript.canTranscribe; anchors.horizontalCenter: parent.horizontalCenter; text: "Transcribe"; keys: "on this computer, free"; onClicked: transcript.transcribe() }
     }
 

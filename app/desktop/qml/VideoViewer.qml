@@ -65,6 +65,8 @@ FocusScope {
             anchors.horizontalCenter: parent.horizontalCenter
             text: project.videoTag ? "Put a clip in with E or W" : "No video yet"
             color: Theme.text3
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
         }
         PushButton { visible: !project.videoTag; text: "New Video"; onClicked: project.perform("sheet.newVideo") }
     }
@@ -76,7 +78,7 @@ FocusScope {
         height: words.implicitHeight + Theme.wide
         radius: Theme.radius
         color: Theme.badCard
-        Words { id: words; anchors.centerIn: parent; width: Math.min(implicitWidth, frame.width - 2 * Theme.margin); text: project.problem; wrapMode: Text.WordWrap; elide: Text.ElideNone }
+        Words { id: words; anchors.centerIn: parent; width: Math.min(implicitWidth, frame.width - 2 * Theme.margin); text: project.problem; wrapMode: Text.WordWrap; elide: Text.ElideNone; Accessible.role: Accessible.AlertMessage; Accessible.name: text }
     }
     Transport {
         id: transport
