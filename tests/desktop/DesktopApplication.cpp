@@ -1,8 +1,8 @@
 #include "app/desktop/Desktop.h"
+#include "app/desktop/GuardedApplication.h"
 #include "platform/store/SettingsStore.h"
 #include "tests/TemporaryFolder.h"
 
-#include <QGuiApplication>
 #include <cstdlib>
 #include <optional>
 
@@ -31,7 +31,7 @@ private:
     char name[5] = "test";
     char* arguments[2] = {name, nullptr};
     TemporaryFolder config;
-    std::optional<QGuiApplication> application;
+    std::optional<GuardedApplication> application;
 };
 
 [[maybe_unused]] const auto* const registered = testing::AddGlobalTestEnvironment(new DesktopApplication);

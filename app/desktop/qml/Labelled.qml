@@ -21,7 +21,7 @@ Item {
         height: row.high ? Theme.tool : Theme.control
         text: row.name
         color: Theme.text2
-        MouseArea { id: touch; property bool hovered: containsMouse && label.truncated; anchors.fill: parent; hoverEnabled: true; onDoubleClicked: row.reset() }
+        MouseArea { id: touch; property bool beside: true; property bool hovered: containsMouse && label.truncated; anchors.fill: parent; hoverEnabled: true; onDoubleClicked: row.reset() }
         Hint { of: touch; words: row.name }
     }
     Rectangle {

@@ -22,7 +22,7 @@ FocusScope {
         height: Math.min(field.height + list.contentHeight + 2 * Theme.wide + Theme.gap, 460)
         radius: Theme.sheetRadius
         color: Theme.raised
-        MouseArea { anchors.fill: parent }
+        MouseArea { property bool beside: true; anchors.fill: parent }
         Field {
             id: field
             x: Theme.wide
@@ -48,6 +48,7 @@ FocusScope {
             clip: true
             model: sheet.lines
             boundsBehavior: Flickable.StopAtBounds
+            property bool takesArrows: true // from the field
             Accessible.role: Accessible.List
             Accessible.name: "Commands found"
             delegate: Rectangle {

@@ -16,6 +16,7 @@ HandlesView {
     editor: project.editor
     Accessible.role: Accessible.Graphic
     Accessible.name: handles.words
+    Accessible.ignored: !handles.shown
     Accessible.focusable: handles.shown
     onEditAsked: { editing.text = handles.text(); editing.visible = true; editing.forceActiveFocus(Qt.MouseFocusReason); editing.selectAll() }
     onShownChanged: if (!shown) endEdit(false)

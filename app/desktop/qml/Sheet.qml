@@ -36,7 +36,7 @@ FocusScope {
         height: Math.min(head.height + body.childrenRect.height + foot.height + 5 * Theme.margin, parent.height - 2 * Theme.margin)
         radius: Theme.sheetRadius
         color: Theme.raised
-        MouseArea { anchors.fill: parent }
+        MouseArea { property bool beside: true; anchors.fill: parent } // presses end here
 
         Words { id: head; x: 24; y: Theme.margin; height: 24; text: sheet.title; font.pixelSize: Theme.sheetSize; font.weight: Font.DemiBold }
         Item { id: body; x: 24; width: parent.width - 48; anchors.top: head.bottom; anchors.topMargin: Theme.margin; anchors.bottom: foot.top; anchors.bottomMargin: Theme.margin }

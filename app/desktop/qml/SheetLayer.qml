@@ -16,7 +16,7 @@ Item {
 
     visible: project.sheet !== ""
     Rectangle { anchors.fill: parent; color: Theme.veil }
-    MouseArea { anchors.fill: parent; hoverEnabled: true; onWheel: (wheel) => wheel.accepted = true }
+    MouseArea { property bool beside: true; anchors.fill: parent; hoverEnabled: true; onWheel: (wheel) => wheel.accepted = true }
     Loader {
         id: loader
         anchors.fill: parent

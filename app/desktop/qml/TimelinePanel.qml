@@ -195,7 +195,7 @@ FocusScope {
             x: view.scroll * (view.contentWidth > 0 ? scroller.width / view.contentWidth : 0) * project.editor.zoom * 20
             width: Math.max(scroller.share * scroller.width, 24)
             color: grab.containsMouse || grab.pressed ? Theme.disabled : Theme.pressed
-            MouseArea { id: grab; anchors.fill: parent; hoverEnabled: true
+            MouseArea { id: grab; property bool beside: true; anchors.fill: parent; hoverEnabled: true
                 property real from: 0
                 onPressed: (mouse) => from = mouse.x
                 onPositionChanged: (mouse) => { if (pressed) view.scroll += (mouse.x - from) / scroller.share / (project.editor.zoom * 20) } }

@@ -126,6 +126,7 @@ FocusScope {
             Component.onDestruction: transcript.attach(null)
         }
         MouseArea {
+            property bool beside: true // lines are selected by keys too
             width: tab.gutterWidth - Theme.gap
             height: page.contentHeight
             cursorShape: Qt.ArrowCursor
@@ -157,6 +158,7 @@ FocusScope {
         color: bar.containsMouse || bar.pressed ? Theme.disabled : Theme.pressed
         MouseArea {
             id: bar
+            property bool beside: true
             property real from: 0
             anchors.fill: parent
             anchors.margins: -Theme.small

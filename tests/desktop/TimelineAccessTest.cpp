@@ -1,0 +1,59 @@
+#include "app/desktop/access/AccessTree.h"
+#include "app/desktop/access/TimelineAccess.h"
+#include "app/desktop/timeline/TimelineView.h"
+#include "tests/desktop/WindowOfProject.h"
+
+#include <QAccessible>
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+class ListedWindow : public WindowOfProject {
+public:
+    ListedWindow() {
+        for (const auto& clip : *editor().project().clips) {
+            editor().holdClip(clip.id);
+            settle();
+            key(Qt::Key_E);
+        }
+        editor().setPicked(std::nullopt);
+        settle();
+        view()->forceActiveFocus();
+    }
+    TimelineView* view() { return item<TimelineView>(); }
+    QAccessibleInterface* list() { return QAccessible::queryAccessibleInterface(view()); }
+    std::string name(int block) { return list()->child(block)->text(QAccessible::Name).toStdString(); }
+};
+
+}
+
+TEST(TimelineAccess, theTimelineIsAListOfNamedBlocks) {
+    MURBO_NEEDS_FFMPEG();
+    ListedWindow shown;
+    auto* list = shown.list();
+    ASSERT_TRUE(list);
+    EXPECT_EQ(list->role(), QAccessible::List);
+    EXPECT_EQ(list->text(QAccessible::Name), "Timeline of V1, 2 cuts, 7 seconds");
+    ASSERT_EQ(list->childCount(), shown.view()->blockCount());
+    const int cut = list->childCount() - 2;
+    EXPECT_EQ(shown.name(cut), "Cut 1 of 2, C01, 0:00.00 to 0:04.00");
+    EXPECT_EQ(shown.name(cut + 1), "Cut 2 of 2, C02, 0:04.00 to 0:07.00");
+    auto* block = list->child(cut + 1);
+    EXPECT_EQ(block->role(), QAccessible::ListItem);
+    EXPECT_EQ(block->parent(), list);
+    EXPECT_EQ(list->indexOfChild(block), cut + 1);
+    const auto middle = block->rect().center();
+    EXPECT_EQ(list->childAt(middle.x(), middle.y()), block);
+    EXPECT_EQ(list->parent()->parent()->indexOfChild(list->parent()) >= 0, true);
+
+    block->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(shown.name(cut + 1), "Cut 2 of 2, C02, 0:04.00 to 0:07.00, picked");
+    EXPECT_TRUE(block->state().selected);
+    EXPECT_EQ(list->focusChild(), block);
+    shown.key(Qt::Key_Delete);
+    EXPECT_FALSE(block->isValid()) << "the last one is gone";
+    EXPECT_EQ(list->text(QAccessible::Name), "Timeline of V1, 1 cut, 4 seconds");
+}
