@@ -60,7 +60,7 @@ private:
     bool transcribe = true;
     bool describe = false;
     bool busy = false;
-    int turn = 0; ///< what comes of an earlier one is dropped
+    int turn = 0;                                ///< what comes of an earlier one is dropped
     std::vector<std::filesystem::path> unlisted; ///< handed over, and not among the files yet
     std::stop_source stopping;
     Background background;

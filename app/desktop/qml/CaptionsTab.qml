@@ -31,8 +31,6 @@ FocusScope {
         property bool takesArrows: true
         property bool upAndDown: true
         cacheBuffer: 0
-        property bool fresh: true // nobody has scrolled: it begins at its head, whose height is known later
-        onMovementStarted: fresh = false
         Accessible.role: Accessible.List
         Accessible.name: "Captions, " + count
         Keys.onUpPressed: captions.list.pick(Math.max(captions.list.pickedRow - 1, 0))
@@ -47,7 +45,6 @@ FocusScope {
             width: list.width
             spacing: Theme.gap
             bottomPadding: Theme.gap
-            onHeightChanged: if (list.fresh) list.positionViewAtBeginning()
 
             Item {
                 x: Theme.margin

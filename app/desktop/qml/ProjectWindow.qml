@@ -116,9 +116,7 @@ Window {
     QtObject {
         id: regions
         readonly property var ring: [sidebar, library.shown ? shelf : browser, window.showsSource && window.plan.tabs ? source : video, timeline].concat(inspectorPanel.shown ? [inspector] : [])
-        // What had the keys before a sheet came, and in which region: rows of lists come and go.
-        property Item hadKeys: null
-        property Item keysIn: null
+        property Item hadKeys: null // before a sheet came
         // Where the keys are; -1 for nowhere.
         function at() {
             for (let item = window.activeFocusItem; item && ring; item = item.parent) if (ring.includes(item)) return ring.indexOf(item)
@@ -132,12 +130,11 @@ Window {
         function note() {
             if (project.sheet || at() < 0) return
             hadKeys = window.activeFocusItem
-            keysIn = ring[at()]
+            // Rows come and go: it is their list that had them.
+            for (let item = hadKeys; item; item = item.parent) if (item.takesArrows) { hadKeys = item; break }
         }
         function giveBack() {
-            if (project.sheet || at() >= 0) return
-            if (hadKeys && hadKeys.visible) hadKeys.forceActiveFocus(Qt.OtherFocusReason)
-            else if (keysIn && keysIn.visible) keysIn.takeFocus()
+            if (!project.sheet && at() < 0 && hadKeys && hadKeys.visible) hadKeys.forceActiveFocus(Qt.OtherFocusReason)
         }
         function home() { timeline.takeFocus() }
     }

@@ -165,7 +165,7 @@ FocusScope {
         height: Math.max(shown / all * shown, 24)
         radius: 3
         color: rowGrab.containsMouse || rowGrab.pressed ? Theme.disabled : Theme.pressed
-        MouseArea { id: rowGrab; anchors.fill: parent; anchors.leftMargin: -4; hoverEnabled: true; preventStealing: true
+        MouseArea { id: rowGrab; property bool beside: true; anchors.fill: parent; anchors.leftMargin: -4; hoverEnabled: true; preventStealing: true
             property real from: 0
             onPressed: (mouse) => from = mouse.y
             onPositionChanged: (mouse) => { if (pressed) view.rowsAbove += (mouse.y - from) * parent.all / parent.shown } }
