@@ -59,6 +59,7 @@ TEST_F(Arriving, comesInIsHeardAndIsThereAgainAfterTheProgramIsKilled) {
     putInHome({spoken, scenario::bars(), scenario::plain()});
     const ChildProcess::Variables tools{{"PATH", std::string(std::getenv("PATH")) + ":" MURBO_TOOLS}};
     start({}, tools);
+    until("New Project has the keys", [&] { return see("Button", "New Project").focused; });
     key("Return");
     until("its name can be typed", [&] { return see("EditableText", "Name of the project").focused; });
     type("heard");
@@ -99,9 +100,11 @@ TEST_F(Arriving, clipsOfAStreamAreThoseThatTheSheetDrew) {
     open(Project());
     key("Ctrl+Shift+I");
     see("Dialog", "Add Stream");
+    until("the button has the keys", [&] { return see("Button", "Choose").focused; });
     key("Return");
     until("the folders have the keys", [&] { return see("List", "Files to choose").focused; });
     key("Return");
+    until("its files are listed", [&] { return see("EditableText", "Folder").value.ends_with("/footage"); });
     see("ListItem", "recording.mp4", "Files to choose");
     key("Return");
     see("StaticText", "4 markers from recording.csv");
