@@ -38,12 +38,27 @@ bool isHidden(const fs::path& name) {
     return name.filename().string().starts_with('.');
 }
 
+constexpr std::size_t maxEntries = 4'000'000; ///< that a search looks at
+
+/// The movies found so far, and whether to go on.
+struct MovieSearch {
+    const std::stop_token& stop;
+    std::size_t max;
+    std::vector<fs::path> found = {};
+    std::size_t entries = 0;
+
+    bool isOver() const { return stop.stop_requested() || found.size() >= max || entries >= maxEntries; }
+};
+
 /// The entries of one folder; none where it can't be read.
-std::vector<fs::directory_entry> entries(const fs::path& folder) {
+std::vector<fs::directory_entry> entries(const fs::path& folder, MovieSearch& search) {
     std::vector<fs::directory_entry> result;
     std::error_code error;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end && !search.isOver();
+         entry.increment(error)) {
         result.push_back(*entry);
+        ++search.entries;
+    }
     return result;
 }
 
@@ -55,18 +70,19 @@ bool isPlainFolder(const fs::directory_entry& entry) {
            !packageExtensions.contains(extension(entry.path()));
 }
 
-void addMovies(const fs::path& root, std::vector<fs::path>& found) {
+void addMovies(const fs::path& root, MovieSearch& search) {
     std::vector<fs::path> folders = {root}; // a list rather than a recursion: no depth is too deep
-    while (!folders.empty()) {
+    while (!folders.empty() && !search.isOver()) {
         const auto folder = std::move(folders.back());
         folders.pop_back();
-        for (const auto& entry : entries(folder)) {
+        for (const auto& entry : entries(folder, search)) {
             std::error_code error;
             if (isHidden(entry.path())) continue;
             if (isPlainFolder(entry))
                 folders.push_back(entry.path());
-            else if (Intake::isMovie(entry.path()) && !entry.is_directory(error))
-                found.push_back(entry.path());
+            else if (Intake::isMovie(entry.path()) && !entry.is_directory(error) &&
+                     search.found.size() < search.max)
+                search.found.push_back(entry.path());
         }
     }
 }
@@ -100,18 +116,20 @@ bool Intake::isMovie(const fs::path& name) {
     return movieExtensions.contains(extension(name));
 }
 
-std::vector<fs::path> Intake::videos(const std::vector<fs::path>& given) {
-    std::vector<fs::path> found;
+std::vector<fs::path> Intake::videos(const std::vector<fs::path>& given, const std::stop_token& stop,
+                                     std::size_t max) {
+    MovieSearch search{stop, max};
     for (const auto& path : given) {
+        if (search.isOver()) break;
         std::error_code error;
         const auto status = fs::status(path, error);
         if (fs::is_directory(status))
-            addMovies(path, found);
+            addMovies(path, search);
         else if (fs::exists(status) && isMovie(path))
-            found.push_back(path);
+            search.found.push_back(path);
     }
-    Names::sort(found);
-    return found;
+    Names::sort(search.found);
+    return std::move(search.found);
 }
 
 std::vector<MeasuredFile> Intake::lengths(const std::vector<fs::path>& files) {

@@ -2,7 +2,9 @@
 
 #include "core/intake/MeasuredFile.h"
 
+#include <cstddef>
 #include <filesystem>
+#include <stop_token>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,8 +17,10 @@ namespace Intake {
 /// The movie files among the given files and folders, in the order a person would put them (clip 2 before
 /// clip 10). Folders are searched in depth; hidden entries, the inside of packages, and folders behind
 /// symbolic links are passed over, and so is what can't be read. A file counts by its extension alone; one
-/// that is given twice appears twice.
-std::vector<std::filesystem::path> videos(const std::vector<std::filesystem::path>& given);
+/// that is given twice appears twice. The search ends early, with what it has found, once `stop` is asked
+/// for, at `max` files, or after four million entries.
+std::vector<std::filesystem::path> videos(const std::vector<std::filesystem::path>& given,
+                                          const std::stop_token& stop = {}, std::size_t max = 100000);
 
 /// Whether a file name has the extension of a movie, in either case.
 bool isMovie(const std::filesystem::path& name);

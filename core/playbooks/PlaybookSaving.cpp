@@ -43,6 +43,7 @@ struct LogLine {
     }
 };
 
+constexpr std::size_t maxAssets = 1000;
 constexpr const char* workName = ".saving-";
 
 /// Takes away what saves have left that were killed. One that is an hour old is nobody's any more.
@@ -199,13 +200,18 @@ std::int64_t versionAfter(const Book& before) {
 
 }
 
-Book write(Playbook playbook, const std::vector<Asset>& assets, const std::string& by) {
+namespace {
+
+/// A playbook that is not there yet gets an id of its own, unless it keeps the one that it has.
+Book save(Playbook playbook, const std::vector<Asset>& assets, const std::string& by, bool keepsId) {
     Files::createFolder(Library::playbooks());
     const SavingLock lock(Library::playbooks());
     dropListing(); // others may have saved since it was made
     const auto before = replaced(playbook);
-    playbook.id = before ? before->id() : UUID::make().text();
-    playbook.version = before ? versionAfter(*before) : 1;
+    if (before || !keepsId || !playbook.id) {
+        playbook.id = before ? before->id() : UUID::make().text();
+        playbook.version = before ? versionAfter(*before) : 1;
+    }
     const auto folder = before ? standing(*before) : freeFolder(playbook.name);
 
     const WorkFolder work(folder.parent_path());
@@ -227,6 +233,56 @@ Book write(Playbook playbook, const std::vector<Asset>& assets, const std::strin
     putInPlace(work.path, folder);
     dropListing();
     return load(before ? *before->folder : folder);
+}
+
+/// The plain files among a playbook's assets.
+std::vector<Asset> assetsIn(const fs::path& folder) {
+    std::vector<Asset> assets;
+    const auto root = folder / "assets";
+    std::error_code error;
+    for (fs::recursive_directory_iterator at(root, error), end; !error && at != end; at.increment(error)) {
+        if (!fs::is_regular_file(at->symlink_status(error))) continue;
+        if (assets.size() == maxAssets)
+            throw Problem("It has more than " + std::to_string(maxAssets) + " files.");
+        assets.push_back({at->path(), at->path().lexically_relative(root).string()});
+    }
+    return assets;
+}
+
+/// An id becomes part of paths in projects; the stock's are the stock's.
+bool mayKeep(const std::string& id) {
+    return !id.empty() && !id.starts_with("stock.") &&
+           id.find_first_of(std::string_view("/\0", 2)) == std::string::npos &&
+           id.find("..") == std::string::npos;
+}
+
+Book takeIn(const fs::path& given) {
+    const bool plain = fs::is_regular_file(given);
+    const auto json = Files::readWhole(plain ? given : given / fileName, Playbook::maxBytes);
+    PlaybookCheck::check(json, plain ? std::nullopt : std::optional(given));
+    auto playbook = Playbook::decode(json);
+    if (!playbook.id || !mayKeep(*playbook.id)) playbook.id.reset();
+    const auto assets = plain ? std::vector<Asset>() : assetsIn(given);
+    if (const auto mine = replaced(playbook)) {
+        auto same = mine->playbook;
+        same.version = playbook.version;
+        if (same == playbook) return *mine;
+    }
+    playbook.version = std::max<std::int64_t>(playbook.version.value_or(1), 1);
+    return save(std::move(playbook), assets, "import", true);
+}
+
+}
+
+Book write(Playbook playbook, const std::vector<Asset>& assets, const std::string& by) {
+    return save(std::move(playbook), assets, by, false);
+}
+
+Book bringIn(const fs::path& given) try { return takeIn(given); } catch (const fs::filesystem_error& error) {
+    fail("“" + Text::repaired(given.filename().string()) + "” could not be read", error.code());
+} catch (const Problem& problem) {
+    throw Problem("“" + Text::repaired(given.filename().string()) + "” did not come into the library. " +
+                  problem.message());
 }
 
 }

@@ -59,6 +59,11 @@ std::string encoded(const Playbook& playbook);
 /// new playbook. `by` names who saved. All or nothing: throws a Problem with the library untouched.
 Book write(Playbook playbook, const std::vector<Asset>& assets, const std::string& by);
 
+/// Takes a playbook that was handed over, a folder or its JSON alone, into the owner's library, under its own
+/// id: as the next version where that is there and says something else. Throws a Problem with the faults, the
+/// library untouched.
+Book bringIn(const std::filesystem::path& given);
+
 /// What changed between two JSON texts, a short line each.
 std::vector<std::string> diff(std::string_view before, std::string_view after);
 

@@ -34,6 +34,16 @@ TEST(Intake, putsMoviesInTheOrderOfAPersonAndPassesOverTheRest) {
                             "sub/clip 1.mkv", "กล้อง 9.mp4", "กล้อง 10.mp4"));
 }
 
+TEST(Intake, aSearchIsStoppedAndHasAnEnd) {
+    const TemporaryFolder folder;
+    for (int at = 0; at < 30; ++at) folder.file("d" + std::to_string(at) + "/a.mp4");
+    std::stop_source stop;
+    EXPECT_EQ(Intake::videos({folder.path}, stop.get_token()).size(), 30);
+    EXPECT_EQ(Intake::videos({folder.path}, stop.get_token(), 7).size(), 7);
+    stop.request_stop();
+    EXPECT_THAT(Intake::videos({folder.path, folder / "d1"}, stop.get_token()), IsEmpty());
+}
+
 TEST(Intake, followsNoLinkToAFolderButOneToAFile) {
     const TemporaryFolder folder;
     folder.file("real/a.mp4");

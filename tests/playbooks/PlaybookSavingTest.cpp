@@ -14,6 +14,43 @@ namespace {
 
 class PlaybookSaving : public OwnersLibrary {};
 
+TEST_F(PlaybookSaving, whatIsHandedOverKeepsItsId) {
+    const auto given = folder / "given" / "Star.mbplay";
+    Files::createFolder(given);
+    const auto json = [&](const char* id, const char* text) {
+        Files::writeWhole(given / "playbook.json",
+                          std::string(R"({"id": ")") + id +
+                              R"(", "version": 4, "name": "Star", "layers": [{"text": ")" + text + R"("}]})");
+    };
+    json("star-1", "Hi");
+    folder.file("given/Star.mbplay/assets/deep/a.png", "picture");
+    fs::create_symlink("/etc/passwd", given / "assets/out.png");
+    const auto first = Playbooks::bringIn(given);
+    EXPECT_EQ(first.id() + " " + std::to_string(first.version()), "star-1 4");
+    EXPECT_TRUE(fs::exists(*first.folder / "assets/deep/a.png"));
+    EXPECT_FALSE(fs::exists(fs::symlink_status(*first.folder / "assets/out.png")));
+    EXPECT_EQ(Playbooks::bringIn(given).version(), 4) << "the same again is none";
+    json("star-1", "Ho");
+    EXPECT_EQ(Playbooks::bringIn(given).version(), 5);
+    EXPECT_EQ(Playbooks::bringIn(given / "playbook.json").version(), 5) << "the JSON alone";
+
+    json("stock.hook", "Other");
+    EXPECT_EQ(Playbooks::bringIn(given).id().size(), 36U) << "the stock's are the stock's";
+    json("../../x", "Other");
+    EXPECT_THROW(Playbooks::bringIn(given), Problem);
+    const auto count = Playbooks::library().size();
+    Files::writeWhole(given / "playbook.json", R"({"name": "Star", "layers": [{"text": "Hi", "y": "up"}]})");
+    try {
+        Playbooks::bringIn(given);
+        ADD_FAILURE();
+    } catch (const Problem& problem) {
+        EXPECT_THAT(problem.message(), HasSubstr("“Star.mbplay” did not come into the library. "));
+    }
+    EXPECT_THROW(Playbooks::bringIn(folder / "nowhere.mbplay"), Problem);
+    Playbooks::dropListing();
+    EXPECT_EQ(Playbooks::library().size(), count);
+}
+
 TEST_F(PlaybookSaving, keepsEveryVersionOfAPlaybook) {
     auto first = Playbooks::write(named("Star"), {{asset("a.png"), "a.png"}}, "Claude");
     EXPECT_EQ(first.version(), 1);

@@ -75,6 +75,13 @@ void correct(Editor& editor, const UUID& line, const UUID& source, const std::st
     });
 }
 
+void correctEverywhere(Editor& editor, const WordCorrection& word) {
+    const auto places = word.places(editor.project());
+    if (places == 0) return editor.refuse("“" + word.from + "” stands nowhere else");
+    editor.change("Correct Everywhere", [&](Project& project) { word.apply(project); });
+    editor.say("“" + word.to + "” at " + std::to_string(places) + (places == 1 ? " place" : " places"));
+}
+
 void pick(Editor& editor, const std::vector<Named::FoundLine>& lines) {
     if (lines.empty()) return;
     Stretch range{lines.front().line.start, lines.front().line.end};
@@ -131,6 +138,10 @@ CommandList table() {
             [](Editor& editor, const Named::FoundLine& found, const UUID& source, const std::string& to) {
                 correct(editor, found.line.id, source, to);
             }),
+        row<Kind::Text, Kind::Text>("correctEverywhere", "Correct a Word Everywhere", {"from", "to"},
+                                    [](Editor& editor, const std::string& from, const std::string& to) {
+                                        correctEverywhere(editor, {Text::trimmed(from), Text::trimmed(to)});
+                                    }),
         row<Kind::ListOf<Kind::LineTag>>("pick", "Mark Lines", {"lines"}, pick),
         row<>("markStart", "Mark Start", {}, markStart).when(holdsAnything),
         row<>("markEnd", "Mark End", {}, markEnd).when(holdsAnything),

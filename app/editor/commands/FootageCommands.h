@@ -2,6 +2,7 @@
 
 #include "app/editor/commands/EditorCommand.h"
 #include "app/editor/commands/Named.h"
+#include "app/editor/commands/WordCorrection.h"
 
 #include <cstdint>
 #include <optional>
@@ -22,6 +23,8 @@ void rate(Editor& editor, const std::vector<UUID>& clips, std::optional<std::int
 void renameClip(Editor& editor, const UUID& clip, const std::string& to);
 /// Corrects what a line says; its times stay.
 void correct(Editor& editor, const UUID& line, const UUID& source, const std::string& to);
+/// Puts a word, or some in a row, right wherever else it was heard.
+void correctEverywhere(Editor& editor, const WordCorrection& word);
 
 /// Marks the range from the first of these lines to the last.
 void pick(Editor& editor, const std::vector<Named::FoundLine>& lines);

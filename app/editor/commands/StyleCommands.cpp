@@ -57,6 +57,33 @@ void replaceOrAppend(std::vector<CaptionStyle>& styles, const CaptionStyle& styl
         *same = style;
 }
 
+bool isOf(const CaptionStyle& style, const std::string& id) {
+    return style.id == id;
+}
+
+/// Whether a video, the project or another of its presets builds on a preset.
+bool isUsed(const Project& project, const std::string& id) {
+    const auto builds = [&](const std::optional<CaptionStyle>& style) { return style && style->base == id; };
+    const auto ofVideo = [&](const Video& video) { return video.look && builds(video.look->captions.style); };
+    return builds(project.captionStyle) || std::ranges::any_of(project.videos, ofVideo) ||
+           std::ranges::any_of(project.styles,
+                               [&](const CaptionStyle& style) { return !isOf(style, id) && builds(style); });
+}
+
+/// The library's presets with one of them changed or gone; the file is written only where it was there.
+template <class Change>
+void changeLibrary(const std::string& id, Change change) {
+    auto styles = Library::styles();
+    const auto found = std::ranges::find_if(styles, [&](const auto& style) { return isOf(style, id); });
+    if (found == styles.end()) return;
+    change(styles, found);
+    Library::save(styles);
+}
+
+void refuseUnsaved(Editor& editor) {
+    editor.refuse("This style comes with Murbo and stays as it is");
+}
+
 void saveInLibrary(const CaptionStyle& style) {
     auto styles = Library::styles();
     std::erase_if(styles, [&](const CaptionStyle& one) { return one.id == style.id; });
@@ -105,8 +132,38 @@ void savePreset(Editor& editor, CaptionStyle style, const std::string& name) {
     });
 }
 
+bool isSaved(const Editor& editor, const std::string& id) {
+    const auto has = [&](const auto& styles) {
+        return std::ranges::any_of(styles, [&](const auto& style) { return isOf(style, id); });
+    };
+    return !has(CaptionStyle::builtIn()) && (has(editor.project().styles) || has(Library::styles()));
+}
+
+void renamePreset(Editor& editor, const std::string& id, const std::string& to) {
+    const auto name = Text::trimmed(to);
+    if (name.empty()) return;
+    if (!isSaved(editor, id)) return refuseUnsaved(editor);
+    changeLibrary(id, [&](auto&, auto style) { style->name = name; });
+    editor.change("Rename Caption Style", [&](Project& project) {
+        for (std::size_t at = 0; at < project.styles.size(); ++at)
+            if (isOf(project.styles[at], id)) project.styles.edit()[at].name = name;
+    });
+}
+
+void removePreset(Editor& editor, const std::string& id) {
+    if (!isSaved(editor, id)) return refuseUnsaved(editor);
+    changeLibrary(id, [](auto& styles, auto style) { styles.erase(style); });
+    if (isUsed(editor.project(), id))
+        return editor.say("Gone from the library. This project builds on it and keeps it");
+    editor.change("Remove Caption Style", [&](Project& project) {
+        std::erase_if(project.styles.edit(), [&](const auto& style) { return isOf(style, id); });
+    });
+}
+
 CommandList table() {
     return {
+        row<Kind::Text, Kind::Text>("renamePreset", "Rename Caption Style", {"id", "to"}, renamePreset),
+        row<Kind::Text>("removePreset", "Remove Caption Style", {"id"}, removePreset),
         row<Kind::Flag, Kind::Fields<CaptionStyle>>("setCaptionStyle", "Change Caption Style",
                                                     {"project", "change"}, setCaptionStyle),
         row<Kind::Flag, Kind::Fields<CaptionStyle>>("settleCaptionStyle",

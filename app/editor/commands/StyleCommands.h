@@ -23,6 +23,14 @@ void pickCaptionPreset(Editor& editor, const std::optional<CaptionStyle>& style,
 /// Saves a style under a name in library and project, and has the open video use it.
 void savePreset(Editor& editor, CaptionStyle style, const std::string& name);
 
+/// Whether a preset is one that somebody saved, and may be named otherwise or taken away.
+bool isSaved(const Editor& editor, const std::string& id);
+/// Names a saved preset otherwise, in library and project. Throws a Problem where the library can't be
+/// written.
+void renamePreset(Editor& editor, const std::string& id, const std::string& name);
+/// Takes a saved preset out of the library, and out of the project where nothing there builds on it.
+void removePreset(Editor& editor, const std::string& id);
+
 CommandList table();
 
 }

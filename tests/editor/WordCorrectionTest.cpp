@@ -1,0 +1,86 @@
+#include "app/editor/commands/WordCorrection.h"
+#include "tests/editor/Lines.h"
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+TEST(WordCorrection, isWhatWordsBecameOtherOnes) {
+    using Corrections = std::vector<WordCorrection>;
+    const struct {
+        const char* before;
+        const char* after;
+        Corrections wanted;
+    } cases[] = {
+        {"one hart left", "one heart left", {{"hart", "heart"}}},
+        {"my croft, and hart!", "Mycroft, and heart!", {{"my croft", "Mycroft"}, {"hart", "heart"}}},
+        {"hart and hart", "heart and heart", {{"hart", "heart"}}},
+        {"no", "no no", {}},           // a word came
+        {"so we go now", "we go", {}}, // and went
+        {"go, now", "go now!", {}},    // marks are no words
+        {"ไม่เป็นไร เดินข้า", "ไม่เป็นไร เดินช้า", {{"ข้า", "ช้า"}}},
+        {"", "all new", {}},
+    };
+    for (const auto& [before, after, wanted] : cases)
+        EXPECT_EQ(WordCorrection::between(before, after), wanted) << before;
+    const std::string endless(100000, 'a');
+    EXPECT_LE(WordCorrection::between(endless, "a").size(), 1U);
+    std::string many;
+    for (int at = 0; at < 1000; ++at) many += "w" + std::to_string(at) + " ";
+    EXPECT_EQ(WordCorrection::between(many, "x " + many), Corrections());
+}
+
+TEST(WordCorrection, standsForWholeWordsInEitherCase) {
+    const struct {
+        WordCorrection word;
+        const char* text;
+        const char* wanted;
+        int places;
+    } cases[] = {
+        {{"hart", "heart"}, "Hart, hart and HARTS.", "Heart, heart and HARTS.", 2},
+        {{"Hart", "Heart"}, "the hart", "the heart", 1}, // a capital that began a sentence
+        {{"my croft", "Mycroft"}, "My croft", "Mycroft", 1},
+        {{"mycroft", "Mycroft"}, "Mycroft and mycroft", "Mycroft and Mycroft", 1},
+        {{"ข้า", "ช้า"}, "เดินข้า ๆ", "เดินช้า ๆ", 1},
+        {{"no", "know"}, "", "", 0},
+        {{"no", "know"}, "now no", "now know", 1},
+    };
+    for (const auto& [word, text, wanted, places] : cases) {
+        const auto corrected = word.in(text);
+        EXPECT_EQ(corrected.text, wanted);
+        EXPECT_EQ(corrected.places, places) << text;
+    }
+}
+
+TEST(WordCorrection, goesThroughAllThatIsSaidInOneStep) {
+    Lines lines;
+    auto& editor = lines.editor();
+    editor.apply([](Project& project) {
+        auto& said = project.transcripts.begin()->second.lines.edit();
+        said[0].text = "one hart left";
+        said[1].text = "Hart by hart";
+        said[2].text = "no hart here";
+        said[2].gone = true;
+    });
+    editor.holdClip(editor.project().clips[0].id);
+    lines(R"(["addToEnd"])");
+    const auto line = editor.project().transcripts.begin()->second.lines[0].id;
+    editor.openOnTimeline(editor.project().videos[0].id);
+    editor.change("Break Caption", [&](Project& project) {
+        CaptionLine broken{.line = line};
+        broken.pieces = std::vector<CaptionLine::Piece>{{.text = "one hart"}, {.text = "left"}};
+        project.videos.edit()[0].look.emplace().captions.lines.edit().push_back(broken);
+    });
+    const auto before = editor.project();
+    EXPECT_NE(lines(R"(["correctEverywhere","hart","heart"])").find("“heart” at 3 places"),
+              std::string::npos);
+    const auto& said = editor.project().transcripts.begin()->second.lines;
+    EXPECT_EQ(said[0].text + "|" + said[1].text + "|" + said[2].text,
+              "one heart left|Heart by heart|no hart here");
+    const auto& captions = editor.project().videos[0].look->captions;
+    EXPECT_EQ((*captions.line(line)->pieces)[0].text, "one heart") << "the caption stays broken";
+    editor.undo();
+    EXPECT_EQ(editor.project(), before);
+    lines(R"(["correctEverywhere","zebra","horse"])");
+    EXPECT_EQ(editor.project(), before);
+}
