@@ -83,7 +83,9 @@ std::vector<Action> made() {
         key(Command::clipMark, "Clip"),
         key(Command::bookmark, "Clip"),
         verb("showInFolder", "Clip", "Show Footage in Folder"),
+        verb("transcribe", "Clip", "Transcribe"),
         verb("transcript.note", "Clip", "Add Note…"),
+        verb("transcript.correctEverywhere", "Clip", "Correct Everywhere"),
 
         verb("renameVideo", "Video", "Rename Video…"),
         verb("duplicateVideo", "Video", "Duplicate Video", "Ctrl+D"),
@@ -103,6 +105,13 @@ std::vector<Action> made() {
         verb("caption.big", "Look", "Big Caption"),
         verb("caption.hide", "Look", "Hide Caption"),
         verb("caption.resetTiming", "Look", "Reset Caption Timing"),
+
+        verb("library.add", "Library", "Add to the Video"),
+        verb("library.listen", "Library", "Listen or Stop"),
+        verb("library.show", "Library", "Show in Folder"),
+        verb("sheet.bringIn", "Library", "Add Playbook…"),
+        verb("sheet.renamePreset", "Library", "Rename Caption Style…"),
+        verb("preset.remove", "Library", "Remove Caption Style"),
 
         key(Command::play, "View"),
         key(Command::backward, "View"),
@@ -141,6 +150,7 @@ std::vector<Action> made() {
         verb("go.playbooks", "Go", "Go to Playbooks"),
         verb("go.sounds", "Go", "Go to Sounds"),
         verb("go.music", "Go", "Go to Music"),
+        verb("transcript.copy", "Edit", "Copy Words"),
     };
 }
 

@@ -22,6 +22,8 @@ QString ClosingQuestion::loss() const {
     if (exports.running())
         return QString("“%1” is being exported. Nothing of it is kept if you close now.")
             .arg(exports.title());
+    if (!project.unsaved().isEmpty())
+        return project.unsaved() + " What is not on disk is lost if you close now.";
     if (working.isValid() && working.hasExpired(patience))
         return QString("%1 is under way. What it has finished is kept; the rest stops if you close now.")
             .arg(project.workLabel());

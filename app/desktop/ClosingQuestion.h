@@ -8,8 +8,8 @@ namespace murbo {
 
 class OpenProject;
 
-/// Whether a project may be closed at once, or its owner is asked first: work that has run for a while, and
-/// movies on their way out, would be lost.
+/// Whether a project may be closed at once, or its owner is asked first: work that has run for a while,
+/// movies on their way out, and what could not be saved would be lost.
 class ClosingQuestion : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString words READ words NOTIFY asked)

@@ -153,6 +153,11 @@ void Desktop::tell(const QString& said) {
     fail(said);
 }
 
+void Desktop::forgetRecent(const QString& path) {
+    RecentProjects::remove(path.toStdString());
+    emit recentChanged();
+}
+
 void Desktop::fail(const QString& given) {
     words = given;
     emit problemChanged();

@@ -57,6 +57,8 @@ public:
     /// Makes an empty project and opens it, with `footage` to be added to it.
     Q_INVOKABLE QString freeName(const QString& folder) const; ///< for a new project there
     Q_INVOKABLE bool create(const QString& name, const QString& folder, const QStringList& footage = {});
+    /// Takes a project off the recent ones; it stays where it lies.
+    Q_INVOKABLE void forgetRecent(const QString& path);
     Q_INVOKABLE void forgetProblem() { fail(""); }
     Q_INVOKABLE void showStart();
     Q_INVOKABLE void closeWindow(QObject* window);

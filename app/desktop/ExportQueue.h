@@ -22,6 +22,7 @@ class ExportQueue : public QObject {
     Q_PROPERTY(double progress READ progress NOTIFY progressChanged)
     Q_PROPERTY(QString left READ left NOTIFY progressChanged)
     Q_PROPERTY(QString problem READ problem NOTIFY changed)
+    Q_PROPERTY(QString file READ path NOTIFY changed)
     Q_PROPERTY(QString finished READ finished NOTIFY changed)
 
 public:
@@ -38,6 +39,7 @@ public:
     bool running() const { return busy; }
     int waiting() const { return static_cast<int>(jobs.size()); }
     QString title() const { return name; }        ///< of the movie that is being made, or was last
+    QString path() const { return file; }         ///< of its file
     double progress() const { return share; }     ///< 0 to 1
     QString left() const;                         ///< the time that it will take still, "0:21 left"
     QString problem() const { return words; }     ///< why the last one could not be made; empty where it was

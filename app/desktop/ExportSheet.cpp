@@ -1,5 +1,6 @@
 #include "app/desktop/ExportSheet.h"
 
+#include "app/desktop/Clipboard.h"
 #include "app/desktop/OpenProject.h"
 #include "core/model/Settings.h"
 #include "core/render/plan/Plan.h"
@@ -89,6 +90,11 @@ QString ExportSheet::mutedWords() const {
     for (const auto lane : allLanes)
         if (video->look->mix->isMuted(lane)) names.append(rowName(lane));
     return names.isEmpty() ? "" : "Rows muted on the timeline's headers: " + names.join(", ");
+}
+
+void ExportSheet::copy(const QString& path) {
+    Clipboard::put(path);
+    project.editor().say("Copied " + path.toStdString());
 }
 
 void ExportSheet::start() {

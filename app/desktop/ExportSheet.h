@@ -31,6 +31,8 @@ public:
     /// Fills the form for the open video, from what was chosen last.
     Q_INVOKABLE void fill();
     Q_INVOKABLE void start();
+    /// Puts a movie's path onto the clipboard.
+    Q_INVOKABLE void copy(const QString& path);
 
 signals:
     void changed();

@@ -88,6 +88,9 @@ bool KeyRouter::press(const QKeyEvent& event) {
     const bool writes = !held && (event.key() < Qt::Key_F1 || event.key() > Qt::Key_F35);
     const bool toText = typing() && (writes || (action && action->textToo && !ofProject));
     if (event.key() == Qt::Key_Escape) return !takesEscape() && project.escape();
+    // The menu of what has the focus; nothing that is typed.
+    const bool menu = event.key() == Qt::Key_Menu || (action && action->id == "contextMenu");
+    if (menu) return project.perform("contextMenu");
     if (toText) return false;
     if (action) return project.perform(QString::fromStdString(action->id));
     return !held && pressBare(event);
@@ -129,7 +132,6 @@ bool KeyRouter::pressBare(const QKeyEvent& event) {
     auto& player = editor.focus() == Viewer::video ? editor.playback : editor.source;
     const bool shift = event.modifiers() & Qt::ShiftModifier;
     const double step = shift ? second : 1 / player.frameRate();
-    if (event.key() == Qt::Key_Menu) return project.perform("contextMenu");
     if (walkBlocks(event)) return true;
     switch (event.key()) {
         case Qt::Key_Left:

@@ -2,6 +2,7 @@
 #include "app/desktop/Actions.h"
 #include "app/desktop/OpenProject.h"
 #include "app/desktop/captions/CaptionEdits.h"
+#include "app/desktop/libraries/LibraryRows.h"
 #include "app/desktop/services/FolderView.h"
 #include "app/desktop/timeline/CommandRun.h"
 #include "app/editor/commands/CutCommands.h"
@@ -109,6 +110,8 @@ bool OpenProject::possible(const Action& action) const {
     if (id == "sheet.findMissing") return !session.missing().empty();
     if (id == "showInFolder") return lookedThrough(session) != nullptr;
     if (id.starts_with("caption.")) return CaptionEdits::possible(session, id.substr(8));
+    if (id.starts_with("library.")) return LibraryRows::isLibrary(session.sidebar().collection);
+    if (id == "transcribe") return session.held() || session.heldSource();
     if (id == "transcript.note") return session.range() && session.heldSource();
     if (id == "muteCuts") return !pickedCuts(session).empty();
     if (id == "reject") return !FootageCommands::clipsActedOn(session).empty();
@@ -143,8 +146,14 @@ QVariantList OpenProject::contextMenu(const QString& kind) const {
         {"timeline", {"split", "zoomFit", "clear"}},
         {"clip",
          {"key.addToEnd", "key.insert", "newVideoFromSelection", "key.favourite", "reject", "key.clearRating",
-          "showInFolder"}},
-        {"source", {"showInFolder", "sheet.findMissing"}},
+          "transcribe", "showInFolder"}},
+        {"source", {"transcribe", "showInFolder", "sheet.findMissing"}},
+        {"playbook", {"library.add", "library.show", "sheet.bringIn"}},
+        {"sound", {"library.add", "library.listen", "library.show"}},
+        {"preset", {"sheet.renamePreset", "preset.remove"}},
+        {"transcript",
+         {"key.addToEnd", "key.insert", "transcript.note", "transcript.copy", "transcript.correctEverywhere",
+          "transcript.search"}},
         {"video", {"renameVideo", "duplicateVideo", "deleteVideo", "sheet.export"}},
     };
     QVariantList lines;

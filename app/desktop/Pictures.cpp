@@ -48,6 +48,12 @@ void pickFirst(Editor& editor, Pick::Kind kind) {
         if (pick.kind == kind) return editor.setPicked(pick);
 }
 
+void pickGenerated(Editor& editor) {
+    if (!editor.video()) return;
+    for (const auto& cut : editor.video()->cuts)
+        if (cut.generator) return editor.setPicked(Pick{Pick::Kind::cut, cut.id, {}});
+}
+
 void bringUp(const std::string& view, OpenProject& project) {
     auto& editor = project.editor();
     if (view == "source" || view == "transcript" || view == "framing") {
@@ -61,13 +67,19 @@ void bringUp(const std::string& view, OpenProject& project) {
     if (view == "overlay") pickFirst(editor, Pick::Kind::overlay);
     if (view == "sound") pickFirst(editor, Pick::Kind::sound);
     if (view == "song") pickFirst(editor, Pick::Kind::music);
+    if (view == "caption") pickFirst(editor, Pick::Kind::caption);
+    if (view == "generated") pickGenerated(editor);
+    if (view == "footage" && !editor.project().sources.empty()) {
+        editor.holdSource(editor.project().sources.front().id);
+        editor.setInspecting(Inspecting::browser);
+    }
     if (view == "several")
         TimelinePicks::set(
             editor, TimelinePicks::caught(editor, 0, 10, {TimelineRow::overlays, TimelineRow::sounds}));
     if (view == "captions") editor.setInspectorTab(InspectorTab::captions);
     if (view == "transcript") editor.setInspectorTab(InspectorTab::transcript);
     for (const auto* sheet : {"export", "newVideo", "addFiles", "addStream", "history", "saveAs", "duplicate",
-                              "settings", "keys", "palette"})
+                              "settings", "keys", "palette", "bringIn", "renamePreset"})
         if (view == sheet) project.setSheet(QString::fromUtf8(sheet));
     if (const auto page = fromRawText<Collection>(view)) editor.setSidebar({*page, {}});
 }

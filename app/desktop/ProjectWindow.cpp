@@ -29,6 +29,7 @@ ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_p
       closing(open),
       transcript(open.editor()),
       captions(open.editor()),
+      captionTimes(open.editor(), *captions.list()),
       inspection(open.editor()),
       inspectorPictures(open.editor()),
       heldFootage(open.editor()),
@@ -49,6 +50,7 @@ ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_p
     context->setContextProperty("closingQuestion", &closing);
     context->setContextProperty("transcript", &transcript);
     context->setContextProperty("captions", &captions);
+    context->setContextProperty("captionTimes", &captionTimes);
     context->setContextProperty("folders", &folders);
     context->setContextProperty("heldFootage", &heldFootage);
     context->setContextProperty("timelineAppearance", &timelineAppearance);
@@ -60,6 +62,9 @@ ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_p
     connect(&inspection, &Inspection::findAsked, &open, [this] { open.perform("sheet.findMissing"); });
     connect(&open, &OpenProject::verb, &inspectorPanel, &InspectorPanel::carryOut);
     connect(&open, &OpenProject::verb, &transcript, &TranscriptPage::carryOut);
+    connect(&open, &OpenProject::verb, &captions, [this](const QString& name) {
+        if (name == "preset.remove") captions.removePreset();
+    });
     connect(&open, &OpenProject::aboutToAct, &transcript, &TranscriptPage::commit);
     connect(&transcript, &TranscriptPage::tabWanted, &inspectorPanel,
             [this] { inspectorPanel.carryOut("tab.transcript"); });
@@ -105,6 +110,7 @@ void ProjectWindow::takeFootage(const QStringList& given) {
         for (const auto& file : files.pictures) OverlayCommands::addMedia(open.editor(), file.toStdString());
         for (const auto& file : files.sounds)
             SoundCommands::addSound(open.editor(), file.toStdString(), "", false, std::nullopt);
+        if (!files.playbooks.isEmpty()) library.bringIn(files.playbooks);
         paths = files.footage;
     }
     if (paths.isEmpty()) return;

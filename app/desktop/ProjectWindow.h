@@ -17,6 +17,7 @@
 #include "app/desktop/libraries/LibraryModel.h"
 #include "app/desktop/models/FolderModel.h"
 #include "app/desktop/settings/SettingsSheet.h"
+#include "app/desktop/timeline/CaptionTimes.h"
 #include "app/desktop/timeline/TimelineAppearance.h"
 #include "app/desktop/transcript/TranscriptPage.h"
 #include "app/desktop/viewer/Eyedropper.h"
@@ -45,6 +46,8 @@ public:
 
     OpenProject& project() { return open; }
     TranscriptPage& transcriptPage() { return transcript; }
+    Inspection& inspected() { return inspection; }
+    FootageSheet& footage() { return footageSheet; }
     CaptionsPage& captionsPage() { return captions; }
     QQuickWindow& window() { return *view; }
     void raise();
@@ -76,6 +79,7 @@ private:
     ClosingQuestion closing;
     TranscriptPage transcript;
     CaptionsPage captions;
+    CaptionTimes captionTimes;
     Inspection inspection;
     InspectorPictures inspectorPictures;
     FolderModel folders;

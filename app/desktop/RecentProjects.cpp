@@ -48,6 +48,12 @@ void add(const std::filesystem::path& package) {
     write(recentKey, paths);
 }
 
+void remove(const std::filesystem::path& package) {
+    auto paths = all();
+    std::erase(paths, package);
+    write(recentKey, paths);
+}
+
 QVariantList shown() {
     QVariantList list;
     for (const auto& path : all()) {

@@ -14,6 +14,8 @@ inline constexpr std::size_t maxProjects = 12;
 std::vector<std::filesystem::path> all();
 void add(const std::filesystem::path& package);
 
+void remove(const std::filesystem::path& package);
+
 /// For views: path, name, folder, date, missing, the address of its picture.
 QVariantList shown();
 

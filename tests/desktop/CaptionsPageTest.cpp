@@ -4,6 +4,8 @@
 #include "core/playbooks/Library.h"
 #include "tests/desktop/SpokenWindow.h"
 
+#include <QAccessible>
+
 #include <gtest/gtest.h>
 
 using namespace murbo;
@@ -130,6 +132,23 @@ TEST(CaptionsPage, aCaptionIsEditedWhereItLiesOnTheTimeline) {
     EXPECT_EQ(Complaints::list(), "");
 }
 
+TEST(CaptionsPage, theInspectorSetsAPieceAsTheListDoes) {
+    MURBO_NEEDS_FFMPEG();
+    CaptionsWindow shown;
+    shown.page().set("most", 10);
+    ASSERT_GT(shown.list().rowCount(), 4);
+    shown.list().pick(0);
+    shown.settle();
+    auto& inspected = shown.opened->inspected();
+    EXPECT_EQ(inspected.row("said")->current, shown.list().rows()[0].text);
+    inspected.set("big", true);
+    EXPECT_TRUE(shown.list().rows()[0].big);
+    EXPECT_FALSE(shown.list().rows()[1].big);
+    EXPECT_EQ(inspected.row("big")->current, true);
+    inspected.set("big", false);
+    EXPECT_FALSE(shown.list().rows()[0].big);
+}
+
 TEST(CaptionsPage, theContextMenuActsOnThePickedCaption) {
     MURBO_NEEDS_FFMPEG();
     CaptionsWindow shown;
@@ -144,5 +163,125 @@ TEST(CaptionsPage, theContextMenuActsOnThePickedCaption) {
     EXPECT_EQ(shown.step(), "Hide Caption");
     shown.page().setOn(false);
     EXPECT_FALSE(shown.editor().video()->look->captions.on);
+    EXPECT_EQ(Complaints::list(), "");
+}
+
+TEST(CaptionsPage, aSavedStyleIsNamedOtherwiseAndTakenAwayByItsCardsMenu) {
+    MURBO_NEEDS_FFMPEG();
+    CaptionsWindow shown;
+    auto& page = shown.page();
+    page.set("size", 90);
+    ASSERT_TRUE(page.savePreset("My Own"));
+    page.pickPreset("clean");
+    shown.settle();
+    const auto choose = [&](QQuickItem* card, int line) {
+        shown.clickOn(card, Qt::RightButton);
+        for (int at = 0; at < line; ++at) shown.key(Qt::Key_Down);
+        shown.key(Qt::Key_Return);
+    };
+    choose(shown.named("My Own"), 0);
+    for (const char letter : {'B', 'i', 'g'}) QTest::keyClick(&shown.window(), letter);
+    shown.key(Qt::Key_Return);
+    EXPECT_EQ(shown.step(), "Rename Caption Style");
+    EXPECT_EQ(Library::styles().at(0).name, "Big");
+    ASSERT_TRUE(shown.named("Big"));
+    EXPECT_EQ(shown.editor().video()->look->captions.style->base, "clean") << "the menu picks no style";
+
+    choose(shown.named("Boxed"), 1);
+    EXPECT_TRUE(shown.named("Boxed")) << "what comes with the program stays";
+    page.pickPreset("my-own");
+    choose(shown.named("Big"), 1);
+    EXPECT_TRUE(Library::styles().empty());
+    EXPECT_TRUE(shown.named("Big")) << "the video builds on it";
+    page.pickPreset("pop");
+    choose(shown.named("Big"), 1);
+    EXPECT_EQ(shown.step(), "Remove Caption Style");
+    EXPECT_FALSE(shown.named("Big"));
+    shown.key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(shown.named("Big"));
+    EXPECT_EQ(Complaints::list(), "");
+}
+
+TEST(CaptionsPage, aCaptionIsRetimedAndItsWordsStressedByKeys) {
+    MURBO_NEEDS_FFMPEG();
+    CaptionsWindow shown;
+    shown.list().pick(0);
+    shown.settle();
+    const auto typeInto = [&](const char* name, const char* words) {
+        auto* row = shown.named(name);
+        ASSERT_TRUE(row) << name;
+        for (auto* child : row->childItems())
+            if (child->isVisible()) child->forceActiveFocus(Qt::TabFocusReason);
+        QTest::keyClick(&shown.window(), Qt::Key_A, Qt::ControlModifier);
+        for (const char* letter = words; *letter; ++letter) QTest::keyClick(&shown.window(), *letter);
+        shown.key(Qt::Key_Return);
+    };
+    const auto entry = [&] { return shown.editor().video()->look->captions.lines[0]; };
+    const double end = shown.list().pickedCue()->end;
+    typeInto("Start of the caption", "0:00.40");
+    EXPECT_EQ(shown.step(), "Retime Caption");
+    EXPECT_NEAR(shown.list().pickedCue()->start, 0.4, 1e-6);
+    EXPECT_NEAR(shown.list().pickedCue()->end, end, 1e-6);
+    typeInto("End of the caption", "0:00.20");
+    EXPECT_NEAR(shown.list().pickedCue()->end, 0.5, 1e-6) << "no shorter than a tenth";
+    shown.list().resetTiming();
+    EXPECT_FALSE(entry().start || entry().end);
+    EXPECT_NEAR(shown.list().pickedCue()->end, end, 1e-6);
+
+    auto* word = shown.named("Stand out");
+    ASSERT_TRUE(word);
+    word->forceActiveFocus(Qt::TabFocusReason);
+    shown.key(Qt::Key_Return);
+    EXPECT_EQ(shown.step(), "Stress Word");
+    EXPECT_EQ(entry().stress, std::vector<std::int64_t>{0});
+    EXPECT_EQ(Complaints::list(), "");
+}
+
+TEST(CaptionsPage, everyFieldOfTheStyleIsSetByKeys) {
+    MURBO_NEEDS_FFMPEG();
+    CaptionsWindow shown;
+    const auto nameOf = [](QQuickItem* item) {
+        auto* access = item ? QAccessible::queryAccessibleInterface(item) : nullptr;
+        return access ? access->text(QAccessible::Name) : QString();
+    };
+    const auto tabTo = [&](const QString& name) {
+        for (int at = 0; at < 90 && nameOf(shown.window().activeFocusItem()) != name; ++at)
+            shown.key(Qt::Key_Tab);
+        return nameOf(shown.window().activeFocusItem()) == name;
+    };
+    const auto type = [&](const char* words) {
+        QTest::keyClick(&shown.window(), Qt::Key_A, Qt::ControlModifier);
+        for (const char* letter = words; *letter; ++letter) QTest::keyClick(&shown.window(), *letter);
+        shown.key(Qt::Key_Return);
+    };
+    shown.clickOn(shown.named("Style"));
+    const auto fields = shown.page().fields();
+    ASSERT_EQ(fields.size(), 16);
+    for (const auto& each : fields) {
+        const auto field = each.toMap();
+        const auto kind = field["kind"].toString();
+        const auto name = field["name"].toString();
+        const bool shade = kind == "shade" || kind == "colour";
+        ASSERT_TRUE(tabTo(shade ? name + ", six digits" : name)) << name.toStdString();
+        if (shade)
+            type("12AB34");
+        else if (kind == "fonts")
+            type("Mitr");
+        else if (kind == "flag")
+            shown.key(Qt::Key_Return);
+        else if (kind == "choice")
+            shown.key(field["words"].toStringList().indexOf(field["value"].toString()) > 0 ? Qt::Key_Up
+                                                                                           : Qt::Key_Down);
+        else
+            shown.key(field["value"].toDouble() < field["to"].toDouble() ? Qt::Key_Right : Qt::Key_Left);
+    }
+    shown.settle(Editor::settlingTime + 100);
+    ASSERT_TRUE(shown.editor().video()->look->captions.style);
+    for (const auto& each : shown.page().fields()) {
+        const auto field = each.toMap();
+        EXPECT_TRUE(field["changed"].toBool()) << field["name"].toString().toStdString();
+    }
+    EXPECT_EQ(shown.cuts(), 1U) << "no key was a command";
+    EXPECT_EQ(shown.editor().playback.rate(), 0);
     EXPECT_EQ(Complaints::list(), "");
 }

@@ -20,6 +20,36 @@ QString path(const std::filesystem::path& file) {
 
 }
 
+TEST(FootageSheet, aHugeFolderIsStoppedByItsButtonAndByEsc) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfProject shown;
+    ASSERT_TRUE(shown.opened);
+    const auto drop = shown.folder / "Drop";
+    std::filesystem::create_directory(drop);
+    constexpr int files = 3000;
+    for (int at = 0; at < files; ++at)
+        std::filesystem::create_hard_link(made::file("plain.mp4", ""), drop / (std::to_string(at) + ".mp4"));
+    auto& sheet = shown.opened->footage();
+    shown.opened->takeFootage({path(drop)});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return sheet.count() == files; }, 20000));
+    shown.settle(200);
+    auto* stop = shown.named("Stop");
+    ASSERT_TRUE(stop);
+    shown.clickOn(stop);
+    ASSERT_TRUE(waitForFiles(sheet, 2000));
+    EXPECT_GT(sheet.count(), 0);
+    EXPECT_LT(sheet.count(), files);
+    EXPECT_EQ(sheet.readable(), sheet.count()) << "what is left was looked at";
+    EXPECT_FALSE(shown.named("Stop"));
+
+    sheet.take({path(drop)});
+    shown.key(Qt::Key_Escape);
+    EXPECT_EQ(shown.project().sheet(), "");
+    EXPECT_FALSE(sheet.reading());
+    EXPECT_EQ(sheet.count(), 0);
+    EXPECT_EQ(Complaints::list(), "");
+}
+
 TEST(FootageSheet, listsWhatWasHandedOverWithTheReasonOfWhatCannotComeIn) {
     MURBO_NEEDS_FFMPEG();
     WindowOfProject shown;

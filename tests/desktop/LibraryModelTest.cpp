@@ -97,6 +97,64 @@ TEST(LibraryModel, aPageIsWalkedAndPutInByKeys) {
     EXPECT_EQ(Complaints::list(), "");
 }
 
+TEST(LibraryModel, aRowsMenuOpensByMouseAndKeys) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfLibrary shown;
+    ASSERT_TRUE(shown.opened);
+    shown.editor().setSidebar({Collection::playbooks, {}});
+    shown.settle(400);
+    const auto open = [&] { return shown.project().property("menuOpen").toBool(); };
+    auto* card = within<BookView>(shown.window().contentItem());
+    ASSERT_TRUE(card);
+    shown.clickOn(card, Qt::RightButton);
+    ASSERT_TRUE(open());
+    auto* line = shown.named("Add to the Video");
+    ASSERT_TRUE(line);
+    const auto far = line->mapToScene({}) - card->mapToScene({card->width() / 2, card->height() / 2});
+    EXPECT_LT(std::abs(far.x()) + std::abs(far.y()), 40) << "where the mouse is";
+    shown.key(Qt::Key_Return);
+    EXPECT_EQ(shown.look().overlays.size(), 1U);
+    shown.key(Qt::Key_F, Qt::ControlModifier);
+    shown.key(Qt::Key_Down);
+    for (const auto& [key, held] :
+         {std::pair(Qt::Key_Menu, Qt::NoModifier), std::pair(Qt::Key_F10, Qt::ShiftModifier)}) {
+        shown.key(key, held);
+        EXPECT_TRUE(open());
+        shown.key(Qt::Key_Return);
+        EXPECT_FALSE(open());
+    }
+    EXPECT_EQ(shown.look().overlays.size(), 3U);
+    EXPECT_EQ(Complaints::list(), "");
+}
+
+TEST(LibraryModel, playbooksThatAreDroppedComeIntoTheLibraryOrSayWhyNot) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfLibrary shown;
+    ASSERT_TRUE(shown.opened);
+    const auto given = shown.folder / "Star.mbplay";
+    const auto path = [](const std::filesystem::path& file) { return QString::fromStdString(file.string()); };
+    Files::createFolder(given);
+    Files::createFolder(shown.folder / "Bad.mbplay");
+    Files::writeWhole(given / "playbook.json",
+                      R"({"id": "star", "name": "My Star", "layers": [{"text": "Hi"}]})");
+    Files::writeWhole(shown.folder / "Bad.mbplay/playbook.json", R"({"name": "Bad", "layers": 7})");
+    shown.opened->takeFootage({path(given)});
+    shown.settle(100);
+    EXPECT_EQ(shown.project().sheet(), "") << "it is no footage";
+    EXPECT_EQ(shown.editor().sidebar().collection, Collection::playbooks);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return shown.named("My Star") != nullptr; }, 5000));
+    EXPECT_EQ(Playbooks::find("star")->playbook.name, "My Star");
+
+    QString said;
+    QObject::connect(&shown.project(), &OpenProject::toast, [&](const QString& words) { said = words; });
+    shown.opened->takeFootage({path(shown.folder / "Bad.mbplay")});
+    shown.settle(100);
+    EXPECT_TRUE(said.startsWith("“Bad.mbplay” did not come into the library. ")) << said.toStdString();
+    Playbooks::dropListing();
+    EXPECT_EQ(Playbooks::leftOut().size(), 0U);
+    EXPECT_EQ(Complaints::list(), "");
+}
+
 TEST(LibraryModel, aPlaybookIsDraggedToItsTimeByTheMouse) {
     MURBO_NEEDS_FFMPEG();
     WindowOfLibrary shown;

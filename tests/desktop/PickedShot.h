@@ -20,12 +20,6 @@ public:
     }
     const Shot& shot() { return editor().video()->look->shots[0]; }
     std::size_t steps() { return editor().history().past().size(); }
-    void clickOn(const QQuickItem* item) {
-        ASSERT_TRUE(item);
-        const auto middle = item->mapToScene({item->width() / 2, item->height() / 2}).toPoint();
-        QTest::mouseClick(&window(), Qt::LeftButton, {}, middle);
-        settle(30);
-    }
 };
 
 }

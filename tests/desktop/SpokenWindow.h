@@ -29,14 +29,6 @@ struct SpokenWindow : WindowOfProject {
         editor().setInspectorTab(tab);
         settle(100);
     }
-    QQuickItem* named(const QString& name) { return named(window().contentItem(), name); }
-    static QQuickItem* named(QQuickItem* in, const QString& name) {
-        if (in->property("name").toString() == name || in->property("text").toString() == name) return in;
-        for (auto* child : in->childItems())
-            if (child->isVisible())
-                if (auto* found = named(child, name)) return found;
-        return nullptr;
-    }
     /// What an input method does: letters while they are composed, then what they become.
     void compose(const QString& before, const QString& after) {
         QInputMethodEvent composing(before, {});

@@ -16,6 +16,8 @@
 #include <string>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 namespace murbo {
 
 /// All that Qt and the views complain of while this lives.
@@ -78,6 +80,21 @@ public:
     void click(double x, double y, Qt::KeyboardModifiers held = Qt::NoModifier) {
         QTest::mouseClick(&window(), Qt::LeftButton, held, QPointF(x, y).toPoint());
         settle(10);
+    }
+    void clickOn(const QQuickItem* item, Qt::MouseButton button = Qt::LeftButton) {
+        ASSERT_TRUE(item);
+        const auto middle = item->mapToScene({item->width() / 2, item->height() / 2}).toPoint();
+        QTest::mouseClick(&window(), button, {}, middle);
+        settle(30);
+    }
+    /// The item that is shown and has that name or text; null where there is none.
+    QQuickItem* named(const QString& name) { return named(window().contentItem(), name); }
+    static QQuickItem* named(QQuickItem* in, const QString& name) {
+        if (in->property("name").toString() == name || in->property("text").toString() == name) return in;
+        for (auto* child : in->childItems())
+            if (child->isVisible())
+                if (auto* found = named(child, name)) return found;
+        return nullptr;
     }
     /// The item of the window's that is of a type, as "murbo::TimelineView"; null where there is none.
     template <class Item>

@@ -135,6 +135,11 @@ void CaptionList::toggleStress(int word) {
     if (const auto pick = CaptionEdits::picked(session)) CaptionEdits::toggleStress(session, pick->id, word);
 }
 
+const CaptionCue* CaptionList::pickedCue() const {
+    const int row = pickedRow();
+    return has(row) ? &shown[static_cast<std::size_t>(row)] : nullptr;
+}
+
 void CaptionList::join() {
     CaptionEdits::perform(session, "join");
 }

@@ -29,6 +29,7 @@ public:
     int pickedRow() const; ///< -1 for none
     /// The words of the picked caption's line: text, stressed, and whether it begins a piece.
     QVariantList pickedWords() const;
+    const CaptionCue* pickedCue() const; ///< or null
     bool canJoin() const;
     bool canReset() const;
 

@@ -19,6 +19,7 @@ std::optional<Pick> pickOf(const QString& line, int piece) {
     return Pick{Pick::Kind::caption, *id, piece < 0 ? std::nullopt : std::optional<std::int64_t>(piece)};
 }
 
+constexpr int longestName = 80;
 constexpr int drawSoon = 250; ///< ms without a change after which the cards are drawn anew
 
 }
@@ -171,6 +172,50 @@ void CaptionsPage::pickPresetAt(int row) {
         StyleCommands::pickCaptionPreset(session, all[static_cast<std::size_t>(row)], project);
 }
 
+QVariantList CaptionsPage::saved() const {
+    QVariantList list;
+    int row = 0;
+    for (const auto& style : styles()) {
+        const auto id = style.id.value_or("");
+        if (StyleCommands::isSaved(session, id))
+            list.append(QVariantMap{{"name", QString::fromStdString(style.name.value_or(id))}, {"row", row}});
+        ++row;
+    }
+    return list;
+}
+
+QString CaptionsPage::meanPreset(int row) {
+    const auto all = styles();
+    const bool has = row >= 0 && row < std::ssize(all);
+    meant = has ? all[static_cast<std::size_t>(row)].id.value_or("") : "";
+    return meantPreset();
+}
+
+QString CaptionsPage::meantPreset() const {
+    const auto id = meant.empty() ? chosen() : meant;
+    for (const auto& style : styles())
+        if (style.id == id) return QString::fromStdString(style.name.value_or(id));
+    return QString::fromStdString(id);
+}
+
+void CaptionsPage::renamePreset(const QString& name) try {
+    const auto id = meant.empty() ? chosen() : meant;
+    StyleCommands::renamePreset(session, id, name.simplified().left(longestName).toStdString());
+    refresh();
+    emit changed();
+} catch (const std::exception& error) {
+    session.refuse(error.what());
+}
+
+void CaptionsPage::removePreset() try {
+    StyleCommands::removePreset(session, meant.empty() ? chosen() : meant);
+    meant.clear();
+    refresh();
+    emit changed();
+} catch (const std::exception& error) {
+    session.refuse(error.what());
+}
+
 // ------------------------------------------------------------------------- words --
 
 QString CaptionsPage::words(const QString& line, int piece) const {
@@ -191,7 +236,7 @@ void CaptionsPage::breakAt(const QString& line, int piece, const QString& typed,
 }
 
 bool CaptionsPage::savePreset(const QString& name) try {
-    const auto clean = name.simplified().left(80);
+    const auto clean = name.simplified().left(longestName);
     if (clean.isEmpty() || !session.video()) return false;
     StyleCommands::savePreset(session, inForce(), clean.toStdString());
     return true;

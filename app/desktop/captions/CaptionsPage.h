@@ -15,6 +15,7 @@ class CaptionsPage : public QObject {
     Q_PROPERTY(bool on READ isOn WRITE setOn NOTIFY changed)
     Q_PROPERTY(bool ofProject READ isOfProject WRITE setOfProject NOTIFY changed)
     Q_PROPERTY(QVariantList fields READ fields NOTIFY changed)
+    Q_PROPERTY(QVariantList saved READ saved NOTIFY changed)
     Q_PROPERTY(QAbstractItemModel* presets READ presets CONSTANT)
     Q_PROPERTY(murbo::CaptionList* list READ list CONSTANT)
     Q_PROPERTY(bool watched READ isWatched WRITE setWatched NOTIFY changed)
@@ -30,6 +31,7 @@ public:
     void setOfProject(bool whole);
     /// What `StyleFields` shows of the style in force.
     QVariantList fields() const;
+    QVariantList saved() const; ///< the presets that somebody saved: name, and the row of their card
     QAbstractItemModel* presets() { return &cards; }
     CaptionList* list() { return &captions; }
     bool isWatched() const { return captions.isWatched(); }
@@ -46,6 +48,11 @@ public:
     Q_INVOKABLE void pickPresetAt(int row);
     /// Saves the style in force under a name, in project and library. Whether it could be.
     Q_INVOKABLE bool savePreset(const QString& name);
+    /// The preset that the next rename or removal is for, by its card; -1 is the one in force. Its name.
+    Q_INVOKABLE QString meanPreset(int row);
+    Q_INVOKABLE QString meantPreset() const;
+    Q_INVOKABLE void renamePreset(const QString& name);
+    Q_INVOKABLE void removePreset();
     /// The words of a caption by its line and its piece, -1 for none, as they are edited in its place.
     Q_INVOKABLE QString words(const QString& line, int piece) const;
     Q_INVOKABLE void retext(const QString& line, int piece, const QString& words);
@@ -69,6 +76,7 @@ private:
 
     Editor& session;
     bool project = false;
+    std::string meant; ///< id of a preset; empty for the one in force
     CaptionList captions;
     PresetPictures drawn;
     Rows<PresetRow> cards;

@@ -1,20 +1,20 @@
 #include "app/desktop/footage/DroppedFiles.h"
 
+#include "app/desktop/services/MediaEndings.h"
+
 #include <QFileInfo>
 
 namespace murbo {
 
 DroppedFiles DroppedFiles::sorted(const QStringList& paths) {
-    static const QStringList pictureEndings{"png", "jpg", "jpeg", "webp", "gif", "bmp"};
-    static const QStringList soundEndings{"mp3", "wav", "m4a",  "aac",  "flac",
-                                          "ogg", "aif", "opus", "aiff", "caf"};
     DroppedFiles files;
     for (const auto& path : paths) {
-        const QFileInfo file(path);
-        const auto ending = file.suffix().toLower();
-        if (!file.isDir() && pictureEndings.contains(ending))
+        const bool folder = QFileInfo(path).isDir();
+        if (MediaEndings::isPlaybook(path))
+            files.playbooks.append(path);
+        else if (!folder && MediaEndings::isPicture(path))
             files.pictures.append(path);
-        else if (!file.isDir() && soundEndings.contains(ending))
+        else if (!folder && MediaEndings::isSound(path))
             files.sounds.append(path);
         else
             files.footage.append(path);

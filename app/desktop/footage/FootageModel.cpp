@@ -30,6 +30,12 @@ void FootageModel::remove(int row) {
     endRemoveRows();
 }
 
+void FootageModel::removeUnlooked() {
+    auto rows = listed;
+    std::erase_if(rows, [](const FootageRow& row) { return !row.looked; });
+    setRows(std::move(rows));
+}
+
 int FootageModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(listed.size());
 }

@@ -19,6 +19,8 @@ public:
     /// Puts what is now known of some rows, from `first` on, in their places.
     void update(std::size_t first, std::vector<FootageRow> rows);
     void remove(int row);
+    /// Leaves out what nobody has looked at yet.
+    void removeUnlooked();
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;

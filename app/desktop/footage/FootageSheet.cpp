@@ -20,17 +20,21 @@ namespace fs = std::filesystem;
 
 constexpr auto batchTime = std::chrono::milliseconds(150); ///< what is known by then is shown
 
+constexpr std::size_t maxFiles = 20000;
+
 /// The movies in what was handed over, and the files among it that are none.
-std::vector<FootageRow> listed(const std::vector<fs::path>& given, std::vector<FootageRow> rows) {
-    auto files = Intake::videos(given);
+std::vector<FootageRow> listed(const std::vector<fs::path>& given, std::vector<FootageRow> rows,
+                               const std::stop_token& stop) {
+    auto files = Intake::videos(given, stop, maxFiles);
     for (const auto& path : given) {
+        if (stop.stop_requested()) break;
         std::error_code error;
         if (fs::is_regular_file(path, error) && !Intake::isMovie(path)) files.push_back(path);
     }
     std::set<fs::path> known;
     for (const auto& row : rows) known.insert(row.path);
     for (const auto& file : files)
-        if (known.insert(file).second) rows.push_back(FootageRow::of(file));
+        if (rows.size() < maxFiles && known.insert(file).second) rows.push_back(FootageRow::of(file));
     return rows;
 }
 
@@ -93,6 +97,10 @@ void FootageSheet::stop() {
     busy = false;
 }
 
+void FootageSheet::halt() {
+    if (busy) stopping.request_stop();
+}
+
 void FootageSheet::clear() {
     stop();
     unlisted.clear();
@@ -115,10 +123,13 @@ void FootageSheet::list() {
     busy = true;
     emit changed();
     auto found = std::make_shared<std::vector<FootageRow>>(model.rows());
-    const auto work = [given = unlisted, found] { *found = listed(given, std::move(*found)); };
+    const auto work = [given = unlisted, found, token = stopping.get_token()] {
+        *found = listed(given, std::move(*found), token);
+    };
     background.start(work, [this, found, mine = turn] {
         if (mine != turn) return;
         unlisted.clear();
+        stopping = {}; // what was found until then is looked at all the same
         if (group.isEmpty() && !found->empty()) group = groupOf(*found);
         model.setRows(std::move(*found));
         look();
@@ -148,9 +159,10 @@ void FootageSheet::look() {
             shown = now;
         }
     };
-    background.start(work, [this, mine = turn] {
+    background.start(work, [this, mine = turn, token = stopping.get_token()] {
         if (mine != turn) return;
         busy = false;
+        if (token.stop_requested()) model.removeUnlooked();
         emit changed();
     });
 }

@@ -42,6 +42,8 @@ public:
     Q_INVOKABLE void clear();
     /// Files and folders on top of those that are listed; a file is listed once.
     Q_INVOKABLE void take(const QStringList& paths);
+    /// Ends the search for files; or looking at them, and leaves out those that were not looked at.
+    Q_INVOKABLE void halt();
     Q_INVOKABLE void remove(int row);
     /// Adds those that can come in to the project.
     Q_INVOKABLE void add();

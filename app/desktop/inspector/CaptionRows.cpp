@@ -20,14 +20,9 @@ void setOn(Held& held, const std::string& row, const QVariant& value) {
 
 }
 
-InspectorRowList of(const Look& look, const UUID& line, const std::optional<std::int64_t>& piece,
-                    const QString& said) {
-    const auto* entry = look.captions.line(line);
-    const auto* part = entry ? pieceAt(entry->pieces, piece) : nullptr;
-    const bool big = part ? part->big.value_or(false) : entry && entry->big.value_or(false);
-    const bool hidden = part ? part->hidden.value_or(false) : entry && entry->hidden.value_or(false);
-    return {RowMaker::words("said", "Words", part ? RowMaker::said(part->text) : said),
-            RowMaker::toggle("big", "Big", big), RowMaker::toggle("hidden", "Hidden", hidden)};
+InspectorRowList of(const QString& said, bool big, bool hidden) {
+    return {RowMaker::words("said", "Words", said), RowMaker::toggle("big", "Big", big),
+            RowMaker::toggle("hidden", "Hidden", hidden)};
 }
 
 void set(Look& look, const UUID& line, const std::optional<std::int64_t>& piece, const std::string& row,

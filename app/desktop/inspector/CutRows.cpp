@@ -17,6 +17,9 @@ InspectorRowList of(const Cut& cut, const Source* source, const QString& facts, 
         RowMaker::text("role", "Role", RowMaker::said(cut.role.value_or("")), cut.role.has_value()));
     rows.push_back(RowMaker::toggle("mute", "Mute", cut.muted.value_or(false)));
     const auto* book = cut.generator ? shelf.book(cut.generator->playbook, cut.generator->version) : nullptr;
+    if (cut.generator)
+        if (const auto newer = shelf.newer(cut.generator->playbook, cut.generator->version))
+            rows.push_back(RowMaker::update(*newer, cut.generator->playbook));
     if (book)
         for (auto& row : ParameterRows::of(*book, cut.generator->values)) rows.push_back(std::move(row));
     if (!source) return rows;
@@ -31,6 +34,7 @@ InspectorRowList of(const Cut& cut, const Source* source, const QString& facts, 
 void set(Cut& cut, BookShelf& shelf, const std::string& row, const QVariant& value) {
     if (row == "role") cut.role = RowMaker::textOf(value);
     if (row == "mute") cut.muted = RowMaker::truthOf(value);
+    if (row == "version" && cut.generator) cut.generator->version = value.toLongLong();
     if (!ParameterRows::isOne(row) || !cut.generator) return;
     if (const auto* book = shelf.book(cut.generator->playbook, cut.generator->version))
         ParameterRows::set(cut.generator->values, *book, row, value);

@@ -4,7 +4,7 @@
 #include "app/desktop/inspector/RowMaker.h"
 #include "app/editor/Editor.h"
 #include "app/editor/Timecode.h"
-#include "core/ai/Said.h"
+#include "core/ai/SaidCache.h"
 #include "core/model/ShownMoments.h"
 #include "core/model/edits/VideoEdits.h"
 
@@ -24,9 +24,9 @@ QString bookName(const std::string& id, std::optional<std::int64_t> version, Boo
 }
 
 /// "C14.03–05", as the block on the timeline is called.
-QString tagsOf(const Cut& cut, const Project& project) {
-    const Said said(project);
-    if (const auto ends = said.ends(cut)) {
+QString tagsOf(const Cut& cut, const Project& project, SaidCache& told) {
+    const auto said = told.of(project);
+    if (const auto ends = said->ends(cut)) {
         const auto first = RowMaker::said(ends->first->tag);
         const auto last = RowMaker::said(ends->last->tag);
         const auto point = first.lastIndexOf('.');
@@ -38,13 +38,13 @@ QString tagsOf(const Cut& cut, const Project& project) {
     return source ? RowMaker::said(source->name()) : "Missing footage";
 }
 
-InspectedWords ofCut(const Pick& pick, const Editor& editor, BookShelf& shelf) {
+InspectedWords ofCut(const Pick& pick, const Editor& editor, BookShelf& shelf, SaidCache& told) {
     const auto& cuts = editor.video()->cuts;
     const auto at = VideoEdits::index(*editor.video(), pick.id);
     if (!at) return {"cut", "", ""};
     const auto& cut = cuts[*at];
     const auto title = cut.generator ? bookName(cut.generator->playbook, cut.generator->version, shelf)
-                                     : tagsOf(cut, editor.project());
+                                     : tagsOf(cut, editor.project(), told);
     return {"cut", title, QString("Cut %1 of %2").arg(*at + 1).arg(cuts.size())};
 }
 
@@ -81,8 +81,8 @@ InspectedWords ofLook(const Pick& pick, const Video& video, BookShelf& shelf) {
 
 }
 
-InspectedWords InspectedWords::of(const Pick& pick, const Editor& editor, BookShelf& shelf) {
-    if (pick.kind == Pick::Kind::cut) return ofCut(pick, editor, shelf);
+InspectedWords InspectedWords::of(const Pick& pick, const Editor& editor, BookShelf& shelf, SaidCache& told) {
+    if (pick.kind == Pick::Kind::cut) return ofCut(pick, editor, shelf, told);
     if (pick.kind == Pick::Kind::caption) return {"caption", "Caption", ""};
     return editor.video()->look ? ofLook(pick, *editor.video(), shelf) : InspectedWords();
 }

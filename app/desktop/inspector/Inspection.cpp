@@ -1,5 +1,6 @@
 #include "app/desktop/inspector/Inspection.h"
 
+#include "app/desktop/captions/CaptionEdits.h"
 #include "app/desktop/inspector/ClipRows.h"
 #include "app/desktop/inspector/CutRows.h"
 #include "app/desktop/inspector/InspectedWords.h"
@@ -11,10 +12,10 @@
 #include "app/editor/commands/Changes.h"
 #include "app/editor/commands/CutCommands.h"
 #include "app/editor/commands/FootageCommands.h"
-#include "app/editor/commands/OverlayCommands.h"
 #include "app/editor/commands/RemoveCommands.h"
 #include "app/editor/commands/TimelinePicks.h"
 #include "app/editor/commands/VideoCommands.h"
+#include "core/ai/SaidCache.h"
 #include "core/model/edits/VideoEdits.h"
 #include "core/playbooks/Playbooks.h"
 
@@ -47,7 +48,10 @@ struct Inspection::InspectedThings {
 };
 
 Inspection::Inspection(Editor& session)
-    : editor(session), shelf(session.package()), subject(std::make_unique<InspectedThings>()) {
+    : editor(session),
+      shelf(session.package()),
+      told(std::make_unique<SaidCache>()),
+      subject(std::make_unique<InspectedThings>()) {
     for (const auto signal :
          {&EditorFields::pickedChanged, &EditorFields::morePickedChanged, &EditorFields::pickedClipsChanged,
           &EditorFields::heldClipChanged, &EditorFields::heldSourceChanged, &EditorFields::inspectingChanged,
@@ -62,6 +66,10 @@ Inspection::~Inspection() = default;
 
 int Inspection::count() const {
     return static_cast<int>(std::max(subject->picks.size(), subject->clips.size()));
+}
+
+const std::vector<Pick>& Inspection::picked() const {
+    return subject->picks;
 }
 
 const InspectorRow* Inspection::row(const QString& id) const {
@@ -96,7 +104,7 @@ void Inspection::refresh() {
 void Inspection::describe() {
     const auto words =
         subject->picks.size() > 1   ? InspectedWords::ofSeveral(subject->picks.size(), "item")
-        : !subject->picks.empty()   ? InspectedWords::of(subject->picks[0], editor, shelf)
+        : !subject->picks.empty()   ? InspectedWords::of(subject->picks[0], editor, shelf, *told)
         : subject->clips.size() > 1 ? InspectedWords::ofSeveral(subject->clips.size(), "clip")
         : !subject->clips.empty()   ? InspectedWords::ofClip(*editor.clip(subject->clips[0]), editor)
         : subject->source           ? InspectedWords::ofSource(*editor.project().source(*subject->source))
@@ -167,6 +175,13 @@ void Inspection::write(Project& project, const std::string& id, const QVariant& 
 bool Inspection::setByCommand(const std::string& id, const QVariant& value) {
     if (!subject->clips.empty()) return setOnClips(id, value);
     if (subject->isVideo()) return setOnVideo(id, value);
+    if (subject->picks.size() == 1 && subject->picks[0].kind == Pick::Kind::caption) {
+        const auto caption = subject->picks[0];
+        // It is as the list of captions does it: a piece of a line changes alone.
+        if (id == "big") CaptionEdits::toggleBig(editor, caption);
+        if (id == "hidden") CaptionEdits::toggleHidden(editor, caption);
+        return true;
+    }
     if (id == "layout") return setLayout(value.toString().toStdString());
     if (subject->picks.size() != 1 || subject->picks[0].kind != Pick::Kind::cut || !CutRows::isEnd(id))
         return false;
@@ -239,10 +254,11 @@ std::string Inspection::stepName(const InspectorRow& row, const QVariant& value)
 void Inspection::press(const QString& id) {
     if (!row(id)) return;
     if (id == "find") return emit findAsked();
+    if (id == "replace") return askFile(id);
     // A copy: what is inspected changes with the project.
     const auto pick = subject->picks.size() == 1 ? std::optional(subject->picks[0]) : std::nullopt;
     if (id == "takeOutQuiet" && pick) CutCommands::takeOutQuiet(editor, pick->id);
-    if (id == "update" && pick) OverlayCommands::updateOverlay(editor, pick->id);
+    if (id == "update" && pick) return updateBook(*pick, row(id)->current.toString().toStdString());
     if (id != "framing") return;
     if (pick) {
         const auto& cuts = editor.video()->cuts;

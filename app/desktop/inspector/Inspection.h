@@ -13,6 +13,7 @@
 namespace murbo {
 
 class Editor;
+class SaidCache;
 
 /// What the Inspector tab shows: what is picked on the side that was touched last, as rows that say and set
 /// it. A finished change is one step of undo; so is a drag, however many pieces it has.
@@ -49,6 +50,10 @@ public:
     Q_INVOKABLE void cancel();
     /// Does what a row's button says.
     Q_INVOKABLE void press(const QString& row);
+    Q_INVOKABLE bool has(const QString& id) const { return row(id) != nullptr; }
+    /// Has a file chosen for a row; and takes the one that was, into the project.
+    Q_INVOKABLE void askFile(const QString& row);
+    Q_INVOKABLE void takeFile(const QString& row, const QString& path);
     /// Fills a row in with the stretch that is marked in the source viewer.
     Q_INVOKABLE void takeRange(const QString& row);
     /// Takes away all that is picked on the timeline.
@@ -56,6 +61,8 @@ public:
 
 signals:
     void changed();
+    /// A file of a kind, "media" or "sounds", is to be chosen for a row.
+    void fileAsked(const QString& row, const QString& kind, const QString& title);
     void findAsked(); ///< a folder to find missing files in is to be chosen
 
 private:
@@ -64,6 +71,9 @@ private:
     void refresh();
     void describe();
     InspectorRowList made();
+    const std::vector<Pick>& picked() const;
+    void replaceSound(const QString& place, double length);
+    void updateBook(const Pick& pick, const std::string& book);
     bool setByCommand(const std::string& row, const QVariant& value);
     bool setOnVideo(const std::string& row, const QVariant& value);
     bool setOnClips(const std::string& row, const QVariant& value);
@@ -75,6 +85,7 @@ private:
     Editor& editor;
     BookShelf shelf;
     FileFacts facts;
+    std::unique_ptr<SaidCache> told;
     std::unique_ptr<InspectedThings> subject;
     Rows<InspectorRow> shown;
     std::string dragName; ///< of the open drag

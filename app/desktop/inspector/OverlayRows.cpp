@@ -85,7 +85,7 @@ InspectorRowList of(const Overlay& overlay, BookShelf& shelf) {
     const auto* book = shelf.book(overlay.playbook, overlay.version);
     rows.push_back(RowMaker::special("picture", InspectorRow::Control::picture));
     if (const auto newer = shelf.newer(overlay.playbook, overlay.version))
-        rows.push_back(RowMaker::button("update", QString("Update to Version %1").arg(*newer)));
+        rows.push_back(RowMaker::update(*newer, overlay.playbook));
     rows.push_back(RowMaker::time("length", "Length", overlay.length));
     rows.push_back(RowMaker::toggle("stretch", "Stretch to the length", overlay.stretch.value_or(false)));
     rows.push_back(RowMaker::toggle("mute", "Silence what is below", overlay.mute.value_or(false)));

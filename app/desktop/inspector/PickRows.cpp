@@ -1,5 +1,6 @@
 #include "app/desktop/inspector/PickRows.h"
 
+#include "app/desktop/captions/CaptionEdits.h"
 #include "app/desktop/inspector/BookShelf.h"
 #include "app/desktop/inspector/CaptionRows.h"
 #include "app/desktop/inspector/CutRows.h"
@@ -56,11 +57,17 @@ InspectorRowList ofSound(const SoundCue& cue, bool music, const RowMaterial& fro
 }
 
 InspectorRowList ofCaption(const Look& look, const Pick& pick, const Editor& editor) {
-    QString said;
-    for (const auto& [source, transcript] : editor.project().transcripts)
-        for (const auto& line : transcript.lines)
-            if (line.id == pick.id) said = RowMaker::said(line.text);
-    return CaptionRows::of(look, pick.id, pick.piece, said);
+    const auto caption = CaptionEdits::whole(editor, pick.id);
+    if (!caption || caption->cues.empty()) return CaptionRows::of("", false, false);
+    const auto piece = static_cast<std::size_t>(std::max<std::int64_t>(pick.piece.value_or(0), 0));
+    const bool alone = caption->cues.size() == 1 || pick.piece;
+    if (alone && piece < caption->cues.size()) {
+        const auto& cue = caption->cues[piece];
+        return CaptionRows::of(RowMaker::said(cue.text), cue.big, cue.hidden);
+    }
+    const auto* entry = look.captions.line(pick.id);
+    return CaptionRows::of(RowMaker::said(caption->raw), entry && entry->big.value_or(false),
+                           entry && entry->hidden.value_or(false));
 }
 
 /// Rows that are about one thing alone.

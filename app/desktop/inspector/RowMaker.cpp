@@ -41,8 +41,11 @@ InspectorRow time(std::string id, const QString& name, double seconds, bool chan
 InspectorRow toggle(std::string id, const QString& name, bool on) {
     return row(std::move(id), Control::toggle, name, on);
 }
-InspectorRow button(std::string id, const QString& name) {
-    return row(std::move(id), Control::button, name, {});
+InspectorRow button(std::string id, const QString& name, const QString& about) {
+    return row(std::move(id), Control::button, name, about);
+}
+InspectorRow update(std::int64_t version, const std::string& book) {
+    return button("update", QString("Update to Version %1").arg(version), said(book));
 }
 InspectorRow special(std::string id, Control control, const QString& current) {
     return row(std::move(id), control, {}, current);

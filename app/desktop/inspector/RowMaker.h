@@ -17,7 +17,10 @@ InspectorRow words(std::string id, const QString& name, const QString& words);
 InspectorRow text(std::string id, const QString& name, const QString& text, bool changed = false);
 InspectorRow time(std::string id, const QString& name, double seconds, bool changed = false);
 InspectorRow toggle(std::string id, const QString& name, bool on);
-InspectorRow button(std::string id, const QString& name);
+/// `about` is what its press needs to know.
+InspectorRow button(std::string id, const QString& name, const QString& about = {});
+/// That the library has another version of a playbook.
+InspectorRow update(std::int64_t version, const std::string& book);
 InspectorRow special(std::string id, Control control, const QString& current = {});
 
 /// A number with a slider.

@@ -59,11 +59,15 @@ InspectorRowList of(const Shot& shot, const Framing& framing, bool upright, Book
     const auto* book = shot.playbook ? shelf.book(*shot.playbook, shot.version) : nullptr;
     if (book)
         for (auto& row : ParameterRows::of(*book, shot.values)) rows.push_back(std::move(row));
+    if (!shot.playbook) return rows;
+    if (const auto newer = shelf.newer(*shot.playbook, shot.version.value_or(1)))
+        rows.insert(rows.begin() + (upright ? 1 : 0), RowMaker::update(*newer, *shot.playbook));
     return rows;
 }
 
 void set(Shot& shot, BookShelf& shelf, const std::string& row, const QVariant& value) {
     if (row == "layout") return setLayout(shot, value.toString().toStdString());
+    if (row == "version" && shot.playbook) shot.version = value.toLongLong();
     if (row == "zoom") shot.zoom = RowMaker::numberOf(value).value_or(1);
     if (row == "focus") shot.focus = share(value);
     if (row == "split") shot.split = share(value);

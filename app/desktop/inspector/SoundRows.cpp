@@ -21,6 +21,7 @@ InspectorRowList of(const SoundCue& cue, bool music, std::optional<double> fileL
     rows.push_back(RowMaker::special("wave", InspectorRow::Control::wave, RowMaker::said(cue.file)));
     if (cue.from && !cue.from->empty())
         rows.push_back(RowMaker::words("from", "Folder", RowMaker::said(*cue.from)));
+    rows.push_back(RowMaker::button("replace", "Replace…"));
     rows.push_back(RowMaker::time("skip", "Start in file", skip, cue.skip.has_value()));
     const auto whole = fileLength ? std::max(*fileLength - skip, 0.0) : 0.0;
     if (cue.length || fileLength)
@@ -38,6 +39,10 @@ void set(SoundCue& cue, const std::string& row, const QVariant& value) {
         cue.volume = number ? std::optional(RowMaker::factor(std::min(*number, 0.0))) : std::nullopt;
     if (row == "skip") cue.skip = number && *number > 0 ? number : std::nullopt;
     if (row == "length") cue.length = number ? std::optional(std::max(*number, shortest)) : std::nullopt;
+    if (row == "file") {
+        cue.file = value.toString().toStdString();
+        cue.from.reset();
+    }
     if (row == "mute") cue.muted = RowMaker::truthOf(value);
 }
 

@@ -179,6 +179,28 @@ void LibraryModel::play(int at) {
     preview.play(path, *length);
 }
 
+void LibraryModel::bringIn(const QStringList& paths) {
+    auto came = std::make_shared<std::vector<Book>>();
+    auto fault = std::make_shared<std::string>();
+    const auto work = [paths, came, fault] {
+        for (const auto& path : paths) try {
+                came->push_back(Playbooks::bringIn(path.toStdString()));
+            } catch (const Problem& problem) {
+                *fault = problem.message();
+            }
+    };
+    background.start(work, [this, came, fault, busy = editor.busy()] {
+        if (!came->empty()) {
+            editor.setSidebar({LibraryRows::pageOf(came->back()), {}});
+            reload();
+            const auto name = came->back().playbook.name;
+            editor.say(came->size() == 1 ? "“" + name + "” is in the library"
+                                         : std::to_string(came->size()) + " playbooks are in the library");
+        }
+        if (!fault->empty()) editor.refuse(*fault);
+    });
+}
+
 void LibraryModel::openFolder(int row) {
     if (row >= 0 && row < rowCount() && !rows()[static_cast<std::size_t>(row)].file.empty())
         return FolderView::show(QString::fromStdString(rows()[static_cast<std::size_t>(row)].file.string()));

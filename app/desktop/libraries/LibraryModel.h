@@ -44,6 +44,9 @@ public:
     Q_INVOKABLE void stop() { preview.stop(); }
     /// Shows the folder, or that of a thing; a folder that is not there is made.
     Q_INVOKABLE void openFolder(int row = -1);
+    /// Takes playbooks into the owner's library, and turns to the page of the last that came. What is wrong
+    /// with one is said.
+    Q_INVOKABLE void bringIn(const QStringList& paths);
     /// Reads the folders anew.
     Q_INVOKABLE void reload();
 

@@ -13,13 +13,6 @@ QString text(const std::string& given) {
     return QString::fromStdString(Text::repaired(given));
 }
 
-bool belongs(const Book& book, Collection collection) {
-    const auto kind = book.playbook.kind.value_or("");
-    if (collection == Collection::layouts) return kind == "layout";
-    if (collection == Collection::generators) return kind == "generator";
-    return kind != "layout" && kind != "generator";
-}
-
 LibraryRow rowOf(const Book& book) {
     LibraryRow row;
     row.id = book.id() + (book.folder ? " of yours" : "");
@@ -36,7 +29,7 @@ LibraryRow rowOf(const Book& book) {
 std::vector<LibraryRow> books(Collection collection) {
     std::vector<LibraryRow> rows;
     for (const auto& book : Playbooks::library())
-        if (belongs(book, collection)) rows.push_back(rowOf(book));
+        if (pageOf(book) == collection) rows.push_back(rowOf(book));
     for (const auto& [path, reason] : Playbooks::leftOut()) {
         LibraryRow row;
         row.id = "left out " + path.string();
@@ -65,6 +58,12 @@ std::vector<LibraryRow> sounds(const std::filesystem::path& from) {
     return rows;
 }
 
+}
+
+Collection pageOf(const Book& book) {
+    const auto kind = book.playbook.kind.value_or("");
+    if (kind == "layout") return Collection::layouts;
+    return kind == "generator" ? Collection::generators : Collection::playbooks;
 }
 
 bool isLibrary(Collection collection) {

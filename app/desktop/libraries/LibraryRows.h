@@ -14,6 +14,9 @@ namespace LibraryRows {
 /// The pages are those of these collections.
 bool isLibrary(Collection collection);
 
+/// The page that a playbook stands on.
+Collection pageOf(const Book& book);
+
 /// The playbooks of a kind or the sounds, in the library's order; after the playbooks the folders that are
 /// none, with the reason.
 std::vector<LibraryRow> of(Collection collection);

@@ -1,5 +1,6 @@
 #include "app/desktop/models/FolderModel.h"
 
+#include "app/desktop/services/MediaEndings.h"
 #include "core/intake/Intake.h"
 
 #include <QCollator>
@@ -16,8 +17,10 @@ constexpr int maxEntries = 20000;
 
 bool isWanted(const QFileInfo& entry, const QString& wanted) {
     if (entry.isDir()) return true;
+    if (wanted == "sounds") return MediaEndings::isSound(entry.fileName());
+    if (wanted == "media" && MediaEndings::isPicture(entry.fileName())) return true;
     if (wanted == "markers") return QStringList{"csv", "tsv", "txt"}.contains(entry.suffix().toLower());
-    if (wanted != "movies") return false;
+    if (wanted != "movies" && wanted != "media") return false;
     return Intake::isMovie(entry.fileName().toStdString());
 }
 

@@ -78,6 +78,7 @@ Sheet {
             width: parent.width
             spacing: Theme.gap
             PushButton { id: chooseButton; text: "Choose Files…"; glyph: "folder-open"; onClicked: sheet.choose() }
+            PushButton { visible: footageSheet.reading; text: "Stop"; onClicked: footageSheet.halt() }
             PushButton { visible: footageSheet.only !== ""; text: "Add as Stream…"; onClicked: { const path = footageSheet.only; streamSheet.clear(); streamSheet.take([path]); project.sheet = "addStream" } }
             Words { visible: text !== ""; height: Theme.control; text: footageSheet.count > 0 ? footageSheet.words : ""; color: Theme.text2; leftPadding: Theme.gap; Accessible.role: Accessible.StaticText; Accessible.name: text }
         }

@@ -14,6 +14,7 @@ Rectangle {
     required property bool picked
     required property bool current
     property bool editing: false
+    signal menuAsked(real px, real py)
 
     function edit() {
         editing = true
@@ -44,7 +45,12 @@ Rectangle {
             id: touch
             anchors.fill: parent
             hoverEnabled: true
-            onClicked: { item.ListView.view.forceActiveFocus(); captions.list.pick(item.index) }
+            acceptedButtons: Qt.LeftButton | Qt.RightButton
+            onClicked: (mouse) => {
+                item.ListView.view.forceActiveFocus()
+                captions.list.pick(item.index)
+                if (mouse.button === Qt.RightButton) { const at = mapToItem(null, mouse.x, mouse.y); item.menuAsked(at.x, at.y) }
+            }
             onDoubleClicked: item.edit()
         }
         Words { x: Theme.wide; width: 54; height: parent.height; text: item.time; color: Theme.text3; font.pixelSize: Theme.noteSize }

@@ -64,6 +64,13 @@ Column {
     }
     Row {
         spacing: Theme.gap
+        Words { height: Theme.control; text: "From"; color: Theme.text3 }
+        NumberField { width: 84; name: "Start of the caption"; time: true; value: captionTimes.start; onSettled: (time) => captionTimes.set(true, time) }
+        Words { height: Theme.control; text: "to"; color: Theme.text3 }
+        NumberField { width: 84; name: "End of the caption"; time: true; value: captionTimes.end; onSettled: (time) => captionTimes.set(false, time) }
+    }
+    Row {
+        spacing: Theme.gap
         PushButton { text: "Edit"; onClicked: strip.edit() }
         PushButton { text: "Join"; visible: captions.list.canJoin; onClicked: captions.list.join() }
         PushButton { text: "Reset Caption Timing"; visible: captions.list.canReset; onClicked: captions.list.resetTiming() }

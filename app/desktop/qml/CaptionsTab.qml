@@ -7,6 +7,14 @@ FocusScope {
 
     function takeFocus() { list.forceActiveFocus(Qt.TabFocusReason) }
 
+    // The list's captions are picked on the timeline, and have its menu.
+    function openMenu() {
+        const item = list.itemAtIndex(captions.list.pickedRow)
+        const at = item ? item.mapToItem(null, Theme.wide, Theme.control) : mapToItem(null, Theme.wide, Theme.control)
+        if (item) context.openPoint(at.x, at.y, project.contextMenu("caption"))
+        else { captions.meanPreset(-1); context.openPoint(at.x, at.y, project.contextMenu("preset")) }
+    }
+    MenuList { id: context }
     Component.onCompleted: captions.watched = true
     Component.onDestruction: captions.watched = false
 
@@ -36,8 +44,13 @@ FocusScope {
         Keys.onUpPressed: captions.list.pick(Math.max(captions.list.pickedRow - 1, 0))
         Keys.onDownPressed: captions.list.pick(Math.min(captions.list.pickedRow + 1, count - 1))
         Keys.onReturnPressed: { const item = itemAtIndex(captions.list.pickedRow); if (item) item.edit() }
-        Connections { target: captions.list; function onPickedChanged() { if (captions.list.pickedRow >= 0) list.positionViewAtIndex(captions.list.pickedRow, ListView.Contain) } }
-        delegate: CaptionItem {}
+        // The cards above come after the list: until somebody scrolls it begins with them.
+        property bool untouched: true
+        onMovementStarted: untouched = false
+        function toTop() { if (untouched) positionViewAtBeginning() }
+        Connections { target: list.headerItem; function onHeightChanged() { Qt.callLater(list.toTop) } }
+        Connections { target: captions.list; function onPickedChanged() { if (captions.list.pickedRow < 0) return; list.untouched = false; list.positionViewAtIndex(captions.list.pickedRow, ListView.Contain) } }
+        delegate: CaptionItem { onMenuAsked: (px, py) => context.openPoint(px, py, project.contextMenu("caption")) }
 
         header: Column {
             id: head
@@ -76,6 +89,7 @@ FocusScope {
                         picture: model.picture
                         chosen: model.chosen
                         onClicked: captions.pickPresetAt(index)
+                        onMenuAsked: (px, py) => { captions.meanPreset(index); context.openPoint(px, py, project.contextMenu("preset")) }
                     }
                 }
             }

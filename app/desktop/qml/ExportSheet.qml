@@ -7,15 +7,18 @@ Sheet {
 
     property var picture: null
     readonly property bool busy: project.exports.running
+    readonly property bool forms: !busy && project.exports.finished === ""
 
     title: "Export"
     mainWord: busy ? "" : project.exports.finished ? "Show in Folder" : "Export"
     cancelWord: busy ? "Hide" : project.exports.finished ? "Done" : "Cancel"
     mainEnabled: project.exports.finished !== "" || exportSheet.problem === ""
     onAccepted: project.exports.finished ? desktop.showInFolder(project.exports.finished) : exportSheet.start()
+    onFormsChanged: sheet.forceActiveFocus()
     Component.onCompleted: { project.exports.clear(); exportSheet.fill(); name.forceActiveFocus(); name.selectAll() }
 
     Row {
+        width: parent.width
         spacing: 24
         Column {
             spacing: Theme.gap
@@ -29,27 +32,40 @@ Sheet {
             Words { text: exportSheet.facts; Accessible.role: Accessible.StaticText; Accessible.name: text; color: Theme.text3; font.pixelSize: Theme.noteSize }
         }
         Column {
-            width: 478
+            width: parent.width - 210 - parent.spacing
             spacing: Theme.gap
             Words { text: "Video"; color: Theme.text3; font.pixelSize: Theme.noteSize }
             Words { text: project.videoTag + " · " + project.videoTitle; width: parent.width }
-            Words { text: "Save as"; color: Theme.text3; font.pixelSize: Theme.noteSize; topPadding: Theme.small }
-            Field { id: name; width: parent.width; name: "Save as"; text: exportSheet.fileName; enabled: !sheet.busy; onTextEdited: exportSheet.fileName = text; onAccepted: sheet.accept() }
-            Words { text: "In the folder"; color: Theme.text3; font.pixelSize: Theme.noteSize; topPadding: Theme.small }
-            FolderField { width: parent.width; folder: exportSheet.folder; enabled: !sheet.busy; onEdited: (path) => exportSheet.folder = path; onAccepted: sheet.accept() }
-            Words { visible: exportSheet.replaces && !sheet.busy && !project.exports.finished; text: "A movie of that name is there: it will be replaced"; color: Theme.notice; font.pixelSize: Theme.noteSize }
-            Words { text: "Frame rate"; color: Theme.text3; font.pixelSize: Theme.noteSize; topPadding: Theme.small }
-            Choice {
-                name: "Frame rate"
-                words: ["As footage", "60", "30", "24"]
-                chosen: [0, 60, 30, 24].indexOf(exportSheet.rate)
-                enabled: !sheet.busy
-                onPicked: (index) => exportSheet.rate = [0, 60, 30, 24][index]
+            // What runs or is done is no form any more.
+            Column {
+                visible: !sheet.forms
+                width: parent.width
+                spacing: Theme.small
+                Words { width: parent.width; text: project.exports.file; color: Theme.text2; wrapMode: Text.WrapAnywhere; elide: Text.ElideNone; maximumLineCount: 3; Accessible.role: Accessible.StaticText; Accessible.name: text }
+                Words { visible: sheet.busy; text: "You can go on editing meanwhile"; color: Theme.text3; font.pixelSize: Theme.noteSize }
+                PushButton { visible: project.exports.finished !== ""; text: "Copy Path"; onClicked: exportSheet.copy(project.exports.finished) }
             }
-            Item { width: 1; height: Theme.small }
-            Tick { text: "Subtitles file (.srt) beside it"; checked: exportSheet.subtitles; enabled: !sheet.busy; onToggled: exportSheet.subtitles = checked }
-            Tick { text: "Include muted tracks"; note: exportSheet.mutedWords; checked: exportSheet.mutedRows; enabled: !sheet.busy; onToggled: exportSheet.mutedRows = checked }
-            Tick { text: "Include muted clips, sounds and songs"; checked: exportSheet.mutedBlocks; enabled: !sheet.busy; onToggled: exportSheet.mutedBlocks = checked }
+            Column {
+                visible: sheet.forms
+                width: parent.width
+                spacing: Theme.gap
+                Words { text: "Save as"; color: Theme.text3; font.pixelSize: Theme.noteSize; topPadding: Theme.small }
+                Field { id: name; width: parent.width; name: "Save as"; text: exportSheet.fileName; onTextEdited: exportSheet.fileName = text; onAccepted: sheet.accept() }
+                Words { text: "In the folder"; color: Theme.text3; font.pixelSize: Theme.noteSize; topPadding: Theme.small }
+                FolderField { width: parent.width; folder: exportSheet.folder; onEdited: (path) => exportSheet.folder = path; onAccepted: sheet.accept() }
+                Words { visible: exportSheet.replaces; text: "A movie of that name is there: it will be replaced"; color: Theme.notice; font.pixelSize: Theme.noteSize }
+                Words { text: "Frame rate"; color: Theme.text3; font.pixelSize: Theme.noteSize; topPadding: Theme.small }
+                Choice {
+                    name: "Frame rate"
+                    words: ["As footage", "60", "30", "24"]
+                    chosen: [0, 60, 30, 24].indexOf(exportSheet.rate)
+                    onPicked: (index) => exportSheet.rate = [0, 60, 30, 24][index]
+                }
+                Item { width: 1; height: Theme.small }
+                Tick { text: "Subtitles file (.srt) beside it"; checked: exportSheet.subtitles; onToggled: exportSheet.subtitles = checked }
+                Tick { text: "Include muted tracks"; note: exportSheet.mutedWords; checked: exportSheet.mutedRows; onToggled: exportSheet.mutedRows = checked }
+                Tick { text: "Include muted clips, sounds and songs"; checked: exportSheet.mutedBlocks; onToggled: exportSheet.mutedBlocks = checked }
+            }
             Rectangle {
                 visible: project.exports.problem !== "" || exportSheet.problem !== ""
                 width: parent.width

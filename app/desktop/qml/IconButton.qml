@@ -23,6 +23,9 @@ T.Button {
     Accessible.checkable: toggles
     Accessible.checked: toggles && checked
     Accessible.onPressAction: button.clicked()
+    // Space plays; with Ctrl it is for the sheet that the button stands in.
+    Keys.onReturnPressed: (event) => { if (event.modifiers & Qt.ControlModifier) event.accepted = false; else button.clicked() }
+    Keys.onEnterPressed: (event) => { if (event.modifiers & Qt.ControlModifier) event.accepted = false; else button.clicked() }
 
     property string glyph
     contentItem: Item {

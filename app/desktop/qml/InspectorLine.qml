@@ -109,8 +109,9 @@ Item {
             name: line.row.name
             changed: line.row.changed
             onReset: inspection.reset(line.row.id)
-            LineField { id: path; width: parent.width - range.width - Theme.gap; name: line.row.name; held: line.row.current; mixed: line.row.mixed
+            LineField { id: path; width: parent.width - file.width - range.width - 2 * Theme.gap; name: line.row.name; held: line.row.current; mixed: line.row.mixed
                 onSettled: (text) => inspection.set(line.row.id, text) }
+            IconButton { id: file; anchors.right: range.left; anchors.rightMargin: Theme.gap; glyph: "folder-open"; name: "Choose a file for " + line.row.name; onClicked: inspection.askFile(line.row.id) }
             PushButton { id: range; anchors.right: parent.right; text: "Range"; keys: "Pick the stretch that is marked in the source viewer"
                 onClicked: inspection.takeRange(line.row.id) }
         }

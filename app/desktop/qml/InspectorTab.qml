@@ -69,4 +69,5 @@ Item {
         }
     }
     ScrollMark { of: flick }
+    FileAsking { width: parent.width; height: Math.min(parent.height, 400); anchors.bottom: parent.bottom }
 }

@@ -8,6 +8,20 @@ Rectangle {
     function search() { field.forceActiveFocus(Qt.ShortcutFocusReason); field.selectAll() }
     function takeFocus() { list.forceActiveFocus(Qt.TabFocusReason) }
 
+    function carryOut(verb) {
+        if (verb === "library.add") library.add(list.currentIndex)
+        if (verb === "library.listen") library.play(list.currentIndex)
+        if (verb === "library.show") library.openFolder(list.currentIndex)
+    }
+    function openMenu() {
+        const item = list.currentItem
+        const at = item ? item.mapToItem(null, Theme.margin, item.height / 2) : list.mapToItem(null, Theme.margin, Theme.margin)
+        askMenu(at.x, at.y)
+    }
+    function askMenu(px, py) { context.openPoint(px, py, project.contextMenu(library.ofSounds ? "sound" : "playbook")) }
+    Connections { target: project; function onVerb(name) { page.carryOut(name) } }
+    MenuList { id: context }
+
     color: Theme.panel
 
     Field {
@@ -77,13 +91,15 @@ Rectangle {
             MouseArea {
                 id: carried
                 anchors.fill: parent
-                drag.target: item.kind === "leftOut" ? null : ghost
+                drag.target: item.kind === "leftOut" || pressedButtons & Qt.RightButton ? null : ghost
                 drag.threshold: 6
                 drag.smoothed: false
                 preventStealing: true // or the list would take a drag that goes down
+                acceptedButtons: Qt.LeftButton | Qt.RightButton
+                onClicked: (mouse) => { if (mouse.button === Qt.RightButton) { const at = mapToItem(null, mouse.x, mouse.y); page.askMenu(at.x, at.y) } }
                 onPressed: (mouse) => { list.currentIndex = item.index; list.forceActiveFocus(); const at = mapToItem(ghost.parent, mouse.x, mouse.y); ghost.x = at.x + 4; ghost.y = at.y + 4 }
                 onReleased: if (drag.active) ghost.Drag.drop()
-                onDoubleClicked: library.add(item.index)
+                onDoubleClicked: (mouse) => { if (mouse.button === Qt.LeftButton) library.add(item.index) }
                 Rectangle {
                     id: ghost
                     property int libraryRow: item.index

@@ -14,11 +14,13 @@ T.Popup {
         y = at.y + 2
         show(which)
     }
+    // At a place of the window.
     function openPoint(px, py, given) {
+        const at = parent.mapFromItem(null, px, py)
         name = "context"
         lines = given
-        x = Math.min(px, parent.Window.width - implicitWidth)
-        y = py
+        x = at.x
+        y = at.y
         open()
     }
     function show(which) {
@@ -35,13 +37,20 @@ T.Popup {
     }
 
     modal: true
+    margins: Theme.small // it stays within the window
     focus: true
     padding: Theme.small
     implicitWidth: 320
     implicitHeight: Math.min(list.contentHeight + 2 * padding, (parent ? parent.Window.height : 600) - 60)
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
-    onAboutToShow: { project.menuOpen = true; list.currentIndex = 0 }
-    onClosed: project.menuOpen = false
+    // What had the focus has it again.
+    property Item before
+    onAboutToShow: { before = parent.Window.activeFocusItem; project.menuOpen = true; list.currentIndex = 0 }
+    onClosed: {
+        project.menuOpen = false
+        if (before) before.forceActiveFocus(Qt.PopupFocusReason)
+        before = null
+    }
 
     background: Rectangle { color: Theme.raised; radius: Theme.radius; border.color: Theme.pressed }
     contentItem: ListView {

@@ -17,6 +17,8 @@ Sheet {
         spacing: Theme.wide
         Field { id: name; width: parent.width; name: "Title"; placeholderText: "Title"; onAccepted: sheet.accept() }
         Row {
+            id: shapes
+            width: parent.width
             spacing: Theme.wide
             Repeater {
                 model: [
@@ -26,6 +28,7 @@ Sheet {
                     { aspect: "4:5", words: "Feed", w: 60, h: 75 }]
                 ShapeCard {
                     required property var modelData
+                    width: (shapes.width - 3 * shapes.spacing) / 4
                     shape: modelData
                     chosen: sheet.aspect === modelData.aspect
                     onClicked: sheet.aspect = modelData.aspect

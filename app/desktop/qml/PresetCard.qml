@@ -9,6 +9,8 @@ T.RadioButton {
     property string name
     property var picture
     property bool chosen: false
+    signal menuAsked(real px, real py)
+    function openMenu() { const at = mapToItem(null, Theme.gap, height); menuAsked(at.x, at.y) }
 
     focusPolicy: Qt.TabFocus
     hoverEnabled: true
@@ -23,6 +25,8 @@ T.RadioButton {
 
     indicator: null
     contentItem: Item {
+        // Not of the button itself: that would be pressed by it.
+        TapHandler { acceptedButtons: Qt.RightButton; onTapped: (point) => card.menuAsked(point.scenePosition.x, point.scenePosition.y) }
         Rectangle { anchors.fill: parent; anchors.margins: Theme.ring; anchors.bottomMargin: label.height; color: Theme.canvas }
         PictureView { picture: card.picture; anchors.fill: parent; anchors.margins: Theme.ring; anchors.bottomMargin: label.height }
         Words { id: label; anchors.bottom: parent.bottom; x: Theme.gap; width: parent.width - 2 * Theme.gap; height: Theme.tool; text: card.name; font.pixelSize: 12

@@ -48,12 +48,18 @@ Window {
         else if (name === "menus") topBar.openMenus()
         else if (name.startsWith("walk.")) timeline.walk(name.split(".")[1], name.endsWith(".more"))
         else if (name === "goToPick") timeline.goToPick()
-        else if (name === "contextMenu") browser.active ? browser.openMenu() : timeline.openMenu()
+        else if (name === "contextMenu") menuOwner().openMenu()
         else if (name === "closeWindow") window.close()
         else if (name === "caption.edit") timeline.editCaption()
         else if (name === "escape") letGo()
     }
 
+    // What has a menu and holds the focus; else the timeline.
+    function menuOwner() {
+        for (let item = activeFocusItem; item; item = item.parent)
+            if (item.openMenu) return item
+        return timeline
+    }
     function enterFull() {
         before = visibility
         fullViewer = true

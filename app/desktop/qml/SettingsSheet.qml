@@ -124,6 +124,25 @@ Sheet {
                         Words { visible: !parent.modelData.installed; text: "not installed on this computer"; color: Theme.notice }
                     }
                 }
+                Words { visible: captions.saved.length > 0; text: "Saved styles"; color: Theme.text3; font.weight: Font.DemiBold; font.pixelSize: Theme.noteSize; topPadding: Theme.gap }
+                ListView {
+                    width: parent.width
+                    height: Math.min(count * Theme.control, 6 * Theme.control)
+                    clip: true
+                    boundsBehavior: Flickable.StopAtBounds
+                    model: captions.saved
+                    Accessible.role: Accessible.List
+                    Accessible.name: "Saved styles"
+                    delegate: Row {
+                        id: style
+                        required property var modelData
+                        height: Theme.control
+                        spacing: Theme.gap
+                        Words { text: style.modelData.name; width: 300; height: Theme.control }
+                        PushButton { text: "Rename…"; Accessible.name: "Rename " + style.modelData.name; onClicked: { captions.meanPreset(style.modelData.row); project.sheet = "renamePreset" } }
+                        PushButton { text: "Remove"; Accessible.name: "Remove " + style.modelData.name; onClicked: { captions.meanPreset(style.modelData.row); captions.removePreset() } }
+                    }
+                }
             }
         }
     }

@@ -16,7 +16,9 @@ T.RadioButton {
     onClicked: checked = Qt.binding(() => chosen)
     Accessible.name: shape.aspect + ", " + shape.words
     Accessible.checked: chosen
-    Keys.onReturnPressed: card.clicked()
+    // With Ctrl it is for the sheet that the card stands in.
+    Keys.onReturnPressed: (event) => { if (event.modifiers & Qt.ControlModifier) event.accepted = false; else card.clicked() }
+    Keys.onEnterPressed: (event) => { if (event.modifiers & Qt.ControlModifier) event.accepted = false; else card.clicked() }
 
     indicator: null
     contentItem: Item {

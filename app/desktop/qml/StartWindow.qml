@@ -61,14 +61,22 @@ Window {
             Accessible.role: Accessible.List
             Accessible.name: "Recent projects"
             Keys.onReturnPressed: if (currentItem) desktop.openPath(currentItem.modelData.path)
+            Keys.onDeletePressed: forget(currentIndex)
+            // The list is new after it: the place in it stays.
+            function forget(row) {
+                if (row < 0 || row >= count) return
+                desktop.forgetRecent(desktop.recent[row].path)
+                currentIndex = Math.min(row, count - 1)
+            }
             delegate: Rectangle {
                 id: line
                 required property int index
                 required property var modelData
+                readonly property bool reached: list.activeFocus && list.currentIndex === index
                 width: list.width
                 height: 64
                 radius: Theme.radius
-                color: touch.containsMouse || list.activeFocus && list.currentIndex === index ? Theme.hover : "transparent"
+                color: over.hovered || reached ? Theme.hover : "transparent"
                 Accessible.role: Accessible.ListItem
                 Accessible.name: modelData.name + (modelData.missing ? ", missing" : ", " + modelData.date)
                 Rectangle {
@@ -82,9 +90,12 @@ Window {
                     Image { id: picture; anchors.fill: parent; asynchronous: true; fillMode: Image.PreserveAspectFit; source: line.modelData.picture; sourceSize: Qt.size(144, 144) }
                 }
                 Words { x: 92; y: 13; width: parent.width - 180; text: line.modelData.name; color: line.modelData.missing ? Theme.text3 : Theme.text }
-                Words { x: 92; y: 33; width: parent.width - 100; text: line.modelData.folder; color: Theme.text3; font.pixelSize: Theme.noteSize; elide: Text.ElideMiddle }
+                Words { x: 92; y: 33; width: parent.width - 92 - Theme.bar; text: line.modelData.folder; color: Theme.text3; font.pixelSize: Theme.noteSize; elide: Text.ElideMiddle }
                 Words { anchors.right: parent.right; anchors.rightMargin: Theme.gap; y: 14; text: line.modelData.missing ? "missing" : line.modelData.date; color: line.modelData.missing ? Theme.notice : Theme.text3; font.pixelSize: Theme.noteSize }
+                HoverHandler { id: over }
                 MouseArea { id: touch; anchors.fill: parent; hoverEnabled: true; onClicked: desktop.openPath(line.modelData.path) }
+                IconButton { visible: over.hovered || line.reached || line.modelData.missing; anchors.right: parent.right; anchors.rightMargin: Theme.small; anchors.bottom: parent.bottom; anchors.bottomMargin: 4
+                             implicitWidth: Theme.tool; implicitHeight: Theme.tool; side: 13; glyph: "x"; name: "Take " + line.modelData.name + " off the list"; keys: "Delete"; focusPolicy: Qt.NoFocus; onClicked: Qt.callLater(list.forget, line.index) }
             }
         }
         Words { anchors.centerIn: list; visible: list.count === 0; text: "What you open will be here"; color: Theme.text3 }

@@ -15,6 +15,17 @@ T.CheckBox {
     Accessible.description: note
     Accessible.checked: checked
 
+    // Space plays; with Ctrl it is for the sheet that the box stands in.
+    Keys.onReturnPressed: (event) => press(event)
+    Keys.onEnterPressed: (event) => press(event)
+    function press(event) {
+        if (event.modifiers & Qt.ControlModifier) { event.accepted = false; return }
+        if (typeof nextCheckState === "function") nextCheckState() // what it is bound to follows
+        else toggle()
+        toggled()
+        clicked()
+    }
+
     indicator: Rectangle {
         y: (Theme.tool - height) / 2
         width: 16

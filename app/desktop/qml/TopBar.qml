@@ -31,18 +31,38 @@ Rectangle {
             }
         }
         Words { text: project.name; font.weight: Font.DemiBold; height: parent.height; leftPadding: Theme.gap }
-        Words {
-            height: parent.height
-            leftPadding: Theme.gap
-            text: project.unsaved || "saved"
-            color: project.unsaved ? Theme.bad : Theme.text3
-            font.pixelSize: Theme.noteSize
-            width: Math.min(implicitWidth, 320)
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
+        // What is not on disk is said in whole, as long as there is room, and until it is there.
+        Rectangle {
+            id: state
+            readonly property bool lost: project.unsaved !== ""
+            readonly property bool hovered: over.hovered && words.truncated
+            readonly property string said: project.unsaved
+            onSaidChanged: if (said) announcer.say(state)
+            anchors.verticalCenter: parent.verticalCenter
+            width: words.width + (lost ? mark.width + 2 * Theme.gap : 0)
+            height: Theme.control
+            radius: Theme.radius
+            color: lost ? Theme.badCard : "transparent"
+            Accessible.role: lost ? Accessible.AlertMessage : Accessible.StaticText
+            Accessible.name: words.text
+            HoverHandler { id: over }
+            Icon { id: mark; visible: state.lost; x: Theme.gap; anchors.verticalCenter: parent.verticalCenter; name: "circle-alert"; tint: Theme.bad; side: 15 }
+            Words {
+                id: words
+                readonly property real room: bar.width - right.width - (pill.visible ? pill.width + Theme.wide : 0) - left.x - state.x - Theme.bar - 2 * Theme.wide
+                x: state.lost ? mark.width + Theme.gap : 0
+                height: parent.height
+                leftPadding: Theme.gap
+                text: project.unsaved || "saved"
+                color: state.lost ? Theme.text : Theme.text3
+                font.pixelSize: state.lost ? 12 : Theme.noteSize
+                width: Math.max(Math.min(implicitWidth, room), 120)
+            }
+            Hint { of: state; words: project.unsaved }
         }
     }
     WorkPill {
+        id: pill
         anchors.verticalCenter: parent.verticalCenter
         x: Math.max(left.x + left.width + Theme.wide, Math.min((bar.width - width) / 2, right.x - width - Theme.wide))
     }

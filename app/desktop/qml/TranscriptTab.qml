@@ -11,6 +11,11 @@ FocusScope {
     function grant(wish) {
         if (wish === "search") { search.forceActiveFocus(Qt.ShortcutFocusReason); search.selectAll() }
         if (wish === "note") note.start()
+        if (wish === "copy") area.copy()
+    }
+    function openMenu() {
+        const at = area.mapToItem(null, area.cursorRectangle.x, area.cursorRectangle.y + area.cursorRectangle.height)
+        context.openPoint(at.x, at.y, project.contextMenu("transcript"))
     }
     Component.onCompleted: grant(transcript.takeWish())
     function keepInView(y, height) {
@@ -122,6 +127,15 @@ FocusScope {
             onContentSizeChanged: gutter.update()
             Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
             Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+            TapHandler {
+                acceptedButtons: Qt.RightButton
+                onTapped: (point) => {
+                    const place = area.positionAt(point.position.x, point.position.y)
+                    area.forceActiveFocus(Qt.MouseFocusReason)
+                    if (place < area.selectionStart || place > area.selectionEnd) area.cursorPosition = place
+                    context.openPoint(point.scenePosition.x, point.scenePosition.y, project.contextMenu("transcript"))
+                }
+            }
             Component.onCompleted: transcript.attach(area)
             Component.onDestruction: transcript.attach(null)
         }
@@ -177,6 +191,7 @@ FocusScope {
         PushButton { visible: transcript.canTranscribe; anchors.horizontalCenter: parent.horizontalCenter; text: "Transcribe"; keys: "on this computer, free"; onClicked: transcript.transcribe() }
     }
 
+    MenuList { id: context }
     Column {
         id: foot
         anchors.bottom: parent.bottom
@@ -184,6 +199,28 @@ FocusScope {
         bottomPadding: Theme.wide
         topPadding: Theme.gap
         spacing: Theme.gap
+        Rectangle {
+            visible: transcript.offer.words !== ""
+            x: Theme.wide
+            width: parent.width - 2 * Theme.wide
+            height: offer.height + 2 * Theme.gap
+            radius: Theme.radius
+            color: Theme.raised
+            Column {
+                id: offer
+                x: Theme.gap
+                y: Theme.gap
+                width: parent.width - 2 * Theme.gap
+                spacing: Theme.gap
+                Words { width: parent.width; text: transcript.offer.words; wrapMode: Text.Wrap; elide: Text.ElideNone
+                        Accessible.role: Accessible.AlertMessage; Accessible.name: text }
+                Row {
+                    spacing: Theme.gap
+                    PushButton { text: "Correct Everywhere"; onClicked: { project.perform("transcript.correctEverywhere"); area.forceActiveFocus() } }
+                    PushButton { text: "Leave"; onClicked: { transcript.offer.drop(); area.forceActiveFocus() } }
+                }
+            }
+        }
         Field {
             id: note
             visible: false

@@ -222,7 +222,7 @@ std::optional<TranscriptDocument::TypedLine> TranscriptDocument::takeTyped() {
         writeBlock(row);
         return {};
     }
-    return TypedLine{shown[row].id, shown[row].source, text.trimmed()};
+    return TypedLine{shown[row].id, shown[row].source, shown[row].text, text.trimmed()};
 }
 
 void TranscriptDocument::giveBack() {

@@ -22,6 +22,7 @@ public:
     struct TypedLine {
         UUID line;
         UUID source;
+        QString before; ///< what it said
         QString text;
     };
 

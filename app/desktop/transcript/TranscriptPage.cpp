@@ -26,7 +26,7 @@ QString words(const std::string& given) {
 
 }
 
-TranscriptPage::TranscriptPage(Editor& open) : session(open) {
+TranscriptPage::TranscriptPage(Editor& open) : session(open), elsewhere(open) {
     wantsVideo = session.inspecting() == Inspecting::timeline;
     const auto refreshing = {&Editor::heldClipChanged, &Editor::heldSourceChanged, &Editor::openVideoChanged};
     for (const auto signal : refreshing) connect(&session, signal, this, &TranscriptPage::refresh);
@@ -173,7 +173,9 @@ void TranscriptPage::acceptLetters() {
 void TranscriptPage::commit() {
     const auto typed = text.takeTyped();
     if (!typed) return;
-    FootageCommands::correct(session, typed->line, typed->source, typed->text.toStdString());
+    const auto now = typed->text.toStdString();
+    FootageCommands::correct(session, typed->line, typed->source, now);
+    elsewhere.corrected(typed->before.toStdString(), now);
 }
 
 bool TranscriptPage::giveBack() {
@@ -322,7 +324,12 @@ void TranscriptPage::followPlayer() {
 
 /// The tab may not be up yet: it asks for the wish once it is.
 void TranscriptPage::carryOut(const QString& verb) {
-    if (verb != "transcript.search" && verb != "transcript.note") return;
+    if (verb == "transcript.correctEverywhere") {
+        commit();
+        return elsewhere.accept();
+    }
+    if (verb == "transcribe") return transcribe();
+    if (verb != "transcript.search" && verb != "transcript.note" && verb != "transcript.copy") return;
     wish = verb.mid(verb.indexOf('.') + 1);
     emit tabWanted();
     emit wished();

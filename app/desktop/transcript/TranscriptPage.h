@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/desktop/transcript/CorrectionOffer.h"
 #include "app/desktop/transcript/SpokenWord.h"
 #include "app/desktop/transcript/TranscriptDocument.h"
 #include "app/desktop/transcript/TranscriptRows.h"
@@ -26,6 +27,7 @@ class TranscriptPage : public QObject {
     Q_PROPERTY(bool canAdd READ canAdd NOTIFY rangeChanged)
     Q_PROPERTY(bool canNote READ canNote NOTIFY rangeChanged)
     Q_PROPERTY(QString hitWords READ hitWords NOTIFY hitsChanged)
+    Q_PROPERTY(QObject* offer READ offer CONSTANT)
 
 public:
     explicit TranscriptPage(Editor& session);
@@ -41,6 +43,7 @@ public:
     bool canAdd() const;
     bool canNote() const;
     QString hitWords() const; ///< "2 of 14"
+    CorrectionOffer* offer() { return &elsewhere; }
 
     const TranscriptDocument& document() const { return text; }
     TranscriptDocument& document() { return text; }
@@ -78,7 +81,7 @@ public:
     /// Looks for words; the first hit after the caret is gone to.
     Q_INVOKABLE void find(const QString& words);
     Q_INVOKABLE void findNext(bool back);
-    /// The field that an action asked for before the tab was there: "search", "note", else nothing.
+    /// What an action asked of the tab before it was there: "search", "note", "copy", else nothing.
     Q_INVOKABLE QString takeWish() { return std::exchange(wish, {}); }
 
 signals:
@@ -122,6 +125,7 @@ private:
 
     Editor& session;
     TranscriptDocument text;
+    CorrectionOffer elsewhere;
     TranscriptRows::Basis basis;
     Caret caret;
     int anchorRow = -1;   ///< of a press beside the rows
