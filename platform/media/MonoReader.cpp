@@ -74,7 +74,7 @@ void MonoReader::fill(std::int64_t from, std::int64_t count) {
     auto held = static_cast<std::int64_t>(phases[0].size());
     const bool goesOn = from >= heldFrom && from <= heldFrom + held;
     const auto drop = goesOn ? from - heldFrom : held;
-    if (!goesOn) soundEnd = 0;
+    if (!goesOn) soundEnd = from * factor;
     for (auto& phase : phases) phase.erase(phase.begin(), phase.begin() + drop);
     heldFrom = from;
     held -= drop;

@@ -101,3 +101,12 @@ TEST(MonoReader, isSilentAroundTheSoundAndTellsWhereItEnds) {
     EXPECT_EQ(reader.read(seconds * 16000 + 100, sound), 0);
     EXPECT_EQ(loudest(sound), 0);
 }
+
+TEST(MonoReader, aJumpBackForgetsWhereTheSoundEnded) {
+    const TemporaryFolder folder;
+    MonoReader reader(SoundReader::open(file(folder, tone(440, 0.5), tone(440, 0.5))), 16000);
+    std::vector<float> into(1000);
+    EXPECT_EQ(reader.read(47'500, into), 500) << "it ends here";
+    EXPECT_EQ(reader.read(-5000, into), 0) << "before it begins";
+    EXPECT_EQ(reader.read(0, into), 1000);
+}

@@ -56,6 +56,7 @@ ReverseReel::~ReverseReel() {
 }
 
 void ReverseReel::begin(std::optional<FrameReader> reader, double end) {
+    comingEnd = end;
     coming = std::async(std::launch::async, [reader = std::move(reader), file = path, start = first, end,
                                              step = apart, stop = stopping.get_token()]() mutable {
         return read(std::move(reader), file, start, end, step, stop);

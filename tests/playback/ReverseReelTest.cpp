@@ -1,0 +1,60 @@
+#include "app/editor/playback/ReverseReel.h"
+#include "tests/playback/NumberedMovie.h"
+
+#include <gtest/gtest.h>
+
+namespace murbo {
+namespace {
+
+double during(int number) {
+    return (number + 0.1) / numbered::rate;
+}
+
+int shown(ReverseReel& reel, int number) {
+    auto picture = reel.at(during(number));
+    for (int tries = 0; !picture && tries < 20; ++tries) {
+        reel.wait(during(number), [] { return false; });
+        picture = reel.at(during(number));
+    }
+    return numbered::in(picture);
+}
+
+TEST(ReverseReel, everyPictureComesInFallingOrder) {
+    ReverseReel reel(numbered::movie("long.mp4"), 1, during(149), 1.0 / numbered::rate);
+    for (int number = 149; number >= 30; --number) ASSERT_EQ(shown(reel, number), number);
+}
+
+TEST(ReverseReel, inLargerStepsAPictureWithinTheStep) {
+    ReverseReel reel(numbered::movie("long.mp4"), 0, during(149), 4.0 / numbered::rate);
+    for (int number = 149; number >= 0; number -= 4) ASSERT_NEAR(shown(reel, number), number, 2.01) << number;
+}
+
+TEST(ReverseReel, whatWouldComeTooLateIsLeftForWhatIsAskedFor) {
+    ReverseReel reel(numbered::movie("long.mp4"), 0, during(149), 1.0 / 240); // 0.7 s are made ready
+    EXPECT_FALSE(reel.at(during(60)));
+    reel.wait(during(60), [] { return false; });
+    EXPECT_EQ(numbered::in(reel.at(during(60))), 60);
+}
+
+TEST(ReverseReel, aPictureIsAsLargeAsTheFilesOwn) {
+    ReverseReel reel(numbered::movie("long.mp4"), 0, during(10), 1.0 / numbered::rate);
+    reel.wait(during(10), [] { return false; });
+    const auto picture = reel.at(during(10));
+    ASSERT_TRUE(picture);
+    EXPECT_EQ(picture->extent(), (Rect{0, 0, 640, 360}));
+}
+
+TEST(ReverseReel, waitingEndsWhereNothingIsToBeHad) {
+    ReverseReel reel("/nowhere/none.mp4", 0, 3, 1.0 / numbered::rate);
+    reel.wait(2, [] { return false; });
+    EXPECT_FALSE(reel.at(2));
+    reel.wait(1, [] { return false; });
+    EXPECT_FALSE(reel.at(1));
+    ReverseReel other(numbered::movie("long.mp4"), 0, during(149), 1.0 / numbered::rate);
+    int asked = 0;
+    other.wait(during(149), [&] { return ++asked > 0; });
+    EXPECT_LE(asked, 1) << "who waits may have enough";
+}
+
+}
+}
