@@ -1,4 +1,5 @@
 #include "platform/media/PictureFile.h"
+#include "platform/media/PictureHeader.h"
 #include "tests/ProblemOf.h"
 #include "tests/TemporaryFolder.h"
 
@@ -20,5 +21,19 @@ TEST(PictureHeader, whatIsTooLargeIsRefusedByItsHeader) {
         EXPECT_EQ(problemOf([&] { PictureFile::read(path, 1e9); }),
                   "“huge” is too large: 20000 × 20000 pixels.")
             << header.substr(0, 6);
+    }
+}
+
+TEST(PictureHeader, aJpegsSizeStandsAfterItsTables) {
+    const TemporaryFolder folder;
+    const std::string frame("\x00\x11\x08\x00\x50\x00\x60\x03", 8); // 96 x 80
+    for (const auto* marker : {"\xC4", "\xC8", "\xCC", "\xDB", "\xE1"}) {
+        const auto path =
+            folder.file("a.jpg", std::string("\xFF\xD8\xFF") + marker +
+                                     std::string("\x00\x08\x11\x22\x33\x44\x55\x66\xFF\xC0", 10) + frame);
+        const auto header = PictureHeader::read(path);
+        ASSERT_TRUE(header) << int(marker[0]);
+        EXPECT_EQ(header->width, 96) << int(marker[0]);
+        EXPECT_EQ(header->height, 80);
     }
 }

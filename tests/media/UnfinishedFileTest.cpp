@@ -5,7 +5,9 @@
 
 #include <csignal>
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -121,5 +123,16 @@ TEST(UnfinishedFile, writesWhereALinkLeadsAndLeavesTheLink) {
         }
         EXPECT_EQ(entriesIn(folder / "far"), 1);
         EXPECT_EQ(entriesIn(folder.path), 3);
+    }
+}
+
+TEST(UnfinishedFile, isLockedAlsoWhileItHasNoName) {
+    const TemporaryFolder folder;
+    for (const bool named : {false, true}) {
+        const UnfinishedFile file(folder / "movie.mp4", named);
+        const auto own = "/proc/self/fd/" + std::to_string(file.descriptor());
+        const Descriptor again(::open(own.c_str(), O_RDWR));
+        ASSERT_GE(again, 0);
+        EXPECT_NE(::flock(again, LOCK_EX | LOCK_NB), 0) << "another would take it for one that was left";
     }
 }

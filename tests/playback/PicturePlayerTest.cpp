@@ -57,7 +57,7 @@ public:
     Player player{[this] { return now.load(); }};
 };
 
-TEST(Player, aStandingPictureIsTheStill) {
+TEST(PicturePlayer, aStandingPictureIsTheStill) {
     Showing showing({{0, 1, 2}, {1, 0.5, 1.5}, {0, 3, 4}});
     const struct {
         double asked, shown; // just before a cut is at it
@@ -72,7 +72,7 @@ TEST(Player, aStandingPictureIsTheStill) {
     }
 }
 
-TEST(Player, playShowsEveryFrameOnceOverAllCuts) {
+TEST(PicturePlayer, playShowsEveryFrameOnceOverAllCuts) {
     Showing showing({{0, 1, 1.5}, {0, 1.5, 1.8}, {1, 2, 2.4}, {0, 0.2, 0.3}, {1, 2.6, 3}, {1, 0, 0.5}});
     showing.video.cuts.edit().insert(showing.video.cuts.begin() + 2,
                                      Cut::generated("none", 1, std::nullopt, 0.2));
@@ -89,7 +89,7 @@ TEST(Player, playShowsEveryFrameOnceOverAllCuts) {
     EXPECT_EQ(showing.player.counts().dropped, 0);
 }
 
-TEST(Player, playBackwardShowsEveryFrameOfEveryCut) {
+TEST(PicturePlayer, playBackwardShowsEveryFrameOfEveryCut) {
     for (const int speed : {1, 4}) {
         Showing showing({{0, 1, 3}, {1, 0.5, 2}, {0, 3, 4.5}});
         const double start = 5; // the end
@@ -106,7 +106,7 @@ TEST(Player, playBackwardShowsEveryFrameOfEveryCut) {
     }
 }
 
-TEST(Player, framesThatComeTooLateAreDroppedAndCounted) {
+TEST(PicturePlayer, framesThatComeTooLateAreDroppedAndCounted) {
     Showing showing({{0, 0, 4}});
     ASSERT_TRUE(showing.recorder->exact());
     showing.player.run(1);
@@ -121,7 +121,7 @@ TEST(Player, framesThatComeTooLateAreDroppedAndCounted) {
     EXPECT_GE(showing.player.counts().dropped, 40);
 }
 
-TEST(Player, aNewPlanIsDrawnAtOnceAndStopsNothing) {
+TEST(PicturePlayer, aNewPlanIsDrawnAtOnceAndStopsNothing) {
     Showing showing({{0, 0, 4}});
     ASSERT_TRUE(showing.recorder->exact());
     auto plan = *showing.player.item()->composition.box->plan();
@@ -139,7 +139,7 @@ TEST(Player, aNewPlanIsDrawnAtOnceAndStopsNothing) {
     EXPECT_EQ(showing.player.counts().dropped, 0);
 }
 
-TEST(Player, aSkimEndsOnTheRightPicture) {
+TEST(PicturePlayer, aSkimEndsOnTheRightPicture) {
     Showing showing({{0, 0, 4}});
     for (const double at : {3.5, 0.2, 2.71}) {
         showing.player.skim(at);
@@ -150,7 +150,7 @@ TEST(Player, aSkimEndsOnTheRightPicture) {
     }
 }
 
-TEST(Player, stepsInAnyOrderShowTheRightFrame) {
+TEST(PicturePlayer, stepsInAnyOrderShowTheRightFrame) {
     Showing showing({{0, 0, 2}, {1, 1, 3}});
     std::vector<std::int64_t> frames{60, 59, 58, 57, 56, 61, 62, 30, 29, 28, 27, 26, 25,  24, 23, 22,
                                      21, 20, 19, 18, 17, 16, 15, 14, 13, 12, 11, 10, 119, 0,  1,  118};
@@ -163,7 +163,7 @@ TEST(Player, stepsInAnyOrderShowTheRightFrame) {
     }
 }
 
-TEST(Player, filesThatVanishOrShrinkStopNothing) {
+TEST(PicturePlayer, filesThatVanishOrShrinkStopNothing) {
     Showing showing({{0, 0, 2}, {1, 1, 3}, {0, 3, 4}});
     ASSERT_TRUE(showing.recorder->exact());
     showing.player.run(1);
@@ -184,7 +184,7 @@ TEST(Player, filesThatVanishOrShrinkStopNothing) {
     EXPECT_EQ(samples::numberIn(black->picture), -1);
 }
 
-TEST(Player, manyOrdersAtOnceEndOnTheLast) {
+TEST(PicturePlayer, manyOrdersAtOnceEndOnTheLast) {
     Showing showing({{0, 0, 3}, {1, 0, 2}, {0, 1, 4}});
     for (int turn = 0; turn < 60; ++turn) {
         const double at = std::fmod(turn * 1.37, 7.9);

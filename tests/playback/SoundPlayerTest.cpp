@@ -1,6 +1,5 @@
 #include "app/editor/playback/SoundPlayer.h"
-#include "tests/TemporaryFolder.h"
-#include "tests/sound/Waves.h"
+#include "tests/playback/NumberedSound.h"
 
 #include <atomic>
 #include <cmath>
@@ -10,58 +9,6 @@
 
 namespace murbo {
 namespace {
-
-constexpr int second = 48000;
-
-/// A file whose every frame holds its own number, as a mix of one track.
-struct Ramp {
-    TemporaryFolder folder;
-
-    std::vector<SoundMix::Track> tracks(double gain = 1) const {
-        const auto file = folder / "ramp.wav";
-        const auto value = [](int frame) { return static_cast<float>(frame) / (4 * second); };
-        if (!std::filesystem::exists(file)) waves::write(file, waves::made(3 * second, value, value));
-        return {{.file = file, .pieces = {{0, 3, 0}}, .gains = {{0, 3, gain, gain}}}};
-    }
-};
-
-/// Which frame of the ramp a sample is.
-double frameIn(float sample) {
-    return sample * 4.0 * second;
-}
-
-TEST(SoundFeed, soundsAtEachRateFromItsPlaceOn) {
-    const Ramp ramp;
-    for (const double rate : {1.0, 2.0, -1.0, -2.0}) {
-        SoundFeed feed(ramp.tracks(), 3);
-        feed.start(1.5, rate);
-        std::vector<float> sound;
-        for (const int frames : {700, 1301, 20000}) {
-            std::vector<float> block(2 * frames);
-            feed.read(block);
-            sound.insert(sound.end(), block.begin(), block.end());
-        }
-        for (const int at : {1000, 1999, 2000, 2001, 9000, 22000})
-            EXPECT_NEAR(frameIn(sound[2 * at]), 1.5 * second + rate * at, 1.6) << rate << " at " << at;
-        EXPECT_LT(waves::largestStep(sound), 0.002F) << rate; // it begins by a fade
-    }
-}
-
-TEST(SoundFeed, anotherMixOrLevelComesWithoutAClick) {
-    const Ramp ramp;
-    SoundFeed feed(ramp.tracks(), 3);
-    feed.start(2, 1);
-    std::vector<float> sound(2 * 4800);
-    feed.read(sound);
-    const float before = sound[sound.size() - 2];
-    feed.replace(ramp.tracks(0.5));
-    feed.setVolume(0.5);
-    std::vector<float> after(2 * 4800);
-    feed.read(after);
-    EXPECT_NEAR(after.back(), 0.25 * (2 * second + 9599) / (4 * second), 1e-3);
-    after.insert(after.begin(), 2, before);
-    EXPECT_LT(waves::largestStep(after), 0.002F);
-}
 
 /// An output whose clock the test turns, or that can't be started.
 class FakeOutput : public SoundOutput {
@@ -98,7 +45,7 @@ struct Sounding {
 };
 
 TEST(SoundPlayer, itsOutputLeadsTheClock) {
-    const Ramp ramp;
+    const NumberedSound ramp;
     Sounding sounding(true);
     sounding.player.load(ramp.tracks(), 3);
     const auto clock = sounding.player.start(1, 1);
@@ -118,7 +65,7 @@ TEST(SoundPlayer, itsOutputLeadsTheClock) {
 }
 
 TEST(SoundPlayer, withoutAnythingToHearItOnTheComputersClockLeads) {
-    const Ramp ramp;
+    const NumberedSound ramp;
     Sounding mute(false);
     mute.player.load(ramp.tracks(), 3);
     const auto clock = mute.player.start(0, 1);

@@ -48,7 +48,7 @@ void checkSmallestForm(const std::string& name) {
 
 }
 
-TEST(Records, haveTheirSmallestFormsOnFile) {
+TEST(ModelCodec, haveTheirSmallestFormsOnFile) {
     checkSmallestForm<Box>("Box");
     checkSmallestForm<Spot>("Spot");
     checkSmallestForm<Framing>("Framing");
@@ -80,7 +80,7 @@ TEST(Records, haveTheirSmallestFormsOnFile) {
     checkSmallestForm<Placement>("Placement");
 }
 
-TEST(Records, aProjectWithEveryKeyComesBackToTheByte) {
+TEST(ModelCodec, aProjectWithEveryKeyComesBackToTheByte) {
     const TemporaryFolder folder;
     const auto package = golden / "everything.mbproj";
     ProjectPackage::write(ProjectPackage::read(package), folder.path, nullptr);
@@ -91,7 +91,7 @@ TEST(Records, aProjectWithEveryKeyComesBackToTheByte) {
     }
 }
 
-TEST(Records, newOnesHaveTheirDefaultsAndAnIdentityOfTheirOwn) {
+TEST(ModelCodec, newOnesHaveTheirDefaultsAndAnIdentityOfTheirOwn) {
     EXPECT_EQ(compact(Project()), smallestForm("Project"));
     EXPECT_EQ(compact(Look()), smallestForm("Look"));
     EXPECT_EQ(compact(Framing()), smallestForm("Framing"));
@@ -101,7 +101,7 @@ TEST(Records, newOnesHaveTheirDefaultsAndAnIdentityOfTheirOwn) {
     EXPECT_EQ(Codec::decode<Project>(Codec::encode(none)), none) << "none is another thing than none yet";
 }
 
-TEST(Records, captionsAreStrictInsideALenientLook) {
+TEST(ModelCodec, captionsAreStrictInsideALenientLook) {
     EXPECT_EQ(Codec::decode<Look>("{}"), Look());
     EXPECT_THROW(Codec::decode<Look>(R"({"captions": {"on": true}})"), Problem);
     EXPECT_THROW(Codec::decode<Look>(R"({"mix": {"muted": ["voice"]}})"), Problem);

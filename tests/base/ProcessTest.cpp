@@ -1,0 +1,80 @@
+#include "platform/base/Process.h"
+#include "tests/ProblemOf.h"
+#include "tests/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+using namespace std::chrono_literals;
+
+namespace {
+
+const std::filesystem::path shell = "/bin/sh";
+
+/// Far enough off that only a hang would come so far.
+std::chrono::steady_clock::time_point late() {
+    return std::chrono::steady_clock::now() + 1min;
+}
+
+/// A pipe, for `wake`.
+struct WakingPipe {
+    WakingPipe() {
+        if (::pipe(ends) != 0) throw std::runtime_error("no pipe");
+    }
+    ~WakingPipe() {
+        for (const int end : ends) ::close(end);
+    }
+    int ends[2];
+};
+
+}
+
+TEST(Process, saysHowItEndedAndItsLastWords) {
+    for (const auto& [script, succeeded] : {std::pair{"echo well >&2", true},
+                                            {"echo well >&2; exit 1", false},
+                                            {"echo well >&2; kill -TERM $$", false}}) {
+        Process process(shell, {"-c", script});
+        EXPECT_TRUE(process.wait(late(), -1));
+        EXPECT_EQ(process.succeeded(), succeeded) << script;
+        EXPECT_EQ(process.lastWords(), "well\n");
+    }
+}
+
+TEST(Process, waitsNoLongerThanAskedAndCanBeWoken) {
+    WakingPipe pipe;
+    Process process(shell, {"-c", "read line; sleep 600"});
+    EXPECT_FALSE(process.wait(std::chrono::steady_clock::now(), -1));
+    EXPECT_FALSE(process.wait(std::chrono::steady_clock::now() + 10ms, pipe.ends[0]));
+    EXPECT_FALSE(process.succeeded()) << "it has not ended";
+    ASSERT_EQ(::write(pipe.ends[1], "x", 1), 1);
+    EXPECT_FALSE(process.wait(late(), pipe.ends[0]));
+    process.end();
+    EXPECT_FALSE(process.succeeded());
+    process.end();
+}
+
+TEST(Process, keepsTheEndOfManyWords) {
+    Process process(shell,
+                    {"-c", "i=0; while [ $i -lt 3000 ]; do printf '%0100d\\n' $i >&2; i=$((i+1)); done"});
+    EXPECT_TRUE(process.wait(late(), -1));
+    const auto& words = process.lastWords();
+    EXPECT_TRUE(words.ends_with("2999\n"));
+    EXPECT_GE(words.size(), 1u << 16);
+    EXPECT_LE(words.size(), 2u << 16);
+}
+
+TEST(Process, getsOnlyItsArgumentsAndAQuietEnvironment) {
+    const TemporaryFolder folder;
+    const auto out = (folder / "out").string();
+    Process process(shell, {"-c", "echo \"$1|$2|$OMP_WAIT_POLICY\" >\"$0\"; umask >>\"$0\"", out, "a b", ""});
+    EXPECT_TRUE(process.wait(late(), -1));
+    EXPECT_EQ(contentsOf(out), "a b||passive\n0077\n");
+}
+
+TEST(Process, namesWhatCouldNotBeStarted) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(problemOf([&] { Process(folder / "none", {}); }),
+              "none could not be started: it does not exist.");
+    EXPECT_EQ(problemOf([&] { Process(folder.file("plain"), {}); }),
+              "plain could not be started: you have no permission.");
+}

@@ -1,0 +1,88 @@
+#include "platform/media/Deinterlacer.h"
+
+#include <cstring>
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+constexpr int side = 64;
+
+/// A picture whose even rows have one shade and whose odd rows have another.
+ffmpeg::Picture comb(int even, int odd, std::int64_t time, bool interlaced, int width = side) {
+    auto made = ffmpeg::makePicture();
+    made->format = AV_PIX_FMT_YUV420P;
+    made->width = width;
+    made->height = side;
+    EXPECT_GE(av_frame_get_buffer(made.get(), 0), 0);
+    for (int y = 0; y < side; ++y)
+        std::memset(made->data[0] + y * made->linesize[0], y % 2 ? odd : even, std::size_t(width));
+    for (int plane : {1, 2})
+        for (int y = 0; y < side / 2; ++y)
+            std::memset(made->data[plane] + y * made->linesize[plane], 128, std::size_t(width / 2));
+    made->interlaced_frame = interlaced;
+    made->top_field_first = 1;
+    made->pts = time;
+    return made;
+}
+
+/// The largest step from one row to the next in the middle of a picture.
+int roughness(const AVFrame& frame) {
+    int most = 0;
+    for (int y = 16; y < 48; ++y)
+        most = std::max(most, std::abs(frame.data[0][y * frame.linesize[0] + 32] -
+                                       frame.data[0][(y + 1) * frame.linesize[0] + 32]));
+    return most;
+}
+
+}
+
+TEST(Deinterlacer, givesOneWholePictureForEachWithItsTime) {
+    auto first = comb(40, 200, 1000, true);
+    auto made = Deinterlacer::make(*first, {1, 90'000});
+    ASSERT_TRUE(made);
+    auto out = ffmpeg::makePicture();
+    EXPECT_FALSE(made->take(out.get()));
+    ASSERT_TRUE(made->put(first.get()));
+    EXPECT_FALSE(made->take(out.get())) << "it waits for its neighbour";
+    for (int number = 1; number < 4; ++number) {
+        const bool turned = number % 2 == 1;
+        ASSERT_TRUE(made->put(comb(turned ? 200 : 40, turned ? 40 : 200, 1000 + number * 3600, true).get()));
+        ASSERT_TRUE(made->take(out.get()));
+        EXPECT_EQ(out->pts, 1000 + (number - 1) * 3600);
+        EXPECT_LT(roughness(*out), 80) << "no comb is left";
+        av_frame_unref(out.get());
+    }
+    EXPECT_FALSE(made->take(out.get()));
+    EXPECT_TRUE(made->end());
+    EXPECT_FALSE(made->end()) << "once";
+    ASSERT_TRUE(made->take(out.get()));
+    EXPECT_EQ(out->pts, 1000 + 3 * 3600);
+    EXPECT_FALSE(made->take(out.get()));
+}
+
+TEST(Deinterlacer, wholePicturesPassAsTheyAre) {
+    auto made = Deinterlacer::make(*comb(40, 200, 0, false), {1, 25});
+    ASSERT_TRUE(made);
+    auto out = ffmpeg::makePicture();
+    for (int number = 0; number < 2; ++number) made->put(comb(40, 200, number, false).get());
+    ASSERT_TRUE(made->take(out.get()));
+    EXPECT_EQ(roughness(*out), 160);
+}
+
+TEST(Deinterlacer, takesPicturesOfItsSizeAndFormatAlone) {
+    auto like = comb(0, 0, 0, true);
+    auto made = Deinterlacer::make(*like, {1, 25});
+    ASSERT_TRUE(made);
+    EXPECT_TRUE(made->takes(*comb(9, 9, 5, false)));
+    EXPECT_FALSE(made->takes(*comb(0, 0, 0, true, side + 2)));
+    like->format = AV_PIX_FMT_YUV422P;
+    EXPECT_FALSE(made->takes(*like));
+    like->format = AV_PIX_FMT_YUV420P;
+    like->height = side - 2;
+    EXPECT_FALSE(made->takes(*like));
+    like->format = -1;
+    EXPECT_FALSE(Deinterlacer::make(*like, {1, 25}));
+}

@@ -1,0 +1,114 @@
+#include "platform/media/Muxer.h"
+#include "tests/FullDisk.h"
+#include "tests/ProblemOf.h"
+#include "tests/TemporaryFolder.h"
+
+#include <cstring>
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+namespace {
+
+/// The parameters of a picture track of which nothing is decoded here.
+ffmpeg::CodecContext codec(int width) {
+    ffmpeg::CodecContext made(avcodec_alloc_context3(nullptr));
+    made->codec_type = AVMEDIA_TYPE_VIDEO;
+    made->codec_id = AV_CODEC_ID_MPEG4;
+    made->width = width;
+    made->height = 32;
+    made->time_base = {1, 25};
+    made->framerate = {25, 1};
+    return made;
+}
+
+/// Packets of a hundred bytes, one each 40 ms; each holds its number.
+void write(Muxer& muxer, const AVStream* track, int packets, int first = 0) {
+    for (int number = 0; number < packets; ++number) {
+        const auto packet = ffmpeg::makePacket();
+        ASSERT_GE(av_new_packet(packet.get(), 100), 0);
+        std::memset(packet->data, first + number, 100);
+        packet->pts = packet->dts = 40 * number;
+        packet->duration = 40;
+        packet->flags = AV_PKT_FLAG_KEY;
+        muxer.write(*packet, {1, 1000}, track);
+    }
+}
+
+/// Each packet of a file: its track, its time in milliseconds and its first byte.
+std::vector<std::array<int, 3>> packets(const std::filesystem::path& path) {
+    AVFormatContext* opened = nullptr;
+    EXPECT_GE(avformat_open_input(&opened, path.c_str(), nullptr, nullptr), 0);
+    const ffmpeg::FormatContext format(opened);
+    std::vector<std::array<int, 3>> all;
+    const auto packet = ffmpeg::makePacket();
+    while (format && av_read_frame(format.get(), packet.get()) >= 0) {
+        const auto base = format->streams[packet->stream_index]->time_base;
+        all.push_back({packet->stream_index, static_cast<int>(av_rescale_q(packet->pts, base, {1, 1000})),
+                       packet->data[0]});
+        av_packet_unref(packet.get());
+    }
+    return all;
+}
+
+}
+
+TEST(Muxer, writesEachPacketToItsTrackAtItsTime) {
+    const TemporaryFolder folder;
+    const auto path = folder / "movie.mp4";
+    Muxer muxer(path);
+    const auto* first = muxer.addTrack(*codec(32));
+    const auto* second = muxer.addTrack(*codec(64));
+    muxer.begin();
+    write(muxer, first, 3);
+    write(muxer, second, 2, 100);
+    EXPECT_FALSE(std::filesystem::exists(path)) << "it is not whole yet";
+    muxer.finish();
+    auto found = packets(path);
+    std::ranges::sort(found);
+    EXPECT_EQ(found, (std::vector<std::array<int, 3>>{
+                         {0, 0, 0}, {0, 40, 1}, {0, 80, 2}, {1, 0, 100}, {1, 40, 101}}));
+}
+
+TEST(Muxer, bringsTheIndexToTheFrontOfAFileLargerThanItsBuffers) {
+    const TemporaryFolder folder;
+    const auto path = folder / "movie.mp4";
+    Muxer muxer(path);
+    const auto* track = muxer.addTrack(*codec(32));
+    muxer.begin();
+    write(muxer, track, 3000);
+    muxer.finish();
+    const auto bytes = contentsOf(path);
+    EXPECT_GT(bytes.size(), 300'000u);
+    EXPECT_LT(bytes.find("moov"), bytes.find("mdat"));
+    const auto found = packets(path);
+    ASSERT_EQ(found.size(), 3000u);
+    for (int number = 0; number < 3000; ++number)
+        ASSERT_EQ(found[static_cast<std::size_t>(number)], (std::array{0, 40 * number, number % 256}));
+}
+
+TEST(Muxer, aFullDiskIsSaidAndLeavesWhatWasThere) {
+    const TemporaryFolder folder;
+    const auto path = folder.file("movie.mp4", "old");
+    std::string problem;
+    {
+        const FullDisk disk(100'000);
+        problem = problemOf([&] {
+            Muxer muxer(path);
+            const auto* track = muxer.addTrack(*codec(32));
+            muxer.begin();
+            write(muxer, track, 3000);
+            muxer.finish();
+        });
+    }
+    EXPECT_EQ(problem, "“movie.mp4” could not be written: it is too large.");
+    EXPECT_EQ(contentsOf(path), "old");
+    EXPECT_EQ(entriesIn(folder.path), 1);
+}
+
+TEST(Muxer, withoutATrackThereIsNoMovie) {
+    const TemporaryFolder folder;
+    Muxer muxer(folder / "movie.mp4");
+    EXPECT_NE(problemOf([&] { muxer.begin(); }), "");
+}

@@ -1,0 +1,117 @@
+#include "platform/media/PictureConversion.h"
+
+#include <cstring>
+
+#include <gtest/gtest.h>
+
+extern "C" {
+#include <libavutil/pixdesc.h>
+}
+
+using namespace murbo;
+using Layout = Frame::Layout;
+
+namespace {
+
+/// An empty picture; its rows are whole, and all of it is set to one byte.
+ffmpeg::Picture picture(AVPixelFormat format, int width, int height, int byte) {
+    auto made = ffmpeg::makePicture();
+    made->format = format;
+    made->width = width;
+    made->height = height;
+    EXPECT_GE(av_frame_get_buffer(made.get(), 0), 0);
+    for (int plane = 0; plane < 4 && made->buf[plane]; ++plane)
+        std::memset(made->buf[plane]->data, byte, made->buf[plane]->size);
+    return made;
+}
+
+std::string nameOf(AVPixelFormat format) {
+    return av_get_pix_fmt_name(format);
+}
+
+std::uint16_t wordAt(const AVFrame& frame, int plane) {
+    std::uint16_t word = 0;
+    std::memcpy(&word, frame.data[plane], 2);
+    return word;
+}
+
+}
+
+TEST(PictureConversion, knowsWhatAFrameCanDescribe) {
+    struct Known {
+        AVPixelFormat format;
+        PictureLayout layout;
+    };
+    for (const auto& [format, expected] : {
+             Known{AV_PIX_FMT_YUV420P, {Layout::chroma420}},
+             Known{AV_PIX_FMT_YUVJ422P, {Layout::chroma422}},
+             Known{AV_PIX_FMT_YUV444P, {Layout::chroma444}},
+             Known{AV_PIX_FMT_GRAY8, {Layout::grey}},
+             Known{AV_PIX_FMT_GRAY16LE, {Layout::grey, 16}},
+             Known{AV_PIX_FMT_YUV420P10LE, {Layout::chroma420, 10}},
+             Known{AV_PIX_FMT_YUV422P12LE, {Layout::chroma422, 12}},
+             Known{AV_PIX_FMT_NV12, {Layout::chroma420, 8, false, true}},
+             Known{AV_PIX_FMT_NV16, {Layout::chroma422, 8, false, true}},
+             Known{AV_PIX_FMT_P010LE, {Layout::chroma420, 10, true, true}},
+             Known{AV_PIX_FMT_YUVA444P, {Layout::chroma444, 8, false, false, true}},
+             Known{AV_PIX_FMT_YUVA420P10LE, {Layout::chroma420, 10, false, false, true}},
+             Known{AV_PIX_FMT_BGRA, {Layout::bgra, 8, false, false, true}},
+             Known{AV_PIX_FMT_BGR0, {Layout::bgra}},
+         }) {
+        const auto found = PictureConversion::layout(format);
+        ASSERT_TRUE(found) << nameOf(format);
+        EXPECT_EQ(found->layout, expected.layout) << nameOf(format);
+        EXPECT_EQ(found->depth, expected.depth) << nameOf(format);
+        EXPECT_EQ(found->highBits, expected.highBits) << nameOf(format);
+        EXPECT_EQ(found->interleavedChroma, expected.interleavedChroma) << nameOf(format);
+        EXPECT_EQ(found->hasAlpha, expected.hasAlpha) << nameOf(format);
+    }
+}
+
+TEST(PictureConversion, leavesTheRestToBeConvertedAndThenItCan) {
+    for (const auto& [format, target] : {
+             std::pair{AV_PIX_FMT_RGB24, AV_PIX_FMT_BGR0},
+             {AV_PIX_FMT_RGBA, AV_PIX_FMT_BGRA},
+             {AV_PIX_FMT_PAL8, AV_PIX_FMT_BGRA},
+             {AV_PIX_FMT_GBRP, AV_PIX_FMT_BGR0},
+             {AV_PIX_FMT_NV21, AV_PIX_FMT_YUV420P},
+             {AV_PIX_FMT_YUYV422, AV_PIX_FMT_YUV422P},
+             {AV_PIX_FMT_YUV411P, AV_PIX_FMT_YUV444P},
+             {AV_PIX_FMT_YUV420P10BE, AV_PIX_FMT_YUV420P12LE},
+             {AV_PIX_FMT_YUV422P10BE, AV_PIX_FMT_YUV422P12LE},
+             {AV_PIX_FMT_YUVA444P10BE, AV_PIX_FMT_YUVA444P12LE},
+             {AV_PIX_FMT_GRAY10BE, AV_PIX_FMT_GRAY16LE},
+             {AV_PIX_FMT_MONOBLACK, AV_PIX_FMT_GRAY8},
+             {AV_PIX_FMT_YA8, AV_PIX_FMT_BGRA},
+         }) {
+        EXPECT_FALSE(PictureConversion::layout(format)) << nameOf(format);
+        const auto made = PictureConversion::converted(picture(format, 32, 16, 0));
+        ASSERT_TRUE(made) << nameOf(format);
+        EXPECT_EQ(nameOf(static_cast<AVPixelFormat>(made->format)), nameOf(target)) << nameOf(format);
+        EXPECT_TRUE(PictureConversion::layout(target)) << nameOf(format);
+        EXPECT_EQ(made->width, 32);
+        EXPECT_EQ(made->height, 16);
+    }
+}
+
+TEST(PictureConversion, keepsSamplesTimesAndColours) {
+    for (const auto range : {AVCOL_RANGE_MPEG, AVCOL_RANGE_JPEG}) {
+        auto packed = picture(AV_PIX_FMT_YUYV422, 32, 16, 200);
+        packed->color_range = range;
+        packed->pts = 77;
+        packed->colorspace = AVCOL_SPC_BT709;
+        const auto made = PictureConversion::converted(std::move(packed));
+        for (int plane = 0; plane < 3; ++plane) EXPECT_EQ(made->data[plane][0], 200) << plane << range;
+        EXPECT_EQ(made->pts, 77);
+        EXPECT_EQ(made->colorspace, AVCOL_SPC_BT709);
+    }
+    auto red = picture(AV_PIX_FMT_RGB24, 32, 16, 0);
+    for (int x = 0; x < 32; ++x) red->data[0][3 * x] = 255;
+    const auto pixels = PictureConversion::converted(std::move(red));
+    EXPECT_EQ(pixels->data[0][2], 255);
+    EXPECT_EQ(pixels->data[0][0], 0);
+    auto deep = picture(AV_PIX_FMT_YUV420P10BE, 32, 16, 0);
+    for (int x = 0; x < 32; ++x) deep->data[0][2 * x + 1] = 200; // 200 of 1023
+    EXPECT_EQ(wordAt(*PictureConversion::converted(std::move(deep)), 0), 800) << "of 4095";
+    EXPECT_FALSE(PictureConversion::converted(ffmpeg::makePicture())) << "of no format";
+}

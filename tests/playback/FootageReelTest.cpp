@@ -1,0 +1,105 @@
+#include "app/editor/playback/FootageReel.h"
+#include "tests/playback/NumberedMovie.h"
+
+#include <random>
+
+#include <gtest/gtest.h>
+
+namespace murbo {
+namespace {
+
+const std::stop_token none;
+
+/// The time in the middle of a picture.
+double during(int number) {
+    return (number + 0.5) / numbered::rate;
+}
+
+std::stop_token stopped() {
+    std::stop_source source;
+    source.request_stop();
+    return source.get_token();
+}
+
+TEST(FootageReel, givesThePictureThatIsOnWhateverTheOrder) {
+    FootageReel reel(numbered::movie("long.mp4"));
+    std::mt19937 random(5);
+    int number = 0;
+    for (int count = 0; count < 60; ++count) {
+        number = count % 4 == 0 ? static_cast<int>(random() % 150)
+                                : std::clamp(number + static_cast<int>(random() % 5) - 2, 0, 149);
+        EXPECT_EQ(numbered::in(reel.at(during(number), none)), number) << count;
+        if (count % 3 == 0) reel.readBefore(during(number));
+    }
+    EXPECT_EQ(numbered::in(reel.at(50.0 / numbered::rate, none)), 50) << "at its very start";
+    EXPECT_EQ(numbered::in(reel.at(-1, none)), 0);
+    EXPECT_EQ(numbered::in(reel.at(99, none)), 149);
+}
+
+TEST(FootageReel, keepsWhatItReadAndSaysSo) {
+    FootageReel reel(numbered::movie("long.mp4"));
+    EXPECT_FALSE(reel.holds(during(100)));
+    EXPECT_FALSE(reel.atHand(during(100)));
+    EXPECT_FALSE(reel.isNear(during(100)));
+    reel.at(during(100), none);
+    EXPECT_TRUE(reel.holds(during(100)));
+    EXPECT_EQ(numbered::in(reel.atHand(during(98))), 98) << "those before come by on the way";
+    EXPECT_FALSE(reel.atHand(during(102)));
+    EXPECT_TRUE(reel.isNear(during(110)));
+    EXPECT_FALSE(reel.isNear(during(120)));
+    EXPECT_FALSE(reel.isNear(during(50)));
+    reel.thin();
+    EXPECT_FALSE(reel.holds(during(98)));
+    EXPECT_EQ(numbered::in(reel.at(during(101), none)), 101);
+}
+
+TEST(FootageReel, atTheEndsItHoldsAllBeyond) {
+    FootageReel reel(numbered::movie("long.mp4"));
+    reel.at(-1, none);
+    EXPECT_TRUE(reel.holds(-5));
+    EXPECT_TRUE(reel.isNear(-5));
+    reel.at(during(149) + 1, none);
+    EXPECT_TRUE(reel.holds(500));
+    EXPECT_TRUE(reel.isNear(500));
+}
+
+TEST(FootageReel, aNearPictureIsAKeptOneWithinTheToleranceElseAKeyframe) {
+    FootageReel reel(numbered::movie("long.mp4"));
+    reel.at(during(100), none);
+    const auto kept = reel.nearest(100.0 / numbered::rate + 0.09, 0.1);
+    ASSERT_TRUE(kept);
+    EXPECT_NEAR(kept->time, 101.0 / numbered::rate, 0.5 / numbered::rate + 1e-6);
+    const auto far = reel.nearest(during(140), 0.1);
+    ASSERT_TRUE(far);
+    EXPECT_LE(far->time, during(140));
+    EXPECT_FALSE(reel.holds(during(100))) << "what lay elsewhere is let go";
+    EXPECT_EQ(numbered::in(reel.at(during(140), none)), 140);
+}
+
+TEST(FootageReel, nothingComesOnceItIsStopped) {
+    FootageReel reel(numbered::movie("long.mp4"));
+    EXPECT_FALSE(reel.at(during(100), stopped()));
+    EXPECT_EQ(numbered::in(reel.at(during(100), none)), 100);
+    EXPECT_EQ(numbered::in(reel.at(during(99), stopped())), 99) << "it is at hand";
+}
+
+TEST(FootageReel, aFileThatIsGoneOrAnotherIsKnown) {
+    const TemporaryFolder folder;
+    FootageReel missing(folder / "none.mp4");
+    EXPECT_FALSE(missing.open());
+    EXPECT_FALSE(missing.at(0, none) || missing.nearest(0, 1));
+    const auto file = folder / "a.mp4";
+    std::filesystem::copy_file(numbered::movie("short.mp4", 20), file);
+    FootageReel reel(file);
+    EXPECT_FALSE(reel.isCurrent()) << "it was not opened yet";
+    EXPECT_TRUE(reel.open());
+    EXPECT_TRUE(reel.isCurrent());
+    EXPECT_EQ(reel.file(), file);
+    std::filesystem::last_write_time(file, std::filesystem::last_write_time(file) + std::chrono::seconds(2));
+    EXPECT_FALSE(reel.isCurrent());
+    std::filesystem::remove(file);
+    EXPECT_FALSE(reel.isCurrent());
+}
+
+}
+}

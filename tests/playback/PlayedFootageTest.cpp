@@ -1,0 +1,92 @@
+#include "app/editor/playback/PlayedFootage.h"
+#include "app/editor/playback/PlayerItem.h"
+#include "tests/playback/NumberedMovie.h"
+
+#include <gtest/gtest.h>
+
+namespace murbo {
+namespace {
+
+const std::stop_token none;
+
+/// A video of cuts from two movies and a third that is gone, with a generated cut between.
+class PlayedFootageTest : public testing::Test {
+protected:
+    PlayedFootageTest() {
+        project = samples::project(
+            {numbered::movie("long.mp4"), numbered::movie("other.mp4"), "/nowhere/gone.mp4"});
+        video = samples::video(project, {{0, 1, 2}, {0, 2, 2.5}, {1, 0.5, 1.5}, {2, 0, 0.5}, {0, 4, 4.5}});
+        video.cuts.edit().insert(video.cuts.begin() + 3, Cut::generated("none", 1, std::nullopt, 0.5));
+        turn();
+    }
+    void turn() {
+        const auto item = PlayerItem::video(video, project, {project.sources[2].id}, "", std::nullopt);
+        composition = std::make_shared<const VideoComposition>(item.composition);
+        footage.turnTo(composition);
+    }
+    /// What a frame must show: its number in its movie, or -1 for black.
+    int expected(std::int64_t frame) const {
+        const auto moment = composition->moment(frame);
+        if (composition->segments[moment.segment].file.empty()) return -1;
+        return static_cast<int>(std::floor(moment.at * numbered::rate + 0.01));
+    }
+
+    Project project;
+    Video video;
+    std::shared_ptr<const VideoComposition> composition;
+    PlayedFootage footage;
+};
+
+TEST_F(PlayedFootageTest, everyFrameForwardAndInAnyOrder) {
+    for (std::int64_t frame = 0; frame < composition->frameCount(); frame += 2) {
+        const auto shown = footage.at(composition->moment(frame), 1, none);
+        EXPECT_EQ(numbered::in(shown.image), expected(frame)) << frame;
+        EXPECT_TRUE(shown.exact);
+    }
+    for (const std::int64_t frame : {110, 3, 70, 69, 44, 46, 105, 0}) {
+        const auto moment = composition->moment(frame);
+        EXPECT_EQ(numbered::in(footage.at(moment, 0, none).image), expected(frame)) << frame;
+        footage.readAround(moment);
+    }
+}
+
+TEST_F(PlayedFootageTest, everyFrameBackward) {
+    for (auto frame = composition->frameCount() - 1; frame >= 0; --frame) {
+        const auto shown = footage.backward(composition->moment(frame), -1, none, [] { return false; });
+        ASSERT_EQ(numbered::in(shown.image), expected(frame)) << frame;
+    }
+}
+
+TEST_F(PlayedFootageTest, aPictureSaysWhoseItIs) {
+    const auto source = [&](std::int64_t frame) {
+        return footage.at(composition->moment(frame), 0, none).source;
+    };
+    EXPECT_EQ(source(10), project.sources[0].id);
+    EXPECT_EQ(source(50), project.sources[1].id);
+    EXPECT_FALSE(source(80)) << "generated";
+    EXPECT_FALSE(source(95)) << "gone";
+    const auto near = footage.nearest(composition->moment(50));
+    EXPECT_EQ(near.source, project.sources[1].id);
+    EXPECT_FALSE(near.exact);
+    EXPECT_TRUE(near.image);
+    EXPECT_FALSE(footage.nearest(composition->moment(80)).image);
+}
+
+TEST_F(PlayedFootageTest, anotherCompositionAndAReplacedFileAreTakenUp) {
+    EXPECT_EQ(numbered::in(footage.at(composition->moment(0), 0, none).image), 30);
+    const TemporaryFolder folder;
+    const auto file = folder / "a.mp4";
+    std::filesystem::copy_file(numbered::movie("short.mp4", 20), file);
+    project.sources.edit()[0].path = file;
+    video.cuts.edit()[0].start = 0.3;
+    turn();
+    EXPECT_EQ(numbered::in(footage.at(composition->moment(0), 0, none).image), 9);
+    EXPECT_EQ(numbered::in(footage.at(composition->moment(28), 0, none).image), 19) << "its last stays";
+    std::filesystem::copy_file(numbered::movie("long.mp4"), file,
+                               std::filesystem::copy_options::overwrite_existing);
+    turn();
+    EXPECT_EQ(numbered::in(footage.at(composition->moment(28), 0, none).image), 37);
+}
+
+}
+}
