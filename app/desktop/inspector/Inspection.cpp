@@ -93,8 +93,8 @@ void Inspection::refresh() {
     }
     // A control can't become another one: rows of the same id that differ in that are made anew.
     const auto becomesAnother = [&](const InspectorRow& next) {
-        const auto* now = row(QString::fromStdString(next.id));
-        return now && now->control != next.control;
+        const auto* current = row(QString::fromStdString(next.id));
+        return current && current->control != next.control;
     };
     if (std::ranges::any_of(rows, becomesAnother)) shown.assign({});
     shown.assign(std::move(rows));

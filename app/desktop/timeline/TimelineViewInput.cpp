@@ -187,8 +187,8 @@ void TimelineView::showHint(const QPointF& position) {
         (cuttable || (held.shift && time < layout.length))) {
         const double cut = TimelinePicks::snapped(*session, time, span.scale, {}, {}, held);
         blade = span.x(cut);
-        const auto at = kind == Pick::Kind::cut && block->source ? block->at + cut - block->from : cut;
-        hintWords = QString::fromStdString(Timecode::fine(at));
+        const auto moment = kind == Pick::Kind::cut && block->source ? block->at + cut - block->from : cut;
+        hintWords = QString::fromStdString(Timecode::fine(moment));
     } else if (kind == Pick::Kind::cut) {
         for (const auto& quiet : block->quiet)
             if (quiet.from <= time && time < quiet.to)

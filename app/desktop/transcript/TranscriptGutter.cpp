@@ -83,14 +83,14 @@ DrawList TranscriptGutter::drawList() {
 void TranscriptGutter::drawRow(DrawList& list, int row, const QTextBlock& block, bool marked) const {
     const auto& line = page->document().rows()[row];
     const auto words = place(block);
-    const QRectF ground(0, words.top() - above, width(), words.height() + above + below);
+    const QRectF band(0, words.top() - above, width(), words.height() + above + below);
     if (std::ranges::binary_search(page->hits(), row))
-        list.fill(ground, colour("found"));
+        list.fill(band, colour("found"));
     else if (marked)
-        list.fill(ground, colour("marked"));
+        list.fill(band, colour("marked"));
     else if (row == page->spokenRow())
-        list.fill(ground, colour("current"));
-    if (line.used) list.fill({0, ground.top(), bar, ground.height()}, colour("used"));
+        list.fill(band, colour("current"));
+    if (line.used) list.fill({0, band.top(), bar, band.height()}, colour("used"));
     if (line.quiet > 0) drawQuiet(list, words, line.quiet);
     if (row == page->spokenRow()) drawWord(list, block);
     list.items.emplace_back(DrawList::Label{
