@@ -28,6 +28,7 @@ TEST_F(ChangeToolsTest, describesAndFixes) {
     auto expected = before;
     expected.text = "too";
     EXPECT_EQ(lines()[1], expected) << "with its id and times";
+    EXPECT_EQ(lines()[3].text, "over here") << "and the other one too";
     notes() = {{.start = 1, .end = 2, .text = "he opens the door"}};
     EXPECT_EQ(problem("fix_lines", R"({"lines": [{"line": "C01.n1", "text": "x"}]})"),
               "No line could be fixed: each needs the tag of a line that is there and its words.");

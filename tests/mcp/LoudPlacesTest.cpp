@@ -46,6 +46,15 @@ TEST_F(LoudPlacesTest, aVideoIsHeardCutByCutOnItsOwnClock) {
     EXPECT_EQ(LoudPlaces::sources(json{{"clips", {"C02", "C01"}}}, project), std::vector{source()});
 }
 
+TEST_F(LoudPlacesTest, everySourceIsLookedAtOnce) {
+    const auto other = UUID::make();
+    project.sources.edit().push_back({.id = other, .path = "/footage/cam.mp4", .length = 60});
+    project.clips.edit().push_back({.number = 3, .source = other, .start = 1, .end = 2});
+    auto both = std::vector{source(), other};
+    std::ranges::sort(both);
+    EXPECT_EQ(LoudPlaces::sources(json{{"clips", {"C01", "C03", "C02"}}}, project), both);
+}
+
 TEST_F(LoudPlacesTest, theLoudestMomentsAreAtMostEightAndTwoSecondsApart) {
     addClip(200, {"a"}).end = 240;
     auto& levels = context.loudness[source()];

@@ -54,6 +54,14 @@ TEST_F(VideoInWordsTest, aMomentIsThatOfTheFirstCutThatShowsIt) {
     EXPECT_THAT(VideoInWords::whole(video(), Said(project)), HasSubstr("0:00.\n\nCuts:\nnone yet\n"));
 }
 
+TEST_F(VideoInWordsTest, hiddenCaptionsAreNoBigOnes) {
+    video().look.emplace().captions.lines.edit() = {{.line = lines()[1].id, .hidden = true},
+                                                    {.line = lines()[0].id, .big = true},
+                                                    {.line = UUID::make(), .big = true}};
+    EXPECT_THAT(VideoInWords::whole(video(), Said(project)),
+                HasSubstr("Captions: big C01.01; hidden C01.02\n"));
+}
+
 TEST_F(VideoInWordsTest, eachPartThatDiffersIsNamed) {
     const auto before = video();
     const auto changes = [&](const std::function<void(Look&)>& change) {
