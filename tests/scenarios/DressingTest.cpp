@@ -34,6 +34,19 @@ protected:
         click(block(kind, number));
         until("it is picked", [&] { return block(kind, number).selected; });
     }
+    /// Types a value of what is picked into the inspector, scrolled to where it is.
+    void setTo(const std::string& field, const std::string& text) {
+        until(field + " can be reached", [&] {
+            const auto found = see("EditableText", field, "Inspector");
+            if (found.y > 60 && found.y + found.height < 780) return true;
+            click({1120, 600}, found.y < 100 ? 4 : 5);
+            return false;
+        });
+        clickOn("EditableText", field, "Inspector");
+        key("Ctrl+A");
+        type(text);
+        key("Return");
+    }
     /// Of the box round the picked overlay, which says where in the picture it is.
     ScreenPoint boxMiddle() {
         const auto picture = see("Graphic", "Overlay, from left");
@@ -171,7 +184,7 @@ TEST_F(Dressing, presetsAreTakenSavedAndUsedInAnotherProject) {
     });
 }
 
-TEST_F(Dressing, aLayoutAndAStickerAreDraggedInAndMoved) {
+TEST_F(Dressing, aLayoutAndAStickerAreDraggedInAndSetByHand) {
     open(scenario::cutVideo());
     turnTo("Layouts");
     const auto cut = block("Cut", 1);
@@ -190,6 +203,16 @@ TEST_F(Dressing, aLayoutAndAStickerAreDraggedInAndMoved) {
     const auto middle = boxMiddle();
     drag(middle, {middle.x + 30, middle.y - 40});
     until("it is moved", [&] { return look().overlays[0].move.has_value(); });
+    setTo("Rotation", "15");
+    until("it is turned", [&] {
+        const auto& move = look().overlays[0].move;
+        return move && move->from && move->from->rotation == 15;
+    });
+    setTo("Sticker", "wow");
+    until("it says something else", [&] {
+        const auto& values = look().overlays[0].values;
+        return values && values->contains("sticker") && values->at("sticker") == "wow";
+    });
     undoToStart();
 }
 

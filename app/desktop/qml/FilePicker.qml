@@ -10,8 +10,6 @@ Item {
     signal picked(string path)
     function takeFocus() { list.forceActiveFocus(Qt.TabFocusReason) }
 
-    function takeFocus() { list.forceActiveFocus(Qt.PopupFocusReason) }
-
     height: 320
     Component.onCompleted: { folders.wanted = wanted; if (!folders.folder) folders.folder = "" }
 
