@@ -49,7 +49,8 @@ fs::path PackageWatch::copyBeside() const {
     const auto stem = folder.stem().string() + " (changed elsewhere";
     fs::path place;
     for (int number = 1;; ++number) {
-        place = folder.parent_path() / (stem + (number > 1 ? " " + std::to_string(number) : "") + ")");
+        const auto counted = number > 1 ? stem + " " + std::to_string(number) : stem;
+        place = folder.parent_path() / (counted + ")");
         place += folder.extension();
         std::error_code error;
         if (!fs::exists(fs::symlink_status(place, error))) break;

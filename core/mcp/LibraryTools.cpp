@@ -50,7 +50,10 @@ std::vector<std::pair<std::string, std::filesystem::path>> sounds() {
 
 std::string listPlaybooks() {
     std::string text;
-    for (const auto& book : Playbooks::library()) text += (text.empty() ? "" : "\n") + line(book);
+    for (const auto& book : Playbooks::library()) {
+        if (!text.empty()) text += '\n';
+        text += line(book);
+    }
     return text;
 }
 

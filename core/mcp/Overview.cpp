@@ -80,7 +80,8 @@ std::optional<std::string> shortened(const Brief::Clips& clips, const Project& p
             source = its;
             text += "\nIn " + Brief::fileName(its) + ":";
         }
-        text += "\n" + shortLine(*clip, said, words);
+        text += '\n';
+        text += shortLine(*clip, said, words);
         if (text.size() > limit) return std::nullopt;
     }
     return text;

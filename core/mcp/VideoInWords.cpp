@@ -121,10 +121,12 @@ std::string changes(const Video& before, const Video& now, const Said& said) {
         lines.push_back(fmt::format("Cuts, {} → {}, now:\n{}", ProjectSummary::clock(before.length()),
                                     ProjectSummary::clock(now.length()), Brief::cuts(now, said)));
     if (old.shots != look.shots) lines.push_back(fmt::format("Shots: {}", look.shots.size()));
-    if (old.captions.lines != look.captions.lines) lines.push_back("Captions: big, hidden or breaks changed");
+    if (old.captions.lines != look.captions.lines)
+        lines.emplace_back("Captions: big, hidden or breaks changed");
     if (old.sounds != look.sounds) lines.push_back(fmt::format("Sounds: {}", look.sounds.size()));
     if (old.overlays != look.overlays) lines.push_back(fmt::format("Overlays: {}", look.overlays.size()));
-    if (old.music != look.music) lines.push_back("Music: " + joined(fileNames(look.music), ", ", "none"));
+    if (old.music != look.music)
+        lines.push_back(fmt::format("Music: {}", joined(fileNames(look.music), ", ", "none")));
     return joined(lines, "\n", "");
 }
 

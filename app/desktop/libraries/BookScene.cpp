@@ -26,11 +26,10 @@ Video dressed(const BookScene& scene, const Book& book) {
         video.cuts.edit() = {Cut::generated(book.id(), book.version(), {}, length)};
         return video;
     }
-    Cut cut;
+    auto& cut = video.cuts.edit().emplace_back();
     cut.source = *scene.source;
     cut.start = scene.at;
     cut.end = scene.at + length;
-    video.cuts.edit() = {cut};
     auto& look = video.look.emplace();
     if (book.playbook.kind == "layout") {
         Shot shot;
@@ -38,7 +37,7 @@ Video dressed(const BookScene& scene, const Book& book) {
         shot.at = cut.start;
         shot.playbook = book.id();
         shot.version = book.version();
-        look.shots.edit() = {shot};
+        look.shots.edit().push_back(shot);
     } else {
         Overlay overlay;
         overlay.playbook = book.id();
@@ -46,7 +45,7 @@ Video dressed(const BookScene& scene, const Book& book) {
         overlay.source = cut.source;
         overlay.at = cut.start;
         overlay.length = length;
-        look.overlays.edit() = {overlay};
+        look.overlays.edit().push_back(overlay);
     }
     return video;
 }

@@ -61,7 +61,7 @@ constexpr CommandSubject subjects[] = {
 
 /// A text in a cell of a table.
 std::string cell(std::string text) {
-    for (auto at = text.find('|'); at != text.npos; at = text.find('|', at + 2)) text.insert(at, "\\");
+    for (auto at = text.find('|'); at != text.npos; at = text.find('|', at + 2)) text.insert(at, 1, '\\');
     return text;
 }
 

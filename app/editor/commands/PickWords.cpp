@@ -44,7 +44,8 @@ std::string shot(const Editor& editor, const Video& video, const Shot& shot) {
 }
 
 std::string sound(const Video& video, const SoundCue& cue, const char* word) {
-    return word + (" " + std::filesystem::path(cue.file).stem().string()) + at(video, cue);
+    return std::string(word).append(" ").append(std::filesystem::path(cue.file).stem().string()) +
+           at(video, cue);
 }
 
 std::string words(const Editor& editor, const Said& said, const Video& video, const Look& look,
