@@ -80,7 +80,7 @@ TEST(CaptionDrag, lettingGoLeavesTheLookAsItWas) {
     EXPECT_EQ(video.editor.project(), before);
     EXPECT_FALSE(video.editor.unfinished());
     CaptionDrag drag(video.editor);
-    drag.begin(TimelineBlock(), true);
+    drag.begin(TimelineBlock(), CaptionDrag::CaptionGrip::end);
     drag.move(3);
     drag.end();
     EXPECT_EQ(video.editor.project(), before) << "no caption, no drag";
