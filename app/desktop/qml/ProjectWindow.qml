@@ -140,7 +140,7 @@ Window {
             for (let item = hadKeys; item; item = item.parent) if (item.takesArrows) { hadKeys = item; break }
         }
         function giveBack() {
-            if (!project.sheet && at() < 0 && hadKeys && hadKeys.visible) hadKeys.forceActiveFocus(Qt.OtherFocusReason)
+            if (!project.sheet && !project.menuOpen && at() < 0 && hadKeys && hadKeys.visible) hadKeys.forceActiveFocus(Qt.OtherFocusReason)
         }
         function home() { timeline.takeFocus() }
     }
