@@ -1,5 +1,6 @@
 #include "app/desktop/documents/ProjectCards.h"
 #include "app/editor/commands/CutCommands.h"
+#include "app/editor/commands/VideoCommands.h"
 #include "tests/desktop/WindowOfProject.h"
 
 #include <gtest/gtest.h>
@@ -18,6 +19,7 @@ TEST(ProjectCards, showTheFirstFrameOfTheLastVideo) {
     EXPECT_EQ(cards.requestImage(id(empty), nullptr, {}).width(), 1) << "no video yet";
 
     auto& editor = shown.editor();
+    VideoCommands::create(editor, Video::Aspect::vertical, "One");
     editor.holdClip(editor.project().clips[1].id); // all teal
     CutCommands::addToEnd(editor);
     shown.settle();
