@@ -13,12 +13,9 @@
 namespace murbo::window {
 
 double processor(int whose) {
-    rusage used{};
-    getrusage(whose, &used);
-    const auto in = [](const timeval& time) {
-        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
-    };
-    return in(used.ru_utime) + in(used.ru_stime);
+    timespec used{};
+    clock_gettime(whose == RUSAGE_THREAD ? CLOCK_THREAD_CPUTIME_ID : CLOCK_PROCESS_CPUTIME_ID, &used);
+    return static_cast<double>(used.tv_sec) * 1e3 + static_cast<double>(used.tv_nsec) / 1e6;
 }
 
 double clockNow() {

@@ -111,6 +111,22 @@ TEST(TimelineView, allOfAVideoStaysInViewUntilSomebodyZooms) {
     EXPECT_EQ(view->shownSpan().scale, scale);
 }
 
+TEST(TimelineView, followsWhatLiesBeyondItsEndWithoutGoingRound) {
+    MURBO_NEEDS_FFMPEG();
+    TimelineWindow shown;
+    auto* view = shown.view();
+    view->zoomRound(12, 0);
+    int turns = 0;
+    const auto follow = [&] {
+        if (++turns < 100) view->setScroll(1e9);
+    };
+    const auto link = QObject::connect(view, &TimelineView::playheadChanged, follow);
+    view->setScroll(1e9);
+    QObject::disconnect(link);
+    EXPECT_LE(turns, 2);
+    EXPECT_GT(view->scroll(), 0);
+}
+
 TEST(TimelineView, runsAlongUnderADragAtItsSide) {
     MURBO_NEEDS_FFMPEG();
     TimelineWindow shown;

@@ -42,7 +42,7 @@ protected:
             click({1120, 600}, found.y < 100 ? 4 : 5);
             return false;
         });
-        clickOn("EditableText", field, "Inspector");
+        clickInto(field, "Inspector");
         key("Ctrl+A");
         type(text);
         key("Return");
@@ -160,7 +160,7 @@ TEST_F(Dressing, presetsAreTakenSavedAndUsedInAnotherProject) {
         const auto name = see("EditableText", "Name of the preset");
         return name.y + name.height < 780;
     });
-    clickOn("EditableText", "Name of the preset");
+    clickInto("Name of the preset");
     type("mine");
     key("Return");
     see("RadioButton", "mine");

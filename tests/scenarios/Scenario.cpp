@@ -189,6 +189,14 @@ void Scenario::clickOn(const std::string& role, const std::string& name, const s
     click(item);
 }
 
+void Scenario::clickInto(const std::string& field, const std::string& within) {
+    until("“" + field + "” has the keys", [&] {
+        if (see("EditableText", field, within).focused) return true;
+        clickOn("EditableText", field, within);
+        return false;
+    });
+}
+
 void Scenario::turnTo(const std::string& page) {
     clickOn("ListItem", page, "Project");
     until(page + " is shown", [&] { return see("ListItem", page, "Project").selected; });

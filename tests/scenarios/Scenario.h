@@ -58,6 +58,8 @@ protected:
     int clicked() const { return clicks; }  ///< clicks and drags so far
     void click(ScreenPoint at, int button = 1);
     void click(const ScreenItem& item) { click(item.middle()); }
+    /// Clicks on a field until it has the keys: rows may just be made anew beneath the mouse.
+    void clickInto(const std::string& field, const std::string& within = "");
     void clickOn(const std::string& role, const std::string& name, const std::string& within = "");
     void turnTo(const std::string& page); ///< of the sidebar; waits until it is shown
     void doubleClick(ScreenPoint at);

@@ -131,6 +131,12 @@ protected:
         key("Return");
         if (below(2)) key("Escape");
     }
+    /// Waits until it has taken all that was done.
+    void answers() {
+        if (!items().empty()) return;
+        until(
+            "it answers or has ended", [&] { return !program().process().runs() || !items().empty(); }, 120);
+    }
     /// Some of what is done closes the window; then the next begins.
     void keepOpen() {
         if (!program().process().runs() && program().process().status() == 0)
@@ -164,7 +170,7 @@ TEST_F(Soak, nothingThatSomebodyDoesEndsTheProgram) {
     int deeds = 0;
     while (minutesSince(begun) * 60 < seconds && program().process().runs()) {
         anything();
-        if (++deeds % 10 == 0) items(); // waits until it has taken them all
+        if (++deeds % 10 == 0) answers();
         keepOpen();
         memory.look(program().process().id(), minutesSince(begun));
     }

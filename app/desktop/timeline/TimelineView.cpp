@@ -145,8 +145,7 @@ void TimelineView::fit() {
 void TimelineView::rescale() {
     span.scale = session ? std::clamp(session->zoom() * standardScale, minScale, maxScale) : standardScale;
     span.width = width();
-    span.from =
-        std::clamp(span.from, 0.0, std::max(layout.length + margin / span.scale - width() / span.scale, 0.0));
+    span.from = inReach(span.from);
     emit spanChanged();
     emit playheadChanged();
     update();
@@ -173,11 +172,16 @@ void TimelineView::follow() {
     setScroll(session->playback.time() - width() / span.scale / 10);
 }
 
+double TimelineView::inReach(double from) const {
+    return std::clamp(from, 0.0, std::max(layout.length + margin / span.scale - width() / span.scale, 0.0));
+}
+
+/// Where it stays nothing is said: what follows a playhead beyond the end would never come to rest.
 void TimelineView::setScroll(double seconds) {
-    const double before = span.from;
-    span.from = std::max(seconds, 0.0);
+    const double from = inReach(seconds);
+    if (from == span.from) return;
+    span.from = from;
     rescale();
-    if (span.from != before) update();
 }
 
 void TimelineView::setRowsAbove(double points) {

@@ -134,6 +134,7 @@ protected:
 private:
     void rebuild();
     void rescale();
+    double inReach(double from) const; ///< what `from` is kept within, in seconds
     void opened();
     void scrollBy(double seconds);
     TimelineDrag::Pointer point(const QPointF& position) const;
