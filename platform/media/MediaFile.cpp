@@ -15,7 +15,7 @@ namespace murbo {
 namespace {
 
 constexpr std::size_t maxKept = 200; ///< files
-constexpr std::int64_t settled = 2;  ///< seconds unchanged from which a file's times tell it apart
+constexpr std::int64_t settled = 2; ///< seconds since a change, after which the next gives a file other times
 constexpr std::int64_t second = 1'000'000'000;
 
 /// What another content of a file has another of.

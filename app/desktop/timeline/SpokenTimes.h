@@ -12,9 +12,9 @@ namespace murbo {
 /// very same ones. One thread.
 class SpokenTimes {
 public:
-    /// Whether a cut there cuts somebody off.
+    /// Whether a cut at `time`, in seconds on the source, cuts somebody off.
     bool holds(const Project& project, const UUID& source, double time);
-    /// The stretches of a range of a source in which nobody speaks for at least so many seconds. Nothing
+    /// The stretches of a range of a source in which nobody speaks for at least `least` seconds. None
     /// where nothing was written down: nobody knows who speaks there.
     std::vector<Stretch> quiet(const Project& project, const UUID& source, Stretch range, double least);
 

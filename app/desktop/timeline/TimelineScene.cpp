@@ -88,7 +88,7 @@ private:
         return {left, layout.top(block), width, layout.blockHeight(block)};
     }
 
-    /// What tells a block at its left beside its words. What is left of its place then.
+    /// Draws the icon at a block's left, before its words. Gives the place that remains for them.
     QRectF drawSign(const TimelineBlock& block, const QRectF& place,
                     const TimelineColours::BlockColours& paint) {
         const bool overlay = block.pick.kind == Pick::Kind::overlay;
