@@ -1,3 +1,4 @@
+#include "core/render/footage/Footage.h"
 #include "core/render/stage/ChromaKey.h"
 #include "core/render/stage/Glyph.h"
 #include "core/render/stage/PlaybookMedia.h"

@@ -56,7 +56,7 @@ struct Mix {
 
 void layer(benchmark::State& state) {
     Mix mix;
-    NetworkKernels::Window window;
+    NetworkKernels::ConvolutionWindow window;
     window.channels = window.pixelStep = inputs;
     window.outputs = outputs;
     window.weights = mix.weights.data();

@@ -21,9 +21,14 @@ TEST(AccessDoor, isThereOnlyWhereItIsAskedForAndShowsWhatIsInTheWindows) {
     ASSERT_TRUE(door.open());
     QLocalSocket socket;
     socket.connectToServer(QString::fromStdString(address));
+    QTest::mouseMove(&shown.window(), {300, 200});
     socket.write("\n");
     ASSERT_TRUE(QTest::qWaitFor([&] { return socket.canReadLine(); }, 5000));
-    const auto nodes = QJsonDocument::fromJson(socket.readLine()).array();
+    const auto answer = QJsonDocument::fromJson(socket.readLine()).object();
+    const auto nodes = answer["items"].toArray();
+    const auto pointer = answer["pointer"].toArray();
+    EXPECT_EQ(QPointF(pointer[0].toDouble(), pointer[1].toDouble()),
+              shown.window().mapToGlobal(QPointF(300, 200)));
     QStringList names;
     for (const auto& node : nodes)
         names.append(node.toObject()["role"].toString() + " " + node.toObject()["name"].toString());

@@ -97,10 +97,10 @@ TEST_F(Cutting, anEdgeIsTrimmedByMouseAndByKeysEachOneStep) {
     const auto first = block("Cut", 1);
     const double scale = pointsPerSecond();
     const ScreenPoint edge{first.x + first.width - 3, first.y + first.height / 2};
-    screen().move(edge);
+    moveSeen(edge);
     screen().press();
-    screen().move({edge.x - 0.3 * scale, edge.y});
-    screen().move({edge.x - 0.6 * scale, edge.y});
+    moveSeen({edge.x - 0.3 * scale, edge.y});
+    moveSeen({edge.x - 0.6 * scale, edge.y});
     screen().release();
     until("the cut is shorter", [&] { return video().cuts[0].end < 2.7; });
     EXPECT_NEAR(video().cuts[0].end, 2.4, 0.1);
@@ -131,20 +131,20 @@ TEST_F(Cutting, anEdgeCatchesOnAWordAndAltLetsGo) {
     const ScreenPoint edge{second.x + second.width - 3, second.y + second.height / 2};
     const double off = 4 / scale; // points from the word: within reach
     ASSERT_LT(8 / scale, 0.2) << "words lie nearer to each other than edges reach";
-    screen().move(edge);
+    moveSeen(edge);
     screen().press();
-    screen().move({edge.x - 0.5 * scale, edge.y});
-    screen().move({edge.x - (0.9 - off) * scale, edge.y});
+    moveSeen({edge.x - 0.5 * scale, edge.y});
+    moveSeen({edge.x - (0.9 - off) * scale, edge.y});
     screen().release();
     until("it caught on the word", [&] { return std::abs(video().cuts[1].end - 1.6) < 0.0005; });
     key("Ctrl+Z");
     until("it is as before", [&] { return onDisk() == before; });
 
-    screen().move(edge);
+    moveSeen(edge);
     screen().press();
-    screen().move({edge.x - 0.5 * scale, edge.y});
+    moveSeen({edge.x - 0.5 * scale, edge.y});
     hold("Alt");
-    screen().move({edge.x - (0.9 - off) * scale, edge.y});
+    moveSeen({edge.x - (0.9 - off) * scale, edge.y});
     screen().release();
     letGo("Alt");
     until("it stays where the hand was", [&] { return onDisk() != before; });

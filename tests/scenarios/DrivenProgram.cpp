@@ -1,5 +1,7 @@
 #include "tests/scenarios/DrivenProgram.h"
 
+#include "platform/base/Json.h"
+
 #include <cstring>
 
 #include <poll.h>
@@ -68,7 +70,7 @@ bool DrivenProgram::reach() {
     return false;
 }
 
-std::vector<ScreenItem> DrivenProgram::items() {
+std::string DrivenProgram::answer() {
     if (!reach()) return {};
     std::string answer;
     bool whole = send(connection, "\n", 1, MSG_NOSIGNAL) == 1;
@@ -79,10 +81,25 @@ std::vector<ScreenItem> DrivenProgram::items() {
         whole = got > 0;
         if (whole) answer.append(part, static_cast<std::size_t>(got));
     }
-    if (whole) return ScreenItem::read(answer);
+    if (whole) return answer;
     close(connection);
     connection = -1;
     return {};
+}
+
+std::vector<ScreenItem> DrivenProgram::items() {
+    const auto given = answer();
+    if (given.empty()) return {};
+    const auto parsed = Json::parse(given);
+    return ScreenItem::all(*parsed.root().member("items"));
+}
+
+ScreenPoint DrivenProgram::pointer() {
+    const auto given = answer();
+    if (given.empty()) return {-1, -1};
+    const auto parsed = Json::parse(given);
+    const auto place = *parsed.root().member("pointer");
+    return {place.element(0).number(), place.element(1).number()};
 }
 
 }

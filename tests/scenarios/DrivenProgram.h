@@ -19,12 +19,15 @@ public:
 
     /// What is in its windows now; nothing while it does not answer.
     std::vector<ScreenItem> items();
+    /// Where the pointer last came to one of its windows, as it knows it now; pixels on the screen.
+    ScreenPoint pointer();
     ChildProcess& process() { return *child; }
     /// What it has printed.
     std::string log() const { return contentsOf(logFile); }
 
 private:
     bool reach();
+    std::string answer(); ///< a line of JSON, or nothing
 
     std::filesystem::path socket;
     std::filesystem::path logFile;

@@ -23,9 +23,9 @@ protected:
 TEST_F(Keeping, aProgramKilledInADragLeavesTheProjectWhole) {
     open(scenario::cutVideo());
     const auto first = block("Cut", 1);
-    screen().move({first.x + first.width - 3, first.y + 30});
+    moveSeen({first.x + first.width - 3, first.y + 30});
     screen().press();
-    screen().move({first.x + first.width - 60, first.y + 30});
+    moveSeen({first.x + first.width - 60, first.y + 30});
     until("it is dragged", [&] { return block("Cut", 1).width < first.width - 30; });
     program().process().kill();
     screen().release();

@@ -5,6 +5,7 @@
 #include "tests/scenarios/Keyboard.h"
 
 #include <chrono>
+#include <cmath>
 #include <cstdio>
 #include <thread>
 #include <utility>
@@ -107,6 +108,13 @@ ScreenItem Scenario::see(const std::string& role, const std::string& name, const
     return found.value_or(ScreenItem());
 }
 
+std::string Scenario::withKeys() {
+    std::string name;
+    for (const auto& item : items())
+        if (item.focused && item.depth > 0) name = item.role + " " + item.name;
+    return name;
+}
+
 std::vector<ScreenItem> Scenario::blocks(const std::string& kind) {
     std::vector<ScreenItem> found;
     for (auto& item : items())
@@ -207,13 +215,19 @@ void Scenario::doubleClick(ScreenPoint at) {
     click(at);
 }
 
+void Scenario::moveSeen(ScreenPoint to) {
+    shown->move(to);
+    until("the pointer's move is taken", [&] {
+        const auto seen = running->pointer();
+        return std::abs(seen.x - to.x) <= 1 && std::abs(seen.y - to.y) <= 1;
+    });
+}
+
 void Scenario::drag(ScreenPoint from, ScreenPoint to) {
     shown->move(from);
     shown->press();
-    for (const double share : {0.2, 0.6, 1.0}) {
-        shown->move({from.x + (to.x - from.x) * share, from.y + (to.y - from.y) * share});
-        items(); // waits until it was taken: a hand makes more than one move
-    }
+    for (const double share : {0.2, 0.6, 1.0})
+        moveSeen({from.x + (to.x - from.x) * share, from.y + (to.y - from.y) * share});
     shown->release();
     ++clicks;
 }

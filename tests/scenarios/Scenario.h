@@ -38,6 +38,8 @@ protected:
                                    const std::string& within = "");
     /// The same, waiting until it is there.
     ScreenItem see(const std::string& role, const std::string& name, const std::string& within = "");
+    /// The role and name of what has the keys, or nothing.
+    std::string withKeys();
     /// All blocks of a kind on the timeline, "Cut", in their order.
     std::vector<ScreenItem> blocks(const std::string& kind);
     ScreenItem block(const std::string& kind, std::size_t number); ///< from 1; waits
@@ -63,6 +65,9 @@ protected:
     void clickOn(const std::string& role, const std::string& name, const std::string& within = "");
     void turnTo(const std::string& page); ///< of the sidebar; waits until it is shown
     void doubleClick(ScreenPoint at);
+    /// Moves the mouse and waits until the program has it: a hand makes more than one move, however busy it
+    /// is.
+    void moveSeen(ScreenPoint to);
     void drag(ScreenPoint from, ScreenPoint to);
 
     // ---- what many begin with ----

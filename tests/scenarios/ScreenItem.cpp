@@ -27,9 +27,7 @@ ScreenItem item(const JsonValue& from) {
 
 }
 
-std::vector<ScreenItem> ScreenItem::read(const std::string& json) {
-    const auto parsed = Json::parse(json);
-    const auto list = parsed.root();
+std::vector<ScreenItem> ScreenItem::all(const JsonValue& list) {
     std::vector<ScreenItem> items;
     for (std::size_t at = 0; at < list.size(); ++at) items.push_back(item(list.element(at)));
     return items;

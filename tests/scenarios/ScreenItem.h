@@ -7,6 +7,8 @@
 
 namespace murbo {
 
+class JsonValue;
+
 /// A thing in a window of the program under test, as a screen reader is given it.
 struct ScreenItem {
     int depth = 0; ///< what comes after it and is deeper lies in it
@@ -28,8 +30,8 @@ struct ScreenItem {
     /// A place in it: shares of its width and height.
     ScreenPoint at(double across, double down = 0.5) const { return {x + width * across, y + height * down}; }
 
-    /// All of a message of the program's.
-    static std::vector<ScreenItem> read(const std::string& json);
+    /// All of the list in an answer of the program's.
+    static std::vector<ScreenItem> all(const JsonValue& list);
 };
 
 }

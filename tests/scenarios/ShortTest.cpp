@@ -115,8 +115,9 @@ TEST_F(Short, byKeysAlone) {
     key("F6");
     until("the tabs have the keys", [&] { return focused("PageTabList", "Tabs of the inspector"); });
     for (int at = 0; at < 8 && !focused("RadioButton", "Clean"); ++at) {
+        const auto had = withKeys();
         key("Tab");
-        items(); // waits until it was taken
+        until("the keys have gone on", [&] { return withKeys() != had; });
     }
     ASSERT_TRUE(focused("RadioButton", "Clean"));
     key("Return");

@@ -7,6 +7,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLocalSocket>
+#include <QMouseEvent>
 #include <QWindow>
 
 namespace murbo {
@@ -34,21 +35,28 @@ AccessDoor::AccessDoor(QObject* parent) : QObject(parent) {
     server.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&server, &QLocalServer::newConnection, this, &AccessDoor::answer);
     QLocalServer::removeServer(address);
-    server.listen(address);
+    if (server.listen(address)) qApp->installEventFilter(this);
 }
 
-QByteArray AccessDoor::shown() {
+bool AccessDoor::eventFilter(QObject* watched, QEvent* event) {
+    if (watched->isWindowType() && event->type() == QEvent::MouseMove)
+        pointer = static_cast<QMouseEvent*>(event)->globalPosition();
+    return false;
+}
+
+QByteArray AccessDoor::shown() const {
     QJsonArray nodes;
     for (auto* window : QGuiApplication::topLevelWindows())
         if (window->isVisible())
             for (const auto& node : AccessTree::of(*window)) nodes.append(json(node));
-    return QJsonDocument(nodes).toJson(QJsonDocument::Compact);
+    const QJsonObject all{{"pointer", QJsonArray{pointer.x(), pointer.y()}}, {"items", nodes}};
+    return QJsonDocument(all).toJson(QJsonDocument::Compact);
 }
 
 void AccessDoor::answer() {
     auto* socket = server.nextPendingConnection();
     connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-    connect(socket, &QLocalSocket::readyRead, socket, [socket] {
+    connect(socket, &QLocalSocket::readyRead, socket, [this, socket] {
         while (socket->canReadLine()) {
             socket->readLine();
             socket->write(shown() + "\n");

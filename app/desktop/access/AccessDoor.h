@@ -2,12 +2,14 @@
 
 #include <QLocalServer>
 #include <QObject>
+#include <QPointF>
 
 namespace murbo {
 
 /// Shows a program on the same machine what a screen reader would be given: each line that comes in is
-/// answered by one line of JSON with all that is in the windows. It reads and changes nothing; whoever looks
-/// uses mouse and keys like everybody. It is there only where the environment names its socket.
+/// answered by one line of JSON with all that is in the windows, and where the pointer last came to one: what
+/// has moved it knows by that when the move was taken. It reads and changes nothing; whoever looks uses mouse
+/// and keys like everybody. It is there only where the environment names its socket.
 class AccessDoor : public QObject {
     Q_OBJECT
 
@@ -19,12 +21,16 @@ public:
 
     bool open() const { return server.isListening(); }
     /// What is in all windows that are shown.
-    static QByteArray shown();
+    QByteArray shown() const;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void answer();
 
     QLocalServer server;
+    QPointF pointer; ///< pixels on the screen
 };
 
 }
