@@ -105,6 +105,15 @@ protected:
         return below(3) ? ScreenPoint{90.0 + below(870), 500.0 + below(290)} : anywhere();
     }
 
+    /// A drag that waits for nothing: there may be no window any more that could take it.
+    void fling(ScreenPoint from, ScreenPoint to) {
+        screen().move(from);
+        screen().press();
+        for (const double share : {0.3, 0.7, 1.0})
+            screen().move({from.x + (to.x - from.x) * share, from.y + (to.y - from.y) * share});
+        screen().release();
+    }
+
     void anyKey() {
         static const std::vector<std::string> keys{"Space",     "J",        "K",          "L",
                                                    "I",         "O",        "X",          "E",
@@ -146,7 +155,7 @@ protected:
         const int kind = below(20);
         if (kind < 10) return anyKey();
         if (kind < 14) return click(somewhere());
-        if (kind < 17) return drag(somewhere(), somewhere());
+        if (kind < 17) return fling(somewhere(), somewhere());
         if (kind == 17) return click(somewhere(), below(2) ? 4 : 5);
         if (kind == 18) {
             click(somewhere(), 3);
