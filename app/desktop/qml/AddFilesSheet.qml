@@ -38,6 +38,8 @@ Sheet {
                 activeFocusOnTab: true
                 boundsBehavior: Flickable.StopAtBounds
                 property bool takesArrows: true
+                // A row may be gone once the index has moved.
+                function reach(row) { currentIndex = row; forceActiveFocus() }
                 Accessible.role: Accessible.List
                 Accessible.name: "Files"
                 Keys.onDeletePressed: footageSheet.remove(currentIndex)
@@ -58,7 +60,7 @@ Sheet {
                     Accessible.role: Accessible.ListItem
                     Accessible.name: [name, length, size, problem || detail].filter(one => one).join(", ")
                     HoverHandler { id: touch }
-                    TapHandler { onTapped: { list.currentIndex = line.index; list.forceActiveFocus() } }
+                    TapHandler { onTapped: list.reach(line.index) }
                     Icon { x: Theme.gap; anchors.verticalCenter: parent.verticalCenter; side: 16; name: line.problem ? "circle-alert" : "video"; tint: line.problem ? Theme.notice : line.looked ? Theme.text2 : Theme.disabled }
                     Words { x: 34; y: 3; width: parent.width - 250; text: line.name; color: line.problem ? Theme.text3 : Theme.text; elide: Text.ElideMiddle }
                     Words { x: 34; y: 21; width: parent.width - 250; text: line.problem || line.detail || (line.looked ? "" : "…"); color: line.problem ? Theme.notice : Theme.text3; font.pixelSize: Theme.noteSize }

@@ -46,6 +46,8 @@ Item {
             Keys.onPressed: (event) => { if (event.key === Qt.Key_Backspace) { folders.up(); event.accepted = true } }
             Connections { target: folders; function onFolderChanged() { list.currentIndex = 0 } }
             function take(row) { folders.isFolder(row) ? folders.folder = folders.pathOf(row) : pickFile(row) }
+            // A row may be gone once the index has moved: what it asks for is done here.
+            function press(row) { currentIndex = row; take(row) }
             // The next one is at hand, to be taken too.
             function pickFile(row) { picker.picked(folders.pathOf(row)); if (row + 1 < count) currentIndex = row + 1 }
             delegate: Rectangle {
@@ -66,7 +68,7 @@ Item {
                 Icon { x: Theme.gap; anchors.verticalCenter: parent.verticalCenter; side: 15; name: line.folder ? "folder" : line.project ? "film" : line.taken ? "check" : "video"; tint: line.taken ? Theme.accent : Theme.text3 }
                 Words { x: 32; height: parent.height; width: parent.width - 130; text: line.name }
                 Words { anchors.right: parent.right; anchors.rightMargin: Theme.gap; height: parent.height; text: line.detail; color: Theme.text3; font.pixelSize: Theme.noteSize }
-                MouseArea { id: touch; anchors.fill: parent; hoverEnabled: true; onClicked: { list.currentIndex = line.index; list.take(line.index) } }
+                MouseArea { id: touch; anchors.fill: parent; hoverEnabled: true; onClicked: list.press(line.index) }
             }
         }
         Words { anchors.centerIn: parent; visible: list.count === 0; text: folders.problem || "Nothing here to choose"; color: Theme.text3 }

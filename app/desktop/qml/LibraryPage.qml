@@ -13,6 +13,8 @@ Rectangle {
         if (verb === "library.listen") library.play(list.currentIndex)
         if (verb === "library.show") library.openFolder(list.currentIndex)
     }
+    // Rows that were about to change do so as the index moves: the one that asked for it may be gone after that.
+    function reach(index) { list.currentIndex = index; list.forceActiveFocus() }
     function openMenu() {
         const item = list.currentItem
         const at = item ? item.mapToItem(null, Theme.margin, item.height / 2) : list.mapToItem(null, Theme.margin, Theme.margin)
@@ -97,7 +99,7 @@ Rectangle {
                 preventStealing: true // or the list would take a drag that goes down
                 acceptedButtons: Qt.LeftButton | Qt.RightButton
                 onClicked: (mouse) => { if (mouse.button === Qt.RightButton) { const at = mapToItem(null, mouse.x, mouse.y); page.askMenu(at.x, at.y) } }
-                onPressed: (mouse) => { list.currentIndex = item.index; list.forceActiveFocus(); const at = mapToItem(ghost.parent, mouse.x, mouse.y); ghost.x = at.x + 4; ghost.y = at.y + 4 }
+                onPressed: (mouse) => { const at = mapToItem(ghost.parent, mouse.x, mouse.y); ghost.x = at.x + 4; ghost.y = at.y + 4; page.reach(item.index) }
                 onReleased: if (drag.active) ghost.Drag.drop()
                 onDoubleClicked: (mouse) => { if (mouse.button === Qt.LeftButton) library.add(item.index) }
                 Rectangle {

@@ -72,6 +72,7 @@ Sheet {
                         property bool takesArrows: true
                         property int stands: 0 // the model is new after each change: the place in it stays
                         onCurrentIndexChanged: if (activeFocus) stands = currentIndex
+                        function press(row, command) { stands = row; currentIndex = row; sheet.waitFor(command) } // the row may be gone by then
                         onModelChanged: { currentIndex = stands; positionViewAtIndex(stands, ListView.Contain) }
                         Accessible.role: Accessible.List
                         Accessible.name: "Keys"
@@ -91,7 +92,7 @@ Sheet {
                             Accessible.onPressAction: sheet.waitFor(modelData.command)
                             Words { x: Theme.gap; height: parent.height; text: line.modelData.title }
                             Words { anchors.right: parent.right; anchors.rightMargin: Theme.wide; height: parent.height; text: line.waits ? "…" : line.modelData.key; color: line.waits ? Theme.accent : Theme.text2 }
-                            MouseArea { id: touch; anchors.fill: parent; hoverEnabled: true; onClicked: { list.stands = line.index; list.currentIndex = line.index; sheet.waitFor(line.modelData.command) } }
+                            MouseArea { id: touch; anchors.fill: parent; hoverEnabled: true; onClicked: list.press(line.index, line.modelData.command) }
                         }
                     }
                 }
