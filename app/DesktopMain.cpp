@@ -8,6 +8,7 @@
 #include "app/options/Options.h"
 #include "app/options/Paths.h"
 #include "app/options/Screen.h"
+#include "platform/base/Heap.h"
 
 #include <QFont>
 #include <QGuiApplication>
@@ -45,6 +46,7 @@ void run(const Arguments& arguments) {
 
 int main(int count, char** words) {
     std::signal(SIGPIPE, SIG_IGN);
+    Heap::keepSmall();
     const Arguments arguments({words, words + count});
     if (!Screen::isThere()) {
         // Pictures need none; windows do, and Qt would abort.

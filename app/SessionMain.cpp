@@ -4,6 +4,7 @@
 #include "app/options/Options.h"
 #include "app/options/Paths.h"
 #include "app/paid/PaidCommands.h"
+#include "platform/base/Heap.h"
 
 #include <QCoreApplication>
 #include <csignal>
@@ -26,6 +27,7 @@ void script(const std::vector<std::string>& words) {
 
 int main(int count, char** words) {
     std::signal(SIGPIPE, SIG_IGN);
+    Heap::keepSmall();
     const QCoreApplication application(count, words);
     const auto match = Options::match(Arguments({words, words + count}));
     const std::string_view option = match ? match->option->name : "";
