@@ -6,23 +6,19 @@ using namespace murbo;
 using namespace murbo::Rows;
 using Kernels::Line;
 
-TEST(AffineRows, texturesTurnAsTheirTwin) {
+TEST(AffineRows, texturesTurnAlikeInRowsOfEveryWidth) {
     const auto stored = pixels(64 * 40);
     for (const auto& [wide, high] : {std::pair{61, 40}, {1, 40}, {2, 1}}) {
         const Kernels::Texture texture{stored.data(), 64 * 4, wide, high};
         for (const auto& [stepU, stepV] : {std::pair{0.9, 0.3}, {-0.7, 0.7}, {0.01, -1.2}, {40.0, 3.0}}) {
-            for (const int width : widths) {
-                const auto expectTurned = [&, wide = wide](const Line& u, const Line& v, int from) {
-                    expectTwins(
-                        std::vector<std::uint8_t>(width * 4 + 8, 1),
-                        [&](auto* out) { Kernels::affineRow(texture, u, v, from, from + width, out); },
-                        [&](auto* out) { Twins::affineRow(texture, u, v, from, from + width, out); },
-                        "turn of " + std::to_string(wide));
-                };
-                expectTurned(Line::through(-20.3, stepU), Line::through(5000, stepV), 1000 - width);
-                expectTurned(Line::through(30 - 900 * stepU, stepU), Line::through(20 - 900 * stepV, stepV),
-                             880);
-            }
+            const auto turned = [&](const Line& u, const Line& v, int from) {
+                expectAlike(
+                    std::vector<std::uint8_t>(longest * 4 + 8, 1), 4,
+                    [&](int width, auto* out) { Kernels::affineRow(texture, u, v, from, from + width, out); },
+                    "a turn");
+            };
+            turned(Line::through(-20.3, stepU), Line::through(5000, stepV), 1000 - longest);
+            turned(Line::through(30 - 900 * stepU, stepU), Line::through(20 - 900 * stepV, stepV), 880);
         }
     }
 }

@@ -9,10 +9,6 @@ using namespace murbo::Pictures;
 
 namespace {
 
-Colour speckled(int x, int y) {
-    return {std::uint8_t(x * 37 + y * 11), std::uint8_t(x * 5 ^ y * 53), std::uint8_t(x * y * 7), 255};
-}
-
 /// The mean colour, by the definition, of what a pixel of a scaled-down speckled bitmap covers.
 Pixel meanOver(const Bitmap& bitmap, double left, double top, double side) {
     double sums[4] = {};

@@ -12,10 +12,6 @@ namespace {
 constexpr Blend blends[] = {Blend::normal,  Blend::multiply, Blend::screen,
                             Blend::overlay, Blend::add,      Blend::softLight};
 
-Image box(const Rect& rect, Colour colour) {
-    return Image::colour(colour).cropped(rect);
-}
-
 /// W3C Compositing and Blending Level 1, 10.1, on straight colours from 0 to 1.
 double blended(Blend blend, double below, double above) {
     const double dark = 2 * above - 1;

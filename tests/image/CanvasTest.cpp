@@ -14,14 +14,6 @@ constexpr Colour red{255, 0, 0, 255};
 constexpr Colour green{0, 255, 0, 255};
 constexpr Colour blue{0, 0, 255, 255};
 
-Image box(const Rect& rect, Colour colour) {
-    return Image::colour(colour).cropped(rect);
-}
-
-Colour speckled(int x, int y) {
-    return {std::uint8_t(x * 37 + y * 11), std::uint8_t(x * 5 ^ y * 53), std::uint8_t(x * y * 7), 255};
-}
-
 }
 
 TEST(Canvas, replacesWhatStoodThere) {

@@ -10,9 +10,6 @@ using namespace murbo::Pictures;
 using namespace murbo::FilterKinds;
 
 TEST(ColourMatrix, changeColoursAsTheyPromise) {
-    const auto seen = [](Colour colour, const Filter& filter) {
-        return at(drawn(Image::colour(colour).filtered(filter), 1, 1), 0, 0);
-    };
     const Colour orange{240, 120, 30, 255};
     const auto grey = seen(orange, Filters::ColourMatrix::mono());
     EXPECT_EQ(grey.red, grey.green);
@@ -39,7 +36,7 @@ TEST(ColourMatrix, sumsAndBendsByItsFormula) {
         if (bent) matrix.lift = {0.2, -0.25, 0.1}, matrix.contrast = 0.15;
         for (int at = 0; at < 400; ++at) {
             const Colour colour{std::uint8_t(at * 77), std::uint8_t(at * 31), std::uint8_t(at * 53), 255};
-            const auto found = Pictures::at(drawn(Image::colour(colour).filtered(matrix), 1, 1), 0, 0);
+            const auto found = seen(colour, matrix);
             const int channels[] = {found.red, found.green, found.blue};
             for (int out = 0; out < 3; ++out) {
                 const auto& row = matrix.rows[out];

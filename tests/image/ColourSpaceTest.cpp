@@ -10,15 +10,6 @@ using namespace murbo::Pictures;
 
 namespace {
 
-Frame form(int width, int height, Frame::Layout layout = Frame::Layout::chroma420, int depth = 8) {
-    Frame frame;
-    frame.width = width;
-    frame.height = height;
-    frame.layout = layout;
-    frame.depth = depth;
-    return frame;
-}
-
 struct Codes {
     double y, u, v;
 };

@@ -5,14 +5,6 @@
 using namespace murbo;
 using namespace murbo::Pictures;
 
-namespace {
-
-Image box(const Rect& rect, Colour colour) {
-    return Image::colour(colour).cropped(rect);
-}
-
-}
-
 TEST(Edges, areSmoothWhereAPictureIsTransformed) {
     const auto moved =
         drawn(box({0, 0, 3, 3}, Colour::white).transformed(Transform().translated(2.25, 1.5)), 8, 8);

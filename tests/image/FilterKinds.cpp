@@ -13,18 +13,12 @@
 #include <cmath>
 
 namespace murbo::FilterKinds {
-namespace {
-
-Colour wavy(int x, int y) {
-    return {std::uint8_t(128 + 100 * std::sin(x * 0.12 + y * 0.02)),
-            std::uint8_t(128 + 90 * std::cos(y * 0.09 - x * 0.05)),
-            std::uint8_t(130 + 90 * std::tanh((x - 80) / 5.0)), 255};
-}
-
-}
-
 Image picture() {
-    return Image::bitmap(Pictures::bitmapOf(side, side, wavy));
+    return Image::bitmap(Pictures::bitmapOf(side, side, Pictures::wavy));
+}
+
+Pictures::Pixel seen(Colour colour, const Filter& filter) {
+    return Pictures::at(Pictures::drawn(Image::colour(colour).filtered(filter), 1, 1), 0, 0);
 }
 
 Filter swapping(float alpha) {

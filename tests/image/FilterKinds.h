@@ -12,6 +12,9 @@ inline constexpr Rect whole{0, 0, side, side};
 /// Soft colours, and one steep edge.
 Image picture();
 
+/// What a filter makes of one colour.
+Pictures::Pixel seen(Colour colour, const Filter& filter);
+
 /// A cube that changes red and blue over and lets through.
 Filter swapping(float alpha);
 

@@ -19,12 +19,6 @@ using namespace murbo::FilterKinds;
 
 namespace {
 
-Colour wavy(int x, int y) {
-    return {std::uint8_t(128 + 100 * std::sin(x * 0.12 + y * 0.02)),
-            std::uint8_t(128 + 90 * std::cos(y * 0.09 - x * 0.05)),
-            std::uint8_t(130 + 90 * std::tanh((x - 80) / 5.0)), 255};
-}
-
 /// Letters of all alphas, with clear between them.
 Image sticker() {
     return Image::bitmap(bitmapOf(side, side, [](int x, int y) {

@@ -10,10 +10,6 @@ namespace {
 constexpr Blend blends[] = {Blend::normal,  Blend::multiply, Blend::screen,
                             Blend::overlay, Blend::add,      Blend::softLight};
 
-Image box(const Rect& rect, Colour colour) {
-    return Image::colour(colour).cropped(rect);
-}
-
 }
 
 TEST(Flattening, blendsAndMasksNestWithoutEnd) {

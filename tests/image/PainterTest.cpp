@@ -10,10 +10,6 @@ namespace {
 constexpr Colour red{255, 0, 0, 255};
 constexpr Colour blue{0, 0, 255, 255};
 
-Image box(const Rect& rect, Colour colour) {
-    return Image::colour(colour).cropped(rect);
-}
-
 }
 
 TEST(Painter, laysOverInOrderAndFades) {

@@ -50,6 +50,24 @@ Bitmap drawn(const Image& image, int width, int height) {
     return bitmap;
 }
 
+Image box(const Rect& rect, Colour colour) {
+    return Image::colour(colour).cropped(rect);
+}
+
+Colour speckled(int x, int y) {
+    return {std::uint8_t(x * 37 + y * 11), std::uint8_t(x * 5 ^ y * 53), std::uint8_t(x * y * 7), 255};
+}
+
+Colour wavy(int x, int y) {
+    return {std::uint8_t(128 + 100 * std::sin(x * 0.12 + y * 0.02)),
+            std::uint8_t(128 + 90 * std::cos(y * 0.09 - x * 0.05)),
+            std::uint8_t(130 + 90 * std::tanh((x - 80) / 5.0)), 255};
+}
+
+Frame form(int width, int height, Frame::Layout layout, int depth) {
+    return {.width = width, .height = height, .layout = layout, .depth = depth};
+}
+
 Bitmap bitmapOf(int width, int height, const std::function<Colour(int x, int y)>& colour) {
     Bitmap bitmap(width, height);
     for (int y = 0; y < height; ++y) {

@@ -23,12 +23,22 @@ int difference(const Planes& one, const Planes& other);
 
 Bitmap drawn(const Image& image, int width, int height);
 
+/// A rectangle of one colour.
+Image box(const Rect& rect, Colour colour);
+
+/// Colours by place: fine detail without order, and soft ones with one steep edge.
+Colour speckled(int x, int y);
+Colour wavy(int x, int y);
+
 /// A bitmap of opaque colours by place.
 Bitmap bitmapOf(int width, int height, const std::function<Colour(int x, int y)>& colour);
 
 /// A value of 0 to 1 for each sample of a plane (0 Y', 1 Cb, 2 Cr, 3 alpha), at the sample's middle in the
 /// plane's share of the picture, 0 to 1.
 using Samples = std::function<double(int plane, double x, double y)>;
+
+/// A frame without planes.
+Frame form(int width, int height, Frame::Layout layout = Frame::Layout::chroma420, int depth = 8);
 
 /// Fills planes of the kind that `form` describes (its size, layout, depth and flags) with codes from the
 /// whole range.

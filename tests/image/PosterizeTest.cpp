@@ -10,9 +10,6 @@ using namespace murbo::Pictures;
 using namespace murbo::FilterKinds;
 
 TEST(Posterize, takesTheNearestOfEvenSteps) {
-    const auto seen = [](Colour colour, const Filter& filter) {
-        return at(drawn(Image::colour(colour).filtered(filter), 1, 1), 0, 0);
-    };
     const Colour orange{240, 120, 30, 255};
     EXPECT_EQ(seen(orange, Filters::Posterize{6}), (Pixel{255, 102, 51, 255}));
     for (const int levels : {2, 3, 7, 64, 255}) {

@@ -10,53 +10,72 @@ using Kernels::Taps;
 
 namespace {
 
-Columns columns(double step, int outputs, int samples, int values, double offset = -1.3) {
-    return Columns(Line::through(offset, step), 0, outputs, 0, samples, values);
-}
-
-}
-
-TEST(Resampling, rowsBlendAsTheirTwin) {
-    auto stored = bytes(6 * 700);
-    const std::int16_t weights[] = {9000, 3000, 12000, 768, 5000, 3000};
-    for (const Kernels::SampleDepth depth : {Kernels::SampleDepth{1, 7, 0}, {2, 0, 1}, {2, 5, 0}}) {
-        // Words of ten bits have nothing above them.
-        for (std::size_t at = 1 + 1; depth.left == 5 && at < stored.size(); at += 2) stored[at] &= 3;
-        for (const int width : widths) {
-            for (int taps = 1; taps <= 6; ++taps) {
-                const std::uint8_t* rows[6];
-                for (int row = 0; row < 6; ++row) rows[row] = &stored[std::size_t(row) * 700 + 1];
-                const auto blend = [&](auto function) {
-                    return [=, &rows, &weights](std::int16_t* out) {
-                        function(rows, weights, taps, depth, width, out);
-                    };
-                };
-                expectTwins(std::vector<std::int16_t>(width + 8, 99), blend(Kernels::blendRows),
-                            blend(Twins::blendRows),
-                            std::to_string(taps) + " rows of " + std::to_string(width));
-            }
+/// The slow, obvious way.
+void plainly(const Columns& columns, int to, const std::int16_t* in, std::int16_t* out) {
+    const auto& taps = columns.taps;
+    for (int at = 0; at < to * columns.values; ++at) {
+        const auto& output = taps.outputs[at / columns.values - taps.from];
+        const auto sample = [&](int tap) {
+            return in[(output.first - taps.low + tap) * columns.values + at % columns.values];
+        };
+        int sum = 0;
+        int differences = sample(0);
+        for (int tap = 0; tap < output.count; ++tap) {
+            const int weight = taps.weights[output.weights + tap];
+            sum += sample(tap) * weight;
+            if (tap > 0) differences += part(sample(tap) - sample(0), weight);
         }
+        *out++ = std::int16_t(taps.sum == Taps::Sum::differences ? differences : (sum + (1 << 13)) >> 14);
     }
 }
 
-TEST(Resampling, rowsResampleAsTheirTwin) {
+}
+
+TEST(Resampling, rowsBlendByTheirWeights) {
+    auto stored = bytes(6 * 700);
+    const std::int16_t weights[] = {9000, 3000, 12000, 768, 5000, 3000};
+    const std::uint8_t* rows[6];
+    for (int row = 0; row < 6; ++row) rows[row] = &stored[std::size_t(row) * 700 + 1];
+    for (const Kernels::SampleDepth depth : {Kernels::SampleDepth{1, 7, 0}, {2, 0, 1}, {2, 5, 0}}) {
+        // Words of ten bits have nothing above them.
+        for (std::size_t at = 1 + 1; depth.left == 5 && at < stored.size(); at += 2) stored[at] &= 3;
+        const auto level = [&](int row, int at) -> int {
+            if (depth.bytes == 1) return rows[row][at] << 7;
+            const int word = rows[row][2 * at] | rows[row][2 * at + 1] << 8;
+            return std::int16_t((word << depth.left) >> depth.right);
+        };
+        for (int taps = 1; taps <= 6; ++taps)
+            expectRows(
+                std::vector<std::int16_t>(longest + 8, 99), 1,
+                [&](int width, auto* out) { Kernels::blendRows(rows, weights, taps, depth, width, out); },
+                [&](int at) {
+                    int sum = level(0, at);
+                    for (int tap = 1; tap < taps; ++tap)
+                        sum += part(level(tap, at) - level(0, at), weights[tap]);
+                    return sum;
+                },
+                std::to_string(taps) + " rows");
+    }
+}
+
+TEST(Resampling, rowsResampleAsThePlainWay) {
     for (const double step : {0.1, 0.49, 0.85, 1.0, 1.126, 1.74, 1.76, 3.3, 9.7, -0.6, -1.2, -2.5}) {
         for (const int values : {1, 4}) {
             for (const int outputs : {1, 3, 8, 61, 203}) {
-                const auto across = columns(step, outputs, 200, values, step < 0 ? 201.4 : -1.3);
+                const Columns across(Line::through(step < 0 ? 201.4 : -1.3, step), 0, outputs, 0, 200,
+                                     values);
                 const auto& taps = across.taps;
                 const auto in =
                     random<std::int16_t>((taps.high - taps.low) * values + Kernels::slack, 0, 32767);
-                const std::vector<std::int16_t> target((outputs + 8) * values, 0);
-                const auto run = [&](auto function) {
-                    return [&, function](std::int16_t* out) {
-                        function(across, 0, outputs, in.data(), out);
-                        std::fill(out + outputs * values, out + target.size(), std::int16_t(0));
-                    };
-                };
-                expectTwins(target, run(Kernels::resampleRow), run(Twins::resampleRow),
-                            "step " + std::to_string(step) + ", " + std::to_string(outputs) + " of " +
-                                std::to_string(values));
+                std::vector<std::int16_t> expected(outputs * values);
+                plainly(across, outputs, in.data(), expected.data());
+                onEachTarget([&](const char* name) {
+                    std::vector<std::int16_t> found((outputs + 8) * values); // the last group is whole
+                    Kernels::resampleRow(across, 0, outputs, in.data(), found.data());
+                    found.resize(expected.size());
+                    EXPECT_EQ(found, expected)
+                        << step << ", " << outputs << " of " << values << " on " << name;
+                });
             }
         }
     }

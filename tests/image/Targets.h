@@ -25,17 +25,4 @@ void onEachTarget(Check check) {
     hwy::GetChosenTarget().Update(all);
 }
 
-/// What a kernel and its twin make of the same, on each instruction set; what lies past the end must stay.
-template <typename T, typename Kernel, typename Twin>
-void expectTwins(std::vector<T> target, const Kernel& kernel, const Twin& twin, const std::string& what) {
-    std::vector<T> expected = target;
-    twin(expected.data());
-    onEachTarget([&](const char* name) {
-        std::vector<T> found = target;
-        kernel(found.data());
-        const auto at = std::mismatch(found.begin(), found.end(), expected.begin()).first - found.begin();
-        EXPECT_EQ(at, found.end() - found.begin()) << what << " on " << name;
-    });
-}
-
 }

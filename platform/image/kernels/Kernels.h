@@ -7,8 +7,8 @@
 #include <cstdint>
 
 /// The inner loops of all drawing: rows of samples and pixels, in whole numbers only, so that every
-/// instruction set gives the same bytes. They know nothing of images. Each has a slow, obvious twin in the
-/// tests.
+/// instruction set gives the same bytes. They know nothing of images. The tests hold each against a
+/// formula or a plain way.
 ///
 /// Between source and pixel a sample has 15 bits ("a level" is 128 of them): 8-bit samples times 128, deeper
 /// ones likewise aligned.
