@@ -117,15 +117,6 @@ TEST(Files, whatIsNoFileIsNeverReplaced) {
     EXPECT_EQ(entriesIn(folder.path), 3);
 }
 
-TEST(Files, aReadOnlyFolderIsRefused) {
-    if (::geteuid() == 0) GTEST_SKIP() << "Root may write everywhere.";
-    const TemporaryFolder folder;
-    fs::permissions(folder.path, fs::perms(0555));
-    EXPECT_EQ(problemOf([&] { Files::writeWhole(folder / "a", "x"); }),
-              "“a” could not be written: you have no permission.");
-    fs::permissions(folder.path, fs::perms(0755));
-}
-
 TEST(Files, writersOfOnePathNeverMixTheirBytes) {
     const TemporaryFolder folder;
     const auto path = folder / "file";

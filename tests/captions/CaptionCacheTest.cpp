@@ -1,4 +1,6 @@
 #include "core/render/captions/CaptionCache.h"
+#include "platform/image/draw/Canvas.h"
+#include "tests/SameBitmaps.h"
 
 #include <thread>
 
@@ -49,12 +51,21 @@ TEST(CaptionCache, theOneThatWouldTakeItOver16MillionPixelsEmptiesIt) {
     }
 }
 
-TEST(CaptionCache, threadsMayAskAtOnce) {
+TEST(CaptionCache, threadsMayAskAtOnceAndGetTheSameBytes) {
     CaptionCache cache;
+    std::vector<Bitmap> alone;
+    const auto drawn = [](const Image& image) { return Canvas::bitmap(image, image.extent()); };
+    for (int number = 0; number < 40; ++number)
+        alone.push_back(drawn(*CaptionPicture::draw(request(number, 0.3))));
     std::vector<std::jthread> threads;
     for (int thread = 0; thread < 8; ++thread)
-        threads.emplace_back([&] {
-            for (int number = 0; number < 40; ++number) EXPECT_TRUE(cache.picture(request(number)));
+        threads.emplace_back([&, thread] {
+            for (int step = 0; step < 40; ++step) {
+                const int number = (step + thread * 5) % 40;
+                const auto picture = cache.picture(request(number, 0.3));
+                ASSERT_TRUE(picture);
+                EXPECT_TRUE(same(drawn(*picture), alone[std::size_t(number)])) << number;
+            }
         });
     threads.clear();
     EXPECT_EQ(cache.count(), 40u);

@@ -1,7 +1,5 @@
 #include "core/render/captions/CaptionPicture.h"
-
-#include <random>
-#include <thread>
+#include "tests/SameBitmaps.h"
 
 #include <gtest/gtest.h>
 
@@ -21,13 +19,6 @@ Request request(const std::string& text, const CaptionStyle& style = {}) {
 
 Bitmap drawn(const Request& asked) {
     return CaptionPicture::bitmap(asked).value_or(Bitmap());
-}
-
-bool same(const Bitmap& a, const Bitmap& b) {
-    bool equal = a.width() == b.width() && a.height() == b.height();
-    for (int y = 0; equal && y < a.height(); ++y)
-        equal = std::equal(a.row(y), a.row(y) + a.width() * 4, b.row(y));
-    return equal;
 }
 
 /// The pixels of which something holds, and the box round them.
@@ -233,28 +224,6 @@ TEST(CaptionPicture, absurdRequestsGiveNothingSoonAndStrangeOnesStillDraw) {
         EXPECT_TRUE(CaptionPicture::draw(request("Hi", style))) << number;
         style.weight.reset();
     }
-}
-
-TEST(CaptionPicture, anyThreadInAnyOrderDrawsTheSameBytes) {
-    std::vector<Request> requests;
-    std::vector<Bitmap> expected;
-    for (int index = 0; index < 12; ++index) {
-        requests.push_back(
-            request(everyScript + std::to_string(index), {.outline = "000000", .shadow = index % 2 == 0}));
-        requests.back().scale = index % 3 ? 0.5 : 0.37;
-        expected.push_back(drawn(requests.back()));
-    }
-    std::atomic<int> wrong = 0;
-    std::vector<std::jthread> threads;
-    for (unsigned seed = 0; seed < 8; ++seed)
-        threads.emplace_back([&, seed] {
-            std::vector<std::size_t> order(requests.size());
-            for (std::size_t at = 0; at < order.size(); ++at) order[at] = at;
-            std::shuffle(order.begin(), order.end(), std::mt19937(seed));
-            for (const std::size_t at : order) wrong += !same(drawn(requests[at]), expected[at]);
-        });
-    threads.clear();
-    EXPECT_EQ(wrong, 0);
 }
 
 TEST(CaptionPicture, lettersThatNoFontHasAreTold) {

@@ -39,30 +39,6 @@ int roughness(const AVFrame& frame) {
 
 }
 
-TEST(Deinterlacer, givesOneWholePictureForEachWithItsTime) {
-    auto first = comb(40, 200, 1000, true);
-    auto made = Deinterlacer::make(*first, {1, 90'000});
-    ASSERT_TRUE(made);
-    auto out = ffmpeg::makePicture();
-    EXPECT_FALSE(made->take(out.get()));
-    ASSERT_TRUE(made->put(first.get()));
-    EXPECT_FALSE(made->take(out.get())) << "it waits for its neighbour";
-    for (int number = 1; number < 4; ++number) {
-        const bool turned = number % 2 == 1;
-        ASSERT_TRUE(made->put(comb(turned ? 200 : 40, turned ? 40 : 200, 1000 + number * 3600, true).get()));
-        ASSERT_TRUE(made->take(out.get()));
-        EXPECT_EQ(out->pts, 1000 + (number - 1) * 3600);
-        EXPECT_LT(roughness(*out), 80) << "no comb is left";
-        av_frame_unref(out.get());
-    }
-    EXPECT_FALSE(made->take(out.get()));
-    EXPECT_TRUE(made->end());
-    EXPECT_FALSE(made->end()) << "once";
-    ASSERT_TRUE(made->take(out.get()));
-    EXPECT_EQ(out->pts, 1000 + 3 * 3600);
-    EXPECT_FALSE(made->take(out.get()));
-}
-
 TEST(Deinterlacer, wholePicturesPassAsTheyAre) {
     auto made = Deinterlacer::make(*comb(40, 200, 0, false), {1, 25});
     ASSERT_TRUE(made);

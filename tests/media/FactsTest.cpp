@@ -4,17 +4,7 @@
 #include <gtest/gtest.h>
 
 using namespace murbo;
-
-namespace {
-
-const std::string pattern = "-f lavfi -i testsrc=s=320x180:r=30:d=4 -f lavfi -i sine=d=4 ";
-const std::string x264 = "-c:v libx264 -preset ultrafast -pix_fmt yuv420p ";
-
-MediaFacts factsOf(const char* name, const std::string& arguments) {
-    return MediaFile::facts(made::file(name, arguments));
-}
-
-}
+using namespace murbo::made;
 
 TEST(Facts, countsTracksAndTurnsAndAspects) {
     MURBO_NEEDS_FFMPEG();

@@ -208,29 +208,3 @@ TEST(FrameReader, passesOverWhatIsBroken) {
         }
     }
 }
-
-TEST(FrameReader, aStretchFromAPicturesOwnTimeShowsEachPictureOnce) {
-    MURBO_NEEDS_FFMPEG();
-    const std::tuple<std::string, const char*, double> kinds[] = {{"a.mkv", "24000/1001", 24000 / 1001.0},
-                                                                  {"b.ts", "60000/1001", 60000 / 1001.0},
-                                                                  {"c.mkv", "30", 30},
-                                                                  {"d.mp4", "24", 24}};
-    for (const auto& [name, written, rate] : kinds) {
-        const auto path = made::file("rate-" + name, std::string("-f lavfi -i testsrc2=s=64x36:d=2:r=") +
-                                                         written + " -c:v libx264 -bf 2 -pix_fmt yuv420p");
-        const auto shown = made::pictures(path);
-        ASSERT_FALSE(shown.empty());
-        FrameReader reader = FrameReader::open(path);
-        const auto grid = reader.facts().picture->grid;
-        for (const std::size_t first : {7u, 11u, 21u}) {
-            const auto start = grid.near(std::round(double(first) / rate * 600) / 600, 0.5 / 600);
-            ASSERT_TRUE(start) << name;
-            for (std::size_t step = 0; first + step + 1 < shown.size(); ++step) {
-                const auto given = reader.at(*start + double(step) / rate);
-                ASSERT_TRUE(given);
-                EXPECT_EQ(made::sum(given->frame), shown[first + step].sum)
-                    << name << " picture " << first + step << ", given " << given->time;
-            }
-        }
-    }
-}

@@ -88,25 +88,6 @@ TEST(Muxer, bringsTheIndexToTheFrontOfAFileLargerThanItsBuffers) {
         ASSERT_EQ(found[static_cast<std::size_t>(number)], (std::array{0, 40 * number, number % 256}));
 }
 
-TEST(Muxer, aFullDiskIsSaidAndLeavesWhatWasThere) {
-    const TemporaryFolder folder;
-    const auto path = folder.file("movie.mp4", "old");
-    std::string problem;
-    {
-        const FullDisk disk(100'000);
-        problem = problemOf([&] {
-            Muxer muxer(path);
-            const auto* track = muxer.addTrack(*codec(32));
-            muxer.begin();
-            write(muxer, track, 3000);
-            muxer.finish();
-        });
-    }
-    EXPECT_EQ(problem, "“movie.mp4” could not be written: it is too large.");
-    EXPECT_EQ(contentsOf(path), "old");
-    EXPECT_EQ(entriesIn(folder.path), 1);
-}
-
 TEST(Muxer, withoutATrackThereIsNoMovie) {
     const TemporaryFolder folder;
     Muxer muxer(folder / "movie.mp4");

@@ -76,28 +76,6 @@ TEST(SoundReader, readsTheSoundThatIsThereAndTheSameAfterAJump) {
     }
 }
 
-TEST(SoundReader, keepsAClickInItsPlace) {
-    MURBO_NEEDS_FFMPEG();
-    const std::string click =
-        "-f lavfi -i \"aevalsrc='if(eq(n,48000),0.9,0)|if(eq(n,48000),0.9,0)':s=48000:d=3\" ";
-    const std::string picture = "-f lavfi -i testsrc=s=64x64:d=3:r=30 ";
-    const std::pair<const char*, std::string> files[] = {
-        {"click.mp4", picture + click + "-c:a aac -c:v libx264 -g 90"},
-        {"click.mov", picture + click + "-c:a pcm_s16le -c:v mpeg4"},
-        {"click.mkv", picture + click + "-c:a flac -c:v libx264"},
-        {"click.mp3", click + "-c:a libmp3lame"},
-        {"click.opus", click + "-c:a libopus"},
-        {"click.ts", picture + click + "-c:a mp2 -c:v mpeg2video"},
-    };
-    for (const auto& [name, arguments] : files) {
-        SoundReader reader = SoundReader::open(made::file(name, arguments));
-        std::vector<float> whole(3 * Sound::rate * 2);
-        reader.read(0, whole);
-        // Streams of packets are written with the coder's delay at their start.
-        EXPECT_NEAR(clickAt(whole), 1.0, std::string_view(name) == "click.ts" ? 0.011 : 0.0002) << name;
-    }
-}
-
 TEST(SoundReader, isSilentWhereThereIsNoSound) {
     MURBO_NEEDS_FFMPEG();
     const auto late = made::file("late.mp4",

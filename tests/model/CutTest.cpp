@@ -1,5 +1,7 @@
 #include "core/model/Cut.h"
 
+#include <cmath>
+
 #include <gtest/gtest.h>
 
 namespace murbo {
@@ -7,6 +9,7 @@ namespace murbo {
 TEST(Cut, lastsWholeTicksAndNeverLessThanNothing) {
     EXPECT_EQ((Cut{.start = 2.033, .end = 4}.length()), 4 - 1220 / 600.0);
     EXPECT_EQ((Cut{.start = 29, .end = 20}.length()), 0);
+    EXPECT_EQ((Cut{.start = std::nan(""), .end = 20}.length()), 0);
     EXPECT_EQ(Cut::generated("card", 2, std::nullopt, 0.05).length(), 0.1);
 }
 

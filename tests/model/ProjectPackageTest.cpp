@@ -162,20 +162,3 @@ TEST_F(Package, aNumberThatCannotBeWrittenCostsNothing) {
     EXPECT_THROW(ProjectPackage::write(broken, folder.path, &project), Problem);
     EXPECT_EQ(ProjectPackage::read(folder.path), project);
 }
-
-TEST_F(Package, survivesBeingKilledWhileItIsSaved) {
-    project.transcripts[project.sources[1].id].lines = std::vector<Line>(2000);
-    ProjectPackage::write(project, folder.path, nullptr);
-    for (int round = 0; round < 20; ++round) {
-        const auto child = ::fork();
-        ASSERT_GE(child, 0);
-        while (child == 0) {
-            ++project.lastClip;
-            ProjectPackage::write(project, folder.path, nullptr);
-        }
-        ::usleep(static_cast<useconds_t>(1000 + 611 * round));
-        ::kill(child, SIGKILL);
-        ::waitpid(child, nullptr, 0);
-        ASSERT_EQ(faultOf(folder.path), std::nullopt);
-    }
-}

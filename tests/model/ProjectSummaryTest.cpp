@@ -97,32 +97,3 @@ TEST(ProjectSummary, clocksRoundDownAndNeverEndTheProcess) {
                                          {1e300, "?"}})
         EXPECT_EQ(ProjectSummary::clock(seconds), shown);
 }
-
-TEST_F(Recording, tagsBelongToLinesByTheirMiddle) {
-    project.clips.edit() = {clip(5, 10, 20), clip(100, 40, 50), {.source = UUID::make(), .end = 100}};
-    project.clips.edit()[0].part = "b";
-    // The third and fourth of those in C05b begin together and keep their order.
-    const std::tuple<double, double, const char*> cases[] = {
-        {20, 20, "none"},    {10, 10, "C05b.02"}, {12, 30, "none"},   {12, 13, "C05b.03"},
-        {12, 14, "C05b.04"}, {8, 14, "C05b.01"},  {44, 45, "C100.01"}};
-    for (const auto& [start, end, _] : cases)
-        transcript().lines.edit().push_back({.start = start, .end = end, .gone = start == 12});
-    const auto tags = Tags::on(source(), project);
-    for (std::size_t at = 0; at < std::size(cases); ++at) {
-        const auto found = tags.find(transcript().lines[at].id);
-        EXPECT_EQ(found == tags.end() ? "none" : found->second, std::get<2>(cases[at])) << at;
-    }
-}
-
-TEST_F(Recording, theLaterOfTwoOverlappingClipsNamesTheLine) {
-    project.clips.edit() = {clip(2, 0, 10), clip(1, 5, 15)};
-    transcript().lines.edit() = {{.start = 7, .end = 8}, {.start = 1, .end = 2}};
-    transcript().notes.edit() = {{.start = 3}};
-    const auto tags = Tags::on(source(), project);
-    EXPECT_EQ(tags.at(transcript().lines[0].id), "C01.01");
-    EXPECT_EQ(tags.at(transcript().lines[1].id), "C02.01");
-    EXPECT_EQ(tags.at(transcript().notes[0].id), "C02.n1");
-    EXPECT_THAT(ProjectSummary::text(project, {}), HasSubstr("    C02  0:00–0:10  1 line, 1 note\n"
-                                                             "    C01  0:05–0:15  1 line\n"));
-    EXPECT_TRUE(Tags::on(UUID::make(), project).empty());
-}

@@ -152,18 +152,6 @@ TEST(VideoEdits, takesQuietOut) {
     }
 }
 
-TEST(VideoEdits, turnsSoundOffForAllNamedThenOnForAll) {
-    auto video = threeCuts();
-    video.cuts.edit()[0].muted = true;
-    const std::vector named{video.cuts[0].id, video.cuts[1].id};
-    VideoEdits::toggleMute(video, named);
-    EXPECT_EQ(video.cuts[1].muted, true);
-    EXPECT_EQ(video.cuts[2].muted, std::nullopt);
-    VideoEdits::toggleMute(video, named);
-    EXPECT_EQ(video.cuts[0].muted, std::nullopt);
-    EXPECT_EQ(video.cuts[1].muted, std::nullopt);
-}
-
 TEST(VideoEdits, aSeamRollsWithinBothCutsAndNothingElseMoves) {
     const std::tuple<double, std::string> cases[] = {{23, "10-12 20-23 29-33 "},
                                                      {26, "10-12 20-26 32-33 "},

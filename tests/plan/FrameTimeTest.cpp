@@ -68,10 +68,3 @@ TEST(FrameTime, aCutEndsBeforeThePictureAtItsEnd) {
     }
     EXPECT_EQ(FrameTime::lastMoment({.start = 1, .end = 1.001}, nullptr), 1);
 }
-
-TEST(FrameTime, cutsAreWholeTicksLongAndNeverLessThanNothing) {
-    EXPECT_DOUBLE_EQ((Cut{.start = 2.033, .end = 3.1}).length(), 32 / 30.0);
-    EXPECT_DOUBLE_EQ((Cut{.start = 0.5, .end = 3}).length(), 2.5);
-    EXPECT_EQ((Cut{.start = 29, .end = 20}).length(), 0);
-    EXPECT_EQ((Cut{.start = NAN, .end = 20}).length(), 0);
-}

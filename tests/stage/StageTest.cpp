@@ -1,31 +1,12 @@
 #include "tests/stage/Staged.h"
 
-#include <algorithm>
-#include <array>
 #include <ctime>
-#include <numeric>
-#include <random>
-#include <thread>
 
 #include <gtest/gtest.h>
 
 using namespace murbo;
 
 namespace {
-
-constexpr const char* white = "FFFFFF";
-constexpr const char* black = "000000";
-
-std::string rect(const std::string& more) {
-    return R"({"shape": "rect", "w": 0.5, "h": 0.25, )" + more + "}";
-}
-
-/// Which of some pixels are white.
-std::string seen(const Bitmap& bitmap, const std::vector<std::pair<int, int>>& places) {
-    std::string result;
-    for (const auto& [x, y] : places) result += at(bitmap, x, y) == white ? '#' : '.';
-    return result;
-}
 
 const std::string impact =
     R"({"slot": "under", "fill": true, "keys": [{"t": 0, "scale": 1.22}, {"t": 3, "scale": 1}]},
@@ -90,27 +71,4 @@ TEST(Stage, areDrawnInATimeThatTheirNumberDoesNotSet) {
     const std::clock_t start = std::clock();
     stage.drawn(many);
     EXPECT_LT(double(std::clock() - start) / CLOCKS_PER_SEC, 2);
-}
-
-TEST(Stage, makeTheSameFramesInAnyOrderAndOnAnyThread) {
-    Staged stage(90, 160, {40, 80, 120});
-    const auto overlay =
-        Staged::placed(impact + R"(, {"shape": "round", "w": 0.4, "in": "pop", "hold": "shake"},
-            {"text": "Hi", "in": "spin", "out": "drop", "hold": "wobble"},
-            {"particles": "confetti", "drift": "burst"}, {"slot": "under", "effects": ["vhs"], "w": 0.3})",
-                       3, R"({"in": 0.5, "out": 0.5})");
-    std::vector<int> order(30);
-    std::iota(order.begin(), order.end(), 0);
-    std::vector<Bitmap> forward;
-    for (const int i : order) forward.push_back(stage.drawn(overlay, i / 10.0));
-    std::shuffle(order.begin(), order.end(), std::mt19937(7));
-    std::vector<std::thread> threads;
-    std::array<bool, 2> equal{true, true};
-    for (int worker = 0; worker < 2; ++worker)
-        threads.emplace_back([&, worker] {
-            for (const int i : order)
-                equal[worker] = equal[worker] && same(stage.drawn(overlay, i / 10.0), forward[i]);
-        });
-    for (auto& thread : threads) thread.join();
-    EXPECT_TRUE(equal[0] && equal[1]);
 }

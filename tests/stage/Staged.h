@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace murbo {
 
@@ -57,6 +58,21 @@ inline std::string at(const Bitmap& bitmap, int x, int y) {
     char text[8];
     std::snprintf(text, sizeof text, "%02X%02X%02X", pixel[2], pixel[1], pixel[0]);
     return text;
+}
+
+inline constexpr const char* white = "FFFFFF";
+inline constexpr const char* black = "000000";
+
+/// Which of some pixels are white.
+inline std::string seen(const Bitmap& bitmap, const std::vector<std::pair<int, int>>& places) {
+    std::string result;
+    for (const auto& [x, y] : places) result += at(bitmap, x, y) == white ? '#' : '.';
+    return result;
+}
+
+/// A layer of a rectangle, in JSON.
+inline std::string rect(const std::string& more) {
+    return R"({"shape": "rect", "w": 0.5, "h": 0.25, )" + more + "}";
 }
 
 }

@@ -4,24 +4,6 @@
 
 using namespace murbo;
 
-namespace {
-
-constexpr const char* white = "FFFFFF";
-constexpr const char* black = "000000";
-
-std::string rect(const std::string& more) {
-    return R"({"shape": "rect", "w": 0.5, "h": 0.25, )" + more + "}";
-}
-
-/// Which of some pixels are white.
-std::string seen(const Bitmap& bitmap, const std::vector<std::pair<int, int>>& places) {
-    std::string result;
-    for (const auto& [x, y] : places) result += at(bitmap, x, y) == white ? '#' : '.';
-    return result;
-}
-
-}
-
 TEST(StagedLayer, standsWhereItsNumbersSay) {
     const Staged stage(80, 160);
     // Just inside and just outside of each side.
