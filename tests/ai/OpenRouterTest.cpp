@@ -83,6 +83,7 @@ TEST(OpenRouter, saysWhyNoAnswerCame) {
                              R"({"choices": [{"message": {"content": ""}}]})", R"({"choices": "x"})",
                              R"({"choices": [{"message": {"content": 5}}]})"})
         EXPECT_EQ(failure(200, body), unread) << body;
+    EXPECT_EQ(failure(200, std::string(10'000, '[')), unread);
     EXPECT_EQ(failure(500, answered("text all the same")), unread);
     EXPECT_EQ(problemOf([] { OpenRouter("").send(hello, "m"); }),
               "Add your OpenRouter key in Settings ▸ AI to use the AI features.");

@@ -67,11 +67,3 @@ TEST_F(VideoChangeTest, atMostTwentyReasonsAreGiven) {
     many.resize(22, "y");
     EXPECT_TRUE(VideoChange::leftOut(many).ends_with("; x; and 2 more."));
 }
-
-TEST_F(VideoChangeTest, aNumberMayStandInAText) {
-    EXPECT_EQ(VideoChange::number(1.5), 1.5);
-    EXPECT_EQ(VideoChange::number(" -2.5 "), -2.5);
-    EXPECT_EQ(VideoChange::number(""), std::nullopt);
-    EXPECT_EQ(VideoChange::number("2 s"), std::nullopt);
-    EXPECT_EQ(VideoChange::number(true), std::nullopt);
-}

@@ -94,14 +94,6 @@ TEST(Transcription, estimatesWhatScribeCosts) {
     EXPECT_DOUBLE_EQ(Transcription::scribeCost(90), 0.01);
 }
 
-TEST_F(RealWhisper, hearsKnownWordsAtTheirTimes) {
-    const auto lines = hear(0, 25);
-    expectSaid(lines, 1.00, 2.87, "welcome to our film");
-    expectSaid(lines, 5.00, 6.95, "river runs through the old town");
-    expectSaid(lines, 9.00, 10.76, "seven eight nine");
-    expectSaid(lines, 13.00, 14.84, "in the town");
-}
-
 TEST_F(RealWhisper, hearsAStretchOnTheSourcesOwnTime) {
     const auto lines = hear(8, 18);
     expectSaid(lines, 9.00, 10.76, "seven eight nine");
