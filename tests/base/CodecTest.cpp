@@ -1,5 +1,6 @@
 #include "platform/base/Codec.h"
 #include "platform/base/Problem.h"
+#include "tests/ProblemOf.h"
 
 #include <limits>
 
@@ -56,15 +57,6 @@ struct Forgetful {
 };
 static_assert(!Record<Forgetful>);
 
-std::string faultOf(std::string_view text) {
-    try {
-        Codec::decode<Tree>(text);
-    } catch (const Problem& problem) {
-        return problem.message();
-    }
-    return "none";
-}
-
 }
 
 TEST(Codec, writesKeysInByteOrderAndLeavesOutWhatHasNoValue) {
@@ -111,7 +103,8 @@ TEST(Codec, namesThePlaceOfAFault) {
          "named.a: the key “colour” is missing"},
         {R"({"rings": 1, "leaves": [], "seed": "A==="})", "seed: base64 text is expected"},
     };
-    for (const auto& [text, fault] : faults) EXPECT_THAT(faultOf(text), HasSubstr(fault)) << text;
+    for (const auto& [text, fault] : faults)
+        EXPECT_THAT(problemOf([&] { Codec::decode<Tree>(text); }), HasSubstr(fault)) << text;
 }
 
 TEST(Codec, takesWhatIsHarmless) {
@@ -136,12 +129,7 @@ TEST(Codec, aLenientRecordTakesItsDefaultsButNoWrongKind) {
 
 TEST(Codec, refusesToWriteWhatNobodyCouldRead) {
     Tree tree{1, std::vector<Leaf>{{}, {Leaf::Colour::red, std::numeric_limits<double>::infinity()}}, {}, {}};
-    try {
-        Codec::encode(tree);
-        FAIL();
-    } catch (const Problem& problem) {
-        EXPECT_EQ(problem.message(), "leaves[2].weight: this number is not finite");
-    }
+    EXPECT_EQ(problemOf([&] { Codec::encode(tree); }), "leaves[2].weight: this number is not finite");
     EXPECT_THROW(Codec::encode(std::string("\xE0\xB8 cut short")), Problem);
 }
 

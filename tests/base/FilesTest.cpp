@@ -61,15 +61,6 @@ TEST(Files, aFileStaysItsOwners) {
     EXPECT_EQ(facts.st_mode & 07777, 0600u);
 }
 
-TEST(Files, whatOthersPutInTheWayOfANewFileIsPassedBy) {
-    const TemporaryFolder folder;
-    fs::create_directory(folder / ".file.0.new");
-    fs::create_symlink("nowhere", folder / ".file.1.new");
-    Files::writeWhole(folder / "file", "bytes");
-    EXPECT_EQ(Files::readWhole(folder / "file", plenty), "bytes");
-    EXPECT_EQ(entriesIn(folder.path), 3);
-}
-
 TEST(Files, aFailedWriteLeavesTheOldFileAndNothingElse) {
     const TemporaryFolder folder;
     const auto path = folder / "project.json";

@@ -52,29 +52,3 @@ TEST(Process, waitsNoLongerThanAskedAndCanBeWoken) {
     EXPECT_FALSE(process.succeeded());
     process.end();
 }
-
-TEST(Process, keepsTheEndOfManyWords) {
-    Process process(shell,
-                    {"-c", "i=0; while [ $i -lt 3000 ]; do printf '%0100d\\n' $i >&2; i=$((i+1)); done"});
-    EXPECT_TRUE(process.wait(late(), -1));
-    const auto& words = process.lastWords();
-    EXPECT_TRUE(words.ends_with("2999\n"));
-    EXPECT_GE(words.size(), 1u << 16);
-    EXPECT_LE(words.size(), 2u << 16);
-}
-
-TEST(Process, getsOnlyItsArgumentsAndAQuietEnvironment) {
-    const TemporaryFolder folder;
-    const auto out = (folder / "out").string();
-    Process process(shell, {"-c", "echo \"$1|$2|$OMP_WAIT_POLICY\" >\"$0\"; umask >>\"$0\"", out, "a b", ""});
-    EXPECT_TRUE(process.wait(late(), -1));
-    EXPECT_EQ(contentsOf(out), "a b||passive\n0077\n");
-}
-
-TEST(Process, namesWhatCouldNotBeStarted) {
-    const TemporaryFolder folder;
-    EXPECT_EQ(problemOf([&] { Process(folder / "none", {}); }),
-              "none could not be started: it does not exist.");
-    EXPECT_EQ(problemOf([&] { Process(folder.file("plain"), {}); }),
-              "plain could not be started: you have no permission.");
-}

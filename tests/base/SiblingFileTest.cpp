@@ -47,21 +47,6 @@ TEST(SiblingFile, aLongNameIsShortenedAndAFailureNamesThePlace) {
               "“a.txt” could not be written: a file stands where a folder is needed.");
 }
 
-TEST(SiblingFile, onlyAFileOrNothingMayBeReplaced) {
-    const TemporaryFolder folder;
-    EXPECT_NO_THROW(SiblingFile::refuseUnlessFile(folder / "none"));
-    EXPECT_NO_THROW(SiblingFile::refuseUnlessFile(folder.file("file")));
-    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
-    fs::create_directory(folder / "folder");
-    fs::create_symlink("folder", folder / "link");
-    const auto problem = [&](const char* name) {
-        return problemOf([&] { SiblingFile::refuseUnlessFile(folder / name); });
-    };
-    EXPECT_EQ(problem("pipe"), "“pipe” could not be written: it is no ordinary file.");
-    EXPECT_EQ(problem("folder"), "“folder” could not be written: it is a folder.");
-    EXPECT_EQ(problem("link"), "“link” could not be written: it is a folder.");
-}
-
 TEST(SiblingFile, linksAreFollowedToTheirEnd) {
     const TemporaryFolder folder;
     fs::create_directory(folder / "far");

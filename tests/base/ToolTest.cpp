@@ -104,10 +104,11 @@ TEST_F(Tools, tellTheirFailureByTheirLastLine) {
 
 TEST_F(Tools, getTheirArgumentsAsTheyAreAndNothingElse) {
     const auto said = (folder / "said").string();
-    tool("bin/teller",
-         "printf '%s|' \"$@\" >\"$SAID\"; cat >>\"$SAID\"; ls /proc/self/fd >>\"$SAID\"; "
-         "grep -E 'Sig(Ign|Blk)' /proc/self/status | tr -d '\\t' >>\"$SAID\"; umask >>\"$SAID\"; "
-         "kill -s INT $$; echo deaf >>\"$SAID\"");
+    tool(
+        "bin/teller",
+        "printf '%s|' \"$@\" \"$OMP_WAIT_POLICY\" >\"$SAID\"; cat >>\"$SAID\"; ls /proc/self/fd >>\"$SAID\"; "
+        "grep -E 'Sig(Ign|Blk)' /proc/self/status | tr -d '\\t' >>\"$SAID\"; umask >>\"$SAID\"; "
+        "kill -s INT $$; echo deaf >>\"$SAID\"");
     const Environment variable("SAID", said);
     // What a program that ignores and blocks signals starts must not inherit that.
     for (const int ignored : {SIGINT, SIGPIPE, SIGHUP}) std::signal(ignored, SIG_IGN);
@@ -121,7 +122,7 @@ TEST_F(Tools, getTheirArgumentsAsTheyAreAndNothingElse) {
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
     for (const int ignored : {SIGINT, SIGPIPE, SIGHUP}) std::signal(ignored, SIG_DFL);
     EXPECT_EQ(contentsOf(said),
-              "a b||ü;$(x)|0\n1\n2\n3\nSigBlk:0000000000000000\n"
+              "a b||ü;$(x)|passive|0\n1\n2\n3\nSigBlk:0000000000000000\n"
               "SigIgn:0000000000000000\n0077\n");
 }
 

@@ -1,8 +1,8 @@
 #include "core/mcp/MCPServer.h"
 #include "core/mcp/MCPTool.h"
 #include "platform/base/Files.h"
-#include "platform/base/Problem.h"
 #include "platform/base/RawText.h"
+#include "tests/TemporaryFolder.h"
 
 #include <cstdlib>
 
@@ -61,10 +61,5 @@ std::string page() {
 TEST(MCPPages, theToolsPageIsTheProgramsOwn) {
     const auto file = std::filesystem::path(MURBO_TESTS).parent_path() / "docs" / "mcp.md";
     if (std::getenv("MURBO_RENEW_PAGES")) Files::writeWhole(file, page());
-    std::string standing;
-    try {
-        standing = Files::readWhole(file, 1 << 20);
-    } catch (const Problem&) { // it is stale then
-    }
-    EXPECT_EQ(standing, page()) << "The page is stale: ./dev pages renews it.";
+    EXPECT_EQ(contentsOf(file), page()) << "The page is stale: ./dev pages renews it.";
 }
