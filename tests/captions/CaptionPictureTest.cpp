@@ -68,8 +68,6 @@ TEST(CaptionPicture, longTextsComeOutInEvenLines) {
     for (const char* text : {"this is what we came here to see", "สวัสดีครับวันนี้เราจะมาเล่นเกมกันยาวๆเลย"}) {
         const Bitmap bitmap = drawn(request(text));
         EXPECT_LT(bitmap.width(), 929) << text;
-        const Found ink = find(bitmap, white);
-        EXPECT_GT(ink.right - ink.left, bitmap.width() - 2 * 38 - 84 * 2) << text;
         for (const double scale : {0.25, 0.5, 2.0}) { // a smaller frame shows the same caption
             auto asked = request(text);
             asked.scale = scale;

@@ -1,5 +1,6 @@
 #include "platform/media/MonoReader.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/sound/Waves.h"
 
 #include <cmath>
 #include <cstring>
@@ -17,17 +18,11 @@ constexpr int seconds = 3;
 /// A stereo file of 48,000 frames a second; each side of a frame by a function of its time in seconds.
 template <class Left, class Right>
 std::filesystem::path file(const TemporaryFolder& folder, Left left, Right right) {
-    std::string bytes("RIFF\0\0\0\0WAVEfmt \x10\0\0\0\3\0\2\0\x80\xBB\0\0\0\xDC\5\0\x08\0\x20\0data", 40);
-    const std::uint32_t size = seconds * Sound::rate * 8;
-    const std::uint32_t riff = size + 36;
-    std::memcpy(bytes.data() + 4, &riff, 4);
-    bytes.append(reinterpret_cast<const char*>(&size), 4);
-    for (int at = 0; at < seconds * Sound::rate; ++at) {
-        const double time = double(at) / Sound::rate;
-        const float frame[] = {float(left(time)), float(right(time))};
-        bytes.append(reinterpret_cast<const char*>(frame), sizeof frame);
-    }
-    return folder.file("sound.wav", bytes);
+    const auto at = [](auto side) {
+        return [=](int frame) mutable { return float(side(double(frame) / Sound::rate)); };
+    };
+    waves::write(folder / "sound.wav", waves::made(seconds * Sound::rate, at(left), at(right)));
+    return folder / "sound.wav";
 }
 
 auto tone(double hertz, double volume) {

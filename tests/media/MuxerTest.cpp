@@ -54,23 +54,6 @@ std::vector<std::array<int, 3>> packets(const std::filesystem::path& path) {
 
 }
 
-TEST(Muxer, writesEachPacketToItsTrackAtItsTime) {
-    const TemporaryFolder folder;
-    const auto path = folder / "movie.mp4";
-    Muxer muxer(path);
-    const auto* first = muxer.addTrack(*codec(32));
-    const auto* second = muxer.addTrack(*codec(64));
-    muxer.begin();
-    write(muxer, first, 3);
-    write(muxer, second, 2, 100);
-    EXPECT_FALSE(std::filesystem::exists(path)) << "it is not whole yet";
-    muxer.finish();
-    auto found = packets(path);
-    std::ranges::sort(found);
-    EXPECT_EQ(found, (std::vector<std::array<int, 3>>{
-                         {0, 0, 0}, {0, 40, 1}, {0, 80, 2}, {1, 0, 100}, {1, 40, 101}}));
-}
-
 TEST(Muxer, bringsTheIndexToTheFrontOfAFileLargerThanItsBuffers) {
     const TemporaryFolder folder;
     const auto path = folder / "movie.mp4";

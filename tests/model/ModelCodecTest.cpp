@@ -48,36 +48,22 @@ void checkSmallestForm(const std::string& name) {
 
 }
 
+template <class... T>
+void checkSmallestForms(std::initializer_list<const char*> names) {
+    const auto* name = names.begin();
+    (checkSmallestForm<T>(*name++), ...);
+}
+
 TEST(ModelCodec, haveTheirSmallestFormsOnFile) {
-    checkSmallestForm<Box>("Box");
-    checkSmallestForm<Spot>("Spot");
-    checkSmallestForm<Framing>("Framing");
-    checkSmallestForm<SourceGroup>("SourceGroup");
-    checkSmallestForm<Source::Stream>("Stream");
-    checkSmallestForm<Source>("Source");
-    checkSmallestForm<Clip>("Clip");
-    checkSmallestForm<Clip::Summary>("Summary");
-    checkSmallestForm<Bookmark>("Bookmark");
-    checkSmallestForm<Transcript>("Transcript");
-    checkSmallestForm<Line>("Line");
-    checkSmallestForm<Note>("Note");
-    checkSmallestForm<Idea>("Idea");
-    checkSmallestForm<murbo::Run>("Run");
-    checkSmallestForm<Project>("Project");
-    checkSmallestForm<Video>("Video");
-    checkSmallestForm<Cut>("Cut");
-    checkSmallestForm<Generator>("Generator");
-    checkSmallestForm<Look>("Look");
-    checkSmallestForm<Shot>("Shot");
-    checkSmallestForm<Overlay>("Overlay");
-    checkSmallestForm<SoundCue>("SoundCue");
-    checkSmallestForm<Mix>("Mix");
-    checkSmallestForm<Captions>("Captions");
-    checkSmallestForm<CaptionLine>("CaptionLine");
-    checkSmallestForm<CaptionLine::Piece>("Piece");
-    checkSmallestForm<CaptionStyle>("CaptionStyle");
-    checkSmallestForm<Move>("Move");
-    checkSmallestForm<Placement>("Placement");
+    checkSmallestForms<Box, Spot, Framing, SourceGroup, Source::Stream, Source, Clip, Clip::Summary, Bookmark,
+                       Transcript, Line, Note, Idea, murbo::Run, Project, Video, Cut, Generator, Look, Shot,
+                       Overlay, SoundCue, Mix, Captions, CaptionLine, CaptionLine::Piece, CaptionStyle, Move,
+                       Placement>({"Box",     "Spot",         "Framing",   "SourceGroup", "Stream",
+                                   "Source",  "Clip",         "Summary",   "Bookmark",    "Transcript",
+                                   "Line",    "Note",         "Idea",      "Run",         "Project",
+                                   "Video",   "Cut",          "Generator", "Look",        "Shot",
+                                   "Overlay", "SoundCue",     "Mix",       "Captions",    "CaptionLine",
+                                   "Piece",   "CaptionStyle", "Move",      "Placement"});
 }
 
 TEST(ModelCodec, aProjectWithEveryKeyComesBackToTheByte) {

@@ -45,24 +45,6 @@ TEST_F(PackageLockTest, goesAlongWithARenamedPackageAndEndsWithItsHolder) {
     EXPECT_TRUE(PackageLock::tryLock(renamed));
 }
 
-TEST_F(PackageLockTest, endsWithAProcessThatIsKilled) {
-    int ready[2];
-    ASSERT_EQ(pipe(ready), 0);
-    const auto child = fork();
-    if (child == 0) {
-        const auto lock = PackageLock::tryLock(package);
-        [[maybe_unused]] const auto told = write(ready[1], "1", 1);
-        for (;;) pause();
-    }
-    char byte = 0;
-    ASSERT_EQ(read(ready[0], &byte, 1), 1);
-    EXPECT_FALSE(PackageLock::tryLock(package));
-    kill(child, SIGKILL);
-    waitpid(child, nullptr, 0);
-    EXPECT_TRUE(PackageLock::tryLock(package));
-    for (const int end : ready) close(end);
-}
-
 TEST_F(PackageLockTest, leavesWhatIsNotThereToItsReader) {
     EXPECT_NO_THROW(PackageLock::lock(folder / "nothing.mbproj"));
 }

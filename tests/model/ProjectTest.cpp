@@ -15,14 +15,4 @@ TEST(Project, findsASourceAndWhatIsSaidInIt) {
     EXPECT_TRUE(project.transcript(project.sources[0].id).lines->empty());
 }
 
-TEST(Project, copiesShareUntilOneIsChanged) {
-    Project project;
-    project.clips.edit() = {{.number = 1}};
-    auto copy = project;
-    EXPECT_EQ(&copy.clips[0], &project.clips[0]);
-    copy.clips.edit()[0].number = 2;
-    EXPECT_EQ(project.clips[0].number, 1);
-    EXPECT_NE(copy, project);
-}
-
 }

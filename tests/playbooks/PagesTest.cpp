@@ -1,7 +1,7 @@
 #include "core/playbooks/PlaybookGuide.h"
 #include "core/playbooks/Stock.h"
 #include "platform/base/Files.h"
-#include "platform/base/Problem.h"
+#include "tests/TemporaryFolder.h"
 
 #include <cstdlib>
 
@@ -26,18 +26,10 @@ std::string page() {
     return page;
 }
 
-std::string standing(const std::filesystem::path& file) {
-    try {
-        return Files::readWhole(file, 1 << 20);
-    } catch (const Problem&) {
-        return "";
-    }
-}
-
 }
 
 TEST(Pages, thePlaybooksPageIsTheProgramsOwn) {
     const auto file = std::filesystem::path(MURBO_TESTS).parent_path() / "docs" / "playbooks.md";
     if (std::getenv("MURBO_RENEW_PAGES")) Files::writeWhole(file, page());
-    EXPECT_EQ(standing(file), page()) << "The page is stale: ./dev pages renews it.";
+    EXPECT_EQ(contentsOf(file), page()) << "The page is stale: ./dev pages renews it.";
 }
