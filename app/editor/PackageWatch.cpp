@@ -37,12 +37,12 @@ void PackageWatch::remember(const Project& project) {
     for (const auto& source : project.sources) note(folder / "transcripts" / (source.id.text() + ".json"));
 }
 
-PackageWatch::State PackageWatch::state() const {
+PackageWatch::Since PackageWatch::state() const {
     std::error_code error;
-    if (!fs::is_directory(folder, error)) return State::gone;
+    if (!fs::is_directory(folder, error)) return Since::gone;
     for (const auto& [file, remembered] : stamps)
-        if (stamp(file) != remembered) return State::touched;
-    return State::ours;
+        if (stamp(file) != remembered) return Since::touched;
+    return Since::ours;
 }
 
 fs::path PackageWatch::copyBeside() const {

@@ -20,12 +20,12 @@ public:
     void remember(const Project& project);
 
     /// How the package is, compared with what was remembered.
-    enum class State {
+    enum class Since {
         ours,    ///< as it was
         touched, ///< other files stand there, or none
         gone     ///< there is no package any more
     };
-    State state() const;
+    Since state() const;
 
     /// Copies the package as it stands, its cache left out, beside it under a name that is free. Its path.
     std::filesystem::path copyBeside() const;

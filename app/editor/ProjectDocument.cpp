@@ -40,8 +40,8 @@ void ProjectDocument::save(const Project& project) {
 
 void ProjectDocument::write(const Project& project) {
     const auto state = watch.state();
-    if (state == PackageWatch::State::gone) throw Problem(name() + " is not in its place any more.");
-    if (state == PackageWatch::State::touched && !standsAsSaved()) putAside();
+    if (state == PackageWatch::Since::gone) throw Problem(name() + " is not in its place any more.");
+    if (state == PackageWatch::Since::touched && !standsAsSaved()) putAside();
     try {
         ProjectPackage::write(project, folder, partlySaved ? nullptr : &saved);
         partlySaved = false;

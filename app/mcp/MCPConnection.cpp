@@ -34,9 +34,9 @@ void MCPConnection::makeRoom() {
     // Children stand in the order in which they came.
     auto open = parent()->findChildren<MCPConnection*>(Qt::FindDirectChildrenOnly);
     open.removeOne(this);
-    for (const auto dispensable : {State::reading, State::ending})
+    for (const auto dispensable : {Phase::reading, Phase::ending})
         for (auto at = open.begin(); at != open.end() && open.size() >= maxConnections;) {
-            if ((*at)->state == dispensable) {
+            if ((*at)->phase == dispensable) {
                 delete *at;
                 at = open.erase(at);
             } else {
@@ -48,7 +48,7 @@ void MCPConnection::makeRoom() {
 void MCPConnection::read() {
     while (socket->bytesAvailable() > 0) {
         const auto piece = socket->read(readAtOnce);
-        if (state != State::reading) continue; // surplus bytes, read so that the answer isn't lost in a reset
+        if (phase != Phase::reading) continue; // surplus bytes, read so that the answer isn't lost in a reset
         received += piece;
         const std::string_view bytes(received.constData(), static_cast<std::size_t>(received.size()));
         if (MCPHttp::isTooLong(bytes)) return deleteLater();
@@ -59,8 +59,8 @@ void MCPConnection::read() {
     }
 }
 
-void MCPConnection::respond(const MCPHttp::Request& request) {
-    state = State::answering;
+void MCPConnection::respond(const MCPHttp::Incoming& request) {
+    phase = Phase::answering;
     if (const auto refusal = MCPHttp::refusal(request)) return send(*refusal);
     const auto message = MCPServer::message(request.body);
     if (!message) return send(MCPHttp::parseError());
@@ -78,7 +78,7 @@ void MCPConnection::respond(const MCPHttp::Request& request) {
 }
 
 void MCPConnection::send(const std::string& response) {
-    state = State::ending;
+    phase = Phase::ending;
     socket->write(response.data(), static_cast<qint64>(response.size()));
     socket->flush();
     connect(socket, &QTcpSocket::bytesWritten, this, &MCPConnection::lingering);

@@ -32,7 +32,7 @@ public:
 
 private:
     void read();
-    void respond(const MCPHttp::Request& request);
+    void respond(const MCPHttp::Incoming& request);
     void send(const std::string& response);
     void lingering();
     void makeRoom();
@@ -40,7 +40,7 @@ private:
     QTcpSocket* socket;
     Call call;
     QByteArray received;
-    enum class State { reading, answering, ending } state = State::reading;
+    enum class Phase { reading, answering, ending } phase = Phase::reading;
 };
 
 }

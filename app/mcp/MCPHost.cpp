@@ -23,7 +23,7 @@ namespace murbo {
 
 namespace {
 
-using ID = MCPTool::ID;
+using ID = MCPTool::ToolID;
 
 constexpr const char* permissionsKey = "mcpPermissions";
 constexpr int maxWaiting = 1024;                   ///< connections that the system holds for us
@@ -42,7 +42,7 @@ std::optional<History::Step> lastStep(const MCPSession& session) {
 }
 
 /// One call under way.
-struct MCPHost::Work {
+struct MCPHost::CallUnderWay {
     const MCPTool* tool = nullptr;
     nlohmann::json arguments;
     std::shared_ptr<MCPSession> session;
@@ -106,7 +106,7 @@ void MCPHost::call(const std::string& name, const nlohmann::json& arguments, QOb
     if (!tool) return answer(MCPServer::text(MCPCalls::unknown(name), true));
     if (!session)
         return answer(MCPServer::text("No project is open in Murbo. Ask the owner to open one.", true));
-    const auto work = std::make_shared<Work>();
+    const auto work = std::make_shared<CallUnderWay>();
     *work = {tool, arguments, session, client, std::move(answer), {}, {}};
     work->entry = {.at = now(), .tool = name, .asked = MCPActivity::brief(arguments), .session = session};
     ++running;
@@ -124,7 +124,7 @@ void MCPHost::call(const std::string& name, const nlohmann::json& arguments, QOb
     }
 }
 
-void MCPHost::ask(std::shared_ptr<Work> work) {
+void MCPHost::ask(std::shared_ptr<CallUnderWay> work) {
     endQuestion(); // one at a time: an older one counts as answered no
     asking = Question{.tool = work->tool, .asked = work->entry.asked};
     const auto id = asking->id;
@@ -159,7 +159,7 @@ void MCPHost::endQuestion() {
     reply(false);
 }
 
-void MCPHost::finish(Work& work) {
+void MCPHost::finish(CallUnderWay& work) {
     work.entry.said = MCPActivity::firstLines(work.text);
     const bool failed = work.entry.failed;
     done.add(std::move(work.entry));
@@ -169,7 +169,7 @@ void MCPHost::finish(Work& work) {
     work.answer(MCPServer::text(work.text, failed));
 }
 
-void MCPHost::run(Work& work) {
+void MCPHost::run(CallUnderWay& work) {
     try {
         MCPCalls::isInApp(work.tool->id) ? runInApp(work, *work.session) : runTool(work, *work.session);
     } catch (const Problem& problem) {
@@ -179,7 +179,7 @@ void MCPHost::run(Work& work) {
     }
 }
 
-void MCPHost::runTool(Work& work, MCPSession& on) {
+void MCPHost::runTool(CallUnderWay& work, MCPSession& on) {
     on.closeDrag();
     const auto outside = context(work, on);
     auto project = on.project();
@@ -203,7 +203,7 @@ void MCPHost::see(const MCPResult& result, const Project& project) {
         if (video.id == *result.looked) seen[video.id] = video;
 }
 
-MCPContext MCPHost::context(const Work& work, MCPSession& on) {
+MCPContext MCPHost::context(const CallUnderWay& work, MCPSession& on) {
     MCPContext context{.seen = seen, .said = said.of(on.project())};
     if (work.tool->id == ID::setShots)
         for (const auto& book : Playbooks::library())
@@ -223,7 +223,7 @@ SoundsByTag::Library MCPHost::sounds(const nlohmann::json& arguments, MCPSession
     return library;
 }
 
-void MCPHost::runInApp(Work& work, MCPSession& on) {
+void MCPHost::runInApp(CallUnderWay& work, MCPSession& on) {
     switch (work.tool->id) {
         case ID::listPlaybooks:
             return work.say(LibraryTools::listPlaybooks());
@@ -242,7 +242,7 @@ void MCPHost::runInApp(Work& work, MCPSession& on) {
     }
 }
 
-void MCPHost::undoLast(Work& work, MCPSession& on) {
+void MCPHost::undoLast(CallUnderWay& work, MCPSession& on) {
     on.closeDrag();
     const auto step = lastStep(on);
     if (!last || lastIn.lock() != work.session || !step || !MCPActivity::same(*step, *last))

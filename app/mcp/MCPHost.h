@@ -72,17 +72,17 @@ signals:
     void problemChanged();
 
 private:
-    struct Work;
+    struct CallUnderWay;
 
     void serve();
-    void refuse(Work& work);
-    void ask(std::shared_ptr<Work> work);
-    void run(Work& work);
-    void runTool(Work& work, MCPSession& on);
-    void runInApp(Work& work, MCPSession& on);
-    void undoLast(Work& work, MCPSession& on);
-    void finish(Work& work);
-    MCPContext context(const Work& work, MCPSession& on);
+    void refuse(CallUnderWay& work);
+    void ask(std::shared_ptr<CallUnderWay> work);
+    void run(CallUnderWay& work);
+    void runTool(CallUnderWay& work, MCPSession& on);
+    void runInApp(CallUnderWay& work, MCPSession& on);
+    void undoLast(CallUnderWay& work, MCPSession& on);
+    void finish(CallUnderWay& work);
+    MCPContext context(const CallUnderWay& work, MCPSession& on);
     SoundsByTag::Library sounds(const nlohmann::json& arguments, MCPSession& on) const;
     void see(const MCPResult& result, const Project& project);
     void endQuestion();

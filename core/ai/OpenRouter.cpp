@@ -127,7 +127,7 @@ std::string used(const json& data) {
 
 OpenRouter::Answer OpenRouter::send(const Ask& ask, const std::string& modelId, std::stop_token stop) const {
     if (key.empty()) throw Problem("Add your OpenRouter key in Settings ▸ AI to use the AI features.");
-    Http::Request request;
+    Http::Outgoing request;
     request.url = OpenRouterAddress::base() + "/api/v1/chat/completions";
     request.headers = {"Content-Type: application/json", "Authorization: Bearer " + key};
     request.body = body(ask, modelId);
@@ -140,7 +140,7 @@ std::string OpenRouter::check(std::stop_token stop) const {
     if (key.empty()) return "No key is saved.";
     Http::Reply reply;
     try {
-        Http::Request request;
+        Http::Outgoing request;
         request.url = OpenRouterAddress::base() + "/api/v1/key";
         request.headers = {"Authorization: Bearer " + key};
         reply = Http::send(request, stop);
@@ -157,7 +157,7 @@ std::string OpenRouter::check(std::stop_token stop) const {
 }
 
 std::map<std::string, Price> OpenRouter::prices(std::stop_token stop) {
-    Http::Request request;
+    Http::Outgoing request;
     request.url = OpenRouterAddress::base() + "/api/v1/models";
     return Pricing::prices(Http::send(request, stop).body);
 }

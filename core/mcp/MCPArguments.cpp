@@ -41,7 +41,7 @@ std::string example(const MCPTool& tool) {
 }
 
 void checkSizes(const MCPTool& tool, std::string_view name, const json& value) {
-    const bool isPlaybook = tool.id == MCPTool::ID::writePlaybook;
+    const bool isPlaybook = tool.id == MCPTool::ToolID::writePlaybook;
     if (value.is_string() && !isPlaybook && value.get_ref<const std::string&>().size() > maxTextBytes)
         throw Problem(fmt::format("“{}” is too long: at most {} bytes.", name, maxTextBytes));
     if (!value.is_structured()) return;

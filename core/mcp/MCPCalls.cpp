@@ -13,7 +13,7 @@ namespace murbo::MCPCalls {
 
 namespace {
 
-using ID = MCPTool::ID;
+using ID = MCPTool::ToolID;
 
 MCPResult run(ID tool, const nlohmann::json& arguments, Project& project, const MCPContext& context,
               const Said& said) {

@@ -19,7 +19,7 @@ MCPResult call(std::string_view name, const nlohmann::json& arguments, Project& 
                const MCPContext& context);
 
 /// Whether a tool needs the program's library, and so is the host's.
-bool isInApp(MCPTool::ID tool);
+bool isInApp(MCPTool::ToolID tool);
 
 /// The words for a tool that nobody has heard of.
 std::string unknown(std::string_view name);

@@ -91,11 +91,11 @@ bool isOurs(const std::string& host) {
 
 }
 
-std::optional<Request> request(std::string_view received) {
+std::optional<Incoming> request(std::string_view received) {
     auto read = head(received);
     if (!read || received.size() - read->length < read->body) return std::nullopt;
-    return Request{std::move(read->method), std::move(read->headers),
-                   std::string(received.substr(read->length, read->body))};
+    return Incoming{std::move(read->method), std::move(read->headers),
+                    std::string(received.substr(read->length, read->body))};
 }
 
 bool isTooLong(std::string_view received) {
@@ -112,7 +112,7 @@ bool allowed(const Headers& headers) {
     return host != headers.end() && isOurs(hostOf("http://" + host->second));
 }
 
-std::optional<std::string> refusal(const Request& request) {
+std::optional<std::string> refusal(const Incoming& request) {
     if (!allowed(request.headers)) return response("403 Forbidden");
     if (request.method != "POST") return response("405 Method Not Allowed");
     return std::nullopt;

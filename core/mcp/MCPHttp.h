@@ -14,7 +14,7 @@ namespace MCPHttp {
 
 using Headers = std::map<std::string, std::string>; ///< names in lower case
 
-struct Request {
+struct Incoming {
     std::string method;
     Headers headers;
     std::string body;
@@ -22,7 +22,7 @@ struct Request {
 
 /// The request at the start of what was received; nothing until it is there as a whole. Surplus bytes are
 /// passed over.
-std::optional<Request> request(std::string_view received);
+std::optional<Incoming> request(std::string_view received);
 
 /// Longest request, head and body. A longer one is never answered.
 inline constexpr std::size_t maxBytes = std::size_t{64} << 20;
@@ -37,7 +37,7 @@ bool allowed(const Headers& headers);
 
 /// What is wrong with a request before its message is looked at, as a whole response; nothing where it may be
 /// served.
-std::optional<std::string> refusal(const Request& request);
+std::optional<std::string> refusal(const Incoming& request);
 
 /// A whole HTTP response.
 std::string response(std::string_view status, std::string_view body = "");

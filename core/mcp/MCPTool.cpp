@@ -10,7 +10,7 @@ namespace murbo {
 
 namespace {
 
-using ID = MCPTool::ID;
+using ID = MCPTool::ToolID;
 using Kind = MCPTool::Kind;
 using Param = MCPTool::Param;
 using Type = Param::Type;

@@ -13,7 +13,7 @@ namespace murbo {
 /// permissions, the page of them and the calls themselves go by. Its texts are written for models, which get
 /// no other manual.
 struct MCPTool {
-    enum class ID {
+    enum class ToolID {
         overview,
         readClips,
         searchLines,
@@ -50,7 +50,7 @@ struct MCPTool {
         bool hasOwnWords;             ///< the tool itself says what is wrong with it
     };
 
-    ID id;
+    ToolID id;
     std::string_view name;
     std::string_view about;
     Kind kind;

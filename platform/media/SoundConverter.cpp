@@ -120,7 +120,7 @@ void SoundConverter::convert(const std::uint8_t** planes, int samples) {
 
 // Where sound comes twice, the first stays.
 void SoundConverter::append(const float* frames, std::int64_t count) {
-    SoundRun& run = runs.back();
+    FrameRun& run = runs.back();
     const std::int64_t known = std::clamp<std::int64_t>(run.end() - position, 0, count);
     run.samples.insert(run.samples.end(), frames + known * 2, frames + count * 2);
     position += count;
@@ -133,7 +133,7 @@ std::int64_t SoundConverter::end() const {
 std::int64_t SoundConverter::copy(std::int64_t from, std::span<float> into) const {
     const auto wanted = static_cast<std::int64_t>(into.size() / Sound::channels);
     std::int64_t held = 0;
-    for (const SoundRun& run : runs) {
+    for (const FrameRun& run : runs) {
         const std::int64_t begin = std::max(from, run.start);
         const std::int64_t until = std::min(from + wanted, run.end());
         if (begin >= until) continue;
@@ -147,7 +147,7 @@ std::int64_t SoundConverter::copy(std::int64_t from, std::span<float> into) cons
 void SoundConverter::forget(std::int64_t until) {
     while (runs.size() > 1 && runs.front().end() <= until) runs.pop_front();
     if (runs.empty() || runs.front().start >= until) return;
-    SoundRun& run = runs.front();
+    FrameRun& run = runs.front();
     const std::int64_t count = std::min(until, run.end()) - run.start;
     run.samples.erase(run.samples.begin(), run.samples.begin() + count * 2);
     run.start += count;

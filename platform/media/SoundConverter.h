@@ -36,7 +36,7 @@ public:
     void forget(std::int64_t until);
 
 private:
-    struct SoundRun {
+    struct FrameRun {
         std::int64_t start = 0;
         std::vector<float> samples;
         std::int64_t end() const { return start + static_cast<std::int64_t>(samples.size() / 2); }
@@ -58,7 +58,7 @@ private:
     std::int64_t next = 0;
     double lastOff = 0;        ///< seconds by which the last stretch's time was later than expected
     std::int64_t position = 0; ///< of the next frame that comes out of the resampler
-    std::deque<SoundRun> runs;
+    std::deque<FrameRun> runs;
     std::vector<float> scratch;
 };
 

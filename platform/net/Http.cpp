@@ -56,7 +56,7 @@ struct Address {
 /// A request under way.
 class HttpTransfer {
 public:
-    HttpTransfer(const Http::Request& given, const Address& address) : request(given), host(address.host) {
+    HttpTransfer(const Http::Outgoing& given, const Address& address) : request(given), host(address.host) {
         if (!easy || !multi) throw Problem("The network can't be used.");
         for (const auto& line : request.headers) addHeader(line);
         addHeader("Expect:"); // no round trip before the body
@@ -151,7 +151,7 @@ private:
         return std::move(reply);
     }
 
-    const Http::Request& request;
+    const Http::Outgoing& request;
     const std::string host;
     std::unique_ptr<curl_slist, Free> headers;
     std::unique_ptr<CURL, Free> easy{curl_easy_init()};
@@ -169,7 +169,7 @@ bool Http::mayGoTo(const std::string& url) {
     return Address(url).isFit();
 }
 
-Http::Reply Http::send(const Request& request, std::stop_token stop) {
+Http::Reply Http::send(const Outgoing& request, std::stop_token stop) {
     const Address address(request.url);
     if (!address.isFit()) throw Problem("Nothing is sent to " + request.url + ": it is no HTTPS address.");
     return HttpTransfer(request, address).run(stop);

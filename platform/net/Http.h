@@ -11,7 +11,7 @@ namespace murbo {
 /// One-shot requests over HTTPS.
 namespace Http {
 
-struct Request {
+struct Outgoing {
     std::string url;
     std::vector<std::string> headers; ///< whole lines: "Content-Type: application/json"
     std::string body;                 ///< sent by POST; without one the request is a GET
@@ -29,7 +29,7 @@ struct Reply {
 /// Sends a request once and waits for the whole answer, whatever its status. Follows no redirection: it could
 /// carry a key elsewhere. Throws a Problem where the address is neither HTTPS nor on this very machine, and
 /// where no answer comes; Cancelled where `stop` was asked for. Safe from any thread.
-Reply send(const Request& request, std::stop_token stop = {});
+Reply send(const Outgoing& request, std::stop_token stop = {});
 
 /// Whether requests may go to an address: by HTTPS, or without it to this very machine.
 bool mayGoTo(const std::string& url);

@@ -9,7 +9,7 @@ using namespace murbo;
 namespace {
 
 /// A request that comes in pieces is there once its last byte is, and says the same then.
-void checkPieces(std::string_view received, const MCPHttp::Request& whole) {
+void checkPieces(std::string_view received, const MCPHttp::Incoming& whole) {
     const auto head = received.find("\r\n\r\n") + 4;
     const auto end = head + whole.body.size();
     require(!MCPHttp::request(received.substr(0, head - 1)), "a request without its blank line");

@@ -31,11 +31,6 @@ protected:
         });
         return text;
     }
-    std::vector<std::string> steps() {
-        std::vector<std::string> names;
-        for (const auto& step : lines.editor().history().past()) names.push_back(step.name);
-        return names;
-    }
     bool isOnDisk() { return ProjectPackage::read(lines.package()) == lines.project(); }
 
     Lines lines;
@@ -48,7 +43,7 @@ const json renaming{{"video", "V1"}, {"title", "Theirs"}};
 
 TEST_F(EditorSessionTest, anAppsChangeIsAStepOfTheOwners) {
     EXPECT_EQ(app("rename_video", renaming), "V1 is “Theirs”.");
-    EXPECT_EQ(steps(), (std::vector<std::string>{"Add Clip", "Rename Video"}));
+    EXPECT_EQ(lines.steps(), (std::vector<std::string>{"Add Clip", "Rename Video"}));
     EXPECT_TRUE(isOnDisk());
     EXPECT_EQ(lines(R"(["undo"])"), R"({"ok":true,"toast":"Undid Rename Video"})");
     EXPECT_THAT(app("undo_my_last"), HasSubstr("Nothing of yours to take back"));
@@ -58,28 +53,12 @@ TEST_F(EditorSessionTest, anAppsChangeIsAStepOfTheOwners) {
 TEST_F(EditorSessionTest, anOpenDragIsAStepOfItsOwnFirst) {
     lines(R"(["trim","cut 1",true,22])");
     app("rename_video", renaming);
-    EXPECT_EQ(steps(), (std::vector<std::string>{"Add Clip", "Drag", "Rename Video"}));
+    EXPECT_EQ(lines.steps(), (std::vector<std::string>{"Add Clip", "Drag", "Rename Video"}));
     lines(R"(["trim","cut 1",true,23])");
     EXPECT_THAT(app("undo_my_last"), HasSubstr("Nothing of yours to take back"))
         << "the drag that is under way is the owner's last change";
     EXPECT_EQ(lines.project().videos[0].cuts[0].start, 23);
     EXPECT_EQ(lines.project().videos[0].title, "Theirs");
-}
-
-TEST_F(EditorSessionTest, whatTheOwnerDidIsToldAndKept) {
-    app("read_video", {{"video", "V1"}});
-    lines(R"(["rename","V1","Mine"])");
-    EXPECT_THAT(app("what_changed", {{"video", "V1"}}), HasSubstr("→ “Mine”"));
-    EXPECT_THAT(app("undo_my_last"), HasSubstr("Nothing of yours to take back"));
-}
-
-TEST_F(EditorSessionTest, aCallThatFailsLeavesEverythingAsItWas) {
-    const auto before = lines.project();
-    EXPECT_EQ(app("set_cuts", {{"video", "V1"}, {"cuts", json::array()}}),
-              "failed: No cut holds up, so V1 is left as it was.");
-    EXPECT_EQ(lines.project(), before);
-    EXPECT_EQ(steps().size(), 1u);
-    EXPECT_TRUE(isOnDisk());
 }
 
 TEST_F(EditorSessionTest, footageThatIsNotThereIsSilent) {

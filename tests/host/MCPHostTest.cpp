@@ -122,16 +122,6 @@ TEST_F(MCPHostTest, onlyOneQuestionIsOut) {
     host.reply(true); // nothing is asked any more
 }
 
-TEST_F(MCPHostTest, anAppThatLeavesTakesItsQuestionWithIt) {
-    permit("rename_video", MCPPermissions::Permission::ask);
-    auto client = std::make_unique<QObject>();
-    ask("rename_video", renaming, client.get());
-    client.reset();
-    EXPECT_FALSE(host.question());
-    EXPECT_EQ(host.activity().entries().back().said, "The app left before the owner answered.");
-    EXPECT_EQ(title(), "First");
-}
-
 TEST(MCPActivity, keepsTheLastThreeHundred) {
     MCPActivity activity;
     for (int count = 0; count < 301; ++count) activity.add({.tool = std::to_string(count)});

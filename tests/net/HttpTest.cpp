@@ -19,7 +19,7 @@ using Clock = std::chrono::steady_clock;
 
 namespace {
 
-std::string failure(const Http::Request& request) {
+std::string failure(const Http::Outgoing& request) {
     return problemOf([&] { Http::send(request); });
 }
 
@@ -33,7 +33,7 @@ std::string failureOn(const std::string& bytes, std::size_t max = 1 << 20) {
 
 TEST(Http, sendsOnceAndGivesBackWhatCame) {
     FakeServer server([](const std::string&) { return FakeServer::reply(418, "short and stout"); });
-    Http::Request request;
+    Http::Outgoing request;
     request.url = server.base + "/api/v1/key";
     request.headers = {"Authorization: Bearer secret"};
     auto reply = Http::send(request);

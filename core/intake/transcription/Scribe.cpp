@@ -103,7 +103,7 @@ Transcribed transcribe(const std::string& key, const std::string& model, const S
                        const fs::path& wav, const std::string& language, const std::stop_token& stop) {
     if (key.empty()) throw Problem("Add your OpenRouter key in Settings ▸ AI to use Scribe.");
     const auto sound = Files::readWhole(wav, largestSound);
-    Http::Request request;
+    Http::Outgoing request;
     request.url = service.base + path;
     request.headers = {"Content-Type: application/json", "Authorization: Bearer " + key};
     request.body = body(model, language, sound);

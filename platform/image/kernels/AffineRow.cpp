@@ -30,7 +30,7 @@ int clampedTo(std::int64_t position, int length) {
 
 /// Every other byte of pixels as 15-bit values, and steps between such.
 template <typename D>
-struct Values {
+struct HalfLevels {
     using Words = hn::Repartition<std::int16_t, D>;
     using V = hn::VFromD<Words>;
 
@@ -138,7 +138,7 @@ HWY_INLINE auto heldNeighbours(D d, const Texture& texture, V x, V y) {
 
 template <typename D, typename V = hn::VFromD<D>>
 HWY_INLINE V look(D d, const Texture& texture, V u, V v) {
-    using Halves = Values<hn::RebindToUnsigned<D>>;
+    using Halves = HalfLevels<hn::RebindToUnsigned<D>>;
     const auto share = [&](V position) {
         const auto part = hn::And(position, hn::Set(d, 32767));
         return hn::BitCast(typename Halves::Words(), hn::Or(part, hn::ShiftLeft<16>(part)));
