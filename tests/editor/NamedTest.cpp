@@ -11,13 +11,8 @@ namespace {
 class Blocks : public TwoCuts {
 public:
     Blocks() {
-        editor().change("Blocks", [this](Project& project) {
-            auto& look = project.videos.edit()[0].look.emplace();
-            look.shots.edit().push_back({.source = rec(), .at = 21});
-            look.overlays.edit().push_back(
-                {.playbook = "stock.hearts", .source = rec(), .at = 22, .length = 1});
-            look.sounds.edit().push_back({.file = "s.wav", .source = rec(), .at = 23});
-            look.music.edit().push_back({.file = "m.wav", .source = rec(), .at = 24});
+        dress({21});
+        editor().change("Two", [this](Project& project) {
             project.videos.edit().push_back({.number = 2, .title = "Two"});
             project.videos.edit()[1].cuts.edit().push_back({.source = rec(), .start = 1, .end = 2});
         });

@@ -11,18 +11,7 @@ namespace {
 /// Two cuts and two blocks of each other sort.
 class Full : public TwoCuts {
 public:
-    Full() {
-        editor().change("Blocks", [this](Project& project) {
-            auto& made = project.videos.edit()[0].look.emplace();
-            for (const double at : {21.0, 41.0}) {
-                made.shots.edit().push_back({.source = rec(), .at = at});
-                made.overlays.edit().push_back(
-                    {.playbook = "stock.hearts", .source = rec(), .at = at, .length = 1});
-                made.sounds.edit().push_back({.file = "s.wav", .source = rec(), .at = at});
-                made.music.edit().push_back({.file = "m.wav", .source = rec(), .at = at});
-            }
-        });
-    }
+    Full() { dress({21, 41}); }
     std::vector<std::size_t> counts() {
         return {video().cuts.size(), look().shots.size(), look().overlays.size(), look().sounds.size(),
                 look().music.size()};

@@ -95,6 +95,7 @@ TEST(TimelineTable, picksAreAskedAboutAndCopiedInWords) {
     QObject::connect(&lines.editor(), &Editor::copied, [&](const QString& text) { copied = text; });
     lines(R"(["set","picked",["cut","cut 2"]])");
     const std::string words = "In V1 “One”, these: cut 2 (C02.01 to C02.02). ";
+    EXPECT_EQ(lines(R"(["picksInWords"])"), gave("\"" + words.substr(0, words.size() - 2) + "\""));
     EXPECT_EQ(lines(R"(["copyPicks"])"),
               did("Copied: say what to do with them, in an AI app with Murbo connected"));
     EXPECT_EQ(copied.toStdString(), words);

@@ -32,11 +32,18 @@ public:
     /// The line at a place of the transcript; two lie in each clip, the others in none.
     const Line& line(std::size_t at) { return project().transcript(rec()).lines[at]; }
 
-    /// The names of the steps that could be undone, the first one made first.
-    std::vector<std::string> steps() {
-        std::vector<std::string> names;
-        for (const auto& step : editor().history().past()) names.push_back(step.name);
-        return names;
+    /// Lays a shot, an overlay of a second, a sound and a song on each of these times of "rec.mp4".
+    void dress(const std::vector<double>& times) {
+        editor().change("Blocks", [&](Project& project) {
+            auto& made = project.videos.edit()[0].look.emplace();
+            for (const double at : times) {
+                made.shots.edit().push_back({.source = rec(), .at = at});
+                made.overlays.edit().push_back(
+                    {.playbook = "stock.hearts", .source = rec(), .at = at, .length = 1});
+                made.sounds.edit().push_back({.file = "s.wav", .source = rec(), .at = at});
+                made.music.edit().push_back({.file = "m.wav", .source = rec(), .at = at});
+            }
+        });
     }
 
     using Names = std::vector<std::string>;

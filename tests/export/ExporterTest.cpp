@@ -133,21 +133,6 @@ TEST(Exporter, soundAndPictureKeepInStepOverManyCuts) {
     }
 }
 
-TEST(Exporter, missingFootageIsBlackAndSilentForItsTime) {
-    const TemporaryFolder folder;
-    samples::writeNumbered(folder / "a.mp4", 60, 30, true);
-    std::ofstream(folder / "broken.mp4") << "no movie";
-    const auto project = samples::project({folder / "a.mp4", folder / "gone.mp4", folder / "broken.mp4"});
-    const auto video = samples::video(project, {{1, 0, 0.1}, {0, 1, 1.1}, {2, 0, 0.1}});
-    auto order = orderTo(folder / "out.mp4");
-    order.missing = {project.sources[1].id};
-    Exporter::movie(video, project, order);
-    EXPECT_THAT(numbers(read(folder / "out.mp4")), ElementsAre(-1, -1, -1, 30, 31, 32, -1, -1, -1));
-    const auto beeps = onsets(folder / "out.mp4");
-    ASSERT_EQ(beeps.size(), 1U);
-    EXPECT_NEAR(beeps[0], 0.1, 0.003);
-}
-
 TEST(Exporter, whatStoodThereSurvivesAFailure) {
     const TemporaryFolder folder;
     samples::writeNumbered(folder / "a.mp4", 60, 30);
@@ -173,21 +158,13 @@ TEST(Exporter, footageIsNeverExportedOver) {
     const auto project = samples::project({folder / "a.mp4"});
     const auto video = samples::video(project, {{0, 0, 0.1}});
     const auto before = contents(folder / "a.mp4");
-    std::filesystem::create_symlink(folder / "a.mp4", folder / "link.mp4");
-    for (const char* name : {"a.mp4", "link.mp4"})
-        EXPECT_THROW(Exporter::movie(video, project, orderTo(folder / name)), Problem) << name;
+    EXPECT_THROW(Exporter::movie(video, project, orderTo(folder / "a.mp4")), Problem);
     EXPECT_EQ(contents(folder / "a.mp4"), before);
-
-    const auto own = Cut::generated("stock.generator.picture", 1, Values{{"media", folder / "own.mp4"}}, 0.1);
-    auto generated = video;
-    generated.cuts.edit().push_back(own);
-    folder.file("own.mp4", "the only one");
-    EXPECT_THROW(Exporter::movie(generated, project, orderTo(folder / "own.mp4")), Problem);
-    EXPECT_EQ(contents(folder / "own.mp4"), "the only one");
-
     // Nor are its files by subtitles.
+    auto generated = video;
+    generated.cuts.edit().push_back(
+        Cut::generated("stock.generator.picture", 1, Values{{"media", folder / "own.srt"}}, 0.1));
     folder.file("own.srt", "written by hand");
-    generated.cuts.edit()[1].generator->values = Values{{"media", folder / "own.srt"}};
     auto order = orderTo(folder / "own.mpg");
     order.subtitles = true;
     EXPECT_THROW(Exporter::movie(generated, project, order), Problem);

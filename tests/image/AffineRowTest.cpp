@@ -22,3 +22,13 @@ TEST(AffineRows, texturesTurnAlikeInRowsOfEveryWidth) {
         }
     }
 }
+
+TEST(AffineRows, areLinearBetweenTexels) {
+    std::vector<std::uint8_t> stored(64 * 40 * 4);
+    for (int at = 0; at < int(stored.size()); ++at) stored[at] = std::uint8_t(at / 4 % 64 * 2 + at / 256);
+    const Kernels::Texture texture{stored.data(), 64 * 4, 61, 40};
+    std::vector<std::uint8_t> out(100 * 4);
+    Kernels::affineRow(texture, Line::through(3.3, 0.41), Line::through(2.7, 0.23), 0, 100, out.data());
+    for (int at = 0; at < 100; ++at)
+        EXPECT_NEAR(out[std::size_t(at) * 4], 2 * (3.3 + 0.41 * at) + 2.7 + 0.23 * at, 0.53) << at;
+}

@@ -120,15 +120,3 @@ TEST(SampleMeasure, filesWithoutPicturesAndBrokenOnes) {
     stop.request_stop();
     EXPECT_THROW(SampleMeasure::measure(movie, stop.get_token()), Cancelled);
 }
-
-// What was seen on real footage when it was looked at.
-TEST(SampleMeasure, realFootageIsToldRight) {
-    const std::filesystem::path footage = MURBO_FOOTAGE;
-    if (!std::filesystem::exists(footage)) GTEST_SKIP() << "The real footage is not on this machine.";
-    const Samples people = SampleMeasure::measure(footage / "people-no-audio.mp4");
-    EXPECT_GT(shareOf(CameraMove::still, people), 0.98) << "people walk before a camera on the wall";
-    EXPECT_GT(mean(people.steadiness), 240);
-    const Samples flight = SampleMeasure::measure(footage / "action-cam-29.97.mp4");
-    EXPECT_GT(shareOf(CameraMove::zoom, flight), 0.9) << "a smooth flight forwards";
-    EXPECT_GT(mean(flight.steadiness), 220);
-}

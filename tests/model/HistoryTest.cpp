@@ -25,39 +25,6 @@ Project named(const std::string& language) {
 
 }
 
-TEST(History, goesBackAndForth) {
-    const UUID source = UUID::make();
-    const std::pair<const char*, std::function<void(Project&)>> steps[] = {
-        {"Add Files",
-         [&](Project& p) {
-             p.groups.edit().push_back({.name = "Group"});
-             p.sources.edit().push_back({.id = source, .path = "/a.mp4"});
-             p.clips.edit().push_back({.number = ++p.lastClip, .source = source});
-         }},
-        {"Transcribe", [&](Project& p) { p.transcripts = spoken(source, 3).transcripts; }},
-        {"Ideas", [](Project& p) { p.ideas.emplace(); }},
-    };
-    Project project;
-    History history;
-    std::vector<Project> states{project};
-    for (const auto& [name, change] : steps) {
-        change(project);
-        history.record(name, states.back(), project);
-        states.push_back(project);
-    }
-    for (std::size_t at = states.size() - 1; at-- > 0;) {
-        ASSERT_TRUE(history.undo(project));
-        EXPECT_EQ(project, states[at]) << at;
-    }
-    EXPECT_FALSE(history.undo(project));
-    for (std::size_t at = 1; at < states.size(); ++at) {
-        ASSERT_TRUE(history.redo(project));
-        EXPECT_EQ(project, states[at]) << at;
-    }
-    EXPECT_EQ(history.undoName(), "Ideas");
-    EXPECT_FALSE(history.redo(project));
-}
-
 TEST(History, keepsAHundredStepsAndARedoUntilSomethingChanges) {
     History history;
     for (int at = 0; at < 101; ++at)

@@ -60,31 +60,6 @@ TEST_F(VideoTasks, aVideoIsCutToWords) {
     EXPECT_EQ(logged(), "Cut to instruction: reading, done; Cut to instruction: reading on (1), done");
 }
 
-TEST_F(VideoTasks, whoHasReadThreeTimesMustAnswer) {
-    for (int n = 0; n < 4; ++n) model.answers(json{{"read", {n == 0 ? "C01" : n == 1 ? "C02" : "C03"}}});
-    EXPECT_EQ(run({"--cut", package, "x"}), failure("Nothing in the footage matched that."));
-    EXPECT_EQ(model.bodies().size(), 4u);
-    EXPECT_THAT(model.lastWords(),
-                testing::EndsWith("\n\n\nThat is all you can read. Answer now with what you have.\n"));
-    EXPECT_EQ(project().videos.size(), 1u);
-}
-
-TEST_F(VideoTasks, aVideosCutsAreRevised) {
-    auto trimmed = project();
-    trimmed.videos.edit()[0].cuts.edit()[0].start = 101.5;
-    ProjectPackage::write(trimmed, package, nullptr);
-    model.answers(
-        json{{"cuts", cutsOf({{"C01.01", "C01.02"}, {"C01.03", "C01.03"}})}, {"note", "Added it."}});
-    EXPECT_EQ(run({"--revise", package, "v1", "end on the reaction"}), printed("Added it."));
-    const auto video = project().videos[0];
-    EXPECT_EQ(video.title, "The fall");
-    ASSERT_EQ(video.cuts.size(), 2u);
-    EXPECT_EQ(video.cuts[0].start, 101.5) << "the owner's trim stays";
-    EXPECT_TRUE(video.runs->contains("reviseCuts"));
-    EXPECT_EQ(lastStep(), "Revise Cuts");
-    EXPECT_EQ(logged(), "Revise The fall: reading, done");
-}
-
 TEST_F(VideoTasks, theFirstWordsOfARevision) {
     model.answers(json{{"cuts", json::array()}, {"note", "It is fine as it is."}});
     const auto before = projectFile();

@@ -3,7 +3,6 @@
 #include "tests/plan/Made.h"
 
 #include <cmath>
-#include <limits>
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
@@ -148,17 +147,6 @@ TEST(CaptionCue, isOnFromTheFirstFrameOfItsCutToTheLast) {
 
 TEST(CaptionCue, isNoneInACutThatEndsBeforeItStarts) {
     EXPECT_EQ(cues(Spoken({line(19, 31, "said")}, {{2, 12}, {29, 20}, {28, 30}})), "10-12 said");
-}
-
-TEST(CaptionCue, passesOverTimesThatAreNone) {
-    const double strange[] = {std::numeric_limits<double>::quiet_NaN(), HUGE_VAL, -HUGE_VAL, 1e308, -1e308};
-    for (const double start : strange)
-        for (const double end : strange) {
-            const Spoken spoken(
-                {line(start, 5, "a"), line(0, end, "b"), line(start, end, "c"), line(1, 2, "d")},
-                {{0, 10}, {start, end}, {0, 10}});
-            EXPECT_LE(CaptionCue::cues(spoken.video, spoken.project).size(), 3 * 4);
-        }
 }
 
 TEST(CaptionCue, piecesOfALongLineHoldTheirOwnTextAlone) {

@@ -50,13 +50,6 @@ TEST_F(PlayedFootageTest, everyFrameForwardAndInAnyOrder) {
     }
 }
 
-TEST_F(PlayedFootageTest, everyFrameBackward) {
-    for (auto frame = composition->frameCount() - 1; frame >= 0; --frame) {
-        const auto shown = footage.backward(composition->moment(frame), -1, none, [] { return false; });
-        ASSERT_EQ(numbered::in(shown.image), expected(frame)) << frame;
-    }
-}
-
 TEST_F(PlayedFootageTest, aPictureSaysWhoseItIs) {
     const auto source = [&](std::int64_t frame) {
         return footage.at(composition->moment(frame), 0, none).source;

@@ -140,13 +140,4 @@ Bitmap drawn(const Image& image, int width, int height) {
     return Canvas::bitmap(image, {0, 0, static_cast<double>(width), static_cast<double>(height)});
 }
 
-bool same(const Bitmap& one, const Bitmap& other) {
-    if (one.width() != other.width() || one.height() != other.height()) return false;
-    for (int y = 0; y < one.height(); ++y) {
-        if (std::memcmp(one.row(y), other.row(y), static_cast<std::size_t>(one.width()) * 4) != 0)
-            return false;
-    }
-    return true;
-}
-
 }

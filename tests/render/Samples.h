@@ -3,6 +3,7 @@
 #include "core/model/Project.h"
 #include "platform/image/Bitmap.h"
 #include "platform/image/Image.h"
+#include "tests/SameBitmaps.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -35,6 +36,5 @@ Video video(const Project& project, const std::vector<Stretch>& stretches);
 std::uint32_t pixel(const Bitmap& bitmap, int x, int y);
 /// All pixels of an image's rectangle from the origin.
 Bitmap drawn(const Image& image, int width, int height);
-bool same(const Bitmap& one, const Bitmap& other);
 
 }

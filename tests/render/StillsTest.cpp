@@ -141,7 +141,7 @@ TEST(Stills, eachStyleGivesItsOwnPicture) {
     const auto images = Stills::styled({video, project, {}}, 1, Plan::video(video, project, "", {}),
                                        {presets[0], presets[4]});
     ASSERT_EQ(images.size(), 2U);
-    EXPECT_FALSE(samples::same(samples::drawn(images[0], 1080, 1080), samples::drawn(images[1], 1080, 1080)));
+    EXPECT_FALSE(same(samples::drawn(images[0], 1080, 1080), samples::drawn(images[1], 1080, 1080)));
 }
 
 }

@@ -183,25 +183,6 @@ TEST(SoundMixer, limitsWhatAddsUp) {
     EXPECT_NEAR(waves::level(sound, 120000, 140000), 0.9, 1e-3) << "the loudness comes back";
 }
 
-TEST(SoundMixer, musicIsDuckedUnderSpeechAndMutedCutsAreSilent) {
-    Stage stage;
-    stage.put(one, waves::tone(48000 * 20, 440, 0.5));
-    stage.show(one, 0, 6);
-    stage.show(one, 6, 12, true);
-    const auto song = stage.song("song.wav", waves::tone(48000 * 20, 1000, 0.5));
-    stage.video.look.emplace().music.edit() = {{.file = song, .source = one, .at = 0, .volume = 0.8}};
-    stage.video.look->mix = Mix{.video = 0, .duck = 0.25};
-    stage.plan.cues = {{.start = 4, .end = 6}};
-    const auto music = stage.mixed();
-    for (const auto& [from, until, level] : {std::tuple{1.0, 3.5, 0.4}, {4.1, 5.9, 0.1}, {6.5, 10.0, 0.4}})
-        EXPECT_NEAR(waves::level(music, int(from * 48000), int(until * 48000)), level, 0.002) << from;
-    stage.video.look->music.edit().clear();
-    stage.video.look->mix.reset();
-    const auto footage = stage.mixed();
-    EXPECT_NEAR(waves::level(footage, 48000, 5 * 48000), 0.5, 0.001);
-    EXPECT_EQ(waves::peak(stretch(footage, 6 * 48000, 12 * 48000)), 0);
-}
-
 TEST(SoundMixer, aBrokenFileIsSilentAloneAndSoIsWhatLiesPastTheEnd) {
     Stage stage;
     stage.put(one, waves::tone(48000, 440, 0.5));

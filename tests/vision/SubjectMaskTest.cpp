@@ -1,16 +1,12 @@
-#include "platform/base/Files.h"
-#include "platform/base/Problem.h"
 #include "platform/image/draw/Canvas.h"
 #include "platform/media/FrameReader.h"
-#include "platform/vision/GraphFile.h"
 #include "platform/vision/MaskRefinement.h"
-#include "platform/vision/Network.h"
 #include "platform/vision/SubjectMask.h"
+#include "tests/SameBitmaps.h"
 #include "tests/image/Targets.h"
 #include "tests/vision/GreyPicture.h"
-#include "tests/vision/PlainNetwork.h"
 
-#include <cstring>
+#include <random>
 #include <thread>
 
 #include <gmock/gmock.h>
@@ -25,13 +21,6 @@ const std::filesystem::path talk = footage / "talk-seven-people.mp4";
 
 int alpha(const Bitmap& mask, double x, double y) {
     return mask.row(int(y * mask.height()))[4 * int(x * mask.width()) + 3];
-}
-
-bool same(const Bitmap& one, const Bitmap& other) {
-    if (one.width() != other.width() || one.height() != other.height()) return false;
-    for (int y = 0; y < one.height(); ++y)
-        if (std::memcmp(one.row(y), other.row(y), std::size_t(one.width()) * 4) != 0) return false;
-    return true;
 }
 
 /// The mean difference of one channel, 0…1.
@@ -117,26 +106,4 @@ TEST_F(SubjectMaskTest, isTheSameOnEveryThreadAndInstructionSet) {
     for (auto& thread : threads) thread.join();
     EXPECT_THAT(alike, testing::Each(3));
     onEachTarget([&](const char* name) { EXPECT_TRUE(same(*SubjectMask::of(square), *expected)) << name; });
-}
-
-TEST_F(SubjectMaskTest, theNetworksAreRunAsTheirFilesSay) {
-    const auto folder = std::filesystem::read_symlink("/proc/self/exe").parent_path() / "subject";
-    if (!std::filesystem::exists(folder)) GTEST_SKIP() << "the weights lie elsewhere";
-    for (const char* name : {"square.tflite", "landscape.tflite"}) {
-        const std::string bytes = Files::readWhole(folder / name, GraphFile::maxBytes);
-        const Graph graph = GraphFile::read(bytes);
-        const Network network(graph);
-        Network::Run run(network);
-        std::vector<double> given;
-        for (float& number : run.input())
-            given.push_back(number = 0.5f + 0.5f * std::sin(float(given.size())));
-        const auto expected = PlainNetwork::run(graph, given);
-        const auto found = run.output();
-        double worst = 0;
-        for (std::size_t i = 0; i < found.size(); ++i)
-            worst = std::max(worst, std::abs(found[i] - expected[i]));
-        EXPECT_LT(worst, 1e-3) << name;
-        for (std::size_t length = 0; length < bytes.size(); length += 997)
-            EXPECT_THROW(GraphFile::read(bytes.substr(0, length)), Problem) << length;
-    }
 }
