@@ -13,6 +13,7 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTest>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -86,6 +87,17 @@ public:
         const auto middle = item->mapToScene({item->width() / 2, item->height() / 2}).toPoint();
         QTest::mouseClick(&window(), button, {}, middle);
         settle(30);
+    }
+    /// Presses, moves in so many moves, and lets go; `above` is done before that.
+    void carry(QPoint from, QPoint to, int moves, const std::function<void()>& above = {}) {
+        QTest::mousePress(&window(), Qt::LeftButton, {}, from);
+        for (int move = 1; move <= moves; ++move) {
+            QTest::mouseMove(&window(), from + (to - from) * move / moves);
+            if (moves > 1) QTest::qWait(5);
+        }
+        if (above) above();
+        QTest::mouseRelease(&window(), Qt::LeftButton, {}, to);
+        settle();
     }
     /// The item that is shown and has that name or text; null where there is none.
     QQuickItem* named(const QString& name) { return named(window().contentItem(), name); }

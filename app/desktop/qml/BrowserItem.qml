@@ -30,7 +30,7 @@ Rectangle {
     Accessible.selected: picked
 
     Rectangle { width: Theme.ring; height: parent.height; color: Theme.picked; visible: item.held }
-    MouseArea {
+    CarryArea {
         id: touch
         anchors.fill: parent
         hoverEnabled: true
@@ -41,20 +41,16 @@ Rectangle {
         }
         onDoubleClicked: project.browser.activate(item.index)
         // A clip or source can be carried to the timeline.
-        drag.target: item.kind === "clip" || item.kind === "source" ? carried : null
-        drag.threshold: 8
-        preventStealing: true // or the list would take a drag that goes down
-        onPressed: { carried.x = mouseX - carried.width / 2; carried.y = mouseY - carried.height / 2 }
-        drag.onActiveChanged: if (drag.active && !item.picked && !item.held) project.browser.pick(item.index, 0)
-        onReleased: if (drag.active) carried.Drag.drop()
+        ghost: item.kind === "clip" || item.kind === "source" ? carried : null
+        onCarriesChanged: if (carries && !item.picked && !item.held) project.browser.pick(item.index, 0)
     }
     Item {
         id: carried
         readonly property var dragged: ({ kind: "clips" })
         width: 96
         height: 54
-        visible: touch.drag.active
-        Drag.active: touch.drag.active
+        visible: touch.carries
+        Drag.active: touch.carries
         Drag.source: carried
         Drag.hotSpot.x: width / 2
         Drag.hotSpot.y: height / 2

@@ -90,20 +90,17 @@ Rectangle {
             Accessible.onPressAction: library.add(index)
 
             HoverHandler { id: over }
-            MouseArea {
+            CarryArea {
                 id: carried
                 anchors.fill: parent
-                drag.target: item.kind === "leftOut" || pressedButtons & Qt.RightButton ? null : ghost
-                drag.threshold: 6
-                drag.smoothed: false
-                preventStealing: true // or the list would take a drag that goes down
+                ghost: item.kind === "leftOut" ? null : label
+                threshold: 6
                 acceptedButtons: Qt.LeftButton | Qt.RightButton
                 onClicked: (mouse) => { if (mouse.button === Qt.RightButton) { const at = mapToItem(null, mouse.x, mouse.y); page.askMenu(at.x, at.y) } }
-                onPressed: (mouse) => { const at = mapToItem(ghost.parent, mouse.x, mouse.y); ghost.x = at.x + 4; ghost.y = at.y + 4; page.reach(item.index) }
-                onReleased: if (drag.active) ghost.Drag.drop()
+                onPressed: page.reach(item.index)
                 onDoubleClicked: (mouse) => { if (mouse.button === Qt.LeftButton) library.add(item.index) }
                 Rectangle {
-                    id: ghost
+                    id: label
                     property int libraryRow: item.index
                     parent: page.Window.contentItem
                     visible: Drag.active
@@ -113,7 +110,7 @@ Rectangle {
                     radius: Theme.radius
                     color: Theme.raised
                     border.color: Theme.accent
-                    Drag.active: carried.drag.active
+                    Drag.active: carried.carries
                     Drag.keys: ["murbo/library"]
                     Drag.hotSpot: Qt.point(-4, -4)
                     Words { id: ghostName; anchors.centerIn: parent; text: item.name; elide: Text.ElideNone }
