@@ -4,10 +4,12 @@
 
 namespace murbo {
 
-void Announcer::say(QObject* item) const {
+/// As Qt's bridge has it nobody is given an event for alerts; an alert that is shown is read out.
+void Announcer::say(QObject* item) {
     if (!item) return;
-    QAccessibleEvent event(item, QAccessible::Alert);
+    QAccessibleEvent event(item, QAccessible::ObjectShow);
     QAccessible::updateAccessibility(&event);
+    emit said(item);
 }
 
 }

@@ -4,13 +4,17 @@
 
 namespace murbo {
 
-/// Has screen readers read out what comes up by itself, as messages do.
+/// Has screen readers read out what an alert says anew while it stands there. One that was hidden is read out
+/// by being shown.
 class Announcer : public QObject {
     Q_OBJECT
 
 public:
-    /// `item` has a name and a role.
-    Q_INVOKABLE void say(QObject* item) const;
+    /// `item` is shown, has the role of an alert and a name.
+    Q_INVOKABLE void say(QObject* item);
+
+signals:
+    void said(QObject* item);
 };
 
 }

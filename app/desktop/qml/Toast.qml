@@ -7,13 +7,14 @@ Rectangle {
     property string action
 
     function show(words, button) {
+        const stood = visible
         text.text = words
         action = button
         opacity = 1
         visible = true
         stay.interval = button ? Theme.toastStayLong : Theme.toastStay
         stay.restart()
-        announcer.say(toast)
+        if (stood) announcer.say(toast)
     }
     function shake() { if (visible) shaking.restart() }
 

@@ -8,8 +8,6 @@ Rectangle {
     readonly property bool exporting: !working && project.exports.running
     readonly property real share: working ? project.workProgress : exporting ? project.exports.progress : -1
 
-    readonly property string said: visible ? words.text : ""
-    onSaidChanged: if (said) announcer.say(pill)
 
     visible: working || exporting
     width: row.implicitWidth + 2 * Theme.wide
@@ -28,6 +26,9 @@ Rectangle {
             text: pill.working ? project.workLabel : "Exporting " + project.exports.title
             width: Math.min(implicitWidth, 260)
             height: Theme.control
+            Accessible.role: Accessible.AlertMessage
+            Accessible.name: text
+            onTextChanged: if (visible) announcer.say(words)
         }
         Rectangle {
             visible: pill.share >= 0
