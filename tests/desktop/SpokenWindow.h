@@ -29,11 +29,15 @@ struct SpokenWindow : WindowOfProject {
         editor().setInspectorTab(tab);
         settle(100);
     }
-    /// What an input method does: letters while they are composed, then what they become.
-    void compose(const QString& before, const QString& after) {
-        QInputMethodEvent composing(before, {});
-        QCoreApplication::sendEvent(window().focusObject(), &composing);
+    /// What an input method does while letters are composed.
+    void composing(const QString& letters) {
+        QInputMethodEvent event(letters, {});
+        QCoreApplication::sendEvent(window().focusObject(), &event);
         settle(5);
+    }
+    /// All that it does: letters while they are composed, then what they become.
+    void compose(const QString& before, const QString& after) {
+        composing(before);
         QInputMethodEvent done;
         done.setCommitString(after);
         QCoreApplication::sendEvent(window().focusObject(), &done);

@@ -99,6 +99,35 @@ TEST(TranscriptPage, inputMethodsCorrectInAnyScript) {
     EXPECT_EQ(Complaints::list(), "");
 }
 
+TEST(TranscriptPage, whatIsComposedIsShownAndIsNoCorrectionBeforeItIsCommitted) {
+    MURBO_NEEDS_FFMPEG();
+    TranscriptWindow shown;
+    const struct {
+        int line;
+        std::vector<const char*> composed; ///< one after the other in the same place
+        const char* committed;
+    } cases[] = {{1, {"แ", "แล", "แล้", "แล้ว"}, "แล้ว"}, {2, {"k", "か", "かんじ", "漢字"}, "漢字"}};
+    for (const auto& [line, composed, committed] : cases) {
+        const auto before = shown.said(static_cast<std::size_t>(line));
+        shown.press(line);
+        shown.key(Qt::Key_End);
+        for (const auto* letters : composed) {
+            shown.composing(QString::fromUtf8(letters));
+            EXPECT_EQ(shown.area->property("preeditText").toString(), QString::fromUtf8(letters));
+            EXPECT_EQ(shown.block(line).toStdString(), before);
+        }
+        shown.compose(QString::fromUtf8(composed.back()), QString::fromUtf8(committed));
+        EXPECT_EQ(shown.area->property("preeditText").toString(), "");
+        EXPECT_EQ(shown.said(static_cast<std::size_t>(line)), before) << "the caret is still in it";
+        shown.key(Qt::Key_Up);
+        EXPECT_EQ(shown.said(static_cast<std::size_t>(line)), before + committed);
+        EXPECT_EQ(shown.step(), "Correct Line");
+        shown.key(Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(shown.said(static_cast<std::size_t>(line)), before) << "one step";
+    }
+    EXPECT_EQ(Complaints::list(), "");
+}
+
 TEST(TranscriptPage, noKeyJoinsLinesOrTakesOneAway) {
     MURBO_NEEDS_FFMPEG();
     TranscriptWindow shown;
