@@ -42,7 +42,7 @@ check_includes() { # a room looks only into those beneath it
                   "core/render/stage=7 core/render=8 core/render/export=8.5 " \
                   "core/ai=9 core/mcp=10 app/options=10.5 app/mcp/bridge=10.6 app/editor/playback=10.8 app/editor/speaker=10.9 app/editor=11 " \
                   "app/editor/ai=11.1 app/editor/commands=11.2 app/editor/script=11.4 app/mcp=12 app/paid=12.5 app/headless=13 app/desktop/drawn=12.6 app/desktop/timeline=12.8 app/desktop/viewer=12.8 app/desktop/models=12.7 app/desktop/captions=12.75 app/desktop/transcript=12.85 app/desktop/inspector=12.9 " \
-                  "app/desktop/access=12.9 app/desktop/settings=12.8 app/desktop/documents=12.8 app/desktop/footage=12.8 app/desktop/libraries=12.8 app/desktop/services=12.5 app/desktop=13 app=14", rooms, " ")
+                  "app/desktop/access=12.9 app/desktop/settings=12.8 app/desktop/documents=12.8 app/desktop/footage=12.8 app/desktop/libraries=12.8 app/desktop/services=12.5 app/desktop/exports=12.95 app/desktop=13 app=14", rooms, " ")
             for (i in rooms) { split(rooms[i], pair, "="); level[pair[1]] = pair[2] }
         }
         function room(path) { sub("/[^/]*$", "", path); return path }

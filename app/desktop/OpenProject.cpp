@@ -1,8 +1,8 @@
 #include "app/desktop/OpenProject.h"
 
 #include "app/desktop/Actions.h"
-#include "app/desktop/Clipboard.h"
 #include "app/desktop/inspector/TypedTime.h"
+#include "app/desktop/services/Clipboard.h"
 #include "app/desktop/services/PlatformWords.h"
 #include "app/editor/Timecode.h"
 #include "core/render/plan/Plan.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/desktop/ExportQueue.h"
 #include "app/desktop/drawn/FootagePictures.h"
+#include "app/desktop/exports/ExportQueue.h"
 #include "app/desktop/models/BrowserModel.h"
 #include "app/desktop/models/SidebarModel.h"
 #include "app/editor/ProjectDocument.h"

@@ -1,7 +1,7 @@
 #include "app/desktop/ProjectWindow.h"
 
-#include "app/desktop/ExportWatch.h"
 #include "app/desktop/KeyRouter.h"
+#include "app/desktop/exports/ExportWatch.h"
 #include "app/desktop/footage/DroppedFiles.h"
 #include "app/editor/commands/OverlayCommands.h"
 #include "app/editor/commands/SoundCommands.h"
@@ -19,7 +19,7 @@ namespace murbo {
 ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_ptr<ProjectDocument> document,
                              const SoundPlayer::MakeOutput& sound)
     : open(std::move(document)),
-      exportSheet(open),
+      exportSheet(open.editor(), *open.exports()),
       inspectorPanel(open.editor()),
       historySheet(open.editor()),
       copySheet(open.editor()),
@@ -34,10 +34,12 @@ ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_p
       inspectorPictures(open.editor()),
       heldFootage(open.editor()),
       viewerAids(open.editor().playback),
+      deliveryCheck(open.editor(), viewerAids.areas()),
       context(std::make_unique<QQmlContext>(&engine)) {
     context->setContextProperty("desktop", &desktop);
     context->setContextProperty("project", &open);
     context->setContextProperty("exportSheet", &exportSheet);
+    context->setContextProperty("deliveryCheck", &deliveryCheck);
     context->setContextProperty("inspection", &inspection);
     context->setContextProperty("inspectorPictures", &inspectorPictures);
     context->setContextProperty("inspectorPanel", &inspectorPanel);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/desktop/ClosingQuestion.h"
-#include "app/desktop/ExportSheet.h"
 #include "app/desktop/OpenProject.h"
 #include "app/desktop/SplitterSizes.h"
 #include "app/desktop/WindowPlan.h"
@@ -9,6 +8,8 @@
 #include "app/desktop/captions/CaptionsPage.h"
 #include "app/desktop/documents/CopySheet.h"
 #include "app/desktop/documents/HistorySheet.h"
+#include "app/desktop/exports/DeliveryCheck.h"
+#include "app/desktop/exports/ExportSheet.h"
 #include "app/desktop/footage/FootageSheet.h"
 #include "app/desktop/footage/StreamSheet.h"
 #include "app/desktop/inspector/Inspection.h"
@@ -85,6 +86,7 @@ private:
     FolderModel folders;
     HeldFootage heldFootage;
     ViewerAids viewerAids;
+    DeliveryCheck deliveryCheck;
     TimelineAppearance timelineAppearance;
     SplitterSizes splitters;
     Eyedropper eyedropper;

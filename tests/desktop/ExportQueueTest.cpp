@@ -1,4 +1,4 @@
-#include "app/desktop/ExportQueue.h"
+#include "app/desktop/exports/ExportQueue.h"
 #include "tests/desktop/WindowOfProject.h"
 
 #include <gtest/gtest.h>
@@ -38,26 +38,42 @@ TEST(ExportQueue, makesOneMovieAfterTheOther) {
     const TemporaryFolder folder;
     const auto project = footage();
     ExportQueue queue;
-    queue.add(job(project, 0.5, folder / "a.mp4"));
+    auto first = job(project, 0.5, folder / "a.mp4");
+    const auto video = first.video.id;
+    queue.add(std::move(first));
     queue.add(job(project, 0.5, folder / "b.mp4"));
-    EXPECT_EQ(queue.waiting(), 1);
+    queue.add(job(project, 0.5, folder / "c.mp4"));
+    EXPECT_EQ(queue.waiting(), 2);
+    EXPECT_TRUE(queue.holds(video));
+    EXPECT_TRUE(queue.makes(QString::fromStdString(folder / "c.mp4")));
+    queue.remove("2");
+    EXPECT_EQ(queue.waiting(), 1) << "one is taken out of the line";
     ASSERT_TRUE(ended(queue));
     EXPECT_EQ(queue.problem(), "");
     EXPECT_TRUE(std::filesystem::exists(folder / "a.mp4"));
-    EXPECT_EQ(queue.finished().toStdString(), (folder / "b.mp4").string());
+    EXPECT_FALSE(std::filesystem::exists(folder / "b.mp4"));
+    EXPECT_EQ(queue.finished().toStdString(), (folder / "c.mp4").string());
+    EXPECT_FALSE(queue.holds(video));
+    ASSERT_EQ(queue.rows().size(), 2) << "what became of them is there to be read";
+    EXPECT_EQ(queue.rows()[0].state, ExportRow::State::done);
+    queue.clear();
+    EXPECT_TRUE(queue.rows().empty());
 }
 
-TEST(ExportQueue, aStoppedMovieLeavesNothing) {
+TEST(ExportQueue, aStoppedMovieLeavesNothingAndTheNextBegins) {
     MURBO_NEEDS_FFMPEG();
     const TemporaryFolder folder;
     ExportQueue queue;
-    queue.add(job(footage(), 4, folder / "a.mp4"));
+    const auto project = footage();
+    queue.add(job(project, 4, folder / "a.mp4"));
+    queue.add(job(project, 0.2, folder / "b.mp4"));
     ASSERT_TRUE(QTest::qWaitFor([&] { return queue.progress() > 0; }, 20000));
     queue.stop();
     ASSERT_TRUE(ended(queue));
-    EXPECT_EQ(queue.finished(), "");
+    EXPECT_EQ(queue.rows()[0].state, ExportRow::State::stopped);
+    EXPECT_EQ(queue.rows()[1].state, ExportRow::State::done);
     EXPECT_EQ(queue.problem(), "") << "to stop is no failure";
-    EXPECT_EQ(entriesIn(folder.path), 0);
+    EXPECT_EQ(entriesIn(folder.path), 1);
 }
 
 TEST(ExportQueue, saysWhyAMovieCouldNotBeMade) {

@@ -1,4 +1,4 @@
-#include "app/desktop/ExportSheet.h"
+#include "app/desktop/exports/ExportSheet.h"
 #include "app/editor/commands/CutCommands.h"
 #include "app/editor/commands/VideoCommands.h"
 #include "tests/desktop/WindowOfProject.h"
@@ -11,7 +11,7 @@ TEST(ExportSheet, fillsItsFormAndSaysWhatIsMissing) {
     MURBO_NEEDS_FFMPEG();
     WindowOfProject shown;
     ASSERT_TRUE(shown.opened);
-    ExportSheet sheet(shown.project());
+    ExportSheet sheet(shown.editor(), *shown.project().exports());
     sheet.fill();
     EXPECT_EQ(sheet.problem(), "Open a video first");
     VideoCommands::create(shown.editor(), Video::Aspect::vertical, "What? A/B \"test\"");
@@ -27,4 +27,48 @@ TEST(ExportSheet, fillsItsFormAndSaysWhatIsMissing) {
     shown.project().toggleMute("music");
     EXPECT_EQ(sheet.mutedWords(), "Rows muted on the timeline's headers: Music");
     EXPECT_EQ(shown.editor().history().undoName(), "Add Clip") << "to mute a row is no step";
+}
+
+namespace {
+
+/// The control of that name, rather than the words beside it.
+QQuickItem* control(QQuickItem* in, const QString& name) {
+    if (in->property("name").toString() == name) return in;
+    for (auto* child : in->childItems())
+        if (child->isVisible())
+            if (auto* found = control(child, name)) return found;
+    return nullptr;
+}
+
+}
+
+TEST(ExportSheet, anotherVideoIsPutInLineWhileOneIsMade) {
+    MURBO_NEEDS_FFMPEG();
+    WindowOfProject shown;
+    ASSERT_TRUE(shown.opened);
+    auto& exports = *shown.project().exports();
+    for (const auto* title : {"One", "Two"}) {
+        VideoCommands::create(shown.editor(), Video::Aspect::vertical, title);
+        shown.editor().holdClip(shown.editor().project().clips[0].id);
+        CutCommands::addToEnd(shown.editor());
+    }
+    shown.settle();
+    shown.key(Qt::Key_E, Qt::ControlModifier);
+    shown.key(Qt::Key_Return, Qt::ControlModifier);
+    ASSERT_TRUE(exports.running());
+    EXPECT_EQ(shown.named("Add to Queue"), nullptr) << "what runs is no form";
+    shown.clickOn(shown.named("Export Another…"));
+    ASSERT_TRUE(shown.named("Add to Queue"));
+    auto* window = shown.window().contentItem();
+    const auto name = [&] { return control(window, "Save as")->property("text").toString().toStdString(); };
+    EXPECT_EQ(name(), "Two 2.mp4") << "not the file that is being made";
+    QMetaObject::invokeMethod(control(window, "Video"), "picked", Q_ARG(int, 0));
+    EXPECT_EQ(name(), "One.mp4");
+    shown.key(Qt::Key_Return, Qt::ControlModifier);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !exports.running() && exports.waiting() == 0; }, 60000));
+    ASSERT_EQ(exports.rows().size(), 2);
+    for (const auto& row : exports.rows()) EXPECT_TRUE(std::filesystem::exists(row.file.toStdString()));
+    EXPECT_TRUE(shown.named("Play"));
+    EXPECT_TRUE(shown.named("Show in Folder"));
+    EXPECT_EQ(Complaints::list(), "");
 }

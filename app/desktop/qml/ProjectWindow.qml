@@ -153,6 +153,7 @@ Window {
         onDropped: (drop) => { if (drop.hasUrls) sheets.drop(drop.urls) }
     }
     SheetLayer { id: sheets; anchors.fill: parent; picture: video.frame }
-    Toast { id: toast; anchors.horizontalCenter: parent.horizontalCenter; anchors.horizontalCenterOffset: (timeline.width - window.width) / 2; y: timeline.y + Theme.small }
+    Toast { id: toast; anchors.horizontalCenter: parent.horizontalCenter; anchors.horizontalCenterOffset: project.sheet ? 0 : (timeline.width - window.width) / 2
+        y: project.sheet ? Theme.small : timeline.y + Theme.small } // beside what a sheet says
     Component.onCompleted: timeline.takeFocus()
 }

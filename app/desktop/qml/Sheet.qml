@@ -10,6 +10,7 @@ FocusScope {
     property bool mainEnabled: true
     property string cancelWord: "Cancel"
     property alias foot: extra.data
+    readonly property real room: height - 7 * Theme.margin - head.height - last.height // most that its content can have
     default property alias content: body.data
     signal accepted()
 
@@ -33,15 +34,15 @@ FocusScope {
         id: card
         anchors.centerIn: parent
         width: Math.min(sheet.wide, parent.width - 2 * Theme.margin)
-        height: Math.min(head.height + body.childrenRect.height + foot.height + 5 * Theme.margin, parent.height - 2 * Theme.margin)
+        height: Math.min(head.height + body.childrenRect.height + last.height + 5 * Theme.margin, parent.height - 2 * Theme.margin)
         radius: Theme.sheetRadius
         color: Theme.raised
         MouseArea { property bool beside: true; anchors.fill: parent } // presses end here
 
         Words { id: head; x: 24; y: Theme.margin; height: 24; text: sheet.title; font.pixelSize: Theme.sheetSize; font.weight: Font.DemiBold }
-        Item { id: body; x: 24; width: parent.width - 48; anchors.top: head.bottom; anchors.topMargin: Theme.margin; anchors.bottom: foot.top; anchors.bottomMargin: Theme.margin }
+        Item { id: body; x: 24; width: parent.width - 48; anchors.top: head.bottom; anchors.topMargin: Theme.margin; anchors.bottom: last.top; anchors.bottomMargin: Theme.margin }
         Item {
-            id: foot
+            id: last
             x: 24
             width: parent.width - 48
             height: Theme.control

@@ -5,15 +5,23 @@ Rectangle {
     id: sidebar
 
     property bool rail: false
+    // A rail shows whole icons: all of them where there is room, else with a button for the others.
+    readonly property int most: height - 2 * list.edge
+    readonly property int step: Math.max(Theme.control, Math.min(34, Math.floor(most / Math.max(list.count, 1))))
+    readonly property bool more: rail && list.count * step > most
     function takeFocus() { list.forceActiveFocus(Qt.TabFocusReason) }
 
     color: Theme.panel
 
     ListView {
         id: list
-        anchors.fill: parent
-        anchors.margins: sidebar.rail ? 6 : Theme.small
+        readonly property int edge: sidebar.rail ? 6 : Theme.small
+        x: edge
+        y: edge
+        width: parent.width - 2 * edge
+        height: sidebar.more ? Math.floor((sidebar.most - down.height) / sidebar.step) * sidebar.step : sidebar.most
         clip: true
+        snapMode: sidebar.rail ? ListView.SnapToItem : ListView.NoSnap
         model: project.sidebar
         boundsBehavior: Flickable.StopAtBounds
         activeFocusOnTab: true
@@ -46,7 +54,7 @@ Rectangle {
             required property bool missing
             required property bool picked
             width: list.width
-            height: sidebar.rail ? 34 : Theme.row
+            height: sidebar.rail ? sidebar.step : Theme.row
             radius: Theme.radius
             color: picked ? Theme.pressed : touch.containsMouse ? Theme.hover : "transparent"
             border.width: picked && list.activeFocus ? Theme.ring : 0
@@ -67,6 +75,20 @@ Rectangle {
             MouseArea { id: touch; property bool hovered: sidebar.rail && containsMouse; anchors.fill: parent; hoverEnabled: true; onClicked: project.sidebar.pick(line.index) }
             Hint { of: touch; words: line.title }
         }
+    }
+    ScrollMark { of: list; visible: !sidebar.rail && list.contentHeight > list.height + 1 }
+    IconButton {
+        id: down
+        visible: sidebar.more
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 2
+        anchors.horizontalCenter: parent.horizontalCenter
+        implicitHeight: Theme.tool
+        glyph: "chevron-down"
+        rotation: list.atYEnd ? 180 : 0
+        name: list.atYEnd ? "Show the first ones" : "Show the other ones"
+        side: 16
+        onClicked: list.positionViewAtIndex(list.atYEnd ? 0 : list.count - 1, ListView.Contain)
     }
     Rectangle { anchors.right: parent.right; width: 1; height: parent.height; color: Theme.line }
 }

@@ -23,7 +23,7 @@ Rectangle {
         spacing: Theme.gap
         Words {
             id: words
-            text: pill.working ? project.workLabel : "Exporting " + project.exports.title
+            text: pill.working ? project.workLabel : "Exporting " + project.exports.title + (project.exports.waiting > 0 ? ", " + project.exports.waiting + " more" : "")
             width: Math.min(implicitWidth, 260)
             height: Theme.control
             Accessible.role: Accessible.AlertMessage

@@ -14,18 +14,24 @@ namespace {
 
 constexpr int patience = 5000;
 
-void open(const QString& folder) {
-    QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+bool open(const QString& path) {
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
 }
 
 }
 
 void show(const QString& path) {
     const QFileInfo file(path);
-    if (file.isDir()) return open(file.absoluteFilePath());
+    if (file.isDir()) {
+        open(file.absoluteFilePath());
+        return;
+    }
     const auto folder = file.absolutePath();
     auto bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) return open(folder);
+    if (!bus.isConnected()) {
+        open(folder);
+        return;
+    }
     auto call =
         QDBusMessage::createMethodCall("org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
                                        "org.freedesktop.FileManager1", "ShowItems");
@@ -35,6 +41,10 @@ void show(const QString& path) {
         watcher->deleteLater();
         if (const QDBusPendingReply<> reply = *watcher; reply.isError()) open(folder);
     });
+}
+
+bool play(const QString& file) {
+    return QFileInfo::exists(file) && open(file);
 }
 
 }

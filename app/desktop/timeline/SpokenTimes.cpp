@@ -1,12 +1,19 @@
 #include "app/desktop/timeline/SpokenTimes.h"
 
+#include "core/model/Times.h"
+
 #include <algorithm>
+#include <cmath>
 
 namespace murbo {
 namespace {
 
 constexpr double slack = 0.08; ///< seconds: a cut that near to where a line ends cuts no word
 
+}
+
+bool SpokenTimes::goesOn(const Cut& before, const Cut& after) {
+    return before.source == after.source && std::abs(before.end - after.start) < Times::samePlace;
 }
 
 const SpokenTimes::SpokenSource& SpokenTimes::of(const Project& project, const UUID& source) {
@@ -23,12 +30,14 @@ const SpokenTimes::SpokenSource& SpokenTimes::of(const Project& project, const U
     return kept;
 }
 
-bool SpokenTimes::holds(const Project& project, const UUID& source, double time) {
+std::optional<Stretch> SpokenTimes::around(const Project& project, const UUID& source, double time) {
     const auto& spoken = of(project, source).spoken;
     const auto after = std::ranges::upper_bound(spoken, time - slack, {}, &Stretch::from);
     // Lines follow one another; a few may overlap.
     const auto first = after - std::min<std::ptrdiff_t>(after - spoken.begin(), 4);
-    return std::any_of(first, after, [time](const Stretch& line) { return time < line.to - slack; });
+    const auto found =
+        std::find_if(first, after, [time](const Stretch& line) { return time < line.to - slack; });
+    return found == after ? std::nullopt : std::optional(*found);
 }
 
 std::vector<Stretch> SpokenTimes::quiet(const Project& project, const UUID& source, Stretch range,

@@ -4,6 +4,7 @@
 #include "core/model/Stretch.h"
 
 #include <map>
+#include <optional>
 #include <vector>
 
 namespace murbo {
@@ -12,8 +13,15 @@ namespace murbo {
 /// very same ones. One thread.
 class SpokenTimes {
 public:
+    /// Whether one cut goes on where the other ended, so that nothing is missed between them.
+    static bool goesOn(const Cut& before, const Cut& after);
+
     /// Whether a cut at `time`, in seconds on the source, cuts somebody off.
-    bool holds(const Project& project, const UUID& source, double time);
+    bool holds(const Project& project, const UUID& source, double time) {
+        return around(project, source, time).has_value();
+    }
+    /// What is being said at `time`, where a cut there cuts somebody off.
+    std::optional<Stretch> around(const Project& project, const UUID& source, double time);
     /// The stretches of a range of a source in which nobody speaks for at least `least` seconds. None
     /// where nothing was written down: nobody knows who speaks there.
     std::vector<Stretch> quiet(const Project& project, const UUID& source, Stretch range, double least);

@@ -89,11 +89,6 @@ std::string name(const Shot& shot, const TimelineLayout::Input& given) {
     return shot.move ? text + ", " + *shot.move : text;
 }
 
-/// Whether one cut goes on where the other ended, so that nothing is missed between them.
-bool goesOn(const Cut& before, const Cut& after) {
-    return before.source == after.source && std::abs(before.end - after.start) < Times::samePlace;
-}
-
 /// What an overlay shows of a file or of the footage itself.
 void showPicture(TimelineBlock& block, const Overlay& overlay, const TimelineLayout::BookFacts& book,
                  const TimelineLayout::Input& given) {
@@ -166,9 +161,9 @@ void TimelineLayout::addCuts(const Input& given) {
             block.source = cut.source;
             const auto* source = given.project.source(cut.source);
             block.sourceLength = source ? source->length : 0;
-            block.startsInWord =
-                (at == 0 || !goesOn(cuts[at - 1], cut)) && spoken.holds(given.project, cut.source, cut.start);
-            block.endsInWord = (at + 1 == cuts.size() || !goesOn(cut, cuts[at + 1])) &&
+            block.startsInWord = (at == 0 || !SpokenTimes::goesOn(cuts[at - 1], cut)) &&
+                                 spoken.holds(given.project, cut.source, cut.start);
+            block.endsInWord = (at + 1 == cuts.size() || !SpokenTimes::goesOn(cut, cuts[at + 1])) &&
                                spoken.holds(given.project, cut.source, cut.end);
         }
         if (given.look.quiet && !cut.generator)

@@ -67,14 +67,7 @@ bool isSolid(const PlacedOverlay& placed, const MeasureOrder& order, const QPoin
 
 std::optional<Measured> measured(const CaptionCue& cue, const MeasureOrder& order) {
     const auto& plan = order.plan;
-    const CaptionPicture::Request request{.text = cue.text,
-                                          .style = plan.style,
-                                          .fonts = plan.fonts,
-                                          .big = cue.big,
-                                          .stress = cue.stress,
-                                          .scale = std::min(plan.frame.width, plan.frame.height) / 1080,
-                                          .width = CaptionPicture::widestShare * plan.frame.width};
-    const auto bitmap = CaptionPicture::bitmap(request);
+    const auto bitmap = CaptionPicture::bitmap(picture(cue, plan));
     if (!bitmap) return {};
     const VisibleBounds seen(*bitmap);
     if (seen.empty()) return {};
@@ -93,6 +86,16 @@ std::optional<Measured> measured(const CaptionCue& cue, const MeasureOrder& orde
     return Measured{atLeast(rect), drawn ? drawn->extent().middle().y / plan.frame.height : 0.5};
 }
 
+}
+
+CaptionPicture::Request picture(const CaptionCue& cue, const Plan& plan) {
+    return {.text = cue.text,
+            .style = plan.style,
+            .fonts = plan.fonts,
+            .big = cue.big,
+            .stress = cue.stress,
+            .scale = std::min(plan.frame.width, plan.frame.height) / 1080,
+            .width = CaptionPicture::widestShare * plan.frame.width};
 }
 
 const PlacedOverlay* overlayOf(const Plan& plan, const Pick& pick) {

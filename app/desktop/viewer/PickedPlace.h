@@ -2,6 +2,7 @@
 
 #include "app/desktop/viewer/PictureBox.h"
 #include "app/editor/Pick.h"
+#include "core/render/captions/CaptionPicture.h"
 #include "core/render/plan/Plan.h"
 
 #include <optional>
@@ -34,6 +35,9 @@ std::optional<Measured> measure(const MeasureOrder& order, PlaybookMedia& media)
 /// Whether what is picked shows anything at a point of the frame, in pixels: within its box, and where that
 /// fills much of the frame only where it is not clear.
 bool shows(const MeasureOrder& order, const QPointF& point, PlaybookMedia& media);
+
+/// What a caption's picture is made of, all its words shown.
+CaptionPicture::Request picture(const CaptionCue& cue, const Plan& plan);
 
 /// The overlay of a pick, or null.
 const PlacedOverlay* overlayOf(const Plan& plan, const Pick& pick);

@@ -1,4 +1,4 @@
-#include "app/desktop/Clipboard.h"
+#include "app/desktop/services/Clipboard.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

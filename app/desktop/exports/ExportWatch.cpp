@@ -1,6 +1,6 @@
-#include "app/desktop/ExportWatch.h"
+#include "app/desktop/exports/ExportWatch.h"
 
-#include "app/desktop/ExportQueue.h"
+#include "app/desktop/exports/ExportQueue.h"
 #include "app/desktop/services/Notice.h"
 
 #include <QWindow>

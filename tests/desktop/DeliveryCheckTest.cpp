@@ -1,0 +1,35 @@
+#include "app/desktop/exports/DeliveryCheck.h"
+#include "app/editor/commands/CutCommands.h"
+#include "tests/desktop/TimelineVideo.h"
+
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace murbo;
+
+TEST(DeliveryCheck, followsTheVideoAndMendsAnEdge) {
+    TimelineVideo of;
+    DeliveryCheck check(of.editor, {});
+    check.begin();
+    const auto checked = [&] { return QTest::qWaitFor([&] { return check.state() != "checking…"; }, 20000); };
+    ASSERT_TRUE(checked());
+    EXPECT_EQ(check.state(), "checked just now");
+    EXPECT_TRUE(check.allGood().startsWith("All cuts have their files")) << check.allGood().toStdString();
+
+    CutCommands::trim(of.editor, of.cut(0).id, false, 12);
+    CutCommands::endTrim(of.editor, of.cut(0).id, false, "Trim End");
+    ASSERT_TRUE(checked());
+    ASSERT_EQ(check.findings().size(), 1);
+    EXPECT_EQ(check.state(), "1 to look at");
+    check.show(0);
+    EXPECT_EQ(of.editor.picked()->id, of.cut(0).id);
+    check.fix(0);
+    EXPECT_EQ(of.cut(0).end, 13);
+    EXPECT_EQ(of.editor.history().undoName(), "Trim End");
+    ASSERT_TRUE(checked());
+    EXPECT_TRUE(check.findings().isEmpty());
+    check.fix(5);
+    check.show(-1);
+    check.end();
+}
