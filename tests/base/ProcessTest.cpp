@@ -2,6 +2,7 @@
 #include "tests/ProblemOf.h"
 #include "tests/TemporaryFolder.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 using namespace murbo;
@@ -51,4 +52,16 @@ TEST(Process, waitsNoLongerThanAskedAndCanBeWoken) {
     process.end();
     EXPECT_FALSE(process.succeeded());
     process.end();
+}
+
+TEST(Process, keepsTheEndOfManyWords) {
+    Process process(shell,
+                    {"-c", "i=0; while [ $i -lt 3000 ]; do printf '%0100d\\n' $i >&2; i=$((i+1)); done"});
+    EXPECT_TRUE(process.wait(late(), -1));
+    std::string all;
+    for (int number = 0; number < 3000; ++number) all += fmt::format("{:0100}\n", number);
+    const auto& words = process.lastWords();
+    EXPECT_TRUE(all.ends_with(words));
+    EXPECT_GE(words.size(), 1u << 16);
+    EXPECT_LE(words.size(), 2u << 16);
 }

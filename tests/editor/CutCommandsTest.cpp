@@ -55,6 +55,8 @@ TEST(CutCommands, theOfferIsTheRangeElseTheClipElseTheSource) {
     EXPECT_EQ(offer(), std::pair(-1.0, -1.0)) << "too short";
     lines(R"(["set","range",null])");
     EXPECT_EQ(CutCommands::offeredCuts(editor).size(), 2u);
+    lines(R"(["set","pickedClips",["C03"]])");
+    EXPECT_EQ(CutCommands::offeredCuts(editor).at(0).start, 40) << "the held clip counts before one picked";
 }
 
 TEST(CutCommands, whatIsPutIsPickedAndFollowsTheFirst) {

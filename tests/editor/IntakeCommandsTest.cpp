@@ -1,4 +1,5 @@
 #include "app/editor/commands/IntakeCommands.h"
+#include "tests/MadeMedia.h"
 #include "tests/editor/Lines.h"
 
 #include <gtest/gtest.h>
@@ -45,6 +46,19 @@ TEST(IntakeCommands, aStreamHasAClipRoundEachMarker) {
     EXPECT_EQ(source.kind, Source::Kind::stream);
     EXPECT_EQ(source.note, "a note");
     EXPECT_EQ(lines.project().clips.size(), 5u);
+}
+
+TEST(IntakeCommands, markersThatAreGivenCountBeforeThoseThatLieThere) {
+    MURBO_NEEDS_FFMPEG();
+    Lines lines;
+    const auto recording = made::file("live.mp4", "-f lavfi -i color=s=64x36:r=5:d=2").string();
+    std::ofstream(made::folder() / "live.csv") << "0:01";
+    const auto own = lines.folder.file("own.csv", "0:01").string();
+    for (const auto& [given, name] :
+         {std::pair<std::string, std::string>{"", "live.csv"}, {",\"" + own + "\"", "own.csv"}}) {
+        lines("[\"addStream\",\"" + recording + "\"" + given + "]");
+        EXPECT_EQ(lines.project().sources.back().stream->markersName, name);
+    }
 }
 
 TEST(IntakeCommands, whatCanNotBeReadIsRefusedByName) {

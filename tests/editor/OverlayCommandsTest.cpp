@@ -88,6 +88,9 @@ TEST(OverlayCommands, updatingTakesTheLibrarysVersion) {
     lines(R"(["changeOverlay","overlay 1","x",{"version":1}])");
     EXPECT_EQ(lines(R"(["updateOverlay","overlay 1"])"), stepped("Update Playbook"));
     EXPECT_EQ(lines.look().overlays[0].version, 3);
+    lines(R"(["changeOverlay","overlay 1","x",{"playbook":"stock.hearts"}])");
+    lines(R"(["updateOverlay","overlay 1"])");
+    EXPECT_TRUE(Playbooks::copy("stock.hearts", lines.look().overlays[0].version, lines.package()));
     lines(R"(["changeOverlay","overlay 1","x",{"playbook":"gone"}])");
     EXPECT_EQ(lines(R"(["updateOverlay","overlay 1"])"), fine);
 }

@@ -30,6 +30,7 @@ TEST(SessionState, aFreshSessionLeavesOutWhatIsNot) {
     EXPECT_EQ(now["span"], json({0.0, 20.0}));
     EXPECT_EQ(now["sourceSpan"], json({0.0, 0.0}));
     EXPECT_EQ(now["rate"], 0);
+    EXPECT_EQ(now["framing"], false);
     EXPECT_EQ(now["frameRate"], 30);
     EXPECT_EQ(now["undo"], json::array());
 }

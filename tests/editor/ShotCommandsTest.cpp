@@ -63,7 +63,8 @@ TEST(ShotCommands, aPunchGoesOutWhereTheShotOnScreenIsIn) {
     EXPECT_EQ(lines.look().shots[2].zoom, 1);
     lines(R"(["seek",1])");
     EXPECT_EQ(lines(R"(["punch"])"), stepped("Punch In")) << "before the first, nothing is on screen";
-    EXPECT_EQ(lines.look().shots.size(), 4u);
+    EXPECT_EQ(lines(R"(["punch"])"), stepped("Punch Out"));
+    EXPECT_EQ(lines.look().shots.size(), 4u) << "one takes the other's place";
 }
 
 TEST(ShotCommands, aShotIsChangedMovedAndRemovedByItself) {

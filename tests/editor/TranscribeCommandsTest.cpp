@@ -92,6 +92,19 @@ TEST(TranscribeCommands, theLanguageIsTheProjects) {
               refused("“stretches” is not right: a source, a range and a name are expected."));
 }
 
+TEST(TranscribeCommands, waitForTheWorkThatRuns) {
+    Lines lines;
+    const Environment key("OPENROUTER_API_KEY", "sk-or-v1-of-the-test");
+    auto& editor = lines.editor();
+    editor.setMissing({});
+    editor.work.run("Measuring", [&](Work&) -> QCoro::Task<> {
+        TranscribeCommands::transcribeQueue(editor, {{lines.project().sources[0].id, {1, 2}, "C01"}}, true,
+                                            {});
+        co_return;
+    });
+    EXPECT_EQ(editor.toast(), "Wait for Measuring to finish");
+}
+
 TEST(TranscribeCommands, whatIsMissingIsLeftOut) {
     Lines lines;
     const Environment key("OPENROUTER_API_KEY", "sk-or-v1-of-the-test");

@@ -68,6 +68,7 @@ TEST(PictureConversion, knowsWhatAFrameCanDescribe) {
 TEST(PictureConversion, leavesTheRestToBeConvertedAndThenItCan) {
     for (const auto& [format, target] : {
              std::pair{AV_PIX_FMT_RGB24, AV_PIX_FMT_BGR0},
+             {AV_PIX_FMT_RGB0, AV_PIX_FMT_BGR0},
              {AV_PIX_FMT_RGBA, AV_PIX_FMT_BGRA},
              {AV_PIX_FMT_PAL8, AV_PIX_FMT_BGRA},
              {AV_PIX_FMT_GBRP, AV_PIX_FMT_BGR0},
@@ -101,6 +102,10 @@ TEST(PictureConversion, keepsSamplesTimesAndColours) {
         for (int plane = 0; plane < 3; ++plane) EXPECT_EQ(made->data[plane][0], 200) << plane << range;
         EXPECT_EQ(made->pts, 77);
         EXPECT_EQ(made->colorspace, AVCOL_SPC_BT709);
+        auto grey = picture(AV_PIX_FMT_YA8, 32, 16, 235);
+        grey->color_range = range;
+        EXPECT_EQ(PictureConversion::converted(std::move(grey))->data[0][0],
+                  range == AVCOL_RANGE_JPEG ? 235 : 255);
     }
     auto red = picture(AV_PIX_FMT_RGB24, 32, 16, 0);
     for (int x = 0; x < 32; ++x) red->data[0][3 * x] = 255;

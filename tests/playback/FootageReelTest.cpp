@@ -53,6 +53,18 @@ TEST(FootageReel, keepsWhatItReadAndSaysSo) {
     EXPECT_EQ(numbered::in(reel.at(during(101), none)), 101);
 }
 
+TEST(FootageReel, whatIsReadBeforeAPlaceCountsOnlyThere) {
+    FootageReel back(numbered::movie("long.mp4"));
+    back.at(during(100), none);
+    back.readBefore(during(95));
+    EXPECT_EQ(numbered::in(back.at(during(75), none)), 75);
+    EXPECT_TRUE(back.holds(during(98))) << "it had not to jump";
+    FootageReel on(numbered::movie("long.mp4"));
+    on.at(during(100), none);
+    on.readBefore(during(95));
+    for (const int number : {115, 128, 80, 95}) EXPECT_EQ(numbered::in(on.at(during(number), none)), number);
+}
+
 TEST(FootageReel, atTheEndsItHoldsAllBeyond) {
     FootageReel reel(numbered::movie("long.mp4"));
     reel.at(-1, none);

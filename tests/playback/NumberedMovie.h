@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/MadeMedia.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/render/Samples.h"
 
@@ -16,6 +17,12 @@ inline std::filesystem::path movie(const std::string& name, int pictures = 150) 
     const auto path = folder / name;
     if (!std::filesystem::exists(path)) samples::writeNumbered(path, pictures, rate);
     return path;
+}
+
+/// The same of 150 pictures with a keyframe each twelve; wants MURBO_NEEDS_FFMPEG.
+inline std::filesystem::path keyed() {
+    return made::file("keyed.mp4",
+                      "-i " + made::quoted(movie("long.mp4")) + " -c:v libx264 -preset veryfast -g 12");
 }
 
 /// The number that a picture of such a movie carries; -1 where there is none.

@@ -36,8 +36,13 @@ TEST(PlayerItem, onlyOtherStretchesAreAnotherPicture) {
     video.title = "another";
     EXPECT_TRUE(first.hasPictureOf(item()));
     EXPECT_FALSE(first.hasPictureOf(item({project.sources[0].id}))) << "its file is gone";
-    video.cuts.edit()[1].start = 0.4;
-    EXPECT_FALSE(first.hasPictureOf(item()));
+    auto slower = item();
+    slower.composition.rate = 25;
+    EXPECT_FALSE(first.hasPictureOf(slower));
+    for (const auto& [start, end] : {std::pair{0.4, 0.5}, {0.2, 0.4}}) {
+        std::tie(video.cuts.edit()[1].start, video.cuts.edit()[1].end) = std::pair(start, end);
+        EXPECT_FALSE(first.hasPictureOf(item())) << start;
+    }
     video.cuts.edit()[1] = {.source = project.sources[0].id, .start = 0.3, .end = 0.6};
     EXPECT_FALSE(first.hasPictureOf(item()));
     video.cuts.edit().pop_back();

@@ -24,6 +24,18 @@ TEST(ReverseReel, everyPictureComesInFallingOrder) {
     for (int number = 149; number >= 30; --number) ASSERT_EQ(shown(reel, number), number);
 }
 
+TEST(ReverseReel, goesFromKeyframeToKeyframeOfAFileThatIsGone) {
+    MURBO_NEEDS_FFMPEG();
+    const TemporaryFolder folder;
+    const auto file = folder / "a.mp4";
+    std::filesystem::copy_file(numbered::keyed(), file);
+    ReverseReel reel(file, 1, during(149), 1.0 / numbered::rate);
+    for (int number = 149; number >= 30; --number) {
+        ASSERT_EQ(shown(reel, number), number);
+        std::filesystem::remove(file);
+    }
+}
+
 TEST(ReverseReel, inLargerStepsAPictureWithinTheStep) {
     ReverseReel reel(numbered::movie("long.mp4"), 0, during(149), 4.0 / numbered::rate);
     for (int number = 149; number >= 0; number -= 4) ASSERT_NEAR(shown(reel, number), number, 2.01) << number;

@@ -50,6 +50,9 @@ TEST(Shapes, circlesAndRoundCornersLeaveTheirCornersOut) {
     const auto pill = drawn(R"({"shape": "circle", "w": 0.4, "h": 0.2})");
     EXPECT_NEAR(covered(pill), 60 * 20 + 3.1416 * 10 * 10, 60) << "its ends are half discs";
     EXPECT_NEAR(covered(drawn(R"({"shape": "round", "w": 0.4})")), 80 * 80 - (4 - 3.1416) * 16 * 16, 60);
+    EXPECT_NEAR(covered(drawn(R"({"shape": "round", "w": 0.4, "h": 0.2})")), 80 * 20 - (4 - 3.1416) * 4 * 4,
+                20)
+        << "a share of the shorter side";
     EXPECT_NEAR(covered(drawn(R"({"shape": "round", "w": 0.4, "radius": 9})")), 3.1416 * 40 * 40, 150);
     EXPECT_EQ(covered(drawn(R"({"shape": "round", "w": 0.4, "radius": 0})")), 80 * 80);
 }
