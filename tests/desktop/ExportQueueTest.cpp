@@ -55,7 +55,7 @@ TEST(ExportQueue, makesOneMovieAfterTheOther) {
     EXPECT_EQ(queue.finished().toStdString(), (folder / "c.mp4").string());
     EXPECT_FALSE(queue.holds(video));
     ASSERT_EQ(queue.rows().size(), 2) << "what became of them is there to be read";
-    EXPECT_EQ(queue.rows()[0].state, ExportRow::State::done);
+    EXPECT_EQ(queue.rows()[0].state, ExportRow::MovieState::done);
     queue.clear();
     EXPECT_TRUE(queue.rows().empty());
 }
@@ -70,8 +70,8 @@ TEST(ExportQueue, aStoppedMovieLeavesNothingAndTheNextBegins) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return queue.progress() > 0; }, 20000));
     queue.stop();
     ASSERT_TRUE(ended(queue));
-    EXPECT_EQ(queue.rows()[0].state, ExportRow::State::stopped);
-    EXPECT_EQ(queue.rows()[1].state, ExportRow::State::done);
+    EXPECT_EQ(queue.rows()[0].state, ExportRow::MovieState::stopped);
+    EXPECT_EQ(queue.rows()[1].state, ExportRow::MovieState::done);
     EXPECT_EQ(queue.problem(), "") << "to stop is no failure";
     EXPECT_EQ(entriesIn(folder.path), 1);
 }

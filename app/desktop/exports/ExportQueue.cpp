@@ -15,7 +15,7 @@ constexpr int millisecondsASecond = 1000;
 
 /// What came of one movie.
 struct Ending {
-    ExportRow::State state = ExportRow::State::done;
+    ExportRow::MovieState state = ExportRow::MovieState::done;
     QString words;
 };
 
@@ -25,9 +25,9 @@ Ending make(const ExportQueue::MovieJob& job, const std::function<void(double)>&
         Exporter::movie(job.video, job.project, job.order, progress, std::move(stop));
         return {};
     } catch (const ExportCancelled&) {
-        return {ExportRow::State::stopped, "Stopped: nothing of it was kept"};
+        return {ExportRow::MovieState::stopped, "Stopped: nothing of it was kept"};
     } catch (const std::exception& error) {
-        return {ExportRow::State::failed,
+        return {ExportRow::MovieState::failed,
                 "The video could not be exported. " + PlatformWords::shown(error.what())};
     }
 }
@@ -42,7 +42,7 @@ ExportQueue::~ExportQueue() {
     background.finish();
 }
 
-const ExportQueue::QueuedMovie* ExportQueue::at(ExportRow::State state) const {
+const ExportQueue::QueuedMovie* ExportQueue::at(ExportRow::MovieState state) const {
     const auto found =
         std::ranges::find_if(queue, [state](const QueuedMovie& movie) { return movie.row.state == state; });
     return found == queue.end() ? nullptr : &*found;
@@ -50,11 +50,11 @@ const ExportQueue::QueuedMovie* ExportQueue::at(ExportRow::State state) const {
 
 int ExportQueue::waiting() const {
     return static_cast<int>(std::ranges::count_if(
-        queue, [](const QueuedMovie& movie) { return movie.row.state == ExportRow::State::waiting; }));
+        queue, [](const QueuedMovie& movie) { return movie.row.state == ExportRow::MovieState::waiting; }));
 }
 
 QString ExportQueue::title() const {
-    const auto* movie = at(ExportRow::State::running);
+    const auto* movie = at(ExportRow::MovieState::running);
     return movie ? movie->row.title : "";
 }
 
@@ -88,7 +88,7 @@ void ExportQueue::remove(const QString& movie) {
     const auto found = std::ranges::find_if(
         queue, [&](const QueuedMovie& one) { return one.row.id == movie.toStdString(); });
     if (found == queue.end()) return;
-    if (found->row.state == ExportRow::State::running) return stop();
+    if (found->row.state == ExportRow::MovieState::running) return stop();
     queue.erase(found);
     refresh();
 }
@@ -108,9 +108,9 @@ void ExportQueue::refresh() {
 }
 
 void ExportQueue::next() {
-    auto* movie = at(ExportRow::State::waiting);
+    auto* movie = at(ExportRow::MovieState::waiting);
     if (!movie) return emit idle();
-    movie->row.state = ExportRow::State::running;
+    movie->row.state = ExportRow::MovieState::running;
     stopping = {};
     words.clear();
     since.start();
@@ -131,20 +131,20 @@ void ExportQueue::setShare(double now) {
     emit progressChanged();
 }
 
-void ExportQueue::end(ExportRow::State state, const QString& said) {
-    auto* movie = at(ExportRow::State::running);
+void ExportQueue::end(ExportRow::MovieState state, const QString& said) {
+    auto* movie = at(ExportRow::MovieState::running);
     if (!movie) return; // the queue is going
     movie->job.reset();
     movie->row.state = state;
     movie->row.words = said;
     const auto name = movie->row.title;
-    if (state == ExportRow::State::failed) words = said;
-    if (state == ExportRow::State::done) madeFile = movie->row.file;
+    if (state == ExportRow::MovieState::failed) words = said;
+    if (state == ExportRow::MovieState::done) madeFile = movie->row.file;
     refresh();
-    if (state == ExportRow::State::stopped)
+    if (state == ExportRow::MovieState::stopped)
         emit this->said("Stopped: nothing of “" + name + "” was kept");
     else
-        emit this->said(state == ExportRow::State::done ? "Exported " + name : said);
+        emit this->said(state == ExportRow::MovieState::done ? "Exported " + name : said);
     next();
 }
 

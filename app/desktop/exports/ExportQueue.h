@@ -41,7 +41,7 @@ public:
     /// Stops what is running; nothing half-made stays.
     ~ExportQueue() override;
 
-    bool running() const { return at(ExportRow::State::running) != nullptr; }
+    bool running() const { return at(ExportRow::MovieState::running) != nullptr; }
     int waiting() const;
     QString title() const;                         ///< of the movie that is being made
     double progress() const { return share; }      ///< 0 to 1
@@ -76,13 +76,13 @@ private:
         std::shared_ptr<const MovieJob> job; ///< none once it has ended
     };
 
-    const QueuedMovie* at(ExportRow::State state) const; ///< the first in that state, or null
-    QueuedMovie* at(ExportRow::State state) {
+    const QueuedMovie* at(ExportRow::MovieState state) const; ///< the first in that state, or null
+    QueuedMovie* at(ExportRow::MovieState state) {
         return const_cast<QueuedMovie*>(std::as_const(*this).at(state));
     }
     void next();
     void setShare(double share);
-    void end(ExportRow::State state, const QString& words);
+    void end(ExportRow::MovieState state, const QString& words);
     void refresh();
 
     std::vector<QueuedMovie> queue;

@@ -5,17 +5,17 @@ namespace {
 
 enum { idRole = Qt::UserRole, titleRole, fileRole, stateRole, wordsRole };
 
-QString name(ExportRow::State state) {
+QString name(ExportRow::MovieState state) {
     switch (state) {
-        case ExportRow::State::waiting:
+        case ExportRow::MovieState::waiting:
             return "waiting";
-        case ExportRow::State::running:
+        case ExportRow::MovieState::running:
             return "running";
-        case ExportRow::State::done:
+        case ExportRow::MovieState::done:
             return "done";
-        case ExportRow::State::stopped:
+        case ExportRow::MovieState::stopped:
             return "stopped";
-        case ExportRow::State::failed:
+        case ExportRow::MovieState::failed:
             return "failed";
     }
     return "";
