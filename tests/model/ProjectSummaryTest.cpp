@@ -43,7 +43,7 @@ TEST_F(Recording, isToldLineByLine) {
     project.clips.edit() = {clip(1, 514, 516), clip(1, 12.9, 83.4)};
     project.clips.edit()[0].part = "a";
     project.clips.edit()[1].rating = 1;
-    project.clips.edit()[1].summary = Clip::Summary{"The big fall", ""};
+    project.clips.edit()[1].summary.emplace(Clip::Summary{"The big fall", ""});
     project.bookmarks.edit() = {{.number = 1, .source = source(), .at = 10, .note = "check this"}};
     project.videos.edit() = {{.number = 2, .title = "First cut"}};
     project.videos.edit()[0].cuts = std::vector<Cut>(3, {.end = 12.5 / 3});

@@ -104,7 +104,8 @@ TEST(GlyphDrawing, whatIsBlankOrTooLargeIsEmpty) {
     EXPECT_TRUE(huge.draw().alpha.empty());
     const OneLetter two("a b");
     const auto glyphs = two.text.glyphs(two.text.lines(1e9, 9).front(), {0, 0});
-    for (const auto& glyph : glyphs)
-        if (glyph.at == 1)
-            EXPECT_EQ(GlyphDrawing::draw(glyph.font, glyph.glyph, 0, 0, 5).width, 0) << "a blank";
+    for (const auto& glyph : glyphs) {
+        if (glyph.at != 1) continue;
+        EXPECT_EQ(GlyphDrawing::draw(glyph.font, glyph.glyph, 0, 0, 5).width, 0) << "a blank";
+    }
 }
