@@ -12,7 +12,7 @@ using namespace murbo;
 
 namespace {
 
-/// Becomes another program of the set, which stands beside this one. Comes back only where it could not.
+/// Becomes another program of the set, which stands beside this one. Returns only where it could not.
 int become(const std::string& name, char** words) {
     std::error_code error;
     const auto own = std::filesystem::read_symlink("/proc/self/exe", error);

@@ -72,7 +72,7 @@ std::size_t clipsOn(const UUID& source, const Project& project) {
 void Commands::print(const std::string& line) {
     std::fwrite(line.data(), 1, line.size(), stdout);
     std::fputc('\n', stdout);
-    // That nobody reads on is no failure.
+    // A reader that reads no further is no failure.
     if (std::fflush(stdout) != 0 && errno != EPIPE)
         throw Problem("The output could not be written: " + SystemError::cause(errno) + ".");
 }
@@ -97,7 +97,7 @@ std::optional<std::string> Commands::whyUnusable(const fs::path& file) try {
 
 void Commands::spent(const Arguments&, const Words& words) {
     const auto package = Paths::absolute(words[0]);
-    ProjectPackage::read(package); // says what is wrong with one that is none
+    ProjectPackage::read(package); // says what is wrong where it is no package
     auto text = Spending::summary(Activity::read(package));
     text.pop_back(); // the line break that printing adds
     print(text);

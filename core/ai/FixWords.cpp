@@ -45,7 +45,7 @@ std::u32string letters(std::string_view text) {
     return found;
 }
 
-/// How many letters one text takes to become the other (Levenshtein's distance).
+/// How many letters must change for one text to become the other (Levenshtein's distance).
 std::size_t distance(const std::u32string& one, const std::u32string& other) {
     std::vector<std::size_t> row(other.size() + 1);
     for (std::size_t n = 0; n < row.size(); ++n) row[n] = n;

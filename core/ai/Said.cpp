@@ -73,7 +73,7 @@ Said::Said(const Project& project) {
     std::size_t count = 0;
     for (const auto& [_, transcript] : project.transcripts)
         count += transcript.lines.size() + transcript.notes.size();
-    pieces.reserve(count); // what is pointed at stays where it is
+    pieces.reserve(count); // pointers to them stay valid
     std::set<UUID> done;
     for (const auto& source : project.sources)
         if (done.insert(source.id).second) add(source.id, project);
@@ -152,7 +152,7 @@ void Said::index() {
 const Said::Piece* Said::piece(const nlohmann::json& value) const {
     if (!value.is_string()) return nullptr;
     const auto& text = value.get_ref<const std::string&>();
-    const auto* found = tagged(text); // as most name them
+    const auto* found = tagged(text); // as most models write it
     const auto form = found ? std::nullopt : tag(text);
     if (form) found = tagged(*form);
     return found && !found->gone ? found : nullptr;

@@ -12,7 +12,7 @@ namespace {
 
 /// Nobody could tell more of them apart at once; those on top are drawn.
 constexpr std::ptrdiff_t maxAtOnce = 100;
-/// The number of these that show what lies below: each keeps a picture of it.
+/// The same for those that show what lies below: each keeps a picture of it.
 constexpr std::ptrdiff_t maxReading = 16;
 
 std::size_t rank(const PlacedOverlay* placed) {
@@ -23,9 +23,9 @@ bool isMoved(const Overlay& overlay) {
     return overlay.move && (overlay.move->from || overlay.move->to);
 }
 
-/// How many times as large a move shows its overlay at most.
+/// The largest scale at which a move shows its overlay.
 double enlarged(const Move& move) {
-    constexpr double max = 4; // finer letters than that nothing has
+    constexpr double max = 4; // nothing has finer letters than that
     double scale = 1;
     for (const auto* end : {&move.from, &move.to})
         if (*end) scale = std::max(scale, std::abs((*end)->scale.value_or(1)));

@@ -24,7 +24,7 @@ Image filled(Colour colour, Size frame) {
 }
 
 /// One pixel more at the foot of a panel that the next one hides: what scales or turns the whole frame would
-/// else let the background through between the two, where each covers a part of a pixel.
+/// otherwise let the background through between the two, where each covers a part of a pixel.
 Panel reachingUnder(Panel panel) {
     if (panel.frame.empty()) return panel;
     panel.source.height += panel.source.height / panel.frame.height;

@@ -11,7 +11,7 @@ namespace murbo {
 /// Whole files in and out. Failures are Problems that name the file and the cause in the owner's words.
 namespace Files {
 
-/// The bytes of a regular file. Throws where it is no regular file or holds more than `most` bytes.
+/// The bytes of a regular file. Throws where it is no regular file or holds more than `max` bytes.
 std::string readWhole(const std::filesystem::path& path, std::size_t max);
 
 /// Puts a file in place as a whole: at every moment, and after a crash, the path holds either the old bytes

@@ -14,7 +14,7 @@ public:
     Bitmap() = default;
     /// All clear. Throws Problem where the size is not above 0 or too large to hold (over 32768 a side).
     Bitmap(int width, int height);
-    /// The same with pixels of no known colour, for who will set them all.
+    /// The same with pixels of no known colour, for callers that set them all.
     static Bitmap toBeFilled(int width, int height);
 
     int width() const { return pixelsWide; }

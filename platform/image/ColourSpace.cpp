@@ -100,8 +100,9 @@ double shoulder(double light) {
     return std::min(knee + (1 - knee) * beyond * (1 + beyond / (top * top)) / (1 + beyond), 1.0);
 }
 
-/// Half by what the largest channel asks of the whole colour, which keeps hues, half each channel by itself,
-/// which lets bright colours pale towards white as film does: all hue and a sunlit sky turns to paint.
+/// The mean of two ways: the whole colour scaled by its largest channel, which keeps hues, and each channel
+/// by itself, which lets bright colours pale towards white as film does. By the first alone a sunlit sky
+/// looks painted.
 Channels dimmed(const Channels& light) {
     const double bright = largest(light);
     const double gain = bright > 0 ? shoulder(bright) / bright : 0;
@@ -130,7 +131,7 @@ std::vector<std::uint32_t> filled(Frame::Transfer transfer, Frame::Primaries pri
     return cube;
 }
 
-/// `white` in levels; `rounding` is added so that cutting the fraction off rounds.
+/// `white` in levels; `rounding` is added so that truncating rounds.
 Kernels::YCbCrMatrix matrix(const Frame& frame, double white, int rounding) {
     // On the samples' scale 8-bit codes keep their numbers whatever the depth.
     const double span = 256 - std::ldexp(1.0, 8 - std::min(frame.depth, 16));

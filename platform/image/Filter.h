@@ -38,15 +38,15 @@ public:
     bool byPixel() const { return self->byPixel(); }
     /// Whether what is opaque stays so: by default where nothing spreads.
     bool keepsOpaque() const { return self->keepsOpaque(); }
-    /// Whether it may as well change the means of colours, each being a weighted sum: by default not.
+    /// Whether it may be applied after averaging as well, as weighted sums may: by default not.
     bool sumsColours() const { return self->sumsColours(); }
-    /// Whether `draw` does rows that sum colours on a coarser grid than the canvas': by default not.
+    /// Whether `draw` applies rows that sum colours on a coarser grid than the canvas: by default not.
     bool drawsCoarsely(const Transform& place) const { return self->drawsCoarsely(place); }
 
     /// How it changes pixels in place; nothing where it does not. `body` is where the picture lies, `bounds`
     /// all that will be asked.
     ChangeRow row(const Rect& body, const PixelRect& bounds) const { return self->row(body, bounds); }
-    /// Ready to draw any part of `bounds` of what it makes of a source, each of `rows` being done then.
+    /// Prepared to draw any part of `bounds` of what it makes of a source, with each of `rows` applied.
     /// `place` leads from the source's space to the canvas, scaled and moved only.
     DrawTile draw(const PictureSource& source, const Transform& place, const PixelRect& bounds,
                   const std::vector<ChangeRow>& rows = {}) const {

@@ -30,7 +30,7 @@ Rect grown(const Rect& rect, double x, double y) {
     return {rect.x - x, rect.y - y, rect.width + 2 * x, rect.height + 2 * y};
 }
 
-/// The one rectangle that holds most of two.
+/// Of two rectangles the one with the larger area.
 Rect larger(const Rect& one, const Rect& other) {
     return area(one) >= area(other) ? one : other;
 }
@@ -126,7 +126,7 @@ Image Image::over(const Image& below, Blend blend) const {
 
 Image Image::clamped() const {
     if (empty() || extent().isEverything()) return *this;
-    // What changes pixels by themselves changes repeated ones alike.
+    // A filter that changes each pixel by itself changes the repeated ones alike.
     std::vector<const Filter*> filters;
     NodeRef picture = root;
     while (const auto* filtered = std::get_if<Node::Filtered>(&picture->kind)) {
@@ -164,11 +164,11 @@ Image Image::masked(const Image& mask) const {
 Image Image::filtered(const Filter& given) const {
     const auto filter = given.clamped(root->body);
     if (empty() || !filter) return *this;
-    // Beside the crop it is clear, and stays so. What is filtered one after the other then comes together.
+    // Outside the crop it is clear and stays so; with the crop outermost, filters in a row can be joined.
     const auto* crop = std::get_if<Node::Crop>(&root->kind);
     if (crop && filter->byPixel()) return Image(crop->of).filtered(*filter).cropped(crop->rect);
     const double reach = filter->reach();
-    // What spreads brings in the clear from round a picture, unless there is none.
+    // A filter that spreads draws in the clear pixels round a picture, unless there are none.
     const bool staysOpaque = filter->keepsOpaque() || (reach > 0 && root->opaque.isEverything());
     const Rect opaque = staysOpaque ? root->opaque : Rect{};
     const Rect body = extent().isEverything() ? root->body : grown(root->body, reach, reach);
@@ -183,7 +183,7 @@ Image Image::drawnOnce() const {
     if (empty() || extent().isEverything() || plain) return *this;
     const Rect all = extent();
     const bool single = root->single || PixelRect::touching(all).rect() == all;
-    // On a coarser grid an opaque part's edge lies elsewhere, and other edges than repeated ones are smooth.
+    // On a coarser grid the edge of an opaque part lies elsewhere, and edges that don't repeat are smooth.
     const Rect opaque = single && root->opaque.contains(all) ? all : Rect{};
     return Image(made(Node::Once{root, std::make_shared<TileCache>()}, all, root->body, opaque, single));
 }
@@ -191,7 +191,7 @@ Image Image::drawnOnce() const {
 Image Image::zoomBlurred(Point centre, double amount) const {
     const double reach = std::min(root->body.width, root->body.height) * 0.5;
     if (empty() || root->body.isEverything() || !(amount > 0) || !(reach > 0)) return *this;
-    // A smear as long as the way to the centre is all that a picture can show.
+    // No smear needs to be longer than the distance to the centre.
     const double spread = std::min(amount / reach, 1.0);
     const double outward = std::exp(spread / 2);
     const Rect all = extent();

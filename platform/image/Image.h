@@ -70,8 +70,8 @@ public:
     /// Every channel times the mask's alpha at its place.
     Image masked(const Image& mask) const;
     Image filtered(const Filter& filter) const;
-    /// The same picture, drawn once however often a graph shows it: for what is costly and used again. At
-    /// about the size at which it is first seen it has its own pixels; enlarged beyond, it softens.
+    /// The same picture, drawn once however often a graph shows it: for what is costly and used again. It
+    /// keeps pixels for about the size at which it is first seen; enlarged beyond that, it softens.
     Image drawnOnce() const;
     /// The edge pixels repeated outward without end.
     Image clamped() const;

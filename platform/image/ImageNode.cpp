@@ -29,7 +29,7 @@ struct ImageNode::Remains {
 
     static thread_local Remains* now; ///< where a node is being taken apart
 
-    /// Out of the list before it is gone: that may add to the list.
+    /// Taken out of the list before it is destroyed: destroying it may add to the list.
     template <typename T>
     static T last(std::vector<T>& list) {
         T taken = std::move(list.back());

@@ -65,7 +65,7 @@ struct ImageNode {
         double line;   ///< how wide the line along the edge; 0 fills the shape
         Colour colour;
 
-        /// Some rectangle, as large as there is one, that the shape covers wholly.
+        /// The largest upright rectangle that is known to lie wholly inside the shape.
         Rect solid() const;
     };
     struct Later {

@@ -90,7 +90,7 @@ MediaFacts::Picture picture(const Demuxer& input, AVStream* stream) {
     MediaFacts::Picture told;
     told.size = shape.uprightSize();
     told.nominalRate = nominalRate(stream);
-    // Cut files go on counting what they no longer show.
+    // Trimmed files still count pictures that they no longer show.
     const double mean = ratio(stream->avg_frame_rate);
     told.meanRate =
         mean > 0 ? std::min(mean, told.nominalRate > 0 ? told.nominalRate : mean) : told.nominalRate;

@@ -21,7 +21,7 @@ constexpr double blindReach = 3;
 constexpr double firstStepBack = 2;
 // Decoders hold pictures back for less than this.
 constexpr double maxHeldBack = 1;
-// A broken stretch ends the reading once the decoder has passed over this many at a time in vain.
+// Reading gives up on a broken stretch after this many packets in a row that give no picture.
 constexpr int maxStretches = 32;
 
 // Far enough for any file, and safe to calculate with.
@@ -55,7 +55,7 @@ struct FrameReader::PictureSearch {
         halfTick = std::min(av_q2d(stream->time_base) / 2, maxHalfTick) + rounding;
     }
 
-    /// Where a picture has its place on the grid, half a tick off for its own time, and half for the first's
+    /// A picture's place on the grid. Its own time may be half a tick off, and so may the first picture's
     /// where that is not 0.
     std::optional<double> placeOf(std::int64_t ticks) const {
         const double reach = stream->start_time == 0 ? halfTick : 2 * halfTick;
@@ -186,7 +186,8 @@ void FrameReader::PictureSearch::jump(double time, bool winding, const std::stop
     decoder.stopWinding();
 }
 
-// Winding passes over pictures that no other needs; where times are uneven it may have been the very one.
+// Winding passes over pictures that no other needs; where times are uneven, that may have been the one asked
+// for.
 bool FrameReader::PictureSearch::leftOutWhatIsAsked() const {
     const bool fields = stream->codecpar->field_order > AV_FIELD_PROGRESSIVE;
     const double rate = av_q2d(av_guess_frame_rate(input.context(), stream, nullptr));

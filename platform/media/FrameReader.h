@@ -14,9 +14,9 @@ namespace murbo {
 /// starts at the file's zero; rotation, pixel aspect, interlacing, start offsets and edit lists are settled
 /// here, so that a frame is upright and at its true time whatever wrote the file.
 ///
-/// For sampling, a file is read from end to end by `next`, at a fraction of the work. Pictures on which no
-/// other builds are left out, and some where none builds on any; large ones come without the smoothing of
-/// their blocks' edges, interlaced ones with both fields woven. Their times are true; how close they stand
+/// For sampling, `next` reads a file from end to end at a fraction of the work. Pictures that no other needs
+/// are left out, and where all of them stand alone, some; large ones come without the smoothing of their
+/// blocks' edges, interlaced ones with both fields woven. Their times are true; how close they stand
 /// depends on how the file was made.
 ///
 /// One thread at a time may use a reader.
@@ -25,7 +25,7 @@ public:
     enum class Purpose {
         stills,  ///< single pictures anywhere: quick after a seek
         playing, ///< a run of pictures forward: quick from one to the next
-        sampling ///< to measure, not to look at: see below
+        sampling ///< to measure, not to look at: see above
     };
 
     struct TimedFrame {
@@ -43,19 +43,19 @@ public:
 
     const MediaFacts& facts() const;
 
-    /// A 600th of a second: how long before its own time a picture counts as on that has no place on its
-    /// track's grid. Half of it is for how its time was rounded, half for how the asked one was. Where the
-    /// file's clock is a coarse one, what that rounds off comes on top.
+    /// A 600th of a second: a picture that has no place on its track's grid counts as on from this long
+    /// before its own time. Half of it allows for the rounding of that time, half for that of the time asked
+    /// for. Where the file's clock is coarse, its rounding comes on top.
     static constexpr double tolerance = 1.0 / 600;
 
     /// The picture that is on at `time`: the last that came on at or before it. One on the track's grid comes
     /// on exactly then, whatever the file rounded, others within `tolerance`. The first one where `time` is
-    /// before it, after the end the last one. A time a little ahead of the last one
-    /// asked is reached by decoding on, any other by a seek. Nothing where not one picture can be decoded
-    /// there, and where `stop` came before it was reached.
+    /// before it, after the end the last one. A time a little after the last one asked for is reached by
+    /// decoding on, any other by a seek. Nothing where not one picture can be decoded there, and where `stop`
+    /// came before it was reached.
     std::optional<TimedFrame> at(double time, const std::stop_token& stop = {});
 
-    /// The last picture at or before `time` from which decoding can begin, quickly had; `next` goes on from
+    /// The last picture at or before `time` from which decoding can begin: quick to get. `next` goes on from
     /// there.
     std::optional<TimedFrame> keyframe(double time);
 

@@ -12,7 +12,7 @@
 namespace murbo {
 
 /// Writes an MPEG-4 movie: H.264 (BT.709, limited range, tagged so) and AAC, the index at the front. The file
-/// is written beside its place and renamed when whole; a writer that goes without `finish` leaves nothing.
+/// is written beside its place and renamed when whole; a writer destroyed without `finish` leaves nothing.
 ///
 /// One thread at a time may use a writer. Pictures and sound may come in turns of up to some seconds.
 class MovieWriter {

@@ -8,8 +8,8 @@
 
 namespace murbo {
 
-/// Decoded pictures of one track in the order in which they come on, each whole: what cannot be decoded
-/// rightly after a jump, for want of what lay before it, is left out. For FrameReader.
+/// Decoded pictures of one track in the order in which they come on, each whole: those that cannot be
+/// decoded rightly after a jump, for want of what lay before it, are left out. For FrameReader.
 class PictureDecoder {
 public:
     struct Decoded {
@@ -47,7 +47,7 @@ public:
     /// another call reads on.
     std::optional<Decoded> next();
 
-    /// Why there was no next picture: it is all over, or only `next` was at the end of its patience.
+    /// Why there was no next picture: it is all over, or `next` only gave up for now.
     bool isAtEnd() const { return stopped == Stopped::atEnd; }
     /// Reading failed, and reading on would too; a seek may help.
     bool hasFailed() const { return stopped == Stopped::failed; }

@@ -17,7 +17,7 @@ namespace {
 constexpr double preRoll = 0.25;
 // Reading on over this much costs about as much as a jump.
 constexpr std::int64_t reachAhead = 2 * Sound::rate;
-// Kept from before the place read last, for the one who steps back a little.
+// Kept from before the place read last, for a caller that steps back a little.
 constexpr std::int64_t keptBehind = Sound::rate / 2;
 constexpr double firstStepBack = 1;
 // Reading on through a broken stretch stops after this many packets, until the next call.
@@ -79,7 +79,7 @@ struct SoundReader::SoundSearch {
     SoundConverter converter;
 
     std::int64_t readyFrom = std::numeric_limits<std::int64_t>::max();
-    std::int64_t trackEnd = std::numeric_limits<std::int64_t>::max(); ///< once it was met
+    std::int64_t trackEnd = std::numeric_limits<std::int64_t>::max(); ///< once it is known
     std::int64_t firstPlace = 0; ///< in frames, of the first sound after the last jump
     int grid = 0;                ///< samples that each of the codec's frames holds, as far as they say
     bool anything = false;       ///< whether there was any

@@ -38,7 +38,7 @@ UnfinishedFile::UnfinishedFile(const std::filesystem::path& place, bool named)
     if (!named)
         file = Descriptor(::open(folderOf(destination).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0666));
     if (file < 0) openNamed();
-    // Once it has a name, nobody else is to take it for one that was left.
+    // Once it has a name, nobody else may take it for one that was left behind.
     if (temporary.empty()) ::flock(file, LOCK_EX | LOCK_NB);
 }
 
@@ -92,7 +92,7 @@ void UnfinishedFile::finish() {
     if (!placed && temporary.empty()) takeName();
     if (!placed && ::rename(temporary.c_str(), destination.c_str()) != 0) fail(errno);
     temporary.clear();
-    // The new name itself comes to the disk with its folder.
+    // The new name itself is on the disk only once its folder is flushed.
     const Descriptor folder(::open(folderOf(destination).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder >= 0) ::fsync(folder);
 }

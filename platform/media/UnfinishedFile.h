@@ -8,7 +8,7 @@ namespace murbo {
 
 /// A file that is being written where nobody sees it, and takes its place as a whole. Where the file system
 /// can, it has no name until then, so that even a killed program leaves nothing; elsewhere it stands
-/// hidden beside its place, and goes with this object; what a killed program left the next one takes over.
+/// hidden beside its place and goes with this object; the next one takes over what a killed program left.
 class UnfinishedFile {
 public:
     /// A symbolic link stays, and the file it names is written. Throws Problem where the place can't be

@@ -15,8 +15,8 @@ namespace murbo {
 // A guided filter (He, Sun, Tang, "Guided Image Filtering", 2013): near each place the mask is taken to be
 // the picture's three colours times a factor each, plus a constant. Those that fit best are found at the
 // network's size, averaged, and applied to the picture's own pixels. Where the mask is all 0 or all 1 it
-// stays so; where it changes, it changes with the colours. With brightness alone, skin before a wall as
-// bright would get a halo.
+// stays so; where it changes, it changes with the colours. With brightness alone, skin in front of an
+// equally bright wall would get a halo.
 
 namespace {
 

@@ -22,7 +22,7 @@ std::chrono::duration<double> seconds(double time) {
     return std::chrono::duration<double>(time);
 }
 
-/// Every how many frames are shown: at twice the rate every other, and so on.
+/// One in how many frames is shown: at twice the rate every other one, and so on.
 std::int64_t strideOf(double rate) {
     return std::max<std::int64_t>(1, std::llround(std::abs(rate)));
 }

@@ -20,7 +20,7 @@ std::optional<std::string> nameOfLast(const std::vector<History::Step>& steps) {
     return steps.back().name;
 }
 
-/// Moves the last step from one list to the other, and answers it.
+/// Moves the last step from one list to the other, and returns it.
 const History::Step* carry(std::vector<History::Step>& from, std::vector<History::Step>& to) {
     if (from.empty()) return nullptr;
     to.push_back(std::move(from.back()));
@@ -159,7 +159,7 @@ struct HistoryFile {
 History ProjectPackage::readHistory(const std::filesystem::path& package) {
     try {
         return HistoryFile::read(Files::readWhole(package / HistoryFile::name, HistoryFile::maxBytes));
-    } catch (const std::exception&) { // memory that isn't there included
+    } catch (const std::exception&) { // running out of memory included
         return {};
     }
 }

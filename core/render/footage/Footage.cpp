@@ -32,8 +32,8 @@ std::optional<Image> Footage::frame(double time) {
     time = std::clamp(time, -longest, longest);
     const bool near = isNear(time);
     asked = time;
-    // Two times within a millisecond are one; most of that the reader allows by itself where a picture has no
-    // place on the grid.
+    // Times within a millisecond of each other count as the same; where a picture has no place on the grid,
+    // the reader itself allows most of that millisecond.
     const auto place = single->facts().picture->grid.near(time, Times::samePlace);
     time += Times::samePlace - FrameReader::tolerance;
     if (place) time = std::max(time, *place);

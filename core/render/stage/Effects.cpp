@@ -21,7 +21,8 @@ Image within(const Image& image, const Filter& filter) {
     return image.clamped().filtered(filter).cropped(image.extent());
 }
 
-/// The tape's lines run down at 60 pixels a second, its noise changes 30 times a second, round after 97.
+/// The tape's lines run down at 60 pixels a second, its noise changes 30 times a second and comes round
+/// after 97.
 Image onTape(const Image& image, double held) {
     const double time = std::isfinite(held) ? held : 0;
     const double picture = std::fmod(std::floor(time * 30), 97);

@@ -43,8 +43,9 @@ constexpr std::size_t longestText = 6000;
 // Of one text: many of them stay together, and enlarged letters gain nothing from more.
 constexpr double maxOfLetters = 8.0 * megabyte;
 
-/// What a file has for itself, whatever its name, and another one that is put in its place has not. Nothing
-/// where there is no regular file. The time at which its inode changed shows, too, that it may be read now.
+/// What identifies a file whatever its name, and differs for one that is put in its place. Nothing where
+/// there is no regular file. By the time at which its inode changed it also differs once the file may be
+/// read.
 std::optional<std::string> stamp(const std::filesystem::path& file) {
     struct stat facts {};
     if (stat(file.c_str(), &facts) != 0 || !S_ISREG(facts.st_mode)) return {};
@@ -91,7 +92,7 @@ Letters::Weighed trimmed(const Bitmap& block) {
             bytes};
 }
 
-/// Letters in whole steps finer, as many as are asked for or as there is room for.
+/// Letters drawn `finer` times as fine, or in whole steps less where there is no room.
 Letters::Weighed lettered(CaptionPicture::Request request, double finer, double width) {
     for (; finer >= 1; --finer) {
         request.scale = finer;

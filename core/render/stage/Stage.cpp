@@ -11,7 +11,7 @@
 namespace murbo::Stage {
 namespace {
 
-/// Of the layers of one playbook that are on at a moment only the undermost are drawn.
+/// Where more of a playbook's layers are on at a moment, only the undermost are drawn.
 constexpr std::size_t maxLayers = 500;
 
 /// The layers that are on, undermost first.
@@ -43,7 +43,7 @@ StagedLayer staged(const Context& context, const PlaybookClock& clock, double el
 struct Composite {
     Image image;
     bool showsCanvas = true;
-    int readings = 0; ///< of what lies below, by layers that still show
+    int readings = 0; ///< how many layers that still show look at what lies below
 
     void add(const StagedLayer& layer, bool reads) {
         if (layer.image.empty()) return;
@@ -72,7 +72,7 @@ Composite composite(const PlacedOverlay& placed, double time, const Scene& scene
 
 }
 
-/// A picture that is shown twice is drawn twice, and one under N overlays that each show it twice 2ⁿ times:
+/// A picture that is shown twice is drawn twice, and one under n overlays that each show it twice 2ⁿ times:
 /// where it is needed more than once it is drawn once and kept. Needed once it goes directly into its layer,
 /// which then samples the footage itself.
 Image draw(const PlacedOverlay& placed, double time, const Scene& given, const Image& canvas) {

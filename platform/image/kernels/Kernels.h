@@ -149,8 +149,8 @@ struct VhsRow {
     std::uint32_t seed;         ///< of the row and the moment
     int whole;                  ///< red comes from that many pixels to the left,
     int part;                   ///< and that many 1/256
-    int noise;                  ///< the most that is added, in 1/256 of full light
-    int floor;                  ///< the least
+    int noise;                  ///< the largest amount that is added, in 1/256 of full light
+    int floor;                  ///< the smallest
     int light;                  ///< what lines leave, in 1/2^15
 };
 /// `in` can be read `whole` + 1 pixels before its start.

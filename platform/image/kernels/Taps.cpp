@@ -6,7 +6,7 @@
 namespace murbo::Kernels {
 namespace {
 
-/// Past this a picture is a speck, whatever of it is averaged.
+/// Beyond this a picture is a speck, whatever is averaged.
 constexpr std::int64_t maxCovered = Line::one * 1024;
 
 struct Coverage {
