@@ -51,6 +51,7 @@ TEST(BladeCommands, cutsAllThatLiesThereOrWhatIsPickedOfIt) {
     const auto before = editor.project();
     BladeCommands::bladeAll(editor, 0.01);
     EXPECT_EQ(editor.project(), before) << "too near to its start";
+    EXPECT_NE(editor.toast(), "Too near an edit to split") << "who points at a place sees that";
     editor.playback.seek(0);
     BladeCommands::bladeAll(editor, std::nullopt);
     EXPECT_EQ(editor.toast(), "Too near an edit to split");

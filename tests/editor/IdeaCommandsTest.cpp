@@ -21,8 +21,10 @@ void addIdeas(Lines& lines) {
 TEST(IdeaCommands, anIdeaBecomesAVideo) {
     Lines lines;
     addIdeas(lines);
+    const auto cut = (*lines.project().ideas)[0].cuts[0].id;
     EXPECT_EQ(lines(R"(["makeVideo","idea 1"])"), R"({"ok":true,"step":"Make Video"})");
     const auto& video = lines.project().videos[0];
+    EXPECT_NE(video.cuts[0].id, cut) << "undone and made again, it is another";
     EXPECT_EQ(video.title, "One");
     EXPECT_EQ(video.cuts.size(), 1u) << "footage that is gone is left out";
     EXPECT_TRUE(video.runs->contains("ideas"));

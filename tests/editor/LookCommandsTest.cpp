@@ -52,6 +52,8 @@ TEST(LookCommands, aKeptFileStandsInAFolderOfTheMedia) {
     };
     EXPECT_EQ(keep("pictures"), gave("\"media/pictures/cat.png\""));
     EXPECT_EQ(contentsOf(lines.package() / "media/pictures/cat.png"), "meow");
+    std::ofstream(file) << "hiss";
+    EXPECT_EQ(keep("pictures"), gave("\"media/pictures/cat 2.png\"")) << "as long, but another";
     for (const auto* out : {"../pictures", "a/b", "..", ".hidden"})
         EXPECT_EQ(keep(out), refused("“in” is not right: the name of a folder is expected.")) << out;
 }

@@ -16,7 +16,9 @@ TEST(Work, cancellingAllForgetsThoseInLine) {
             ran += "first ";
             own.queue("Second", second);
             own.queue("Again", second);
+            const auto leadingUp = own.untilAllCancelled();
             if (cancelled) own.cancelAll();
+            EXPECT_EQ(leadingUp.stop_requested(), cancelled);
             EXPECT_EQ(own.stopping().stop_requested(), cancelled);
             co_return;
         };

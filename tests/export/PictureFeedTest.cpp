@@ -59,6 +59,9 @@ TEST(PictureFeed, everyFrameShowsThePictureOfItsMoment) {
     }
     const auto project = samples::project({folder / "50.mp4"});
     EXPECT_EQ(shown(project, {{0, 1, 2}, {0, 4, 5}}, 30), expected({{0, 1, 2}, {0, 4, 5}}, 50, 30, 299));
+    const auto both = samples::project({folder / "30.mp4", folder / "50.mp4"});
+    EXPECT_EQ(shown(both, {{0, 1, 1.1}, {1, 4, 4.1}, {1, 2, 2.1}, {0, 3, 3.1}}, 30),
+              (std::vector<int>{30, 31, 32, 200, 201, 203, 100, 101, 103, 90, 91, 92}));
 }
 
 TEST(PictureFeed, whatCannotBeReadIsBlackAndTheRestGoesOn) {

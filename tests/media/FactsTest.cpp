@@ -40,13 +40,16 @@ TEST(Facts, tellsTheRateThatAFileWasMadeAt) {
     const auto ntsc60 = rate("ntsc60.mkv", "-f lavfi -i testsrc=r=60000/1001:d=2 " + x264);
     EXPECT_DOUBLE_EQ(ntsc60.grid.spacing, 1001 / 60000.0) << "which Matroska writes in whole nanoseconds";
     EXPECT_EQ(rate("fast.mp4", "-f lavfi -i testsrc=r=120:d=1 " + x264).nominalRate, 120);
-    // A phone's pictures, 33.3 ms apart but for a few: its header says 120.
-    const auto phone = rate("phone.mp4",
-                            "-f lavfi -i testsrc2=s=64x36:r=30:d=3 -vf "
-                            "settb=1/600,setpts='N*20+5*eq(mod(N\\,20)\\,7)' -fps_mode passthrough "
-                            "-enc_time_base 1/600 -video_track_timescale 600 -bf 0 " +
-                                x264);
-    EXPECT_EQ(phone.nominalRate, 30);
+    // A phone's pictures, 33.3 ms apart but for a few: its header says 120. And 25 ms, which is no usual
+    // rate.
+    for (const auto& [name, ticks, expected] : {std::tuple{"phone.mp4", "20", 30}, {"odd.mp4", "15", 40}}) {
+        const auto phone = rate(
+            name, std::string("-f lavfi -i testsrc2=s=64x36:r=30:d=3 -vf settb=1/600,setpts='N*") + ticks +
+                      "+5*eq(mod(N\\,20)\\,7)' -fps_mode passthrough "
+                      "-enc_time_base 1/600 -video_track_timescale 600 -bf 0 " +
+                      x264);
+        EXPECT_EQ(phone.nominalRate, expected);
+    }
     // Times on a coarse clock that no rate fits.
     const auto uneven = rate("shaken.mp4",
                              "-f lavfi -i testsrc=r=30:d=8 -vf settb=1/1000,setpts='N*33.3+13*random(1)' "

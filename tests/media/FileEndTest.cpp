@@ -68,6 +68,8 @@ TEST(FileEnd, isAfterTheLastPictureWhateverTheHeaderSays) {
     const std::string mpeg2 = "-f lavfi -i testsrc2=s=320x180:r=30:d=2 -c:v mpeg2video -bf 2 ";
     EXPECT_NEAR(lengthOf(made::file("alone.mpg", mpeg2)), 2, 0.001);
     EXPECT_NEAR(lengthOf(made::file("alone.vob", mpeg2)), 2, 0.001);
+    const auto sound = made::file("sound.mpg", "-f lavfi -i sine=r=48000:d=2.4 " + mpeg2 + "-c:a mp2");
+    EXPECT_NEAR(lengthOf(sound), 2.4, 0.011);
     // As written by one that names the start of the last picture.
     const auto whole = made::file("whole.mkv", "-f lavfi -i testsrc2=s=320x180:r=25:d=2 " + x264);
     ASSERT_NEAR(lengthOf(whole), 2, 0.001);

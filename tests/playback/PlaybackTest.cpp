@@ -144,6 +144,9 @@ TEST(Playback, aStretchStopsAtItsEndOnce) {
     EXPECT_EQ(playback.rate(), 1);
     played.pass(0.99);
     EXPECT_EQ(playback.rate(), 0);
+    playback.play({8, 99});
+    played.pass(2);
+    EXPECT_EQ(playback.rate(), 0) << "where the video ends";
 }
 
 TEST(Playback, aSkimLeavesTheTimeAndComesBack) {

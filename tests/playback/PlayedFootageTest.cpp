@@ -50,6 +50,23 @@ TEST_F(PlayedFootageTest, everyFrameForwardAndInAnyOrder) {
     }
 }
 
+TEST_F(PlayedFootageTest, backwardNoPictureOfAnotherFileOrPlaceComesIn) {
+    const TemporaryFolder folder;
+    samples::writeNumbered(folder / "slow.mp4", 60, 15);
+    project.sources.edit()[1].path = folder / "slow.mp4";
+    turn();
+    const auto backward = [&](std::int64_t frame, bool late) {
+        return numbered::in(
+            footage.backward(composition->moment(frame), -1, none, [=] { return late; }).image);
+    };
+    EXPECT_EQ(numbered::in(footage.at(composition->moment(74), 0, none).image), 22);
+    EXPECT_NE(backward(14, true), 22) << "the same time of another file";
+    EXPECT_EQ(backward(14, false), expected(14));
+    video.cuts.edit()[0] = {.source = project.sources[0].id, .start = 3, .end = 4};
+    turn();
+    EXPECT_EQ(backward(14, false), expected(14));
+}
+
 TEST_F(PlayedFootageTest, aPictureSaysWhoseItIs) {
     const auto source = [&](std::int64_t frame) {
         return footage.at(composition->moment(frame), 0, none).source;
