@@ -11,6 +11,8 @@
 #include "platform/base/Text.h"
 
 #include <algorithm>
+#include <map>
+#include <stop_token>
 
 #include <qcorotask.h>
 
@@ -73,6 +75,40 @@ QCoro::Task<> takeInStream(Editor& editor, fs::path recording, std::optional<fs:
     addStream(editor, measured.front(), notes(markers, note), then);
 }
 
+/// The first movie of each name in a folder and those within it.
+std::map<std::string, fs::path> byName(const fs::path& folder, const std::stop_token& stop) {
+    std::map<std::string, fs::path> files;
+    for (const auto& file : Intake::videos({folder}, stop)) files.try_emplace(file.filename().string(), file);
+    return files;
+}
+
+void takeFound(Editor& editor, const std::map<std::string, fs::path>& files) {
+    std::map<UUID, std::string> found;
+    for (const auto& source : editor.project().sources) {
+        if (!editor.missing().contains(source.id)) continue;
+        if (const auto same = files.find(source.name()); same != files.end())
+            found[source.id] = same->second.string();
+    }
+    if (found.empty()) return editor.refuse("None of the missing files were there");
+    auto missing = editor.missing();
+    for (const auto& entry : found) missing.erase(entry.first);
+    editor.setMissing(missing);
+    editor.apply([&](Project& project) {
+        for (auto& source : project.sources.edit())
+            if (const auto path = found.find(source.id); path != found.end()) source.path = path->second;
+    });
+    editor.reloadVideo(std::nullopt);
+    editor.say("Found " + std::to_string(found.size()) +
+               (found.size() == 1 ? " missing file" : " missing files"));
+}
+
+QCoro::Task<> lookFor(Editor& editor, fs::path folder, std::stop_token stop) {
+    const auto hold = editor.busy();
+    const auto looking = [folder, stop] { return byName(folder, stop); };
+    const auto files = co_await editor.background.run(looking);
+    if (!stop.stop_requested()) takeFound(editor, files);
+}
+
 }
 
 void add(Editor& editor, const std::vector<MeasuredFile>& files, const std::string& group, Then then) {
@@ -104,27 +140,16 @@ void addStream(Editor& editor, const fs::path& recording, const std::optional<fs
     takeInStream(editor, recording, markers ? markers : Markers::find(recording), note, then);
 }
 
+/// A disk may be slow and a folder large: it is looked through on a thread, as a job that is seen and can be
+/// stopped.
 void findMissing(Editor& editor, const fs::path& folder) {
-    const auto candidates = Intake::videos({folder});
-    std::map<UUID, std::string> found;
-    for (const auto& source : editor.project().sources) {
-        if (!editor.missing().contains(source.id)) continue;
-        const auto same = std::find_if(candidates.begin(), candidates.end(), [&](const fs::path& file) {
-            return file.filename() == source.name();
-        });
-        if (same != candidates.end()) found[source.id] = same->string();
+    if (editor.work.isRunning()) { // it need not wait for that
+        editor.say("Looking for missing files");
+        lookFor(editor, folder, editor.work.untilAllCancelled());
+        return;
     }
-    if (found.empty()) return editor.refuse("None of the missing files were there");
-    auto missing = editor.missing();
-    for (const auto& entry : found) missing.erase(entry.first);
-    editor.setMissing(missing);
-    editor.apply([&](Project& project) {
-        for (auto& source : project.sources.edit())
-            if (const auto path = found.find(source.id); path != found.end()) source.path = path->second;
-    });
-    editor.reloadVideo(std::nullopt);
-    editor.say("Found " + std::to_string(found.size()) +
-               (found.size() == 1 ? " missing file" : " missing files"));
+    editor.work.run("Looking for missing files",
+                    [&editor, folder](Work& work) { return lookFor(editor, folder, work.stopping()); });
 }
 
 CommandList table() {
