@@ -112,6 +112,12 @@ std::string folderName(const fs::path& file) {
 
 }
 
+std::vector<std::string> Intake::movieEndings() {
+    std::vector<std::string> endings;
+    for (const auto ending : movieExtensions) endings.emplace_back(ending.substr(1));
+    return endings;
+}
+
 bool Intake::isMovie(const fs::path& name) {
     return movieExtensions.contains(extension(name));
 }

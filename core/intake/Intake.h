@@ -22,6 +22,9 @@ namespace Intake {
 std::vector<std::filesystem::path> videos(const std::vector<std::filesystem::path>& given,
                                           const std::stop_token& stop = {}, std::size_t max = 100000);
 
+/// The endings that movies have, in lower case and without their dot.
+std::vector<std::string> movieEndings();
+
 /// Whether a file name has the extension of a movie, in either case.
 bool isMovie(const std::filesystem::path& name);
 

@@ -1,4 +1,5 @@
 #include "app/desktop/services/FileChoice.h"
+#include "app/desktop/services/FileFilter.h"
 #include "tests/desktop/PrivateBus.h"
 
 #include <QDBusContext>
@@ -53,12 +54,18 @@ TEST(FileChoice, takesWhatThePortalAnswersAndOnlyLocalFiles) {
     EXPECT_EQ(chosen[0][0], "movies");
     EXPECT_EQ(chosen[0][1].toStringList(), QStringList{"/x/a b.mp4"});
     EXPECT_TRUE(portal.options["multiple"].toBool());
+    const auto filters = qdbus_cast<QList<FileFilter>>(portal.options["filters"].value<QDBusArgument>());
+    ASSERT_EQ(filters.size(), 2) << "movies, and all files";
+    EXPECT_EQ(filters[0].name, "Movies");
+    EXPECT_TRUE(filters[0].patterns.contains({0, "*.[mM][pP]4"}));
+    EXPECT_EQ(filters[1].patterns, (QList<FilePattern>{{0, "*"}}));
 
     portal.response = 1; // the owner thought better of it
     choice.choose("folder", "Folder");
     ASSERT_TRUE(chosen.wait(5000));
     EXPECT_EQ(chosen[1][1].toStringList(), QStringList());
     EXPECT_TRUE(portal.options["directory"].toBool());
+    EXPECT_FALSE(portal.options.contains("filters"));
 }
 
 TEST(FileChoice, saysSoWhereThereIsNoPortal) {

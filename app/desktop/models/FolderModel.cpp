@@ -19,7 +19,7 @@ bool isWanted(const QFileInfo& entry, const QString& wanted) {
     if (entry.isDir()) return true;
     if (wanted == "sounds") return MediaEndings::isSound(entry.fileName());
     if (wanted == "media" && MediaEndings::isPicture(entry.fileName())) return true;
-    if (wanted == "markers") return QStringList{"csv", "tsv", "txt"}.contains(entry.suffix().toLower());
+    if (wanted == "markers") return MediaEndings::isMarkers(entry.fileName());
     if (wanted != "movies" && wanted != "media") return false;
     return Intake::isMovie(entry.fileName().toStdString());
 }

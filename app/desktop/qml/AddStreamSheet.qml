@@ -12,12 +12,12 @@ Sheet {
     Component.onDestruction: streamSheet.clear()
 
     property bool markersWanted: false
-    function choose(markers) { markersWanted = markers; asking.enabled = true; chooser.choose("file", markers ? "Choose Markers" : "Choose a Recording") }
+    function choose(markers) { markersWanted = markers; asking.enabled = true; markers ? chooser.choose("markers", "Choose Markers") : chooser.choose("movie", "Choose a Recording") }
     Connections {
         id: asking
         target: chooser
         enabled: false
-        function onChosen(kind, paths) { enabled = false; if (kind === "file") streamSheet.take(paths) }
+        function onChosen(kind, paths) { enabled = false; if (kind === "markers" || kind === "movie") streamSheet.take(paths) }
         function onUnavailable(kind) { enabled = false; picker.active = true; picker.item.takeFocus() }
     }
 

@@ -23,7 +23,7 @@ Rectangle {
             asking.kind = kind
             asking.title = title
             answer.enabled = true
-            chooser.choose("file", title)
+            chooser.choose(kind, title)
         }
         function onChanged() { if (!inspection.has(asking.row)) asking.end() }
     }

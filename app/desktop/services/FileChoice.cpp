@@ -1,5 +1,7 @@
 #include "app/desktop/services/FileChoice.h"
 
+#include "app/desktop/services/FileFilter.h"
+
 #include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
@@ -20,7 +22,9 @@ constexpr int patience = 5000; ///< ms until the portal has begun
 }
 
 FileChoice::FileChoice(std::optional<QDBusConnection> given, QObject* parent)
-    : QObject(parent), bus(std::move(given)) {}
+    : QObject(parent), bus(std::move(given)) {
+    FileFilter::registerTypes();
+}
 
 void FileChoice::choose(const QString& kind, const QString& title) {
     if (!waitingFor.isEmpty()) return;
@@ -35,9 +39,11 @@ void FileChoice::choose(const QString& kind, const QString& title) {
     const auto token = "murbo" + QString::number(++number);
     listen(QString(object) + "/request/" + bus->baseService().mid(1).replace('.', '_') + "/" + token);
     auto call = QDBusMessage::createMethodCall(service, object, chooser, "OpenFile");
-    call << QString() << title
-         << QVariantMap{
-                {"handle_token", token}, {"multiple", kind == "movies"}, {"directory", kind == "folder"}};
+    QVariantMap options{
+        {"handle_token", token}, {"multiple", kind == "movies"}, {"directory", kind == "folder"}};
+    if (const auto filters = FileFilter::of(kind); !filters.isEmpty())
+        options["filters"] = QVariant::fromValue(filters);
+    call << QString() << title << options;
     auto* watcher = new QDBusPendingCallWatcher(bus->asyncCall(call, patience), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();

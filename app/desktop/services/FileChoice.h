@@ -17,7 +17,8 @@ public:
     /// On the session's bus, or on one that is given.
     explicit FileChoice(std::optional<QDBusConnection> bus = {}, QObject* parent = nullptr);
 
-    /// Lets the owner choose: "movies", any number of them; a "folder"; one "file" of any kind.
+    /// Lets the owner choose: "movies", any number of them; a "folder"; one "movie", file of "sounds",
+    /// "media" or "markers"; one "file" of any kind.
     Q_INVOKABLE void choose(const QString& kind, const QString& title);
 
 signals:

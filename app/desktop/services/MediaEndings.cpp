@@ -1,7 +1,6 @@
 #include "app/desktop/services/MediaEndings.h"
 
 #include <QFileInfo>
-#include <QStringList>
 
 namespace murbo::MediaEndings {
 namespace {
@@ -12,12 +11,28 @@ bool endsWith(const QString& path, const QStringList& endings) {
 
 }
 
+QStringList pictures() {
+    return {"png", "jpg", "jpeg", "webp", "gif", "bmp"};
+}
+
+QStringList sounds() {
+    return {"mp3", "wav", "m4a", "aac", "flac", "ogg", "aif", "opus", "aiff", "caf"};
+}
+
+QStringList markers() {
+    return {"csv", "tsv", "txt"};
+}
+
 bool isPicture(const QString& path) {
-    return endsWith(path, {"png", "jpg", "jpeg", "webp", "gif", "bmp"});
+    return endsWith(path, pictures());
 }
 
 bool isSound(const QString& path) {
-    return endsWith(path, {"mp3", "wav", "m4a", "aac", "flac", "ogg", "aif", "opus", "aiff", "caf"});
+    return endsWith(path, sounds());
+}
+
+bool isMarkers(const QString& path) {
+    return endsWith(path, markers());
 }
 
 bool isPlaybook(const QString& path) {
