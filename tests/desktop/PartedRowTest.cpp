@@ -21,6 +21,10 @@ TEST(PartedRow, theOthersMakeRoomWhereItWouldLand) {
     EXPECT_EQ(PartedRow::room(layout, {first, 3}), (Stretch{8, 12}));
     EXPECT_EQ(PartedRow::room(layout, {last, 1}), (Stretch{4, 9}));
 
+    EXPECT_EQ(PartedRow::room(layout, {std::nullopt, 1, 2}), (Stretch{4, 6}))
+        << "of what comes from elsewhere";
+    EXPECT_EQ(PartedRow::room(layout, {std::nullopt, 3, 2}), (Stretch{12, 14}));
+
     row.aim(layout, PartedRow::Landing{last, 0}, 200);
     EXPECT_NEAR(row.aside(200).at(video.cut(1).id), -4, 1e-9) << "on from where it is";
     EXPECT_EQ(row.aside(400), (std::map<UUID, double>{{first, 5}, {video.cut(1).id, 5}}));
@@ -28,4 +32,6 @@ TEST(PartedRow, theOthersMakeRoomWhereItWouldLand) {
     EXPECT_TRUE(row.aside(600).empty());
     row.aim(layout, PartedRow::Landing{last, 3}, 600);
     EXPECT_TRUE(row.aside(800).empty()) << "in its own place";
+    row.aim(layout, PartedRow::Landing{std::nullopt, 1, 2}, 800);
+    EXPECT_EQ(row.aside(1000), (std::map<UUID, double>{{video.cut(1).id, 2}, {last, 2}}));
 }

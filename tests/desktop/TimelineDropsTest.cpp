@@ -16,12 +16,14 @@ TEST(TimelineDrops, clipsLandBetweenTheCuts) {
     video.editor.setRange(Stretch{60, 62});
     EXPECT_NEAR(TimelineDrops::seam(video.editor, 5), 4, 1e-9);
     EXPECT_NEAR(TimelineDrops::seam(video.editor, 99), 12, 1e-9);
+    EXPECT_EQ(TimelineDrops::landing(video.editor, 5), (PartedRow::Landing{std::nullopt, 1, 2}));
     EXPECT_TRUE(TimelineDrops::clips(video.editor, 5));
     ASSERT_EQ(video.editor.video()->cuts.size(), 4);
     EXPECT_EQ(video.cut(1).start, 60);
     video.editor.undo();
     EXPECT_EQ(video.editor.project(), before);
     video.editor.holdClip({});
+    EXPECT_FALSE(TimelineDrops::landing(video.editor, 5));
     EXPECT_FALSE(TimelineDrops::clips(video.editor, 5)) << "nothing is offered";
 }
 

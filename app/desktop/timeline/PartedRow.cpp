@@ -16,7 +16,7 @@ std::vector<const TimelineBlock*> cutsOf(const TimelineLayout& layout) {
     return cuts;
 }
 
-std::size_t indexOf(const std::vector<const TimelineBlock*>& cuts, const UUID& id) {
+std::size_t indexOf(const std::vector<const TimelineBlock*>& cuts, const std::optional<UUID>& id) {
     const auto found = std::ranges::find_if(cuts, [&](const auto* cut) { return cut->pick.id == id; });
     return static_cast<std::size_t>(found - cuts.begin());
 }
@@ -26,6 +26,8 @@ std::map<UUID, double> shifts(const TimelineLayout& layout, const PartedRow::Lan
     const auto cuts = cutsOf(layout);
     const auto at = indexOf(cuts, landing.cut);
     std::map<UUID, double> found;
+    for (std::size_t other = landing.place; !landing.cut && other < cuts.size(); ++other)
+        found[cuts[other]->pick.id] = landing.length;
     if (at == cuts.size()) return found;
     for (std::size_t other = landing.place; other < at; ++other)
         found[cuts[other]->pick.id] = cuts[at]->length();
@@ -68,6 +70,11 @@ void PartedRow::settle() {
 
 std::optional<Stretch> PartedRow::room(const TimelineLayout& layout, const Landing& landing) {
     const auto cuts = cutsOf(layout);
+    if (!landing.cut) {
+        const bool last = landing.place >= cuts.size();
+        const double from = !last ? cuts[landing.place]->from : cuts.empty() ? 0 : cuts.back()->to;
+        return Stretch{from, from + landing.length};
+    }
     const auto at = indexOf(cuts, landing.cut);
     if (at == cuts.size()) return {};
     const double length = cuts[at]->length();

@@ -8,16 +8,18 @@
 
 namespace murbo {
 
-/// The picture row while one of its cuts is carried: the others part, so that there is room where it would
-/// land. They get there in a moment rather than at once. Pure; times in milliseconds of whatever clock.
+/// The picture row while a cut is carried, one of its own or new ones: the others part, so that there is room
+/// where it would land. They get there in a moment rather than at once. Pure; times in milliseconds of
+/// whatever clock.
 class PartedRow {
 public:
     static constexpr double moment = 120; ///< ms
 
     /// Where a carried cut would land.
     struct Landing {
-        UUID cut;
-        std::size_t place = 0; ///< before the cut that stands there
+        std::optional<UUID> cut; ///< none for what comes from elsewhere
+        std::size_t place = 0;   ///< before the cut that stands there
+        double length = 0;       ///< seconds, of what comes from elsewhere
         bool operator==(const Landing&) const = default;
     };
 

@@ -48,6 +48,14 @@ double seam(const Editor& editor, double time) {
     return at < edits.size() ? edits[at] : editor.video()->length();
 }
 
+std::optional<PartedRow::Landing> landing(const Editor& editor, double time) {
+    if (!editor.video() || editor.video()->cuts.empty()) return {};
+    double length = 0;
+    for (const auto& cut : CutCommands::offeredCuts(editor)) length += cut.length();
+    if (length <= 0) return {};
+    return PartedRow::Landing{std::nullopt, VideoEdits::place(*editor.video(), time), length};
+}
+
 bool clips(Editor& editor, double time) {
     auto cuts = CutCommands::offeredCuts(editor);
     if (cuts.empty()) return false;

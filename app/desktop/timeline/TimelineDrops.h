@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/desktop/timeline/PartedRow.h"
 #include "app/desktop/timeline/TimelineLayout.h"
 
 #include <filesystem>
@@ -16,6 +17,9 @@ namespace TimelineDrops {
 /// The seam of the video at which a cut let go at that time would land, in video seconds.
 double seam(const Editor& editor, double time);
 
+/// Where what `clips` takes would land among the cuts, and the seconds that it has; nothing where there is
+/// none.
+std::optional<PartedRow::Landing> landing(const Editor& editor, double time);
 /// The picked clips, or what the source viewer offers, between the cuts. Whether there was any.
 bool clips(Editor& editor, double time);
 /// Files: sounds go to the sounds or, on its row, to the music; pictures are laid over the video, and so are

@@ -261,10 +261,14 @@ QVariantList TimelineView::tracks() const {
     return list;
 }
 
+std::optional<PartedRow::Landing> TimelineView::landing() const {
+    return foreignLanding ? foreignLanding : drag ? drag->landing() : std::nullopt;
+}
+
 /// The cuts go on sliding to where the hand has them.
 void TimelineView::part() {
     const auto now = static_cast<double>(clock.elapsed());
-    parted.aim(layout, drag ? drag->landing() : std::nullopt, now);
+    parted.aim(layout, landing(), now);
     if (!parted.moving(now))
         parting.stop();
     else if (!parting.isActive())
@@ -275,10 +279,10 @@ void TimelineView::part() {
 TimelineScene::Parted TimelineView::partedNow() const {
     TimelineScene::Parted found;
     found.aside = parted.aside(static_cast<double>(clock.elapsed()));
-    const auto landing = drag ? drag->landing() : std::nullopt;
-    if (!landing) return found;
-    found.carried = landing->cut;
-    found.room = PartedRow::room(layout, *landing);
+    const auto aim = landing();
+    if (!aim) return found;
+    found.carried = aim->cut;
+    found.room = PartedRow::room(layout, *aim);
     return found;
 }
 

@@ -144,6 +144,7 @@ private:
     void letAltGo(const QKeyEvent& event, bool held);
     void runAlong();
     void part();
+    std::optional<PartedRow::Landing> landing() const;
     TimelineScene::Parted partedNow() const;
     double momentAt(double x) const { return std::max(span.time(x), 0.0); }
     std::optional<TimelineRow> rowAt(double y) const { return layout.rowAt(y + above); }
@@ -167,7 +168,8 @@ private:
     QTimer running;       ///< while the timeline runs along under a drag
     QPointF dragPosition; ///< where the hand was last
     Qt::KeyboardModifiers dragKeys;
-    std::optional<double> foreignDrop; ///< video seconds
+    std::optional<double> foreignDrop;                ///< video seconds
+    std::optional<PartedRow::Landing> foreignLanding; ///< of clips out of the browser
     double blade = -1;
     QString hintWords;
     QPointF hintPlace;

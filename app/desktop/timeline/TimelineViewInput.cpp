@@ -16,6 +16,7 @@ namespace {
 constexpr double wheelNotch = 120;
 constexpr double wheelPoints = 60;
 constexpr double zoomFactor = 1.25;
+constexpr double maxRoom = 0.25; ///< of the width, that the cuts make for what comes in
 
 TimelinePicks::Modifiers modifiers(Qt::KeyboardModifiers keys) {
     return {bool(keys & Qt::ShiftModifier), bool(keys & Qt::ControlModifier), bool(keys & Qt::AltModifier)};
@@ -220,17 +221,26 @@ void TimelineView::dropMoves(const QString& kind, double x) {
     foreignDrop = !session  ? std::nullopt
                   : between ? std::optional(TimelineDrops::seam(*session, momentAt(x)))
                             : std::optional(momentAt(x));
+    foreignLanding = session && between ? TimelineDrops::landing(*session, momentAt(x)) : std::nullopt;
+    // The cuts after a long clip stay in sight.
+    if (foreignLanding)
+        foreignLanding->length = std::min(foreignLanding->length, maxRoom * width() / span.scale);
+    part();
     emit dragChanged();
 }
 
 void TimelineView::dropLeaves() {
     foreignDrop.reset();
+    foreignLanding.reset();
+    part();
     emit dragChanged();
 }
 
 bool TimelineView::dropClips(double x) {
     dropLeaves();
-    return session && TimelineDrops::clips(*session, momentAt(x));
+    const bool taken = session && TimelineDrops::clips(*session, momentAt(x));
+    if (taken) parted.settle(); // the project has made the room
+    return taken;
 }
 
 QStringList TimelineView::dropFiles(const QStringList& files, double x, double y) {
