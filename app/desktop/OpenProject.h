@@ -121,6 +121,9 @@ public:
     Q_INVOKABLE void setFocus(const QString& viewer);
     Q_INVOKABLE void newVideo(const QString& title, const QString& aspect);
     Q_INVOKABLE void renameVideo(const QString& title);
+    /// What is asked before a clip is renamed: title, text, name.
+    Q_INVOKABLE QVariantMap askToRename() const;
+    Q_INVOKABLE void renameClip(const QString& name);
     Q_INVOKABLE QString lastAspect() const;
     Q_INVOKABLE void findMissing(const QString& folder);
     Q_INVOKABLE void cancelWork() { editor().work.cancel(); }

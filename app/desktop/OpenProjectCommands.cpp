@@ -43,6 +43,14 @@ std::vector<UUID> pickedCuts(const Editor& editor) {
     return cuts;
 }
 
+/// The tags of the clips that commands act on, as one says them: "C14, C15".
+std::string tagsActedOn(const Editor& editor) {
+    std::string tags;
+    for (const auto& id : FootageCommands::clipsActedOn(editor))
+        if (const auto* clip = editor.clip(id)) tags += (tags.empty() ? "" : ", ") + clip->tag();
+    return tags;
+}
+
 }
 
 bool OpenProject::escape() {
@@ -88,6 +96,10 @@ bool OpenProject::performVerb(const Action& action) {
         emit verb("tab.captions"); // its words stand there
     else if (id.startsWith("caption.") && id != "caption.edit")
         CaptionEdits::perform(session, action.id.substr(8));
+    else if (id == "hold")
+        browserModel.holdAsked();
+    else if (id == "copyTag")
+        FootageCommands::copyID(session, tagsActedOn(session));
     else if (id == "reject")
         FootageCommands::rate(session, FootageCommands::clipsActedOn(session), -1);
     else if (id == "duplicateVideo")
@@ -114,7 +126,9 @@ bool OpenProject::possible(const Action& action) const {
     if (id == "transcribe") return session.held() || session.heldSource();
     if (id == "transcript.note") return session.range() && session.heldSource();
     if (id == "muteCuts") return !pickedCuts(session).empty();
-    if (id == "reject") return !FootageCommands::clipsActedOn(session).empty();
+    if (id == "hold") return browserModel.rowCount() > 0;
+    if (id == "sheet.renameClip") return browserModel.askedClip().has_value();
+    if (id == "reject" || id == "copyTag") return !FootageCommands::clipsActedOn(session).empty();
     if (id == "goToPick") return session.picked().has_value();
     const bool ofVideo = id.starts_with("walk.") || id == "sheet.export" || id == "trimStart" ||
                          id == "trimEnd" || id == "zoomFit";
@@ -145,9 +159,9 @@ QVariantList OpenProject::contextMenu(const QString& kind) const {
           "caption.resetTiming", "tab.captions", "copyPicks"}},
         {"timeline", {"split", "zoomFit", "clear"}},
         {"clip",
-         {"key.addToEnd", "key.insert", "newVideoFromSelection", "key.favourite", "reject", "key.clearRating",
-          "transcribe", "showInFolder"}},
-        {"source", {"transcribe", "showInFolder", "sheet.findMissing"}},
+         {"hold", "key.addToEnd", "key.insert", "newVideoFromSelection", "key.favourite", "reject",
+          "sheet.renameClip", "transcribe", "copyTag", "showInFolder"}},
+        {"source", {"hold", "transcribe", "showInFolder", "sheet.findMissing"}},
         {"playbook", {"library.add", "library.show", "sheet.bringIn"}},
         {"sound", {"library.add", "library.listen", "library.show"}},
         {"preset", {"sheet.renamePreset", "preset.remove"}},
@@ -225,6 +239,20 @@ void OpenProject::renameVideo(const QString& title) {
 QString OpenProject::lastAspect() const {
     const auto aspect = rawText(VideoCommands::lastAspect());
     return QString::fromUtf8(aspect.data(), static_cast<qsizetype>(aspect.size()));
+}
+
+QVariantMap OpenProject::askToRename() const {
+    const auto clip = browserModel.askedClip();
+    if (!clip) return {};
+    const auto question = FootageCommands::askToRename(editor(), *clip);
+    return {{"title", QString::fromStdString(question.title)},
+            {"text", QString::fromStdString(question.text.value_or(""))},
+            {"name", QString::fromStdString(editor().clip(*clip)->name.value_or(question.name))}};
+}
+
+void OpenProject::renameClip(const QString& name) {
+    if (const auto clip = browserModel.askedClip())
+        FootageCommands::renameClip(editor(), *clip, name.trimmed().toStdString());
 }
 
 void OpenProject::findMissing(const QString& folder) {

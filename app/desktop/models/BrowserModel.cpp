@@ -78,6 +78,7 @@ void BrowserModel::hold(const BrowserRow& row) {
 void BrowserModel::pick(int at, int modifiers) {
     if (at < 0 || at >= rowCount()) return;
     const auto row = rows()[at];
+    asked = row.id;
     std::vector<UUID> clips;
     if (row.kind == BrowserRow::Kind::clip) {
         clips = editor.pickedClips();
@@ -101,6 +102,23 @@ void BrowserModel::activate(int at) {
     const auto row = rows()[at];
     hold(row);
     if (row.kind != BrowserRow::Kind::video && editor.source.isLoaded()) editor.source.playPause();
+}
+
+void BrowserModel::askAbout(int row) {
+    asked = row < 0 || row >= rowCount() ? "" : rows()[row].id;
+}
+
+void BrowserModel::holdAsked() {
+    const auto found = std::ranges::find(rows(), asked, &BrowserRow::id);
+    if (found != rows().end()) return hold(BrowserRow(*found));
+    if (const int row = heldRow(); row >= 0) hold(BrowserRow(rows()[row]));
+}
+
+std::optional<UUID> BrowserModel::askedClip() const {
+    const auto found = std::ranges::find(rows(), asked, &BrowserRow::id);
+    const bool isClip = found != rows().end() && found->kind == BrowserRow::Kind::clip;
+    if (isClip) return found->record;
+    return editor.held() ? editor.heldClip() : std::nullopt;
 }
 
 int BrowserModel::heldRow() const {

@@ -27,6 +27,12 @@ public:
     Q_INVOKABLE void pick(int row, int modifiers);
     /// What a double click does: plays what it holds, or opens the video.
     Q_INVOKABLE void activate(int row);
+    /// Its menu is being asked for: what the menu says is about that row.
+    Q_INVOKABLE void askAbout(int row);
+    /// Brings what was asked about into its viewer; with nothing asked about, what is held.
+    void holdAsked();
+    /// The clip that was asked about, else the held one.
+    std::optional<UUID> askedClip() const;
     Q_INVOKABLE int heldRow() const;
     Q_INVOKABLE QString tagOf(int row) const;
     Q_INVOKABLE QString kindOf(int row) const;
@@ -41,6 +47,7 @@ private:
 
     Editor& editor;
     QString search;
+    std::string asked; ///< the id of the row whose menu was opened last
 };
 
 }

@@ -20,7 +20,7 @@ Rectangle {
     required property bool held
     required property string kind
     property bool focused: false
-    function askMenu() { const at = mapToItem(null, 0, height); menuAsked(kind, at.x, at.y) }
+    function askMenu() { project.browser.askAbout(index); const at = mapToItem(null, 0, height); menuAsked(kind, at.x, at.y) }
     signal menuAsked(string kind, real px, real py)
 
     height: Theme.item
@@ -37,6 +37,7 @@ Rectangle {
         acceptedButtons: Qt.LeftButton | Qt.RightButton
         onClicked: (mouse) => {
             if (mouse.button === Qt.LeftButton || !item.picked) project.browser.pick(item.index, mouse.modifiers)
+            project.browser.askAbout(item.index)
             if (mouse.button === Qt.RightButton) { const at = mapToItem(null, mouse.x, mouse.y); item.menuAsked(item.kind, at.x, at.y) }
         }
         onDoubleClicked: project.browser.activate(item.index)

@@ -21,26 +21,6 @@ void changeClips(Project& project, const std::vector<UUID>& clips, Change change
         if (std::find(clips.begin(), clips.end(), clip.id) != clips.end()) change(clip);
 }
 
-struct RenameQuestion {
-    std::string title;
-    std::optional<std::string> text;
-    std::string name;
-    bool operator==(const RenameQuestion&) const = default;
-    static constexpr auto fields(auto visit) {
-        return visit(field("title", &RenameQuestion::title), field("text", &RenameQuestion::text),
-                     field("name", &RenameQuestion::name));
-    }
-};
-
-/// What a window asks before it renames a clip.
-RenameQuestion askToRename(const Editor& editor, const UUID& id) {
-    const auto& clip = *editor.clip(id);
-    RenameQuestion question{"Rename " + clip.tag(), {}, editor.title(clip)};
-    if (clip.summary)
-        question.text = "Described as “" + clip.summary->title + "”, which stays beside your title.";
-    return question;
-}
-
 }
 
 std::vector<UUID> clipsActedOn(const Editor& editor) {
@@ -55,6 +35,14 @@ void rate(Editor& editor, const std::vector<UUID>& clips, std::optional<std::int
     editor.change(name, [&](Project& project) {
         changeClips(project, clips, [&](Clip& clip) { clip.rating = value; });
     });
+}
+
+RenameQuestion askToRename(const Editor& editor, const UUID& id) {
+    const auto& clip = *editor.clip(id);
+    RenameQuestion question{"Rename " + clip.tag(), {}, editor.title(clip)};
+    if (clip.summary)
+        question.text = "Described as “" + clip.summary->title + "”, which stays beside your title.";
+    return question;
 }
 
 void renameClip(Editor& editor, const UUID& id, const std::string& to) {
@@ -118,6 +106,11 @@ void clear(Editor& editor) {
     editor.setTool(EditingTool::select);
 }
 
+void copyID(Editor& editor, const std::string& text) {
+    emit editor.copied(QString::fromStdString(text));
+    editor.say("Copied " + text);
+}
+
 CommandList table() {
     return {
         row<>("held", "The Held Clip", {},
@@ -149,11 +142,7 @@ CommandList table() {
             return editor.held() != nullptr;
         }),
         row<>("clear", "Let Go of All", {}, clear),
-        row<Kind::Text>("copyID", "Copy an ID", {"text"},
-                        [](Editor& editor, const std::string& text) {
-                            emit editor.copied(QString::fromStdString(text));
-                            editor.say("Copied " + text);
-                        }),
+        row<Kind::Text>("copyID", "Copy an ID", {"text"}, copyID),
     };
 }
 

@@ -19,6 +19,18 @@ std::vector<UUID> clipsActedOn(const Editor& editor);
 
 /// 1 is a favourite, -1 a reject; 0 or none clears the rating.
 void rate(Editor& editor, const std::vector<UUID>& clips, std::optional<std::int64_t> value);
+/// What a window asks before it renames a clip.
+struct RenameQuestion {
+    std::string title;
+    std::optional<std::string> text;
+    std::string name;
+    bool operator==(const RenameQuestion&) const = default;
+    static constexpr auto fields(auto visit) {
+        return visit(field("title", &RenameQuestion::title), field("text", &RenameQuestion::text),
+                     field("name", &RenameQuestion::name));
+    }
+};
+RenameQuestion askToRename(const Editor& editor, const UUID& clip);
 /// Gives a clip a name of the user's own; a blank one takes it away.
 void renameClip(Editor& editor, const UUID& clip, const std::string& to);
 /// Corrects what a line says; its times stay.
@@ -33,6 +45,8 @@ void markEnd(Editor& editor);
 void markClip(Editor& editor);
 /// Lets go of the range, of all picks and of the tool.
 void clear(Editor& editor);
+/// Puts a tag or another name onto the clipboard.
+void copyID(Editor& editor, const std::string& text);
 
 CommandList table();
 
