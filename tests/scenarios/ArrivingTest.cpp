@@ -41,7 +41,7 @@ protected:
         return project.sources.empty() ? 0 : project.transcript(project.sources[0].id).lines.size();
     }
     void replaceText(const char* field, const std::string& text) {
-        click(see("EditableText", field));
+        clickInto(field);
         key("Ctrl+A");
         type(text);
         until("it is typed", [&] { return see("EditableText", field).value == text; });
@@ -71,7 +71,7 @@ TEST_F(Arriving, comesInIsHeardAndIsThereAgainAfterTheProgramIsKilled) {
     until("three clips are on disk", [&] { return onDisk().clips.size() == 3; });
     until(
         "there are words", [&] { return lines() > 0; }, 60);
-    clickOn("ListItem", "C01,", "Browser");
+    holdClip("C01");
     key("Ctrl+2");
     until("the first clip shows them",
           [&] { return see("EditableText", "Transcript").value.find("elcome") != std::string::npos; });
@@ -84,7 +84,7 @@ TEST_F(Arriving, comesInIsHeardAndIsThereAgainAfterTheProgramIsKilled) {
     start({}, tools);
     see("List", "Timeline");
     EXPECT_EQ(onDisk(), left);
-    clickOn("ListItem", "C01,", "Browser");
+    holdClip("C01");
     key("Ctrl+2");
     until("its words are there again",
           [&] { return see("EditableText", "Transcript").value.find("elcome") != std::string::npos; });

@@ -10,11 +10,9 @@ namespace {
 
 class Cutting : public Scenario {
 protected:
-    /// Holds a clip of the browser on the source player, and waits until it can be played.
-    void holdClip(const std::string& tag) {
+    void holdOfClips(const std::string& tag) {
         turnTo("Clips");
-        clickOn("ListItem", tag + ",", "Browser");
-        until(tag + " is held", [&] { return see("Button", "Play", "Source viewer").enabled; });
+        holdClip(tag);
     }
     /// The playhead by a press on the ruler above the timeline.
     void goTo(double time) {
@@ -25,6 +23,14 @@ protected:
         until("the playhead is there",
               [&] { return std::abs(seconds("Video viewer") - time) < 1.5 / scale + 0.02; });
     }
+    /// The time of the picture that a drag of an edge shows in the source viewer; −1 for none.
+    double edgeShown() {
+        const auto item = find("StaticText", "Edge ", "Source viewer");
+        int minutes = 0;
+        double rest = -1;
+        if (item) std::sscanf(item->name.c_str(), "Edge %d:%lf", &minutes, &rest);
+        return minutes * 60 + rest;
+    }
     double pointsPerSecond() { return block("Cut", 1).width / video().cuts[0].length(); }
     std::size_t cuts() { return video().cuts.size(); }
 };
@@ -33,7 +39,7 @@ protected:
 
 TEST_F(Cutting, aMarkedRangeGoesToTheEndAndAnotherIntoTheMiddle) {
     open(scenario::footage());
-    holdClip("C01");
+    holdOfClips("C01");
     key("Home");
     key("Shift+Right");
     key("I");
@@ -43,12 +49,12 @@ TEST_F(Cutting, aMarkedRangeGoesToTheEndAndAnotherIntoTheMiddle) {
     until("a video begins", [&] { return cuts() == 1; });
     EXPECT_NEAR(video().cuts[0].start, 1, 0.001);
     EXPECT_NEAR(video().cuts[0].end, 3, 0.001);
-    holdClip("C03");
+    holdOfClips("C03");
     key("E");
     until("the whole clip comes after it", [&] { return cuts() == 2; });
     const auto between = onDisk();
     goTo(1.5);
-    holdClip("C02");
+    holdOfClips("C02");
     key("W");
     until("the clip goes in where the playhead is", [&] { return cuts() > 2; });
     const auto& made = video();
@@ -80,8 +86,7 @@ TEST_F(Cutting, theBladeCutsADragPutsInOrderAndDeleteGoesOn) {
     until("the last is the first", [&] { return video().cuts[0].id == last; });
     EXPECT_EQ(cuts(), 5);
 
-    click(block("Cut", 2).middle());
-    until("it is picked", [&] { return block("Cut", 2).selected; });
+    pick("Cut", 2);
     const auto kept = video().cuts[3].id;
     key("Delete");
     until("it is gone", [&] { return cuts() == 4; });
@@ -101,6 +106,7 @@ TEST_F(Cutting, anEdgeIsTrimmedByMouseAndByKeysEachOneStep) {
     screen().press();
     moveSeen({edge.x - 0.3 * scale, edge.y});
     moveSeen({edge.x - 0.6 * scale, edge.y});
+    until("the source viewer shows the edge", [&] { return std::abs(edgeShown() - 2.4) < 0.1; });
     screen().release();
     until("the cut is shorter", [&] { return video().cuts[0].end < 2.7; });
     EXPECT_NEAR(video().cuts[0].end, 2.4, 0.1);
@@ -118,6 +124,13 @@ TEST_F(Cutting, anEdgeIsTrimmedByMouseAndByKeysEachOneStep) {
     key("Alt+]");
     until("the cut under the playhead ends there", [&] { return video().cuts[1].end < 2.4; });
     EXPECT_NEAR(video().cuts[1].end, 1.5, 0.05);
+    key("Ctrl+Z");
+    until("one step takes it back", [&] { return onDisk() == trimmed; });
+
+    pick("Cut", 3);
+    setTo("Out", "0:02.25");
+    until("the cut ends at the time that was typed", [&] { return video().cuts[2].end == 2.25; });
+    key("F6"); // out of the field
     key("Ctrl+Z");
     until("one step takes it back", [&] { return onDisk() == trimmed; });
     undoToStart();
@@ -153,6 +166,24 @@ TEST_F(Cutting, anEdgeCatchesOnAWordAndAltLetsGo) {
     undoToStart();
 }
 
+TEST_F(Cutting, whatIsDraggedCatchesOnABookmark) {
+    auto project = scenario::cutVideo();
+    const auto tone = made::file("tone.wav", "-f lavfi -i sine=duration=0.4");
+    project.videos.edit()[0].look.emplace().sounds.edit().push_back(
+        {.file = tone.string(), .source = project.sources[0].id, .at = 1.5, .volume = 0.5});
+    project.bookmarks.edit().push_back({.number = 1, .source = project.sources[1].id, .at = 1.1});
+    open(project);
+    const auto sound = block("Sound", 1);
+    const double scale = pointsPerSecond();
+    // From half a second to a bit beyond the bookmark, which the second cut shows at 2.6 s.
+    drag(sound.middle(), {sound.middle().x + 2.1 * scale + 4, sound.middle().y});
+    until("it has caught on the bookmark", [&] {
+        const auto& now = video().look->sounds[0];
+        return now.source == before.sources[1].id && std::abs(now.at - 1.1) < 0.0005;
+    });
+    undoToStart();
+}
+
 TEST_F(Cutting, quietIsTakenOutAsTheMessageSays) {
     auto project = scenario::cutVideo();
     auto& cut = project.videos.edit()[0].cuts.edit()[1];
@@ -160,12 +191,8 @@ TEST_F(Cutting, quietIsTakenOutAsTheMessageSays) {
     cut.end = 11.8;
     open(project);
     const double length = video().length();
-    click(block("Cut", 2));
-    until("it is picked", [&] { return block("Cut", 2).selected; });
-    key("Ctrl+K");
-    see("EditableText", "Commands");
-    type("quiet");
-    key("Return");
+    pick("Cut", 2);
+    palette("quiet");
     sees("Took out 1 quiet stretch, ");
     const auto toast = see("AlertMessage", "Took out 1 quiet stretch, ").name;
     until("the cut is in two", [&] { return cuts() == 4; });

@@ -94,6 +94,11 @@ std::vector<ScreenItem> DrivenProgram::items() {
     return ScreenItem::all(*parsed.root().member("items"));
 }
 
+bool DrivenProgram::active() {
+    const auto given = answer();
+    return !given.empty() && Json::parse(given).root().member("active")->boolean();
+}
+
 ScreenPoint DrivenProgram::pointer() {
     const auto given = answer();
     if (given.empty()) return {-1, -1};

@@ -19,6 +19,8 @@ public:
 
     /// What is in its windows now; nothing while it does not answer.
     std::vector<ScreenItem> items();
+    /// Whether keys that are pressed come to it.
+    bool active();
     /// Where the pointer last came to one of its windows, as it knows it now; pixels on the screen.
     ScreenPoint pointer();
     ChildProcess& process() { return *child; }

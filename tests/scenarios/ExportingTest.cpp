@@ -2,6 +2,8 @@
 #include "tests/scenarios/Scenario.h"
 #include "tests/scenarios/ScenarioMedia.h"
 
+#include <fmt/format.h>
+
 using namespace murbo;
 
 namespace {
@@ -9,6 +11,16 @@ namespace {
 /// The decoded pictures of a movie, as one number.
 std::string pictures(const std::filesystem::path& movie) {
     return made::output("ffmpeg -nostdin -v error -i " + made::quoted(movie) + " -map 0:v -f md5 -");
+}
+
+/// How loud a tone is in a movie, in dB.
+double loudness(const std::filesystem::path& movie, int hertz) {
+    const auto said = made::output("ffmpeg -nostdin -hide_banner -i " + made::quoted(movie) +
+                                   " -af bandpass=f=" + std::to_string(hertz) +
+                                   ":width_type=h:w=20,volumedetect -f null - 2>&1");
+    const std::string before = "mean_volume: ";
+    const auto at = said.find(before);
+    return at == said.npos ? -100 : std::atof(said.c_str() + at + before.size());
 }
 
 class Exporting : public Scenario {
@@ -30,7 +42,8 @@ protected:
         until("the name can be typed over", [&] { return see("EditableText", "Save as").focused; });
         key("Ctrl+A");
         type(name);
-        click(see("EditableText", "Folder"));
+        until("it is typed", [&] { return see("EditableText", "Save as").value == name; });
+        clickInto("Folder");
         key("Ctrl+A");
         type(out.string());
         until("the folder is typed", [&] { return see("EditableText", "Folder").value == out.string(); });
@@ -82,4 +95,38 @@ TEST_F(Exporting, aStoppedMovieLeavesNothingAndItsPlaceIsFree) {
     until("nothing is left", [&] { return entriesIn(out) == 0; });
     key("Escape");
     undoToStart();
+}
+
+TEST_F(Exporting, aSongAndASoundAreDraggedInAndTheMovieObeysWhatIsMutedAlone) {
+    const auto library = home / "home/Movies/Murbo";
+    const auto tone = [&](const char* name, int hertz) {
+        const auto file = made::file(std::string(name) + ".wav",
+                                     fmt::format("-f lavfi -i sine=frequency={}:duration=1.5", hertz));
+        std::filesystem::create_directories(library / name);
+        std::filesystem::copy(file, library / name / file.filename());
+    };
+    tone("Sounds", 1500);
+    tone("Music", 3000);
+    openShort(1.4);
+    const auto look = [&] { return video().look.value_or(Look()); };
+    const auto cut = block("Cut", 1);
+    turnTo("Sounds");
+    drag(still("ListItem", "Sounds", "Library").middle(), {cut.at(0.1).x, cut.middle().y});
+    until("the sound is in it", [&] { return look().sounds.size() == 1; });
+    turnTo("Music");
+    drag(still("ListItem", "Music", "Library").middle(), {cut.x + 1, cut.middle().y});
+    until("the song is in it", [&] { return look().music.size() == 1; });
+    clickOn("Button", "Mute Video");
+    until("the footage is muted", [&] { return look().mix && look().mix->isMuted(Lane::video); });
+    clickOn("Button", "Solo Sounds");
+    until("the sounds are heard alone", [&] { return see("Button", "Solo Sounds").checked; });
+    begin("heard.mp4");
+    finish(out / "heard.mp4");
+    key("Escape");
+    EXPECT_LT(loudness(out / "heard.mp4", 220), -60) << "what is muted is not in it";
+    EXPECT_GT(loudness(out / "heard.mp4", 1500), -45);
+    EXPECT_GT(loudness(out / "heard.mp4", 3000), -45) << "listening to a row alone leaves the others in";
+    key("Ctrl+Z", 2);
+    until("both are gone", [&] { return look().sounds.empty() && look().music.empty(); });
+    EXPECT_TRUE(look().mix && look().mix->isMuted(Lane::video)) << "mutes are no steps";
 }

@@ -72,8 +72,7 @@ protected:
         return clip == project.clips.end() ? 0 : clip->marks.size();
     }
     void marks() {
-        clickOn("ListItem", "C02,", "Browser");
-        until("the clip is held", [&] { return see("Button", "Play", "Source viewer").enabled; });
+        holdClip("C02");
         const auto stood = onDisk();
         pressUntil("M", "a mark",
                    [&] { return see("ListItem", "C02,", "Browser").selected && marksOf(2) == 1; });
@@ -124,12 +123,9 @@ using Rebinding = Scenario;
 
 TEST_F(Rebinding, aKeyThatIsTakenIsSwappedAndThatIsSaid) {
     open(scenario::cutVideo());
-    key("Ctrl+K");
-    see("EditableText", "Commands");
-    type("keys");
-    key("Return");
+    palette("keys");
     until("the list of keys has the keys", [&] { return see("List", "Keys").focused; });
-    clickOn("EditableText", "Search the keys");
+    clickInto("Search the keys");
     type("blade");
     until("no other is listed", [&] { return !find("ListItem", "Select Tool"); });
     clickOn("ListItem", "Blade Tool, B");

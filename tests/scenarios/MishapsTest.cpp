@@ -20,9 +20,10 @@ TEST_F(Mishaps, filesThatAreNoMoviesAreRefusedInWords) {
     key("Ctrl+I");
     see("Dialog", "Add Footage");
     clickOn("Button", "Choose Files");
-    click(see("EditableText", "Folder", "Add Footage"));
+    clickInto("Folder", "Add Footage");
     key("Ctrl+A");
     type((folder / "odd").string());
+    until("it is typed", [&] { return see("EditableText", "Folder").value == (folder / "odd").string(); });
     key("Return");
     clickOn("ListItem", "nothing.mov", "Add Footage");
     clickOn("ListItem", "words.mp4", "Add Footage");

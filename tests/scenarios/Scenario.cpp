@@ -62,7 +62,7 @@ void Scenario::open(const Project& project) {
     ProjectPackage::write(project, package, nullptr);
     before = onDisk();
     start({"--open", package.string()});
-    see("List", "Timeline");
+    still("List", "Timeline");
 }
 
 void Scenario::start(const std::vector<std::string>& words, const ChildProcess::Variables& variables) {
@@ -70,6 +70,7 @@ void Scenario::start(const std::vector<std::string>& words, const ChildProcess::
     running = std::make_unique<DrivenProgram>(home, shown->name(), words, variables);
     until(
         "the program shows a window", [&] { return shown->hasWindow(); }, 30);
+    until("keys come to it", [&] { return running->active(); });
 }
 
 /// A file may just be replaced by the next: what can't be read is looked at again.
@@ -108,6 +109,15 @@ ScreenItem Scenario::see(const std::string& role, const std::string& name, const
     return found.value_or(ScreenItem());
 }
 
+ScreenItem Scenario::still(const std::string& role, const std::string& name, const std::string& within) {
+    auto item = see(role, name, within);
+    until("“" + name + "” stands still", [&] {
+        const auto stood = std::exchange(item, see(role, name, within));
+        return stood.x == item.x && stood.y == item.y && stood.width == item.width;
+    });
+    return item;
+}
+
 std::string Scenario::withKeys() {
     std::string name;
     for (const auto& item : items())
@@ -124,7 +134,7 @@ std::vector<ScreenItem> Scenario::blocks(const std::string& kind) {
 }
 
 ScreenItem Scenario::block(const std::string& kind, std::size_t number) {
-    return see("ListItem", kind + " " + std::to_string(number) + " of ");
+    return still("ListItem", kind + " " + std::to_string(number) + " of ");
 }
 
 void Scenario::until(const std::string& what, const std::function<bool()>& holds, int seconds) {
@@ -189,12 +199,7 @@ void Scenario::click(ScreenPoint at, int button) {
 }
 
 void Scenario::clickOn(const std::string& role, const std::string& name, const std::string& within) {
-    auto item = see(role, name, within);
-    until("“" + name + "” stands still", [&] {
-        const auto stood = std::exchange(item, see(role, name, within));
-        return stood.x == item.x && stood.y == item.y && stood.width == item.width;
-    });
-    click(item);
+    click(still(role, name, within));
 }
 
 void Scenario::clickInto(const std::string& field, const std::string& within) {
@@ -208,6 +213,56 @@ void Scenario::clickInto(const std::string& field, const std::string& within) {
 void Scenario::turnTo(const std::string& page) {
     clickOn("ListItem", page, "Project");
     until(page + " is shown", [&] { return see("ListItem", page, "Project").selected; });
+}
+
+void Scenario::palette(const std::string& words) {
+    key("Ctrl+K");
+    until("the palette has the keys", [&] { return see("EditableText", "Commands").focused; });
+    type(words);
+    until("the words are typed", [&] { return see("EditableText", "Commands").value == words; });
+    key("Return");
+    until("it is closed", [&] { return !find("EditableText", "Commands"); });
+}
+
+void Scenario::holdClip(const std::string& tag) {
+    clickOn("ListItem", tag + ",", "Browser");
+    seesHeld(tag);
+}
+
+void Scenario::seesHeld(const std::string& tag) {
+    until(tag + " is held", [&] {
+        const auto row = find("ListItem", tag + ",", "Browser");
+        const auto play = find("Button", "Play", "Source viewer");
+        return row && row->selected && play && play->enabled;
+    });
+}
+
+void Scenario::pick(const std::string& kind, std::size_t number) {
+    click(block(kind, number));
+    until("it is picked", [&] { return block(kind, number).selected; });
+}
+
+ScreenItem Scenario::scrollTo(const std::string& role, const std::string& name) {
+    const auto tabs = still("PageTabList", "Tabs of the inspector");
+    const double top = tabs.y + tabs.height;
+    const ScreenPoint over{tabs.middle().x, top + 300};
+    ScreenItem found;
+    until(name + " can be reached", [&] {
+        found = still(role, name, "Inspector");
+        if (found.y >= top && found.y + found.height < 780) return true;
+        click(over, found.y < top ? 4 : 5);
+        return false;
+    });
+    return found;
+}
+
+void Scenario::setTo(const std::string& field, const std::string& text) {
+    scrollTo("EditableText", field);
+    clickInto(field, "Inspector");
+    key("Ctrl+A");
+    type(text);
+    until("it is typed", [&] { return see("EditableText", field, "Inspector").value == text; });
+    key("Return");
 }
 
 void Scenario::doubleClick(ScreenPoint at) {

@@ -20,7 +20,7 @@ protected:
 
     // ---- the program ----
 
-    /// Writes a project and opens it in a window.
+    /// Writes a project and opens it in a window; waits until that stands.
     void open(const Project& project);
     /// Starts the program with those words; what it kept from before is still there.
     void start(const std::vector<std::string>& words, const ChildProcess::Variables& variables = {});
@@ -38,11 +38,13 @@ protected:
                                    const std::string& within = "");
     /// The same, waiting until it is there.
     ScreenItem see(const std::string& role, const std::string& name, const std::string& within = "");
+    /// The same, waiting until it is there and stands still: rows may just be made anew.
+    ScreenItem still(const std::string& role, const std::string& name, const std::string& within = "");
     /// The role and name of what has the keys, or nothing.
     std::string withKeys();
     /// All blocks of a kind on the timeline, "Cut", in their order.
     std::vector<ScreenItem> blocks(const std::string& kind);
-    ScreenItem block(const std::string& kind, std::size_t number); ///< from 1; waits
+    ScreenItem block(const std::string& kind, std::size_t number); ///< from 1; waits till it is still
     /// Waits until something holds; where it never does, the test ends with those words.
     void until(const std::string& what, const std::function<bool()>& holds, int seconds = 20);
     void sees(const std::string& toast); ///< waits for the message
@@ -64,6 +66,18 @@ protected:
     void clickInto(const std::string& field, const std::string& within = "");
     void clickOn(const std::string& role, const std::string& name, const std::string& within = "");
     void turnTo(const std::string& page); ///< of the sidebar; waits until it is shown
+    /// Has an action of the palette done, by words that find it.
+    void palette(const std::string& words);
+    /// Clicks on a clip of the browser that is shown; waits until it can be played.
+    void holdClip(const std::string& tag);
+    /// Waits until a clip is held and can be played.
+    void seesHeld(const std::string& tag);
+    /// Clicks on a block of the timeline; waits until it is picked.
+    void pick(const std::string& kind, std::size_t number);
+    /// Turns the wheel over the inspector until that is in it, in whole.
+    ScreenItem scrollTo(const std::string& role, const std::string& name);
+    /// Types into a field of the inspector, in place of what stands there, and presses Enter.
+    void setTo(const std::string& field, const std::string& text);
     void doubleClick(ScreenPoint at);
     /// Moves the mouse and waits until the program has it: a hand makes more than one move, however busy it
     /// is.

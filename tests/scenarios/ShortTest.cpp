@@ -34,19 +34,6 @@ protected:
         return look && look->captions.style ? look->captions.style->base.value_or("") : "";
     }
     bool focused(const char* role, const char* name) { return see(role, name).focused; }
-    void holds(const std::string& tag) {
-        until(tag + " is held", [&] {
-            const auto row = find("ListItem", tag + ",", "Browser");
-            const auto play = find("Button", "Play", "Source viewer");
-            return row && row->selected && play && play->enabled;
-        });
-    }
-    void palette(const std::string& words) {
-        key("Ctrl+K");
-        until("the palette has the keys", [&] { return focused("EditableText", "Commands"); });
-        type(words);
-        key("Return");
-    }
     /// The movie is whole: its length is that of the video.
     void finish() {
         until(
@@ -79,7 +66,7 @@ TEST_F(Short, byKeysAlone) {
     palette("go to cl");
     until("the clips have the keys", [&] { return focused("List", "Browser"); });
     key("Down");
-    holds("C01");
+    seesHeld("C01");
     key("Shift+Right");
     key("I");
     key("Shift+Right", 3);
@@ -96,7 +83,7 @@ TEST_F(Short, byKeysAlone) {
     palette("go to cl");
     see("ListItem", "C02,", "Browser");
     key("Down");
-    holds("C02");
+    seesHeld("C02");
     key("E");
     until("a second clip is in it", [&] { return cuts() == 2; });
 
@@ -156,9 +143,8 @@ TEST_F(Short, byMouseAlone) {
     until("three clips are there", [&] { return onDisk().clips.size() == 3; });
 
     turnTo("Clips");
-    clickOn("ListItem", "C01,", "Browser");
-    holds("C01");
-    const auto strip = see("Graphic", "Waveform");
+    holdClip("C01");
+    const auto strip = still("Graphic", "Waveform");
     for (const auto& [share, button] : {std::pair(1.0 / 6, "Mark start"), {4.0 / 6, "Mark end"}}) {
         click(strip.at(share));
         until("the playhead is there", [&] { return std::abs(seconds("Source viewer") - 6 * share) < 0.1; });
@@ -168,9 +154,8 @@ TEST_F(Short, byMouseAlone) {
     until("a video begins", [&] { return cuts() == 1; });
     EXPECT_NEAR(video().cuts[0].length(), 3, 0.1);
     turnTo("Clips");
-    clickOn("ListItem", "C02,", "Browser");
-    holds("C02");
-    clickOn("Button", "Add to end");
+    drag(still("ListItem", "C02,", "Browser").middle(),
+         {block("Cut", 1).at(0.95).x, block("Cut", 1).middle().y});
     until("a second clip is in it", [&] { return cuts() == 2; });
 
     clickOn("Button", "Blade");
@@ -185,8 +170,8 @@ TEST_F(Short, byMouseAlone) {
     clickOn("RadioButton", "Clean");
     until("the style is the video's", [&] { return style() == "clean"; });
     turnTo("Playbooks");
-    const auto book = see("ListItem", "", "Library");
-    const auto list = see("List", "Timeline of V1");
+    const auto book = still("ListItem", "", "Library");
+    const auto list = still("List", "Timeline of V1");
     drag(book.middle(), {block("Cut", 1).middle().x, list.y + list.height - 20});
     until("one lies over the picture", [&] { return overlays() == 1; });
 

@@ -49,7 +49,9 @@ QByteArray AccessDoor::shown() const {
     for (auto* window : QGuiApplication::topLevelWindows())
         if (window->isVisible())
             for (const auto& node : AccessTree::of(*window)) nodes.append(json(node));
-    const QJsonObject all{{"pointer", QJsonArray{pointer.x(), pointer.y()}}, {"items", nodes}};
+    const QJsonObject all{{"active", QGuiApplication::focusWindow() != nullptr},
+                          {"pointer", QJsonArray{pointer.x(), pointer.y()}},
+                          {"items", nodes}};
     return QJsonDocument(all).toJson(QJsonDocument::Compact);
 }
 

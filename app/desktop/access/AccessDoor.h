@@ -7,9 +7,10 @@
 namespace murbo {
 
 /// Shows a program on the same machine what a screen reader would be given: each line that comes in is
-/// answered by one line of JSON with all that is in the windows, and where the pointer last came to one: what
-/// has moved it knows by that when the move was taken. It reads and changes nothing; whoever looks uses mouse
-/// and keys like everybody. It is there only where the environment names its socket.
+/// answered by one line of JSON with all that is in the windows, where the pointer last came to one (what has
+/// moved it knows by that when the move was taken), and whether one of them has the keys. It reads and
+/// changes nothing; whoever looks uses mouse and keys like everybody. It is there only where the environment
+/// names its socket.
 class AccessDoor : public QObject {
     Q_OBJECT
 

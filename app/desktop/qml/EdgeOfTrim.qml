@@ -21,5 +21,6 @@ Item {
     }
     FrameView { anchors.fill: parent; anchors.rightMargin: 1; player: place.edge.player; visible: place.edge.ready }
     Words { anchors.centerIn: parent; visible: !place.edge.shown; text: "No footage"; color: Theme.text3 }
-    Badge { x: Theme.gap; y: Theme.gap; text: place.edge.shown ? place.words + project.fine(place.edge.at) : "" }
+    Badge { x: Theme.gap; y: Theme.gap; text: place.edge.shown ? place.words + project.fine(place.edge.at) : ""
+            Accessible.role: Accessible.StaticText; Accessible.name: "Edge " + text }
 }
