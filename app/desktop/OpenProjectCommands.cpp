@@ -92,9 +92,10 @@ bool OpenProject::performVerb(const Action& action) {
         CutCommands::takeOutQuiet(session, *CutCommands::pickedCut(session));
     else if (id == "muteCuts")
         CutCommands::toggleMuteCuts(session, pickedCuts(session));
-    else if (id == "caption.break")
+    else if (id == "caption.break") {
         emit verb("tab.captions"); // its words stand there
-    else if (id.startsWith("caption.") && id != "caption.edit")
+        emit verb("caption.show");
+    } else if (id.startsWith("caption.") && id != "caption.edit")
         CaptionEdits::perform(session, action.id.substr(8));
     else if (id == "hold")
         browserModel.holdAsked();

@@ -33,6 +33,14 @@ struct CaptionsWindow : SpokenWindow {
     }
 };
 
+/// The list of captions, which knows the one that it last went to.
+QQuickItem* listIn(QQuickItem* in) {
+    if (in->property("stood").isValid()) return in;
+    for (auto* child : in->childItems())
+        if (auto* found = listIn(child)) return found;
+    return nullptr;
+}
+
 }
 
 TEST(CaptionsPage, aPresetIsChosenByItsCardDrawnOnTheVideosOwnWords) {
@@ -98,6 +106,33 @@ TEST(CaptionsPage, theListPicksEditsAndHidesAndTheTimelineFollows) {
     EXPECT_EQ(shown.said(0), "okay we have two hearts");
     shown.list().pick(99);
     shown.list().retext(-1, "x");
+    EXPECT_EQ(Complaints::list(), "");
+}
+
+TEST(CaptionsPage, theTabOpensAtItsTopAndGoesToACaptionThatIsPickedFromThenOn) {
+    MURBO_NEEDS_FFMPEG();
+    SpokenWindow shown;
+    shown.window().resize(1280, 640); // not all fits
+    const auto& lines = shown.editor().project().transcript(shown.editor().project().sources[0].id).lines;
+    const Pick last{Pick::Kind::caption, lines->back().id, {}};
+    shown.editor().setPicked(last);
+    shown.show(InspectorTab::captions);
+    auto* list = listIn(shown.window().contentItem());
+    ASSERT_TRUE(list);
+    const auto scrolled = [&] {
+        shown.settle(50);
+        return list->property("contentY").toDouble() - list->property("originY").toDouble();
+    };
+    const auto toTop = [&] { QMetaObject::invokeMethod(list, "positionViewAtBeginning"); };
+    EXPECT_EQ(scrolled(), 0);
+    shown.project().perform("caption.break");
+    EXPECT_GT(scrolled(), 0) << "its words are there to be broken between";
+    toTop();
+    shown.opened->captionsPage().set("fill", "FF0000");
+    EXPECT_EQ(scrolled(), 0) << "who tries styles is left with them";
+    shown.editor().setPicked(std::nullopt);
+    shown.editor().setPicked(last);
+    EXPECT_GT(scrolled(), 0);
     EXPECT_EQ(Complaints::list(), "");
 }
 

@@ -71,13 +71,12 @@ TEST_F(Framed, boxesAreDrawnAndThePictureIsThatOfTheStill) {
     until("it stands half a second in", [&] { return seconds("Video viewer") > 0.48; });
     const auto wanted = stillDots(0.5);
     double off = 255;
-    until("the picture is that of the still", [&] {
-        off = difference(seenDots(), wanted);
-        return off < 4;
-    });
+    until(
+        "the picture is that of the still", [&] { return (off = difference(seenDots(), wanted)) < 4; }, 60);
     key("Right");
     key("3");
     until("another shot begins", [&] { return video().look && !video().look->shots.empty(); });
-    until("it is another picture", [&] { return difference(seenDots(), wanted) > 2 * off + 4; });
+    until(
+        "it is another picture", [&] { return difference(seenDots(), wanted) > 2 * off + 4; }, 60);
     undoToStart();
 }

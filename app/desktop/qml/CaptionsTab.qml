@@ -15,7 +15,6 @@ FocusScope {
         else { captions.meanPreset(-1); context.openPoint(at.x, at.y, project.contextMenu("preset")) }
     }
     MenuList { id: context }
-    Component.onCompleted: captions.watched = true
     Component.onDestruction: captions.watched = false
 
     Words {
@@ -49,7 +48,17 @@ FocusScope {
         onMovementStarted: untouched = false
         function toTop() { if (untouched) positionViewAtBeginning() }
         Connections { target: list.headerItem; function onHeightChanged() { Qt.callLater(list.toTop) } }
-        Connections { target: captions.list; function onPickedChanged() { if (captions.list.pickedRow < 0) return; list.untouched = false; list.positionViewAtIndex(captions.list.pickedRow, ListView.Contain) } }
+        // It opens with the styles, and goes to a caption that is picked from then on: not anew with each change.
+        property int stood: -1
+        function showPicked() {
+            stood = captions.list.pickedRow
+            if (stood < 0) return
+            untouched = false
+            positionViewAtIndex(stood, ListView.Contain)
+        }
+        Component.onCompleted: { captions.watched = true; stood = captions.list.pickedRow }
+        Connections { target: captions.list; enabled: captions.watched; function onPickedChanged() { if (captions.list.pickedRow !== list.stood) list.showPicked() } }
+        Connections { target: project; function onVerb(name) { if (name === "caption.show") list.showPicked() } }
         delegate: CaptionItem { onMenuAsked: (px, py) => context.openPoint(px, py, project.contextMenu("caption")) }
 
         header: Column {
