@@ -69,7 +69,7 @@ void Scenario::start(const std::vector<std::string>& words, const ChildProcess::
     running.reset();
     running = std::make_unique<DrivenProgram>(home, shown->name(), words, variables);
     until(
-        "the program shows a window", [&] { return shown->hasWindow(); }, 30);
+        "the program shows a window", [&] { return shown->hasWindow(); }, 90);
     until("keys come to it", [&] { return running->active(); });
 }
 
