@@ -41,6 +41,7 @@ TEST(Http, sendsOnceAndGivesBackWhatCame) {
     EXPECT_EQ(reply.body, "short and stout");
     EXPECT_THAT(server.request(), StartsWith("GET /api/v1/key HTTP/1.1\r\n"));
     EXPECT_THAT(server.request(), HasSubstr("\r\nAuthorization: Bearer secret\r\n"));
+    EXPECT_THAT(server.request(), HasSubstr("\r\nAccept-Encoding: ")) << "answers are long";
 
     request.body = std::string(3'000'000, 'b') + '\0' + "end";
     EXPECT_EQ(Http::send(request).status, 418);
@@ -97,6 +98,7 @@ TEST(Http, failsInWords) {
         EXPECT_THAT(failureOn(bytes), StartsWith("127.0.0.1 could not be reached: ")) << bytes;
     EXPECT_EQ(failureOn(FakeServer::reply(200, std::string(100'000, 'x')), 50'000),
               "127.0.0.1 sent too long an answer.");
+    EXPECT_EQ(failureOn(FakeServer::reply(200, std::string(50'000, 'x')), 50'000), "");
 }
 
 TEST(Http, givesUpOnAServerThatFallsSilentButNotOnASlowOne) {
@@ -113,6 +115,8 @@ TEST(Http, givesUpOnAServerThatFallsSilentButNotOnASlowOne) {
     const std::string slowly(4'000, 'x');
     FakeServer drops([&](const std::string&) { return FakeServer::reply(200, slowly); }, 3, 600ms);
     EXPECT_EQ(Http::send({.url = drops.base, .timeout = 1500ms}).body, slowly) << "pauses don't add up";
+    EXPECT_EQ(failure({.url = drops.base, .timeout = 1500ms, .longest = 700ms}),
+              "127.0.0.1 did not answer in time.");
 }
 
 TEST(Http, stopsAtOnceWhenAskedTo) {

@@ -191,6 +191,8 @@ TEST(Playback, aScrubThatSeeksPlaysOnFromThere) {
 
 TEST(Playback, aTimeThatIsNoneCountsAsTheStart) {
     Played played;
+    played.playback.setSpan({8, 2});
+    EXPECT_EQ(played.playback.span(), (Stretch{8, 8}));
     played.playback.setSpan({1, 9});
     played.playback.seek(4);
     played.playback.playPause();
