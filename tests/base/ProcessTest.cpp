@@ -1,6 +1,4 @@
 #include "platform/base/Process.h"
-#include "tests/ProblemOf.h"
-#include "tests/TemporaryFolder.h"
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>

@@ -50,6 +50,13 @@ TEST_F(PlayedFootageTest, everyFrameForwardAndInAnyOrder) {
     }
 }
 
+TEST_F(PlayedFootageTest, everyFrameBackward) {
+    for (auto frame = composition->frameCount() - 1; frame >= 0; --frame) {
+        const auto shown = footage.backward(composition->moment(frame), -1, none, [] { return false; });
+        ASSERT_EQ(numbered::in(shown.image), expected(frame)) << frame;
+    }
+}
+
 TEST_F(PlayedFootageTest, backwardNoPictureOfAnotherFileOrPlaceComesIn) {
     const TemporaryFolder folder;
     samples::writeNumbered(folder / "slow.mp4", 60, 15);

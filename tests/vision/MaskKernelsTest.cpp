@@ -42,21 +42,3 @@ TEST(MaskKernels, aRowIsWhiteAtItsAlphaAndTheSameOnEveryProcessor) {
             << "past the end";
     }
 }
-
-TEST(MaskKernels, theCurveHasItsEnds) {
-    const std::uint8_t pixel[4] = {10, 20, 30, 255};
-    const auto at = [&](float value) {
-        const float factors[4] = {0, 0, 0, value};
-        std::uint8_t mask[4] = {};
-        MaskKernels::maskRow(factors, pixel, 1, {0.25F, 0.75F}, mask);
-        EXPECT_EQ(mask[0], mask[3]);
-        EXPECT_EQ(mask[1], mask[2]);
-        return static_cast<int>(mask[3]);
-    };
-    EXPECT_EQ(at(-1), 0);
-    EXPECT_EQ(at(0.25F), 0);
-    EXPECT_NEAR(at(0.375F), 40, 1) << "an S, not a line";
-    EXPECT_NEAR(at(0.5F), 128, 1);
-    EXPECT_EQ(at(0.75F), 255);
-    EXPECT_EQ(at(9), 255);
-}
