@@ -1,6 +1,7 @@
 #include "app/desktop/RecentProjects.h"
 #include "tests/desktop/WindowOfProject.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 using namespace murbo;
@@ -9,7 +10,7 @@ TEST(RecentProjects, theNewestComesFirstAndNoneTwice) {
     const TemporaryFolder folder;
     const Environment config("XDG_CONFIG_HOME", folder.path / "config");
     for (int number = 0; number < 20; ++number)
-        RecentProjects::add(folder / ("p" + std::to_string(number) + ".mbproj"));
+        RecentProjects::add(folder / fmt::format("p{}.mbproj", number));
     RecentProjects::add(folder / "p15.mbproj");
     const auto all = RecentProjects::all();
     EXPECT_EQ(all.size(), RecentProjects::maxProjects);

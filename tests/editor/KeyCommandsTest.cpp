@@ -17,7 +17,7 @@ public:
     }
     ~Typing() { Keys::standard().useStandard(); }
 
-    std::string press(const std::string& key) { return (*this)("[\"key\",\"" + key + "\"]"); }
+    std::string press(const std::string& pressed) { return (*this)("[\"key\",\"" + pressed + "\"]"); }
 };
 
 }

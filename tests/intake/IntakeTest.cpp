@@ -1,6 +1,7 @@
 #include "core/intake/Intake.h"
 #include "tests/TemporaryFolder.h"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -36,7 +37,7 @@ TEST(Intake, putsMoviesInTheOrderOfAPersonAndPassesOverTheRest) {
 
 TEST(Intake, aSearchIsStoppedAndHasAnEnd) {
     const TemporaryFolder folder;
-    for (int at = 0; at < 30; ++at) folder.file("d" + std::to_string(at) + "/a.mp4");
+    for (int at = 0; at < 30; ++at) folder.file(fmt::format("d{}/a.mp4", at));
     std::stop_source stop;
     EXPECT_EQ(Intake::videos({folder.path}, stop.get_token()).size(), 30);
     EXPECT_EQ(Intake::videos({folder.path}, stop.get_token(), 7).size(), 7);

@@ -41,7 +41,7 @@ TEST_F(Recording, isToldLineByLine) {
     for (const double at : {20.0, 30.0, 500.0, 501.0, 502.0})
         transcript().notes.edit().push_back({.start = at, .end = at});
     project.clips.edit() = {clip(1, 514, 516), clip(1, 12.9, 83.4)};
-    project.clips.edit()[0].part = "a";
+    project.clips.edit()[0].part.emplace("a");
     project.clips.edit()[1].rating = 1;
     project.clips.edit()[1].summary.emplace(Clip::Summary{"The big fall", ""});
     project.bookmarks.edit() = {{.number = 1, .source = source(), .at = 10, .note = "check this"}};

@@ -184,11 +184,11 @@ TEST_F(Dressing, aLayoutAndAStickerAreDraggedInAndSetByHand) {
 }
 
 TEST_F(Dressing, anOwnPictureIsChosenAndAPlaybookIsBroughtToItsNewVersion) {
-    const auto note = [&](int version, const char* folder) {
+    const auto note = [&](int version, const char* where) {
         return Playbooks::load(
-            this->folder
+            folder
                 .file(
-                    std::string(folder) + "/own.note.mbplay/playbook.json",
+                    std::string(where) + "/own.note.mbplay/playbook.json",
                     R"({"id": "own.note", "name": "Note", "version": )" + std::to_string(version) +
                         R"(, "length": 2, "params": {"photo": {"type": "media", "label": "Photo", "value": "emoji:🎈"}},
                    "layers": [{"slot": "$photo", "w": 0.3}]})")

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <ctime>
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 using namespace murbo;
@@ -125,7 +126,7 @@ TEST(Particles, goWhereTheirDriftTakesThem) {
 
 TEST(Particles, drawOnlyTheGlyphsThatTheyShow) {
     std::string names;
-    for (int i = 0; i < 5000; ++i) names += "n" + std::to_string(i) + ",";
+    for (int i = 0; i < 5000; ++i) names += fmt::format("n{},", i);
     Scatter scatter("float", 5);
     const std::clock_t start = std::clock();
     const auto shown = scatter.drawn(1, names);
