@@ -103,6 +103,7 @@ TEST(Inspection, followsTheBrowser) {
     EXPECT_EQ(video.inspection.kind(), "clip");
     video.inspection.set("title", "The hop");
     EXPECT_EQ(project.clips[0].name, "The hop");
+    EXPECT_EQ(video.at("title"), "The hop") << "without the tag that stands after it elsewhere";
     video.inspection.set("rating", 2);
     EXPECT_EQ(project.clips[0].rating, -1);
     video.inspection.reset("title");
