@@ -29,6 +29,8 @@ TEST(DeliveryCheck, followsTheVideoAndMendsAnEdge) {
     EXPECT_EQ(of.editor.history().undoName(), "Trim End");
     ASSERT_TRUE(checked());
     EXPECT_TRUE(check.findings().isEmpty());
+    QTest::qWait(100);
+    EXPECT_EQ(of.editor.playback.rate(), 0) << "nobody watches the edit through a sheet";
     check.fix(5);
     check.show(-1);
     check.end();

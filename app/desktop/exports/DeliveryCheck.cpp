@@ -25,6 +25,13 @@ bool hasAreas(const Size& frame) {
     return frame.width <= upright * frame.height;
 }
 
+/// Whether what is said in all the cuts has been written down.
+bool isWrittenDown(const Project& project, const Video& video) {
+    return std::ranges::none_of(video.cuts, [&](const Cut& cut) {
+        return !cut.generator && !cut.muted.value_or(false) && project.transcript(cut.source).lines.empty();
+    });
+}
+
 }
 
 DeliveryCheck::DeliveryCheck(Editor& session, const QVariantList& areas, QObject* parent)
@@ -71,13 +78,16 @@ void DeliveryCheck::checkCaptions() {
     stopping = {};
     auto plan = Plan::video(*video, editor.project(), Settings::captionFonts(), editor.package());
     auto found = std::make_shared<std::vector<MovieChecks::Finding>>();
+    cues = plan.cues.size();
     const auto areas = hasAreas(plan.frame) ? apps : std::vector<MovieChecks::CoveredEdges>();
     background.start([plan = std::move(plan), areas, found,
                       stop = stopping.get_token()] { *found = MovieChecks::ofCaptions(plan, areas, stop); },
                      [this, found] {
                          busy = false;
-                         if (stale) return checkCaptions();
-                         captions = std::move(*found);
+                         if (stale)
+                             checkCaptions();
+                         else
+                             captions = std::move(*found);
                          sort();
                      });
 }
@@ -106,11 +116,17 @@ QString DeliveryCheck::allGood() const {
     const auto* video = editor.video();
     if (busy || !video) return "";
     QStringList good;
-    if (cuts.empty()) good << "all cuts have their files, and nobody is cut off";
-    if (captions.empty())
-        good << (hasAreas(Plan::frameSize(video->aspect))
-                     ? "captions within the safe areas, all letters found"
-                     : "all letters of the captions found");
+    if (cuts.empty())
+        good << (isWrittenDown(editor.project(), *video) ? "all cuts have their files, and nobody is cut off"
+                                                         : "all cuts have their files");
+    if (captions.empty() && cues > 0) {
+        const auto which = cues > MovieChecks::maxCaptions
+                               ? QString("the first %1 captions").arg(MovieChecks::maxCaptions)
+                               : QString("captions");
+        good << which + (hasAreas(Plan::frameSize(video->aspect))
+                             ? " within the safe areas, all letters found"
+                             : " with all letters found");
+    }
     auto words = good.join(" · ");
     if (!words.isEmpty()) words[0] = words[0].toUpper();
     return words;
@@ -130,8 +146,11 @@ void DeliveryCheck::fix(int at) {
     if (!finding.fix) return;
     const bool start = finding.fix->start;
     CutCommands::trim(editor, finding.pick.id, start, finding.fix->to);
-    CutCommands::endTrim(editor, finding.pick.id, start, start ? "Trim Start" : "Trim End");
-    editor.playback.pause(); // nobody watches the edit behind a sheet
+    // Not as a hand ends it, which plays the edit: nobody watches that through a sheet.
+    editor.setEdge(std::nullopt);
+    editor.setEdgeAfter(std::nullopt);
+    editor.closeDrag(start ? "Trim Start" : "Trim End");
+    editor.reloadVideo(std::nullopt);
 }
 
 }

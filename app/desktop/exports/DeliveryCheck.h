@@ -50,6 +50,7 @@ private:
     std::vector<MovieChecks::Finding> cuts;
     std::vector<MovieChecks::Finding> captions;
     std::vector<MovieChecks::Finding> all; ///< in the order of the video
+    std::size_t cues = 0;                  ///< captions of the video
     bool watching = false;
     bool busy = false;
     bool stale = false; ///< the video has changed since the captions were begun

@@ -89,6 +89,7 @@ void ExportQueue::remove(const QString& movie) {
         queue, [&](const QueuedMovie& one) { return one.row.id == movie.toStdString(); });
     if (found == queue.end()) return;
     if (found->row.state == ExportRow::MovieState::running) return stop();
+    if (found->row.file == madeFile) madeFile.clear();
     queue.erase(found);
     refresh();
 }
@@ -140,7 +141,7 @@ void ExportQueue::end(ExportRow::MovieState state, const QString& said) {
     const auto name = movie->row.title;
     if (state == ExportRow::MovieState::failed) words = said;
     if (state == ExportRow::MovieState::done) madeFile = movie->row.file;
-    refresh();
+    if (waiting() == 0) refresh(); // else with the next one: the queue is never idle between two
     if (state == ExportRow::MovieState::stopped)
         emit this->said("Stopped: nothing of “" + name + "” was kept");
     else

@@ -11,11 +11,11 @@
 namespace murbo::MovieChecks {
 namespace {
 
-constexpr qsizetype maxWords = 28; ///< letters of what is said that a finding quotes
+constexpr qsizetype maxQuoted = 28; ///< letters of what is said that a finding quotes
 
 std::string quoted(const std::string& text) {
     const auto words = QString::fromStdString(text).simplified();
-    const auto shown = words.size() > maxWords ? words.left(maxWords - 1).trimmed() + "…" : words;
+    const auto shown = words.size() > maxQuoted ? words.left(maxQuoted - 1).trimmed() + "…" : words;
     return ("“" + shown + "”").toStdString();
 }
 

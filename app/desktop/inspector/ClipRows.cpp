@@ -62,7 +62,8 @@ void addNotes(InspectorRowList& rows, const Clip& clip, const Project& project) 
 
 InspectorRowList of(const Clip& clip, const Project& project) {
     InspectorRowList rows;
-    // What is typed becomes the owner's name: the tag or description that stands after it elsewhere stays out.
+    // What is typed becomes the owner's name: the tag or description that stands after it elsewhere stays
+    // out.
     const auto name = clip.name.value_or(clip.summary ? clip.summary->title : "");
     rows.push_back(RowMaker::text("title", "Title", RowMaker::said(name), clip.name.has_value()));
     rows.push_back(ratingOf(clip));

@@ -16,6 +16,7 @@ BrowserModel::BrowserModel(Editor& session, QObject* parent) : Rows(parent), edi
     follow(&Editor::heldClipChanged);
     follow(&Editor::heldSourceChanged);
     follow(&Editor::openVideoChanged);
+    connect(&editor, &Editor::heldClipChanged, this, [this] { asked.clear(); });
     refresh();
 }
 

@@ -47,7 +47,7 @@ private:
 
     Editor& editor;
     QString search;
-    std::string asked; ///< the id of the row whose menu was opened last
+    std::string asked; ///< the id of the row clicked or asked about last; empty once another clip is held
 };
 
 }

@@ -36,6 +36,7 @@ Rectangle {
         hoverEnabled: true
         acceptedButtons: Qt.LeftButton | Qt.RightButton
         onClicked: (mouse) => {
+            if (hasCarried) return
             if (mouse.button === Qt.LeftButton || !item.picked) project.browser.pick(item.index, mouse.modifiers)
             project.browser.askAbout(item.index)
             if (mouse.button === Qt.RightButton) { const at = mapToItem(null, mouse.x, mouse.y); item.menuAsked(item.kind, at.x, at.y) }

@@ -10,6 +10,7 @@ MouseArea {
     property Item ghost: null
     property real threshold: 8
     readonly property bool carries: hidden.carries
+    readonly property bool hasCarried: hidden.hasCarried // since the press: what is let go then is no click
 
     function follow(mouse) {
         const at = mapToItem(ghost.parent, mouse.x, mouse.y)
@@ -18,12 +19,13 @@ MouseArea {
     }
 
     preventStealing: true // or a list would take a drag that goes down
-    onPressed: (mouse) => hidden.from = Qt.point(mouse.x, mouse.y)
+    onPressed: (mouse) => { hidden.from = Qt.point(mouse.x, mouse.y); hidden.hasCarried = false }
     onPositionChanged: (mouse) => {
         if (!ghost || !(mouse.buttons & Qt.LeftButton)) return
         const far = Math.max(Math.abs(mouse.x - hidden.from.x), Math.abs(mouse.y - hidden.from.y)) > threshold
         if (!carries && !far) return
         follow(mouse)
+        hidden.hasCarried = true
         hidden.carries = true
     }
     onReleased: (mouse) => {
@@ -38,6 +40,7 @@ MouseArea {
     QtObject {
         id: hidden
         property bool carries: false
+        property bool hasCarried: false
         property point from
     }
 }

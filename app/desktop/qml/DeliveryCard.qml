@@ -4,7 +4,7 @@ import QtQuick
 Rectangle {
     id: card
 
-    readonly property int most: 6 // findings shown
+    readonly property int maxShown: 6 // findings shown
     signal shown()
 
     width: parent.width
@@ -26,7 +26,7 @@ Rectangle {
             Words { anchors.right: parent.right; height: parent.height; text: deliveryCheck.state; color: Theme.text3; font.pixelSize: Theme.noteSize; Accessible.role: Accessible.StaticText; Accessible.name: text }
         }
         Repeater {
-            model: deliveryCheck.findings.slice(0, card.most)
+            model: deliveryCheck.findings.slice(0, card.maxShown)
             Item {
                 id: line
                 required property int index
@@ -44,7 +44,7 @@ Rectangle {
                 }
             }
         }
-        Words { visible: deliveryCheck.findings.length > card.most; x: 24; height: Theme.tool; text: "and " + (deliveryCheck.findings.length - card.most) + " more"; color: Theme.text3 }
+        Words { visible: deliveryCheck.findings.length > card.maxShown; x: 24; height: Theme.tool; text: "and " + (deliveryCheck.findings.length - card.maxShown) + " more"; color: Theme.text3 }
         Item {
             visible: deliveryCheck.allGood !== ""
             width: parent.width

@@ -51,6 +51,7 @@ Column {
                 anchors.verticalCenter: parent.verticalCenter
                 IconButton { visible: line.stage === "done"; glyph: "play"; name: "Play"; side: 16; onClicked: exportSheet.play(line.file) }
                 IconButton { visible: line.stage === "done"; glyph: "folder-open"; name: "Show in Folder"; side: 16; onClicked: desktop.showInFolder(line.file) }
+                PushButton { visible: line.stage === "done"; text: "Copy Path"; onClicked: exportSheet.copy(line.file) }
                 IconButton { visible: line.stage !== "running"; glyph: "x"; name: line.stage === "waiting" ? "Take Out of the Queue" : "Forget"; side: 14; onClicked: project.exports.remove(line.movie) }
             }
         }

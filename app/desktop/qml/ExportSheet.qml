@@ -15,7 +15,7 @@ Sheet {
     title: "Export"
     mainWord: forms ? (busy ? "Add to Queue" : "Export") : done && !busy ? "Show in Folder" : ""
     cancelWord: busy ? "Hide" : done ? "Done" : "Cancel"
-    mainEnabled: !forms || exportSheet.problem === ""
+    mainEnabled: forms ? exportSheet.problem === "" : mainWord !== ""
     onAccepted: {
         if (!forms) return desktop.showInFolder(project.exports.finished)
         exportSheet.start()

@@ -31,7 +31,7 @@ Rectangle {
         id: answer
         target: chooser
         enabled: false
-        function onChosen(kind, paths) { enabled = false; if (paths.length) inspection.takeFile(asking.row, paths[0]) }
+        function onChosen(kind, paths) { if (kind !== asking.kind) return; enabled = false; if (paths.length) inspection.takeFile(asking.row, paths[0]) }
         function onUnavailable(kind) { enabled = false; picker.active = true; picker.item.takeFocus() }
     }
     MouseArea { anchors.fill: parent; onWheel: (wheel) => wheel.accepted = true }

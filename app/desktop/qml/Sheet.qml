@@ -10,7 +10,7 @@ FocusScope {
     property bool mainEnabled: true
     property string cancelWord: "Cancel"
     property alias foot: extra.data
-    readonly property real room: height - 7 * Theme.margin - head.height - last.height // most that its content can have
+    readonly property real room: height - 7 * Theme.margin - head.height - last.height // the largest height that its content can have
     default property alias content: body.data
     signal accepted()
 

@@ -6,9 +6,9 @@ Rectangle {
 
     property bool rail: false
     // A rail shows whole icons: all of them where there is room, else with a button for the others.
-    readonly property int most: height - 2 * list.edge
-    readonly property int step: Math.max(Theme.control, Math.min(34, Math.floor(most / Math.max(list.count, 1))))
-    readonly property bool more: rail && list.count * step > most
+    readonly property int room: height - 2 * list.edge
+    readonly property int step: Math.max(Theme.control, Math.min(34, Math.floor(room / Math.max(list.count, 1))))
+    readonly property bool more: rail && list.count * step > room
     function takeFocus() { list.forceActiveFocus(Qt.TabFocusReason) }
 
     color: Theme.panel
@@ -19,7 +19,7 @@ Rectangle {
         x: edge
         y: edge
         width: parent.width - 2 * edge
-        height: sidebar.more ? Math.floor((sidebar.most - down.height) / sidebar.step) * sidebar.step : sidebar.most
+        height: sidebar.more ? Math.floor((sidebar.room - down.height) / sidebar.step) * sidebar.step : sidebar.room
         clip: true
         snapMode: sidebar.rail ? ListView.SnapToItem : ListView.NoSnap
         model: project.sidebar

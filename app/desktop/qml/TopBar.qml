@@ -37,7 +37,7 @@ Rectangle {
             readonly property bool lost: project.unsaved !== ""
             readonly property bool hovered: over.hovered && words.truncated
             readonly property string said: project.unsaved
-            onSaidChanged: if (said) announcer.say(state)
+            onSaidChanged: if (said) Qt.callLater(() => announcer.say(state)) // once its role says so too
             anchors.verticalCenter: parent.verticalCenter
             width: words.width + (lost ? mark.width + 2 * Theme.gap : 0)
             height: Theme.control

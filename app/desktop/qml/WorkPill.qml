@@ -28,7 +28,7 @@ Rectangle {
             height: Theme.control
             Accessible.role: Accessible.AlertMessage
             Accessible.name: text
-            onTextChanged: if (visible) announcer.say(words)
+            onTextChanged: if (visible && (project.workLabel !== "" || project.exports.running)) announcer.say(words)
         }
         Rectangle {
             visible: pill.share >= 0
