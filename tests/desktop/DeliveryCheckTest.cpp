@@ -18,7 +18,7 @@ TEST(DeliveryCheck, followsTheVideoAndMendsAnEdge) {
     EXPECT_TRUE(check.allGood().startsWith("All cuts have their files")) << check.allGood().toStdString();
 
     CutCommands::trim(of.editor, of.cut(0).id, false, 12);
-    CutCommands::endTrim(of.editor, of.cut(0).id, false, "Trim End");
+    of.editor.closeDrag("Trim End");
     ASSERT_TRUE(checked());
     ASSERT_EQ(check.findings().size(), 1);
     EXPECT_EQ(check.state(), "1 to look at");
