@@ -29,7 +29,10 @@ std::string firstCharacters(std::string_view text, std::size_t limit) {
 
 std::string joined(const Said::Pieces& pieces) {
     std::string text;
-    for (const auto* piece : pieces) text += (text.empty() ? "" : " ") + oneLine(piece->text);
+    for (const auto* piece : pieces) {
+        if (!text.empty()) text += ' ';
+        text += oneLine(piece->text);
+    }
     return text;
 }
 
@@ -106,7 +109,7 @@ std::string oneLine(std::string_view text) {
     // The two line breaks of Unicode's own, and the one of old terminals.
     for (const std::string_view mark : {"\u2028", "\u2029", "\u0085"})
         for (auto at = line.find(mark); at != line.npos; at = line.find(mark, at))
-            line.replace(at, mark.size(), " ");
+            line.replace(at, mark.size(), 1, ' ');
     return line;
 }
 
@@ -123,7 +126,10 @@ std::string beginning(const Clip& clip, const Said& said) {
 
 std::string lines(const Clips& clips, const Project& project, const Said& said) {
     std::string text;
-    for (const auto* clip : clips) text += (text.empty() ? "" : "\n") + block(*clip, project, said);
+    for (const auto* clip : clips) {
+        if (!text.empty()) text += '\n';
+        text += block(*clip, project, said);
+    }
     return text;
 }
 

@@ -14,7 +14,7 @@ std::optional<double> Numbers::parse(std::string_view text) {
 }
 
 std::string Numbers::twoDigits(std::int64_t number) {
-    return (number > 9 ? "" : "0") + std::to_string(number);
+    return std::string(number > 9 ? 0 : 1, '0') + std::to_string(number);
 }
 
 }

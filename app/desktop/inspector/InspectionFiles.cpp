@@ -49,10 +49,10 @@ void Inspection::takeFile(const QString& id, const QString& path) {
     const auto name = Text::repaired(file.filename().string());
     const auto then = [self = QPointer(this), kept, id, picks, name, sound, busy = editor.busy()] {
         if (!self) return;
-        auto& editor = self->editor;
-        if (sound && !kept->length) return editor.refuse(name + " can't be read");
-        if (!kept->path) return editor.refuse(name + " could not be copied into the project");
-        if (self->picked() != picks) return editor.refuse("Something else was picked meanwhile");
+        auto& session = self->editor;
+        if (sound && !kept->length) return session.refuse(name + " can't be read");
+        if (!kept->path) return session.refuse(name + " could not be copied into the project");
+        if (self->picked() != picks) return session.refuse("Something else was picked meanwhile");
         const auto place = RowMaker::said(*kept->path);
         if (sound)
             self->replaceSound(place, *kept->length);

@@ -84,7 +84,7 @@ void Activity::log(const Activity& entry, const fs::path& package) try {
     const Descriptor file(
         ::open((package / fileName).c_str(), O_RDWR | O_APPEND | O_CREAT | O_CLOEXEC, 0666));
     if (file < 0) return;
-    if (endsMidLine(file)) text.insert(0, "\n");
+    if (endsMidLine(file)) text.insert(text.begin(), '\n');
     // One call for the whole line: others may be adding theirs.
     while (::write(file, text.data(), text.size()) < 0 && errno == EINTR) {
     }
