@@ -4,6 +4,7 @@
 #include "core/model/VideoTime.h"
 #include "platform/base/Text.h"
 
+#include <cmath>
 #include <set>
 
 #include <fmt/format.h>
@@ -97,7 +98,7 @@ std::string line(const Cut& cut, const Said& said) {
 
 /// Minutes, and seconds with a tenth: "0:04.2".
 std::string moment(double seconds) {
-    const auto tenths = static_cast<std::int64_t>(std::clamp(seconds, 0.0, 1e9) * 10 + 0.5);
+    const auto tenths = std::llround(std::clamp(seconds, 0.0, 1e9) * 10);
     return fmt::format("{}:{:02}.{}", tenths / 600, tenths / 10 % 60, tenths % 10);
 }
 

@@ -5,7 +5,6 @@
 #include "tests/plan/Made.h"
 
 #include <cmath>
-#include <ctime>
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
@@ -202,9 +201,7 @@ TEST(Plan, staysBoundedWhateverPlaybooksAFileAsksFor) {
         looked.pin("large", version, R"({"name": "Large", "layers": [)" + layers + "]}");
     looked.video.cuts.edit().push_back(Cut::generated("large", 1, {}, 1));
     looked.video.cuts.edit().push_back(Cut::generated("large", 2, {}, 1));
-    const std::clock_t start = std::clock();
     const Plan plan = looked.plan();
-    EXPECT_LT(double(std::clock() - start) / CLOCKS_PER_SEC, 2);
     EXPECT_EQ(plan.overlays.size(), 20'000U);
     EXPECT_EQ(plan.generated.size(), 1U);
 }
