@@ -88,7 +88,7 @@ public:
         QTest::mouseClick(&window(), button, {}, middle);
         settle(30);
     }
-    /// Presses, moves in so many moves, and lets go; `above` is done before that.
+    /// Presses, goes there in that number of moves, and lets go; `above` is done before it lets go.
     void carry(QPoint from, QPoint to, int moves, const std::function<void()>& above = {}) {
         QTest::mousePress(&window(), Qt::LeftButton, {}, from);
         for (int move = 1; move <= moves; ++move) {
