@@ -20,7 +20,7 @@ for room in "${rooms[@]}"; do
     printf '\n\033[1m%s\033[0m\n' "$room"
     case $room in
         job) build/bench_job "${BENCH_SECONDS:-60}" ;;
-        desktop | playback | window) "build/bench_$room" ;;
+        desktop | editor | mcp | paid | playback | window) "build/bench_$room" ;;
         *) "build/bench_$room" --benchmark_filter="${BENCH_FILTER:-.}" --benchmark_min_time=0.3 ;;
     esac
 done
