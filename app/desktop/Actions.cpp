@@ -1,6 +1,6 @@
 #include "app/desktop/Actions.h"
 
-#include "app/desktop/timeline/CommandRun.h"
+#include "app/editor/commands/CommandRun.h"
 #include "platform/base/RawText.h"
 
 #include <QKeySequence>

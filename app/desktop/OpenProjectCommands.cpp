@@ -4,7 +4,7 @@
 #include "app/desktop/captions/CaptionEdits.h"
 #include "app/desktop/libraries/LibraryRows.h"
 #include "app/desktop/services/FolderView.h"
-#include "app/desktop/timeline/CommandRun.h"
+#include "app/editor/commands/CommandRun.h"
 #include "app/editor/commands/CutCommands.h"
 #include "app/editor/commands/FootageCommands.h"
 #include "app/editor/commands/IntakeCommands.h"

@@ -1,5 +1,5 @@
 #include "app/desktop/Actions.h"
-#include "app/desktop/timeline/CommandRun.h"
+#include "app/editor/commands/CommandRun.h"
 #include "app/editor/commands/CommandTable.h"
 
 #include <QKeySequence>

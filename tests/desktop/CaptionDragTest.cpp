@@ -1,4 +1,4 @@
-#include "app/desktop/timeline/CaptionDrag.h"
+#include "app/desktop/captions/CaptionDrag.h"
 #include "app/desktop/timeline/TimelineDrag.h"
 #include "tests/desktop/SpokenVideo.h"
 
@@ -80,7 +80,7 @@ TEST(CaptionDrag, lettingGoLeavesTheLookAsItWas) {
     EXPECT_EQ(video.editor.project(), before);
     EXPECT_FALSE(video.editor.unfinished());
     CaptionDrag drag(video.editor);
-    drag.begin(TimelineBlock(), CaptionDrag::CaptionGrip::end);
+    drag.begin({.kind = Pick::Kind::caption}, {0, 1}, CaptionDrag::CaptionGrip::end);
     drag.move(3);
     drag.end();
     EXPECT_EQ(video.editor.project(), before) << "no caption, no drag";

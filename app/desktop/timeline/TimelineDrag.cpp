@@ -1,8 +1,8 @@
 #include "app/desktop/timeline/TimelineDrag.h"
 
-#include "app/desktop/timeline/CommandRun.h"
 #include "app/editor/Editor.h"
 #include "app/editor/commands/BladeCommands.h"
+#include "app/editor/commands/CommandRun.h"
 #include "app/editor/commands/CutCommands.h"
 #include "core/model/edits/VideoEdits.h"
 #include "core/render/plan/Snapping.h"
@@ -129,9 +129,10 @@ void TimelineDrag::press(const TimelineLayout& layout, const TimelineSpan& span,
     held = *block;
     if (now == Grip::roll) held = *beforeSeam(layout, time, seamReach / span.scale);
     if (isCaption(*block))
-        caption.begin(*block, now == Grip::start ? CaptionDrag::CaptionGrip::start
-                              : now == Grip::end ? CaptionDrag::CaptionGrip::end
-                                                 : CaptionDrag::CaptionGrip::whole);
+        caption.begin(block->pick, {block->from, block->to},
+                      now == Grip::start ? CaptionDrag::CaptionGrip::start
+                      : now == Grip::end ? CaptionDrag::CaptionGrip::end
+                                         : CaptionDrag::CaptionGrip::whole);
     const bool again = TimelinePicks::isPicked(editor, block->pick) && !keys.shift && !keys.command;
     if (!again) TimelinePicks::click(editor, block->pick, keys);
     const bool edge = now == Grip::start || now == Grip::end || now == Grip::roll;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/desktop/timeline/CaptionDrag.h"
+#include "app/desktop/captions/CaptionDrag.h"
 #include "app/desktop/timeline/PartedRow.h"
 #include "app/desktop/timeline/TimelineLayout.h"
 #include "app/desktop/timeline/TimelineScene.h"

@@ -1,4 +1,4 @@
-#include "app/desktop/timeline/CommandRun.h"
+#include "app/editor/commands/CommandRun.h"
 
 #include "app/editor/Editor.h"
 #include "app/editor/commands/CommandTable.h"

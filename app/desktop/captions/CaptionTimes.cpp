@@ -1,6 +1,6 @@
-#include "app/desktop/timeline/CaptionTimes.h"
+#include "app/desktop/captions/CaptionTimes.h"
 
-#include "app/desktop/timeline/CaptionDrag.h"
+#include "app/desktop/captions/CaptionDrag.h"
 
 namespace murbo {
 
@@ -21,12 +21,9 @@ double CaptionTimes::end() const {
 void CaptionTimes::set(bool atStart, double time) {
     const auto* cue = captions.pickedCue();
     if (!cue) return;
-    TimelineBlock block;
-    block.pick = {Pick::Kind::caption, cue->line, cue->piece};
-    block.from = cue->start;
-    block.to = cue->end;
     CaptionDrag drag(session);
-    drag.begin(block, atStart ? CaptionDrag::CaptionGrip::start : CaptionDrag::CaptionGrip::end);
+    drag.begin({Pick::Kind::caption, cue->line, cue->piece}, {cue->start, cue->end},
+               atStart ? CaptionDrag::CaptionGrip::start : CaptionDrag::CaptionGrip::end);
     drag.move(time);
     drag.end();
 }

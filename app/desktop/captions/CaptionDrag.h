@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/desktop/captions/CaptionEdits.h"
-#include "app/desktop/timeline/TimelineBlock.h"
 #include "core/model/Stretch.h"
 
 #include <optional>
@@ -17,15 +16,15 @@ public:
 
     explicit CaptionDrag(Editor& session) : editor(session) {}
 
-    /// Takes hold of a caption's block. Nothing where the block is none that stands.
-    void begin(const TimelineBlock& block, CaptionGrip part);
-    /// Brings the edge, or the start of the block, to a video time, as near as it may go.
+    /// Takes hold of a caption that is shown for that stretch, in video seconds. Nothing where there is none.
+    void begin(const Pick& caption, Stretch shown, CaptionGrip part);
+    /// Brings the edge, or the start of the caption, to a video time, as near as it may go.
     void move(double time);
     /// Makes it a step.
     void end();
 
 private:
-    /// The stretch that a line has on the video, in the cut that shows the block.
+    /// The stretch that a line has on the video, in the cut that shows the caption.
     struct LineOnVideo {
         CaptionEdits::WholeCaption caption;
         UUID line;
@@ -36,9 +35,9 @@ private:
         double toSource = 0; ///< what turns a video time into one on the source
         Stretch whole;       ///< of the line, on the source, beyond the cut too
         Stretch cut;         ///< what the cut shows of the source
-        double block = 0;    ///< video seconds at which the block begins
+        double shown = 0;    ///< video seconds at which the caption begins
     };
-    std::optional<LineOnVideo> find(const TimelineBlock& block) const;
+    std::optional<LineOnVideo> find(const Pick& caption, Stretch shown) const;
     void retime(double time);
     void moveMeet(double time);
     void moveWhole(double time);

@@ -1,8 +1,8 @@
-#include "app/desktop/timeline/CaptionDrag.h"
+#include "app/desktop/captions/CaptionDrag.h"
 
-#include "app/desktop/timeline/CommandRun.h"
 #include "app/editor/Editor.h"
 #include "app/editor/commands/CaptionCommands.h"
+#include "app/editor/commands/CommandRun.h"
 
 #include <algorithm>
 
@@ -22,9 +22,9 @@ const Line* lineOf(const Project& project, const UUID& source, const UUID& id) {
 
 }
 
-std::optional<CaptionDrag::LineOnVideo> CaptionDrag::find(const TimelineBlock& block) const {
-    auto caption = CaptionEdits::whole(editor, block.pick.id);
-    const auto* line = caption ? lineOf(editor.project(), caption->source, block.pick.id) : nullptr;
+std::optional<CaptionDrag::LineOnVideo> CaptionDrag::find(const Pick& pick, Stretch shown) const {
+    auto caption = CaptionEdits::whole(editor, pick.id);
+    const auto* line = caption ? lineOf(editor.project(), caption->source, pick.id) : nullptr;
     if (!line) return {};
     LineOnVideo found{
         .caption = std::move(*caption), .line = line->id, .start = line->start, .end = line->end};
@@ -34,8 +34,8 @@ std::optional<CaptionDrag::LineOnVideo> CaptionDrag::find(const TimelineBlock& b
         found.end = entry->end.value_or(line->end);
     }
     found.whole = {found.start, found.end};
-    found.block = block.from;
-    const double middle = (block.from + block.to) / 2;
+    found.shown = shown.from;
+    const double middle = (shown.from + shown.to) / 2;
     double start = 0;
     for (const auto& cut : video.cuts) {
         const double after = start + cut.length();
@@ -53,13 +53,13 @@ std::optional<CaptionDrag::LineOnVideo> CaptionDrag::find(const TimelineBlock& b
     return {};
 }
 
-void CaptionDrag::begin(const TimelineBlock& block, CaptionGrip part) {
-    held = find(block);
+void CaptionDrag::begin(const Pick& caption, Stretch shown, CaptionGrip part) {
+    held = find(caption, shown);
     hold = part;
     meet.reset();
-    if (!held || !block.pick.piece || hold == CaptionGrip::whole) return;
+    if (!held || !caption.piece || hold == CaptionGrip::whole) return;
     const bool start = hold == CaptionGrip::start;
-    const auto piece = static_cast<std::size_t>(std::max<std::int64_t>(*block.pick.piece, 0));
+    const auto piece = static_cast<std::size_t>(std::max<std::int64_t>(*caption.piece, 0));
     const auto last = held->caption.cues.size() - 1;
     if (start && piece > 0 && piece <= last) meet = piece - 1;
     if (!start && piece < last) meet = piece;
@@ -80,7 +80,7 @@ void CaptionDrag::moveWhole(double time) {
     const auto& line = held->whole;
     const double low = std::min(held->cut.from - line.from, 0.0);
     const double high = std::max(held->cut.to - line.to, 0.0);
-    const double by = std::max(std::clamp(time - held->block, low, high), -line.from);
+    const double by = std::max(std::clamp(time - held->shown, low, high), -line.from);
     CommandRun::run(editor, fmt::format(R"(["retimeCaption","{}",{},{}])", held->line.text(), line.from + by,
                                         line.to + by));
 }
