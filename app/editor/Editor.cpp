@@ -1,6 +1,7 @@
 #include "app/editor/Editor.h"
 
 #include "app/editor/playback/PreviewVolume.h"
+#include "core/ai/SaidCache.h"
 #include "core/model/edits/PlayerChange.h"
 #include "core/model/edits/ProjectOperations.h"
 #include "core/render/footage/Filmstrip.h"
@@ -63,7 +64,8 @@ Editor::Editor(Project project, std::set<UUID> missingSources, std::optional<std
       source(PlayerClock::computer, sound, sound ? &PreviewVolume::standard() : nullptr, nullptr),
       live(std::move(project)),
       folder(std::move(package)),
-      save(std::move(saving)) {
+      save(std::move(saving)),
+      saidCache(std::make_unique<SaidCache>()) {
     if (folder) steps = ProjectPackage::readHistory(*folder);
     values.missing = std::move(missingSources);
     if (!live.videos.empty()) values.openVideo = live.videos.front().id;
@@ -178,6 +180,10 @@ void Editor::followWithPlayer(const Project& old) {
         case PlayerChange::rebuild:
             return reloadVideo(std::nullopt);
     }
+}
+
+std::shared_ptr<const Said> Editor::allSaid() const {
+    return saidCache->of(live);
 }
 
 bool Editor::exists(const Pick& pick) const {

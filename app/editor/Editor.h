@@ -22,6 +22,8 @@
 namespace murbo {
 
 class Filmstrip;
+class Said;
+class SaidCache;
 
 /// The live session of one open project: the project with its undo, what is held and picked, two players and
 /// a queue of work. Main thread only; it draws, decodes and waits for nothing itself.
@@ -107,6 +109,10 @@ public:
 
     bool exists(const Pick& pick) const;
 
+    /// All that is said and noted, by its tags: worked out when it is asked for, and kept for all who ask
+    /// until the project says something else.
+    std::shared_ptr<const Said> allSaid() const;
+
     /// How loud a source is, once that is known; asking for it has it measured.
     const Loudness* loudness(const UUID& source);
     /// A source's thumbnails, made on demand; null for no source.
@@ -184,6 +190,7 @@ private:
     std::set<UUID> measuring;
     std::stop_source ending; ///< of what is measured
     std::map<UUID, std::unique_ptr<Filmstrip>> filmstrips;
+    std::unique_ptr<SaidCache> saidCache;
 };
 
 }

@@ -1,5 +1,6 @@
 #include "app/editor/Editor.h"
 #include "app/editor/commands/FootageCommands.h"
+#include "core/ai/Said.h"
 #include "tests/editor/Lines.h"
 
 #include <QMetaMethod>
@@ -111,4 +112,18 @@ TEST(Editor, marksMadeBeforeTheFootageIsThereAreMarksOnIt) {
     EXPECT_EQ(editor.range(), (Stretch{43, 50}));
     while (editor.isBusy()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     EXPECT_EQ(editor.source.time(), 43) << "and it opens where one went meanwhile";
+}
+
+TEST(Editor, whatIsSaidIsKeptForAllWhoAskUntilSomethingElseIs) {
+    Editor editor(Lines::made(), {}, std::nullopt, [](const Project&) {});
+    const auto line = editor.project().transcript(editor.project().sources[0].id).lines[0].id;
+    const auto before = editor.allSaid();
+    EXPECT_EQ(before->of(line)->tag, "C01.01");
+    editor.change("Rename", [](Project& project) { rename(project, "B"); });
+    EXPECT_EQ(editor.allSaid(), before);
+    editor.change("Number", [](Project& project) { project.clips.edit()[0].number = 7; });
+    EXPECT_EQ(editor.allSaid()->of(line)->tag, "C07.01");
+    EXPECT_EQ(before->of(line)->tag, "C01.01") << "what somebody holds stays as it was";
+    editor.undo();
+    EXPECT_EQ(editor.allSaid()->of(line)->tag, "C01.01");
 }

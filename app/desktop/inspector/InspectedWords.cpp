@@ -4,7 +4,7 @@
 #include "app/desktop/inspector/RowMaker.h"
 #include "app/editor/Editor.h"
 #include "app/editor/Timecode.h"
-#include "core/ai/SaidCache.h"
+#include "core/ai/Said.h"
 #include "core/model/ShownMoments.h"
 #include "core/model/edits/VideoEdits.h"
 
@@ -24,8 +24,8 @@ QString bookName(const std::string& id, std::optional<std::int64_t> version, Boo
 }
 
 /// "C14.03–05", as the block on the timeline is called.
-QString tagsOf(const Cut& cut, const Project& project, SaidCache& told) {
-    const auto said = told.of(project);
+QString tagsOf(const Cut& cut, const Editor& editor) {
+    const auto said = editor.allSaid();
     if (const auto ends = said->ends(cut)) {
         const auto first = RowMaker::said(ends->first->tag);
         const auto last = RowMaker::said(ends->last->tag);
@@ -34,17 +34,17 @@ QString tagsOf(const Cut& cut, const Project& project, SaidCache& told) {
         return first + "–" +
                (point > 0 && last.startsWith(first.left(point + 1)) ? last.mid(point + 1) : last);
     }
-    const auto* source = project.source(cut.source);
+    const auto* source = editor.project().source(cut.source);
     return source ? RowMaker::said(source->name()) : "Missing footage";
 }
 
-InspectedWords ofCut(const Pick& pick, const Editor& editor, BookShelf& shelf, SaidCache& told) {
+InspectedWords ofCut(const Pick& pick, const Editor& editor, BookShelf& shelf) {
     const auto& cuts = editor.video()->cuts;
     const auto at = VideoEdits::index(*editor.video(), pick.id);
     if (!at) return {"cut", "", ""};
     const auto& cut = cuts[*at];
     const auto title = cut.generator ? bookName(cut.generator->playbook, cut.generator->version, shelf)
-                                     : tagsOf(cut, editor.project(), told);
+                                     : tagsOf(cut, editor);
     return {"cut", title, QString("Cut %1 of %2").arg(*at + 1).arg(cuts.size())};
 }
 
@@ -81,8 +81,8 @@ InspectedWords ofLook(const Pick& pick, const Video& video, BookShelf& shelf) {
 
 }
 
-InspectedWords InspectedWords::of(const Pick& pick, const Editor& editor, BookShelf& shelf, SaidCache& told) {
-    if (pick.kind == Pick::Kind::cut) return ofCut(pick, editor, shelf, told);
+InspectedWords InspectedWords::of(const Pick& pick, const Editor& editor, BookShelf& shelf) {
+    if (pick.kind == Pick::Kind::cut) return ofCut(pick, editor, shelf);
     if (pick.kind == Pick::Kind::caption) return {"caption", "Caption", ""};
     return editor.video()->look ? ofLook(pick, *editor.video(), shelf) : InspectedWords();
 }

@@ -8,7 +8,6 @@ namespace murbo {
 
 class BookShelf;
 class Editor;
-class SaidCache;
 struct Clip;
 struct Source;
 struct Video;
@@ -19,7 +18,7 @@ struct InspectedWords {
     QString title;
     QString note;
 
-    static InspectedWords of(const Pick& pick, const Editor& editor, BookShelf& shelf, SaidCache& told);
+    static InspectedWords of(const Pick& pick, const Editor& editor, BookShelf& shelf);
     static InspectedWords ofSeveral(std::size_t count, const char* what);
     static InspectedWords ofClip(const Clip& clip, const Editor& editor);
     static InspectedWords ofSource(const Source& source);

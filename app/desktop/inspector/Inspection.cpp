@@ -15,7 +15,6 @@
 #include "app/editor/commands/RemoveCommands.h"
 #include "app/editor/commands/TimelinePicks.h"
 #include "app/editor/commands/VideoCommands.h"
-#include "core/ai/SaidCache.h"
 #include "core/model/edits/VideoEdits.h"
 #include "core/playbooks/Playbooks.h"
 
@@ -48,10 +47,7 @@ struct Inspection::InspectedThings {
 };
 
 Inspection::Inspection(Editor& session)
-    : editor(session),
-      shelf(session.package()),
-      told(std::make_unique<SaidCache>()),
-      subject(std::make_unique<InspectedThings>()) {
+    : editor(session), shelf(session.package()), subject(std::make_unique<InspectedThings>()) {
     for (const auto signal :
          {&EditorFields::pickedChanged, &EditorFields::morePickedChanged, &EditorFields::pickedClipsChanged,
           &EditorFields::heldClipChanged, &EditorFields::heldSourceChanged, &EditorFields::inspectingChanged,
@@ -104,7 +100,7 @@ void Inspection::refresh() {
 void Inspection::describe() {
     const auto words =
         subject->picks.size() > 1   ? InspectedWords::ofSeveral(subject->picks.size(), "item")
-        : !subject->picks.empty()   ? InspectedWords::of(subject->picks[0], editor, shelf, *told)
+        : !subject->picks.empty()   ? InspectedWords::of(subject->picks[0], editor, shelf)
         : subject->clips.size() > 1 ? InspectedWords::ofSeveral(subject->clips.size(), "clip")
         : !subject->clips.empty()   ? InspectedWords::ofClip(*editor.clip(subject->clips[0]), editor)
         : subject->source           ? InspectedWords::ofSource(*editor.project().source(*subject->source))

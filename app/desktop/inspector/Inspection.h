@@ -13,7 +13,6 @@
 namespace murbo {
 
 class Editor;
-class SaidCache;
 
 /// What the Inspector tab shows: what is picked on the side that was touched last, as rows that say and set
 /// it. A finished change is one step of undo; so is a drag, however many pieces it has.
@@ -85,7 +84,6 @@ private:
     Editor& editor;
     BookShelf shelf;
     FileFacts facts;
-    std::unique_ptr<SaidCache> told;
     std::unique_ptr<InspectedThings> subject;
     Rows<InspectorRow> shown;
     std::string dragName; ///< of the open drag

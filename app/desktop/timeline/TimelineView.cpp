@@ -4,7 +4,7 @@
 #include "app/desktop/timeline/SpokenTimes.h"
 #include "app/desktop/timeline/TimelineAppearance.h"
 #include "app/desktop/timeline/TimelineTheme.h"
-#include "core/ai/SaidCache.h"
+#include "core/ai/Said.h"
 #include "core/model/Settings.h"
 #include "core/playbooks/Playbooks.h"
 #include "core/render/plan/Plan.h"
@@ -55,8 +55,7 @@ std::optional<TimelineLayout::BookFacts> facts(const std::string& id, std::int64
 
 }
 
-TimelineView::TimelineView(QQuickItem* parent)
-    : DrawnView(parent), said(std::make_unique<SaidCache>()), spoken(std::make_unique<SpokenTimes>()) {
+TimelineView::TimelineView(QQuickItem* parent) : DrawnView(parent), spoken(std::make_unique<SpokenTimes>()) {
     paintOn(Qt::black);
     setAcceptedMouseButtons(Qt::LeftButton | Qt::MiddleButton | Qt::RightButton);
     setAcceptHoverEvents(true);
@@ -118,10 +117,10 @@ void TimelineView::rebuild() {
         };
         Plan files;
         files.project = session->package();
-        made = TimelineLayout::of(
-            {session->project(), *video, session->missing(), *said->of(session->project()), book,
-             TimelineLook::current(), Settings::quietLeast(),
-             [&files](const std::string& name) { return files.file(name); }, spoken.get()});
+        made = TimelineLayout::of({session->project(), *video, session->missing(), *session->allSaid(), book,
+                                   TimelineLook::current(), Settings::quietLeast(),
+                                   [&files](const std::string& name) { return files.file(name); },
+                                   spoken.get()});
     }
     if (made == layout && !(video && !fitted)) return;
     const bool sameTracks = made.tracks == layout.tracks && made.length == layout.length;

@@ -11,7 +11,6 @@
 
 namespace murbo {
 
-class SaidCache;
 class SpokenTimes;
 
 /// The timeline of the open video: its rows with their blocks, the ruler above them. What moves with every
@@ -158,7 +157,6 @@ private:
     double above = 0;
     bool fitted = false; ///< to the open video
     bool fits = false;   ///< all of it is in view, and nobody has zoomed since
-    std::unique_ptr<SaidCache> said;
     std::unique_ptr<TimelineDrag> drag;
     QPointer<QObject> look;
     std::unique_ptr<SpokenTimes> spoken;
