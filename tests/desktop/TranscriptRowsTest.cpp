@@ -7,9 +7,13 @@ using namespace murbo;
 
 namespace {
 
+TranscriptRows::Basis basisOf(const SpokenVideo& shown, const TranscriptRows::SpokenSubject& subject) {
+    return TranscriptRows::Basis::of(shown.editor.project(), subject, shown.editor.openVideo(), 2);
+}
+
 std::vector<TranscriptRow> rowsOf(const SpokenVideo& shown, const TranscriptRows::SpokenSubject& subject) {
-    return TranscriptRows::of(
-        TranscriptRows::Basis::of(shown.editor.project(), subject, shown.editor.openVideo(), 2));
+    OrderedTranscripts spoken;
+    return TranscriptRows::of(basisOf(shown, subject), spoken);
 }
 
 /// "tag text" of each row, an asterisk where the video plays it, the silence before it in seconds.

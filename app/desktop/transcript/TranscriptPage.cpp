@@ -126,7 +126,7 @@ void TranscriptPage::refresh() {
     basis = std::move(now);
     {
         const QScopedValueRollback moving(placing, true);
-        text.assign(TranscriptRows::of(basis));
+        text.assign(TranscriptRows::of(basis, orderedTranscripts));
     }
     if (other) {
         caret = {};

@@ -127,6 +127,7 @@ private:
     TranscriptDocument text;
     CorrectionOffer elsewhere;
     TranscriptRows::Basis basis;
+    OrderedTranscripts orderedTranscripts;
     Caret caret;
     int anchorRow = -1;   ///< of a press beside the rows
     int knownChanges = 0; ///< of the text, when the caret was last heard of

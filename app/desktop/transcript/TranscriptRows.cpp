@@ -2,7 +2,6 @@
 
 #include "core/model/ByMiddle.h"
 #include "core/model/Stretch.h"
-#include "core/model/Tags.h"
 
 #include <algorithm>
 
@@ -50,7 +49,9 @@ private:
 /// Rows one after the other.
 class RowListing {
 public:
-    RowListing(const Basis& given, std::size_t max) : basis(given), maxRows(max) {
+    RowListing(const Basis& given, OrderedTranscripts& kept, std::size_t max)
+        : basis(given), spoken(kept), maxRows(max) {
+        std::erase_if(spoken, [this](const auto& entry) { return !basis.transcripts.contains(entry.first); });
         for (const auto& cut : basis.cuts)
             if (!cut.generator) played[cut.source].add(cut.start, cut.end);
         for (auto& [source, stretches] : played) stretches.settle();
@@ -58,15 +59,15 @@ public:
 
     void addClip(const Clip& clip) {
         const auto& said = transcript(clip.source);
-        tags = &spokenOn(clip.source).tags;
+        tags = &spokenOn(clip.source).tags();
         shorten = clip.tag() + ".";
         addMerged(ByMiddle(said.lines).in(clip), ByMiddle(said.notes).in(clip), clip.source);
     }
 
     void addSource(const UUID& source) {
         const auto& said = spokenOn(source);
-        tags = &said.tags;
-        addMerged(said.lines, said.notes, source);
+        tags = &said.tags();
+        addMerged(said.lines(), said.notes(), source);
     }
 
     void addVideo() {
@@ -80,49 +81,17 @@ public:
     std::vector<TranscriptRow> rows;
 
 private:
-    /// What is said on one source, by its start, and how it is called.
-    struct SpokenOn {
-        std::vector<const Line*> lines;
-        std::vector<const Note*> notes;
-        std::unordered_map<UUID, std::string> tags;
-        double reach = 0; ///< seconds that the longest of them lasts
-    };
-
-    const SpokenOn& spokenOn(const UUID& source) {
-        const auto known = spoken.find(source);
-        if (known != spoken.end()) return known->second;
-        auto& made = spoken[source];
+    const OrderedTranscript& spokenOn(const UUID& source) {
         const auto& said = transcript(source);
-        made.lines = inOrder(said.lines, made.reach);
-        made.notes = inOrder(said.notes, made.reach);
-        made.tags = tagsOn(source);
-        return made;
+        const auto known = spoken.find(source);
+        if (known != spoken.end() && known->second.isOf(said, basis.clips)) return known->second;
+        return spoken.insert_or_assign(source, OrderedTranscript(source, said, basis.clips)).first->second;
     }
 
     const Transcript& transcript(const UUID& source) const {
         static const Transcript none;
         const auto found = basis.transcripts.find(source);
         return found == basis.transcripts.end() ? none : found->second;
-    }
-
-    std::unordered_map<UUID, std::string> tagsOn(const UUID& source) const {
-        std::vector<const Clip*> clips;
-        for (const auto& clip : basis.clips)
-            if (clip.source == source) clips.push_back(&clip);
-        std::unordered_map<UUID, std::string> names;
-        for (auto& [id, named] : Tags::named(transcript(source), clips)) names.emplace(id, named.tag);
-        return names;
-    }
-
-    template <class Spoken>
-    static std::vector<const Spoken*> inOrder(const List<Spoken>& all, double& most) {
-        std::vector<const Spoken*> list;
-        for (const auto& one : all) {
-            list.push_back(&one);
-            most = std::max(most, one.end - one.start);
-        }
-        std::ranges::stable_sort(list, {}, &Spoken::start);
-        return list;
     }
 
     /// Those that a cut plays. None before the first that could reach into it is looked at.
@@ -138,9 +107,10 @@ private:
 
     void addCut(const Cut& cut, double start) {
         const auto& said = spokenOn(cut.source);
-        tags = &said.tags;
+        tags = &said.tags();
         const auto first = rows.size();
-        addMerged(playedBy(cut, said.lines, said.reach), playedBy(cut, said.notes, said.reach), cut.source);
+        addMerged(playedBy(cut, said.lines(), said.reach()), playedBy(cut, said.notes(), said.reach()),
+                  cut.source);
         for (auto at = first; at < rows.size(); ++at) {
             auto& row = rows[at];
             row.cut = cut.id;
@@ -191,9 +161,9 @@ private:
     }
 
     const Basis& basis;
+    OrderedTranscripts& spoken;
     std::size_t maxRows;
     std::map<UUID, PlayedStretches> played;
-    std::map<UUID, SpokenOn> spoken;
     const std::unordered_map<UUID, std::string>* tags = nullptr; ///< of the source that is being added
     std::string shorten;                                         ///< the clip that needs no saying
 };
@@ -220,8 +190,8 @@ Basis Basis::of(const Project& project, const SpokenSubject& subject, const std:
     return basis;
 }
 
-std::vector<TranscriptRow> of(const Basis& basis, std::size_t max) {
-    RowListing listing(basis, max);
+std::vector<TranscriptRow> of(const Basis& basis, OrderedTranscripts& spoken, std::size_t max) {
+    RowListing listing(basis, spoken, max);
     const auto& subject = basis.subject;
     if (subject.clip) {
         if (const auto* clip = find(basis.clips, *subject.clip)) listing.addClip(*clip);

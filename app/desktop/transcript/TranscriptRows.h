@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/desktop/transcript/OrderedTranscript.h"
 #include "app/desktop/transcript/TranscriptRow.h"
 #include "core/model/Project.h"
 
@@ -35,8 +36,9 @@ struct Basis {
     bool operator==(const Basis&) const = default;
 };
 
-/// In the order in which they are heard, at most `max`.
-std::vector<TranscriptRow> of(const Basis& basis, std::size_t max = 100000);
+/// In the order in which they are heard, at most `max`. What was worked out of the sources is taken from
+/// `spoken` and kept there.
+std::vector<TranscriptRow> of(const Basis& basis, OrderedTranscripts& spoken, std::size_t max = 100000);
 
 /// A text as one block of a document shows it: what would end the block or is no letter at all turns into a
 /// blank or a stand-in, each code unit into one.
