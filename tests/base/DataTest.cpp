@@ -12,7 +12,8 @@ TEST(Data, base64OfEveryLength) {
                                                          {"foo", "Zm9v"},
                                                          {"foob", "Zm9vYg=="},
                                                          {"fooba", "Zm9vYmE="},
-                                                         {"foobar", "Zm9vYmFy"}};
+                                                         {"foobar", "Zm9vYmFy"},
+                                                         {"\xFB\xFF\xBF", "+/+/"}};
     for (const auto& [bytes, text] : known) {
         EXPECT_EQ(Data{bytes}.base64(), text);
         EXPECT_EQ(Data::parse(text)->bytes, bytes);

@@ -143,3 +143,43 @@ TEST(Files, aKilledWriterLeavesAWholeFileAndNoHeapOfOthers) {
     Files::writeWhole(path, "whole");
     EXPECT_EQ(entriesIn(folder.path), 1);
 }
+
+TEST(Files, aCopyIsTheSameBytesInAFolderThatIsMade) {
+    const TemporaryFolder folder;
+    const std::string bytes((2 << 20) + 7, 'x');
+    folder.file("from", bytes);
+    Files::copy(folder / "from", folder / "a/b/to");
+    EXPECT_EQ(contentsOf(folder / "a/b/to"), bytes);
+    folder.file("from", "short");
+    Files::copy(folder / "from", folder / "a/b/to");
+    EXPECT_EQ(contentsOf(folder / "a/b/to"), "short");
+    EXPECT_EQ(entriesIn(folder / "a/b"), 1);
+    EXPECT_EQ(problemOf([&] { Files::copy(folder / "a", folder / "c"); }),
+              "“a” could not be read: it is no ordinary file.");
+    EXPECT_EQ(problemOf([&] { Files::copy(folder / "none", folder / "c"); }),
+              "“none” could not be read: it does not exist.");
+}
+
+TEST(Files, whatAKilledWriterLeftIsNoPartOfTheNextFile) {
+    const TemporaryFolder folder;
+    folder.file(".file.0.new", std::string(100, 'x'));
+    Files::writeWhole(folder / "file", "short");
+    EXPECT_EQ(contentsOf(folder / "file"), "short");
+    EXPECT_EQ(Files::readWhole(folder / "file", 5), "short") << "as many bytes as may be";
+}
+
+TEST(Files, aNameInAFolderNeverLeadsOutOfIt) {
+    const TemporaryFolder folder;
+    folder.file("in/side/file");
+    fs::create_symlink(folder.file("secret"), folder / "in/link");
+    fs::create_symlink("side", folder / "in/own");
+    const auto within = fs::canonical(folder / "in");
+    for (const auto& [name, leads] : {std::pair{"side/file", "side/file"},
+                                      {"not/there", "not/there"},
+                                      {"side/../side/file", "side/file"},
+                                      {"/side/file", "side/file"},
+                                      {"own/file", "side/file"}})
+        EXPECT_EQ(Files::inside(folder / "in", name), within / leads) << name;
+    for (const char* name : {"..", "../secret", "side/../../secret", "link", "/../in2", "../inside"})
+        EXPECT_EQ(Files::inside(folder / "in", name), std::nullopt) << name;
+}

@@ -12,7 +12,7 @@ TEST(Numbers, readWholeTextsAlone) {
 }
 
 TEST(Numbers, haveTwoDigitsInATag) {
-    for (const auto& [number, text] : {std::pair{0, "00"}, {7, "07"}, {10, "10"}, {123, "123"}})
+    for (const auto& [number, text] : {std::pair{0, "00"}, {9, "09"}, {10, "10"}, {123, "123"}})
         EXPECT_EQ(Numbers::twoDigits(number), text);
 }
 

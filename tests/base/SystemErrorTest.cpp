@@ -7,9 +7,14 @@
 namespace murbo {
 
 TEST(SystemError, saysWhatTheOwnerCanDoSomethingAbout) {
-    EXPECT_EQ(SystemError::cause(ENOSPC), "there is no space left on the disk");
-    EXPECT_EQ(SystemError::cause(EDQUOT), SystemError::cause(ENOSPC));
-    EXPECT_EQ(SystemError::cause(EROFS), "the disk can only be read");
+    for (const auto& [error, words] : {std::pair{ENOSPC, "there is no space left on the disk"},
+                                       {EDQUOT, "there is no space left on the disk"},
+                                       {EACCES, "you have no permission"},
+                                       {EPERM, "you have no permission"},
+                                       {EROFS, "the disk can only be read"},
+                                       {ENAMETOOLONG, "its name is too long"},
+                                       {EIO, "the disk reports an error"}})
+        EXPECT_EQ(SystemError::cause(error), words) << error;
     EXPECT_FALSE(SystemError::cause(EXDEV).empty()) << "what has no words of ours has the system's";
 }
 

@@ -42,6 +42,7 @@ TEST_F(TemporaryFiles, goWithTheirValueAndWhatStandsBesideThem) {
 
 TEST_F(TemporaryFiles, ofAKilledProcessAreSweptAndThoseOfALivingOneAreNot) {
     const auto living = TemporaryFile::make(".wav");
+    std::ofstream(living.companion(".json")) << "{}";
     const pid_t other = fork();
     if (other == 0) {
         const auto left = TemporaryFile::make(".wav");
@@ -50,10 +51,11 @@ TEST_F(TemporaryFiles, ofAKilledProcessAreSweptAndThoseOfALivingOneAreNot) {
     }
     waitpid(other, nullptr, 0);
     folder.file("murbo-notes.wav");
-    EXPECT_EQ(entriesIn(folder.path), 4);
+    EXPECT_EQ(entriesIn(folder.path), 5);
     const auto next = TemporaryFile::make(".wav");
-    EXPECT_EQ(entriesIn(folder.path), 3);
+    EXPECT_EQ(entriesIn(folder.path), 4);
     EXPECT_TRUE(fs::exists(living.path()));
+    EXPECT_TRUE(fs::exists(living.companion(".json")));
     EXPECT_TRUE(fs::exists(folder / "murbo-notes.wav")) << "not a name of ours";
 }
 

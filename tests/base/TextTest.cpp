@@ -1,5 +1,7 @@
 #include "platform/base/Text.h"
 
+#include <array>
+
 #include <gtest/gtest.h>
 
 namespace murbo {
@@ -26,6 +28,19 @@ TEST(Text, isRepairedOnlyWhereItIsBroken) {
               "a\uFFFDb\uFFFD");
     for (const char* broken : {"\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\x80"})
         EXPECT_FALSE(Text::isUtf8(broken));
+}
+
+TEST(Text, beginsWithWholeCharactersAlone) {
+    const std::string text = "aé€😂b"; // 1, 2, 3, 4 and 1 bytes
+    constexpr std::array<std::size_t, 13> whole{0, 1, 1, 3, 3, 3, 6, 6, 6, 6, 10, 11, 11};
+    for (std::size_t max = 0; max < whole.size(); ++max)
+        EXPECT_EQ(Text::beginning(text, max), text.substr(0, whole[max])) << max;
+    EXPECT_EQ(Text::beginning("\x80\x80\x80", 2), "");
+}
+
+TEST(Text, losesAllWhiteSpaceAndNothingElse) {
+    EXPECT_EQ(Text::withoutWhiteSpace(" a\n\u00A0 b\u2028\xFF\u3000ก\t"), "ab\xFFก");
+    EXPECT_EQ(Text::withoutWhiteSpace("\r\n"), "");
 }
 
 }

@@ -81,6 +81,14 @@ TEST_F(Tools, areFoundInTheirFoldersInOrder) {
     std::filesystem::remove(own);
     std::filesystem::create_directory(own);
     EXPECT_EQ(Tool::find("murbo-made-up"), onPath) << "a folder is no tool";
+    tool("aside/murbo-hidden", "");
+    const auto aside = folder / "aside";
+    {
+        const Environment relative("PATH", std::filesystem::relative(aside));
+        EXPECT_EQ(Tool::find("murbo-hidden"), std::nullopt) << "what it finds would depend on where we stand";
+    }
+    const Environment last("PATH", "/nowhere:" + aside.string());
+    EXPECT_EQ(Tool::find("murbo-hidden"), aside / "murbo-hidden");
 }
 
 TEST_F(Tools, tellTheirFailureByTheirLastLine) {

@@ -1,5 +1,8 @@
 #include "platform/base/UUID.h"
 
+#include <set>
+#include <string>
+
 #include <gtest/gtest.h>
 
 using namespace murbo;
@@ -12,4 +15,15 @@ TEST(UUID, readsWhatItWritesAndNothingElse) {
     for (const char* text : {"", "E2C56DB5DFFB48D2B060D0F5A71096E0", "E2C56DB5-DFFB-48D2-B060-D0F5A71096E",
                              "E2C56DB5-DFFB-48D2-B060-D0F5A71096EG", "E2C56DB5-DFFB-48D2-B060+D0F5A71096E0"})
         EXPECT_FALSE(UUID::parse(text)) << text;
+}
+
+TEST(UUID, aNewOneIsRandomAndSaysSo) {
+    std::set<std::string> all;
+    for (int time = 0; time < 64; ++time) {
+        const auto text = UUID::make().text();
+        EXPECT_EQ(text[14], '4'); // RFC 9562, section 5.4
+        EXPECT_NE(std::string("89AB").find(text[19]), std::string::npos) << text;
+        all.insert(text);
+    }
+    EXPECT_EQ(all.size(), 64u);
 }
