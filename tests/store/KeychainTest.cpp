@@ -2,7 +2,6 @@
 #include "platform/store/Keychain.h"
 #include "tests/TemporaryFolder.h"
 
-#include <chrono>
 #include <cstdlib>
 
 #include <gtest/gtest.h>
@@ -10,7 +9,6 @@
 #include <unistd.h>
 
 using namespace murbo;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -48,14 +46,12 @@ TEST_F(Keyring, keepsATrimmedKeyUntilAnotherOrNone) {
     _exit(failures);
 }
 
-TEST_F(Keyring, thatIsNotThereHoldsNoKeyAndSaysSoQuickly) {
-    const auto started = std::chrono::steady_clock::now();
+TEST_F(Keyring, thatIsNotThereHoldsNoKey) {
     Keychain::keepOpenRouter("sk-or-lost");
     EXPECT_EQ(Keychain::openRouter(), std::nullopt);
     setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + (folder / "nobody").string()).c_str(), 1);
     Keychain::keepOpenRouter("sk-or-lost");
     EXPECT_EQ(Keychain::openRouter(), std::nullopt);
-    EXPECT_LT(std::chrono::steady_clock::now() - started, 2s);
 }
 
 TEST_F(Keyring, comesAfterTheEnvironment) {

@@ -46,6 +46,43 @@ TEST_F(Settings, areReadAsTheyWereSetByAnotherStoreToo) {
     store.set("language", "th");
     EXPECT_EQ(other.textMap("keys"), std::nullopt);
     EXPECT_EQ(other.text("language"), "th") << "an older state may not be kept";
+    EXPECT_EQ(fs::status(file.parent_path()).permissions(), fs::perms::owner_all)
+        << "others' eyes are kept off";
+    fs::remove(file);
+    EXPECT_EQ(other.text("language"), std::nullopt);
+}
+
+TEST_F(Settings, areThoseOfTheFileThatStandsThereNow) {
+    store.set("language", "th");
+    ASSERT_EQ(store.text("language"), "th");
+    auto text = contentsOf(file);
+    text.replace(text.find("th"), 2, "en");
+    const auto time = fs::last_write_time(file);
+    fs::rename(folder.file("backup", text), file); // as a backup brings one back: as long, as old
+    fs::last_write_time(file, time);
+    EXPECT_EQ(store.text("language"), "en");
+    fs::last_write_time(file, time + std::chrono::seconds(1));
+    EXPECT_EQ(store.text("language"), "en");
+    text.replace(text.find("en"), 2, "fr");
+    std::ofstream(file, std::ios::in) << text; // in place
+    fs::last_write_time(file, time + std::chrono::nanoseconds(5000));
+    EXPECT_EQ(store.text("language"), "fr");
+}
+
+TEST_F(Settings, standWhereTheSystemSaysOrInTheHome) {
+    for (const auto& [configured, place] : {std::pair{folder.path / "set", "set/murbo/settings.json"},
+                                            {fs::path("relative"), ".config/murbo/settings.json"},
+                                            {fs::path(), ".config/murbo/settings.json"}}) {
+        fs::remove_all(folder.path / fs::path(place).parent_path());
+        if (fork() == 0) { // each process finds its own once
+            setenv("XDG_CONFIG_HOME", configured.c_str(), 1);
+            setenv("HOME", folder.path.c_str(), 1);
+            SettingsStore::standard().set("language", "th");
+            _exit(0);
+        }
+        wait(nullptr);
+        EXPECT_TRUE(fs::exists(folder / place)) << configured;
+    }
 }
 
 TEST_F(Settings, ofAnotherKindAreNotSet) {
@@ -60,6 +97,10 @@ TEST_F(Settings, ofAnotherKindAreNotSet) {
     EXPECT_EQ(store.textMap("map"), std::nullopt);
     EXPECT_EQ(store.text("null"), std::nullopt);
     EXPECT_EQ(store.number("integer"), 3);
+    EXPECT_EQ(store.number("huge"), 1e308);
+    EXPECT_EQ(store.texts("map"), std::nullopt);
+    EXPECT_EQ(store.textMap("texts"), std::nullopt);
+    EXPECT_EQ(store.number("null"), std::nullopt);
 }
 
 TEST_F(Settings, ThatAreGarbageAreNoneAndAreKeptAsideBeforeNewOnesAreWritten) {
