@@ -78,6 +78,41 @@ TEST(Http, followsNobodyElsewhere) {
     EXPECT_THAT(server.request(), StartsWith("GET /here"));
 }
 
+TEST(Http, takesAnAnswerHoweverItIsPacked) {
+    const std::string packed("\x1f\x8b\x08\0\0\0\0\0\2\xff\xcb\x48\xcd\xc9\xc9\7\0\x86\xa6\x10\x36\5\0\0\0",
+                             25);
+    const auto head = [](const std::string& more) {
+        return "HTTP/1.1 200 OK\r\n" + more + "Connection: close\r\n\r\n";
+    };
+    struct Case {
+        std::string bytes;
+        int status;
+        std::string body;
+    };
+    for (const auto& [bytes, status, body] :
+         {Case{head("Content-Encoding: gzip\r\nContent-Length: 25\r\n") + packed, 200, "hello"},
+          Case{head("Transfer-Encoding: chunked\r\n") + "3\r\nhel\r\n2\r\nlo\r\n0\r\n\r\n", 200, "hello"},
+          Case{head("") + "until the end", 200, "until the end"}, Case{FakeServer::reply(204, ""), 204, ""},
+          Case{FakeServer::reply(500, std::string("a\0b", 3)), 500, std::string("a\0b", 3)}}) {
+        FakeServer server([&](const std::string&) { return bytes; });
+        const auto reply = Http::send({.url = server.base, .headers = {"One: 1", "Two: 2"}});
+        EXPECT_EQ(reply.status, status) << bytes;
+        EXPECT_EQ(reply.body, body) << bytes;
+        EXPECT_THAT(server.request(), HasSubstr("\r\nOne: 1\r\nTwo: 2\r\n"));
+    }
+    EXPECT_EQ(failureOn(head("Content-Encoding: gzip\r\nContent-Length: 25\r\n") + packed, 4),
+              "127.0.0.1 sent too long an answer.")
+        << "counted unpacked";
+}
+
+TEST(Http, asksNobodyOnceItIsStopped) {
+    FakeServer server([](const std::string&) { return FakeServer::reply(200, ""); });
+    std::stop_source stop;
+    stop.request_stop();
+    EXPECT_THROW(Http::send({.url = server.base}, stop.get_token()), Cancelled);
+    EXPECT_EQ(server.request(), "");
+}
+
 TEST(Http, refusesAHeaderThatSmugglesInAnother) {
     EXPECT_EQ(failure({.url = "http://127.0.0.1:1/", .headers = {"Authorization: Bearer a\r\nHost: b"}}),
               "A request's header can't hold a line break.");
