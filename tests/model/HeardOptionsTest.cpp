@@ -43,6 +43,8 @@ TEST(HeardOptions, leavesOutWhatIsTurnedOffUnlessItIsAskedFor) {
         {{.includingMutedRows = true}, "x1 1 | 0.6 | 0.9 | 1 1 1 0.4"},
         {{.includingMutedBlocks = true}, "1 1 | 0.3 0.6 | 0.9 | 1 1 1 0"},
         {{.includingMutedRows = true, .soloed = {Lane::music}}, "x1 1 | 0.6 | 0.9 | 0 0 0 0.4"},
+        {{.includingMutedBlocks = true, .keepingTracks = true}, "1 1 | 0.3 0.6 | 0.9 | 1 1 1 0"},
+        {{.includingMutedRows = true, .includingMutedBlocks = true}, "1 1 | 0.3 0.6 | 0.9 | 1 1 1 0.4"},
         {{.keepingTracks = true}, "x1 1 | x0 0.6 | 0.9 | 1 1 1 0"},
     };
     for (const auto& [options, expected] : cases) EXPECT_EQ(told(heard(mixed(), options)), expected);

@@ -97,6 +97,12 @@ TEST(History, truncatedAnywhereIsAnEmptyOne) {
         EXPECT_TRUE(ProjectPackage::readHistory(package.path).past().empty()) << length;
     }
     EXPECT_TRUE(ProjectPackage::readHistory(package / "none").past().empty());
+    std::string steps;
+    for (int at = 0; at < 105; ++at)
+        steps += (at > 0 ? "," : "") + (R"({"after":{},"before":{},"name":")" + std::to_string(at) + "\"}");
+    package.file("undo.json", R"({"future":[],"past":[)" + steps + "]}");
+    EXPECT_EQ(ProjectPackage::readHistory(package.path).past().size(), 100u);
+    EXPECT_EQ(ProjectPackage::readHistory(package.path).past().front().name, "5");
 }
 
 TEST(History, leavesOutAPartThatCannotBeWritten) {
