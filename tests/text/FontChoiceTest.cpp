@@ -25,10 +25,22 @@ TEST(FontChoice, lettersComeFromTheFirstFamilyThatHasThem) {
 
 TEST(FontChoice, chineseIsSetInOneFaceThroughout) {
     // 们 is in no Japanese font, 今 is in all of them.
-    const ShapedText both("今们", plain(84));
-    const auto glyphs = both.glyphs(both.lines(noLimit, 9).front(), {});
+    const ShapedText han("今们", plain(84));
+    const auto glyphs = han.glyphs(han.lines(noLimit, 9).front(), {});
     ASSERT_EQ(glyphs.size(), 2u);
     EXPECT_EQ(glyphs[0].font, glyphs[1].font);
+    for (const char* text : {"们！", "カ！", "カ。", "們，", "한，"}) {
+        const ShapedText marked(text, plain(84));
+        const auto both = marked.glyphs(marked.lines(noLimit, 9).front(), {});
+        ASSERT_EQ(both.size(), 2u) << text;
+        EXPECT_EQ(both[0].font, both[1].font) << text << ": with the marks of its script";
+    }
+}
+
+TEST(FontChoice, joinersAndSelectorsTakeNoOtherFamily) {
+    const ShapedText bare("ab", plain(84));
+    for (const char* text : {"a\u200Db", "a\u200Cb", "a\uFE0Eb", "a\u2060b"})
+        EXPECT_NEAR(ShapedText(text, plain(84)).width(), bare.width(), 0.05) << text;
 }
 
 TEST(FontChoice, whatNoFontHasIsNamedAndLeftOut) {

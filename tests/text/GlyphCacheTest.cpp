@@ -28,6 +28,7 @@ TEST(GlyphCache, drawsEachGlyphOncePerPlaceAndLine) {
     EXPECT_NE(cache.picture(font, 41, 1, 2, 3), first);
     EXPECT_NE(cache.picture(font, 40, 2, 1, 3), first) << "the quarters are not swapped";
     EXPECT_NE(cache.picture(font, 40, 2, 0, 3), cache.picture(font, 40, 1, 2, 3)) << "nor mixed up";
+    EXPECT_NE(cache.picture(font, 40, 1, 3, 3), first);
     EXPECT_NE(cache.picture(font, 40, 1, 2, 0), first);
     EXPECT_NE(cache.picture(other, 40, 1, 2, 3), first);
 }

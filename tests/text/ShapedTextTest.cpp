@@ -100,6 +100,9 @@ TEST(ShapedText, countingStopsSoonAfterTheMostLines) {
     std::string text;
     for (int word = 0; word < 3000; ++word) text += "word ";
     EXPECT_LT(ShapedText(text, plain(84)).lines(200, 3).size(), 6u);
+    const ShapedText four("a\nb\nc\nd", plain(84));
+    EXPECT_EQ(four.lines(noLimit, 4).size(), 4u) << "as many as may be";
+    EXPECT_GT(four.lines(noLimit, 3).size(), 3u) << "one more says that there are too many";
 }
 
 TEST(ShapedText, blanksBetweenEmojiKeepTheirWidth) {
@@ -144,4 +147,5 @@ TEST(ShapedText, controlsAndBrokenBytesDrawNothing) {
     const ShapedText shaped(std::string("a\0\x01\xFF\x7F b", 7), plain(84));
     EXPECT_TRUE(shaped.missing().empty());
     EXPECT_EQ(shaped.lines(noLimit, 9).size(), 1u);
+    EXPECT_NEAR(shaped.width(), widthOf("a     b", plain(84)), 0.05) << "each is a blank";
 }

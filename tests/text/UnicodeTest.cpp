@@ -34,3 +34,20 @@ TEST(Unicode, aRepetitionMarkBelongsToTheWordBeforeItAlsoAfterABlank) {
     };
     for (const auto& [text, ends] : table) EXPECT_EQ(Unicode::wordEnds(text), ends) << text;
 }
+
+TEST(Unicode, onlyEmojiAreThoseThatAreDrawnInColour) {
+    for (const char* text : {"😂", "❤️ 🔥", "1️⃣", "👍🏽 😂", "🇹🇭", "👨‍👩‍👧"})
+        EXPECT_TRUE(Unicode::isOnlyEmoji(text)) << text;
+    for (const char* text : {"", " ", "a", "1", "❤︎", "😂︎", "😂a", "©", "😂 ok", "★"})
+        EXPECT_FALSE(Unicode::isOnlyEmoji(text)) << text;
+}
+
+TEST(Unicode, trimsBlanksAndTabsOfEitherEndAlone) {
+    for (const auto& [text, bare] :
+         {std::pair{" \ta b\u3000", "a b"}, {"\n a\n", "\n a\n"}, {"\u00A0ก\t", "ก"}, {" \t", ""}, {"", ""}})
+        EXPECT_EQ(Unicode::trimmed(text), bare);
+    EXPECT_EQ(Unicode::characterCount("กำ👨‍👩‍👧e\u0301\r\n"), 4u);
+    for (const char32_t mark : {U'!', U'“', U'+', U'♪', U'😂'}) EXPECT_TRUE(Unicode::isMark(mark)) << int(mark);
+    for (const char32_t none : {U'a', U'1', U' ', U'ก', U'\u0301'})
+        EXPECT_FALSE(Unicode::isMark(none)) << int(none);
+}
