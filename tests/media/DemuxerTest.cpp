@@ -1,6 +1,8 @@
+#include "platform/media/Demuxer.h"
 #include "platform/media/MediaFile.h"
 #include "tests/ProblemOf.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/media/Made.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -35,4 +37,39 @@ TEST(Demuxer, refusesWhatIsNoMedia) {
          "“list.ts” is no movie or sound file that can be read."},
     };
     for (const auto& [path, words] : cases) EXPECT_EQ(refusal(path), words);
+}
+
+TEST(Demuxer, goesToTheBeginningFromWhereverItStands) {
+    MURBO_NEEDS_FFMPEG();
+    for (const char* name : {"positions.mp4", "positions.mkv", "positions.ts"}) {
+        Demuxer input(
+            made::file(name,
+                       "-f lavfi -i testsrc=s=64x36:r=25:d=4 -f lavfi -i sine=d=4 -g 25 -c:v libx264 "
+                       "-c:a aac"));
+        const auto* stream = input.picture();
+        ASSERT_TRUE(stream) << name;
+        input.readOnly(stream);
+        const auto packet = ffmpeg::makePacket();
+        const auto next = [&] {
+            EXPECT_TRUE(input.read(packet.get())) << name;
+            EXPECT_EQ(packet->stream_index, stream->index) << name;
+            return input.seconds(packet->pts, stream);
+        };
+        EXPECT_NEAR(next(), 0, 0.05) << name;
+        EXPECT_TRUE(input.rewind());
+        EXPECT_NEAR(next(), 0, 0.05) << name;
+        EXPECT_TRUE(input.seek(stream, 3.5)) << name;
+        EXPECT_TRUE(input.rewind());
+        EXPECT_NEAR(next(), 0, 0.05) << name << ": sought, and nothing read there";
+        EXPECT_TRUE(input.seek(stream, 2.5)) << name;
+        EXPECT_GT(next(), 1.5) << name;
+        EXPECT_TRUE(input.rewind() && input.rewind());
+        EXPECT_NEAR(next(), 0, 0.05) << name;
+        while (input.read(packet.get())) {
+        }
+        EXPECT_TRUE(input.isAtEnd());
+        EXPECT_FALSE(input.isTooSlow());
+        EXPECT_TRUE(input.rewind());
+        EXPECT_NEAR(next(), 0, 0.05) << name << ": from the end";
+    }
 }

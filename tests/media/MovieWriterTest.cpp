@@ -5,6 +5,8 @@
 #include "tests/ProblemOf.h"
 #include "tests/media/Made.h"
 
+#include <limits>
+
 #include <gmock/gmock.h>
 #include <sched.h>
 
@@ -171,4 +173,22 @@ TEST(MovieWriter, aFullDiskLeavesTheOldMovieAndNothingElse) {
         EXPECT_EQ(contentsOf(path), "the old one");
         EXPECT_EQ(entriesIn(folder.path), 1);
     }
+}
+
+TEST(MovieWriter, soundThatIsNoNumberIsSilenceAndTheRestIsHeard) {
+    const TemporaryFolder folder;
+    const auto path = folder / "movie.mp4";
+    MovieWriter writer = MovieWriter::open(path, settings);
+    for (int number = 0; number < pictures; ++number) writer.picture(numbered(number));
+    auto samples = clicking();
+    samples[4800] = std::numeric_limits<float>::quiet_NaN();
+    samples[4801] = -std::numeric_limits<float>::infinity();
+    for (const auto& piece : {std::span(samples).first(1000), std::span(samples).subspan(1000, 0),
+                              std::span(samples).subspan(1000, 2), std::span(samples).subspan(1002)})
+        writer.sound(piece);
+    writer.finish();
+    SoundReader sound = SoundReader::open(path);
+    std::vector<float> read(samples.size());
+    EXPECT_EQ(sound.read(0, read), 3 * Sound::rate) << "down to the last piece of a frame";
+    EXPECT_NEAR(clickAt(read), 1.0, 0.00005);
 }

@@ -150,6 +150,11 @@ TEST(PictureFile, aLargePhotoIsKeptSmaller) {
     EXPECT_EQ(bitmap.height(), 866);
     EXPECT_LE(off(bitmap, 300, 200, red), 3);
     EXPECT_LE(off(bitmap, 900, 700, blue), 3);
+    for (const auto& [width, height] : {std::pair{4000, 1}, {1, 4000}}) {
+        const Bitmap thread = PictureFile::read(folder.file("thread.jpg", photo(width, height)), 100);
+        EXPECT_EQ(std::min(thread.width(), thread.height()), 1) << "never less than a pixel";
+        EXPECT_EQ(std::max(thread.width(), thread.height()), 632);
+    }
 }
 
 TEST(PictureFile, aLongPictureIsRefusedOnlyWhereItIsTransparent) {

@@ -1,3 +1,4 @@
+#include "platform/media/SoundConverter.h"
 #include "platform/media/SoundReader.h"
 #include "tests/media/Sounds.h"
 
@@ -57,4 +58,72 @@ TEST(SoundConverter, mixesChannelsAsPeopleHearThem) {
     expectLevels("surround.wav",
                  "-f lavfi -i aevalsrc='0.2*sin(600*t)|0|0.3*sin(600*t)|0.5*sin(100*t)|0|0':c=5.1",
                  0.2 + 0.3 * 0.7071, 0.3 * 0.7071);
+}
+
+namespace {
+
+/// Stretches of one level each, in 16 bits a sample.
+struct LevelWriter {
+    void put(std::int64_t at, int samples, double level, int rate = Sound::rate, int channels = 2) {
+        auto frame = ffmpeg::makePicture();
+        frame->format = AV_SAMPLE_FMT_S16;
+        frame->sample_rate = rate;
+        frame->nb_samples = samples;
+        av_channel_layout_default(&frame->ch_layout, channels);
+        EXPECT_GE(av_frame_get_buffer(frame.get(), 0), 0);
+        auto* values = reinterpret_cast<std::int16_t*>(frame->data[0]);
+        std::fill_n(values, samples * channels, static_cast<std::int16_t>(std::lround(level * 32768)));
+        converter.put(*frame, at);
+    }
+    /// The left side, in thousandths.
+    long at(std::int64_t place) const {
+        std::vector<float> one(2);
+        return converter.copy(place, one) == 1 ? std::lround(one[0] * 1000) : -1;
+    }
+    SoundConverter converter;
+};
+
+}
+
+TEST(SoundConverter, whereSoundComesTwiceTheFirstStaysAndAGapHasNone) {
+    LevelWriter sound;
+    EXPECT_EQ(sound.converter.end(), INT64_MIN);
+    sound.put(0, 4800, 0.1);
+    EXPECT_EQ(sound.converter.expected(), 4800);
+    sound.put(2400, 4800, 0.2); // half of it is there already
+    sound.put(9600, 4800, 0.3);
+    sound.converter.finish();
+    for (const auto& [place, level] : {std::pair{0, 100},
+                                       {2400, 100},
+                                       {4700, 100},
+                                       {4900, 200},
+                                       {7100, 200},
+                                       {7300, -1},
+                                       {9500, -1},
+                                       {9700, 300},
+                                       {14'399, 300},
+                                       {14'400, -1}})
+        EXPECT_EQ(sound.at(place), level) << place;
+    EXPECT_EQ(sound.converter.end(), 14'400);
+    std::vector<float> across(2 * 4800, 7.0F);
+    EXPECT_EQ(sound.converter.copy(6000, across), 4800) << "up to the end of what was copied last";
+    EXPECT_EQ(across[2 * 2000], 7.0F) << "what was never put in is left alone";
+    EXPECT_EQ(sound.converter.copy(6000, std::span(across).first(2 * 2000)), 1200);
+    sound.converter.forget(10'000);
+    EXPECT_EQ(sound.at(9'999), -1);
+    EXPECT_EQ(sound.at(10'000), 300);
+    sound.converter.restart();
+    EXPECT_EQ(sound.at(10'000), -1);
+}
+
+TEST(SoundConverter, goesOnWhereTheSoundChangesItsShape) {
+    LevelWriter sound;
+    sound.put(0, 48'000, 0.1);
+    sound.put(48'000, 48'000, 0.2, 48'000, 1);
+    sound.put(88'200, 44'100, 0.3, 44'100, 1);
+    sound.converter.finish();
+    for (const auto& [place, level] :
+         {std::pair{40'000, 100}, {50'000, 200}, {94'000, 200}, {98'000, 300}, {143'000, 300}})
+        EXPECT_NEAR(sound.at(place), level, 1) << place;
+    EXPECT_EQ(sound.converter.end(), 144'000);
 }

@@ -73,6 +73,16 @@ TEST(SoundReader, readsTheSoundThatIsThereAndTheSameAfterAJump) {
             jumping.read(from, piece);
             EXPECT_LE(largestDifference(piece, std::span(whole).subspan(from * 2)), tolerance) << from;
         }
+        // After a jump there is nothing from before it, and a step back of any size is another jump.
+        for (const std::int64_t back : {1, 4800, 12'000, 20'000, 30'000}) {
+            std::vector<float> piece(2 * 4800);
+            jumping.read(6 * Sound::rate, piece);
+            jumping.read(3 * Sound::rate, piece);
+            jumping.read(3 * Sound::rate - back, piece);
+            EXPECT_LE(largestDifference(piece, std::span(whole).subspan((3 * Sound::rate - back) * 2)),
+                      tolerance)
+                << "back by " << back;
+        }
     }
 }
 
