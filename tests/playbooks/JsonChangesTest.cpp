@@ -16,6 +16,11 @@ TEST(JsonChanges, sayWhereWhatChanged) {
                 ElementsAre("a: added “" + forty + "”"));
     EXPECT_THAT(JsonChanges::lines("{}", R"({"a": "ก)" + forty + R"("})"),
                 ElementsAre("a: added “ก" + forty.substr(1) + "…”"));
+    EXPECT_THAT(JsonChanges::lines(R"({"a": {"version": 1}})", R"({"a": {"version": 2}})"),
+                ElementsAre("a.version: 1 → 2"))
+        << "only the playbook's own goes without saying";
+    EXPECT_THAT(JsonChanges::lines(R"({"a": [1, 2], "b": {}})", R"({"a": [1], "b": []})"),
+                ElementsAre("a[1]: removed", "b: (2 bytes) → (2 bytes)"));
     EXPECT_THAT(JsonChanges::lines("1", "2"), ElementsAre("the top: 1 → 2"));
     EXPECT_THAT(JsonChanges::lines("{", "{}"), IsEmpty());
 }

@@ -26,7 +26,7 @@ TEST_F(LibraryFolder, passesOverWhatItCannotRead) {
     Library::save({{.id = "mine", .size = 40}});
     EXPECT_EQ(Library::styles().size(), 1u);
     fs::create_directories(Library::sounds() / "Hits");
-    for (const char* name : {"10.wav", "2.MP3", "note.txt", "Hits/boom.flac"})
+    for (const char* name : {"10.wav", "2.MP3", "note.txt", ".3.wav", "Hits/boom.flac", "Hits/.4.mp3"})
         std::ofstream(Library::sounds() / name);
     std::vector<std::string> names;
     for (const auto& sound : Library::audioFiles(Library::sounds()))

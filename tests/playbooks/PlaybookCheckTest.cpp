@@ -70,10 +70,13 @@ TEST(PlaybookCheck, holdsLayersAgainstTheWords) {
 TEST(PlaybookCheck, looksForFilesInTheFolderAlone) {
     const TemporaryFolder folder;
     folder.file("assets/a.png", "picture");
-    const auto check = [&](const std::string& image) {
-        const auto json = withLayer(R"({"image": ")" + image + "\"}");
+    const auto check = [&](const std::string& file, const std::string& kind = "image") {
+        const auto json = withLayer("{\"" + kind + "\": \"" + file + "\"}");
         return problemOf([&] { PlaybookCheck::check(json, folder.path); });
     };
+    for (const std::string kind : {"image", "video", "sound"})
+        EXPECT_EQ(check("assets/b.mp4", kind),
+                  "layers[0]." + kind + ": assets/b.mp4 is not in the playbook.");
     EXPECT_EQ(check("assets/a.png"), "");
     EXPECT_EQ(check("assets/b.png"), "layers[0].image: assets/b.png is not in the playbook.");
     EXPECT_EQ(check("../x.png"), "layers[0].image: ../x.png climbs out of the playbook.");
