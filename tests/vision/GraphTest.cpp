@@ -24,3 +24,16 @@ Graph enlargedThenMixed() {
 TEST(Graph, isTheSameWhereLayersChangePlaces) {
     expectAsPlain(enlargedThenMixed());
 }
+
+TEST(Graph, anActivationStaysWhereTheLayerBeforeHasOneOrIsReadTwice) {
+    for (const bool twice : {false, true}) {
+        Graph graph;
+        graph.values.assign(5, {4, 6, 8});
+        graph.layers = {
+            windowed(Kind::convolution, 1, 1, 0, 8, 8, twice ? Activation::none : Activation::hardSwish),
+            layer(Kind::activate, {1}, 2, Activation::relu),
+            layer(Kind::activate, {2}, 3, Activation::logistic), layer(Kind::add, {3, twice ? 1 : 3}, 4)};
+        graph.output = 4;
+        expectAsPlain(graph);
+    }
+}
