@@ -16,4 +16,7 @@ TEST(Colours, readFromHexWhateverTheHashes) {
         {"ff#8000", std::nullopt},
         {"-12345", std::nullopt}};
     for (const auto& [text, colour] : cases) EXPECT_EQ(Colour::hex(text), colour) << text;
+    EXPECT_EQ((Colour{255, 3, 100, 128}.premultiplied()), 0x80800232u)
+        << "alpha, red, green, blue, each rounded";
+    EXPECT_EQ((Colour{255, 3, 100, 128}.premultiplied(0.5)), 0x40400119u);
 }

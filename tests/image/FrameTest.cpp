@@ -20,6 +20,14 @@ TEST(Frames, standUprightWhateverTheirTurnAndPixels) {
         EXPECT_EQ(frame.toStored().apply(Rect{0, 0, size.width, size.height}), (Rect{0, 0, 720, 576}))
             << frame.turn;
     }
+    frame.width = 640;
+    frame.pixelAspect = 4.0 / 3;
+    frame.turn = 1;
+    EXPECT_EQ(frame.uprightSize(), (Size{576, 853})) << "whole pixels";
+    frame.turn = -2;
+    EXPECT_EQ(frame.uprightSize(), (Size{853, 576}));
+    frame.turn = 0;
+    frame.width = 720;
     frame.pixelAspect = 0;
     EXPECT_EQ(frame.uprightSize(), (Size{720, 576}));
 }

@@ -27,6 +27,11 @@ TEST(Jpegs, keepThePictureOverBlack) {
     EXPECT_LT(Jpeg::encode(sample(), 0.2).size(), Jpeg::encode(sample(), 0.9).size());
     EXPECT_NO_THROW(Jpeg::encode(sample(), 7));
     EXPECT_THROW(Jpeg::encode(Bitmap(), 0.9), Problem);
+    for (const auto& [width, height] : {std::pair{70, 50}, {50, 70}}) {
+        const auto bytes = Jpeg::encode(Bitmap(width, height), 0.9);
+        EXPECT_TRUE(Jpeg::decode(bytes, 70)) << width;
+        EXPECT_FALSE(Jpeg::decode(bytes, 69)) << width;
+    }
 }
 
 TEST(Jpegs, endQuietlyOnWhatIsNone) {
