@@ -1,3 +1,5 @@
+#include "platform/image/Jpeg.h"
+#include "tests/TemporaryFolder.h"
 #include "tests/stage/Staged.h"
 
 #include <cmath>
@@ -9,15 +11,17 @@ using namespace murbo;
 TEST(Elements, keepLettersSharpThatTheyEnlarge) {
     const Staged stage(400, 200, {30, 60, 200});
     const auto large = stage.drawn(R"({"text": "Hi", "size": 120})");
-    const auto enlarged = stage.drawn(R"({"text": "Hi", "size": 30, "scale": 4})");
-    int letters = 0, apart = 0;
-    for (int y = 0; y < 200; ++y)
-        for (int x = 0; x < 400; ++x) {
-            letters += large.row(y)[x * 4] != 200;
-            apart += std::abs(large.row(y)[x * 4] - enlarged.row(y)[x * 4]) > 40;
-        }
-    EXPECT_GT(letters, 5000);
-    EXPECT_LT(apart, letters / 50) << "of " << letters;
+    for (const char* scaled : {R"("scale": 4)", R"("keys": [{"t": 0, "scale": 4}])"}) {
+        const auto enlarged = stage.drawn(R"({"text": "Hi", "size": 30, )" + std::string(scaled) + "}");
+        int letters = 0, apart = 0;
+        for (int y = 0; y < 200; ++y)
+            for (int x = 0; x < 400; ++x) {
+                letters += large.row(y)[x * 4] != 200;
+                apart += std::abs(large.row(y)[x * 4] - enlarged.row(y)[x * 4]) > 40;
+            }
+        EXPECT_GT(letters, 5000);
+        EXPECT_LT(apart, letters / 50) << "of " << letters << " with " << scaled;
+    }
 }
 
 namespace {
@@ -75,4 +79,22 @@ TEST(Elements, breakLettersByTheWidthOfTheFrame) {
     if (widthIn(1080, 400) < 0) GTEST_SKIP() << "No font is installed.";
     EXPECT_LT(widthIn(1080, 400), 0.86 * 1080);
     EXPECT_GT(widthIn(1920, 400), 1000) << "one line";
+}
+
+TEST(Elements, takeTheSizeThatTheLayerNamesOneSideOf) {
+    const TemporaryFolder folder;
+    const auto file =
+        folder.file("a.jpg", Jpeg::encode(Canvas::bitmap(Image::colour(Colour::white), {0, 0, 80, 40}), 1));
+    const Staged stage(200, 100);
+    for (const auto& [size, width, height] : {std::tuple{R"("w": 0.5)", 100, 50},
+                                              {R"("h": 0.8)", 160, 80},
+                                              {R"("w": 0.5, "h": 0.2)", 100, 20},
+                                              {R"("w": 0.1, "h": 0.8)", 20, 80},
+                                              {R"("fill": true)", 200, 100},
+                                              {R"("scale": 0.5)", 40, 20}}) {
+        const auto frame = stage.drawn(R"({"image": ")" + file.string() + R"(", )" + size + "}");
+        EXPECT_EQ(countOf(frame, "FFFFFF"), width * height) << size;
+        EXPECT_EQ(seen(frame, {{100 - width / 2, 50 - height / 2}, {99 + width / 2, 49 + height / 2}}), "##")
+            << size;
+    }
 }

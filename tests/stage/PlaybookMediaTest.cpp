@@ -67,6 +67,17 @@ TEST(PlaybookMedia, aPictureWithSeveralNamesIsReadOnce) {
     EXPECT_LE(media.image(file, 1024)->extent().width, 32) << "coarser where it may have fewer pixels";
 }
 
+TEST(PlaybookMedia, eachKeyColourHasACubeOfItsOwn) {
+    PlaybookMedia media;
+    const Colour keys[] = {{0, 200, 0}, {0, 200, 190}, {190, 200, 0}, {0, 90, 190}};
+    for (const auto& key : keys)
+        for (const auto& other : keys) {
+            const auto one = media.cube(key), two = media.cube(other);
+            ASSERT_TRUE(one && two);
+            EXPECT_EQ(one->values == two->values, key == other);
+        }
+}
+
 TEST(PlaybookMedia, whatIsNoPictureOrVideoIsNothing) {
     const TemporaryFolder folder;
     std::filesystem::create_directory(folder / "folder.jpg");

@@ -1,7 +1,5 @@
 #include "tests/stage/Staged.h"
 
-#include <ctime>
-
 #include <gtest/gtest.h>
 
 using namespace murbo;
@@ -63,12 +61,25 @@ TEST(Stage, drawWhatLiesBelowOnceHoweverDeepTheyLie) {
     }
 }
 
-TEST(Stage, areDrawnInATimeThatTheirNumberDoesNotSet) {
+TEST(Stage, ofWhichThereAreTooManyShowTheUndermost) {
     const Staged stage(32, 32);
     auto many = Staged::placed(rect(R"("opacity": 0.5)"));
     auto& layers = many.book.edit().playbook.layers;
     layers.resize(100'000, layers.front());
-    const std::clock_t start = std::clock();
-    stage.drawn(many);
-    EXPECT_LT(double(std::clock() - start) / CLOCKS_PER_SEC, 2);
+    Stage::Budget budget;
+    PlaybookMedia media;
+    stage.drawn(
+        Stage::draw(many, 1, {stage.below, std::nullopt, {}, stage.plan, media, &budget}, stage.below));
+    EXPECT_EQ(Stage::Budget().layers - budget.layers, 500);
+}
+
+TEST(Stage, slowedDownShowTheSameLater) {
+    const Staged stage(60, 60);
+    const std::string layers =
+        R"({"particles": "confetti", "drift": "fall", "count": 40, "w": 0.1, "from": 0.5},
+        {"shape": "ring", "w": 0.5, "hold": "wobble", "keys": [{"t": 0, "x": 0}, {"t": 2, "x": 1}]})";
+    auto slow = Staged::placed(layers, 6);
+    slow.overlay.stretch = true;
+    for (const double time : {0.6, 1.0, 1.5})
+        EXPECT_TRUE(same(stage.drawn(slow, 2 * time), stage.drawn(layers, time))) << time;
 }

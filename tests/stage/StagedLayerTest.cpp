@@ -57,3 +57,11 @@ TEST(StagedLayer, thatStandsStillLiesOnWholePixels) {
         }
     }
 }
+
+TEST(StagedLayer, thatIsMixedHidesNothing) {
+    const Staged stage(20, 20, {200, 100, 50});
+    EXPECT_EQ(
+        at(stage.drawn(R"({"shape": "rect", "fill": true, "color": "808080", "blend": "multiply"})"), 9, 9),
+        "643219");
+    EXPECT_EQ(at(stage.drawn(R"({"shape": "rect", "fill": true, "color": "808080"})"), 9, 9), "808080");
+}
