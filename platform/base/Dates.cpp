@@ -7,6 +7,9 @@ namespace {
 
 using namespace std::chrono;
 
+/// The whole years that a Date can count: it has nanoseconds in 64 bits, and others would come out as them.
+constexpr year firstYear{1678}, lastYear{2261};
+
 /// Takes a text apart from left to right; once something is amiss, all that follows is.
 class Cursor {
 public:
@@ -90,6 +93,7 @@ std::optional<Date> Dates::parse(std::string_view text) {
     const auto away = offset(cursor);
     const year_month_day calendar(year, month, day);
     if (!cursor.atEnd() || !calendar.ok() || hour > 23 || minute > 59 || second > 60) return std::nullopt;
+    if (year < firstYear || year > lastYear) return std::nullopt;
     return sys_days(calendar) + hours(hour) + minutes(minute) + seconds(second) + part - away;
 }
 

@@ -16,7 +16,8 @@ namespace Dates {
 /// In whole seconds of UTC.
 std::string text(Date date);
 
-/// Reads that form, with or without a fraction of a second, in UTC or at an offset ("+07:00").
+/// Reads that form, with or without a fraction of a second, in UTC or at an offset ("+07:00"). Of the years
+/// 1678 to 2261: a Date counts no others.
 std::optional<Date> parse(std::string_view text);
 
 }
