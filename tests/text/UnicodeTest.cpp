@@ -47,7 +47,8 @@ TEST(Unicode, trimsBlanksAndTabsOfEitherEndAlone) {
          {std::pair{" \ta b\u3000", "a b"}, {"\n a\n", "\n a\n"}, {"\u00A0ก\t", "ก"}, {" \t", ""}, {"", ""}})
         EXPECT_EQ(Unicode::trimmed(text), bare);
     EXPECT_EQ(Unicode::characterCount("กำ👨‍👩‍👧e\u0301\r\n"), 4u);
-    for (const char32_t mark : {U'!', U'“', U'+', U'♪', U'😂'}) EXPECT_TRUE(Unicode::isMark(mark)) << int(mark);
+    for (const char32_t mark : {U'!', U'“', U'+', U'♪', U'😂'})
+        EXPECT_TRUE(Unicode::isMark(mark)) << int(mark);
     for (const char32_t none : {U'a', U'1', U' ', U'ก', U'\u0301'})
         EXPECT_FALSE(Unicode::isMark(none)) << int(none);
 }
