@@ -26,6 +26,19 @@ TEST(FixWords, correctsButNeverRewords) {
     EXPECT_THAT(answer.leftOut, ElementsAre("C01.02", "C01.03"));
 }
 
+TEST(FixWords, aLineOfOverTwoThousandLettersIsLeftAlone) {
+    Played played;
+    for (const std::size_t length : {2000u, 2001u}) {
+        const std::string was(length, 'x');
+        played.lines()[0].text = was;
+        const auto answer =
+            FixWords::answer({{"lines", {{{"line", "C01.01"}, {"text", "y" + was.substr(1)}}}}},
+                             played.clips(), Said(played.project));
+        EXPECT_EQ(answer.corrections.size(), length > 2000 ? 0u : 1u);
+        EXPECT_EQ(answer.leftOut.size(), length > 2000 ? 1u : 0u);
+    }
+}
+
 TEST(FixWords, keepsWhatTheOwnerChangedMeanwhile) {
     Played played;
     const auto then = played.project;

@@ -41,6 +41,18 @@ TEST(NotesFromFrames, theLinesAroundAreTold) {
                 HasSubstr("The stretch is 1:50 to 1:54 of rec.mp4. Its frames are from 1:51, 1:53."));
     EXPECT_THAT(user.content, HasSubstr("The lines around it:\nC02.01 [1:41] first\n"));
     EXPECT_THAT(user.content, Not(HasSubstr("C01.01"))) << "that is too far away";
+    told.lines().push_back({.start = 40, .end = 50.5, .text = "ends within a minute"});
+    told.lines().push_back({.start = 39, .end = 50, .text = "ended before"});
+    told.lines().push_back({.start = 173.5, .end = 180, .text = "begins within a minute"});
+    told.lines().push_back({.start = 174, .end = 180, .text = "begins after"});
+    told.project.clips.edit()[0].end = 60;
+    told.project.clips.edit()[1].end = 190;
+    const auto wide = NotesFromFrames::ask(told.source(), {110, 114}, {}, told.project, Said(told.project))
+                          .messages[1]
+                          .content;
+    for (const auto* words : {"ends within a minute", "begins within a minute"})
+        EXPECT_THAT(wide, HasSubstr(words));
+    for (const auto* words : {"ended before", "begins after"}) EXPECT_THAT(wide, Not(HasSubstr(words)));
     EXPECT_EQ(NotesFromFrames::warning(6), " 6 pictures of the footage leave this computer.");
 }
 

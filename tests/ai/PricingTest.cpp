@@ -13,6 +13,15 @@ TEST(Pricing, saysWhatItWillBeAbout) {
     EXPECT_NEAR((Price{0.000001, 0.000005}.estimate(std::string(1000, 'x'), 2000)), 0.0107, 1e-12);
 }
 
+TEST(Pricing, anEstimateCountsAllWordsAndPictures) {
+    const Price price{0.001, 0.01};
+    Ask ask{.messages = {{.content = "abc", .pictures = {"1", "2"}}, {.content = "defg", .pictures = {"3"}}},
+            .thinking = 500};
+    const double words = price.estimate("abc\ndefg", 2000);
+    EXPECT_NEAR(Pricing::estimate(price, ask), words + 3 * 800 * 0.001, 1e-9);
+    EXPECT_EQ(Pricing::estimate(std::nullopt, ask), std::nullopt);
+}
+
 TEST(Pricing, asksBeforeItCostsAnything) {
     using enum Pricing::Asked;
     EXPECT_EQ(Pricing::confirmation(request, 0.124, "m"), "About 12¢, from your OpenRouter key, on m.");

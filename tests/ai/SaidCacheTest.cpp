@@ -58,6 +58,11 @@ TEST_F(SaidCacheTest, keepsUpWithEveryChange) {
         lines().erase(lines().begin() + 1);
     });
     change("a clip", false, [&] { project.clips.edit()[0].end = 4; });
+    change("its start", false, [&] { project.clips.edit()[0].start = 2; });
+    change("its part", false, [&] { project.clips.edit()[0].part = "a"; });
+    change("its number", false, [&] { project.clips.edit()[1].number = 7; });
+    change("its title", true, [&] { project.clips.edit()[1].name = "Mine"; });
+    change("its source", false, [&] { project.clips.edit()[1].source = UUID::make(); });
 }
 
 TEST_F(SaidCacheTest, leavesWhatSomebodyHoldsAsItWas) {

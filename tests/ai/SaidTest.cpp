@@ -78,6 +78,24 @@ TEST_F(SaidTest, aTrimThatJustTouchesALineDoesNotPlayIt) {
     EXPECT_FALSE(said.ends(cut(2.1, 2.9)));
 }
 
+TEST_F(SaidTest, aLongLineIsNearAndPlayedBehindManyShortOnes) {
+    addClip(200, {"a", "b", "c"}).end = 260; // 201-202, 203-204, 205-206
+    notes().push_back({.start = 200.5, .end = 240, .text = "all along"});
+    const Said said(project);
+    EXPECT_EQ(said.nearest(220, source()).piece->text, "all along");
+    EXPECT_EQ(said.nearest(220, source()).distance, 0);
+    EXPECT_EQ(said.nearest(250, source()).piece->text, "all along");
+    const auto played = said.played(cut(215, 220));
+    ASSERT_EQ(played.size(), 1u);
+    EXPECT_EQ(played[0]->text, "all along");
+    EXPECT_EQ(said.played(cut(203.5, 204)).size(), 2u);
+    lines().back().gone = true;
+    notes().back().end = 201;
+    const Said less(project);
+    EXPECT_EQ(less.nearest(205.5, source()).piece->text, "b") << "what is gone is near nothing";
+    EXPECT_FALSE(Said(Project()).nearest(1, source()).piece);
+}
+
 TEST_F(SaidTest, cutsOfTheSameLinesKeepTheOwnersTrims) {
     auto trimmed = cut(0.7, 6.4);
     trimmed.muted = true;
@@ -89,6 +107,11 @@ TEST_F(SaidTest, cutsOfTheSameLinesKeepTheOwnersTrims) {
     auto expected = trimmed;
     expected.id = made[0].id;
     EXPECT_EQ(kept, (std::vector{expected, made[1]}));
+    auto called = made;
+    called[0].role = "payoff";
+    expected.role = "payoff";
+    EXPECT_EQ(said.keepingTrims(called, List<Cut>({trimmed})), (std::vector{expected, made[1]}))
+        << "a role that is given counts";
 }
 
 TEST_F(SaidTest, generatedCutsStayWithTheFootageAfterThem) {

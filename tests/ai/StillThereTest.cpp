@@ -44,4 +44,15 @@ TEST(StillThere, trimsAreNoOtherPlay) {
     EXPECT_FALSE(StillThere::samePlay(cuts, trimmed, said));
     EXPECT_FALSE(StillThere::samePlay(cuts, std::vector<Cut>{cuts[0]}, said));
     EXPECT_FALSE(StillThere::samePlay(cuts, std::vector<Cut>{cuts[1], cuts[0]}, said));
+    // Where nothing is said, and of what was generated, a cut is the same by its identity.
+    const auto card = Cut::generated("title", 1, std::nullopt, 2);
+    for (const auto& one : {footage.cut(50, 60), card}) {
+        auto same = one;
+        same.end += 1;
+        auto other = one;
+        other.id = UUID::make();
+        EXPECT_TRUE(StillThere::samePlay(std::vector<Cut>{one}, std::vector<Cut>{same}, said));
+        EXPECT_FALSE(StillThere::samePlay(std::vector<Cut>{one}, std::vector<Cut>{other}, said));
+        EXPECT_FALSE(StillThere::samePlay(std::vector<Cut>{one}, std::vector<Cut>{cuts[0]}, said));
+    }
 }
