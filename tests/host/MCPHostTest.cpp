@@ -122,6 +122,39 @@ TEST_F(MCPHostTest, onlyOneQuestionIsOut) {
     host.reply(true); // nothing is asked any more
 }
 
+TEST_F(MCPHostTest, anAppThatLeavesLeavesTheQuestionOfAnother) {
+    permit("rename_video", MCPPermissions::Permission::ask);
+    auto first = std::make_unique<QObject>();
+    auto second = std::make_unique<QObject>();
+    ask("rename_video", renaming, first.get());
+    ask("rename_video", renaming, second.get());
+    first.reset();
+    ASSERT_TRUE(host.question());
+    EXPECT_EQ(host.busy(), 1);
+    second.reset();
+    EXPECT_FALSE(host.question());
+    EXPECT_EQ(answers, (std::vector<std::string>{"failed: The owner said no to Rename Video.",
+                                                 "failed: The app left before the owner answered."}));
+    EXPECT_EQ(host.busy(), 0);
+    ask("rename_video", renaming);
+    host.stop(); // nobody will answer any more
+    EXPECT_FALSE(host.question());
+    EXPECT_EQ(answers, std::vector<std::string>{"failed: The owner said no to Rename Video."});
+    EXPECT_EQ(title(), "First");
+}
+
+TEST_F(MCPHostTest, takingBackMakesNothingElseKnown) {
+    session->addVideo("Other", {});
+    for (const auto* video : {"V1", "V2"}) answer("read_video", {{"video", video}});
+    auto changed = session->project();
+    changed.videos.edit()[1].title = "Owner's";
+    session->commit("Rename", changed);
+    answer("rename_video", renaming);
+    EXPECT_EQ(answer("undo_my_last"), "Took back “Rename Video”.");
+    EXPECT_EQ(answer("what_changed", {{"video", "V1"}}), "Nothing in V1 changed since you last read it.");
+    EXPECT_THAT(answer("what_changed", {{"video", "V2"}}), HasSubstr("Title: “Other” → “Owner's”"));
+}
+
 TEST(MCPActivity, keepsTheLastThreeHundred) {
     MCPActivity activity;
     for (int count = 0; count < 301; ++count) activity.add({.tool = std::to_string(count)});

@@ -70,6 +70,21 @@ TEST_F(LoudPlacesTest, theLoudestMomentsAreAtMostEightAndTwoSecondsApart) {
     EXPECT_THAT(told, testing::EndsWith("Nobody speaks for 2 s or more: 3:22 to 4:00, C03.01"));
 }
 
+TEST_F(LoudPlacesTest, aPeakLiesWithinItsStretchAndPeaksOfTwoSourcesAreNoNeighbours) {
+    lines().push_back({.start = 200.05, .end = 201, .text = "odd"});
+    project.clips.edit().push_back({.number = 3, .source = source(), .start = 200.05, .end = 203});
+    const auto other = UUID::make();
+    project.sources.edit().push_back({.id = other, .path = "/footage/cam.mp4", .length = 300});
+    project.clips.edit().push_back({.number = 4, .source = other, .start = 200, .end = 203});
+    auto& levels = context.loudness[source()];
+    levels.assign(3000, 0);
+    levels[2000] = 100; // 200.0 s, which the clip just reaches into
+    levels[2035] = 200; // beyond its end
+    context.loudness[other] = levels;
+    EXPECT_THAT(text("read_loudness", R"({"clips": ["C03", "C04"]})"),
+                HasSubstr("or a sound fits: 3:20; 3:20, C03.01\n"));
+}
+
 TEST_F(LoudPlacesTest, placesBeyondFortyAreCounted) {
     auto& levels = context.loudness[source()];
     levels.assign(72'000, 50);

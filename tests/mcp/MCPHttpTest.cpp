@@ -43,12 +43,16 @@ TEST(MCPRequest, hasItsBounds) {
     for (const auto* length : {"67108865", "99999999999999999999999"})
         EXPECT_TRUE(MCPHttp::isTooLong("POST /\r\nContent-Length: " + std::string(length) + "\r\n\r\n"))
             << length;
+    const std::string most = "POST /\r\nContent-Length: 67108864\r\n\r\n";
+    EXPECT_TRUE(MCPHttp::isTooLong(most)) << "the head counts";
+    EXPECT_FALSE(MCPHttp::isTooLong("POST /\r\nContent-Length: 67108000\r\n\r\n"));
     EXPECT_FALSE(MCPHttp::isTooLong("POST /\r\nContent-Length: -5\r\n\r\n")) << "unreadable counts as 0";
 }
 
 TEST(MCPRequest, isTrustedByHostAndOrigin) {
     EXPECT_TRUE(allowed({{"host", "localhost:17172"}}));
     EXPECT_TRUE(allowed({{"host", "127.0.0.1"}, {"origin", "http://localhost:6274"}}));
+    EXPECT_TRUE(allowed({{"host", "LOCALHOST"}, {"origin", "http://somebody@localhost:6274/x"}}));
     EXPECT_FALSE(allowed({}));
     for (const auto* host :
          {"evil.com", "evil.com:17172", "localhost.evil.com", "localhost@evil.com", "[::1]:17172", ""})

@@ -43,12 +43,14 @@ TEST_F(VideoInWordsTest, aMomentIsThatOfTheFirstCutThatShowsIt) {
     video().cuts.edit() = {cut(101, 104), cut(1, 6), cut(2, 6)};
     auto& look = video().look.emplace();
     look.shots.edit() = {{.source = source(), .at = 5, .zoom = 1.005, .playbook = "stock.layout.wide"},
-                         {.source = source(), .at = 6, .zoom = 0.9}};
+                         {.source = source(), .at = 6, .zoom = 0.9},
+                         {.source = source(), .at = 0.9996}}; // a hair before the cut that shows it
     look.sounds.edit() = {{.file = "a.wav", .source = source(), .at = 0.5},
                           {.file = "b.wav", .source = source(), .at = 3.04}};
     const auto words = VideoInWords::whole(video(), Said(project));
     EXPECT_THAT(words, HasSubstr("0:07 on the video, C01.03: stock.layout.wide\n"
-                                 "not on the video, C01.03: split, zoom 0.90\n\n"));
+                                 "not on the video, C01.03: split, zoom 0.90\n"
+                                 "0:03 on the video, C01.01: split\n\n"));
     EXPECT_THAT(words, HasSubstr("a.wav at 0:00, volume 0.70\nb.wav at C01.02, volume 0.70"));
     video().cuts.edit().clear();
     EXPECT_THAT(VideoInWords::whole(video(), Said(project)), HasSubstr("0:00.\n\nCuts:\nnone yet\n"));
