@@ -170,6 +170,23 @@ TEST(CutCommands, aTrimShowsTheEdgeAndAnEndedOneNone) {
     EXPECT_LE(editor.playback.time(), 11.5);
 }
 
+TEST(CutCommands, aRollShowsBothSidesOfItsSeam) {
+    TwoCuts lines;
+    auto& editor = lines.editor();
+    lines(R"(["roll","cut 1",32])");
+    EXPECT_EQ(played(lines), (Played{{20, 32}, {42, 50}}));
+    ASSERT_TRUE(editor.edge());
+    EXPECT_NEAR(editor.edge()->at, 32 - 1 / 30.0, 1e-9);
+    EXPECT_EQ(editor.edgeAfter(), (TrimEdge{lines.rec(), 42}));
+    EXPECT_EQ(lines(R"(["endTrim","cut 1",false,"Roll"])"), stepped("Roll"));
+    EXPECT_FALSE(editor.edge() || editor.edgeAfter());
+    lines(R"(["trim","cut 2",false,1e6])");
+    EXPECT_EQ(played(lines)[1], std::pair(42.0, 100.0)) << "as far as its source goes";
+    lines(R"(["undo"])");
+    lines(R"(["undo"])");
+    EXPECT_EQ(played(lines), (Played{{20, 30}, {40, 50}}));
+}
+
 TEST(CutCommands, movingPicksAndJumpingFocuses) {
     TwoCuts lines;
     auto& editor = lines.editor();

@@ -1,7 +1,7 @@
 #include "app/editor/Editor.h"
 #include "app/editor/commands/FootageCommands.h"
 #include "core/ai/Said.h"
-#include "tests/editor/Lines.h"
+#include "tests/editor/TwoCuts.h"
 
 #include <QMetaMethod>
 
@@ -85,6 +85,106 @@ TEST(Editor, aFileFoundAgainStaysFoundOverAnUndo) {
     editor.undo();
     EXPECT_FALSE(editor.project().sources[0].note);
     EXPECT_EQ(editor.project().sources[0].path, "/found/rec.mp4");
+    editor.change("Note", [](Project& project) { project.sources.edit()[0].note = "words"; });
+    editor.apply([](Project& project) { project.sources.edit()[0].bookmark = Data{"found"}; });
+    editor.undo();
+    EXPECT_EQ(editor.project().sources[0].bookmark, Data{"found"}) << "also where its path is as it was";
+    editor.redo();
+    EXPECT_EQ(editor.project().sources[0].note, "words");
+    EXPECT_EQ(editor.project().sources[0].bookmark, Data{"found"});
+}
+
+TEST(Editor, aGroupThatFailsKeepsWhatWasDoneAsItsStep) {
+    Editor editor(Lines::made(), {}, std::nullopt, [](const Project&) {});
+    editor.beginDrag("Slide");
+    editor.dragPiece([](Project& project) { rename(project, "dragged"); });
+    EXPECT_THROW(editor.group("Both",
+                              [&] {
+                                  editor.change("One", [](Project& project) { rename(project, "1"); });
+                                  throw std::runtime_error("no");
+                              }),
+                 std::runtime_error);
+    EXPECT_EQ(editor.project().groups[0].name, "1");
+    editor.undo();
+    EXPECT_EQ(editor.project().groups[0].name, "dragged") << "the drag before it is a step of its own";
+    editor.change("Two", [](Project& project) { rename(project, "2"); });
+    EXPECT_EQ(editor.history().undoName(), "Two") << "and what comes after, too";
+}
+
+TEST(Editor, aDragThatIsTakenBackLeavesNothing) {
+    Editor editor(Lines::made(), {}, std::nullopt, [](const Project&) {});
+    const auto before = editor.project();
+    editor.cancelDrag();
+    editor.beginDrag("Slide");
+    editor.dragPiece([](Project& project) { rename(project, "dragged"); });
+    editor.cancelDrag();
+    EXPECT_EQ(editor.project(), before);
+    EXPECT_FALSE(editor.unfinished());
+    EXPECT_TRUE(editor.history().past().empty());
+}
+
+TEST(Editor, aDragIsNotEndedByTheTimeOfTheOneBefore) {
+    Lines closed, cancelled;
+    for (auto* lines : {&closed, &cancelled}) {
+        auto& editor = lines->editor();
+        editor.dragPiece([](Project& project) { rename(project, "a"); });
+        editor.endDragSoon("First");
+        lines == &closed ? void(editor.closeDrag()) : editor.cancelDrag();
+        editor.dragPiece([](Project& project) { rename(project, "b"); });
+    }
+    closed(R"(["wait",0.75])");
+    EXPECT_TRUE(closed.editor().unfinished() && cancelled.editor().unfinished());
+    EXPECT_EQ(closed.steps(), std::vector<std::string>{"Drag"});
+    EXPECT_TRUE(cancelled.steps().empty());
+}
+
+TEST(Editor, whatIsPickedIsThere) {
+    TwoCuts lines;
+    lines.dress({21});
+    auto& editor = lines.editor();
+    const auto look = lines.look();
+    const std::vector<Pick> more{{Pick::Kind::sound, look.sounds[0].id, {}},
+                                 {Pick::Kind::overlay, look.overlays[0].id, {}},
+                                 {Pick::Kind::caption, lines.line(0).id, {}}};
+    editor.setMorePicked(more);
+    editor.setPicked(Pick{Pick::Kind::music, look.music[0].id, {}});
+    lines(R"(["removeSound","sound 1"])");
+    EXPECT_EQ(editor.morePicked(), (std::vector{more[1], more[2]}));
+    EXPECT_TRUE(editor.picked());
+    lines(R"(["undo"])");
+    lines(R"(["undo"])");
+    EXPECT_EQ(editor.morePicked(), std::vector{more[2]});
+    EXPECT_FALSE(editor.picked());
+    editor.setPicked(more[2]);
+    editor.openOnTimeline(std::nullopt);
+    EXPECT_TRUE(editor.morePicked().empty() && !editor.picked()) << "of another video";
+}
+
+TEST(Editor, theHeldClipIsShownBeforeTheHeldSource) {
+    TwoCuts lines;
+    auto& editor = lines.editor();
+    lines(R"(["set","heldClip","C02"])");
+    lines(R"(["source.seek",45])");
+    lines(R"(["set","heldSource","cam.mp4"])");
+    EXPECT_EQ(editor.source.time(), 45) << "nothing moves";
+    EXPECT_EQ(editor.source.span(), (Stretch{40, 50}));
+    lines(R"(["set","heldClip","C03"])");
+    EXPECT_EQ(editor.source.time(), 60) << "another clip begins at its start";
+    lines(R"(["set","heldClip",null])");
+    EXPECT_EQ(editor.source.source(), lines.cam());
+    EXPECT_EQ(editor.source.span(), (Stretch{0, 30}));
+    lines(R"(["set","heldSource",null])");
+    EXPECT_FALSE(editor.source.isLoaded() || editor.source.source());
+}
+
+TEST(Editor, aVideoThatCannotBePlayedSaysSoUntilItCan) {
+    TwoCuts lines;
+    lines.editor().change("Long",
+                          [](Project& project) { project.videos.edit()[0].cuts.edit()[0].end = 1e9; });
+    lines(R"(["closeDrag"])");
+    EXPECT_TRUE(lines.editor().problem().value_or("").starts_with("This video could not be played. "));
+    lines(R"(["undo"])");
+    EXPECT_FALSE(lines.editor().problem());
 }
 
 TEST(Editor, aChangeThatFailsLeavesNothing) {

@@ -38,9 +38,26 @@ TEST(FootageAICommands, describeOnlyClipsThatAreStillThere) {
     EXPECT_FALSE(lines.project().clips[0].summary->keyLine) << "that line is gone";
 }
 
+TEST(FootageAICommands, aKeyLineThatLiesInAnotherClipByNowIsNone) {
+    Asking lines;
+    lines.model.answers(described("C01"));
+    lines.meanwhile([](Editor& editor) {
+        editor.change("Change", [](Project& project) {
+            project.clips.edit()[0].start = 26;
+            project.clips.edit()[1].start = 20;
+            project.clips.edit()[1].end = 25;
+        });
+    });
+    lines(R"(["describeClips",["C01"]])");
+    ASSERT_TRUE(lines.project().clips[0].summary);
+    EXPECT_FALSE(lines.project().clips[0].summary->keyLine);
+}
+
 TEST(FootageAICommands, whoStopsABatchStopsTheRun) {
     Asking lines;
-    lines.editor().apply([](Project& project) { project.clips.edit()[0].end = 2020; });
+    lines.editor().apply([](Project& project) {
+        for (std::size_t at : {0, 1}) project.clips.edit()[at].end += 1990; // three batches
+    });
     lines.model.answers(described("C01"));
     lines.model.sends("");
     int answered = 0;

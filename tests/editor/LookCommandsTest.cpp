@@ -54,6 +54,14 @@ TEST(LookCommands, aKeptFileStandsInAFolderOfTheMedia) {
     EXPECT_EQ(contentsOf(lines.package() / "media/pictures/cat.png"), "meow");
     std::ofstream(file) << "hiss";
     EXPECT_EQ(keep("pictures"), gave("\"media/pictures/cat 2.png\"")) << "as long, but another";
+    // Files may be alike for long.
+    std::string long1(200'000, 'a');
+    std::ofstream(file) << long1;
+    EXPECT_EQ(keep("pictures"), gave("\"media/pictures/cat 3.png\""));
+    EXPECT_EQ(keep("pictures"), gave("\"media/pictures/cat 3.png\"")) << "it is there";
+    long1.back() = 'b';
+    std::ofstream(file) << long1;
+    EXPECT_EQ(keep("pictures"), gave("\"media/pictures/cat 4.png\""));
     for (const auto* out : {"../pictures", "a/b", "..", ".hidden"})
         EXPECT_EQ(keep(out), refused("“in” is not right: the name of a folder is expected.")) << out;
 }

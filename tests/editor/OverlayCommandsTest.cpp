@@ -26,6 +26,16 @@ TEST(OverlayCommands, anAddedOneStandsOnTheFootageAndIsPicked) {
     EXPECT_EQ(lines.look().overlays[1].version, 3);
 }
 
+TEST(OverlayCommands, whatItsPlaybookSaysOfTheFootagesSoundComesAlong) {
+    TwoCuts lines;
+    auto loud = Playbook::decode(R"({"name": "Loud", "mute": true, "length": 1, "layers": [{"text": "x"}]})");
+    const auto id = Playbooks::write(std::move(loud), {}, "the test").id();
+    lines("[\"addOverlay\",\"" + id + "\",3]");
+    ASSERT_EQ(lines.look().overlays.size(), 1u);
+    EXPECT_EQ(lines.look().overlays[0].mute, true);
+    EXPECT_EQ(lines.look().overlays[0].length, 1) << "as long as it is by nature";
+}
+
 TEST(OverlayCommands, itEndsWithTheVideoButIsNoFlash) {
     TwoCuts lines;
     for (const auto& [at, length] : {std::pair{17.0, 3.0}, {17.5, 2.5}, {19.75, 0.25}, {19.9, 0.2}}) {

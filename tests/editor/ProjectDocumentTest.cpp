@@ -69,6 +69,19 @@ TEST(ProjectDocument, whatAnotherProgramWroteIsKeptBeside) {
     EXPECT_EQ(lines(R"(["renameClip","C01","More"])"), R"({"ok":true,"step":"Rename Clip"})");
 }
 
+TEST(ProjectDocument, transcriptsAreWatchedAndAnUndoIsWrittenToo) {
+    Lines lines;
+    auto theirs = lines.project();
+    theirs.transcripts.begin()->second.lines.edit()[0].text = "theirs";
+    ProjectPackage::write(theirs, lines.package(), &lines.project()); // the transcript alone
+    EXPECT_THAT(lines(R"(["renameClip","C01","Ours"])"), HasSubstr("p (changed elsewhere).mbproj"));
+    EXPECT_EQ(ProjectPackage::read(lines.folder / "p (changed elsewhere).mbproj"), theirs);
+    for (const auto* line : {R"(["correct","C01.01","rec.mp4","Other"])", R"(["undo"])", R"(["redo"])"}) {
+        lines(line);
+        EXPECT_EQ(ProjectPackage::read(lines.package()), lines.project()) << line;
+    }
+}
+
 TEST(ProjectDocument, filesPutBackAsTheyWereAreNoChange) {
     Lines lines;
     ProjectPackage::write(lines.project(), lines.package(), nullptr);

@@ -75,6 +75,45 @@ TEST(StyleCommands, aPresetReplacesAndAnUnknownOneComesAlong) {
     EXPECT_TRUE(lines.project().captionStyle);
 }
 
+TEST(StyleCommands, aSavedPresetIsRenamedInLibraryAndProject) {
+    TwoCuts lines;
+    lines(R"(["savePreset",{"size":70},"Own"])");
+    lines(R"(["savePreset",{"size":80},"Other"])");
+    EXPECT_EQ(lines(R"(["renamePreset","own"," Mine "])"), stepped("Rename Caption Style"));
+    for (const auto& styles : {*lines.project().styles, Library::styles()}) {
+        ASSERT_EQ(styles.size(), 2u);
+        EXPECT_EQ(styles[0].name, "Mine");
+        EXPECT_EQ(styles[0].id, "own") << "what builds on it finds it";
+        EXPECT_EQ(styles[1].name, "Other");
+    }
+    const auto before = lines.project();
+    EXPECT_EQ(lines(R"(["removePreset","bold"])"), did("This style comes with Murbo and stays as it is"));
+    EXPECT_EQ(lines(R"(["renamePreset","bold","x"])"), did("This style comes with Murbo and stays as it is"));
+    EXPECT_EQ(lines(R"(["removePreset","nobody"])"), did("This style comes with Murbo and stays as it is"));
+    EXPECT_EQ(lines.project(), before);
+}
+
+TEST(StyleCommands, aPresetThatSomethingBuildsOnStaysInTheProject) {
+    const std::string kept = "Gone from the library. This project builds on it and keeps it";
+    for (const auto* user : {"video", "project", "preset", "nobody"}) {
+        TwoCuts lines;
+        lines(R"(["savePreset",{"size":70},"Own"])"); // the video uses it now
+        const std::string who = user;
+        if (who != "video") lines(R"(["pickCaptionPreset",null,false])");
+        if (who == "project") lines(R"(["pickCaptionPreset",{"id":"own"},true])");
+        if (who == "preset") {
+            lines(R"(["savePreset",{"base":"own"},"Second"])");
+            lines(R"(["pickCaptionPreset",null,false])");
+        }
+        const bool used = who != "nobody";
+        EXPECT_EQ(lines(R"(["removePreset","own"])"), used ? did(kept) : stepped("Remove Caption Style"))
+            << who;
+        const auto has = [](const auto& styles) { return !styles.empty() && styles[0].id == "own"; };
+        EXPECT_EQ(has(lines.project().styles), used) << who;
+        EXPECT_FALSE(has(Library::styles())) << who;
+    }
+}
+
 TEST(StyleCommands, aSavedPresetIsInLibraryProjectAndVideo) {
     TwoCuts lines;
     lines(R"(["setCaptionStyle",false,{"size":70}])");

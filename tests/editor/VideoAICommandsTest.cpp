@@ -1,4 +1,6 @@
 #include "app/editor/commands/VideoAICommands.h"
+#include "app/editor/commands/VideoCommands.h"
+#include "core/playbooks/Playbooks.h"
 #include "tests/editor/Asking.h"
 
 #include <gmock/gmock.h>
@@ -109,6 +111,41 @@ TEST(VideoAICommands, aLookFindsItsLinesWhereTheyAreNow) {
     });
     lines(R"(["lookByAI"])");
     EXPECT_EQ(lines.project().videos[0].look->captions.lines[0].line, meant);
+}
+
+TEST(VideoAICommands, aLookKeepsThePlaybooksItUses) {
+    WithVideo lines;
+    lines.model.answers(
+        json{{"big", {"C01.01"}}, {"overlays", {{{"playbook", "stock.hearts"}, {"at", "C01.01"}}}}});
+    lines(R"(["lookByAI"])");
+    ASSERT_EQ(lines.project().videos[0].look->overlays.size(), 1u);
+    const auto version = lines.project().videos[0].look->overlays[0].version;
+    EXPECT_TRUE(Playbooks::copy("stock.hearts", version, lines.package()));
+}
+
+TEST(VideoAICommands, anIdeaWithoutACutThatHoldsIsNone) {
+    Asking lines;
+    lines.model.answers(json{{"read", {"C01", "C02"}}});
+    lines.model.answers(json{{"ideas",
+                              {{{"title", "Gone"}, {"cuts", Asking::cutsOf({{"C02.01", "C02.01"}})}},
+                               {{"title", "Holds"}, {"cuts", Asking::cutsOf({{"C01.01", "C01.01"}})}}}}});
+    lines.meanwhile([&](Editor& editor) {
+        editor.change("Remove Clip",
+                      [](Project& project) { project.clips.edit().erase(project.clips.begin() + 1); });
+    });
+    EXPECT_EQ(lines(R"(["findIdeas"])"), did("1 idea. Left out: 1 cut whose clip is gone.", "Find Ideas"));
+    ASSERT_EQ(lines.project().ideas->size(), 1u);
+    EXPECT_EQ((*lines.project().ideas)[0].title, "Holds");
+}
+
+TEST(VideoAICommands, whoHasGoneOnToAnotherVideoStaysThere) {
+    WithVideo lines;
+    lines.model.answers(json{{"read", {"C01"}}});
+    lines.model.answers(json{{"title", "T"}, {"cuts", Asking::cutsOf({{"C01.01", "C01.01"}})}});
+    lines.meanwhile([](Editor& editor) { VideoCommands::create(editor, Video::Aspect::square, "Mine"); });
+    lines(R"(["cutToInstruction","x"])");
+    ASSERT_EQ(lines.project().videos.size(), 3u);
+    EXPECT_EQ(lines.editor().video()->title, "Mine");
 }
 
 TEST(VideoAICommands, cutsOfClipsThatAreGoneAreLeftOut) {

@@ -68,8 +68,10 @@ TEST(WordCorrection, goesThroughAllThatIsSaidInOneStep) {
     editor.openOnTimeline(editor.project().videos[0].id);
     editor.change("Break Caption", [&](Project& project) {
         CaptionLine broken{.line = line};
-        broken.pieces = std::vector<CaptionLine::Piece>{{.text = "one hart"}, {.text = "left"}};
-        project.videos.edit()[0].look.emplace().captions.lines.edit().push_back(broken);
+        broken.pieces = std::vector<CaptionLine::Piece>{{.text = "one"}, {.text = "hart left"}};
+        project.videos.edit().insert(project.videos->begin(), Video{.number = 9}); // one without a look
+        project.videos.edit()[1].look.emplace().captions.lines.edit() = {
+            CaptionLine{.line = UUID::make(), .big = true}, broken};
     });
     const auto before = editor.project();
     EXPECT_NE(lines(R"(["correctEverywhere","hart","heart"])").find("“heart” at 3 places"),
@@ -77,8 +79,8 @@ TEST(WordCorrection, goesThroughAllThatIsSaidInOneStep) {
     const auto& said = editor.project().transcripts.begin()->second.lines;
     EXPECT_EQ(said[0].text + "|" + said[1].text + "|" + said[2].text,
               "one heart left|Heart by heart|no hart here");
-    const auto& captions = editor.project().videos[0].look->captions;
-    EXPECT_EQ((*captions.line(line)->pieces)[0].text, "one heart") << "the caption stays broken";
+    const auto& captions = editor.project().videos[1].look->captions;
+    EXPECT_EQ((*captions.line(line)->pieces)[1].text, "heart left") << "the caption stays broken";
     editor.undo();
     EXPECT_EQ(editor.project(), before);
     lines(R"(["correctEverywhere","zebra","horse"])");

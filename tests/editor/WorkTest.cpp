@@ -10,10 +10,12 @@ TEST(Work, cancellingAllForgetsThoseInLine) {
         std::string ran;
         const Work::Body second = [&](Work&) -> QCoro::Task<> {
             ran += "second ";
+            EXPECT_FALSE(work.progress()) << "that of the one before";
             co_return;
         };
         const Work::Body first = [&](Work& own) -> QCoro::Task<> {
             ran += "first ";
+            own.setProgress(0.5);
             own.queue("Second", second);
             own.queue("Again", second);
             const auto leadingUp = own.untilAllCancelled();
@@ -23,6 +25,7 @@ TEST(Work, cancellingAllForgetsThoseInLine) {
             co_return;
         };
         work.run("First", first);
+        EXPECT_FALSE(work.label() || work.progress()) << "nothing of it stays";
         EXPECT_EQ(ran, cancelled ? "first " : "first second second ");
         EXPECT_FALSE(work.isRunning());
         EXPECT_EQ(Work::running(), 0);
