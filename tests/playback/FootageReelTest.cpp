@@ -36,6 +36,42 @@ TEST(FootageReel, givesThePictureThatIsOnWhateverTheOrder) {
     EXPECT_EQ(numbered::in(reel.at(99, none)), 149);
 }
 
+TEST(FootageReel, whateverIsAskedInWhateverOrderNoOtherPictureComes) {
+    MURBO_NEEDS_FFMPEG();
+    FootageReel reel(numbered::keyed());
+    std::mt19937 random(11);
+    int number = 0;
+    for (int count = 0; count < 500; ++count) {
+        // In steps for the most part, and now and then from before the start.
+        number = random() % 20 == 0   ? -1
+                 : random() % 12 == 0 ? static_cast<int>(random() % 150)
+                                      : std::clamp(number + static_cast<int>(random() % 31) - 15, -1, 149);
+        // At its very start as often as within, and the first of a keyframe's as often as any.
+        const int asked = std::max(random() % 3 == 0 ? number / 12 * 12 : number, 0);
+        const double time = number < 0          ? -0.5
+                            : random() % 2 == 0 ? during(asked)
+                                                : asked / double(numbered::rate);
+        switch (random() % 6) {
+            case 0:
+                reel.readBefore(time);
+                break;
+            case 1:
+                reel.thin();
+                break;
+            case 2:
+                if (const auto near = reel.nearest(time, 0.1))
+                    EXPECT_EQ(numbered::in(near->frame), std::lround(near->time * numbered::rate)) << count;
+                break;
+            default:
+                ASSERT_EQ(numbered::in(reel.at(time, none)), asked) << count;
+                EXPECT_TRUE(reel.holds(time) && reel.isNear(time)) << count;
+        }
+        if (reel.holds(time)) {
+            ASSERT_EQ(numbered::in(reel.atHand(time)), asked) << count;
+        }
+    }
+}
+
 TEST(FootageReel, keepsWhatItReadAndSaysSo) {
     FootageReel reel(numbered::movie("long.mp4"));
     EXPECT_FALSE(reel.holds(during(100)));
@@ -63,6 +99,10 @@ TEST(FootageReel, whatIsReadBeforeAPlaceCountsOnlyThere) {
     on.at(during(100), none);
     on.readBefore(during(95));
     for (const int number : {115, 128, 80, 95}) EXPECT_EQ(numbered::in(on.at(during(number), none)), number);
+    FootageReel full(numbered::movie("long.mp4"));
+    for (const int number : {100, 112}) full.at(during(number), none);
+    full.readBefore(during(94)); // with what is there more than is kept
+    for (const int number : {80, 110, 111}) EXPECT_EQ(numbered::in(full.at(during(number), none)), number);
 }
 
 TEST(FootageReel, atTheEndsItHoldsAllBeyond) {
@@ -70,6 +110,10 @@ TEST(FootageReel, atTheEndsItHoldsAllBeyond) {
     reel.at(-1, none);
     EXPECT_TRUE(reel.holds(-5));
     EXPECT_TRUE(reel.isNear(-5));
+    for (int number = 0; number < 60; ++number) reel.at(during(number), none);
+    EXPECT_FALSE(reel.holds(during(2)) || reel.holds(-5)) << "it has been let go";
+    EXPECT_EQ(numbered::in(reel.at(during(2), none)), 2);
+    EXPECT_TRUE(reel.nearest(-1, 0.1) && reel.holds(-1));
     reel.at(during(149) + 1, none);
     EXPECT_TRUE(reel.holds(500));
     EXPECT_TRUE(reel.isNear(500));

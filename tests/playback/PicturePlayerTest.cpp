@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <cmath>
+#include <thread>
 
 #include <gtest/gtest.h>
 
@@ -69,6 +70,38 @@ TEST(PicturePlayer, aStandingPictureIsTheStill) {
             [time = shown](const auto& each) { return each.exact && each.time == time; });
         ASSERT_TRUE(frame) << asked;
         EXPECT_TRUE(same(frame->picture, showing.still(asked))) << asked;
+        EXPECT_EQ(frame->number, static_cast<std::int64_t>(shown * rate + 0.01)) << asked;
+    }
+}
+
+TEST(PicturePlayer, aViewIsAsLargeAsAskedForWithinReason) {
+    Showing showing({{0, 0, 1}});
+    const auto size = [&](int width, int height) {
+        showing.recorder = std::make_shared<Recorder>();
+        showing.player.setSink(showing.recorder, width, height);
+        const auto frame = showing.recorder->exact();
+        return frame ? std::pair(frame->picture.width(), frame->picture.height()) : std::pair(0, 0);
+    };
+    EXPECT_EQ(size(64, 48), std::pair(64, 48));
+    EXPECT_EQ(size(9000, 16), std::pair(8192, 16));
+    EXPECT_EQ(size(16, 9000), std::pair(16, 8192));
+}
+
+TEST(PicturePlayer, aSeekOfARunShowsThePlaceItselfAndNothingBeforeItsTime) {
+    Showing showing({{0, 0, 2}, {1, 0, 2}});
+    for (const int speed : {1, 2, -1, -2}) {
+        showing.turnTo(0);
+        showing.player.stand(1);
+        ASSERT_TRUE(showing.recorder->next([](const auto& each) { return each.exact && each.number == 30; }));
+        showing.player.run(speed);
+        const auto before = showing.recorder->numbers().size();
+        showing.player.seek(3);
+        ASSERT_TRUE(showing.recorder->number(90)) << speed;
+        // The clock stands: who waits for a while finds none of those that come.
+        std::this_thread::sleep_for(std::chrono::milliseconds(60));
+        const auto numbers = showing.recorder->numbers();
+        for (auto at = before; at < numbers.size(); ++at)
+            EXPECT_TRUE(numbers[at] == 90 || numbers[at] == 30) << speed << ": " << numbers[at];
     }
 }
 

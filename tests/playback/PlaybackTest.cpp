@@ -1,8 +1,12 @@
 #include "app/editor/playback/Playback.h"
 #include "platform/store/SettingsStore.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/playback/Recorder.h"
 
+#include <QCoreApplication>
+#include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 
 #include <gtest/gtest.h>
@@ -73,6 +77,101 @@ TEST(Playback, standsInWhatIsAboutToCome) {
     playback.pause();
     playback.load(item({5}), 0);
     EXPECT_EQ(playback.rate(), 0) << "unless it was stopped meanwhile";
+}
+
+TEST(Playback, whatPlaysGoesOnOverAllThatComes) {
+    Played played;
+    auto& playback = played.playback;
+    playback.shuttle(true);
+    playback.shuttle(true);
+    playback.await({20, 30}, 20);
+    playback.await({0, 4}, 1); // another before the first has come
+    EXPECT_EQ(playback.span(), (Stretch{0, 4}));
+    playback.load(item({4}), 1);
+    EXPECT_EQ(playback.rate(), 2);
+    playback.skim(3);
+    playback.load(item({6}), 2); // a skim ends with its item
+    EXPECT_FALSE(playback.skimmed());
+    playback.endScrub();
+    EXPECT_EQ(playback.time(), 2);
+    EXPECT_EQ(playback.rate(), 0);
+    playback.await({5, 3}, 4);
+    EXPECT_EQ(playback.span(), (Stretch{5, 5}));
+}
+
+TEST(Playback, eachPropertyNotifiesOfItsOwnChangesAlone) {
+    Played played;
+    auto& playback = played.playback;
+    std::string said;
+    const auto note = [&](auto signal, const char* letter) {
+        QObject::connect(&playback, signal, [&said, letter] { said += letter; });
+    };
+    note(&Playback::timeChanged, "t");
+    note(&Playback::rateChanged, "r");
+    note(&Playback::spanChanged, "s");
+    note(&Playback::frameRateChanged, "f");
+    note(&Playback::frameSizeChanged, "z");
+    note(&Playback::sourceChanged, "c");
+    const auto after = [&](const std::function<void()>& doing) {
+        said.clear();
+        doing();
+        std::ranges::sort(said);
+        return said;
+    };
+    const auto source = UUID::make();
+    auto quick = item({10});
+    quick.composition.rate = 50;
+    auto plan = *quick.composition.box->plan();
+    plan.frame = {64, 48};
+    EXPECT_EQ(after([&] { playback.seek(4); }), "t");
+    EXPECT_EQ(after([&] { playback.seek(4); }), "");
+    EXPECT_EQ(after([&] { playback.setSource(source); }), "c");
+    EXPECT_EQ(playback.sourceText().toStdString(), source.text());
+    EXPECT_EQ(after([&] { playback.setSpan({1, 9}); }), "s");
+    EXPECT_EQ(after([&] { playback.setSpan({1, 9}); }), "");
+    EXPECT_EQ(after([&] { playback.load(quick, 4); }), "fs");
+    EXPECT_EQ(playback.frameRate(), 50);
+    EXPECT_EQ(after([&] { playback.refresh(plan); }), "z");
+    EXPECT_EQ(playback.frameSize(), QSize(64, 48));
+    EXPECT_EQ(after([&] { playback.playPause(); }), "r");
+    EXPECT_EQ(after([&] { playback.skim(6); }), "r");
+    EXPECT_EQ(after([&] { playback.endScrub(); }), "r");
+    EXPECT_EQ(after([&] { playback.pause(); }), "r");
+    EXPECT_EQ(after([&] { playback.await({0, 10}, 4); }), "cfsstt") << "the size stays until another comes";
+    EXPECT_EQ(after([&] { playback.unload(); }), "stz");
+    EXPECT_EQ(playback.sourceText(), QString());
+}
+
+TEST(Playback, endsByItsOwnTicksOnceTheLastFrameIsOn) {
+    Played played;
+    auto& playback = played.playback;
+    auto quick = item({10});
+    quick.composition.rate = 60; // a frame is shorter than the time before the end at which play stops
+    playback.load(std::move(quick), 9);
+    playback.playPause();
+    const auto turn = [&](double to, const std::function<bool()>& until) {
+        played.now = to - 9;
+        while (!until()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    };
+    turn(9.5, [&] { return playback.time() > 9; });
+    EXPECT_EQ(playback.time(), 9.5);
+    turn(9.983, [&] { return playback.time() > 9.5; });
+    EXPECT_EQ(playback.rate(), 1) << "the last frame has not begun";
+    EXPECT_LT(playback.time(), 9.98);
+    turn(9.984, [&] { return playback.rate() == 0; });
+    EXPECT_NEAR(playback.time(), 9.984, 1e-9);
+}
+
+TEST(Playback, aSeekAfterASkimBringsThePictureBack) {
+    Played played;
+    const auto recorder = std::make_shared<Recorder>();
+    played.playback.setSink(recorder, 16, 16);
+    played.playback.seek(2);
+    ASSERT_TRUE(recorder->number(60));
+    played.playback.skim(5);
+    ASSERT_TRUE(recorder->number(150));
+    played.playback.seek(2); // where its time stood all along
+    EXPECT_TRUE(recorder->number(60));
 }
 
 TEST(Playback, seeksStayWithinTheSpan) {
@@ -187,6 +286,18 @@ TEST(Playback, aScrubThatSeeksPlaysOnFromThere) {
     playback.step(-0.5);
     EXPECT_EQ(playback.rate(), 0);
     EXPECT_EQ(playback.time(), 5.5);
+    for (const bool stops : {true, false}) { // a command within a scrub is the last word
+        playback.playPause();
+        playback.skim(3);
+        stops ? playback.pause() : playback.step(0.5);
+        playback.endScrub();
+        EXPECT_EQ(playback.rate(), 0) << stops;
+    }
+    EXPECT_EQ(playback.time(), 6);
+    playback.seek(9.995);
+    playback.setSpan({2, 2.005}); // shorter than a picture
+    playback.seek(2.5);
+    EXPECT_EQ(playback.time(), 2);
 }
 
 TEST(Playback, aTimeThatIsNoneCountsAsTheStart) {

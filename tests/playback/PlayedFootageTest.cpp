@@ -54,6 +54,25 @@ TEST_F(PlayedFootageTest, everyFrameBackward) {
     for (auto frame = composition->frameCount() - 1; frame >= 0; --frame) {
         const auto shown = footage.backward(composition->moment(frame), -1, none, [] { return false; });
         ASSERT_EQ(numbered::in(shown.image), expected(frame)) << frame;
+        EXPECT_NE(shown.exact, shown.image.has_value()) << "soft, but for black";
+    }
+}
+
+TEST_F(PlayedFootageTest, threeFilesInAnyOrder) {
+    project.sources.edit()[2].path = numbered::movie("third.mp4", 140);
+    video = samples::video(project, {{0, 1, 1.5}, {1, 2, 2.5}, {2, 3, 3.5}, {1, 0, 0.5}, {0, 4, 4.5}});
+    composition = std::make_shared<const VideoComposition>(
+        PlayerItem::video(video, project, {}, "", std::nullopt).composition);
+    footage.turnTo(composition);
+    for (int step = 0; step < 60; ++step) {
+        const auto moment = composition->moment(step * 29 % 75);
+        const auto shown = footage.at(moment, step % 3 == 0 ? 1 : 0, none);
+        ASSERT_EQ(numbered::in(shown.image), expected(step * 29 % 75)) << step;
+        EXPECT_EQ(shown.source, composition->segments[moment.segment].source);
+        if (step % 4 == 1) footage.readAround(moment);
+        if (step % 7 == 2) footage.nearest(composition->moment(step * 31 % 75));
+        if (step % 9 == 5)
+            footage.backward(composition->moment(step * 23 % 75), -1, none, [] { return true; });
     }
 }
 
@@ -103,6 +122,12 @@ TEST_F(PlayedFootageTest, anotherCompositionAndAReplacedFileAreTakenUp) {
                                std::filesystem::copy_options::overwrite_existing);
     turn();
     EXPECT_EQ(numbered::in(footage.at(composition->moment(28), 0, none).image), 37);
+    // Also where another file has been shown since.
+    EXPECT_EQ(footage.at(composition->moment(80), 0, none).source, project.sources[1].id);
+    std::filesystem::remove(file);
+    std::filesystem::copy_file(numbered::movie("short.mp4", 20), file);
+    turn();
+    EXPECT_EQ(numbered::in(footage.at(composition->moment(28), 0, none).image), 19);
 }
 
 }

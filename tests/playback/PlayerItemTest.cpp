@@ -13,7 +13,8 @@ Project oneSource(const std::filesystem::path& file, double length) {
 }
 
 TEST(PlayerItem, footageIsShownWholeInItsOwnSize) {
-    const auto project = oneSource(numbered::movie("short.mp4", 20), 0.6);
+    auto project = oneSource(numbered::movie("short.mp4", 20), 0.6);
+    project.sources.edit()[0].framing = Framing{.content = {0.2, 0.2, 0.5, 0.5}};
     const auto item = PlayerItem::footage(project.sources[0]);
     EXPECT_EQ(item.composition.length(), 0.6);
     EXPECT_EQ(item.composition.box->plan()->frame, (Size{640, 360}));

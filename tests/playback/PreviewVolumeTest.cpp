@@ -28,6 +28,22 @@ TEST(PreviewVolume, isKeptAndNotifiesOfChangesAlone) {
     EXPECT_EQ(volume.level(), 1);
 }
 
+TEST(PreviewVolume, whatIsStoredIsBroughtWithinItsRange) {
+    const TemporaryFolder folder;
+    SettingsStore settings(folder / "settings.json");
+    for (const auto& [stored, level] : {std::pair{3.0, 1.0}, {-1.0, 0.0}, {0.25, 0.25}}) {
+        settings.set("previewVolume", stored);
+        EXPECT_EQ(PreviewVolume(settings).volume(), level) << stored;
+    }
+    PreviewVolume volume(settings);
+    volume.setLevel(7);
+    EXPECT_EQ(settings.number("previewVolume"), 1) << "what is kept is what is heard";
+    volume.setMuted(true);
+    volume.setMuted(false);
+    EXPECT_EQ(volume.volume(), 1);
+    EXPECT_FALSE(PreviewVolume(settings).muted());
+}
+
 TEST(PreviewVolume, holdsForTheSessionWhereItCannotBeKept) {
     const TemporaryFolder folder;
     const auto blocked = folder.file("blocked");

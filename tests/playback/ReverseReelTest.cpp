@@ -48,6 +48,20 @@ TEST(ReverseReel, whatWouldComeTooLateIsLeftForWhatIsAskedFor) {
     EXPECT_EQ(numbered::in(reel.at(during(60))), 60);
 }
 
+TEST(ReverseReel, theFirstAndTheLastPictureAndOneAskedForAHairEarlyCome) {
+    const double step = 1.0 / numbered::rate;
+    ReverseReel reel(numbered::movie("long.mp4"), 1, 60 * step, step);
+    reel.wait(60 * step, [] { return false; });
+    for (const double number : {60.0, 58.9, 57.6, 57.1, 55.0}) {
+        const auto picture = reel.at(number * step);
+        EXPECT_EQ(numbered::in(picture), std::round(number)) << number;
+    }
+    // A stretch of 160 pictures that begins within a step of the first.
+    const auto file = numbered::movie("longer.mp4", 200);
+    ReverseReel far(file, 1.01, 1.04 + 160 * step, step);
+    for (int number = 190; number >= 30; number -= 2) ASSERT_EQ(shown(far, number), number);
+}
+
 TEST(ReverseReel, aPictureIsAsLargeAsTheFilesOwn) {
     ReverseReel reel(numbered::movie("long.mp4"), 0, during(10), 1.0 / numbered::rate);
     reel.wait(during(10), [] { return false; });

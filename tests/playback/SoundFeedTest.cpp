@@ -71,6 +71,42 @@ TEST(SoundFeed, beginsByAFadeOfTenMilliseconds) {
     EXPECT_NEAR(sound[2 * 240], 0.5 * (2 * second + 240) / (4 * second), 1e-3);
     EXPECT_EQ(sound[2 * 240], sound[2 * 240 + 1]) << "both sides";
     EXPECT_NEAR(frameIn(read(feed, 10)[0]), 2 * second + 480, 2);
+    feed.start(1, 1);
+    EXPECT_EQ(read(feed, 480)[0], 0) << "each start does";
+}
+
+TEST(SoundFeed, aLevelIsReachedInTenMillisecondsWhateverTheBlocks) {
+    const NumberedSound ramp;
+    for (const int block : {48, 100, 240, 480, 700}) {
+        SoundFeed feed(ramp.tracks(), 3);
+        feed.start(2, 1);
+        read(feed, 9600);
+        feed.setVolume(0);
+        std::vector<float> fading;
+        while (fading.size() < 2 * 4800) {
+            const auto next = read(feed, block);
+            fading.insert(fading.end(), next.begin(), next.end());
+        }
+        EXPECT_GT(fading[2 * 20], 0.3F) << block << ": not at once";
+        EXPECT_LT(waves::largestStep(fading), 0.01F) << block;
+        EXPECT_NEAR(fading.back(), 0, 1e-3) << block;
+    }
+}
+
+TEST(SoundFeed, anotherMixIsTakenAtEachRateAndLeavesNothingBehind) {
+    const NumberedSound ramp;
+    for (const double rate : {1.0, 2.0, -1.0}) {
+        SoundFeed feed(ramp.tracks(), 3);
+        feed.start(1.5, rate);
+        read(feed, 4800);
+        feed.replace(ramp.tracks(0.5));
+        const auto after = read(feed, 4800);
+        EXPECT_NEAR(frameIn(after[2 * 4000]), 0.5 * (1.5 * second + rate * 8800), 2) << rate;
+        feed.replace(ramp.tracks(0.25));
+        feed.start(2, rate); // the mix before was never heard here
+        const auto anew = read(feed, 960);
+        EXPECT_NEAR(frameIn(anew[2 * 240]), 0.5 * 0.25 * 2 * second, 400) << rate;
+    }
 }
 
 TEST(SoundFeed, aFadeInSmallStepsNeverGoesTooFar) {
