@@ -5,7 +5,6 @@
 #include "platform/base/Problem.h"
 #include "tests/TemporaryFolder.h"
 
-#include <ctime>
 #include <fstream>
 
 #include <fmt/format.h>
@@ -104,7 +103,7 @@ TEST(OwnFiles, nothingThatAVideoIsMadeOfIsWrittenOver) {
         EXPECT_FALSE(refuses(own, folder / name)) << name;
 }
 
-TEST(OwnFiles, aHostileProjectIsLookedThroughInBoundedTime) {
+TEST(OwnFiles, aHostileProjectIsLookedThroughInSoManySteps) {
     Owned owned;
     owned.folder.file("own.mp4");
     std::string layers = fmt::format(R"({{"image": "{}"}})", (owned.folder / "own.mp4").string());
@@ -112,12 +111,10 @@ TEST(OwnFiles, aHostileProjectIsLookedThroughInBoundedTime) {
     owned.pin("large", R"({"name": "Large", "params": {"a": {"type": "text", "value": "/x"},
         "b": {"type": "text"}}, "layers": [)" +
                            layers + "]}");
-    for (int each = 0; each < 5000; ++each)
+    for (int each = 0; each < 20'000; ++each) // with each layer's name this would not end
         owned.overlay("large").values = Values{{"b", std::to_string(each)}};
     const Plan plan = Plan::video(owned.video, owned.project, "", owned.folder / "a.mbproj");
-    const std::clock_t start = std::clock();
     const OwnFiles own(owned.project, owned.video, plan);
-    EXPECT_LT(double(std::clock() - start) / CLOCKS_PER_SEC, 2);
     EXPECT_TRUE(refuses(own, owned.folder / "own.mp4"));
 }
 

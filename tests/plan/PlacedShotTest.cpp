@@ -1,8 +1,6 @@
 #include "core/render/plan/PlacedShot.h"
 #include "tests/plan/Made.h"
 
-#include <ctime>
-
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
@@ -101,6 +99,12 @@ TEST(PlacedShot, aShakeJoltsTwentyFourTimesASecondAndDiesAway) {
     EXPECT_EQ(placed.moved(10.81).focus, 0.3);
 }
 
+TEST(PlacedShot, aVideoOfNoLengthHasItsImplicitShotAlone) {
+    const auto placed = PlacedShot::place({{Made::shot(one, 1)}}, {{Made::cut(one, 1, 1)}});
+    ASSERT_EQ(placed.size(), 1u);
+    EXPECT_TRUE(placed[0].implicit);
+}
+
 TEST(PlacedShot, aFileThatAsksForMillionsOfShotsGetsABoundedPlan) {
     const std::vector<Cut> cuts(4000, Made::cut(one, 0, 1));
     const std::vector<Shot> shots(4000, Made::shot(one, 0.5));
@@ -110,15 +114,14 @@ TEST(PlacedShot, aFileThatAsksForMillionsOfShotsGetsABoundedPlan) {
 TEST(PlacedShot, manyShotsThatNoCutShowsAreNoWork) {
     std::vector<Cut> cuts;
     std::vector<Shot> shots;
-    for (int each = 0; each < 50'000; ++each) {
+    constexpr int many = 300'000; // each held against each, this would not end
+    for (int each = 0; each < many; ++each) {
         cuts.push_back(Made::cut(one, each, each + 0.5));
-        shots.push_back(Made::shot(one, 49'999 - each + 0.7));
+        shots.push_back(Made::shot(one, many - 1 - each + 0.7));
     }
     shots.push_back(Made::shot(one, 20.25));
     shots.push_back(Made::shot(one, 20));
-    const std::clock_t start = std::clock();
     const auto placed = PlacedShot::place(shots, cuts);
-    EXPECT_LT(double(std::clock() - start) / CLOCKS_PER_SEC, 1);
     ASSERT_EQ(placed.size(), 3u);
     EXPECT_EQ(placed[1].start, 10);
     EXPECT_EQ(placed[2].start, 10.25);

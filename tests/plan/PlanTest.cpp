@@ -2,7 +2,6 @@
 #include "tests/plan/Made.h"
 
 #include <cmath>
-#include <ctime>
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
@@ -67,25 +66,13 @@ TEST(Plan, findsWhatIsOnAtATime) {
 }
 
 TEST(Plan, passesOverTheHoursThatAVideoDoesNotShow) {
+    constexpr int many = 200'000; // every line looked at for every cut, this would not end
     std::vector<Line> lines;
-    for (int each = 0; each < 20000; ++each) lines.push_back(line(each * 2, each * 2 + 1.9, "word"));
-    const auto spoken = [&](int cuts) {
-        Spoken made(lines, {});
-        for (int each = 0; each < cuts; ++each)
-            made.video.cuts.edit().push_back(Made::cut(made.source, each * 700, each * 700 + 6));
-        return made;
-    };
-    const auto seconds = [](const Spoken& made) {
-        std::clock_t best = CLOCKS_PER_SEC;
-        for (int run = 0; run < 9; ++run) {
-            const std::clock_t start = std::clock();
-            EXPECT_EQ(plan(made).cues.size(), made.video.cuts.size() * 3);
-            best = std::min(best, std::clock() - start);
-        }
-        return double(best) / CLOCKS_PER_SEC;
-    };
-    const double one = seconds(spoken(1));
-    const double fifty = seconds(spoken(50));
-    RecordProperty("milliseconds", std::to_string(fifty * 1000));
-    EXPECT_LT(fifty, 8 * one) << "every line looked at for every cut";
+    for (int each = 0; each < many; ++each) lines.push_back(line(each * 2, each * 2 + 1.9, "word"));
+    Spoken made(lines, {});
+    for (int each = 0; each < many; ++each) // nearly all in pauses
+        made.video.cuts.edit().push_back(Made::cut(made.source, each * 2 + 1.92, each * 2 + 1.98));
+    for (int each = 0; each < 50; ++each)
+        made.video.cuts.edit().push_back(Made::cut(made.source, each * 700, each * 700 + 6));
+    EXPECT_EQ(plan(made).cues.size(), 50U * 3);
 }

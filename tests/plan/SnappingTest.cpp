@@ -35,6 +35,28 @@ TEST(Snapping, catchesOnEverythingButItself) {
     video.look.emplace().shots = std::vector{shot};
     EXPECT_EQ(all({}), (std::vector<double>{0, 2, 3, 4, 5}));
     EXPECT_EQ(all(shot.id), (std::vector<double>{0, 2, 3, 5})) << "nor on where the one before it ends";
+    video.look = Look();
+    const Overlay overlay{.source = source, .at = 10.25, .length = 0.5};
+    const SoundCue sound{.source = source, .at = 11}, song{.source = source, .at = 21, .length = 0.5};
+    video.look->overlays = std::vector{overlay, Overlay{.source = source, .at = 15, .length = 1}};
+    video.look->sounds = std::vector{sound};
+    video.look->music = std::vector{song};
+    EXPECT_EQ(all({}), (std::vector<double>{0, 0.25, 0.75, 1, 2, 3, 3.5, 5}));
+    EXPECT_EQ(all(overlay.id), (std::vector<double>{0, 1, 2, 3, 3.5, 5}));
+    EXPECT_EQ(all(sound.id), (std::vector<double>{0, 0.25, 0.75, 2, 3, 3.5, 5}));
+    EXPECT_EQ(all(song.id), (std::vector<double>{0, 0.25, 0.75, 1, 2, 3, 5})) << "the bookmark stays";
+}
+
+TEST(Snapping, catchesOnLinesThatAreThereAndOnBothEndsOfABookmark) {
+    Transcript transcript;
+    transcript.lines.edit() = {{.start = 1, .end = 2}, {.start = 3, .end = 4, .gone = true}};
+    EXPECT_EQ(Snapping::lineEdges(&transcript), (std::vector<double>{1, 2}));
+    EXPECT_TRUE(Snapping::lineEdges(nullptr).empty());
+    Video video;
+    const UUID source = UUID::make();
+    video.cuts = std::vector<Cut>{{.source = source, .start = 10, .end = 12}};
+    const std::vector<Bookmark> marks{{.source = source, .at = 9, .end = 11.5}};
+    EXPECT_EQ(Snapping::targets(video, marks, {}), (std::vector<double>{0, 2, 0, 1.5}));
 }
 
 }
