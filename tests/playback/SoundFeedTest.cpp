@@ -98,9 +98,13 @@ TEST(SoundFeed, anotherMixIsTakenAtEachRateAndLeavesNothingBehind) {
     for (const double rate : {1.0, 2.0, -1.0}) {
         SoundFeed feed(ramp.tracks(), 3);
         feed.start(1.5, rate);
-        read(feed, 4800);
+        auto sound = read(feed, 4800);
         feed.replace(ramp.tracks(0.5));
         const auto after = read(feed, 4800);
+        sound.insert(sound.end(), after.begin(), after.end());
+        const auto more = read(feed, rate < 0 ? 48000 : 4800); // beyond the block that is mixed at once
+        sound.insert(sound.end(), more.begin(), more.end());
+        EXPECT_LT(waves::largestStep(sound), 0.002F) << rate << ": one goes over into the other";
         EXPECT_NEAR(frameIn(after[2 * 4000]), 0.5 * (1.5 * second + rate * 8800), 2) << rate;
         feed.replace(ramp.tracks(0.25));
         feed.start(2, rate); // the mix before was never heard here

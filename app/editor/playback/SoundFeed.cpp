@@ -10,16 +10,18 @@ namespace {
 
 constexpr std::int64_t fadeFrames = 480;          // 10 ms
 constexpr std::int64_t blockFrames = Sound::rate; // backward, one take-up in a second
+constexpr std::int64_t spareFrames = 8;           // after a block
 
 std::int64_t framesOf(std::span<const float> samples) {
     return static_cast<std::int64_t>(samples.size() / Sound::channels);
 }
 
-/// From one sound to the other over the start of both.
-void crossFade(std::span<float> from, std::span<const float> to) {
+/// From one sound to the other over what is heard first of both: backward that is their end.
+void crossFade(std::span<float> from, std::span<const float> to, bool backward) {
     for (std::size_t at = 0; at < from.size(); ++at) {
         const auto frame = static_cast<std::int64_t>(at / Sound::channels);
-        const float share = std::min(1.0F, static_cast<float>(frame) / fadeFrames);
+        const auto heard = backward ? std::max<std::int64_t>(framesOf(from) - spareFrames - frame, 0) : frame;
+        const float share = std::min(1.0F, static_cast<float>(heard) / fadeFrames);
         from[at] += share * (to[at] - from[at]);
     }
 }
@@ -61,7 +63,7 @@ void SoundFeed::mixed(std::int64_t from, std::span<float> into) {
     leaving->read(from, into);
     std::vector<float> next(into.size());
     mixer.read(from, next);
-    crossFade(into, next);
+    crossFade(into, next, rate < 0);
     leaving.reset();
 }
 
@@ -85,10 +87,9 @@ void SoundFeed::sounding(std::span<float> into) {
 /// The mix from a frame on, a few frames at the least. It is mixed in blocks: taking it up anew costs more
 /// than a block.
 std::span<const float> SoundFeed::stretch(std::int64_t from) {
-    constexpr std::int64_t spare = 8;
-    const std::int64_t last = blockFrom + framesOf(block) - spare;
+    const std::int64_t last = blockFrom + framesOf(block) - spareFrames;
     if (block.empty() || from < blockFrom || from > last) {
-        block.resize(Sound::channels * (blockFrames + spare));
+        block.resize(Sound::channels * (blockFrames + spareFrames));
         blockFrom = rate > 0 ? from : from - blockFrames + 1;
         mixed(blockFrom, block);
     }
