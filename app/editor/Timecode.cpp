@@ -10,10 +10,15 @@ namespace murbo::Timecode {
 namespace {
 
 constexpr double longest = 3.2e11; // seconds
-constexpr double rounding = 0.001; // frames by which a time may fall short of its frame
+constexpr double rounding =
+    0.001; // frames or hundredths by which a time may fall short of its own: steps add up
 
 double sane(double time) {
     return time > 0 ? std::min(time, longest) : 0; // no number is 0 too
+}
+
+std::int64_t wholeHundredths(double time) {
+    return static_cast<std::int64_t>(std::floor(sane(time) * 100 + rounding));
 }
 
 }
@@ -28,13 +33,13 @@ std::string frames(double time, double rate) {
 }
 
 std::string clock(double time) {
-    const auto seconds = static_cast<std::int64_t>(std::floor(sane(time)));
+    const auto seconds = wholeHundredths(time) / 100;
     if (seconds < 3600) return fmt::format("{}:{:02}", seconds / 60, seconds % 60);
     return fmt::format("{}:{:02}:{:02}", seconds / 3600, seconds / 60 % 60, seconds % 60);
 }
 
 std::string fine(double time) {
-    const auto hundredths = static_cast<std::int64_t>(std::floor(sane(time) * 100));
+    const auto hundredths = wholeHundredths(time);
     return fmt::format("{}:{:02}.{:02}", hundredths / 6000, hundredths / 100 % 60, hundredths % 100);
 }
 

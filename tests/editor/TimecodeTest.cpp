@@ -19,6 +19,14 @@ TEST(Timecode, isShortOnAClock) {
         EXPECT_EQ(Timecode::clock(time), clock);
         EXPECT_EQ(Timecode::fine(time), fine);
     }
+    double time = 0;
+    for (int frame = 0; frame < 15; ++frame) time += 1.0 / 30;
+    ASSERT_LT(time, 0.5) << "steps that add up to a little less";
+    EXPECT_EQ(Timecode::fine(time), "0:00.50");
+    EXPECT_EQ(Timecode::clock(time + time), "0:01");
+    EXPECT_EQ(Timecode::fine(0.29), "0:00.29") << "0.29 is no number of a computer's";
+    EXPECT_EQ(Timecode::fine(0.4999), "0:00.49") << "what is not over is not over";
+    EXPECT_EQ(Timecode::clock(59.99), "0:59");
     for (const double unfit : {double(NAN), HUGE_VAL, -HUGE_VAL, 1e308})
         EXPECT_FALSE(Timecode::fine(unfit).empty());
 }
