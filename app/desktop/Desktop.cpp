@@ -66,6 +66,7 @@ void Desktop::registerTypes() {
         qmlRegisterAnonymousType<SidebarModel>("Murbo", 1);
         qmlRegisterAnonymousType<BrowserModel>("Murbo", 1);
         qmlRegisterAnonymousType<ExportQueue>("Murbo", 1);
+        qmlRegisterAnonymousType<MediaArrivals>("Murbo", 1);
         return true;
     }();
     static_cast<void>(once);

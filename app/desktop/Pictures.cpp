@@ -2,6 +2,7 @@
 
 #include "app/desktop/Desktop.h"
 #include "app/desktop/ProjectWindow.h"
+#include "app/desktop/viewer/FrameView.h"
 #include "app/editor/commands/TimelinePicks.h"
 #include "platform/base/Problem.h"
 #include "platform/base/RawText.h"
@@ -9,13 +10,16 @@
 #include <QCursor>
 #include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QQuickItem>
 #include <QQuickWindow>
+#include <algorithm>
 
 namespace murbo::Pictures {
 namespace {
 
-constexpr int maxWaiting = 20000; ///< ms for a view to come to rest
+constexpr int maxWaiting = 60000; ///< ms for a view to come to rest
 constexpr int still = 700;        ///< ms in which nothing more comes
+constexpr int imageLoading = 2;   ///< as the status of an Image counts
 
 /// Has something in the sheets for footage: that of the project.
 void handOver(const std::string& view, ProjectWindow& window) {
@@ -26,15 +30,25 @@ void handOver(const std::string& view, ProjectWindow& window) {
     if (view == "addStream") window.takeFootage(paths.mid(0, 1));
 }
 
-/// Lets the window draw until nothing has changed for a while.
-void settle(QQuickWindow& window, const Editor* editor) {
+/// Whether a picture in the item or in one that lies in it is yet to come.
+bool awaits(const QQuickItem& item) {
+    if (!item.isVisible()) return false;
+    if (const auto* frame = qobject_cast<const FrameView*>(&item); frame && frame->isWaiting()) return true;
+    if (item.inherits("QQuickImage") && item.property("status").toInt() == imageLoading) return true;
+    return std::ranges::any_of(item.childItems(), [](const auto* child) { return awaits(*child); });
+}
+
+/// Lets the window draw until nothing is awaited, and nothing has changed for a while.
+void settle(QQuickWindow& window, ProjectWindow* opened) {
     QElapsedTimer since;
     QElapsedTimer whole;
     since.start();
     whole.start();
     const auto link = QObject::connect(&window, &QQuickWindow::frameSwapped, [&] { since.restart(); });
-    while (whole.elapsed() < maxWaiting && (since.elapsed() < still || (editor && editor->isBusy())))
+    while (whole.elapsed() < maxWaiting && since.elapsed() < still) {
+        if ((opened && opened->awaitsPictures()) || awaits(*window.contentItem())) since.restart();
         QGuiApplication::processEvents(QEventLoop::AllEvents, 20);
+    }
     QObject::disconnect(link);
 }
 
@@ -78,8 +92,9 @@ void bringUp(const std::string& view, OpenProject& project) {
             editor, TimelinePicks::caught(editor, 0, 10, {TimelineRow::overlays, TimelineRow::sounds}));
     if (view == "captions") editor.setInspectorTab(InspectorTab::captions);
     if (view == "transcript") editor.setInspectorTab(InspectorTab::transcript);
-    for (const auto* sheet : {"export", "newVideo", "addFiles", "addStream", "history", "saveAs", "duplicate",
-                              "settings", "keys", "palette", "bringIn", "renamePreset"})
+    for (const auto* sheet :
+         {"export", "newVideo", "addFiles", "addStream", "history", "saveAs", "duplicate", "settings", "keys",
+          "palette", "bringIn", "renamePreset", "renameClip", "renameVideo", "findMissing"})
         if (view == sheet) project.setSheet(QString::fromUtf8(sheet));
     if (const auto page = fromRawText<Collection>(view)) editor.setSidebar({*page, {}});
 }
@@ -120,11 +135,11 @@ void take(const WindowPicture& order, const std::vector<std::filesystem::path>& 
         window = &opened->window();
     }
     window->resize(order.size);
-    settle(*window, project ? &project->editor() : nullptr);
+    settle(*window, opened);
     if (project) {
         bringUp(order.view, *project);
         handOver(order.view, *opened);
-        settle(*window, &project->editor());
+        settle(*window, opened);
     }
     const auto name = QString("%1-%2x%3.png")
                           .arg(QString::fromStdString(order.view))

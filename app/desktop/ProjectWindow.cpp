@@ -3,8 +3,6 @@
 #include "app/desktop/KeyRouter.h"
 #include "app/desktop/exports/ExportWatch.h"
 #include "app/desktop/footage/DroppedFiles.h"
-#include "app/editor/commands/OverlayCommands.h"
-#include "app/editor/commands/SoundCommands.h"
 #include "app/editor/playback/PreviewVolume.h"
 #include "platform/base/Problem.h"
 
@@ -19,13 +17,14 @@ namespace murbo {
 ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_ptr<ProjectDocument> document,
                              const SoundPlayer::MakeOutput& sound)
     : open(std::move(document)),
+      arrivals(open.editor()),
       exportSheet(open.editor(), *open.exports()),
       inspectorPanel(open.editor()),
       historySheet(open.editor()),
       copySheet(open.editor()),
       footageSheet(open.editor()),
       streamSheet(open.editor()),
-      library(open.editor(), sound),
+      library(open.editor(), arrivals, sound),
       closing(open),
       transcript(open.editor()),
       captions(open.editor()),
@@ -39,6 +38,7 @@ ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_p
     context->setContextProperty("desktop", &desktop);
     context->setContextProperty("project", &open);
     context->setContextProperty("exportSheet", &exportSheet);
+    context->setContextProperty("mediaArrivals", &arrivals);
     context->setContextProperty("deliveryCheck", &deliveryCheck);
     context->setContextProperty("inspection", &inspection);
     context->setContextProperty("inspectorPictures", &inspectorPictures);
@@ -83,6 +83,7 @@ ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_p
 
 ProjectWindow::~ProjectWindow() {
     view.reset(); // the views go before what they look at
+    arrivals.finish();
     open.close();
 }
 
@@ -90,6 +91,13 @@ void ProjectWindow::raise() {
     view->show();
     view->raise();
     view->requestActivate();
+}
+
+bool ProjectWindow::awaitsPictures() {
+    const auto& editor = open.editor();
+    auto* pictures = qobject_cast<FootagePictures*>(open.footage());
+    return editor.isBusy() || pictures->isBusy() || inspectorPictures.isBusy() || captions.isBusy() ||
+           library.isBusy() || deliveryCheck.isBusy() || footageSheet.reading();
 }
 
 bool ProjectWindow::eventFilter(QObject*, QEvent* event) {
@@ -109,9 +117,11 @@ void ProjectWindow::takeFootage(const QStringList& given) {
     // With a sheet open all is for that sheet: it says of what it can't take why.
     if (open.sheet() != "addFiles" && open.sheet() != "addStream") {
         const auto files = DroppedFiles::sorted(given);
-        for (const auto& file : files.pictures) OverlayCommands::addMedia(open.editor(), file.toStdString());
+        std::vector<ArrivingFile> arriving;
+        for (const auto& file : files.pictures) arriving.push_back({.file = file.toStdString()});
         for (const auto& file : files.sounds)
-            SoundCommands::addSound(open.editor(), file.toStdString(), "", false, std::nullopt);
+            arriving.push_back({.file = file.toStdString(), .kind = ArrivingFile::ArrivalKind::sound});
+        arrivals.take(std::move(arriving));
         if (!files.playbooks.isEmpty()) library.bringIn(files.playbooks);
         paths = files.footage;
     }

@@ -18,6 +18,7 @@
 #include "app/desktop/inspector/InspectorPictures.h"
 #include "app/desktop/libraries/LibraryModel.h"
 #include "app/desktop/models/FolderModel.h"
+#include "app/desktop/models/MediaArrivals.h"
 #include "app/desktop/settings/SettingsSheet.h"
 #include "app/desktop/timeline/TimelineAppearance.h"
 #include "app/desktop/transcript/TranscriptPage.h"
@@ -49,9 +50,12 @@ public:
     TranscriptPage& transcriptPage() { return transcript; }
     Inspection& inspected() { return inspection; }
     FootageSheet& footage() { return footageSheet; }
+    MediaArrivals& arriving() { return arrivals; }
     CaptionsPage& captionsPage() { return captions; }
     QQuickWindow& window() { return *view; }
     void raise();
+    /// Whether something that its views show is still being drawn or listened to.
+    bool awaitsPictures();
 
     /// Takes files that were handed over: footage into the sheet that is open for it, else into the one that
     /// it is for; pictures and sounds into the video, at the playhead.
@@ -69,6 +73,7 @@ protected:
 
 private:
     OpenProject open;
+    MediaArrivals arrivals;
     ExportSheet exportSheet;
     InspectorPanel inspectorPanel;
     HistorySheet historySheet;

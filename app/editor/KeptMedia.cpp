@@ -43,12 +43,19 @@ std::optional<std::string> KeptMedia::keep(const fs::path& file, const std::stri
     if (!package) return file.string();
     try {
         if (!fs::is_regular_file(file)) return {};
-        const auto place = nameFor(file, *package / "media" / folder);
+        const auto home = *package / "media" / folder;
+        std::error_code none;
+        const bool there = fs::equivalent(file.parent_path(), home, none);
+        const auto place = there ? home / file.filename() : nameFor(file, home);
         if (!fs::exists(place)) Files::copy(file, place);
         return "media/" + folder + "/" + place.filename().string();
     } catch (const std::exception&) {
         return {};
     }
+}
+
+std::string KeptMedia::failure(const fs::path& file) {
+    return Text::repaired(file.filename().string()) + " could not be copied into the project";
 }
 
 }

@@ -25,6 +25,7 @@ TEST(DroppedFiles, aPictureAndASoundComeIntoTheVideoAtThePlayhead) {
     shown.opened->takeFootage(
         {QString::fromStdString(picture.string()), QString::fromStdString(sound.string())});
     EXPECT_EQ(shown.project().sheet(), "");
+    shown.opened->arriving().finish();
     ASSERT_EQ(shown.look().overlays.size(), 1U);
     ASSERT_EQ(shown.look().sounds.size(), 1U);
     EXPECT_NEAR(shown.look().overlays[0].at, 1, 0.05);

@@ -26,7 +26,7 @@ TEST(LibraryModel, everyKindComesIntoTheVideoAndOutAgain) {
     WindowOfLibrary shown;
     ASSERT_TRUE(shown.opened);
     const auto start = shown.onDisk();
-    LibraryModel model(shown.editor(), {});
+    LibraryModel model(shown.editor(), shown.opened->arriving(), {});
     ASSERT_TRUE(shown.turn(model, Collection::layouts));
     ASSERT_GT(model.rowCount(), 0);
     EXPECT_TRUE(model.add(0));
@@ -51,7 +51,7 @@ TEST(LibraryModel, soundsAreListedByFolderAndHeard) {
     MURBO_NEEDS_FFMPEG();
     WindowOfLibrary shown;
     ASSERT_TRUE(shown.opened);
-    LibraryModel model(shown.editor(), {});
+    LibraryModel model(shown.editor(), shown.opened->arriving(), {});
     ASSERT_TRUE(shown.turn(model, Collection::sounds));
     EXPECT_EQ(model.emptyWords(), "No sounds yet: put sound files, or folders of them, into");
     EXPECT_TRUE(model.folder().endsWith("library/Sounds"));
@@ -78,6 +78,7 @@ TEST(LibraryModel, soundsAreListedByFolderAndHeard) {
     EXPECT_EQ(model.playing(), "") << "gives way to the viewers";
     shown.editor().playback.pause();
     EXPECT_TRUE(model.add(boom));
+    shown.opened->arriving().finish();
     ASSERT_EQ(shown.look().sounds.size(), 1U);
     EXPECT_EQ(shown.look().sounds[0].from, "Booms");
     EXPECT_TRUE(std::filesystem::exists(shown.package() / "media"));

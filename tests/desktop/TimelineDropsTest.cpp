@@ -38,13 +38,19 @@ TEST(TimelineDrops, filesGoByWhatTheyAre) {
     const auto picture = make("map.png");
     const auto movie = make("more.mp4");
     const auto words = make("list.txt");
-    EXPECT_EQ(TimelineDrops::files(video.editor, {song, picture, movie, words}, 5, TimelineRow::music),
-              (std::vector{movie, words}));
+    MediaArrivals arrivals(video.editor);
+    const auto drop = [&](const std::vector<std::filesystem::path>& files, TimelineRow row) {
+        auto dropped = TimelineDrops::files(video.editor, files, 5, row);
+        arrivals.take(dropped.arriving);
+        arrivals.finish();
+        return dropped.left;
+    };
+    EXPECT_EQ(drop({song, picture, movie, words}, TimelineRow::music), (std::vector{movie, words}));
     const auto& look = *video.editor.video()->look;
     EXPECT_EQ(look.music.size(), 1);
     EXPECT_EQ(look.sounds.size(), 1) << "the one that was there";
     EXPECT_EQ(look.overlays.size(), 1);
-    EXPECT_EQ(TimelineDrops::files(video.editor, {movie}, 5, TimelineRow::overlays).size(), 0);
+    EXPECT_EQ(drop({movie}, TimelineRow::overlays).size(), 0);
     EXPECT_EQ(video.editor.video()->look->overlays.size(), 2);
     for (int step = 0; step < 3; ++step) video.editor.undo();
     EXPECT_EQ(video.editor.project(), before);

@@ -38,6 +38,7 @@ public:
     /// Whether anybody looks: only then are pictures drawn.
     void setWatched(bool on);
     const PresetPictures& pictures() const { return drawn; }
+    bool isBusy() const { return drawing.isActive() || drawn.isBusy(); }
 
     /// A finished change of a field; one of a slider that becomes a step once it is still; and back to what
     /// the preset says.

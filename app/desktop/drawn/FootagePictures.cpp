@@ -78,6 +78,20 @@ std::optional<Bitmap> FootagePictures::ofFile(const std::filesystem::path& file)
     return {};
 }
 
+const Loudness* FootagePictures::loudness(const UUID& source) {
+    const auto* known = levels(source);
+    if (known)
+        listened.erase(source);
+    else
+        listened.insert(source);
+    return known;
+}
+
+bool FootagePictures::isBusy() {
+    std::erase_if(listened, [this](const UUID& source) { return levels(source) != nullptr; });
+    return !listened.empty() || !pool.waitForDone(0);
+}
+
 const Loudness* FootagePictures::loudnessOf(const std::filesystem::path& file) {
     const auto kept = sounds.find(file);
     if (kept != sounds.end()) return kept->second.get();

@@ -36,9 +36,11 @@ public:
     /// The picture of a picture or video file that lies over the footage; nothing while it is being read.
     std::optional<Bitmap> ofFile(const std::filesystem::path& file);
     /// How loud a source is; null until it is known.
-    const Loudness* loudness(const UUID& source) { return levels(source); }
+    const Loudness* loudness(const UUID& source);
     /// How loud a file of sound is; null while it is being listened to.
     const Loudness* loudnessOf(const std::filesystem::path& file);
+    /// Whether something that was asked for is still being made.
+    bool isBusy();
     /// Wishes that nobody waits for any more.
     void forget();
 
@@ -56,6 +58,7 @@ private:
     QThreadPool pool;
     std::set<Wish> wished;
     std::set<Wish> failed;
+    std::set<UUID> listened; ///< sources of which nobody knows yet how loud they are
     std::map<std::filesystem::path, std::optional<Bitmap>> files;            ///< read, or being read
     std::map<std::filesystem::path, std::shared_ptr<const Loudness>> sounds; ///< null while listening
     int order = 0;

@@ -26,6 +26,7 @@ public:
 
     /// words, fixable.
     QVariantList findings() const;
+    bool isBusy() const { return busy; }
     QString state() const;   ///< "checking…", "2 to look at", "checked just now"
     QString allGood() const; ///< what was looked at and found good; empty while it is being looked at
 

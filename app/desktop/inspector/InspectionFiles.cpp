@@ -47,11 +47,11 @@ void Inspection::takeFile(const QString& id, const QString& path) {
         if (!sound || kept->length) kept->path = KeptMedia::keep(file, folder, package);
     };
     const auto name = Text::repaired(file.filename().string());
-    const auto then = [self = QPointer(this), kept, id, picks, name, sound, busy = editor.busy()] {
+    const auto then = [self = QPointer(this), kept, id, picks, name, file, sound, busy = editor.busy()] {
         if (!self) return;
         auto& session = self->editor;
         if (sound && !kept->length) return session.refuse(name + " can't be read");
-        if (!kept->path) return session.refuse(name + " could not be copied into the project");
+        if (!kept->path) return session.refuse(KeptMedia::failure(file));
         if (self->picked() != picks) return session.refuse("Something else was picked meanwhile");
         const auto place = RowMaker::said(*kept->path);
         if (sound)

@@ -33,6 +33,7 @@ public:
     QImage overlay() const { return overlayPicture; }
     QImage wave() const { return wavePicture; }
     double shape() const; ///< width by height of the video's frame
+    bool isBusy() { return soon.isActive() || !pool.waitForDone(0); }
     const std::vector<LayoutCard>& layoutCards() const { return cards.rows(); }
 
 signals:

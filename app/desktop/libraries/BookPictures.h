@@ -34,6 +34,7 @@ public:
 
     /// A picture of a playbook. Nothing while it is being drawn; `changed` comes then.
     std::optional<Bitmap> picture(const Book& book, int step);
+    bool isBusy() const { return !wished.empty(); }
     /// Looks at what the session shows now; pictures over other footage are dropped.
     void follow();
 

@@ -1,11 +1,11 @@
 #include "app/desktop/libraries/LibraryModel.h"
 
 #include "app/desktop/libraries/LibraryRows.h"
+#include "app/desktop/models/MediaArrivals.h"
 #include "app/desktop/services/FolderView.h"
 #include "app/editor/Editor.h"
 #include "app/editor/commands/CutCommands.h"
 #include "app/editor/commands/OverlayCommands.h"
-#include "app/editor/commands/SoundCommands.h"
 #include "core/model/VideoTime.h"
 #include "core/playbooks/Playbooks.h"
 #include "core/render/sound/SoundMix.h"
@@ -26,10 +26,15 @@ std::int64_t seamAt(const Video& video, double time) {
     return seam;
 }
 
+ArrivingFile::ArrivalKind kindOf(Collection page) {
+    return page == Collection::music ? ArrivingFile::ArrivalKind::song : ArrivingFile::ArrivalKind::sound;
 }
 
-LibraryModel::LibraryModel(Editor& session, SoundPlayer::MakeOutput output, QObject* parent)
-    : Rows(parent), editor(session), bookPictures(session), preview(std::move(output)) {
+}
+
+LibraryModel::LibraryModel(Editor& session, MediaArrivals& given, SoundPlayer::MakeOutput output,
+                           QObject* parent)
+    : Rows(parent), editor(session), arrivals(given), bookPictures(session), preview(std::move(output)) {
     connect(&editor, &Editor::sidebarChanged, this, &LibraryModel::turnPage);
     connect(&preview, &SoundPreview::changed, this, &LibraryModel::playingChanged);
     for (auto* viewer : {&editor.playback, &editor.source})
@@ -149,8 +154,7 @@ bool LibraryModel::put(int at, std::optional<double> time) {
     const auto row = rows()[static_cast<std::size_t>(at)];
     try {
         if (row.kind == LibraryRow::Kind::sound)
-            SoundCommands::addSound(editor, row.file, row.folder,
-                                    editor.sidebar().collection == Collection::music, time);
+            arrivals.take({{row.file, kindOf(editor.sidebar().collection), time, row.folder}});
         else if (row.book && row.book->playbook.layered() && time && editor.video())
             CutCommands::addGenerator(editor, *row.book, seamAt(*editor.video(), *time));
         else if (row.book && row.book->playbook.layered())

@@ -10,6 +10,8 @@
 
 namespace murbo {
 
+class MediaArrivals;
+
 /// The page of the library that the sidebar has picked: what it lists, how that looks and sounds, and how it
 /// comes into the video.
 class LibraryModel : public Rows<LibraryRow> {
@@ -23,7 +25,9 @@ class LibraryModel : public Rows<LibraryRow> {
     Q_PROPERTY(QObject* pictures READ pictures CONSTANT)
 
 public:
-    LibraryModel(Editor& editor, SoundPlayer::MakeOutput output, QObject* parent = nullptr);
+    /// `arrivals` brings its sounds into the video.
+    LibraryModel(Editor& editor, MediaArrivals& arrivals, SoundPlayer::MakeOutput output,
+                 QObject* parent = nullptr);
     ~LibraryModel() override;
 
     bool shown() const; ///< the sidebar has a page of the library picked
@@ -34,6 +38,7 @@ public:
     void setWords(const QString& words);
     QString playing() const { return preview.playing(); }
     QObject* pictures() { return &bookPictures; }
+    bool isBusy() const { return reading || bookPictures.isBusy(); }
     const Book* book(const QString& id) const; ///< of the listed ones; or null
 
     /// Puts a thing into the open video: at the playhead, or at a time of the video's where it is dropped.
@@ -62,6 +67,7 @@ private:
     bool put(int row, std::optional<double> time);
 
     Editor& editor;
+    MediaArrivals& arrivals;
     BookPictures bookPictures;
     SoundPreview preview;
     std::vector<LibraryRow> all;

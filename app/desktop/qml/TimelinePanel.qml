@@ -126,6 +126,7 @@ FocusScope {
         editor: project.editor
         colours: Theme.timeline
         appearance: timelineAppearance
+        arrivals: mediaArrivals
         focus: true
         Accessible.role: Accessible.List
         Accessible.name: project.videoTag ? "Timeline of " + project.videoTag + ", " + project.videoWords : "Timeline"
@@ -143,7 +144,9 @@ FocusScope {
             radius: Theme.small
             color: "#A02A323B"
             border.color: Theme.picked
-            Words { x: Theme.gap; y: 2; width: parent.width - 2 * Theme.gap; text: view.ghostLabel; font.pixelSize: Theme.noteSize }
+            // The names below do not shine through its own.
+            Rectangle { x: 1; y: 1; width: parent.width - 2; height: 16; radius: Theme.small - 1; color: Theme.timeline["cut.fill"]; visible: words.text !== ""
+                Words { id: words; x: 5; width: parent.width - 2 * x; height: parent.height; text: view.ghostLabel; font.pixelSize: Theme.noteSize } }
         }
         Rectangle { visible: view.bladeX >= 0; x: view.bladeX; y: 22; width: 1; height: parent.height; color: Theme.notice }
         Badge { text: view.hint; x: Math.min(view.hintAt.x + Theme.gap, view.width - width - Theme.small); y: Math.max(view.hintAt.y - height - 2, 0) }

@@ -2,8 +2,6 @@
 
 #include "app/editor/Editor.h"
 #include "app/editor/commands/CutCommands.h"
-#include "app/editor/commands/OverlayCommands.h"
-#include "app/editor/commands/SoundCommands.h"
 #include "core/model/edits/VideoEdits.h"
 #include "platform/base/Text.h"
 
@@ -63,22 +61,22 @@ bool clips(Editor& editor, double time) {
     return true;
 }
 
-std::vector<fs::path> files(Editor& editor, const std::vector<fs::path>& given, double time,
-                            std::optional<TimelineRow> row) {
+DroppedMedia files(const Editor& editor, const std::vector<fs::path>& given, double time,
+                   std::optional<TimelineRow> row) {
+    using ArrivalKind = ArrivingFile::ArrivalKind;
     const bool over = row == TimelineRow::layers || row == TimelineRow::overlays;
     const bool hasCuts = editor.video() && !editor.video()->cuts.empty();
-    std::vector<fs::path> left;
+    DroppedMedia sorted;
     for (const auto& file : given) {
-        if (hasCuts && isSound(file)) {
-            SoundCommands::addSound(editor, file, "", row == TimelineRow::music, within(editor, time));
-        } else if (hasCuts && (isPicture(file) || (over && isMovie(file)))) {
-            editor.playback.seek(within(editor, time));
-            OverlayCommands::addMedia(editor, file);
-        } else {
-            left.push_back(file);
-        }
+        const bool laidOver = isPicture(file) || (over && isMovie(file));
+        const auto sound = row == TimelineRow::music ? ArrivalKind::song : ArrivalKind::sound;
+        if (hasCuts && (laidOver || isSound(file)))
+            sorted.arriving.push_back(
+                {file, laidOver ? ArrivalKind::overlay : sound, within(editor, time), ""});
+        else
+            sorted.left.push_back(file);
     }
-    return left;
+    return sorted;
 }
 
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/desktop/models/MediaArrivals.h"
 #include "app/desktop/timeline/PartedRow.h"
 #include "app/desktop/timeline/TimelineLayout.h"
 
@@ -22,10 +23,15 @@ double seam(const Editor& editor, double time);
 std::optional<PartedRow::Landing> landing(const Editor& editor, double time);
 /// The picked clips, or what the source viewer offers, between the cuts. Whether there was any.
 bool clips(Editor& editor, double time);
+
+struct DroppedMedia {
+    std::vector<ArrivingFile> arriving;
+    std::vector<std::filesystem::path> left; ///< nothing for the timeline
+};
 /// Files: sounds go to the sounds or, on its row, to the music; pictures are laid over the video, and so are
-/// movies on the rows for what is laid over. Those that are none of this are given back.
-std::vector<std::filesystem::path> files(Editor& editor, const std::vector<std::filesystem::path>& files,
-                                         double time, std::optional<TimelineRow> row);
+/// movies on the rows for what is laid over.
+DroppedMedia files(const Editor& editor, const std::vector<std::filesystem::path>& files, double time,
+                   std::optional<TimelineRow> row);
 
 }
 

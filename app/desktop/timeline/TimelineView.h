@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/desktop/drawn/DrawnView.h"
+#include "app/desktop/models/MediaArrivals.h"
 #include "app/desktop/timeline/TimelineDrag.h"
 #include "app/editor/Editor.h"
 
@@ -32,6 +33,7 @@ class TimelineView : public DrawnView {
     Q_PROPERTY(QString hint READ hint NOTIFY hintChanged)
     Q_PROPERTY(QPointF hintAt READ hintAt NOTIFY hintChanged)
     Q_PROPERTY(QObject* appearance READ appearance WRITE setAppearance NOTIFY editorChanged)
+    Q_PROPERTY(murbo::MediaArrivals* arrivals MEMBER arrivals)
     Q_PROPERTY(double snapX READ snapX NOTIFY dragChanged)
     Q_PROPERTY(QRectF band READ band NOTIFY dragChanged)
     Q_PROPERTY(QVariantList tracks READ tracks NOTIFY tracksChanged)
@@ -150,6 +152,7 @@ private:
     void bringUp(const TimelineBlock& block);
 
     QPointer<Editor> session;
+    QPointer<MediaArrivals> arrivals; ///< bring in files that are dropped
     QVariantMap theme;
     TimelineColours paints;
     TimelineLayout layout;

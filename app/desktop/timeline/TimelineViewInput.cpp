@@ -249,8 +249,9 @@ QStringList TimelineView::dropFiles(const QStringList& files, double x, double y
     std::vector<std::filesystem::path> paths;
     for (const auto& file : files) paths.emplace_back(file.toStdString());
     QStringList left;
-    for (const auto& file : TimelineDrops::files(*session, paths, momentAt(x), rowAt(y)))
-        left.append(QString::fromStdString(file.string()));
+    auto dropped = TimelineDrops::files(*session, paths, momentAt(x), rowAt(y));
+    for (const auto& file : dropped.left) left.append(QString::fromStdString(file.string()));
+    if (arrivals) arrivals->take(std::move(dropped.arriving));
     return left;
 }
 

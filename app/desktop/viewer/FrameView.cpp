@@ -56,6 +56,12 @@ Bitmap FrameView::last() const {
     return sink->last();
 }
 
+bool FrameView::isWaiting() const {
+    if (!isVisible() || !playing || !playing->isLoaded() || asked.isEmpty()) return false;
+    const auto picture = last();
+    return QSize(picture.width(), picture.height()) != asked;
+}
+
 void FrameView::setPlayer(Playback* player) {
     if (player == playing) return;
     if (playing) {

@@ -32,6 +32,8 @@ public:
     /// Goes on by that many frames, backward where negative.
     Q_INVOKABLE void step(int frames);
     Bitmap last() const; ///< the newest picture; empty before the first
+    /// Whether a picture of the size that it has now is still to come.
+    bool isWaiting() const;
 
 signals:
     void playerChanged();

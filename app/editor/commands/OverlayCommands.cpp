@@ -1,5 +1,6 @@
 #include "app/editor/commands/OverlayCommands.h"
 
+#include "app/editor/KeptMedia.h"
 #include "app/editor/commands/Changes.h"
 #include "app/editor/commands/LookCommands.h"
 #include "app/editor/commands/Row.h"
@@ -81,17 +82,16 @@ void addOverlay(Editor& editor, const Book& book, std::optional<double> at) {
         made(editor, book, *moment, at.value_or(editor.playback.time())));
 }
 
-void addMedia(Editor& editor, const std::filesystem::path& file) {
-    const auto moment = LookCommands::momentOrRefused(editor);
+void addMedia(Editor& editor, const std::filesystem::path& file, std::optional<double> at) {
+    const auto moment = LookCommands::momentOrRefused(editor, at);
     const auto book = moment ? Playbooks::find(pictureBook) : std::nullopt;
     if (!book) return;
     Changes::pin(editor, *book);
-    const auto name = Text::repaired(file.filename().string());
     const auto kept = LookCommands::keepMedia(editor, file, "pictures");
-    if (!kept) return editor.refuse(name + " could not be copied into the project");
-    auto overlay = made(editor, *book, *moment, editor.playback.time());
+    if (!kept) return editor.refuse(KeptMedia::failure(file));
+    auto overlay = made(editor, *book, *moment, at.value_or(editor.playback.time()));
     overlay.values = Values{{"media", *kept}};
-    lay(editor, "Add " + name, std::move(overlay));
+    lay(editor, "Add " + Text::repaired(file.filename().string()), std::move(overlay));
 }
 
 void updateOverlay(Editor& editor, const UUID& id) {
@@ -113,7 +113,9 @@ CommandList table() {
         row<Kind::PlaybookID, Maybe<Kind::Seconds>>("addOverlay", "Add a Playbook", {"playbook", "at"},
                                                     addOverlay)
             .when(hasVideo),
-        row<Kind::File>("addMedia", "Add a Picture or Video", {"file"}, addMedia).when(hasVideo),
+        row<Kind::File>("addMedia", "Add a Picture or Video", {"file"},
+                        [](Editor& editor, const std::filesystem::path& file) { addMedia(editor, file); })
+            .when(hasVideo),
         row<Kind::Overlay, Kind::Text, Kind::Fields<Overlay>>("changeOverlay", "Change Overlay",
                                                               {"overlay", "name", "change"}, change)
             .when(hasVideo),

@@ -1,8 +1,8 @@
 #include "app/editor/commands/SoundCommands.h"
 
+#include "app/editor/KeptMedia.h"
 #include "app/editor/commands/LookCommands.h"
 #include "app/editor/commands/Row.h"
-#include "platform/base/Text.h"
 
 #include <algorithm>
 
@@ -54,9 +54,7 @@ void addSound(Editor& editor, const std::filesystem::path& file, const std::stri
     const auto moment = LookCommands::momentOrRefused(editor, at);
     if (!moment) return;
     const auto kept = LookCommands::keepMedia(editor, file, music ? "music" : "sounds");
-    if (!kept)
-        return editor.refuse(Text::repaired(file.filename().string()) +
-                             " could not be copied into the project");
+    if (!kept) return editor.refuse(KeptMedia::failure(file));
     SoundCue cue;
     cue.file = *kept;
     cue.source = moment->source;
