@@ -1,7 +1,7 @@
 #include "app/desktop/exports/ExportSheet.h"
 #include "app/editor/commands/CutCommands.h"
 #include "app/editor/commands/VideoCommands.h"
-#include "tests/desktop/WindowOfProject.h"
+#include "tests/desktop/SpokenWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -70,5 +70,40 @@ TEST(ExportSheet, anotherVideoIsPutInLineWhileOneIsMade) {
     for (const auto& row : exports.rows()) EXPECT_TRUE(std::filesystem::exists(row.file.toStdString()));
     EXPECT_TRUE(shown.named("Play"));
     EXPECT_TRUE(shown.named("Show in Folder"));
+    EXPECT_EQ(Complaints::list(), "");
+}
+
+/// Two cuts that each end in the middle of what is said: keys mend the one, then the other.
+TEST(ExportSheet, keysStayInTheListAfterAFindingIsMended) {
+    MURBO_NEEDS_FFMPEG();
+    SpokenWindow shown;
+    ASSERT_TRUE(shown.opened);
+    shown.editor().change("Cut", [&](Project& project) {
+        auto& cuts = project.videos.edit()[0].cuts.edit();
+        auto other = cuts[0];
+        cuts[0].end = 0.6;
+        other.id = UUID::make();
+        std::tie(other.start, other.end) = std::pair(1, 1.4);
+        cuts.push_back(other);
+    });
+    shown.key(Qt::Key_E, Qt::ControlModifier);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return shown.named("Fix"); }, 10000));
+    const auto rest = [&] { shown.settle(400); };
+    rest();
+    const auto focus = [&] {
+        auto* item = shown.window().activeFocusItem();
+        return item ? item->property("text").toString() + item->property("about").toString() : QString();
+    };
+    shown.named("Fix")->forceActiveFocus(Qt::TabFocusReason);
+    EXPECT_EQ(focus(), "FixCut 1 ends inside “okay we have one heart”");
+    shown.key(Qt::Key_Return);
+    rest();
+    EXPECT_TRUE(focus().startsWith("FixCut 2 ends inside")) << focus().toStdString();
+    shown.key(Qt::Key_Return);
+    rest();
+    EXPECT_EQ(shown.named("Fix"), nullptr);
+    EXPECT_TRUE(shown.window().activeFocusItem()->property("heads").toBool()) << "the list's head";
+    shown.key(Qt::Key_Tab);
+    EXPECT_NE(focus(), "") << "and Tab goes on from there";
     EXPECT_EQ(Complaints::list(), "");
 }
