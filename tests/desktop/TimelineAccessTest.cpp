@@ -4,6 +4,7 @@
 #include "tests/desktop/WindowOfProject.h"
 
 #include <QAccessible>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -56,4 +57,29 @@ TEST(TimelineAccess, theTimelineIsAListOfNamedBlocks) {
     shown.key(Qt::Key_Delete);
     EXPECT_FALSE(block->isValid()) << "the last one is gone";
     EXPECT_EQ(list->text(QAccessible::Name), "Timeline of V1, 1 cut, 4 seconds");
+}
+
+TEST(TimelineAccess, theBlockThatKeysWalkToIsSaid) {
+    MURBO_NEEDS_FFMPEG();
+    ListedWindow shown;
+    const auto* list = dynamic_cast<TimelineAccess*>(shown.list());
+    ASSERT_TRUE(list);
+    QStringList names;
+    QObject::connect(shown.view(), &TimelineView::blockWalked, [&] {
+        const auto event = list->walkedTo();
+        ASSERT_TRUE(event);
+        EXPECT_EQ(event->type(), QAccessible::Focus);
+        names << event->accessibleInterface()->text(QAccessible::Name);
+    });
+    const auto heard = [&] { return std::exchange(names, {}).join("; ").toStdString(); };
+    shown.key(Qt::Key_End, Qt::ControlModifier);
+    heard();
+    shown.key(Qt::Key_Left, Qt::ControlModifier);
+    EXPECT_EQ(heard(), "Cut 1 of 2, C01, 0:00.00 to 0:04.00, picked");
+    shown.key(Qt::Key_Right, Qt::ControlModifier);
+    EXPECT_EQ(heard(), "Cut 2 of 2, C02, 0:04.00 to 0:07.00, picked");
+    shown.key(Qt::Key_Right);
+    EXPECT_EQ(heard(), "") << "the playhead goes on, the block stays";
+    shown.editor().setPicked(std::nullopt);
+    EXPECT_EQ(heard(), "") << "what no key has walked to";
 }

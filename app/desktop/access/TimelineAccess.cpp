@@ -49,20 +49,20 @@ void TimelineAccess::follow() {
     auto* item = &view();
     const auto say = [item] {
         if (auto* list = dynamic_cast<TimelineAccess*>(QAccessible::queryAccessibleInterface(item)))
-            list->sayPicked();
+            if (const auto event = list->walkedTo()) QAccessible::updateAccessibility(event.get());
     };
     QObject::connect(item, &TimelineView::blockWalked, item, say);
 }
 
-void TimelineAccess::sayPicked() const {
+std::unique_ptr<QAccessibleEvent> TimelineAccess::walkedTo() const {
     const auto& list = view().shown().blocks;
     const auto* editor = view().editor();
-    if (!editor || !editor->picked()) return;
+    if (!editor || !editor->picked()) return {};
     const auto found = std::ranges::find(list, *editor->picked(), &TimelineBlock::pick);
-    if (found == list.end()) return;
-    QAccessibleEvent event(object(), QAccessible::Focus);
-    event.setChild(static_cast<int>(found - list.begin()));
-    QAccessible::updateAccessibility(&event);
+    if (found == list.end()) return {};
+    auto event = std::make_unique<QAccessibleEvent>(object(), QAccessible::Focus);
+    event->setChild(static_cast<int>(found - list.begin()));
+    return event;
 }
 
 QAccessibleInterface* TimelineAccess::parent() const {

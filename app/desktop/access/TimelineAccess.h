@@ -32,10 +32,11 @@ public:
     QWindow* window() const override;
 
     TimelineView& view() const;
+    /// What a screen reader is told of once keys have walked to the block that is picked; null without one.
+    std::unique_ptr<QAccessibleEvent> walkedTo() const;
 
 private:
     void follow();
-    void sayPicked() const;
 
     mutable std::vector<QAccessible::Id> blocks; ///< by their place in the layout, made when asked for
 };
