@@ -2,6 +2,7 @@
 
 #include "app/desktop/Actions.h"
 #include "app/desktop/inspector/TypedTime.h"
+#include "app/desktop/models/ClipTitle.h"
 #include "app/desktop/services/Clipboard.h"
 #include "app/desktop/services/PlatformWords.h"
 #include "app/editor/Timecode.h"
@@ -163,7 +164,7 @@ QString OpenProject::heldTag() const {
 }
 
 QString OpenProject::heldTitle() const {
-    if (const auto* clip = editor().held()) return text(editor().title(*clip));
+    if (const auto* clip = editor().held()) return text(ClipTitle::besideTag(*clip));
     const auto* source = editor().heldSource() ? editor().project().source(*editor().heldSource()) : nullptr;
     return source ? text(source->name()) : "";
 }

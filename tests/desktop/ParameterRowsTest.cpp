@@ -42,6 +42,16 @@ TEST(ParameterRows, haveTheControlOfTheirType) {
     EXPECT_TRUE(ParameterRows::of(Book(), std::nullopt).empty());
 }
 
+TEST(ParameterRows, beginWithWhatIsSaid) {
+    const auto book = bookOf({{"background", {.type = "colour"}},
+                              {"down", {.type = "number"}},
+                              {"subtitle", {.type = "text"}},
+                              {"title", {.type = "text"}}});
+    QStringList names;
+    for (const auto& one : ParameterRows::of(book, std::nullopt)) names << one.name;
+    EXPECT_EQ(names, (QStringList{"Parameters", "Title", "Subtitle", "Background", "Down"}));
+}
+
 TEST(ParameterRows, survivesParametersThatMakeNoSense) {
     const auto book = bookOf({{"high", {.type = "number", .value = "5", .min = 9, .max = 1}},
                               {"words", {.type = "number", .value = "many"}},

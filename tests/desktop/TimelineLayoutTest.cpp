@@ -107,3 +107,26 @@ TEST(TimelineLayout, aSeamWithinALineSaysSo) {
     });
     EXPECT_EQ(seams(), (Seams(4, {false, false})));
 }
+
+TEST(TimelineLayout, aRowThatIsOffShowsItsSoundsAsMuted) {
+    TimelineVideo video;
+    const auto mute = [&](Lane lane) {
+        video.editor.change("Mute", [&](Project& project) {
+            auto& look = *project.videos.edit()[0].look;
+            if (!look.mix) look.mix.emplace();
+            look.mix->toggleMute(lane);
+        });
+    };
+    const auto off = [&](TimelineRow row) {
+        const auto block = on(video.layout(), row)[0];
+        return block.muted || block.silent;
+    };
+    EXPECT_FALSE(off(TimelineRow::sounds) || off(TimelineRow::picture));
+    mute(Lane::sounds);
+    EXPECT_TRUE(off(TimelineRow::sounds));
+    mute(Lane::video);
+    EXPECT_TRUE(off(TimelineRow::picture));
+    EXPECT_FALSE(on(video.layout(), TimelineRow::picture)[0].muted) << "its picture is seen as before";
+    mute(Lane::sounds);
+    EXPECT_FALSE(off(TimelineRow::sounds));
+}

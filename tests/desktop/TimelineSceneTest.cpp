@@ -54,6 +54,18 @@ TEST(TimelineScene, aCutsStripIsCoveredOnceFromEndToEnd) {
     EXPECT_NEAR(right, 12 * 37, 1.01);
 }
 
+TEST(TimelineScene, aCutWithoutItsFileHasASignInPlaceOfPictures) {
+    TimelineVideo video;
+    auto layout = video.layout();
+    const auto signs = [&] {
+        return only<DrawList::Symbol>(TimelineScene::rows(layout, {0, 40, 800}, {}, TimelineTheme::of({})));
+    };
+    const auto before = signs().size();
+    for (auto& block : layout.blocks) block.missing = block.row == TimelineRow::picture;
+    EXPECT_EQ(signs().size(), before + 3);
+    EXPECT_EQ(signs().back().name, "file-question");
+}
+
 TEST(TimelineScene, timesOnTheRulerNeverTouch) {
     for (double scale = 0.01; scale < 1000; scale *= 1.3) {
         const double step = TimelineScene::rulerStep(scale);

@@ -2,6 +2,7 @@
 
 #include "app/desktop/inspector/BookShelf.h"
 #include "app/desktop/inspector/RowMaker.h"
+#include "app/desktop/models/ClipTitle.h"
 #include "app/editor/Editor.h"
 #include "app/editor/Timecode.h"
 #include "core/ai/Said.h"
@@ -92,8 +93,8 @@ InspectedWords InspectedWords::ofSeveral(std::size_t count, const char* what) {
             ""};
 }
 
-InspectedWords InspectedWords::ofClip(const Clip& clip, const Editor& editor) {
-    return {"clip", RowMaker::said(editor.title(clip)), "Clip " + RowMaker::said(clip.tag())};
+InspectedWords InspectedWords::ofClip(const Clip& clip) {
+    return {"clip", RowMaker::said(ClipTitle::besideTag(clip)), "Clip " + RowMaker::said(clip.tag())};
 }
 
 InspectedWords InspectedWords::ofSource(const Source& source) {

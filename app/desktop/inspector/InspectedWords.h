@@ -20,7 +20,7 @@ struct InspectedWords {
 
     static InspectedWords of(const Pick& pick, const Editor& editor, BookShelf& shelf);
     static InspectedWords ofSeveral(std::size_t count, const char* what);
-    static InspectedWords ofClip(const Clip& clip, const Editor& editor);
+    static InspectedWords ofClip(const Clip& clip);
     static InspectedWords ofSource(const Source& source);
     /// With no video, that there is none.
     static InspectedWords ofVideo(const Video* video);

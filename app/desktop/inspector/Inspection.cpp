@@ -98,13 +98,13 @@ void Inspection::refresh() {
 }
 
 void Inspection::describe() {
-    const auto words =
-        subject->picks.size() > 1   ? InspectedWords::ofSeveral(subject->picks.size(), "item")
-        : !subject->picks.empty()   ? InspectedWords::of(subject->picks[0], editor, shelf)
-        : subject->clips.size() > 1 ? InspectedWords::ofSeveral(subject->clips.size(), "clip")
-        : !subject->clips.empty()   ? InspectedWords::ofClip(*editor.clip(subject->clips[0]), editor)
-        : subject->source           ? InspectedWords::ofSource(*editor.project().source(*subject->source))
-                                    : InspectedWords::ofVideo(editor.video());
+    const auto words = subject->picks.size() > 1   ? InspectedWords::ofSeveral(subject->picks.size(), "item")
+                       : !subject->picks.empty()   ? InspectedWords::of(subject->picks[0], editor, shelf)
+                       : subject->clips.size() > 1 ? InspectedWords::ofSeveral(subject->clips.size(), "clip")
+                       : !subject->clips.empty()   ? InspectedWords::ofClip(*editor.clip(subject->clips[0]))
+                       : subject->source
+                           ? InspectedWords::ofSource(*editor.project().source(*subject->source))
+                           : InspectedWords::ofVideo(editor.video());
     shownKind = words.kind;
     shownTitle = words.title;
     shownNote = words.note;

@@ -71,6 +71,15 @@ InspectorRow row(const std::string& key, const Param& param, const std::string& 
     return made;
 }
 
+/// What it says comes before how it looks: texts first, of those the title, then the other types.
+std::vector<std::string> inOrder(const std::map<std::string, Param>& params) {
+    std::vector<std::string> keys;
+    for (const auto& [key, param] : params) keys.push_back(key);
+    std::ranges::stable_sort(
+        keys, {}, [&](const std::string& key) { return std::pair(typeOf(params.at(key)), key != "title"); });
+    return keys;
+}
+
 std::string filledIn(const Param& param, const QVariant& value) {
     const auto text = value.toString().toStdString();
     switch (typeOf(param)) {
@@ -96,9 +105,9 @@ InspectorRowList of(const Book& book, const std::optional<Values>& values) {
     if (!book.playbook.params || book.playbook.params->empty()) return {};
     InspectorRowList rows{RowMaker::section("Parameters")};
     const auto filled = book.values(values);
-    for (const auto& [key, param] : *book.playbook.params) {
+    for (const auto& key : inOrder(*book.playbook.params)) {
         const auto found = filled.find(key);
-        rows.push_back(row(key, param, found == filled.end() ? "" : found->second));
+        rows.push_back(row(key, book.playbook.params->at(key), found == filled.end() ? "" : found->second));
     }
     return rows;
 }

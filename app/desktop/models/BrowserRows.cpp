@@ -1,5 +1,6 @@
 #include "app/desktop/models/BrowserRows.h"
 
+#include "app/desktop/models/ClipTitle.h"
 #include "app/editor/Editor.h"
 #include "app/editor/Timecode.h"
 #include "core/model/ByMiddle.h"
@@ -44,10 +45,13 @@ BrowserRow rowOf(const Clip& clip, RowSources& from) {
     const auto lines = from.linesOf(clip);
     row.id = "clip:" + clip.id.text();
     row.record = clip.id;
-    row.title = text(editor.title(clip));
+    row.title = text(ClipTitle::besideTag(clip));
     row.tag = text(clip.tag());
     row.detail = row.tag;
-    if (clip.summary && clip.summary->kind) row.detail += " · " + text(*clip.summary->kind);
+    if (clip.summary && clip.summary->kind)
+        row.detail += " · " + text(*clip.summary->kind);
+    else if (row.title == row.tag)
+        row.detail = "not described";
     row.note = lines.empty() ? "not transcribed" : text(counted(lines.size(), "line", "lines"));
     for (const auto* line : lines)
         if (clip.summary && clip.summary->keyLine == line->id) row.note = "“" + text(line->text) + "”";

@@ -104,7 +104,7 @@ Rectangle {
         Row {
             spacing: Theme.small
             Words { text: item.title; width: Math.min(implicitWidth, item.width - 140); color: item.rating < 0 ? Theme.text3 : Theme.text }
-            Icon { name: item.rating > 0 ? "star" : "circle-slash"; visible: item.rating !== 0; tint: item.rating > 0 ? Theme.picked : Theme.notice; side: 13; anchors.verticalCenter: parent.verticalCenter }
+            Icon { name: item.rating > 0 ? "star-filled" : "circle-slash"; visible: item.rating !== 0; tint: item.rating > 0 ? Theme.picked : Theme.notice; side: 13; anchors.verticalCenter: parent.verticalCenter }
         }
         Words { text: item.detail; width: parent.width; color: Theme.text3; font.pixelSize: Theme.noteSize }
         Words { text: item.note; width: parent.width; color: item.missing ? Theme.notice : Theme.text3; font.pixelSize: Theme.noteSize }

@@ -100,7 +100,7 @@ Sheet {
             width: parent.width - stop.width - Theme.gap
             spacing: Theme.small
             Words {
-                text: "Exporting, " + Math.floor(project.exports.progress * 100) + " %  " + project.exports.left + " · goes on if you close this"
+                text: "Exporting, " + Math.floor(project.exports.progress * 100) + " %" + (project.exports.left ? "  " + project.exports.left : "") + " · goes on if you close this"
                 font.pixelSize: Theme.noteSize
                 color: Theme.text2
                 width: parent.width

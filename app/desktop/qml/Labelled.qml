@@ -1,6 +1,6 @@
 import QtQuick
 
-// A control with its name before it. A dot says that it is not at its standard; a double click on the name
+// A control with its name before it, or with none over the whole width. A dot says that it is not at its standard; a double click on the name
 // puts it back there.
 Item {
     id: row
@@ -35,7 +35,7 @@ Item {
     }
     Item {
         id: place
-        x: row.high ? Theme.margin : Theme.label
+        x: row.high || !row.name ? Theme.margin : Theme.label
         y: row.high ? label.height : 0
         width: row.width - x - Theme.wide
         height: childrenRect.height

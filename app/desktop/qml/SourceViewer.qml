@@ -15,7 +15,7 @@ FocusScope {
     Accessible.role: Accessible.Pane
     Accessible.name: "Source viewer"
 
-    ViewerHead { id: head; tabbed: viewer.tabbed; viewer: "source"; tag: project.heldTag; title: project.heldTitle
+    ViewerHead { id: head; tabbed: viewer.tabbed; viewer: "source"; tag: project.heldTag; title: project.heldTitle === project.heldTag ? "" : project.heldTitle
         IconButton {
             anchors.right: parent.right
             anchors.rightMargin: Theme.gap

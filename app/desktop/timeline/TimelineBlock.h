@@ -38,6 +38,7 @@ struct TimelineBlock {
     Paint paint = Paint::cut;
     bool byBook = false; ///< of a shot: a playbook lays it out
     bool muted = false;
+    bool silent = false;        ///< of a cut: the whole row is turned off
     bool missing = false;       ///< its footage is gone
     std::optional<UUID> source; ///< whose pictures and sound it shows; none for what is generated
     double at = 0;              ///< seconds on the source, or in the sound's file, at `from`

@@ -26,6 +26,12 @@ const Look& lookOf(const Video& video) {
     return video.look ? *video.look : none;
 }
 
+/// Whether nothing of a lane is heard in the video.
+bool isOff(const Video& video, Lane lane) {
+    const auto& mix = lookOf(video).mix;
+    return mix && mix->isMuted(lane);
+}
+
 double laneHeight(TimelineRow row, const TimelineLook& look) {
     switch (row) {
         case TimelineRow::shots:
@@ -155,6 +161,7 @@ void TimelineLayout::addCuts(const Input& given) {
         block.to = start += cut.length();
         block.label = name(cut, given);
         block.muted = cut.muted.value_or(false);
+        block.silent = isOff(given.video, Lane::video);
         block.missing = given.missing.contains(cut.source);
         block.at = cut.start;
         if (!cut.generator) {
@@ -212,6 +219,7 @@ void TimelineLayout::addOverlays(const Input& given) {
 void TimelineLayout::addSounds(const Input& given) {
     const ShownMoments shown(given.video.cuts);
     const auto add = [&](const List<SoundCue>& cues, Pick::Kind kind, TimelineRow row, Paint paint) {
+        const bool off = isOff(given.video, kind == Pick::Kind::sound ? Lane::sounds : Lane::music);
         for (const auto& cue : cues) {
             const auto start = shown.on(cue.source, cue.at);
             if (!start) continue;
@@ -225,7 +233,7 @@ void TimelineLayout::addSounds(const Input& given) {
             block.to = cue.length ? *start + *cue.length : unknown;
             block.label = name(cue);
             block.paint = paint;
-            block.muted = cue.muted.value_or(false);
+            block.muted = off || cue.muted.value_or(false);
             block.at = cue.skip.value_or(0);
             if (given.file) block.file = given.file(cue.file);
             blocks.push_back(std::move(block));

@@ -20,11 +20,13 @@ constexpr double pickedFrame = 2;
 constexpr double ratio = 16.0 / 9; ///< of a still's place
 constexpr double waveTile = 256;   ///< points
 constexpr double rulerLeast = 64;  ///< points between times
+constexpr double beside = 8;       ///< points from a time's mark to its words: the playhead's head is free
 constexpr double dash = 4;
 constexpr double dashedFrom = 14; ///< points of a quiet stretch whose sides are drawn
 constexpr double tickHeight = 9;
 constexpr double icon = 12;
-constexpr double besideSign = 40; ///< points that words beside one need
+constexpr double missingIcon = 18; ///< where a strip's pictures would be
+constexpr double besideSign = 40;  ///< points that words beside one need
 constexpr float behindWords = 0.3F;
 
 /// The same block beside its place.
@@ -167,9 +169,12 @@ private:
         }
         if (!block.source) return;
         const QRectF strip(place.left(), place.top(), place.width(), layout.look.filmstrip);
-        if (!block.missing) drawStrip(block, strip);
+        if (!block.missing)
+            drawStrip(block, strip);
+        else if (const auto there = signPlace(strip, {missingIcon, missingIcon}, labelPadding))
+            list.items.emplace_back(DrawList::Symbol{*there, "file-question", colours.notice});
         const QRectF wave(place.left(), strip.bottom() + 1, place.width(), layout.look.waveform);
-        drawWave(block, wave, block.muted ? paint.edge : colours.wave);
+        drawWave(block, wave, block.muted || block.silent ? colours.muted.edge : colours.wave);
         for (const auto& quiet : block.quiet) {
             const double left = std::max(span.x(quiet.from), place.left());
             const double right = std::min(span.x(quiet.to), place.right());
@@ -297,7 +302,7 @@ DrawList ruler(const TimelineSpan& span, const TimelineColours& colours) {
         list.fill({x, TimelineLayout::rulerHeight - 8, 1, 8}, colours.tick);
         const auto text = step < 1 ? Timecode::fine(time + 1e-6) : Timecode::clock(time + 1e-6);
         list.items.emplace_back(
-            DrawList::Label{{x + 4, 0, step * span.scale - 6, TimelineLayout::rulerHeight},
+            DrawList::Label{{x + beside, 0, step * span.scale - beside - 2, TimelineLayout::rulerHeight},
                             QString::fromStdString(text),
                             colours.time,
                             true,
