@@ -19,6 +19,8 @@ namespace {
 
 constexpr int maxWaiting = 60000; ///< ms for a view to come to rest
 constexpr int still = 700;        ///< ms in which nothing more comes
+constexpr double step = 0.1;      ///< seconds of the video
+constexpr double inSight = 0.3;   ///< seconds after which something has come in
 constexpr int imageLoading = 2;   ///< as the status of an Image counts
 
 /// Has something in the sheets for footage: that of the project.
@@ -52,6 +54,19 @@ void settle(QQuickWindow& window, ProjectWindow* opened) {
     QObject::disconnect(link);
 }
 
+/// Brings what is picked into the video's picture: the playhead goes a little past where it begins.
+void goToPicked(Editor& editor) {
+    if (!editor.picked() || !editor.video()) return;
+    const auto there = [&](double time) {
+        const auto caught = TimelinePicks::caught(
+            editor, time, time + step,
+            {TimelineRow::shots, TimelineRow::layers, TimelineRow::captions, TimelineRow::overlays});
+        return std::ranges::find(caught, *editor.picked()) != caught.end();
+    };
+    for (double time = 0; time < editor.video()->length(); time += step)
+        if (there(time)) return editor.playback.seek(time + inSight);
+}
+
 void pickFirst(Editor& editor, Pick::Kind kind) {
     const auto* video = editor.video();
     if (!video) return;
@@ -70,8 +85,8 @@ void pickGenerated(Editor& editor) {
 
 void bringUp(const std::string& view, OpenProject& project) {
     auto& editor = project.editor();
+    if (!editor.project().clips.empty()) editor.holdClip(editor.project().clips.front().id);
     if (view == "source" || view == "transcript" || view == "framing") {
-        if (!editor.project().clips.empty()) editor.holdClip(editor.project().clips.front().id);
         editor.setFocus(Viewer::source);
         editor.setInspecting(Inspecting::browser);
     }
@@ -81,7 +96,7 @@ void bringUp(const std::string& view, OpenProject& project) {
     if (view == "overlay") pickFirst(editor, Pick::Kind::overlay);
     if (view == "sound") pickFirst(editor, Pick::Kind::sound);
     if (view == "song") pickFirst(editor, Pick::Kind::music);
-    if (view == "caption") pickFirst(editor, Pick::Kind::caption);
+    if (view == "caption" || view == "captions") pickFirst(editor, Pick::Kind::caption);
     if (view == "generated") pickGenerated(editor);
     if (view == "footage" && !editor.project().sources.empty()) {
         editor.holdSource(editor.project().sources.front().id);
@@ -90,6 +105,8 @@ void bringUp(const std::string& view, OpenProject& project) {
     if (view == "several")
         TimelinePicks::set(
             editor, TimelinePicks::caught(editor, 0, 10, {TimelineRow::overlays, TimelineRow::sounds}));
+    goToPicked(editor);
+    if (view == "captions") editor.setPicked(std::nullopt);
     if (view == "captions") editor.setInspectorTab(InspectorTab::captions);
     if (view == "transcript") editor.setInspectorTab(InspectorTab::transcript);
     for (const auto* sheet :
