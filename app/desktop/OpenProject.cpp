@@ -30,13 +30,22 @@ QString text(const std::optional<std::string>& given) {
 OpenProject::OpenProject(std::unique_ptr<ProjectDocument> opened)
     : document(std::move(opened)),
       pictures([this](const UUID& source) { return editor().filmstrip(source); },
-               [this](const UUID& source) { return editor().loudness(source); }),
+               [this](const UUID& source) { return editor().loudness(source); },
+               [this](const UUID& cut) { return card(cut); }),
       sidebarModel(editor()),
       browserModel(editor()) {
     connectAll();
 }
 
 OpenProject::~OpenProject() = default;
+
+std::optional<GeneratedCard> OpenProject::card(const UUID& id) const {
+    const auto* video = editor().video();
+    if (!video) return {};
+    const auto found = std::ranges::find(video->cuts, id, &Cut::id);
+    if (found == video->cuts.end()) return {};
+    return GeneratedCard{*found, video->aspect, editor().package()};
+}
 
 void OpenProject::connectAll() {
     auto* session = &editor();

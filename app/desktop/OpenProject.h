@@ -156,6 +156,7 @@ signals:
     void verb(const QString& name);
 
 private:
+    std::optional<GeneratedCard> card(const UUID& cut) const;
     bool performVerb(const Action& action);
     void trimToPlayhead(bool start);
     void connectAll();

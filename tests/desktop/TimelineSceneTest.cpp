@@ -2,6 +2,8 @@
 #include "app/desktop/timeline/TimelineTheme.h"
 #include "tests/desktop/TimelineVideo.h"
 
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 using namespace murbo;
@@ -64,6 +66,27 @@ TEST(TimelineScene, aCutWithoutItsFileHasASignInPlaceOfPictures) {
     for (auto& block : layout.blocks) block.missing = block.row == TimelineRow::picture;
     EXPECT_EQ(signs().size(), before + 3);
     EXPECT_EQ(signs().back().name, "file-question");
+}
+
+TEST(TimelineScene, aGeneratedCutIsCoveredByItsPictureInView) {
+    TimelineVideo video;
+    auto layout = video.layout();
+    const auto cut = std::ranges::find(layout.blocks, TimelineRow::picture, &TimelineBlock::row);
+    ASSERT_NE(cut, layout.blocks.end());
+    cut->source.reset();
+    cut->card = -7;
+    for (const double scale : {3.0, 40.0, 900.0}) {
+        double right = 0;
+        for (const auto& still :
+             only<DrawList::Still>(TimelineScene::rows(layout, {0, scale, 800}, {}, TimelineTheme::of({})))) {
+            if (still.source != cut->pick.id) continue;
+            EXPECT_EQ(still.second, -7);
+            EXPECT_NEAR(still.rect.left(), right, 0.01);
+            EXPECT_LT(still.rect.left(), 800);
+            right = still.rect.right();
+        }
+        EXPECT_GE(right, std::min(4 * scale - 1.01, 800.0)) << scale;
+    }
 }
 
 TEST(TimelineScene, timesOnTheRulerNeverTouch) {

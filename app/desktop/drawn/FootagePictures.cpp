@@ -14,6 +14,7 @@ namespace {
 
 constexpr std::size_t maxFiles = 200;
 constexpr double widest = 320;
+constexpr int cardWidth = 240;
 constexpr double pixels = widest * 240;
 
 /// The first picture of a file, small. Nothing of one that is none, or not to be read.
@@ -31,6 +32,13 @@ std::optional<Bitmap> readSmall(const std::filesystem::path& file) try {
     return {};
 }
 
+/// Nothing of what can't be drawn.
+std::optional<Bitmap> drawSmall(const GeneratedCard& card) try {
+    return card.draw(cardWidth);
+} catch (const std::exception&) {
+    return {};
+}
+
 /// Silence for a file that can't be read.
 std::shared_ptr<const Loudness> listen(const std::filesystem::path& file) try {
     return std::make_shared<const Loudness>(
@@ -41,8 +49,8 @@ std::shared_ptr<const Loudness> listen(const std::filesystem::path& file) try {
 
 }
 
-FootagePictures::FootagePictures(Strips givenStrips, Levels givenLevels)
-    : strips(std::move(givenStrips)), levels(std::move(givenLevels)) {
+FootagePictures::FootagePictures(Strips givenStrips, Levels givenLevels, Cards givenCards)
+    : strips(std::move(givenStrips)), levels(std::move(givenLevels)), cards(std::move(givenCards)) {
     pool.setMaxThreadCount(1); // a source's stills are made one after the other anyway
 }
 
@@ -52,8 +60,9 @@ FootagePictures::~FootagePictures() {
 }
 
 std::optional<Bitmap> FootagePictures::still(const UUID& source, int second) {
+    if (second < 0) return card({source, second});
     auto* strip = strips(source);
-    if (!strip || second < 0) return {};
+    if (!strip) return {};
     if (auto found = strip->still(second)) return found;
     const Wish wish{source, second};
     if (failed.contains(wish) || !wished.insert(wish).second) return {};
@@ -61,6 +70,25 @@ std::optional<Bitmap> FootagePictures::still(const UUID& source, int second) {
         const bool found = strip->make(wish.second).has_value();
         QMetaObject::invokeMethod(
             this, [this, wish, found] { finish(wish, found); }, Qt::QueuedConnection);
+    };
+    pool.start(make, ++order);
+    return {};
+}
+
+std::optional<Bitmap> FootagePictures::card(const Wish& wish) {
+    if (const auto kept = drawn.find(wish); kept != drawn.end()) return kept->second;
+    const auto wanted = cards ? cards(wish.first) : std::nullopt;
+    if (!wanted || failed.contains(wish) || !wished.insert(wish).second) return {};
+    if (drawn.size() >= maxFiles) drawn.clear();
+    const auto make = [this, wish, card = *wanted] {
+        auto picture = drawSmall(card);
+        QMetaObject::invokeMethod(
+            this,
+            [this, wish, picture] {
+                if (picture) drawn.emplace(wish, *picture);
+                finish(wish, picture.has_value());
+            },
+            Qt::QueuedConnection);
     };
     pool.start(make, ++order);
     return {};

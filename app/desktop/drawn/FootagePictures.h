@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/desktop/drawn/GeneratedCard.h"
 #include "platform/base/UUID.h"
 #include "platform/image/Bitmap.h"
 
@@ -26,12 +27,15 @@ class FootagePictures : public QObject {
 public:
     using Strips = std::function<Filmstrip*(const UUID& source)>;
     using Levels = std::function<const Loudness*(const UUID& source)>;
+    using Cards = std::function<std::optional<GeneratedCard>(const UUID& cut)>;
 
-    FootagePictures(Strips strips, Levels levels);
+    /// Without `cards` generated cuts have no picture.
+    FootagePictures(Strips strips, Levels levels, Cards cards = {});
     /// Waits for what is being made.
     ~FootagePictures() override;
 
-    /// The still of that second of a source. Nothing while it is being made; `changed` comes then.
+    /// The still of that second of a source; of a generated cut the one of its card's number, which is below
+    /// 0. Nothing while it is being made; `changed` comes then.
     std::optional<Bitmap> still(const UUID& source, int second);
     /// The picture of a picture or video file that lies over the footage; nothing while it is being read.
     std::optional<Bitmap> ofFile(const std::filesystem::path& file);
@@ -50,15 +54,18 @@ signals:
 private:
     using Wish = std::pair<UUID, int>;
 
+    std::optional<Bitmap> card(const Wish& wish);
     void finish(const Wish& wish, bool found);
     void keep(const std::filesystem::path& file, std::optional<Bitmap> read);
 
     Strips strips;
     Levels levels;
+    Cards cards;
     QThreadPool pool;
     std::set<Wish> wished;
     std::set<Wish> failed;
-    std::set<UUID> listened; ///< sources of which nobody knows yet how loud they are
+    std::map<Wish, Bitmap> drawn; ///< generated cuts
+    std::set<UUID> listened;      ///< sources of which nobody knows yet how loud they are
     std::map<std::filesystem::path, std::optional<Bitmap>> files;            ///< read, or being read
     std::map<std::filesystem::path, std::shared_ptr<const Loudness>> sounds; ///< null while listening
     int order = 0;

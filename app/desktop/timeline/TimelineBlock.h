@@ -41,6 +41,7 @@ struct TimelineBlock {
     bool silent = false;        ///< of a cut: the whole row is turned off
     bool missing = false;       ///< its footage is gone
     std::optional<UUID> source; ///< whose pictures and sound it shows; none for what is generated
+    int card = 0;               ///< of a generated cut: which picture it has; 0 for none
     double at = 0;              ///< seconds on the source, or in the sound's file, at `from`
     std::vector<Stretch> quiet; ///< in which nobody speaks
     bool startsInWord = false;  ///< somebody is cut off there who is speaking

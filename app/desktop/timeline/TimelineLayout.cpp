@@ -1,5 +1,6 @@
 #include "app/desktop/timeline/TimelineLayout.h"
 
+#include "app/desktop/drawn/GeneratedCard.h"
 #include "app/desktop/timeline/SpokenTimes.h"
 #include "core/ai/Said.h"
 #include "core/model/Lanes.h"
@@ -164,7 +165,9 @@ void TimelineLayout::addCuts(const Input& given) {
         block.silent = isOff(given.video, Lane::video);
         block.missing = given.missing.contains(cut.source);
         block.at = cut.start;
-        if (!cut.generator) {
+        if (cut.generator)
+            block.card = GeneratedCard::number(cut, given.video.aspect);
+        else {
             block.source = cut.source;
             const auto* source = given.project.source(cut.source);
             block.sourceLength = source ? source->length : 0;

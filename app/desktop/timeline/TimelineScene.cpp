@@ -18,6 +18,7 @@ constexpr double labelPadding = 6;
 constexpr double captionPadding = 3;
 constexpr double pickedFrame = 2;
 constexpr double ratio = 16.0 / 9; ///< of a still's place
+constexpr double cardRatio = 1.25; ///< of a generated cut's picture: its words stand in its middle
 constexpr double waveTile = 256;   ///< points
 constexpr double rulerLeast = 64;  ///< points between times
 constexpr double beside = 8;       ///< points from a time's mark to its words: the playhead's head is free
@@ -167,6 +168,8 @@ private:
             label(block, {place.left(), place.top(), place.width(), TimelineLayout::nameHeight}, paint);
             place.setTop(place.top() + TimelineLayout::nameHeight);
         }
+        if (block.card != 0)
+            drawCard(block, {place.left(), place.top(), place.width(), layout.look.filmstrip});
         if (!block.source) return;
         const QRectF strip(place.left(), place.top(), place.width(), layout.look.filmstrip);
         if (!block.missing)
@@ -212,6 +215,21 @@ private:
                                                         left - x - part});
             }
         }
+    }
+
+    /// The picture of a generated cut, as often as it fits, each time with its middle.
+    void drawCard(const TimelineBlock& block, const QRectF& strip) {
+        if (strip.width() < minStrip || strip.height() < minStrip) return;
+        const double times = std::max(std::round(strip.width() / (strip.height() * cardRatio)), 1.0);
+        const double tile = strip.width() / times;
+        const double first = std::max(std::floor(-strip.left() / tile), 0.0);
+        for (double at = first; at < times && strip.left() + at * tile < span.width; ++at)
+            list.items.emplace_back(
+                DrawList::Still{{strip.left() + at * tile, strip.top(), tile, strip.height()},
+                                block.pick.id,
+                                block.card,
+                                tile,
+                                0});
     }
 
     void drawWave(const TimelineBlock& block, const QRectF& wave, const QColor& colour) {

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "core/model/Video.h"
+#include "platform/image/Bitmap.h"
+
+#include <filesystem>
+#include <optional>
+
+namespace murbo {
+
+/// A cut that a playbook draws, as a picture of its middle. A value for any thread.
+struct GeneratedCard {
+    Cut cut;
+    Video::Aspect aspect = Video::Aspect::vertical;
+    std::optional<std::filesystem::path> package; ///< with the playbook that the cut keeps to
+
+    /// What tells its picture from those of other cuts: below 0, and the same only where they are.
+    static int number(const Cut& cut, Video::Aspect aspect);
+    /// The picture, `width` pixels wide. Throws where it can't be drawn.
+    Bitmap draw(int width) const;
+};
+
+}
