@@ -19,7 +19,7 @@ FocusScope {
         anchors.horizontalCenter: parent.horizontalCenter
         y: 80
         width: 560
-        height: Math.min(field.height + list.contentHeight + 2 * Theme.wide + Theme.gap, 460)
+        height: Math.min(field.height + list.contentHeight + 2 * Theme.wide + Theme.gap, 450) // whole rows
         radius: Theme.sheetRadius
         color: Theme.raised
         MouseArea { property bool beside: true; anchors.fill: parent }
