@@ -12,7 +12,7 @@ TEST(LibraryRows, whatIsNoPlaybookIsNamedWithTheReason) {
     ASSERT_TRUE(shown.opened);
     std::filesystem::create_directories(Library::playbooks() / "Broken.mbplay");
     Files::writeWhole(Library::playbooks() / "Broken.mbplay/playbook.json", R"({"name": 3})");
-    LibraryModel model(shown.editor(), {});
+    LibraryModel model(shown.editor(), shown.opened->arriving(), {});
     ASSERT_TRUE(shown.turn(model, Collection::playbooks));
     const int broken = WindowOfLibrary::row(model, "Broken.mbplay");
     ASSERT_GE(broken, 0);
