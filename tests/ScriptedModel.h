@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
 namespace murbo {
@@ -52,10 +53,9 @@ public:
         const auto all = bodies();
         if (all.empty()) return "";
         for (const auto& message : all.back().at("messages"))
-            words += "[" + message.at("role").get<std::string>() + "]\n" +
-                     (message.at("content").is_string() ? message.at("content").get<std::string>()
-                                                        : message.at("content").dump()) +
-                     "\n";
+            words += fmt::format("[{}]\n{}\n", message.at("role").get<std::string>(),
+                                 message.at("content").is_string() ? message.at("content").get<std::string>()
+                                                                   : message.at("content").dump());
         return words;
     }
     int priceLists() const {

@@ -1,6 +1,7 @@
 #include "app/editor/commands/WordCorrection.h"
 #include "tests/editor/Lines.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 using namespace murbo;
@@ -26,7 +27,7 @@ TEST(WordCorrection, isWhatWordsBecameOtherOnes) {
     const std::string endless(100000, 'a');
     EXPECT_LE(WordCorrection::between(endless, "a").size(), 1U);
     std::string many;
-    for (int at = 0; at < 1000; ++at) many += "w" + std::to_string(at) + " ";
+    for (int at = 0; at < 1000; ++at) many += fmt::format("w{} ", at);
     EXPECT_EQ(WordCorrection::between(many, "x " + many), Corrections());
 }
 
