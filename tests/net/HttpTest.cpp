@@ -55,10 +55,10 @@ TEST(Http, goesOnlyWhereNobodyCanListen) {
                             "http://localhost/", "http://[::1]:80/"})
         EXPECT_TRUE(Http::mayGoTo(fit)) << fit;
     for (const char* unfit :
-         {"", "openrouter.ai", "http://openrouter.ai/", "http://127.0.0.1@example.org/",
-          "http://127.0.0.1.example.org/", "http://localhost.example.org/", "file:///etc/passwd",
-          "ftp://127.0.0.1/", "gopher://127.0.0.1/", "http://127.0.0.1:80 .example.org/", "https://",
-          "http://0x7f.example/", "http://[::2]/"})
+         {"", "openrouter.ai", "localhost:17172/mcp", "127.0.0.1:17172/mcp", "http://openrouter.ai/",
+          "http://127.0.0.1@example.org/", "http://127.0.0.1.example.org/", "http://localhost.example.org/",
+          "file:///etc/passwd", "ftp://127.0.0.1/", "gopher://127.0.0.1/",
+          "http://127.0.0.1:80 .example.org/", "https://", "http://0x7f.example/", "http://[::2]/"})
         EXPECT_FALSE(Http::mayGoTo(unfit)) << unfit;
     EXPECT_EQ(failure({.url = "http://example.org/"}),
               "Nothing is sent to http://example.org/: it is no HTTPS address.");
