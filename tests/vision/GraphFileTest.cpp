@@ -15,12 +15,12 @@ using namespace murbo::FlatBuffers;
 namespace {
 
 /// Two channels out of one by weights of 16 bits, enlarged by half, activated.
-std::string smallFile() {
+std::string smallFile(int firstHalf = 0x3C00) {
     const auto code = [](int number) { return table({number, none, 1, number}); };
     const auto value = [](std::vector<int> sides, int type, int buffer) {
         return table({numbers(sides), type, buffer});
     };
-    const std::string halves = bytes(std::uint16_t(0x3C00)) + bytes(std::uint16_t(0xC100)); // 1 and -2.5
+    const std::string halves = bytes(std::uint16_t(firstHalf)) + bytes(std::uint16_t(0xC100)); // 1 and -2.5
     const auto operation = [](int kind, std::vector<int> inputs, int output, const std::string& options) {
         return table({kind, numbers(inputs), numbers({output}), none, options});
     };
@@ -63,6 +63,12 @@ TEST(GraphFile, aFileIsReadAsItStands) {
     EXPECT_EQ(graph.layers[2].activation, Graph::Activation::logistic);
     EXPECT_EQ(graph.values[std::size_t(graph.output)], (Graph::Shape{3, 3, 2}));
     EXPECT_TRUE(taken(smallFile()));
+}
+
+TEST(GraphFile, aWeightOf16BitsThatIsNoNumberIsRefused) {
+    for (const int number : {0x0001, 0x7BFF, 0xFBFF}) EXPECT_TRUE(taken(smallFile(number))) << number;
+    for (const int none : {0x7C00, 0xFC00, 0x7C01, 0x7E00, 0xFFFF})
+        EXPECT_FALSE(taken(smallFile(none))) << none;
 }
 
 namespace {

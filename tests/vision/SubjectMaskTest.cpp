@@ -2,7 +2,9 @@
 #include "platform/media/FrameReader.h"
 #include "platform/vision/MaskRefinement.h"
 #include "platform/vision/SubjectMask.h"
+#include "tests/Environment.h"
 #include "tests/SameBitmaps.h"
+#include "tests/TemporaryFolder.h"
 #include "tests/image/Targets.h"
 #include "tests/vision/GreyPicture.h"
 
@@ -106,4 +108,17 @@ TEST_F(SubjectMaskTest, isTheSameOnEveryThreadAndInstructionSet) {
     for (auto& thread : threads) thread.join();
     EXPECT_THAT(alike, testing::Each(3));
     onEachTarget([&](const char* name) { EXPECT_TRUE(same(*SubjectMask::of(square), *expected)) << name; });
+}
+
+// In a process of its own, since the networks are read once.
+TEST(SubjectMaskDeathTest, withNetworksThatAreNoneThereIsNoMaskAndNoFailure) {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    const TemporaryFolder folder;
+    folder.file("square.tflite", "TFL");
+    const auto alone = [&] {
+        const Environment place("MURBO_SUBJECT", folder.path.string());
+        const bool nothing = !SubjectMask::available() && !SubjectMask::of(Bitmap(32, 32));
+        std::_Exit(nothing ? 0 : 1);
+    };
+    EXPECT_EXIT(alone(), testing::ExitedWithCode(0), "");
 }
