@@ -49,3 +49,20 @@ TEST(Cutout, takesAPersonOutOfThePicture) {
     EXPECT_GT(shares[0], 0.2);
     EXPECT_GT(shares[2], 0.05);
 }
+
+TEST(Cutout, aSmallPictureIsLookedAtAsItIs) {
+    const std::filesystem::path file = std::filesystem::path(MURBO_FOOTAGE) / "actors-battle.webm";
+    if (!SubjectMask::available()) GTEST_SKIP() << "The weights of the subject masks are not here.";
+    if (!std::filesystem::exists(file)) GTEST_SKIP() << "The footage of people is not here.";
+    const auto frame = Footage(file).frame(14);
+    const Rect whole = frame->extent();
+    const auto reduced = Transform().scaled(240 / whole.width, 136 / whole.height);
+    const Bitmap picture = Canvas::bitmap(frame->transformed(reduced), {0, 0, 240, 136});
+    const auto mask = SubjectMask::of(picture);
+    ASSERT_TRUE(mask);
+    PlaybookMedia media;
+    const Bitmap cut = Canvas::bitmap(media.cutout(Image::bitmap(picture)), {0, 0, 240, 136});
+    for (int y = 0; y < 136; ++y)
+        for (int x = 0; x < 240; ++x)
+            ASSERT_NEAR(cut.row(y)[x * 4 + 3], mask->row(y)[x * 4 + 3], 1) << x << ' ' << y;
+}

@@ -1,8 +1,10 @@
+#include "core/render/captions/CaptionPicture.h"
 #include "core/render/footage/Footage.h"
 #include "core/render/stage/PlaybookMedia.h"
 #include "platform/base/Files.h"
 #include "platform/image/Jpeg.h"
 #include "platform/image/draw/Canvas.h"
+#include "tests/SameBitmaps.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/footage/Movie.h"
 
@@ -153,6 +155,18 @@ TEST(PlaybookMedia, lettersAreKeptAndAbsurdOnesAreNone) {
         EXPECT_FALSE(media.text("Hello", style, "", 1, 928.8)) << size;
         EXPECT_FALSE(media.glyph("x", size)) << size;
     }
+}
+
+TEST(PlaybookMedia, lettersStandWhereTheyDoInTheirBlock) {
+    PlaybookMedia media;
+    CaptionStyle style;
+    style.size = 84;
+    CaptionPicture::Request request{.text = "Hello", .style = style};
+    request.width = 928.8;
+    const auto block = CaptionPicture::bitmap(request);
+    if (!block) GTEST_SKIP() << "No font is installed.";
+    const auto kept = media.text("Hello", style, "", 1, 928.8);
+    EXPECT_TRUE(same(Canvas::bitmap(*kept, {0, 0, double(block->width()), double(block->height())}), *block));
 }
 
 TEST(PlaybookMedia, manyLargeWordsAreKeptTogether) {

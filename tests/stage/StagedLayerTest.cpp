@@ -65,3 +65,19 @@ TEST(StagedLayer, thatIsMixedHidesNothing) {
         "643219");
     EXPECT_EQ(at(stage.drawn(R"({"shape": "rect", "fill": true, "color": "808080"})"), 9, 9), "808080");
 }
+
+TEST(StagedLayer, atAnAngleHidesOnlyWhatItCovers) {
+    const Staged stage(80, 80);
+    const auto wide = [&](const std::string& place) {
+        return stage.drawn(R"({"shape": "rect", "w": 4, "h": 1, "rotation": 10, )" + place + "}");
+    };
+    const std::vector<std::pair<int, int>> ends{{40, 0}, {40, 79}};
+    EXPECT_EQ(seen(wide(R"("y": 0)"), ends), "#.");
+    EXPECT_EQ(seen(wide(R"("y": 1)"), ends), ".#");
+    EXPECT_EQ(seen(stage.drawn(R"({"shape": "rect", "w": 1, "h": 4, "rotation": 10, "x": 0})"),
+                   {{0, 40}, {79, 40}}),
+              "#.");
+    EXPECT_EQ(seen(stage.drawn(R"({"shape": "rect", "w": 1, "h": 4, "rotation": 10, "x": 1})"),
+                   {{0, 40}, {79, 40}}),
+              ".#");
+}
