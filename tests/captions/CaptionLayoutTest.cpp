@@ -33,3 +33,14 @@ TEST(CaptionLayout, aBlockHasTheFewestLinesAndIsNoWiderThanTheyNeed) {
         }
     }
 }
+
+TEST(CaptionLayout, aBlockIsBoundedByItsAreaToo) {
+    const auto block = [](const char* words) {
+        return CaptionLayout::lay(ShapedText(words, Fonts::font("", 0.56, 400)),
+                                  {.size = 400, .maxWidth = 7000});
+    };
+    const auto three = block("a\nb\nc");
+    ASSERT_TRUE(three);
+    EXPECT_EQ(three->width, 7360);
+    EXPECT_FALSE(block("a\nb\nc\nd\ne\nf\ng")) << "each side would do";
+}

@@ -56,6 +56,17 @@ TEST(Thumbnail, isFilledToItsEdges) {
     }
 }
 
+TEST(Thumbnail, holdsTheWholePictureWhereASideIsRounded) {
+    TwoColours picture(2, 1000); // turned, so that the upper half is red and the lower one blue
+    picture.frame.turn = 1;
+    const auto made = Thumbnail::of(picture.frame, 100);
+    ASSERT_EQ(Sides(made.width(), made.height()), Sides(100, 1));
+    for (const int x : {0, 50, 99}) {
+        EXPECT_NEAR(made.row(0)[x * 4], 128, 3) << x;
+        EXPECT_NEAR(made.row(0)[x * 4 + 2], 128, 3) << x;
+    }
+}
+
 TEST(Thumbnail, standsUpright) {
     TwoColours picture(640, 360);
     picture.frame.turn = 1;
