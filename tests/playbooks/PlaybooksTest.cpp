@@ -14,6 +14,7 @@ TEST_F(PlaybooksInThreePlaces, tellsNamesakesAndTheStockApart) {
     const auto two = Playbooks::write(named("A/B"), {}, "me");
     EXPECT_EQ(one.folder->filename(), "A-B.mbplay");
     EXPECT_EQ(two.folder->filename(), "A-B 2.mbplay");
+    EXPECT_EQ(Playbooks::write(named("Act 1: go"), {}, "me").folder->filename(), "Act 1- go.mbplay");
     EXPECT_NE(one.id(), two.id());
 
     const auto mine = Playbooks::write(Playbooks::find("stock.hook")->playbook, {}, "me");
