@@ -49,6 +49,12 @@ TEST(FileEnd, findsTheEndWhereTheHeaderDoesNotTell) {
     EXPECT_NEAR(factsOf("fragments.mp4", pattern + x264 + "-g 30 -movflags frag_keyframe+empty_moov").length,
                 4, 0.1);
     EXPECT_NEAR(factsOf("raw.aac", "-f lavfi -i anoisesrc=d=7 -c:a aac").length, 7, 0.1);
+    // Each picture is larger than what is read of the end at first.
+    EXPECT_NEAR(factsOf("live-large.mkv",
+                        "-f lavfi -i testsrc2=s=1280x720:r=1:d=5,noise=alls=100:allf=t "
+                        "-c:v ffv1 -pix_fmt yuv444p -live 1")
+                    .length,
+                5, 0.1);
     const std::string noisy =
         "-f lavfi -i 'nullsrc=s=320x180:r=30:d=4,geq=random(1)*255:128:128' -g 30 " + x264;
     for (const char* name : {"noisy.mkv", "noisy.ts", "front.mp4"}) {

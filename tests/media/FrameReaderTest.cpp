@@ -156,6 +156,8 @@ TEST(FrameReader, goesOnFromAKeyframeAndFromWhereItWasStopped) {
     expectSame(reader.at(5.1), expected(shown, 5.1), 5.1);
     EXPECT_FALSE(reader.at(1.9, stopped.get_token()));
     expectSame(reader.at(1.5), expected(shown, 1.5), 1.5);
+    EXPECT_FALSE(reader.at(1.9, stopped.get_token()));
+    expectSame(reader.at(1.5), expected(shown, 1.5), 1.5);
 }
 
 TEST(FrameReader, keepsAFrameWholeAfterItsReaderIsGone) {

@@ -132,13 +132,15 @@ TEST(PictureFile, aPhoneHeldAnyWayGivesAnUprightPicture) {
                                      29) +
                                  char(index + 1) + std::string(6, '\0');
         const auto path = folder.file("photo.jpg", jpeg.substr(0, 2) + exif + jpeg.substr(2));
-        const Bitmap bitmap = PictureFile::read(path, everything);
-        EXPECT_EQ(bitmap.width(), index < 4 ? 64 : 48);
-        EXPECT_EQ(bitmap.height(), index < 4 ? 48 : 64);
-        for (const bool itself : {true, false}) {
-            const int x = right[index] == itself ? bitmap.width() * 3 / 4 : bitmap.width() / 4;
-            const int y = bottom[index] == itself ? bitmap.height() * 3 / 4 : bitmap.height() / 4;
-            EXPECT_LE(off(bitmap, x, y, itself ? red : blue), 4);
+        for (const int part : {1, 2}) { // also where it is kept smaller
+            const Bitmap bitmap = PictureFile::read(path, part == 1 ? everything : 64 * 48 / 4);
+            EXPECT_EQ(bitmap.width(), (index < 4 ? 64 : 48) / part);
+            EXPECT_EQ(bitmap.height(), (index < 4 ? 48 : 64) / part);
+            for (const bool itself : {true, false}) {
+                const int x = right[index] == itself ? bitmap.width() * 3 / 4 : bitmap.width() / 4;
+                const int y = bottom[index] == itself ? bitmap.height() * 3 / 4 : bitmap.height() / 4;
+                EXPECT_LE(off(bitmap, x, y, itself ? red : blue), 4);
+            }
         }
     }
 }

@@ -1,4 +1,6 @@
+#include "platform/image/draw/Canvas.h"
 #include "platform/media/FrameReader.h"
+#include "tests/SameBitmaps.h"
 #include "tests/media/Made.h"
 
 using namespace murbo;
@@ -44,5 +46,22 @@ TEST(Sampling, givesSomeOfThePicturesAtTheirTrueTimes) {
                 EXPECT_LT(some[at] - some[at - 1], 0.25) << name;
             }
         }
+    }
+}
+
+TEST(Sampling, givesSmallPicturesAsTheyAre) {
+    MURBO_NEEDS_FFMPEG();
+    const auto path = made::file("sampled-coarse.mp4",
+                                 "-f lavfi -i testsrc2=s=320x240:r=30:d=1 -c:v libx264 "
+                                 "-preset veryfast -crf 38 -bf 0 -pix_fmt yuv420p");
+    auto all = FrameReader::open(path);
+    auto some = FrameReader::open(path, FrameReader::Purpose::sampling);
+    const auto drawn = [](const FrameReader::TimedFrame& given) {
+        return Canvas::bitmap(Image::frame(given.frame), {0, 0, 320, 240});
+    };
+    while (const auto sampled = some.next()) {
+        const auto played = all.at(sampled->time);
+        ASSERT_TRUE(played);
+        ASSERT_TRUE(same(drawn(*sampled), drawn(*played))) << sampled->time;
     }
 }

@@ -116,6 +116,15 @@ TEST(SoundConverter, whereSoundComesTwiceTheFirstStaysAndAGapHasNone) {
     EXPECT_EQ(sound.at(10'000), -1);
 }
 
+TEST(SoundConverter, soundOfMoreUnnamedChannelsThanHavePlacesIsSilent) {
+    for (const auto& [channels, heard] : {std::pair{8, true}, {20, false}}) {
+        LevelWriter sound;
+        sound.put(0, 4800, 0.25, Sound::rate, channels);
+        sound.converter.finish();
+        EXPECT_EQ(sound.at(2400) > 0, heard) << channels;
+    }
+}
+
 TEST(SoundConverter, goesOnWhereTheSoundChangesItsShape) {
     LevelWriter sound;
     sound.put(0, 48'000, 0.1);
