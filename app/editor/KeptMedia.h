@@ -11,7 +11,7 @@ namespace murbo::KeptMedia {
 std::optional<std::string> keep(const std::filesystem::path& file, const std::string& folder,
                                 const std::optional<std::filesystem::path>& package);
 
-/// What the owner is told of a file that could not be copied.
+/// The words for the owner about a file that could not be copied.
 std::string failure(const std::filesystem::path& file);
 
 }

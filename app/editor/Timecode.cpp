@@ -10,8 +10,8 @@ namespace murbo::Timecode {
 namespace {
 
 constexpr double longest = 3.2e11; // seconds
-constexpr double rounding =
-    0.001; // frames or hundredths by which a time may fall short of its own: steps add up
+// Frames or hundredths of a second by which a time may fall short of its own: steps add up.
+constexpr double rounding = 0.001;
 
 double sane(double time) {
     return time > 0 ? std::min(time, longest) : 0; // no number is 0 too

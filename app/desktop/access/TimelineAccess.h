@@ -32,7 +32,7 @@ public:
     QWindow* window() const override;
 
     TimelineView& view() const;
-    /// What a screen reader is told of once keys have walked to the block that is picked; null without one.
+    /// What screen readers hear of once keys have walked to the block that is picked; null without one.
     std::unique_ptr<QAccessibleEvent> walkedTo() const;
 
 private:

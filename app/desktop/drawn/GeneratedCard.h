@@ -14,7 +14,7 @@ struct GeneratedCard {
     Video::Aspect aspect = Video::Aspect::vertical;
     std::optional<std::filesystem::path> package; ///< with the playbook that the cut keeps to
 
-    /// What tells its picture from those of other cuts: below 0, and the same only where they are.
+    /// A number for its picture, below 0: cuts that look alike have the same one.
     static int number(const Cut& cut, Video::Aspect aspect);
     /// The picture, `width` pixels wide. Throws where it can't be drawn.
     Bitmap draw(int width) const;
