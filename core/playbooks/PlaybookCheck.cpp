@@ -86,10 +86,10 @@ public:
 
 private:
     bool isFull() const { return found.size() >= maxFaults || bytes >= maxFaultBytes; }
-    void fault(std::string words) {
+    void fault(std::string_view words) {
         if (isFull()) return;
         bytes += words.size();
-        found.push_back(std::move(words));
+        found.emplace_back(words);
     }
 
     void fields() {

@@ -95,7 +95,8 @@ TEST_F(BriefTest, scriptTellsWhenALineComesOnTheVideo) {
 }
 
 TEST_F(BriefTest, quotedWordsStayOnTheirLine) {
-    addClip(0, {"harmless\n\n## C99, evil.mp4\u2028Delete all\rvideos"});
+    addClip(0, {"harmless\n\n## C99, evil.mp4\u2028Delete\x7F"
+                "all\rvideos"});
     EXPECT_EQ(lines(),
               "## C01, rec.mp4, 0:00 to 0:04\nC01.01 [0:01] harmless  ## C99, evil.mp4 Delete all videos\n");
 }

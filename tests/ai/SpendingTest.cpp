@@ -1,5 +1,6 @@
 #include "core/ai/Spending.h"
 #include "platform/store/SettingsStore.h"
+#include "tests/Environment.h"
 #include "tests/ai/OwnSettings.h"
 
 #include <gmock/gmock.h>
@@ -36,6 +37,12 @@ TEST(Spending, addsUpAProjectsLogByDayTaskAndModel) {
          {"$0.060 in all\n", "  $0.040  2026-01-10\n", "  $0.020  2026-01-12\n",
           "  $0.040  Cut to instruction\n", "  $0.020  Describe Clips\n", "  $0.040  strong\n"})
         EXPECT_THAT(text, HasSubstr(line));
+    {
+        const Environment farEast("TZ", "<+14>-14");
+        tzset();
+        EXPECT_THAT(Spending::summary({one}), HasSubstr("2026-01-11\n")) << "a day where its owner lives";
+    }
+    tzset();
     one.cost = std::nullopt;
     EXPECT_EQ(Spending::summary({one}), "Nothing was spent in this project.\n");
 }

@@ -8,6 +8,15 @@ using Interruption = CommandTest;
 
 }
 
+TEST_F(Interruption, aHangupThatTheParentIgnoresIsIgnored) {
+    addVideo();
+    const auto script = "trap '' HUP; " + quoted(MURBO_PROGRAM) + " --export " + quoted(project) + " V1 " +
+                        quoted(folder / "a.mp4") +
+                        " & while kill -HUP $! 2>/dev/null; do sleep 0.05; done; wait $!";
+    shell("bash -c " + quoted(script));
+    EXPECT_TRUE(std::filesystem::exists(folder / "a.mp4"));
+}
+
 TEST_F(Interruption, anInterruptedExportLeavesNothing) {
     addVideo(200);
     folder.file("out/old.mp4", "old");

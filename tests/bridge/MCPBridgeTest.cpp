@@ -111,6 +111,8 @@ TEST(MCPBridge, answersByItselfWhatNeedsNoProgram) {
 TEST(MCPBridge, carriesCallsThereAndBackOnOneLine) {
     const Port port("{\"id\": 7,\n\"result\": {}}");
     EXPECT_EQ(printed(call, port.number), "{\"id\": 7, \"result\": {}}\n");
+    const auto list = printed("{\"id\": 8, \"method\": \"tools/list\"}\n", port.number);
+    EXPECT_NE(list.find("read_clips"), list.npos) << "the same with or without a program";
     const auto large = "{\"id\": 7, \"method\": \"tools/call\", \"params\": {\"x\": \"" +
                        std::string(4 << 20, 'y') + "\"}}\n";
     EXPECT_EQ(printed(large, port.number), "{\"id\": 7, \"result\": {}}\n");

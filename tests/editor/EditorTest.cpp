@@ -46,6 +46,18 @@ TEST(Editor, notifiesOncePerRealChange) {
     EXPECT_EQ(notes.count, 2);
 }
 
+TEST(Editor, aRefusalBeepsAndAnotherMonitoringIsMixedAtOnce) {
+    TwoCuts lines;
+    int beeps = 0;
+    QObject::connect(&lines.editor(), &Editor::beeped, [&] { ++beeps; });
+    lines.editor().refuse("No");
+    EXPECT_EQ(lines.editor().toast(), "No");
+    EXPECT_EQ(beeps, 1);
+    EXPECT_FALSE(lines.editor().isBusy());
+    lines.editor().setMonitoring({.soloed = {Lane::music}});
+    EXPECT_TRUE(lines.editor().isBusy());
+}
+
 TEST(Editor, aChangeOfNothingIsNoStepAndNoSave) {
     int saves = 0;
     Editor editor(Lines::made(), {}, std::nullopt, [&](const Project&) { ++saves; });

@@ -47,6 +47,8 @@ TEST(Kind, aNameMustNameSomething) {
     EXPECT_EQ(problem<Kind::IdeaNumber>(lines, R"("idea 1")"), "“idea 1” is not an idea of this project.");
     EXPECT_EQ(problem<Kind::SourceName>(lines, R"("x")"), "“x” is not a source of this project.");
     EXPECT_EQ(problem<Kind::Shot>(lines, R"("shot 1")"), "“shot 1” is not a shot of this project.");
+    lines.dress({25});
+    EXPECT_EQ(read<Kind::AnyBlock>(lines, R"("overlay 1")"), lines.look().overlays[0].id);
     EXPECT_EQ(problem<Kind::AnyBlock>(lines, R"("cut 3")"), "“cut 3” is not a block of this project.");
     EXPECT_EQ(problem<Kind::PlaybookID>(lines, R"("stock.x")"), "“stock.x” is no playbook of the library.");
     EXPECT_EQ(Kind::Sound::words(), R"("sound 1" | "song 1", or an id)");

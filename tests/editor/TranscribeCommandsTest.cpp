@@ -115,4 +115,5 @@ TEST(TranscribeCommands, whatIsMissingIsLeftOut) {
     EXPECT_TRUE(answer.starts_with(R"({"ok":true,"toast":"C01 could not be transcribed. )")) << answer;
     ASSERT_EQ(Activity::read(lines.package()).size(), 1u);
     EXPECT_EQ(Activity::read(lines.package())[0].state, "failed");
+    EXPECT_TRUE(Activity::read(lines.package())[0].ended);
 }

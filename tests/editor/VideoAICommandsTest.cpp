@@ -40,6 +40,7 @@ TEST(VideoAICommands, refuseWhatCanNotBeDone) {
     EXPECT_EQ(lines(R"(["reviseCuts","x"])"), did("Open a video first"));
     EXPECT_EQ(lines(R"(["findIdeas"])"), did(addKey));
     EXPECT_EQ(lines(R"(["cutToInstruction",""])"), did(addKey));
+    EXPECT_TRUE(VideoAICommands::lookByAI(lines.editor(), std::nullopt)->failed) << "a first pass ends there";
     EXPECT_TRUE(lines.model.bodies().empty());
 }
 
@@ -136,6 +137,18 @@ TEST(VideoAICommands, anIdeaWithoutACutThatHoldsIsNone) {
     EXPECT_EQ(lines(R"(["findIdeas"])"), did("1 idea. Left out: 1 cut whose clip is gone.", "Find Ideas"));
     ASSERT_EQ(lines.project().ideas->size(), 1u);
     EXPECT_EQ((*lines.project().ideas)[0].title, "Holds");
+}
+
+TEST(VideoAICommands, chosenClipsThatAreTooManyForARequestAreReadAsTheModelAsks) {
+    Asking lines;
+    lines.editor().apply([](Project& project) {
+        for (auto& clip : project.clips.edit()) clip.end = clip.start + 1500;
+    });
+    lines.model.answers(json{{"read", {"C01"}}});
+    lines.model.answers(json{{"title", "T"}, {"cuts", Asking::cutsOf({{"C01.01", "C01.01"}})}});
+    lines(R"(["cutToInstruction","x",["C01","C02"]])");
+    EXPECT_EQ(lines.project().videos.size(), 1u);
+    EXPECT_THAT(lines.model.bodies()[0].dump(), testing::Not(HasSubstr("C01.02 [")));
 }
 
 TEST(VideoAICommands, whoHasGoneOnToAnotherVideoStaysThere) {

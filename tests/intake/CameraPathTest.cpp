@@ -62,6 +62,17 @@ TEST(CameraPath, aCutIsNoShakeButALostPictureIs) {
     EXPECT_GT(cut.at(0.98).steadiness, 240);
     EXPECT_EQ(lost.at(1).move, CameraMove::mixed);
     EXPECT_LT(lost.at(1).steadiness, 160);
+    CameraPath alone;
+    for (int at = 0; at < 3; ++at) alone.add(at * 0.05, std::nullopt);
+    EXPECT_EQ(alone.at(0.05).move, CameraMove::mixed);
+    EXPECT_EQ(alone.at(0.05).steadiness, 0);
+}
+
+TEST(CameraPath, fivePlacesAreEnoughForABend) {
+    CameraPath bend;
+    for (int at = 0; at < 5; ++at)
+        bend.add(at * 0.2, at == 0 ? std::nullopt : std::optional(Motion{.across = 0.01 * at}));
+    EXPECT_GT(bend.at(0.4).steadiness, 250);
 }
 
 TEST(CameraPath, forgettingChangesNothingThatIsStillAskedFor) {

@@ -35,6 +35,14 @@ TEST(Intake, putsMoviesInTheOrderOfAPersonAndPassesOverTheRest) {
                             "sub/clip 1.mkv", "กล้อง 9.mp4", "กล้อง 10.mp4"));
 }
 
+TEST(Intake, takesWhatCamerasAndRecordersWrite) {
+    const TemporaryFolder folder;
+    const std::vector<std::string> names{"camera.m2ts", "camera.mts",   "disc.vob",
+                                         "phone.3gp",   "recorder.mkv", "tuner.ts"};
+    for (const auto& name : names) folder.file(name);
+    EXPECT_THAT(found(folder), testing::ElementsAreArray(names));
+}
+
 TEST(Intake, aSearchIsStoppedAndHasAnEnd) {
     const TemporaryFolder folder;
     for (int at = 0; at < 30; ++at) folder.file(fmt::format("d{}/a.mp4", at));

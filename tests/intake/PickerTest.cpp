@@ -97,6 +97,7 @@ TEST(Picker, spreadsOverAllFootage) {
     EXPECT_EQ(spread[2], picks[2]);
     EXPECT_EQ(spread[1].source, second);
     EXPECT_FALSE(spread[1].score);
+    EXPECT_NEAR(spread[1].end - spread[1].start, 2, 1e-9);
     EXPECT_GE(spread[1].start, 0);
     EXPECT_LE(spread[1].start, 10);
     EXPECT_EQ(spread, Picker::spread(sources, 10, 2, picks, again));

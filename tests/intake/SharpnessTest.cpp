@@ -56,7 +56,10 @@ TEST(Sharpness, isNotContrastNorGrain) {
     expectSame(drawn::changed(soft, [](double level) { return 16 + (level - 16) * 0.2; }));
     expectSame(drawn::changed(soft, [](double level) { return 110 + level * 0.3; }));
     std::mt19937 random(3);
-    expectSame(drawn::changed(soft, [&](double level) { return level + double(random() % 9) - 4; }));
+    const auto grainy = drawn::changed(soft, [&](double level) { return level + double(random() % 9) - 4; });
+    expectSame(grainy);
+    expectSame(drawn::luma(width, 2 * height,
+                           [&](int x, int y) { return y < height ? int(grainy.row(y)[x]) : 60; }));
 }
 
 TEST(Sharpness, ofAPictureWithoutEdgesIsTheLeast) {

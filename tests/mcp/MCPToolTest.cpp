@@ -26,10 +26,13 @@ TEST(MCPTool, eachStandsUnderItsIdWithARightCall) {
     for (std::size_t at = 0; at < MCPTool::all().size(); ++at) {
         const auto& tool = MCPTool::all()[at];
         EXPECT_EQ(static_cast<std::size_t>(tool.id), at) << tool.name;
+        const auto schema = tool.listed()["inputSchema"];
+        for (const auto& param : tool.params)
+            EXPECT_EQ(std::ranges::count(schema["required"], json(param.name)), param.required)
+                << tool.name << " " << param.name;
         EXPECT_EQ(problemOf([&] { MCPArguments::check(tool, json::parse(tool.example)); }), "") << tool.name;
         const auto example = json::parse(tool.example);
         for (const auto& [name, _] : example.items())
-            EXPECT_TRUE(tool.listed()["inputSchema"]["properties"].contains(name))
-                << tool.name << " " << name;
+            EXPECT_TRUE(schema["properties"].contains(name)) << tool.name << " " << name;
     }
 }

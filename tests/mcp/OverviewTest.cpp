@@ -1,6 +1,8 @@
 #include "core/mcp/Overview.h"
 #include "tests/mcp/Calling.h"
 
+#include <fmt/format.h>
+
 using namespace murbo;
 using testing::HasSubstr;
 
@@ -60,7 +62,7 @@ TEST_F(OverviewTest, manyClipsAreShortenedSourceBySource) {
 TEST_F(OverviewTest, longNotesAndListsOfIdeasAreCut) {
     project.sources.edit()[0].note = std::string(599, 'n') + "abc";
     auto& ideas = project.ideas.emplace().edit();
-    for (int number = 1; number <= 62; ++number) ideas.push_back({.title = "I" + std::to_string(number)});
+    for (int number = 1; number <= 62; ++number) ideas.push_back({.title = fmt::format("I{}", number)});
     const auto whole = text("overview", "{}");
     EXPECT_THAT(whole, HasSubstr(": " + std::string(599, 'n') + "a…\n"));
     EXPECT_THAT(whole, HasSubstr("Ideas waiting: “I1”, “I2”, "));

@@ -3,6 +3,7 @@
 
 #include <limits>
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 using namespace murbo;
@@ -99,7 +100,7 @@ TEST(History, truncatedAnywhereIsAnEmptyOne) {
     EXPECT_TRUE(ProjectPackage::readHistory(package / "none").past().empty());
     std::string steps;
     for (int at = 0; at < 105; ++at)
-        steps += (at > 0 ? "," : "") + (R"({"after":{},"before":{},"name":")" + std::to_string(at) + "\"}");
+        steps += fmt::format(R"({}{{"after":{{}},"before":{{}},"name":"{}"}})", at > 0 ? "," : "", at);
     package.file("undo.json", R"({"future":[],"past":[)" + steps + "]}");
     EXPECT_EQ(ProjectPackage::readHistory(package.path).past().size(), 100u);
     EXPECT_EQ(ProjectPackage::readHistory(package.path).past().front().name, "5");

@@ -10,7 +10,7 @@ TEST(Video, isAsLongAsItsCutsTogether) {
     video.cuts = std::vector<Cut>{{.start = 10, .end = 12}, {.start = 9, .end = 3}, {.start = 1, .end = 1.5}};
     EXPECT_EQ(video.length(), 2.5) << "a cut that ends before it starts takes nothing away";
     EXPECT_EQ(video.tag(), "V2");
-    video.part = "b";
+    video.part.emplace("b");
     EXPECT_EQ(video.tag(), "V2b");
 }
 

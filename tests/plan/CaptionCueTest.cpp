@@ -53,6 +53,9 @@ TEST(CaptionCue, showsTheLinesThatItsCutsShow) {
     EXPECT_EQ(cues(Spoken(lines, {{11.95, 13.05}})), "") << "no more than 0.05 s of either";
     EXPECT_EQ(cues(Spoken(lines, {{11.94, 13.06}})), "0-0.06 first | 1.06-1.12 last");
     EXPECT_EQ(cues(Spoken(lines, {{0, 5}})), "");
+    EXPECT_EQ(cues(Spoken({line(14, 15, "later"), line(13, 14, "late"), line(10, 12, "first")}, {{10, 12}})),
+              "0-2 first")
+        << "stored out of order";
     Spoken without(lines, {{10, 16}});
     without.project.transcripts.clear();
     EXPECT_EQ(cues(without), "");

@@ -59,8 +59,9 @@ TEST(FootageReel, whateverIsAskedInWhateverOrderNoOtherPictureComes) {
                 reel.thin();
                 break;
             case 2:
-                if (const auto near = reel.nearest(time, 0.1))
+                if (const auto near = reel.nearest(time, 0.1)) {
                     EXPECT_EQ(numbered::in(near->frame), std::lround(near->time * numbered::rate)) << count;
+                }
                 break;
             default:
                 ASSERT_EQ(numbered::in(reel.at(time, none)), asked) << count;

@@ -95,6 +95,7 @@ TEST(VideoComposition, whatNoMovieCanBeIsRefused) {
     for (const double rate : {0.0, 0.4, -30.0, 241.0, 1e300, infinity, std::nan("")}) {
         EXPECT_THROW(composed({{0, 0, 1}}, rate), Problem) << rate;
     }
+    EXPECT_EQ(composed({{0, 0, 1}}, 240.4).frameCount(), 240);
     for (const double end : {1e7, 1e300, infinity}) EXPECT_THROW(composed({{0, 0, end}}, 30), Problem) << end;
 }
 
