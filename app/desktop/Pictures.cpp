@@ -111,7 +111,7 @@ void bringUp(const std::string& view, OpenProject& project) {
     if (view == "transcript") editor.setInspectorTab(InspectorTab::transcript);
     for (const auto* sheet :
          {"export", "newVideo", "addFiles", "addStream", "history", "saveAs", "duplicate", "settings", "keys",
-          "palette", "bringIn", "renamePreset", "renameClip", "renameVideo", "findMissing"})
+          "captionFonts", "palette", "bringIn", "renamePreset", "renameClip", "renameVideo", "findMissing"})
         if (view == sheet) project.setSheet(QString::fromUtf8(sheet));
     if (const auto page = fromRawText<Collection>(view)) editor.setSidebar({*page, {}});
 }

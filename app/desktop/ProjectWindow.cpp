@@ -48,6 +48,7 @@ ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_p
     context->setContextProperty("footageSheet", &footageSheet);
     context->setContextProperty("streamSheet", &streamSheet);
     context->setContextProperty("settingsSheet", &settingsSheet);
+    context->setContextProperty("captionFonts", &captionFonts);
     context->setContextProperty("library", &library);
     context->setContextProperty("closingQuestion", &closing);
     context->setContextProperty("transcript", &transcript);
@@ -61,6 +62,8 @@ ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_p
     context->setContextProperty("viewerAids", &viewerAids);
     context->setContextProperty("previewVolume", &PreviewVolume::standard());
     context->setContextProperty("planner", this);
+    // Fonts of captions are among the settings.
+    connect(&settingsSheet, &SettingsSheet::changed, this, [this] { open.editor().redraw(); });
     connect(&inspection, &Inspection::findAsked, &open, [this] { open.perform("sheet.findMissing"); });
     connect(&open, &OpenProject::verb, &inspectorPanel, &InspectorPanel::carryOut);
     connect(&open, &OpenProject::verb, &transcript, &TranscriptPage::carryOut);
@@ -97,7 +100,7 @@ bool ProjectWindow::awaitsPictures() {
     const auto& editor = open.editor();
     auto* pictures = qobject_cast<FootagePictures*>(open.footage());
     return editor.isBusy() || pictures->isBusy() || inspectorPictures.isBusy() || captions.isBusy() ||
-           library.isBusy() || deliveryCheck.isBusy() || footageSheet.reading();
+           captionFonts.isBusy() || library.isBusy() || deliveryCheck.isBusy() || footageSheet.reading();
 }
 
 bool ProjectWindow::eventFilter(QObject*, QEvent* event) {

@@ -19,6 +19,7 @@
 #include "app/desktop/libraries/LibraryModel.h"
 #include "app/desktop/models/FolderModel.h"
 #include "app/desktop/models/MediaArrivals.h"
+#include "app/desktop/settings/CaptionFonts.h"
 #include "app/desktop/settings/SettingsSheet.h"
 #include "app/desktop/timeline/TimelineAppearance.h"
 #include "app/desktop/transcript/TranscriptPage.h"
@@ -81,6 +82,7 @@ private:
     FootageSheet footageSheet;
     StreamSheet streamSheet;
     SettingsSheet settingsSheet;
+    CaptionFonts captionFonts{settingsSheet};
     LibraryModel library;
     ClosingQuestion closing;
     TranscriptPage transcript;

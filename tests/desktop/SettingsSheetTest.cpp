@@ -24,10 +24,6 @@ TEST(SettingsSheet, whatIsSetHoldsAtOnceAndWithinBounds) {
     EXPECT_EQ(sheet.languageName(), "German");
     sheet.setText("language", "");
     EXPECT_EQ(Settings::language(), "th");
-    sheet.setText("captionFonts", "Noto Sans Thai,, No Such Font");
-    ASSERT_EQ(sheet.fonts().size(), 2);
-    EXPECT_FALSE(sheet.fonts()[1].toMap()["installed"].toBool());
-    sheet.setText("captionFonts", "");
 
     sheet.setNumber("zoom", 1);
     sheet.setOn("mcp", true);

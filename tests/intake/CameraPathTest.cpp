@@ -63,9 +63,10 @@ TEST(CameraPath, aCutIsNoShakeButALostPictureIs) {
     EXPECT_EQ(lost.at(1).move, CameraMove::mixed);
     EXPECT_LT(lost.at(1).steadiness, 160);
     CameraPath alone;
-    for (int at = 0; at < 3; ++at) alone.add(at * 0.05, std::nullopt);
-    EXPECT_EQ(alone.at(0.05).move, CameraMove::mixed);
-    EXPECT_EQ(alone.at(0.05).steadiness, 0);
+    for (int at = 0; at < 20; ++at)
+        alone.add(at * 0.05, at == 10 || at == 11 ? std::nullopt : std::optional(Motion{}));
+    EXPECT_EQ(alone.at(0.5).move, CameraMove::mixed);
+    EXPECT_EQ(alone.at(0.5).steadiness, 0);
 }
 
 TEST(CameraPath, fivePlacesAreEnoughForABend) {

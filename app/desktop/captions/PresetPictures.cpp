@@ -10,7 +10,6 @@
 namespace murbo {
 namespace {
 
-constexpr const char* specimen = "Your words";
 constexpr double widestShown = 0.9;    ///< of the frame's shorter side: captions are a little narrower
 constexpr double specimenShare = 0.86; ///< of the card's width that it takes at most
 constexpr Colour ground{0x2A, 0x2D, 0x33, 255};
@@ -26,8 +25,9 @@ QImage card(const Image& picture, const Rect& part, QSize size) {
     return Painted::image(target);
 }
 
-QImage specimenCard(const CaptionStyle& style, const std::string& fonts, QSize size) {
-    const auto words = Stills::caption(specimen, style, fonts);
+QImage specimenCard(const CaptionStyle& style, const PresetPictures::PresetWish& wish) {
+    const auto size = wish.size;
+    const auto words = Stills::caption(wish.specimen, style, wish.fonts);
     const auto extent = words ? words->extent() : Rect{0, 0, 1080, 600};
     const double wide = std::max(extent.width / specimenShare, 600.0);
     const double high = wide * size.height() / size.width();
@@ -70,8 +70,7 @@ QHash<QString, QImage> PresetPictures::drawn(const PresetWish& wish) {
     const auto plan = shows ? Plan::video(*wish.video, wish.project, wish.fonts, wish.package) : Plan();
     const auto moment = shows ? CaptionCue::shown(wish.at, plan.cues) : std::nullopt;
     if (!moment) {
-        for (const auto& style : wish.styles)
-            made.insert(name(style), specimenCard(style, wish.fonts, wish.size));
+        for (const auto& style : wish.styles) made.insert(name(style), specimenCard(style, wish));
         return made;
     }
     const auto pictures =

@@ -27,6 +27,7 @@ public:
         Project project;
         std::set<UUID> missing;
         std::string fonts;
+        std::string specimen = "Your words"; ///< what is said where no caption of the video is
         std::optional<std::filesystem::path> package;
         double at = 0;                    ///< video seconds: the caption nearest to it is drawn
         std::vector<CaptionStyle> styles; ///< resolved, with their ids

@@ -6,8 +6,8 @@ Item {
 
     property alias text: words.text
     readonly property int dash: 8
-    readonly property int across: Math.floor(width / (2 * dash))
-    readonly property int down: Math.floor(height / (2 * dash))
+    readonly property int across: Math.max(0, Math.floor(width / (2 * dash)))
+    readonly property int down: Math.max(0, Math.floor(height / (2 * dash)))
 
     Repeater {
         model: place.visible ? 2 * (place.across + place.down) : 0

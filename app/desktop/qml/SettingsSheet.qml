@@ -4,7 +4,7 @@ import QtQuick
 Sheet {
     id: sheet
 
-    property int pane: project.sheet === "keys" ? 1 : 0
+    property int pane: ({ "keys": 1, "captionFonts": 3 })[project.sheet] || 0
     property string waiting: "" // the command that takes the next key
 
     function waitFor(command) {
@@ -113,22 +113,11 @@ Sheet {
                 visible: sheet.pane === 3
                 width: parent.width
                 spacing: Theme.wide
-                SettingText { name: "captionFonts"; text: "Fonts"; note: "Families for letters that a caption's own font lacks, separated by commas, the first one first" }
-                Repeater {
-                    model: settingsSheet.fonts
-                    Row {
-                        required property var modelData
-                        spacing: Theme.wide
-                        x: 130 + Theme.wide
-                        Words { text: parent.modelData.family; width: 180 }
-                        Words { visible: parent.modelData.installed; text: "Hello สวัสดี こんにちは 😀"; font.family: parent.modelData.family; color: Theme.text2 }
-                        Words { visible: !parent.modelData.installed; text: "not installed on this computer"; color: Theme.notice }
-                    }
-                }
+                FontOrder { width: parent.width }
                 Words { visible: captions.saved.length > 0; text: "Saved styles"; color: Theme.text3; font.weight: Font.DemiBold; font.pixelSize: Theme.noteSize; topPadding: Theme.gap }
                 ListView {
                     width: parent.width
-                    height: Math.min(count * Theme.control, 6 * Theme.control)
+                    height: Math.min(count * Theme.control, 4 * Theme.control)
                     clip: true
                     boundsBehavior: Flickable.StopAtBounds
                     model: captions.saved

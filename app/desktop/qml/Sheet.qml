@@ -9,6 +9,7 @@ FocusScope {
     property string mainWord
     property bool mainEnabled: true
     property string cancelWord: "Cancel"
+    property bool safe: false // going back is the bright button: what the main one does can't be undone
     property alias foot: extra.data
     readonly property real room: height - 7 * Theme.margin - head.height - last.height // the largest height that its content can have
     default property alias content: body.data
@@ -53,8 +54,8 @@ FocusScope {
                 id: buttons
                 anchors.right: parent.right
                 spacing: Theme.gap
-                PushButton { visible: sheet.cancelWord !== ""; text: sheet.cancelWord; onClicked: project.sheet = "" }
-                PushButton { visible: sheet.mainWord !== ""; text: sheet.mainWord; main: true; enabled: sheet.mainEnabled; keys: "Ctrl+Enter"; onClicked: sheet.accept() }
+                PushButton { visible: sheet.cancelWord !== ""; text: sheet.cancelWord; main: sheet.safe; onClicked: project.sheet = "" }
+                PushButton { visible: sheet.mainWord !== ""; text: sheet.mainWord; main: !sheet.safe; enabled: sheet.mainEnabled; keys: "Ctrl+Enter"; onClicked: sheet.accept() }
             }
         }
     }

@@ -23,7 +23,7 @@ Item {
         focus: true
         source: ({ "export": "ExportSheet.qml", "newVideo": "NewVideoSheet.qml", "addFiles": "AddFilesSheet.qml", "addStream": "AddStreamSheet.qml", "history": "HistorySheet.qml",
                    "saveAs": "SaveAsSheet.qml", "duplicate": "SaveAsSheet.qml", "closing": "ClosingSheet.qml", "findMissing": "FindMissingSheet.qml",
-                   "renameVideo": "RenameSheet.qml", "renameClip": "RenameClipSheet.qml", "renamePreset": "PresetSheet.qml", "bringIn": "BringInSheet.qml", "palette": "Palette.qml", "settings": "SettingsSheet.qml", "keys": "SettingsSheet.qml" })[project.sheet] || ""
+                   "renameVideo": "RenameSheet.qml", "renameClip": "RenameClipSheet.qml", "renamePreset": "PresetSheet.qml", "bringIn": "BringInSheet.qml", "palette": "Palette.qml", "settings": "SettingsSheet.qml", "keys": "SettingsSheet.qml", "captionFonts": "SettingsSheet.qml" })[project.sheet] || ""
         onLoaded: { item.forceActiveFocus(); if ("picture" in item) item.picture = layer.picture }
     }
 }

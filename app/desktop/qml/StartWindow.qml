@@ -113,7 +113,8 @@ Window {
                 height: 160
                 radius: Theme.radius
                 color: area.containsDrag ? Theme.hover : Theme.canvas
-                border.color: area.containsDrag ? Theme.accent : Theme.line
+                border.color: area.containsDrag ? Theme.accent : "transparent"
+                DashedPlace { anchors.fill: parent; visible: !area.containsDrag }
                 Words { anchors.centerIn: parent; width: parent.width - 2 * Theme.margin; horizontalAlignment: Text.AlignHCenter; wrapMode: Text.WordWrap; text: "Drop footage here to start a project"; color: Theme.text3 }
             }
         }

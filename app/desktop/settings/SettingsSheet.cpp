@@ -37,8 +37,7 @@ constexpr ShownNumber numbers[] = {{"clipFilmstrip", 40, 0, 120},
                                    {"snapReach", 8, 0, 40},
                                    {"punchZoom", 1.3, 1.01, 4}};
 
-constexpr const char* fontsKey = "captionFonts";
-constexpr const char* texts[] = {"language", "libraryFolder", "soundsFolder", "musicFolder", fontsKey};
+constexpr const char* texts[] = {"language", "libraryFolder", "soundsFolder", "musicFolder", "captionFonts"};
 
 template <class Shown>
 const Shown* find(std::span<const Shown> list, const QString& key) {
@@ -124,17 +123,6 @@ void SettingsSheet::setText(const QString& key, const QString& value) {
 
 QString SettingsSheet::languageName() const {
     return QString::fromStdString(Settings::languageName(Settings::language()));
-}
-
-QVariantList SettingsSheet::fonts() const {
-    QVariantList list;
-    for (const auto& part : text(fontsKey).split(',', Qt::SkipEmptyParts)) {
-        const auto family = part.trimmed();
-        if (!family.isEmpty())
-            list.append(
-                QVariantMap{{"family", family}, {"installed", Fonts::installed(family.toStdString())}});
-    }
-    return list;
 }
 
 QVariantList SettingsSheet::keys() const {

@@ -13,7 +13,6 @@ class SettingsSheet : public QObject {
     Q_PROPERTY(QString search MEMBER search NOTIFY changed)
     Q_PROPERTY(QString moved READ moved NOTIFY changed)
     Q_PROPERTY(QString languageName READ languageName NOTIFY changed)
-    Q_PROPERTY(QVariantList fonts READ fonts NOTIFY changed)
     Q_PROPERTY(QString problem READ problem NOTIFY changed)
 
 public:
@@ -31,7 +30,6 @@ public:
     Q_INVOKABLE void setText(const QString& key, const QString& value);
 
     QString languageName() const; ///< of the language set, in words
-    QVariantList fonts() const;   ///< of captions, in their order: family, installed
 
     QVariantList keys() const; ///< command, title, key: those whose title or key holds what is searched
     Q_INVOKABLE QString keyOf(const QString& command) const; ///< as people read it
