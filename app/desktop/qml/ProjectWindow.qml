@@ -153,7 +153,11 @@ Window {
         onDropped: (drop) => { if (drop.hasUrls) sheets.drop(drop.urls) }
     }
     SheetLayer { id: sheets; anchors.fill: parent; picture: video.frame }
-    Toast { id: toast; anchors.horizontalCenter: parent.horizontalCenter; anchors.horizontalCenterOffset: project.sheet ? 0 : (timeline.width - window.width) / 2
-        y: project.sheet ? Theme.small : timeline.y + Theme.small } // beside what a sheet says
+    Toast { // beside what a sheet says, and beside the tools where there is room
+        id: toast
+        readonly property real overTimeline: Math.max((timeline.width - width) / 2, Math.min(timeline.toolsEnd + Theme.gap, timeline.width - width - Theme.gap))
+        x: project.sheet ? (window.width - width) / 2 : timeline.x + overTimeline
+        y: project.sheet ? Theme.small : timeline.y + Theme.small
+    }
     Component.onCompleted: timeline.takeFocus()
 }

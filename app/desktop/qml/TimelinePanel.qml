@@ -7,6 +7,7 @@ FocusScope {
 
     readonly property bool wideHeaders: width > 700
     readonly property int headerWidth: wideHeaders ? Theme.headers : 72
+    readonly property real toolsEnd: tooling.x + tooling.width
     signal skimmed()
     signal filesLeft(var paths) // dropped, and nothing for the timeline
     function fit() { view.fit() }
@@ -29,6 +30,7 @@ FocusScope {
         Accessible.name: "Timeline tools"
 
         Row {
+            id: tooling
             x: Theme.wide
             height: parent.height
             spacing: Theme.small
