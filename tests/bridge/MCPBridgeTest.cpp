@@ -1,14 +1,13 @@
 #include "app/mcp/bridge/MCPBridge.h"
 #include "core/mcp/MCPServer.h"
+#include "tests/FakeServer.h"
 
 #include <array>
 #include <chrono>
 #include <thread>
 
 #include <gtest/gtest.h>
-#include <netinet/in.h>
 #include <nlohmann/json.hpp>
-#include <sys/socket.h>
 #include <unistd.h>
 
 using namespace murbo;
@@ -16,54 +15,10 @@ using nlohmann::json;
 
 namespace {
 
-/// A port of this machine that answers the n-th request after n tenths of a second less each, or never.
-class Port {
-public:
-    explicit Port(std::string gives) : answer(std::move(gives)) {
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        bind(listening, reinterpret_cast<sockaddr*>(&address), sizeof address);
-        listen(listening, 8);
-        socklen_t size = sizeof address;
-        getsockname(listening, reinterpret_cast<sockaddr*>(&address), &size);
-        number = ntohs(address.sin_port);
-        serving = std::thread([this] { serve(); });
-    }
-    ~Port() {
-        shutdown(listening, SHUT_RDWR);
-        serving.join();
-        close(listening);
-        for (const int one : silent) close(one);
-    }
-
-    std::uint16_t number = 0;
-
-private:
-    void serve() {
-        for (int taken; (taken = accept(listening, nullptr, nullptr)) >= 0;) {
-            if (answer.empty()) {
-                silent.push_back(taken);
-                continue;
-            }
-            std::string got;
-            std::array<char, 65536> bytes;
-            while (got.find("\n}") == got.npos && got.find("}}") == got.npos) {
-                const auto count = recv(taken, bytes.data(), bytes.size(), 0);
-                if (count <= 0) break;
-                got.append(bytes.data(), static_cast<std::size_t>(count));
-            }
-            const auto whole = "HTTP/1.1 200 OK\r\n\r\n" + answer;
-            send(taken, whole.data(), whole.size(), MSG_NOSIGNAL);
-            close(taken);
-        }
-    }
-
-    std::string answer;
-    int listening = socket(AF_INET, SOCK_STREAM, 0);
-    std::vector<int> silent;
-    std::thread serving;
-};
+/// The port of a server.
+std::uint16_t portOf(const FakeServer& server) {
+    return static_cast<std::uint16_t>(std::stoi(server.base.substr(server.base.rfind(':') + 1)));
+}
 
 /// What the bridge prints for these lines, from beginning to end.
 std::string printed(const std::string& lines, std::uint16_t port) {
@@ -109,18 +64,18 @@ TEST(MCPBridge, answersByItselfWhatNeedsNoProgram) {
 }
 
 TEST(MCPBridge, carriesCallsThereAndBackOnOneLine) {
-    const Port port("{\"id\": 7,\n\"result\": {}}");
-    EXPECT_EQ(printed(call, port.number), "{\"id\": 7, \"result\": {}}\n");
-    const auto list = printed("{\"id\": 8, \"method\": \"tools/list\"}\n", port.number);
+    const FakeServer server([](auto&) { return FakeServer::reply(200, "{\"id\": 7,\n\"result\": {}}"); });
+    EXPECT_EQ(printed(call, portOf(server)), "{\"id\": 7, \"result\": {}}\n");
+    const auto list = printed("{\"id\": 8, \"method\": \"tools/list\"}\n", portOf(server));
     EXPECT_NE(list.find("read_clips"), list.npos) << "the same with or without a program";
     const auto large = "{\"id\": 7, \"method\": \"tools/call\", \"params\": {\"x\": \"" +
                        std::string(4 << 20, 'y') + "\"}}\n";
-    EXPECT_EQ(printed(large, port.number), "{\"id\": 7, \"result\": {}}\n");
+    EXPECT_EQ(printed(large, portOf(server)), "{\"id\": 7, \"result\": {}}\n");
 }
 
 TEST(MCPBridge, endsSoonAfterItsInputWhateverIsOut) {
-    const Port port("");
+    const FakeServer server([](auto&) { return ""; }); // never answers
     const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(printed(call, port.number), "");
+    EXPECT_EQ(printed(call, portOf(server)), "");
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
 }
