@@ -4,17 +4,11 @@
 #include "tests/FakeServer.h"
 #include "tests/ProblemOf.h"
 
-#include <chrono>
-
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace murbo;
 using namespace std::chrono_literals;
-using testing::EndsWith;
-using testing::HasSubstr;
-using testing::Not;
-using testing::StartsWith;
+using testing::HasSubstr, testing::Not, testing::StartsWith;
 using Clock = std::chrono::steady_clock;
 
 namespace {

@@ -2,8 +2,6 @@
 #include "platform/store/Keychain.h"
 #include "tests/TemporaryFolder.h"
 
-#include <cstdlib>
-
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
