@@ -5,7 +5,6 @@
 #include "tests/ai/Footage.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 namespace murbo {

@@ -1,9 +1,7 @@
 #include "core/mcp/MCPArguments.h"
-#include "core/mcp/MCPTool.h"
 #include "tests/ProblemOf.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 using namespace murbo;

@@ -1,14 +1,9 @@
 #include "core/mcp/MCPCalls.h"
-#include "core/mcp/MCPTool.h"
 #include "tests/mcp/Calling.h"
 
 using namespace murbo;
 
-namespace {
-
-class MCPCallsTest : public Calling {};
-
-}
+using MCPCallsTest = Calling;
 
 TEST_F(MCPCallsTest, onlyToolsOfAProjectAreCarriedOut) {
     EXPECT_EQ(problem("what", "{}"), "Murbo has no tool called what.");

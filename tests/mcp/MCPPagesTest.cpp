@@ -4,8 +4,6 @@
 #include "platform/base/RawText.h"
 #include "tests/TemporaryFolder.h"
 
-#include <cstdlib>
-
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -14,19 +12,11 @@ using namespace murbo;
 
 namespace {
 
-const char* heading(MCPTool::Kind kind) {
-    switch (kind) {
-        case MCPTool::Kind::read:
-            return "Reading";
-        case MCPTool::Kind::changeClips:
-            return "Changing clips";
-        case MCPTool::Kind::changeVideos:
-            return "Changing videos";
-        case MCPTool::Kind::library:
-            return "The owner's library: asked for each time, unless allowed";
-    }
-    return "";
-}
+const std::map<MCPTool::Kind, std::string> headings{
+    {MCPTool::Kind::read, "Reading"},
+    {MCPTool::Kind::changeClips, "Changing clips"},
+    {MCPTool::Kind::changeVideos, "Changing videos"},
+    {MCPTool::Kind::library, "The owner's library: asked for each time, unless allowed"}};
 
 std::string rows(std::span<const MCPTool::Param> params, const std::string& indent = "") {
     std::string text;
@@ -42,9 +32,10 @@ std::string page() {
         "# The tools of AI apps\n\nWhat an AI app can do with the project that is open. "
         "[How to connect one](ai-apps.md). `./dev pages` prints this page anew from the program's own "
         "table.\n";
-    const char* before = "";
+    std::string before;
     for (const auto& tool : MCPTool::all()) {
-        if (heading(tool.kind) != before) page += fmt::format("\n## {}\n", before = heading(tool.kind));
+        if (headings.at(tool.kind) != before)
+            page += fmt::format("\n## {}\n", before = headings.at(tool.kind));
         page += fmt::format("\n### {}\n\n{}\n", tool.name, tool.about);
         if (!tool.params.empty())
             page += fmt::format("\n{}\n`{} {}`\n", rows(tool.params), tool.name, tool.example);

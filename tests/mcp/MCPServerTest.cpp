@@ -1,10 +1,7 @@
 #include "core/mcp/MCPArguments.h"
 #include "core/mcp/MCPServer.h"
-#include "core/mcp/MCPTool.h"
-#include "tests/ProblemOf.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 using namespace murbo;
@@ -13,7 +10,7 @@ using testing::HasSubstr;
 
 namespace {
 
-json reply(const char* message) {
+json reply(const std::string& message) {
     const auto answer = MCPServer::reply(json::parse(message), "0.1");
     return answer ? *answer : json("silence");
 }
@@ -37,7 +34,7 @@ TEST(MCPMessage, aNotificationGetsSilence) {
 
 TEST(MCPMessage, echoesIdsOfEveryKind) {
     for (const auto* id : {"0", "\"\"", "-1.5", "[1]", "{\"a\": 1}", "false", "\"3\""}) {
-        const auto answer = reply((std::string(R"({"method": "ping", "id": )") + id + "}").c_str());
+        const auto answer = reply(std::string(R"({"method": "ping", "id": )") + id + "}");
         EXPECT_EQ(answer["id"], json::parse(id));
         EXPECT_EQ(answer["result"], json::object());
     }
@@ -60,9 +57,8 @@ TEST(MCPMessage, welcomesInTheClientsOwnVersion) {
 TEST(MCPMessage, promptsAreTheKitsOfAIApps) {
     EXPECT_EQ(MCPServer::prompts().size(), 9u);
     EXPECT_EQ(MCPServer::prompts()[0]["arguments"][0]["name"], "picked");
-    const auto text = [](const char* params) {
-        return reply(
-            (std::string(R"({"id": 1, "method": "prompts/get", "params": )") + params + "}").c_str());
+    const auto text = [](const std::string& params) {
+        return reply(R"({"id": 1, "method": "prompts/get", "params": )" + params + "}");
     };
     const auto prompt = text(R"({"name": "look", "arguments": {"picked": "V2"}})")["result"]["messages"][0];
     EXPECT_EQ(prompt["role"], "user");

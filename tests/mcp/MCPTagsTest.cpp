@@ -3,11 +3,7 @@
 
 using namespace murbo;
 
-namespace {
-
-class MCPTagsTest : public Calling {};
-
-}
+using MCPTagsTest = Calling;
 
 TEST_F(MCPTagsTest, aMomentIsNamedByTheNearestLine) {
     const Said said(project);

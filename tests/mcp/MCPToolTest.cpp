@@ -3,7 +3,6 @@
 #include "tests/ProblemOf.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 using namespace murbo;

@@ -6,11 +6,7 @@
 using namespace murbo;
 using testing::HasSubstr;
 
-namespace {
-
-class OverviewTest : public Calling {};
-
-}
+using OverviewTest = Calling;
 
 TEST_F(OverviewTest, overviewTellsTheWholeProject) {
     project.sources.edit()[0].note = "A boss rush.";

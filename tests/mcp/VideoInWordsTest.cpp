@@ -4,11 +4,7 @@
 using namespace murbo;
 using testing::HasSubstr;
 
-namespace {
-
-class VideoInWordsTest : public Calling {};
-
-}
+using VideoInWordsTest = Calling;
 
 TEST_F(VideoInWordsTest, readsAVideoWhole) {
     auto& look = video().look.emplace();
