@@ -226,7 +226,8 @@ bool PicturePlayer::deliver(const PictureOrder& now, const VideoComposition::Mom
 
 void PicturePlayer::present(const std::stop_token& ending) {
     std::unique_lock hold(lock);
-    while (changed.wait(hold, ending, [this] { return !ahead.empty(); })) {
+    // Once it is to end, no wait lets go of the lock any more.
+    while (changed.wait(hold, ending, [this] { return !ahead.empty(); }) && !ending.stop_requested()) {
         const double wait = untilDue(ahead.front());
         if (wait > soon) {
             const auto number = order.number;
