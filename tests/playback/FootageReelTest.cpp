@@ -3,9 +3,8 @@
 
 #include <random>
 
-#include <gtest/gtest.h>
+using namespace murbo;
 
-namespace murbo {
 namespace {
 
 const std::stop_token none;
@@ -23,13 +22,9 @@ std::stop_token stopped() {
 
 TEST(FootageReel, givesThePictureThatIsOnWhateverTheOrder) {
     FootageReel reel(numbered::movie("long.mp4"));
-    std::mt19937 random(5);
-    int number = 0;
-    for (int count = 0; count < 60; ++count) {
-        number = count % 4 == 0 ? static_cast<int>(random() % 150)
-                                : std::clamp(number + static_cast<int>(random() % 5) - 2, 0, 149);
-        EXPECT_EQ(numbered::in(reel.at(during(number), none)), number) << count;
-        if (count % 3 == 0) reel.readBefore(during(number));
+    for (const int number : {97, 98, 96, 12, 13, 60, 59, 58, 61, 149, 0}) {
+        EXPECT_EQ(numbered::in(reel.at(during(number), none)), number);
+        if (number % 3 == 0) reel.readBefore(during(number));
     }
     EXPECT_EQ(numbered::in(reel.at(50.0 / numbered::rate, none)), 50) << "at its very start";
     EXPECT_EQ(numbered::in(reel.at(-1, none)), 0);
@@ -75,16 +70,13 @@ TEST(FootageReel, whateverIsAskedInWhateverOrderNoOtherPictureComes) {
 
 TEST(FootageReel, keepsWhatItReadAndSaysSo) {
     FootageReel reel(numbered::movie("long.mp4"));
-    EXPECT_FALSE(reel.holds(during(100)));
-    EXPECT_FALSE(reel.atHand(during(100)));
-    EXPECT_FALSE(reel.isNear(during(100)));
+    EXPECT_FALSE(reel.holds(during(100)) || reel.atHand(during(100)) || reel.isNear(during(100)));
     reel.at(during(100), none);
     EXPECT_TRUE(reel.holds(during(100)));
     EXPECT_EQ(numbered::in(reel.atHand(during(98))), 98) << "those before come by on the way";
     EXPECT_FALSE(reel.atHand(during(102)));
     EXPECT_TRUE(reel.isNear(during(110)));
-    EXPECT_FALSE(reel.isNear(during(120)));
-    EXPECT_FALSE(reel.isNear(during(50)));
+    EXPECT_FALSE(reel.isNear(during(120)) || reel.isNear(during(50)));
     reel.thin();
     EXPECT_FALSE(reel.holds(during(98)));
     EXPECT_EQ(numbered::in(reel.at(during(101), none)), 101);
@@ -109,15 +101,13 @@ TEST(FootageReel, whatIsReadBeforeAPlaceCountsOnlyThere) {
 TEST(FootageReel, atTheEndsItHoldsAllBeyond) {
     FootageReel reel(numbered::movie("long.mp4"));
     reel.at(-1, none);
-    EXPECT_TRUE(reel.holds(-5));
-    EXPECT_TRUE(reel.isNear(-5));
+    EXPECT_TRUE(reel.holds(-5) && reel.isNear(-5));
     for (int number = 0; number < 60; ++number) reel.at(during(number), none);
     EXPECT_FALSE(reel.holds(during(2)) || reel.holds(-5)) << "it has been let go";
     EXPECT_EQ(numbered::in(reel.at(during(2), none)), 2);
     EXPECT_TRUE(reel.nearest(-1, 0.1) && reel.holds(-1));
     reel.at(during(149) + 1, none);
-    EXPECT_TRUE(reel.holds(500));
-    EXPECT_TRUE(reel.isNear(500));
+    EXPECT_TRUE(reel.holds(500) && reel.isNear(500));
 }
 
 TEST(FootageReel, aNearPictureIsAKeptOneWithinTheToleranceElseAKeyframe) {
@@ -158,5 +148,4 @@ TEST(FootageReel, aFileThatIsGoneOrAnotherIsKnown) {
     EXPECT_FALSE(reel.isCurrent());
 }
 
-}
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "tests/MadeMedia.h"
-#include "tests/TemporaryFolder.h"
 #include "tests/render/Samples.h"
 
 namespace murbo {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/editor/playback/SoundFeed.h"
 #include "core/render/sound/SoundMix.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/sound/Waves.h"
@@ -17,6 +18,18 @@ struct NumberedSound {
         const auto value = [](int frame) { return static_cast<float>(frame) / (4 * second); };
         if (!std::filesystem::exists(file)) waves::write(file, waves::made(3 * second, value, value));
         return {{.file = file, .pieces = {{0, 3, 0}}, .gains = {{0, 3, gain, gain}}}};
+    }
+};
+
+/// A feed of that file.
+struct RampFeed : NumberedSound {
+    SoundFeed feed{tracks(), 3};
+
+    /// What it gives next, in frames of stereo.
+    std::vector<float> read(int frames) {
+        std::vector<float> sound(2 * static_cast<std::size_t>(frames), 9.0F);
+        feed.read(sound);
+        return sound;
     }
 };
 

@@ -1,17 +1,15 @@
 #include "app/editor/playback/Player.h"
-#include "core/render/PlanBox.h"
 #include "core/render/Stills.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/playback/Recorder.h"
 #include "tests/render/Samples.h"
 
-#include <atomic>
-#include <cmath>
 #include <thread>
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
+
 namespace {
 
 constexpr int side = 240;
@@ -49,6 +47,17 @@ public:
         return static_cast<int>(std::floor(moment.at * rate + 0.01));
     }
     void turnTo(double time) { now = time; }
+    /// Runs once its first picture is there.
+    bool begins(double speed = 1) {
+        const bool stands = recorder->exact().has_value();
+        player.run(speed);
+        return stands;
+    }
+    /// The number that frame shows once it comes; −2 where it does not.
+    int shown(std::int64_t frame) {
+        const auto given = recorder->number(frame);
+        return given ? samples::numberIn(given->picture) : -2;
+    }
 
     std::atomic<double> now = 0;
     TemporaryFolder folder;
@@ -111,13 +120,10 @@ TEST(PicturePlayer, playShowsEveryFrameOnceOverAllCuts) {
                                      Cut::generated("none", 1, std::nullopt, 0.2));
     showing.load(0);
     const auto last = showing.player.item()->composition.frameCount() - 1;
-    ASSERT_TRUE(showing.recorder->exact());
-    showing.player.run(1);
+    ASSERT_TRUE(showing.begins());
     for (std::int64_t frame = 1; frame <= last; ++frame) {
         showing.turnTo(static_cast<double>(frame) / rate);
-        const auto shown = showing.recorder->number(frame);
-        ASSERT_TRUE(shown) << frame;
-        EXPECT_EQ(samples::numberIn(shown->picture), showing.expected(frame)) << frame;
+        ASSERT_EQ(showing.shown(frame), showing.expected(frame)) << frame;
     }
     EXPECT_EQ(showing.player.counts().dropped, 0);
 }
@@ -127,13 +133,10 @@ TEST(PicturePlayer, playBackwardShowsEveryFrameOfEveryCut) {
         Showing showing({{0, 1, 3}, {1, 0.5, 2}, {0, 3, 4.5}});
         const double start = 5; // the end
         showing.load(start);
-        ASSERT_TRUE(showing.recorder->exact());
-        showing.player.run(-speed);
+        ASSERT_TRUE(showing.begins(-speed));
         for (std::int64_t frame = 149 - speed; frame >= 0; frame -= speed) {
             showing.turnTo((start - static_cast<double>(frame) / rate) / speed);
-            const auto shown = showing.recorder->number(frame);
-            ASSERT_TRUE(shown) << frame;
-            EXPECT_NEAR(samples::numberIn(shown->picture), showing.expected(frame), speed / 2) << frame;
+            ASSERT_NEAR(showing.shown(frame), showing.expected(frame), speed / 2) << frame;
         }
         EXPECT_EQ(showing.player.counts().dropped, 0);
     }
@@ -141,8 +144,7 @@ TEST(PicturePlayer, playBackwardShowsEveryFrameOfEveryCut) {
 
 TEST(PicturePlayer, framesThatComeTooLateAreDroppedAndCounted) {
     Showing showing({{0, 0, 4}});
-    ASSERT_TRUE(showing.recorder->exact());
-    showing.player.run(1);
+    ASSERT_TRUE(showing.begins());
     showing.turnTo(0.1);
     ASSERT_TRUE(showing.recorder->number(3));
     showing.turnTo(2);
@@ -174,8 +176,7 @@ TEST(PicturePlayer, aNewPlanIsDrawnAtOnceAndStopsNothing) {
 
 TEST(PicturePlayer, filesThatVanishOrShrinkStopNothing) {
     Showing showing({{0, 0, 2}, {1, 1, 3}, {0, 3, 4}});
-    ASSERT_TRUE(showing.recorder->exact());
-    showing.player.run(1);
+    ASSERT_TRUE(showing.begins());
     for (std::int64_t frame = 1; frame < 150; ++frame) {
         if (frame == 20) std::filesystem::resize_file(showing.folder / "a.mp4", 20000);
         if (frame == 70) std::filesystem::remove(showing.folder / "b.mp4");
@@ -184,13 +185,9 @@ TEST(PicturePlayer, filesThatVanishOrShrinkStopNothing) {
     }
     samples::writeNumbered(showing.folder / "a.mp4", 30, rate); // replaced by a shorter one
     showing.load(1.5);
-    const auto after = showing.recorder->next([](const auto& frame) { return frame.number == 45; });
-    ASSERT_TRUE(after);
-    EXPECT_EQ(samples::numberIn(after->picture), 29);
+    EXPECT_EQ(showing.shown(45), 29);
     showing.player.stand(2.5); // in the file that is gone
-    const auto black = showing.recorder->next([](const auto& frame) { return frame.number == 75; });
-    ASSERT_TRUE(black);
-    EXPECT_EQ(samples::numberIn(black->picture), -1);
+    EXPECT_EQ(showing.shown(75), -1);
 }
 
 TEST(PicturePlayer, manyOrdersAtOnceEndOnTheLast) {
@@ -211,5 +208,4 @@ TEST(PicturePlayer, manyOrdersAtOnceEndOnTheLast) {
     EXPECT_TRUE(same(frame->picture, showing.still(4.2)));
 }
 
-}
 }

@@ -1,17 +1,16 @@
 #include "app/editor/playback/Playback.h"
 #include "platform/store/SettingsStore.h"
-#include "tests/TemporaryFolder.h"
 #include "tests/playback/Recorder.h"
 
 #include <QCoreApplication>
 #include <algorithm>
 #include <cmath>
-#include <functional>
 #include <limits>
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
+
 namespace {
 
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
@@ -25,25 +24,27 @@ PlayerItem item(const std::vector<double>& lengths) {
 }
 
 /// A playback on a clock that the test turns.
-struct Played {
+struct Played : Playback {
     double now = 0;
-    Playback playback{[this] { return now; }, {}, nullptr, nullptr};
     int times = 0;
-    int rates = 0;
 
-    explicit Played(double length = 10) {
-        playback.load(item({length}), 0);
-        QObject::connect(&playback, &Playback::timeChanged, [this] { ++times; });
-        QObject::connect(&playback, &Playback::rateChanged, [this] { ++rates; });
+    explicit Played(double length = 10) : Playback([this] { return now; }, {}, nullptr, nullptr) {
+        load(item({length}), 0);
+        QObject::connect(this, &Playback::timeChanged, [this] { ++times; });
     }
 
     /// Lets time pass, with a tick at its end.
     void pass(double seconds) {
         now += seconds;
-        const double place = playback.time() + playback.rate() * seconds;
-        playback.tick(place);
+        tick(time() + rate() * seconds);
     }
 };
+
+/// Where it stands and how fast it goes.
+using At = std::pair<double, double>;
+At at(const Playback& playback) {
+    return {playback.time(), playback.rate()};
+}
 
 TEST(Playback, withoutAnItemNothingMovesIt) {
     Playback playback;
@@ -54,20 +55,17 @@ TEST(Playback, withoutAnItemNothingMovesIt) {
     playback.step(1);
     playback.tick(5);
     playback.play({1, 2});
-    EXPECT_EQ(playback.time(), 0);
-    EXPECT_EQ(playback.rate(), 0);
+    EXPECT_EQ(at(playback), At(0, 0));
     EXPECT_EQ(playback.span(), Stretch{});
     EXPECT_FALSE(playback.skimmed());
 }
 
 TEST(Playback, standsInWhatIsAboutToCome) {
-    Played played;
-    auto& playback = played.playback;
+    Played playback;
     playback.playPause();
     playback.await({20, 30}, 20);
     EXPECT_FALSE(playback.isLoaded());
-    EXPECT_EQ(playback.rate(), 0);
-    EXPECT_EQ(playback.time(), 20);
+    EXPECT_EQ(at(playback), At(20, 0));
     playback.seek(99);
     EXPECT_DOUBLE_EQ(playback.time(), 29.99);
     playback.load(item({40}), playback.time());
@@ -80,8 +78,7 @@ TEST(Playback, standsInWhatIsAboutToCome) {
 }
 
 TEST(Playback, whatPlaysGoesOnOverAllThatComes) {
-    Played played;
-    auto& playback = played.playback;
+    Played playback;
     playback.shuttle(true);
     playback.shuttle(true);
     playback.await({20, 30}, 20);
@@ -93,15 +90,13 @@ TEST(Playback, whatPlaysGoesOnOverAllThatComes) {
     playback.load(item({6}), 2); // a skim ends with its item
     EXPECT_FALSE(playback.skimmed());
     playback.endScrub();
-    EXPECT_EQ(playback.time(), 2);
-    EXPECT_EQ(playback.rate(), 0);
+    EXPECT_EQ(at(playback), At(2, 0));
     playback.await({5, 3}, 4);
     EXPECT_EQ(playback.span(), (Stretch{5, 5}));
 }
 
 TEST(Playback, eachPropertyNotifiesOfItsOwnChangesAlone) {
-    Played played;
-    auto& playback = played.playback;
+    Played playback;
     std::string said;
     const auto note = [&](auto signal, const char* letter) {
         QObject::connect(&playback, signal, [&said, letter] { said += letter; });
@@ -143,14 +138,13 @@ TEST(Playback, eachPropertyNotifiesOfItsOwnChangesAlone) {
 }
 
 TEST(Playback, endsByItsOwnTicksOnceTheLastFrameIsOn) {
-    Played played;
-    auto& playback = played.playback;
+    Played playback;
     auto quick = item({10});
     quick.composition.rate = 60; // a frame is shorter than the time before the end at which play stops
     playback.load(std::move(quick), 9);
     playback.playPause();
     const auto turn = [&](double to, const std::function<bool()>& until) {
-        played.now = to - 9;
+        playback.now = to - 9;
         while (!until()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     };
     turn(9.5, [&] { return playback.time() > 9; });
@@ -163,20 +157,19 @@ TEST(Playback, endsByItsOwnTicksOnceTheLastFrameIsOn) {
 }
 
 TEST(Playback, aSeekAfterASkimBringsThePictureBack) {
-    Played played;
+    Played playback;
     const auto recorder = std::make_shared<Recorder>();
-    played.playback.setSink(recorder, 16, 16);
-    played.playback.seek(2);
+    playback.setSink(recorder, 16, 16);
+    playback.seek(2);
     ASSERT_TRUE(recorder->number(60));
-    played.playback.skim(5);
+    playback.skim(5);
     ASSERT_TRUE(recorder->number(150));
-    played.playback.seek(2); // where its time stood all along
+    playback.seek(2); // where its time stood all along
     EXPECT_TRUE(recorder->number(60));
 }
 
 TEST(Playback, seeksStayWithinTheSpan) {
-    Played played;
-    auto& playback = played.playback;
+    Played playback;
     struct {
         double to, expected;
     } const cases[] = {{4, 4},   {10, 9.99},    {1e308, 9.99},    {-1e308, 0},   {5, 5},
@@ -188,73 +181,67 @@ TEST(Playback, seeksStayWithinTheSpan) {
     playback.setSpan({2, 2});
     playback.seek(7);
     EXPECT_EQ(playback.time(), 2);
-    const int before = played.times;
+    const int before = playback.times;
     playback.seek(7);
-    EXPECT_EQ(played.times, before);
+    EXPECT_EQ(playback.times, before);
 }
 
 TEST(Playback, playsFromTheStartAgainAtTheEnd) {
-    Played played;
-    auto& playback = played.playback;
+    Played playback;
     playback.setSpan({3, 8});
     playback.seek(7.96);
     playback.playPause();
-    EXPECT_EQ(playback.time(), 3);
-    EXPECT_EQ(playback.rate(), 1);
-    played.pass(2);
+    EXPECT_EQ(at(playback), At(3, 1));
+    playback.pass(2);
     EXPECT_EQ(playback.time(), 5);
     playback.playPause();
-    EXPECT_EQ(playback.rate(), 0);
-    EXPECT_EQ(playback.time(), 5);
+    EXPECT_EQ(at(playback), At(5, 0));
     playback.playPause();
-    played.pass(2.985);
+    playback.pass(2.985);
     EXPECT_EQ(playback.rate(), 0);
 }
 
 TEST(Playback, shuttleDoublesUpToEightTimesAndBeginsAnewTheOtherWay) {
-    Played played(100);
-    auto& playback = played.playback;
+    Played playback(100);
     for (const double expected : {1, 2, 4, 8, 8}) {
         playback.shuttle(true);
         EXPECT_EQ(playback.rate(), expected);
     }
-    played.pass(2);
+    playback.pass(2);
     for (const double expected : {-1, -2, -4, -8, -8}) {
         playback.shuttle(false);
         EXPECT_EQ(playback.rate(), expected);
     }
-    played.pass(1.9985);
+    playback.pass(1.9985);
     EXPECT_EQ(playback.rate(), 0);
 }
 
 TEST(Playback, aStretchStopsAtItsEndOnce) {
-    Played played;
-    auto& playback = played.playback;
+    Played playback;
     playback.play({2, 4});
-    played.pass(1.97);
+    playback.pass(1.97);
     EXPECT_EQ(playback.rate(), 1);
-    played.pass(0.02);
+    playback.pass(0.02);
     EXPECT_EQ(playback.rate(), 0);
     playback.playPause();
-    played.pass(3);
+    playback.pass(3);
     EXPECT_EQ(playback.rate(), 1);
     playback.play({5, nan});
-    played.pass(4);
+    playback.pass(4);
     EXPECT_EQ(playback.rate(), 1);
-    played.pass(0.99);
+    playback.pass(0.99);
     EXPECT_EQ(playback.rate(), 0);
     playback.play({8, 99});
-    played.pass(2);
+    playback.pass(2);
     EXPECT_EQ(playback.rate(), 0) << "where the video ends";
 }
 
 TEST(Playback, aSkimLeavesTheTimeAndComesBack) {
-    Played played;
-    auto& playback = played.playback;
+    Played playback;
     playback.seek(2);
     playback.shuttle(true);
     playback.shuttle(true);
-    played.pass(1);
+    playback.pass(1);
     playback.skim(8);
     playback.skim(9);
     EXPECT_EQ(playback.rate(), 0);
@@ -262,30 +249,25 @@ TEST(Playback, aSkimLeavesTheTimeAndComesBack) {
     EXPECT_EQ(playback.time(), 4);
     EXPECT_EQ(playback.skimmed(), 9);
     playback.endScrub();
-    EXPECT_EQ(playback.rate(), 2);
-    EXPECT_EQ(playback.time(), 4);
+    EXPECT_EQ(at(playback), At(4, 2));
     // A press of play ends the skim, and nothing of it is left for its late end.
     playback.skim(8);
     playback.playPause();
     playback.playPause();
     playback.endScrub();
-    EXPECT_EQ(playback.rate(), 0);
-    EXPECT_EQ(playback.time(), 4);
+    EXPECT_EQ(at(playback), At(4, 0));
 }
 
 TEST(Playback, aScrubThatSeeksPlaysOnFromThere) {
-    Played played;
-    auto& playback = played.playback;
+    Played playback;
     playback.playPause();
     playback.skim(5);
     playback.seek(6);
     EXPECT_FALSE(playback.skimmed());
     playback.endScrub();
-    EXPECT_EQ(playback.rate(), 1);
-    EXPECT_EQ(playback.time(), 6);
+    EXPECT_EQ(at(playback), At(6, 1));
     playback.step(-0.5);
-    EXPECT_EQ(playback.rate(), 0);
-    EXPECT_EQ(playback.time(), 5.5);
+    EXPECT_EQ(at(playback), At(5.5, 0));
     for (const bool stops : {true, false}) { // a command within a scrub is the last word
         playback.playPause();
         playback.skim(3);
@@ -301,19 +283,18 @@ TEST(Playback, aScrubThatSeeksPlaysOnFromThere) {
 }
 
 TEST(Playback, aTimeThatIsNoneCountsAsTheStart) {
-    Played played;
-    played.playback.setSpan({8, 2});
-    EXPECT_EQ(played.playback.span(), (Stretch{8, 8}));
-    played.playback.setSpan({1, 9});
-    played.playback.seek(4);
-    played.playback.playPause();
-    played.playback.tick(nan);
-    EXPECT_EQ(played.playback.time(), 1);
+    Played playback;
+    playback.setSpan({8, 2});
+    EXPECT_EQ(playback.span(), (Stretch{8, 8}));
+    playback.setSpan({1, 9});
+    playback.seek(4);
+    playback.playPause();
+    playback.tick(nan);
+    EXPECT_EQ(playback.time(), 1);
 }
 
 TEST(Playback, anotherItemKeepsPlayingAndAnEmptySpanAfterUnloading) {
-    Played played;
-    auto& playback = played.playback;
+    Played playback;
     playback.setSource(UUID::make());
     playback.play({1, 3});
     playback.load(item({2, 4}), 5);
@@ -324,8 +305,7 @@ TEST(Playback, anotherItemKeepsPlayingAndAnEmptySpanAfterUnloading) {
     EXPECT_DOUBLE_EQ(playback.time(), 1.99);
     playback.unload();
     EXPECT_EQ(playback.span(), Stretch{});
-    EXPECT_EQ(playback.time(), 0);
-    EXPECT_EQ(playback.rate(), 0);
+    EXPECT_EQ(at(playback), At(0, 0));
     EXPECT_FALSE(playback.source());
 }
 
@@ -340,5 +320,4 @@ TEST(Playback, aRemixAsksForTheSamePictures) {
     EXPECT_EQ(playback.rate(), 1);
 }
 
-}
 }

@@ -2,9 +2,8 @@
 #include "app/editor/playback/PlayerItem.h"
 #include "tests/playback/NumberedMovie.h"
 
-#include <gtest/gtest.h>
+using namespace murbo;
 
-namespace murbo {
 namespace {
 
 const std::stop_token none;
@@ -19,8 +18,9 @@ protected:
         video.cuts.edit().insert(video.cuts.begin() + 3, Cut::generated("none", 1, std::nullopt, 0.5));
         turn();
     }
-    void turn() {
-        const auto item = PlayerItem::video(video, project, {project.sources[2].id}, "", std::nullopt);
+    void turn() { turn({project.sources[2].id}); }
+    void turn(const std::set<UUID>& missing) {
+        const auto item = PlayerItem::video(video, project, missing, "", std::nullopt);
         composition = std::make_shared<const VideoComposition>(item.composition);
         footage.turnTo(composition);
     }
@@ -61,9 +61,7 @@ TEST_F(PlayedFootageTest, everyFrameBackward) {
 TEST_F(PlayedFootageTest, threeFilesInAnyOrder) {
     project.sources.edit()[2].path = numbered::movie("third.mp4", 140);
     video = samples::video(project, {{0, 1, 1.5}, {1, 2, 2.5}, {2, 3, 3.5}, {1, 0, 0.5}, {0, 4, 4.5}});
-    composition = std::make_shared<const VideoComposition>(
-        PlayerItem::video(video, project, {}, "", std::nullopt).composition);
-    footage.turnTo(composition);
+    turn({});
     for (int step = 0; step < 60; ++step) {
         const auto moment = composition->moment(step * 29 % 75);
         const auto shown = footage.at(moment, step % 3 == 0 ? 1 : 0, none);
@@ -131,5 +129,4 @@ TEST_F(PlayedFootageTest, anotherCompositionAndAReplacedFileAreTakenUp) {
     EXPECT_EQ(numbered::in(footage.at(composition->moment(28), 0, none).image), 19);
 }
 
-}
 }

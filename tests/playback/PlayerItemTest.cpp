@@ -1,9 +1,8 @@
 #include "app/editor/playback/PlayerItem.h"
 #include "tests/playback/NumberedMovie.h"
 
-#include <gtest/gtest.h>
+using namespace murbo;
 
-namespace murbo {
 namespace {
 
 Project oneSource(const std::filesystem::path& file, double length) {
@@ -66,5 +65,4 @@ TEST(PlayerItem, soloedLanesSoundAlone) {
     EXPECT_EQ(gain({Lane::music}), 0);
 }
 
-}
 }

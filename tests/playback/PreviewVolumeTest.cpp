@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(PreviewVolume, isKeptAndNotifiesOfChangesAlone) {
     const TemporaryFolder folder;
@@ -51,6 +51,4 @@ TEST(PreviewVolume, holdsForTheSessionWhereItCannotBeKept) {
     PreviewVolume volume(settings);
     volume.setLevel(0.5);
     EXPECT_EQ(volume.volume(), 0.5);
-}
-
 }

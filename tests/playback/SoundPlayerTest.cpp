@@ -1,64 +1,39 @@
 #include "app/editor/playback/SoundPlayer.h"
+#include "tests/playback/FakeOutput.h"
 #include "tests/playback/NumberedSound.h"
-
-#include <atomic>
-#include <cmath>
-#include <thread>
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
+
 namespace {
-
-/// An output whose clock the test turns, or that can't be started.
-class FakeOutput : public SoundOutput {
-public:
-    explicit FakeOutput(bool can) : works(can) {}
-    bool start(Fill given) override {
-        fill = std::move(given);
-        ++starts;
-        while (!ready) std::this_thread::yield();
-        return works;
-    }
-    void stop() override {
-        ++stops;
-        played = 0;
-    }
-    double heard() const override { return played; }
-
-    const bool works;
-    std::atomic<bool> ready = true;
-    Fill fill;
-    std::atomic<int> starts = 0;
-    std::atomic<int> stops = 0;
-    std::atomic<double> played = 0;
-};
 
 void wait(const std::function<bool()>& until) {
     while (!until()) std::this_thread::yield();
 }
 
-/// A sound player on such an output.
+/// A sound player of the ramp on such an output.
 struct Sounding {
     explicit Sounding(bool can, double patience = 1e9)
         : made(std::make_unique<FakeOutput>(can)),
           output(made.get()),
-          player([this] { return std::move(made); }, patience) {}
+          player([this] { return std::move(made); }, patience) {
+        player.load(ramp.tracks(), 3);
+    }
     /// The mean gain of what is asked for next, from a place of the ramp on.
     float gainAt(double place) {
         std::vector<float> sound(2 * 1000);
         output->fill(sound);
         return sound[2 * 900] / static_cast<float>((place * second + 900) / (4 * second));
     }
+    const NumberedSound ramp;
     std::unique_ptr<FakeOutput> made;
     FakeOutput* output;
     SoundPlayer player;
 };
 
 TEST(SoundPlayer, itsOutputLeadsTheClock) {
-    const NumberedSound ramp;
     Sounding sounding(true);
-    sounding.player.load(ramp.tracks(), 3);
     const auto clock = sounding.player.start(1, 1);
     wait([&] { return sounding.output->starts == 1; });
     sounding.output->played = 0.25;
@@ -66,7 +41,7 @@ TEST(SoundPlayer, itsOutputLeadsTheClock) {
     std::vector<float> sound(2 * 1000);
     sounding.output->fill(sound);
     EXPECT_NEAR(frameIn(sound[2 * 900]), second + 900, 1);
-    sounding.player.load(ramp.tracks(0.5), 3);
+    sounding.player.load(sounding.ramp.tracks(0.5), 3);
     sounding.output->fill(sound);
     EXPECT_NEAR(frameIn(sound[2 * 900]), second + 1900, 1) << "another's sound waits for its start";
     const auto next = sounding.player.start(2, 1);
@@ -79,24 +54,21 @@ TEST(SoundPlayer, itsOutputLeadsTheClock) {
 }
 
 TEST(SoundPlayer, anotherMixAndLevelAreHeard) {
-    const NumberedSound ramp;
     Sounding sounding(true);
-    sounding.player.load(ramp.tracks(0.25), 3);
-    sounding.player.remix(ramp.tracks(0.5)); // before the first was taken over
+    sounding.player.load(sounding.ramp.tracks(0.25), 3);
+    sounding.player.remix(sounding.ramp.tracks(0.5)); // before the first was taken over
     sounding.player.start(1, 1);
     wait([&] { return sounding.output->starts == 1; });
     EXPECT_NEAR(sounding.gainAt(1), 0.5, 0.01);
-    sounding.player.remix(ramp.tracks());
+    sounding.player.remix(sounding.ramp.tracks());
     EXPECT_NEAR(sounding.gainAt(1 + 1000.0 / second), 1, 0.01);
     sounding.player.setVolume(0.5);
     EXPECT_NEAR(sounding.gainAt(1 + 2000.0 / second), 0.5, 0.01);
 }
 
 TEST(SoundPlayer, aClockStandsAsLongAsItWaitedAndALateSoundIsNotBegun) {
-    const NumberedSound ramp;
     Sounding late(true, -1000); // as if it had waited for long: its patience ended 1000 s ago
     late.output->ready = false;
-    late.player.load(ramp.tracks(), 3);
     const auto clock = late.player.start(1, 1);
     const double first = clock();
     EXPECT_GE(first, 1000) << "it runs since then";
@@ -108,9 +80,7 @@ TEST(SoundPlayer, aClockStandsAsLongAsItWaitedAndALateSoundIsNotBegun) {
 }
 
 TEST(SoundPlayer, aClockGoesOnFromWhatWasHeard) {
-    const NumberedSound ramp;
     Sounding sounding(true);
-    sounding.player.load(ramp.tracks(), 3);
     const auto clock = sounding.player.start(1, 1);
     wait([&] { return sounding.output->starts == 1; });
     sounding.output->played = 1000;
@@ -123,9 +93,7 @@ TEST(SoundPlayer, aClockGoesOnFromWhatWasHeard) {
 }
 
 TEST(SoundPlayer, withoutAnythingToHearItOnTheComputersClockLeads) {
-    const NumberedSound ramp;
     Sounding mute(false);
-    mute.player.load(ramp.tracks(), 3);
     const auto clock = mute.player.start(0, 1);
     const auto fast = SoundPlayer({}).start(0, 8);
     for (const auto& each : {clock, fast}) {
@@ -134,5 +102,4 @@ TEST(SoundPlayer, withoutAnythingToHearItOnTheComputersClockLeads) {
     }
 }
 
-}
 }
