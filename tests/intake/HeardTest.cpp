@@ -5,8 +5,7 @@
 #include <gmock/gmock.h>
 
 using namespace murbo;
-using testing::ElementsAre;
-using testing::IsEmpty;
+using testing::ElementsAre, testing::IsEmpty;
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(LevelRange, isTheLevelsThatAStretchTouches) {
     struct Case {
@@ -22,6 +22,4 @@ TEST(LevelRange, isTheLevelsThatAStretchTouches) {
         EXPECT_EQ(range.from, from) << stretch.from;
         EXPECT_EQ(range.to, to) << stretch.to;
     }
-}
-
 }

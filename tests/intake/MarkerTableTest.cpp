@@ -1,11 +1,9 @@
 #include "core/intake/Markers.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-namespace murbo {
-using testing::ElementsAre;
-using testing::IsEmpty;
+using namespace murbo;
+using testing::ElementsAre, testing::IsEmpty;
 using Times = std::vector<double>;
 
 TEST(MarkerTable, tablesOfOtherProgramsAreReadByTheirTimeColumn) {
@@ -48,6 +46,4 @@ TEST(MarkerTable, aLogOfManyRecordingsGivesOnlyThoseOfThisOne) {
     EXPECT_THAT(Markers::parse(log, "three.mkv"), IsEmpty());
     const auto oneOnly = log.substr(0, log.find("2026-01-11"));
     EXPECT_THAT(Markers::parse(oneOnly, "renamed.mp4"), ElementsAre(337));
-}
-
 }

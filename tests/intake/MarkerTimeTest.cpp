@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(MarkerTime, isOneToThreePartsEachSixtyOfTheNext) {
     for (const auto& [field, seconds] : {std::pair{"83.5", 83.5},
@@ -15,6 +15,4 @@ TEST(MarkerTime, isOneToThreePartsEachSixtyOfTheNext) {
         EXPECT_EQ(MarkerTime::parse(field), seconds) << field;
     for (const auto* field : {"", ":", "1:2:3:4", "1: :2", "1:2x", "1 2", "inf", "1e308:1e308"})
         EXPECT_EQ(MarkerTime::parse(field), std::nullopt) << field;
-}
-
 }

@@ -5,8 +5,7 @@
 using namespace murbo;
 using Move = Samples::Move;
 using Behaviour = PickRules::Behaviour;
-using testing::ElementsAre;
-using testing::IsEmpty;
+using testing::ElementsAre, testing::IsEmpty;
 
 namespace {
 

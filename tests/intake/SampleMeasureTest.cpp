@@ -3,7 +3,6 @@
 #include "platform/base/Codec.h"
 #include "platform/base/Files.h"
 #include "tests/MadeMedia.h"
-#include "tests/TemporaryFolder.h"
 
 #include <numeric>
 

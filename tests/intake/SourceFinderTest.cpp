@@ -4,9 +4,8 @@
 #include "tests/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 using testing::ElementsAre;
 
 TEST(SourceFinder, looksAtThePathAloneAndChangesNothing) {
@@ -18,6 +17,4 @@ TEST(SourceFinder, looksAtThePathAloneAndChangesNothing) {
     EXPECT_THAT(SourceFinder::find(project), ElementsAre(project.sources[1].id));
     EXPECT_EQ(project, before);
     EXPECT_FALSE(SourceFinder::find(Source{.path = std::string(100'000, 'x')}));
-}
-
 }

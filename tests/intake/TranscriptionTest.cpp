@@ -8,11 +8,9 @@
 #include "tests/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace murbo;
-using testing::HasSubstr;
-using testing::Not;
+using testing::HasSubstr, testing::Not;
 namespace fs = std::filesystem;
 
 namespace {

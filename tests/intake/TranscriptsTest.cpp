@@ -2,9 +2,8 @@
 #include "core/model/Project.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 using testing::ElementsAre;
 
 TEST(Transcripts, linesAreReplacedByTheirMiddle) {
@@ -23,6 +22,4 @@ TEST(Transcripts, linesAreReplacedByTheirMiddle) {
     for (const auto& each : project.transcript(source).lines) texts.push_back(each.text);
     EXPECT_THAT(texts, ElementsAre("before", "one", "two", "three", "behind"));
     EXPECT_EQ(project.transcript(source).notes.size(), 1);
-}
-
 }

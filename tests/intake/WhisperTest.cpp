@@ -8,12 +8,10 @@
 #include <thread>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace murbo;
 using namespace std::chrono_literals;
-using testing::HasSubstr;
-using testing::StartsWith;
+using testing::HasSubstr, testing::StartsWith;
 namespace fs = std::filesystem;
 
 namespace {
