@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(Arguments, anOptionTakesTheWordsAfterIt) {
     const Arguments words({"murbo", "--fps", "30", "--still", "p", "V1", "--fps", "60", "--last"});
@@ -12,6 +12,4 @@ TEST(Arguments, anOptionTakesTheWordsAfterIt) {
     EXPECT_EQ(words.after("--still", 2)->front(), "p");
     EXPECT_EQ(words.after("--fps", 8), std::nullopt);
     EXPECT_EQ(words.after("--none", 0), std::nullopt);
-}
-
 }

@@ -5,7 +5,6 @@
 #include "tests/app/Program.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace murbo {
 

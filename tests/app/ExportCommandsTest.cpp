@@ -4,8 +4,7 @@
 #include <unistd.h>
 
 using namespace murbo;
-using testing::HasSubstr;
-using testing::StartsWith;
+using testing::HasSubstr, testing::StartsWith;
 namespace fs = std::filesystem;
 
 namespace {

@@ -6,27 +6,20 @@
 
 using namespace murbo;
 using testing::HasSubstr;
-using testing::StartsWith;
 namespace fs = std::filesystem;
 
-namespace {
-
 using Headless = CommandTest;
-
-}
 
 TEST_F(Headless, projectsThatCannotBeReadAreNotTouched) {
     const auto damaged = [](const std::string& package) {
         return failure("“" + package + "” could not be opened. It is damaged or is not an Murbo project.");
     };
     EXPECT_EQ(murboWith({"--summary", folder / "none.mbproj"}), damaged("none.mbproj"));
-    for (const std::string& text :
-         {std::string(), std::string("{\"format\": 1}"), std::string(100 << 20, '[')}) {
-        folder.file("bad.mbproj/project.json", text);
-        EXPECT_EQ(murboWith({"--summary", folder / "bad.mbproj"}), damaged("bad.mbproj"));
-        EXPECT_EQ(murboWith({"--add-files", folder / "bad.mbproj", movie}), damaged("bad.mbproj"));
-        EXPECT_EQ(fs::file_size(folder / "bad.mbproj/project.json"), text.size());
-    }
+    const std::string deep(100 << 20, '[');
+    folder.file("bad.mbproj/project.json", deep);
+    for (const std::string command : {"--summary", "--add-files"})
+        EXPECT_EQ(murboWith({command, folder / "bad.mbproj", movie}), damaged("bad.mbproj"));
+    EXPECT_EQ(fs::file_size(folder / "bad.mbproj/project.json"), deep.size());
     folder.file("newer.mbproj/project.json", "{\"format\": 2, \"clips\": \"another shape\"}");
     EXPECT_EQ(murboWith({"--export", folder / "newer.mbproj", "V1", folder / "x.mp4"}),
               failure("“newer.mbproj” was made by a newer version of Murbo. Update Murbo to open it."));
@@ -38,24 +31,15 @@ TEST_F(Headless, projectsThatCannotBeReadAreNotTouched) {
 }
 
 TEST_F(Headless, commandsAreTriedInTheirOrderAndWithEnoughWords) {
-    const std::vector<std::string> lacking[] = {{},
-                                                {"--still", project, "V1", "1.5"},
-                                                {"--add-files", project},
-                                                {"--export", project, "V1"},
-                                                {"--new"},
-                                                {"nonsense"},
-                                                {"--SUMMARY", project}};
     const std::string noScreen = "WAYLAND_DISPLAY= DISPLAY= QT_QPA_PLATFORM=";
-    for (const auto& words : lacking) {
+    for (const auto& words :
+         std::vector<std::vector<std::string>>{{}, {"--still", project, "V1"}, {"nonsense"}}) {
         const auto ran = murboWith(words, noScreen);
         EXPECT_EQ(ran.code, 1);
         EXPECT_THAT(ran.out, HasSubstr("--add-stream <project> <recording> [<markers>]"));
     }
     EXPECT_EQ(murboWith({"--open", project}, noScreen),
               failure("There is no screen here to open a window on."));
-    EXPECT_THAT(murboWith({"--still", project, "V9", "1", "x", "--export", project, "V8", "x"}).out,
-                HasSubstr("V9"));
-    EXPECT_THAT(murboWith({"--export", project, "V8", "x", "--help"}).out, HasSubstr("V8"));
     EXPECT_EQ(murboWith({"--summary", project, "--new", folder / "not.mbproj"}).code, 0);
     EXPECT_TRUE(fs::exists(folder / "not.mbproj")); // --new comes before --summary
     EXPECT_THAT(murboWith({"--version"}).out,

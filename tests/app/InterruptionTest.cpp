@@ -2,11 +2,7 @@
 
 using namespace murbo;
 
-namespace {
-
 using Interruption = CommandTest;
-
-}
 
 TEST_F(Interruption, aHangupThatTheParentIgnoresIsIgnored) {
     addVideo();

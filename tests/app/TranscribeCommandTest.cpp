@@ -9,7 +9,6 @@
 
 #include <fmt/format.h>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace murbo;
 using testing::HasSubstr;
