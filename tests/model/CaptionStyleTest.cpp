@@ -1,9 +1,8 @@
 #include "core/model/CaptionStyle.h"
 
-#include <fmt/format.h>
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(CaptionStyle, takesFromBeneathWhatItLeavesOpen) {
     CaptionStyle own;
@@ -18,14 +17,4 @@ TEST(CaptionStyle, takesFromBeneathWhatItLeavesOpen) {
     EXPECT_EQ(merged.fill, "") << "an empty colour is a choice";
     EXPECT_EQ(merged.y, 0.3);
     EXPECT_EQ(merged.motion, std::nullopt);
-}
-
-TEST(CaptionStyle, hasFiveOfItsOwn) {
-    std::string told;
-    for (const auto& style : CaptionStyle::builtIn())
-        told += fmt::format("{} {} {}, ", *style.name, style.size.value_or(0), style.seam.value_or(true));
-    EXPECT_EQ(told, "Pop 84 true, Clean 62 false, Bold Keyword 96 true, Story 78 false, Boxed 64 false, ");
-    EXPECT_EQ(CaptionStyle::builtIn()[0].seam, true) << "the one that others build on says it";
-}
-
 }

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(Clip, isNamedForItsOwner) {
     const std::tuple<std::optional<std::string>, std::optional<std::string>, const char*> clips[] = {
@@ -30,6 +30,4 @@ TEST(Clip, holdsItsStartAndNotItsEnd) {
     const Clip clip{.start = 2, .end = 3};
     EXPECT_TRUE(clip.holds(2));
     EXPECT_FALSE(clip.holds(3));
-}
-
 }

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(Cut, lastsWholeTicksAndNeverLessThanNothing) {
     EXPECT_EQ((Cut{.start = 2.033, .end = 4}.length()), 4 - 1220 / 600.0);
@@ -18,6 +18,4 @@ TEST(Cut, thatIsGeneratedNamesNoSource) {
     EXPECT_NE(one.source, Cut::generated("card", 2, std::nullopt, 3).source);
     EXPECT_EQ(one.start, 0);
     EXPECT_EQ(one.generator->version, 2);
-}
-
 }

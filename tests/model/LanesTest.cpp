@@ -2,13 +2,11 @@
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(Lanes, aBlockTakesTheFirstFreeRow) {
     using Rows = std::vector<std::size_t>;
     EXPECT_EQ(Lanes::assign({{5, 9}, {0, 5.0004}, {1, 2}, {2.1, 3}, {0, 1}}), (Rows{0, 0, 1, 1, 1}));
     EXPECT_EQ(Lanes::assign({{5, 9}, {0, 5.0006}}), (Rows{1, 0}));
     EXPECT_TRUE(Lanes::assign({}).empty());
-}
-
 }

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(Mix, togglesLanesInTheOrderTheyWereTurnedOff) {
     Mix mix;
@@ -15,6 +15,4 @@ TEST(Mix, togglesLanesInTheOrderTheyWereTurnedOff) {
     mix.toggleMute(Lane::music);
     mix.toggleMute(Lane::video);
     EXPECT_EQ(mix.muted, std::nullopt);
-}
-
 }

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(Monitoring, hearsWhatIsSoloedElseWhatIsNotMuted) {
     Mix mix;
@@ -11,6 +11,4 @@ TEST(Monitoring, hearsWhatIsSoloedElseWhatIsNotMuted) {
     EXPECT_FALSE(Monitoring{}.heard(Lane::music, mix));
     EXPECT_TRUE(Monitoring{{Lane::music}}.heard(Lane::music, mix)) << "solo is heard over a mute";
     EXPECT_FALSE(Monitoring{{Lane::music}}.heard(Lane::video, mix));
-}
-
 }

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(Muted, isWhatTheOwnerTurnedOff) {
     struct Case {
@@ -20,6 +20,4 @@ TEST(Muted, isWhatTheOwnerTurnedOff) {
         change(video);
         EXPECT_EQ(hasMuted(video), expected);
     }
-}
-
 }

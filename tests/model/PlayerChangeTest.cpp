@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(PlayerChange, isTheCheapestThatWillDo) {
     using enum PlayerChange;
@@ -50,6 +50,4 @@ TEST(PlayerChange, isTheCheapestThatWillDo) {
     auto dressed = bare;
     dressed.look.emplace();
     EXPECT_EQ(playerChange(dressed, &bare), redraw);
-}
-
 }

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(ProjectError, saysItInTheOwnersWords) {
     using Kind = ProjectError::Kind;
@@ -15,6 +15,4 @@ TEST(ProjectError, saysItInTheOwnersWords) {
          "“Name.mbproj” was made by a newer version of Murbo. Update Murbo to open it."},
         {Kind::exists, "Name.mbproj", "“Name.mbproj” is already there."}};
     for (const auto& [kind, path, words] : cases) EXPECT_EQ(ProjectError(kind, path).message(), words);
-}
-
 }

@@ -1,7 +1,4 @@
 #include "core/model/package/ProjectPart.h"
-#include "tests/ProblemOf.h"
-
-#include <limits>
 
 #include <gtest/gtest.h>
 
@@ -101,10 +98,4 @@ TEST(ProjectPart, weighsAboutWhatItsJsonTakes) {
         EXPECT_LT(static_cast<double>(Parts::weight(parts.at(key))), 2 * bytes) << key;
     }
     EXPECT_EQ(Parts::weight(Data{"12345"}), 5u);
-}
-
-TEST(ProjectPart, aNumberThatIsNoneIsNotWritten) {
-    Project project;
-    project.clips.edit().push_back({.start = std::numeric_limits<double>::quiet_NaN()});
-    EXPECT_NE(problemOf([&] { Parts::json(project.clips); }), "");
 }

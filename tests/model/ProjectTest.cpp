@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(Project, findsASourceAndWhatIsSaidInIt) {
     Project project;
@@ -13,6 +13,4 @@ TEST(Project, findsASourceAndWhatIsSaidInIt) {
     EXPECT_EQ(project.source(UUID::make()), nullptr);
     EXPECT_EQ(project.transcript(second).lines[0].text, "hello");
     EXPECT_TRUE(project.transcript(project.sources[0].id).lines->empty());
-}
-
 }

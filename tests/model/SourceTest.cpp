@@ -2,12 +2,10 @@
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(Source, isCalledAfterItsFile) {
     for (const auto& [path, name] :
          {std::pair{"/a/b c.mp4", "b c.mp4"}, {"b.mp4", "b.mp4"}, {"/a/b/", "b"}, {"", ""}, {"/", "/"}})
         EXPECT_EQ(Source{.path = path}.name(), name);
-}
-
 }

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(Tags, countLinesByTheirStartWithinTheClipOfTheirMiddle) {
     Project project;
@@ -29,6 +29,4 @@ TEST(Tags, countLinesByTheirStartWithinTheClipOfTheirMiddle) {
     tags = Tags::on(source, project);
     EXPECT_EQ(tags.at(transcript.lines[3].id), "C02.03") << "where clips overlap the later one names";
     EXPECT_TRUE(Tags::on(UUID::make(), project).empty());
-}
-
 }

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(Video, isAsLongAsItsCutsTogether) {
     Video video{.number = 2};
@@ -12,6 +12,4 @@ TEST(Video, isAsLongAsItsCutsTogether) {
     EXPECT_EQ(video.tag(), "V2");
     video.part.emplace("b");
     EXPECT_EQ(video.tag(), "V2b");
-}
-
 }

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(VideoTime, findsTheCutThatPlays) {
     const List<Cut> cuts =
@@ -28,6 +28,4 @@ TEST(VideoTime, aCutShowsItsStartAndNotItsEndWithinAMillisecond) {
     for (const auto& [at, shown] :
          {std::pair{1.9985, false}, {1.9995, true}, {3.9985, true}, {3.9995, false}})
         EXPECT_EQ(VideoTime::shows(cut, at), shown) << at;
-}
-
 }

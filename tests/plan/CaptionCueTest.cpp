@@ -2,8 +2,6 @@
 #include "core/render/plan/FrameTime.h"
 #include "tests/plan/Made.h"
 
-#include <cmath>
-
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 

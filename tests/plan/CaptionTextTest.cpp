@@ -1,7 +1,6 @@
 #include "core/render/plan/CaptionText.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace murbo;
 using testing::ElementsAre;

@@ -1,7 +1,6 @@
 #include "core/render/plan/Crop.h"
 #include "tests/plan/Made.h"
 
-#include <cmath>
 #include <limits>
 
 #include <fmt/format.h>
@@ -39,6 +38,12 @@ Framing withEyes(double x, double y) {
     framing.eyes = Spot{x, y};
     return framing;
 }
+/// What of the picture fills a tall frame.
+std::string filling(Shot::Layout layout, std::optional<double> focus, double zoom,
+                    const Framing& framing = halves) {
+    return text(Crop::panels(shot(layout, focus), zoom, framing, picture, tall));
+}
+using enum Shot::Layout;
 
 }
 
@@ -51,27 +56,16 @@ TEST(Crop, aFrameThatIsNotTallTakesTheWholePicture) {
 }
 
 TEST(Crop, contentAndFaceFillTheFrame) {
-    EXPECT_EQ(text(Crop::panels(shot(Shot::Layout::content), 1, halves, picture, tall)),
-              "176.25,0 607.5x1080 > 0,0 1080x1920");
-    EXPECT_EQ(text(Crop::panels(shot(Shot::Layout::content, 1), 2, halves, picture, tall)),
-              "656.25,270 303.75x540 > 0,0 1080x1920");
-    EXPECT_EQ(text(Crop::panels(shot(Shot::Layout::content, -4), 0.5, halves, picture, tall)),
-              "0,0 607.5x1080 > 0,0 1080x1920")
-        << "a zoom below 1 is none";
-    EXPECT_EQ(text(Crop::panels(shot(Shot::Layout::face), 2, halves, picture, tall)),
-              "1364.06,607.5 151.875x270 > 0,0 1080x1920")
-        << "a quarter of what is left stands above";
+    EXPECT_EQ(filling(content, {}, 1), "176.25,0 607.5x1080 > 0,0 1080x1920");
+    EXPECT_EQ(filling(content, 1, 2), "656.25,270 303.75x540 > 0,0 1080x1920");
+    EXPECT_EQ(filling(content, -4, 0.5), "0,0 607.5x1080 > 0,0 1080x1920") << "a zoom below 1 is none";
+    EXPECT_EQ(filling(face, {}, 2), "1364.06,607.5 151.875x270 > 0,0 1080x1920") << "a quarter left above";
 }
-
 TEST(Crop, eyesStandInTheMiddleFortyTwoPercentDown) {
-    EXPECT_EQ(text(Crop::panels(shot(Shot::Layout::face), 2, withEyes(0.75, 0.75), picture, tall)),
-              "1364.06,696.6 151.875x270 > 0,0 1080x1920");
-    EXPECT_EQ(text(Crop::panels(shot(Shot::Layout::face), 2, withEyes(0.5, 0.99), picture, tall)),
-              "960,810 151.875x270 > 0,0 1080x1920")
-        << "held inside the face's box";
-    EXPECT_EQ(text(Crop::panels(shot(Shot::Layout::face, 1), 2, withEyes(0.75, 0.75), picture, tall)),
-              "1768.12,696.6 151.875x270 > 0,0 1080x1920")
-        << "a focus overrules them across";
+    const auto eyes = withEyes(0.75, 0.75);
+    EXPECT_EQ(filling(face, {}, 2, eyes), "1364.06,696.6 151.875x270 > 0,0 1080x1920");
+    EXPECT_EQ(filling(face, {}, 2, withEyes(0.5, 0.99)), "960,810 151.875x270 > 0,0 1080x1920") << "held in";
+    EXPECT_EQ(filling(face, 1, 2, eyes), "1768.12,696.6 151.875x270 > 0,0 1080x1920") << "a focus overrules";
 }
 
 TEST(Crop, aSplitPutsTheContentOnTop) {

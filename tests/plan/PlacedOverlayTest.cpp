@@ -4,8 +4,6 @@
 #include "tests/TemporaryFolder.h"
 #include "tests/plan/Made.h"
 
-#include <cmath>
-
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 

@@ -28,6 +28,7 @@ TEST(PlacedShot, coversTheVideoFromWhereItsMomentsAreShown) {
     const Cut first = cut(one, 10, 14);
     const Cut second = cut(two, 0, 2);
     EXPECT_EQ(placed({}, {}), "");
+    EXPECT_EQ(placed({shot(one, 1)}, {cut(one, 1, 1)}), "0.0000-0.0000 1.0000*") << "no length";
     EXPECT_EQ(placed({}, {first, second}), "0.0000-6.0000 10.0000*");
     EXPECT_EQ(placed({shot(one, 10)}, {first}), "0.0000-4.0000 10.0000") << "exactly at the start";
     EXPECT_EQ(placed({shot(one, 9.9995)}, {first}), "0.0000-4.0000 9.9995") << "within the slack before it";
@@ -97,12 +98,6 @@ TEST(PlacedShot, aShakeJoltsTwentyFourTimesASecondAndDiesAway) {
     EXPECT_GT(noises.size(), 17);
     EXPECT_EQ(placed.jolt(10.81), 0);
     EXPECT_EQ(placed.moved(10.81).focus, 0.3);
-}
-
-TEST(PlacedShot, aVideoOfNoLengthHasItsImplicitShotAlone) {
-    const auto placed = PlacedShot::place({{Made::shot(one, 1)}}, {{Made::cut(one, 1, 1)}});
-    ASSERT_EQ(placed.size(), 1u);
-    EXPECT_TRUE(placed[0].implicit);
 }
 
 TEST(PlacedShot, aFileThatAsksForMillionsOfShotsGetsABoundedPlan) {

@@ -1,9 +1,6 @@
 #include "core/render/plan/Plan.h"
 #include "tests/plan/Made.h"
 
-#include <cmath>
-
-#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 using namespace murbo;

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(Snapping, takesTheNearestWithinReach) {
     EXPECT_EQ(Snapping::nearest(2.1, {5, 2, 3}, 0.2), 2);
@@ -57,6 +57,4 @@ TEST(Snapping, catchesOnLinesThatAreThereAndOnBothEndsOfABookmark) {
     video.cuts = std::vector<Cut>{{.source = source, .start = 10, .end = 12}};
     const std::vector<Bookmark> marks{{.source = source, .at = 9, .end = 11.5}};
     EXPECT_EQ(Snapping::targets(video, marks, {}), (std::vector<double>{0, 2, 0, 1.5}));
-}
-
 }
