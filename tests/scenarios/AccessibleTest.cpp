@@ -6,11 +6,7 @@
 
 using namespace murbo;
 
-namespace {
-
-class Accessible : public Scenario {};
-
-}
+using Accessible = Scenario;
 
 TEST_F(Accessible, theTimelineIsAListThatKeysWalk) {
     open(scenario::cutVideo());
@@ -23,9 +19,7 @@ TEST_F(Accessible, theTimelineIsAListThatKeysWalk) {
           [&] { return block("Cut", 2).name == "Cut 2 of 3, C02.01 to C02.02, 0:02.00 to 0:04.00, picked"; });
     key("Ctrl+Shift+Right");
     until("two are picked", [&] { return block("Cut", 3).selected && block("Cut", 2).selected; });
-    key("Ctrl+Home");
-    key("Ctrl+Right");
-    key("Ctrl+Down");
+    key("Ctrl+Home Ctrl+Right Ctrl+Down");
     until("a caption below is picked", [&] { return block("Caption", 1).selected; });
     key("Shift+F10");
     const auto menu = see("PopupMenu", "");

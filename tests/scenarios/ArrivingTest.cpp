@@ -3,8 +3,6 @@
 #include "tests/scenarios/Scenario.h"
 #include "tests/scenarios/ScenarioMedia.h"
 
-#include <cmath>
-
 using namespace murbo;
 
 namespace {
@@ -40,12 +38,6 @@ protected:
         const auto project = onDisk();
         return project.sources.empty() ? 0 : project.transcript(project.sources[0].id).lines.size();
     }
-    void replaceText(const char* field, const std::string& text) {
-        clickInto(field);
-        key("Ctrl+A");
-        type(text);
-        until("it is typed", [&] { return see("EditableText", field).value == text; });
-    }
 };
 
 }
@@ -59,24 +51,16 @@ TEST_F(Arriving, comesInIsHeardAndIsThereAgainAfterTheProgramIsKilled) {
     putInHome({spoken, scenario::bars(), scenario::plain()});
     const ChildProcess::Variables tools{{"PATH", std::string(std::getenv("PATH")) + ":" MURBO_TOOLS}};
     start({}, tools);
-    until("New Project has the keys", [&] { return see("Button", "New Project").focused; });
-    key("Return");
-    until("its name can be typed", [&] { return see("EditableText", "Name of the project").focused; });
-    type("heard");
-    key("Return");
-    see("List", "Timeline");
-    package = home / "home/Videos/heard.mbproj";
+    makeProject("heard");
     key("Ctrl+I");
     addAllInHome(3);
     until("three clips are on disk", [&] { return onDisk().clips.size() == 3; });
-    until(
-        "there are words", [&] { return lines() > 0; }, 60);
+    untilAtLast("there are words", [&] { return lines() > 0; });
     holdClip("C01");
     key("Ctrl+2");
     until("the first clip shows them",
           [&] { return see("EditableText", "Transcript").value.find("elcome") != std::string::npos; });
-    until(
-        "nothing is at work", [&] { return !find("ProgressBar", ""); }, 60);
+    untilAtLast("nothing is at work", [&] { return !find("ProgressBar", ""); });
     until("the steps are on disk", [&] { return fs::exists(package / "undo.json"); });
     const auto left = onDisk();
 
@@ -88,8 +72,7 @@ TEST_F(Arriving, comesInIsHeardAndIsThereAgainAfterTheProgramIsKilled) {
     key("Ctrl+2");
     until("its words are there again",
           [&] { return see("EditableText", "Transcript").value.find("elcome") != std::string::npos; });
-    key("F6", 2);
-    key("Ctrl+Z");
+    key("F6*2 Ctrl+Z");
     until("what was done before the end can be undone", [&] { return onDisk().clips.empty(); });
     EXPECT_TRUE(onDisk().sources.empty());
 }
@@ -145,7 +128,7 @@ TEST_F(Arriving, thatHasMovedIsFoundAllAtOnce) {
     see("StaticText", "The file of this footage was not found");
     clickOn("Button", "Find", "Source viewer");
     until("the folder can be typed", [&] { return see("EditableText", "Folder").focused; });
-    replaceText("Folder", (folder / "moved").string());
+    typeOver("Folder", (folder / "moved").string());
     key("Return");
     sees("Found 3 missing files");
     until("none is missing", [&] { return block("Cut", 1).name.find("not found") == std::string::npos; });

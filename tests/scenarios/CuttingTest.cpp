@@ -2,8 +2,6 @@
 #include "tests/scenarios/Scenario.h"
 #include "tests/scenarios/ScenarioMedia.h"
 
-#include <cmath>
-
 using namespace murbo;
 
 namespace {
@@ -40,12 +38,7 @@ protected:
 TEST_F(Cutting, aMarkedRangeGoesToTheEndAndAnotherIntoTheMiddle) {
     open(scenario::footage());
     holdOfClips("C01");
-    key("Home");
-    key("Shift+Right");
-    key("I");
-    key("Shift+Right", 2);
-    key("O");
-    key("E");
+    key("Home Shift+Right I Shift+Right*2 O E");
     until("a video begins", [&] { return cuts() == 1; });
     EXPECT_NEAR(video().cuts[0].start, 1, 0.001);
     EXPECT_NEAR(video().cuts[0].end, 3, 0.001);
@@ -59,8 +52,7 @@ TEST_F(Cutting, aMarkedRangeGoesToTheEndAndAnotherIntoTheMiddle) {
     until("the clip goes in where the playhead is", [&] { return cuts() > 2; });
     const auto& made = video();
     EXPECT_EQ(made.cuts[1].source, before.sources[1].id);
-    key("Ctrl+Z");
-    until("one step takes it out", [&] { return onDisk() == between; });
+    takeBackTo(between);
     key("Ctrl+Z");
     until("and one more the end", [&] { return cuts() == 1; });
     undoToStart();
@@ -114,8 +106,7 @@ TEST_F(Cutting, anEdgeIsTrimmedByMouseAndByKeysEachOneStep) {
     until("it plays round the edit", [&] { return find("Button", "Pause", "Video viewer").has_value(); });
     until("and stops", [&] { return find("Button", "Play", "Video viewer").has_value(); });
     const auto trimmed = onDisk();
-    key("Ctrl+Z");
-    until("one step takes it back", [&] { return onDisk() == before; });
+    takeBackTo(before);
     key("Ctrl+Shift+Z");
     until("and gives it again", [&] { return onDisk() == trimmed; });
 
@@ -124,15 +115,13 @@ TEST_F(Cutting, anEdgeIsTrimmedByMouseAndByKeysEachOneStep) {
     key("Alt+]");
     until("the cut under the playhead ends there", [&] { return video().cuts[1].end < 2.4; });
     EXPECT_NEAR(video().cuts[1].end, 1.5, 0.05);
-    key("Ctrl+Z");
-    until("one step takes it back", [&] { return onDisk() == trimmed; });
+    takeBackTo(trimmed);
 
     pick("Cut", 3);
     setTo("Out", "0:02.25");
     until("the cut ends at the time that was typed", [&] { return video().cuts[2].end == 2.25; });
     key("F6"); // out of the field
-    key("Ctrl+Z");
-    until("one step takes it back", [&] { return onDisk() == trimmed; });
+    takeBackTo(trimmed);
     undoToStart();
 }
 
@@ -150,8 +139,7 @@ TEST_F(Cutting, anEdgeCatchesOnAWordAndAltLetsGo) {
     moveSeen({edge.x - (0.9 - off) * scale, edge.y});
     screen().release();
     until("it caught on the word", [&] { return std::abs(video().cuts[1].end - 1.6) < 0.0005; });
-    key("Ctrl+Z");
-    until("it is as before", [&] { return onDisk() == before; });
+    takeBackTo(before);
 
     moveSeen(edge);
     screen().press();

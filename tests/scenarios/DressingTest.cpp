@@ -5,7 +5,6 @@
 #include "tests/scenarios/ScenarioMedia.h"
 
 #include <algorithm>
-#include <cmath>
 
 using namespace murbo;
 
@@ -13,10 +12,6 @@ namespace {
 
 class Dressing : public Scenario {
 protected:
-    void TearDown() override {
-        if (VirtualScreen::missing().empty()) screen().setLayout("us");
-        Scenario::TearDown();
-    }
     const Look& look() {
         static const Look none;
         const auto& open = video();
@@ -71,9 +66,7 @@ TEST_F(Dressing, aCaptionIsBrokenTimedMadeBigHiddenAndReset) {
     open(scenario::cutVideo());
     doubleClick(block("Caption", 2).middle());
     until("its words can be typed", [&] { return see("EditableText", "Words of the caption").focused; });
-    key("Home");
-    key("Right", 5);
-    key("Ctrl+Return");
+    key("Home Right*5 Ctrl+Return");
     until("it is in two", [&] { return blocks("Caption").size() == 3; });
     until("on disk too", [&] { return line() && line()->pieces && line()->pieces->size() == 2; });
     EXPECT_EQ(line()->pieces->at(0).text, "down");
@@ -98,15 +91,12 @@ TEST_F(Dressing, aCaptionIsBrokenTimedMadeBigHiddenAndReset) {
 TEST_F(Dressing, aThaiLineIsCorrectedAndAllFollows) {
     auto project = scenario::cutVideo();
     project.transcripts[project.sources[1].id].lines.edit()[0].text = "ไปกัน";
-    if (!screen().setLayout("th")) GTEST_SKIP() << "This screen's keyboard has no Thai layout.";
+    if (!setLayout("th")) GTEST_SKIP() << "This screen's keyboard has no Thai layout.";
     open(project);
     block("Caption", 1);
     key("Ctrl+2");
     clickInto("Transcript");
-    key("Ctrl+Home");
-    key("End");
-    key("G");
-    key("]");
+    key("Ctrl+Home End G ]");
     key("P");  // เลย
     key("F6"); // the line is left
     const auto corrected = [&] { return onDisk().transcript(before.sources[1].id).lines[0].text; };

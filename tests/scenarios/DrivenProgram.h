@@ -1,10 +1,7 @@
 #pragma once
 
-#include "tests/TemporaryFolder.h"
 #include "tests/scenarios/ChildProcess.h"
 #include "tests/scenarios/ScreenItem.h"
-
-#include <memory>
 
 namespace murbo {
 

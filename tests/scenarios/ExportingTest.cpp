@@ -38,22 +38,14 @@ protected:
     }
     void begin(const std::string& name) {
         key("Ctrl+E");
-        see("EditableText", "Save as");
         until("the name can be typed over", [&] { return see("EditableText", "Save as").focused; });
-        key("Ctrl+A");
-        type(name);
-        until("it is typed", [&] { return see("EditableText", "Save as").value == name; });
-        clickInto("Folder");
-        key("Ctrl+A");
-        type(out.string());
-        until("the folder is typed", [&] { return see("EditableText", "Folder").value == out.string(); });
+        typeOver("Save as", name);
+        typeOver("Folder", out.string());
         key("Ctrl+Return");
     }
     void finish(const std::filesystem::path& movie) {
-        until(
-            "the movie is there", [&] { return std::filesystem::exists(movie); }, 120);
-        until(
-            "nothing is at work", [&] { return !find("ProgressBar", "Exporting"); }, 60);
+        untilAtLast("the movie is there", [&] { return std::filesystem::exists(movie); });
+        untilAtLast("nothing is at work", [&] { return !find("ProgressBar", "Exporting"); });
     }
 
     std::filesystem::path out = folder / "out";
@@ -65,14 +57,10 @@ TEST_F(Exporting, editingGoesOnAndTheMovieIsThatOfTheCommandLine) {
     openShort(1.5);
     begin("one.mp4");
     see("Button", "Hide");
-    key("Escape");
-    key("Home");
-    key("Right", 20);
-    key("Ctrl+B");
+    key("Escape Home Right*20 Ctrl+B");
     until("a cut is made meanwhile", [&] { return video().cuts.size() == 2; });
     finish(out / "one.mp4");
-    key("Ctrl+Z");
-    until("it is undone", [&] { return onDisk() == before; });
+    takeBackTo(before);
 
     program().process().end();
     const auto command = std::string(MURBO_PROGRAM) + " --export " + made::quoted(package) + " V1 " +

@@ -2,9 +2,6 @@
 #include "tests/scenarios/Scenario.h"
 #include "tests/scenarios/ScenarioMedia.h"
 
-#include <cmath>
-#include <cstdlib>
-
 #include <fmt/format.h>
 
 using namespace murbo;
@@ -66,17 +63,14 @@ TEST_F(Framed, boxesAreDrawnAndThePictureIsThatOfTheStill) {
 
     pick("Cut", 1);
     moveSeen({1, 799}); // or the picture is that beneath the mouse
-    key("Home");
-    key("Right", 15);
+    key("Home Right*15");
     until("it stands half a second in", [&] { return seconds("Video viewer") > 0.48; });
     const auto wanted = stillDots(0.5);
     double off = 255;
-    until(
-        "the picture is that of the still", [&] { return (off = difference(seenDots(), wanted)) < 4; }, 60);
-    key("Right");
-    key("3");
+    untilAtLast("the picture is that of the still",
+                [&] { return (off = difference(seenDots(), wanted)) < 4; });
+    key("Right 3");
     until("another shot begins", [&] { return video().look && !video().look->shots.empty(); });
-    until(
-        "it is another picture", [&] { return difference(seenDots(), wanted) > 2 * off + 4; }, 60);
+    untilAtLast("it is another picture", [&] { return difference(seenDots(), wanted) > 2 * off + 4; });
     undoToStart();
 }

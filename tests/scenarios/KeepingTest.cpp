@@ -2,8 +2,6 @@
 #include "tests/scenarios/Scenario.h"
 #include "tests/scenarios/ScenarioMedia.h"
 
-#include <cmath>
-
 #include <sys/resource.h>
 
 using namespace murbo;
@@ -38,24 +36,21 @@ TEST_F(Keeping, aProgramKilledInADragLeavesTheProjectWhole) {
 TEST_F(Keeping, aFullDiskIsSaidAndTheOldFilesStayWhole) {
     open(scenario::cutVideo());
     block("Cut", 3);
-    key("Home");
-    key("Right", 15);
+    key("Home Right*15");
     setLargestFile(600);
     key("Ctrl+B");
     sees("Not saved: ");
     EXPECT_EQ(onDisk(), before);
     until("the cut is on the timeline all the same", [&] { return blocks("Cut").size() == 4; });
     setLargestFile(RLIM_INFINITY);
-    until(
-        "it is saved once there is room", [&] { return video().cuts.size() == 4; }, 15);
+    until("it is saved once there is room", [&] { return video().cuts.size() == 4; });
     undoToStart();
 }
 
 TEST_F(Keeping, aFolderThatIsGoneIsSaidAndComesNotBackInPieces) {
     open(scenario::cutVideo());
     block("Cut", 3);
-    key("Home");
-    key("Right", 15);
+    key("Home Right*15");
     const auto elsewhere = folder / "elsewhere.mbproj";
     std::filesystem::rename(package, elsewhere);
     key("Ctrl+B");
@@ -63,7 +58,6 @@ TEST_F(Keeping, aFolderThatIsGoneIsSaidAndComesNotBackInPieces) {
     until("the cut is on the timeline all the same", [&] { return blocks("Cut").size() == 4; });
     EXPECT_FALSE(std::filesystem::exists(package));
     std::filesystem::rename(elsewhere, package);
-    until(
-        "it is saved once it is back", [&] { return video().cuts.size() == 4; }, 15);
+    until("it is saved once it is back", [&] { return video().cuts.size() == 4; });
     undoToStart();
 }

@@ -3,7 +3,6 @@
 #include "tests/scenarios/ScenarioMedia.h"
 
 #include <algorithm>
-#include <map>
 
 using namespace murbo;
 
@@ -11,10 +10,6 @@ namespace {
 
 class ByKeys : public Scenario, public testing::WithParamInterface<const char*> {
 protected:
-    void TearDown() override {
-        if (VirtualScreen::missing().empty()) screen().setLayout("us");
-        Scenario::TearDown();
-    }
     /// Where the key of a command lies on this layout: letters of the alphabet stay where their letter is,
     /// all others where a US keyboard has them.
     std::string key24(const std::string& usKey) const {
@@ -85,8 +80,7 @@ protected:
         undo([&] { return !onDisk().clips[1].rating; });
     }
     void ranges() {
-        key("Home");
-        key("Shift+Right");
+        key("Home Shift+Right");
         press("I");
         key("Shift+Right", 2);
         press("O");
@@ -102,8 +96,7 @@ protected:
 }
 
 TEST_P(ByKeys, eachOfTheTwentyFourDoesItsWork) {
-    if (!screen().setLayout(GetParam()))
-        GTEST_SKIP() << "This screen's keyboard has no layout " << GetParam();
+    if (!setLayout(GetParam())) GTEST_SKIP() << "This screen's keyboard has no layout " << GetParam();
     open(scenario::cutVideo());
     turnTo("Clips");
     click(block("Cut", 2));
@@ -112,7 +105,7 @@ TEST_P(ByKeys, eachOfTheTwentyFourDoesItsWork) {
     framing();
     marks();
     ranges();
-    screen().setLayout("us");
+    setLayout("us");
     undoToStart();
 }
 
@@ -138,8 +131,7 @@ TEST_F(Rebinding, aKeyThatIsTakenIsSwappedAndThatIsSaid) {
     key("J");
     until("J takes the blade", [&] { return see("Button", "Blade").checked; });
     EXPECT_EQ(see("Button", "Blade").description, "J") << "its hint says the new key";
-    key("End");
-    key("B");
+    key("End B");
     until("B plays backward", [&] { return find("StaticText", "Speed −1×", "Video viewer").has_value(); });
     key("K");
     EXPECT_EQ(onDisk(), before);

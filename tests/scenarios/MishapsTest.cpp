@@ -7,11 +7,7 @@
 
 using namespace murbo;
 
-namespace {
-
-class Mishaps : public Scenario {};
-
-}
+using Mishaps = Scenario;
 
 TEST_F(Mishaps, filesThatAreNoMoviesAreRefusedInWords) {
     open(scenario::footage());
@@ -20,10 +16,7 @@ TEST_F(Mishaps, filesThatAreNoMoviesAreRefusedInWords) {
     key("Ctrl+I");
     see("Dialog", "Add Footage");
     clickOn("Button", "Choose Files");
-    clickInto("Folder", "Add Footage");
-    key("Ctrl+A");
-    type((folder / "odd").string());
-    until("it is typed", [&] { return see("EditableText", "Folder").value == (folder / "odd").string(); });
+    typeOver("Folder", (folder / "odd").string(), "Add Footage");
     key("Return");
     clickOn("ListItem", "nothing.mov", "Add Footage");
     clickOn("ListItem", "words.mp4", "Add Footage");
@@ -35,8 +28,7 @@ TEST_F(Mishaps, filesThatAreNoMoviesAreRefusedInWords) {
     until("both are listed with what is wrong with them",
           [&] { return refused("nothing.mov") && refused("words.mp4"); });
     EXPECT_FALSE(see("Button", "Add", "Add Footage").enabled);
-    key("Ctrl+Return");
-    key("Escape");
+    key("Ctrl+Return Escape");
     EXPECT_EQ(onDisk(), before);
 }
 
@@ -51,13 +43,10 @@ TEST_F(Mishaps, aRecordingThatVanishesWhileItPlaysEndsNothing) {
     until("it plays", [&] { return seconds("Video viewer") > 0.1; });
     std::filesystem::remove(copy);
     std::filesystem::remove(project.sources[2].path);
-    until(
-        "it plays to its end", [&] { return seconds("Video viewer") > 5.9; }, 20);
+    until("it plays to its end", [&] { return seconds("Video viewer") > 5.9; });
     turnTo("Clips");
     clickOn("ListItem", "C01", "Browser");
-    key("Home");
-    key("Space");
-    key("Ctrl+Home");
+    key("Home Space Ctrl+Home");
     until("a cut is picked", [&] { return block("Cut", 1).selected; });
     key("Delete");
     until("editing goes on", [&] { return video().cuts.size() == 2; });
@@ -75,8 +64,7 @@ TEST_F(Mishaps, withNoPlaceForSettingsEditingGoesOn) {
     block("Cut", 3);
     key("S"); // a switch that is kept in the settings
     until("the switch is turned", [&] { return !see("Button", "Skimming").checked; });
-    key("Ctrl+Home");
-    key("Delete");
+    key("Ctrl+Home Delete");
     until("a cut is gone", [&] { return video().cuts.size() == 2; });
     undoToStart();
 }

@@ -2,8 +2,6 @@
 #include "tests/scenarios/Scenario.h"
 #include "tests/scenarios/ScenarioMedia.h"
 
-#include <cmath>
-
 using namespace murbo;
 
 namespace {
@@ -57,8 +55,7 @@ TEST_F(Playing, keysShuttleStepAndGoHome) {
 
 TEST_F(Playing, framingIsCutWhileItPlays) {
     openLong();
-    key("Home");
-    key("Space");
+    key("Home Space");
     std::vector<double> pressed;
     for (const auto* name : {"1", "2", "3"}) {
         const auto shots = video().look ? video().look->shots.size() : 0;

@@ -5,10 +5,7 @@
 #include "tests/scenarios/Keyboard.h"
 
 #include <chrono>
-#include <cmath>
-#include <cstdio>
 #include <thread>
-#include <utility>
 
 namespace murbo {
 namespace {
@@ -35,6 +32,7 @@ void Scenario::SetUp() {
 }
 
 void Scenario::TearDown() {
+    if (layoutSet) shown->setLayout("us");
     if (!running) return;
     const bool alive = running->process().runs();
     EXPECT_TRUE(alive) << "the program has ended with " << running->process().status() << "\n"
@@ -68,8 +66,7 @@ void Scenario::open(const Project& project) {
 void Scenario::start(const std::vector<std::string>& words, const ChildProcess::Variables& variables) {
     running.reset();
     running = std::make_unique<DrivenProgram>(home, shown->name(), words, variables);
-    until(
-        "the program shows a window", [&] { return shown->hasWindow(); }, 90);
+    untilAtLast("the program shows a window", [&] { return shown->hasWindow(); });
     until("keys come to it", [&] { return running->active(); });
 }
 
@@ -165,6 +162,10 @@ double Scenario::seconds(const std::string& viewer) {
 
 // --------------------------------------------------------------- mouse and keys --
 
+bool Scenario::setLayout(const std::string& layout) {
+    return layoutSet = shown->setLayout(layout);
+}
+
 void Scenario::hold(const std::string& keys) {
     for (const auto code : Keyboard::codes(keys)) shown->keyDown(code);
 }
@@ -175,10 +176,14 @@ void Scenario::letGo(const std::string& keys) {
 }
 
 void Scenario::key(const std::string& keys, int times) {
-    for (int at = 0; at < times; ++at) {
-        hold(keys);
-        letGo(keys);
-        ++presses;
+    std::istringstream all(keys);
+    for (std::string each; all >> each;) {
+        const auto star = each.find('*');
+        const int count = star == each.npos ? times : std::stoi(each.substr(star + 1));
+        for (int at = 0; at < count; ++at, ++presses) {
+            hold(each.substr(0, star));
+            letGo(each.substr(0, star));
+        }
     }
 }
 
@@ -256,12 +261,16 @@ ScreenItem Scenario::scrollTo(const std::string& role, const std::string& name) 
     return found;
 }
 
-void Scenario::setTo(const std::string& field, const std::string& text) {
-    scrollTo("EditableText", field);
-    clickInto(field, "Inspector");
+void Scenario::typeOver(const std::string& field, const std::string& text, const std::string& within) {
+    clickInto(field, within);
     key("Ctrl+A");
     type(text);
-    until("it is typed", [&] { return see("EditableText", field, "Inspector").value == text; });
+    until("it is typed", [&] { return see("EditableText", field, within).value == text; });
+}
+
+void Scenario::setTo(const std::string& field, const std::string& text) {
+    scrollTo("EditableText", field);
+    typeOver(field, text, "Inspector");
     key("Return");
 }
 
@@ -289,6 +298,16 @@ void Scenario::drag(ScreenPoint from, ScreenPoint to) {
 
 // ------------------------------------------------------- what many begin with --
 
+void Scenario::makeProject(const std::string& name) {
+    until("New Project has the keys", [&] { return see("Button", "New Project").focused; });
+    key("Return");
+    until("its name can be typed", [&] { return see("EditableText", "Name of the project").focused; });
+    type(name);
+    key("Return");
+    see("List", "Timeline");
+    package = home / "home/Videos" / (name + ".mbproj");
+}
+
 void Scenario::putInHome(const std::vector<std::filesystem::path>& files) {
     const auto place = home / "home/footage";
     std::filesystem::create_directories(place);
@@ -310,6 +329,11 @@ void Scenario::addAllInHome(std::size_t files) {
 }
 
 // ---------------------------------------------------------------------- the end --
+
+void Scenario::takeBackTo(const Project& stood) {
+    key("Ctrl+Z");
+    until("one step takes it back", [&] { return onDisk() == stood; });
+}
 
 void Scenario::undoToStart() {
     const auto left = [&] { return find("Button", "Undo").value_or(ScreenItem()); };

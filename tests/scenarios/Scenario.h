@@ -47,16 +47,21 @@ protected:
     ScreenItem block(const std::string& kind, std::size_t number); ///< from 1; waits till it is still
     /// Waits until something holds; where it never does, the test ends with those words.
     void until(const std::string& what, const std::function<bool()>& holds, int seconds = 20);
+    /// The same for what takes long: two minutes.
+    void untilAtLast(const std::string& what, const std::function<bool()>& holds) { until(what, holds, 120); }
     void sees(const std::string& toast); ///< waits for the message
     /// What a viewer says of its place: "0:02.00", and its speed, "−2×", or nothing at 1 and 0.
     std::string time(const std::string& viewer);
     double seconds(const std::string& viewer);
 
     // ---- mouse and keys ----
+    /// What is on the keyboard till the test ends: "th". False where that can't be set.
+    bool setLayout(const std::string& layout);
 
     void hold(const std::string& keys); ///< "Alt"
     void letGo(const std::string& keys);
-    void key(const std::string& keys, int times = 1); ///< "Ctrl+Shift+Z"
+    void key(const std::string& keys,
+             int times = 1); ///< "Ctrl+Shift+Z", or one after another: "Home Right*15 I"
     void type(const std::string& text);
     int pressed() const { return presses; } ///< keys so far, combinations as one
     int clicked() const { return clicks; }  ///< clicks and drags so far
@@ -65,6 +70,8 @@ protected:
     /// Clicks on a field until it has the keys: rows may just be made anew beneath the mouse.
     void clickInto(const std::string& field, const std::string& within = "");
     void clickOn(const std::string& role, const std::string& name, const std::string& within = "");
+    /// Types into a field, in place of what stands there.
+    void typeOver(const std::string& field, const std::string& text, const std::string& within = "");
     void turnTo(const std::string& page); ///< of the sidebar; waits until it is shown
     /// Has an action of the palette done, by words that find it.
     void palette(const std::string& words);
@@ -76,7 +83,7 @@ protected:
     void pick(const std::string& kind, std::size_t number);
     /// Turns the wheel over the inspector until that is in it, in whole.
     ScreenItem scrollTo(const std::string& role, const std::string& name);
-    /// Types into a field of the inspector, in place of what stands there, and presses Enter.
+    /// Types over a field of the inspector and presses Enter.
     void setTo(const std::string& field, const std::string& text);
     void doubleClick(ScreenPoint at);
     /// Moves the mouse and waits until the program has it: a hand makes more than one move, however busy it
@@ -85,6 +92,8 @@ protected:
     void drag(ScreenPoint from, ScreenPoint to);
 
     // ---- what many begin with ----
+    /// A new project of that name, by keys, from the window that the program begins with.
+    void makeProject(const std::string& name);
 
     /// A folder "footage" in the person's home, where choosing files begins, with copies of these.
     void putInHome(const std::vector<std::filesystem::path>& files);
@@ -92,6 +101,8 @@ protected:
     void addAllInHome(std::size_t files);
 
     // ---- the end of each ----
+    /// Ctrl+Z; waits until that lies on disk.
+    void takeBackTo(const Project& stood);
 
     /// Ctrl+Z until nothing is left; then what lies on disk is what was there at first.
     void undoToStart();
@@ -105,6 +116,7 @@ private:
     std::unique_ptr<DrivenProgram> running;
     VirtualScreen* shown = nullptr;
     Project looked;
+    bool layoutSet = false;
     int presses = 0;
     int clicks = 0;
 };

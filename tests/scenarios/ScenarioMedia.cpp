@@ -1,6 +1,5 @@
 #include "tests/scenarios/ScenarioMedia.h"
 
-#include "core/intake/Intake.h"
 #include "core/intake/Sources.h"
 
 namespace murbo::scenario {

@@ -2,7 +2,6 @@
 
 #include "tests/scenarios/VirtualScreen.h"
 
-#include <string>
 #include <vector>
 
 namespace murbo {

@@ -3,7 +3,6 @@
 #include "tests/scenarios/ScenarioMedia.h"
 
 #include <chrono>
-#include <cmath>
 
 using namespace murbo;
 
@@ -15,12 +14,6 @@ protected:
         putInHome({scenario::bars(), scenario::plain(), scenario::talk()});
         started = std::chrono::steady_clock::now();
         start({});
-    }
-    /// Once a project is made: its package, and what is in it at first.
-    void made(const std::string& name) {
-        see("List", "Timeline");
-        package = home / "home/Videos" / (name + ".mbproj");
-        before = onDisk();
     }
     void tell(const std::string& what, int count) {
         const std::chrono::duration<double> took = std::chrono::steady_clock::now() - started;
@@ -36,8 +29,7 @@ protected:
     bool focused(const char* role, const char* name) { return see(role, name).focused; }
     /// The movie is whole: its length is that of the video.
     void finish() {
-        until(
-            "the movie is there", [&] { return find("Button", "Show in Folder").has_value(); }, 90);
+        untilAtLast("the movie is there", [&] { return find("Button", "Show in Folder").has_value(); });
         std::filesystem::path movie;
         for (const auto& entry : std::filesystem::directory_iterator(home / "home/Videos"))
             if (entry.path().extension() == ".mp4") movie = entry.path();
@@ -53,12 +45,8 @@ protected:
 
 TEST_F(Short, byKeysAlone) {
     begin();
-    until("New Project has the keys", [&] { return focused("Button", "New Project"); });
-    key("Return");
-    until("its name can be typed", [&] { return focused("EditableText", "Name of the project"); });
-    type("falls");
-    key("Return");
-    made("falls");
+    makeProject("falls");
+    before = onDisk();
     key("Ctrl+I");
     addAllInHome(3);
     until("three clips are there", [&] { return onDisk().clips.size() == 3; });
@@ -67,11 +55,7 @@ TEST_F(Short, byKeysAlone) {
     until("the clips have the keys", [&] { return focused("List", "Browser"); });
     key("Down");
     seesHeld("C01");
-    key("Shift+Right");
-    key("I");
-    key("Shift+Right", 3);
-    key("O");
-    key("Ctrl+N");
+    key("Shift+Right I Shift+Right*3 O Ctrl+N");
     until("a title can be typed", [&] { return see("EditableText", "Title", "New Video").focused; });
     type("falls");
     key("Return");
@@ -89,17 +73,12 @@ TEST_F(Short, byKeysAlone) {
 
     key("F6", 2);
     until("the timeline has the keys", [&] { return focused("List", "Timeline of V1"); });
-    key("Home");
-    key("Shift+Right");
-    key("Ctrl+B");
+    key("Home Shift+Right Ctrl+B");
     until("the first is in two", [&] { return cuts() == 3; });
-    key("Down");
-    key("Shift+Right");
-    key("Alt+[");
+    key("Down Shift+Right Alt+[");
     until("one is trimmed", [&] { return video().length() < 6.5; });
 
-    key("Ctrl+3");
-    key("F6");
+    key("Ctrl+3 F6");
     until("the tabs have the keys", [&] { return focused("PageTabList", "Tabs of the inspector"); });
     for (int at = 0; at < 8 && !focused("RadioButton", "Clean"); ++at) {
         const auto had = withKeys();
@@ -129,7 +108,9 @@ TEST_F(Short, byMouseAlone) {
     begin();
     clickOn("Button", "New Project");
     clickOn("Button", "Create");
-    made("Untitled");
+    see("List", "Timeline");
+    package = home / "home/Videos/Untitled.mbproj";
+    before = onDisk();
     clickOn("Button", "Menus");
     clickOn("MenuItem", "File");
     clickOn("MenuItem", "Add Footage");

@@ -1,14 +1,12 @@
 // Random keys and mouse on the whole program; `./dev soak` runs it long, against a build with sanitizers. In
 // the environment: MURBO_SOAK_SECONDS (3), MURBO_SOAK_SEED (1), MURBO_SOAK_RECORDING for a real recording in
 // the project, MURBO_PROGRAM for another program.
-#include "core/intake/Intake.h"
 #include "core/intake/Sources.h"
 #include "core/model/package/ProjectPackage.h"
 #include "tests/scenarios/Scenario.h"
 #include "tests/scenarios/ScenarioMedia.h"
 
 #include <chrono>
-#include <fstream>
 #include <random>
 
 using namespace murbo;
@@ -35,23 +33,11 @@ public:
         of = process;
         samples.push_back({minute, held(process)});
     }
-    /// Of the second half, when all that is kept has been filled: MB an hour by least squares.
+    /// MB an hour over the second half, when all that is kept has been filled.
     double slope() const {
-        const auto half = static_cast<std::ptrdiff_t>(samples.size() / 2);
-        const std::vector<MemorySample> late(samples.begin() + half, samples.end());
-        double meanMinute = 0;
-        double meanHeld = 0;
-        for (const auto& one : late) {
-            meanMinute += one.minute / static_cast<double>(late.size());
-            meanHeld += one.megabytes / static_cast<double>(late.size());
-        }
-        double along = 0;
-        double spread = 0;
-        for (const auto& one : late) {
-            along += (one.minute - meanMinute) * (one.megabytes - meanHeld);
-            spread += (one.minute - meanMinute) * (one.minute - meanMinute);
-        }
-        return spread > 0 ? 60 * along / spread : 0;
+        const auto& from = samples[samples.size() / 2];
+        const auto& to = samples.back();
+        return 60 * (to.megabytes - from.megabytes) / std::max(to.minute - from.minute, 0.25);
     }
     void print() const {
         if (samples.size() < 4) return;
@@ -115,21 +101,14 @@ protected:
     }
 
     void anyKey() {
-        static const std::vector<std::string> keys{"Space",     "J",        "K",          "L",
-                                                   "I",         "O",        "X",          "E",
-                                                   "W",         "A",        "T",          "B",
-                                                   "H",         "S",        "N",          "Delete",
-                                                   "F",         "U",        "1",          "2",
-                                                   "3",         "Z",        "M",          "P",
-                                                   "Left",      "Right",    "Shift+Left", "Shift+Right",
-                                                   "Up",        "Down",     "Home",       "End",
-                                                   "Ctrl+B",    "Alt+[",    "Alt+]",      "Ctrl+D",
-                                                   "Ctrl+Z",    "Ctrl+Z",   "Ctrl+Z",     "Ctrl+Shift+Z",
-                                                   "Ctrl+=",    "Ctrl+-",   "Shift+Z",    "Ctrl+Right",
-                                                   "Ctrl+Left", "Ctrl+Up",  "Ctrl+Down",  "Ctrl+Shift+Right",
-                                                   "F6",        "Shift+F6", "Tab",        "Escape",
-                                                   "Return",    "Ctrl+1",   "Ctrl+2",     "Ctrl+3",
-                                                   "Ctrl+4",    "Ctrl+5"};
+        static const auto keys = [] {
+            std::istringstream names(
+                "Space J K L I O X E W A T B H S N Delete F U 1 2 3 Z M P Left Right Shift+Left "
+                "Shift+Right Up Down Home End Ctrl+B Alt+[ Alt+] Ctrl+D Ctrl+Z Ctrl+Z Ctrl+Z "
+                "Ctrl+Shift+Z Ctrl+= Ctrl+- Shift+Z Ctrl+Right Ctrl+Left Ctrl+Up Ctrl+Down "
+                "Ctrl+Shift+Right F6 Shift+F6 Tab Escape Return Ctrl+1 Ctrl+2 Ctrl+3 Ctrl+4 Ctrl+5");
+            return std::vector<std::string>(std::istream_iterator<std::string>(names), {});
+        }();
         key(keys[static_cast<std::size_t>(below(static_cast<int>(keys.size())))]);
     }
     /// Whatever the palette has for three letters.
@@ -143,8 +122,8 @@ protected:
     /// Waits until it has taken all that was done.
     void answers() {
         if (!items().empty()) return;
-        until(
-            "it answers or has ended", [&] { return !program().process().runs() || !items().empty(); }, 120);
+        untilAtLast("it answers or has ended",
+                    [&] { return !program().process().runs() || !items().empty(); });
     }
     /// Some of what is done closes the window; then the next begins.
     void keepOpen() {
@@ -187,8 +166,7 @@ TEST_F(Soak, nothingThatSomebodyDoesEndsTheProgram) {
     memory.print();
     ASSERT_TRUE(program().process().runs()) << program().log();
     key("Escape", 3);
-    until(
-        "it still has its window", [&] { return screen().hasWindow(); }, 60);
+    untilAtLast("it still has its window", [&] { return screen().hasWindow(); });
     EXPECT_FALSE(onDisk().sources.empty());
     program().process().end();
     EXPECT_EQ(program().log().find("Sanitizer"), std::string::npos) << program().log();

@@ -4,7 +4,6 @@
 #include "tests/scenarios/ChildProcess.h"
 
 #include <chrono>
-#include <cstdlib>
 #include <stdexcept>
 #include <thread>
 

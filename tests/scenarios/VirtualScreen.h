@@ -4,7 +4,6 @@
 
 #include <memory>
 #include <set>
-#include <string>
 
 struct _XDisplay;
 
