@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/Environment.h"
 #include "tests/FakeServer.h"
 
 #include <deque>
@@ -12,6 +13,23 @@
 #include <nlohmann/json.hpp>
 
 namespace murbo {
+
+/// OpenRouter on this machine with one answer to all.
+struct Served {
+    Served(int status, const std::string& body)
+        : server([=](const std::string&) { return FakeServer::reply(status, body); }) {}
+    explicit Served(const std::string& bytes) : server([=](const std::string&) { return bytes; }) {}
+
+    FakeServer server;
+    Environment address{"MURBO_OPENROUTER", server.base + "/"};
+};
+
+/// Cuts from line to line, as a model names them.
+inline nlohmann::json cutsOf(std::initializer_list<std::pair<const char*, const char*>> pairs) {
+    auto list = nlohmann::json::array();
+    for (const auto& [from, to] : pairs) list.push_back({{"from", from}, {"to", to}, {"role", "payoff"}});
+    return list;
+}
 
 /// OpenRouter on this machine: scripted requests with what the test has written down, in turn, and keeps what
 /// was asked.

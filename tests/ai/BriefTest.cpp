@@ -2,7 +2,6 @@
 #include "core/ai/Brief.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace murbo;
 using testing::HasSubstr;

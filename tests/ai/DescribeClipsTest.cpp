@@ -3,14 +3,10 @@
 #include "tests/ai/Played.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 
 using namespace murbo;
 using nlohmann::json;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::StartsWith;
+using testing::ElementsAre, testing::HasSubstr, testing::StartsWith;
 
 TEST(DescribeClips, goesInBatchesThatARequestCanHold) {
     Played played;

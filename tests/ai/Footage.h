@@ -1,7 +1,6 @@
 #pragma once
 
 #include "core/ai/Said.h"
-#include "core/model/Project.h"
 
 #include <initializer_list>
 #include <string>

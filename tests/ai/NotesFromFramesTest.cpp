@@ -5,11 +5,9 @@
 #include "tests/ai/Told.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace murbo;
-using testing::ElementsAre;
-using testing::HasSubstr;
+using testing::ElementsAre, testing::HasSubstr;
 
 TEST(NotesFromFrames, framesAreSpreadEvenly) {
     EXPECT_THAT(NotesFromFrames::times({10, 10.5}), ElementsAre(10.25));

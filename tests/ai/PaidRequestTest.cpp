@@ -1,6 +1,5 @@
 #include "core/ai/PaidRequest.h"
 #include "core/ai/Spending.h"
-#include "core/model/package/Activity.h"
 #include "platform/base/Cancelled.h"
 #include "platform/store/SettingsStore.h"
 #include "tests/ScriptedModel.h"
@@ -47,8 +46,8 @@ TEST(PaidRequest, logsWhyItFailed) {
     Paying paying;
     paying.model.sends(FakeServer::reply(429, R"({"error": {"message": "Slow down"}})"));
     EXPECT_THROW(paying.send(), Problem);
-    EXPECT_EQ(paying.last().state, "failed");
-    EXPECT_EQ(paying.last().error, "OpenRouter did not answer. Slow down");
+    EXPECT_EQ(paying.last().state + ": " + *paying.last().error,
+              "failed: OpenRouter did not answer. Slow down");
     EXPECT_FALSE(paying.last().cost);
     std::stop_source stop;
     stop.request_stop();

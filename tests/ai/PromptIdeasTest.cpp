@@ -1,7 +1,6 @@
 #include "core/ai/PromptIdeas.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace murbo;
 

@@ -2,23 +2,17 @@
 #include "tests/ai/Told.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 
 using namespace murbo;
-using testing::ElementsAre;
-using testing::EndsWith;
-using testing::HasSubstr;
-using testing::Not;
+using testing::ElementsAre, testing::EndsWith, testing::HasSubstr, testing::Not;
 
 TEST(Reading, opensWithALinePerClipAndTheLinesThatAreGiven) {
     const Told told;
     const auto unread = told.reading();
     const auto& blank = unread.ask();
     ASSERT_EQ(blank.messages.size(), 2u);
-    EXPECT_EQ(blank.model, Ask::Model::strong);
-    EXPECT_EQ(blank.maxTokens, 10'000);
-    EXPECT_EQ(blank.thinking, 4'000);
+    EXPECT_EQ(std::tuple(blank.model, blank.maxTokens, blank.thinking),
+              std::tuple(Ask::Model::strong, 10'000, 4'000));
     EXPECT_THAT(blank.messages[0].content,
                 HasSubstr("The videos are vertical Shorts (9:16): under 60 seconds"));
     EXPECT_THAT(

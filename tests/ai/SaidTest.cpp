@@ -1,7 +1,6 @@
 #include "Footage.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 using namespace murbo;
@@ -73,8 +72,7 @@ TEST_F(SaidTest, aTrimThatJustTouchesALineDoesNotPlayIt) {
     const Said said(project);
     const auto ends = said.ends(cut(1.96, 5.04));
     ASSERT_TRUE(ends);
-    EXPECT_EQ(ends->first->tag, "C01.02");
-    EXPECT_EQ(ends->last->tag, "C01.02");
+    EXPECT_EQ(ends->first->tag + ends->last->tag, "C01.02C01.02");
     EXPECT_FALSE(said.ends(cut(2.1, 2.9)));
 }
 

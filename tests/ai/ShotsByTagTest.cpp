@@ -2,13 +2,8 @@
 #include "tests/ai/ByTag.h"
 
 using namespace murbo;
-using nlohmann::json;
-
-namespace {
 
 using ShotsByTagTest = ByTag;
-
-}
 
 TEST_F(ShotsByTagTest, shotsStartOnTheirLines) {
     EXPECT_EQ(shots(R"([{"at": "C01.02", "layout": " Face ", "zoom": "3", "move": "push"},
@@ -18,14 +13,14 @@ TEST_F(ShotsByTagTest, shotsStartOnTheirLines) {
               "V1 has 2 shots. Left out: C01.04: not a line the video plays; C01.03: no layout none; "
               "(nothing): not a line the video plays.");
     const auto& made = *look().shots;
-    EXPECT_EQ(made[0].at, 3.2) << "raised to the cut's start";
-    EXPECT_EQ(made[0].layout, Shot::Layout::face);
-    EXPECT_EQ(made[0].zoom, 2);
+    const Shot raised{
+        .id = made[0].id, .source = source(), .at = 3.2, .layout = Shot::Layout::face, .zoom = 2};
     EXPECT_EQ(made[0].move, "push");
-    EXPECT_EQ(made[1].playbook, "duo");
-    EXPECT_EQ(made[1].version, 4);
-    EXPECT_EQ(made[1].zoom, 1);
-    EXPECT_EQ(made[1].move, std::nullopt);
+    EXPECT_EQ(std::tie(made[0].at, made[0].layout, made[0].zoom),
+              std::tie(raised.at, raised.layout, raised.zoom))
+        << "raised to the cut's start";
+    EXPECT_EQ(made[1],
+              (Shot{.id = made[1].id, .source = source(), .at = 5, .playbook = "duo", .version = 4}));
     EXPECT_EQ(LastRuns::of(project.videos[0].runs, Kit::ID::look), run);
 }
 

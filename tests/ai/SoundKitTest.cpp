@@ -3,13 +3,11 @@
 #include "tests/ai/Played.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 using namespace murbo;
 using nlohmann::json;
-using testing::ElementsAre;
-using testing::EndsWith;
+using testing::ElementsAre, testing::EndsWith;
 
 TEST(SoundKit, tellsTheMomentsAndTheLibrary) {
     Played played;

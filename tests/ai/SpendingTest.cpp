@@ -4,7 +4,6 @@
 #include "tests/ai/OwnSettings.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace murbo;
 using testing::HasSubstr;

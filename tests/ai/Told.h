@@ -3,8 +3,6 @@
 #include "core/ai/CutToInstruction.h"
 #include "tests/ai/Footage.h"
 
-#include <initializer_list>
-
 #include <nlohmann/json.hpp>
 
 namespace murbo {
@@ -31,13 +29,6 @@ inline std::vector<std::string> tags(const Brief::Clips& clips) {
     std::vector<std::string> found;
     for (const auto* clip : clips) found.push_back(clip->tag());
     return found;
-}
-
-/// Cuts from line to line, as a model names them.
-inline nlohmann::json cutsOf(std::initializer_list<std::pair<const char*, const char*>> cuts) {
-    auto list = nlohmann::json::array();
-    for (const auto& [from, to] : cuts) list.push_back({{"from", from}, {"to", to}});
-    return list;
 }
 
 }

@@ -1,7 +1,6 @@
 #include "core/ai/Toolkit.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace murbo;
 

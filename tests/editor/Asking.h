@@ -3,8 +3,6 @@
 #include "tests/ScriptedModel.h"
 #include "tests/editor/Lines.h"
 
-#include <functional>
-
 namespace murbo {
 
 /// A session whose models are scripted by the test.
@@ -21,11 +19,17 @@ public:
         };
     }
 
-    static json cutsOf(std::initializer_list<std::pair<const char*, const char*>> pairs) {
-        auto list = json::array();
-        for (const auto& [from, to] : pairs) list.push_back({{"from", from}, {"to", to}});
-        return list;
+    /// Has the owner change the project then.
+    void meanwhile(const std::string& step, const std::function<void(Project&)>& change) {
+        meanwhile([=](Editor& editor) { editor.change(step, change); });
     }
+
+    /// Has the model answer with cuts from line to line, and more.
+    void answersCuts(std::initializer_list<std::pair<const char*, const char*>> pairs, json more = {}) {
+        more["cuts"] = cutsOf(pairs);
+        model.answers(more);
+    }
+
     ScriptedModel model;
 
 private:

@@ -3,8 +3,6 @@
 #include "app/editor/commands/TimelinePicks.h"
 #include "tests/editor/Lines.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 namespace {

@@ -3,8 +3,6 @@
 #include "tests/ProblemOf.h"
 #include "tests/editor/TwoCuts.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 TEST(Changes, findAVideoByItsIdAndTheOpenOne) {

@@ -1,8 +1,6 @@
 #include "app/editor/commands/CommandRun.h"
 #include "tests/editor/TwoCuts.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 TEST(CommandRun, givesCommandsAndSaysWhatIsWrongWithOne) {

@@ -2,10 +2,6 @@
 #include "platform/base/Files.h"
 #include "tests/editor/Lines.h"
 
-#include <cstdlib>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 using namespace murbo;
@@ -28,9 +24,7 @@ TEST(Pages, theCommandsPageIsTheProgramsOwn) {
 /// opens.
 TEST(CommandTable, noArgumentHarms) {
     Lines lines;
-    lines(R"(["set","pickedClips",["C01","C02"]])");
-    lines(R"(["addToEnd"])");
-    lines(R"(["cut","face"])");
+    lines(R"(["set","pickedClips",["C01","C02"]])", R"(["addToEnd"])", R"(["cut","face"])");
     const auto values = nlohmann::json::parse(R"([null, true, -1, 1e308, -1e308, 0.5, "", " ", "cut 1", "C01",
         "V1", [], [[]], {}, [1, 2], [2, 1], {"at": 1e308}, "C01.01", "x\u0000y", ["cut", "cut 1"], "/dev/null",
         "shot 1"])");

@@ -2,10 +2,6 @@
 #include "core/model/edits/VideoEdits.h"
 #include "tests/editor/TwoCuts.h"
 
-#include <set>
-
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 TEST(CutCommands, whatIsPutTwiceIsTwoCuts) {
@@ -43,12 +39,12 @@ TEST(CutCommands, theOfferIsTheRangeElseTheClipElseTheSource) {
         return cut ? std::pair(cut->start, cut->end) : std::pair(-1.0, -1.0);
     };
     EXPECT_EQ(offer(), std::pair(-1.0, -1.0));
-    lines(R"(["set","heldSource","cam.mp4"])");
-    EXPECT_EQ(offer(), std::pair(0.0, 30.0));
-    lines(R"(["set","heldClip","C02"])");
-    EXPECT_EQ(offer(), std::pair(40.0, 50.0));
-    lines(R"(["set","range",[41,41.5]])");
-    EXPECT_EQ(offer(), std::pair(41.0, 41.5));
+    for (const auto& [line, from, to] : {std::tuple{R"(["set","heldSource","cam.mp4"])", 0.0, 30.0},
+                                         {R"(["set","heldClip","C02"])", 40.0, 50.0},
+                                         {R"(["set","range",[41,41.5]])", 41.0, 41.5}}) {
+        lines(line);
+        EXPECT_EQ(offer(), std::pair(from, to)) << line;
+    }
     lines(R"(["set","pickedClips",["C01","C03"]])");
     EXPECT_EQ(CutCommands::offeredCuts(editor).size(), 1u) << "a range counts before picked clips";
     lines(R"(["set","range",[41,41.05]])");
@@ -61,13 +57,11 @@ TEST(CutCommands, theOfferIsTheRangeElseTheClipElseTheSource) {
 
 TEST(CutCommands, whatIsPutIsPickedAndFollowsTheFirst) {
     TwoCuts lines;
-    lines(R"(["set","pickedClips",["C03","C01"]])");
-    lines(R"(["seek",5])");
+    lines(R"(["set","pickedClips",["C03","C01"]])", R"(["seek",5])");
     EXPECT_EQ(lines(R"(["insertAtPlayhead"])"), stepped("Add Clips"));
     EXPECT_EQ(played(lines), (Played{{20, 25}, {60, 70}, {20, 30}, {25, 30}, {40, 50}}));
     EXPECT_EQ(pickedPlace(lines), 2u);
-    lines(R"(["set","range",[1,2]])");
-    lines(R"(["set","heldSource","cam.mp4"])");
+    lines(R"(["set","range",[1,2]])", R"(["set","heldSource","cam.mp4"])");
     EXPECT_EQ(lines(R"(["addToEnd"])"), did("Added to the end of One", "Add Clip"));
     EXPECT_EQ(played(lines).back(), std::pair(1.0, 2.0));
     EXPECT_FALSE(lines.editor().range());
@@ -76,13 +70,10 @@ TEST(CutCommands, whatIsPutIsPickedAndFollowsTheFirst) {
 
 TEST(CutCommands, aVideoFromTheSelectionIsCalledAfterItsOneClip) {
     TwoCuts lines;
-    lines(R"(["renameClip","C02","Fall"])");
-    lines(R"(["set","heldClip","C02"])");
-    lines(R"(["newVideoFromSelection"])");
+    lines(R"(["renameClip","C02","Fall"])", R"(["set","heldClip","C02"])", R"(["newVideoFromSelection"])");
     EXPECT_EQ(lines.video().title, "Fall · C02");
     EXPECT_EQ(played(lines), (Played{{40, 50}}));
-    lines(R"(["set","pickedClips",["C01","C02"]])");
-    lines(R"(["newVideoFromSelection"])");
+    lines(R"(["set","pickedClips",["C01","C02"]])", R"(["newVideoFromSelection"])");
     EXPECT_EQ(lines.video().title, "Untitled Video");
 }
 
@@ -182,8 +173,7 @@ TEST(CutCommands, aRollShowsBothSidesOfItsSeam) {
     EXPECT_FALSE(editor.edge() || editor.edgeAfter());
     lines(R"(["trim","cut 2",false,1e6])");
     EXPECT_EQ(played(lines)[1], std::pair(42.0, 100.0)) << "as far as its source goes";
-    lines(R"(["undo"])");
-    lines(R"(["undo"])");
+    lines(R"(["undo"])", R"(["undo"])");
     EXPECT_EQ(played(lines), (Played{{20, 30}, {40, 50}}));
 }
 

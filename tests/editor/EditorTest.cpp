@@ -5,22 +5,9 @@
 
 #include <QMetaMethod>
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 namespace {
-
-/// Counts all that an object notifies of its properties.
-class Notifications : public QObject {
-public:
-    explicit Notifications(EditorFields& editor) {
-        connect(&editor, &EditorFields::toolChanged, this, [this] { ++count; });
-        connect(&editor, &EditorFields::pickedChanged, this, [this] { ++count; });
-        connect(&editor, &EditorFields::rangeChanged, this, [this] { ++count; });
-    }
-    int count = 0;
-};
 
 void rename(Project& project, const std::string& name) {
     project.groups.edit().front().name = name;
@@ -28,22 +15,22 @@ void rename(Project& project, const std::string& name) {
 
 }
 
-TEST(Editor, everyPropertyNotifies) {
+TEST(Editor, notifiesOncePerRealChange) {
+    Lines lines;
+    auto& editor = lines.editor();
+    int count = 0;
+    for (const auto signal :
+         {&EditorFields::toolChanged, &EditorFields::pickedChanged, &EditorFields::rangeChanged})
+        QObject::connect(&editor, signal, [&] { ++count; });
+    for (int time = 0; time < 2; ++time) {
+        editor.setTool(EditingTool::blade);
+        editor.setRange(Stretch{1, 2});
+        editor.setPicked(std::nullopt);
+    }
+    EXPECT_EQ(count, 2);
     const auto& meta = EditorFields::staticMetaObject;
     for (int at = meta.propertyOffset(); at < meta.propertyCount(); ++at)
         EXPECT_TRUE(meta.property(at).hasNotifySignal()) << meta.property(at).name();
-    EXPECT_GE(meta.propertyCount() - meta.propertyOffset(), 23);
-}
-
-TEST(Editor, notifiesOncePerRealChange) {
-    Lines lines;
-    Notifications notes(lines.editor());
-    lines.editor().setTool(EditingTool::blade);
-    lines.editor().setTool(EditingTool::blade);
-    lines.editor().setRange(Stretch{1, 2});
-    lines.editor().setRange(Stretch{1, 2});
-    lines.editor().setPicked(std::nullopt);
-    EXPECT_EQ(notes.count, 2);
 }
 
 TEST(Editor, aRefusalBeepsAndAnotherMonitoringIsMixedAtOnce) {
@@ -110,12 +97,11 @@ TEST(Editor, aGroupThatFailsKeepsWhatWasDoneAsItsStep) {
     Editor editor(Lines::made(), {}, std::nullopt, [](const Project&) {});
     editor.beginDrag("Slide");
     editor.dragPiece([](Project& project) { rename(project, "dragged"); });
-    EXPECT_THROW(editor.group("Both",
-                              [&] {
-                                  editor.change("One", [](Project& project) { rename(project, "1"); });
-                                  throw std::runtime_error("no");
-                              }),
-                 std::runtime_error);
+    const auto both = [&] {
+        editor.change("One", [](Project& project) { rename(project, "1"); });
+        throw std::runtime_error("no");
+    };
+    EXPECT_THROW(editor.group("Both", both), std::runtime_error);
     EXPECT_EQ(editor.project().groups[0].name, "1");
     editor.undo();
     EXPECT_EQ(editor.project().groups[0].name, "dragged") << "the drag before it is a step of its own";
@@ -132,6 +118,12 @@ TEST(Editor, aDragThatIsTakenBackLeavesNothing) {
     editor.cancelDrag();
     EXPECT_EQ(editor.project(), before);
     EXPECT_FALSE(editor.unfinished());
+    const auto fails = [](Project& project) {
+        rename(project, "half");
+        throw std::runtime_error("no");
+    };
+    EXPECT_THROW(editor.change("Fails", fails), std::runtime_error);
+    EXPECT_EQ(editor.project(), before) << "nor does a change that fails";
     EXPECT_TRUE(editor.history().past().empty());
 }
 
@@ -163,8 +155,7 @@ TEST(Editor, whatIsPickedIsThere) {
     lines(R"(["removeSound","sound 1"])");
     EXPECT_EQ(editor.morePicked(), (std::vector{more[1], more[2]}));
     EXPECT_TRUE(editor.picked());
-    lines(R"(["undo"])");
-    lines(R"(["undo"])");
+    lines(R"(["undo"])", R"(["undo"])");
     EXPECT_EQ(editor.morePicked(), std::vector{more[2]});
     EXPECT_FALSE(editor.picked());
     editor.setPicked(more[2]);
@@ -175,9 +166,7 @@ TEST(Editor, whatIsPickedIsThere) {
 TEST(Editor, theHeldClipIsShownBeforeTheHeldSource) {
     TwoCuts lines;
     auto& editor = lines.editor();
-    lines(R"(["set","heldClip","C02"])");
-    lines(R"(["source.seek",45])");
-    lines(R"(["set","heldSource","cam.mp4"])");
+    lines(R"(["set","heldClip","C02"])", R"(["source.seek",45])", R"(["set","heldSource","cam.mp4"])");
     EXPECT_EQ(editor.source.time(), 45) << "nothing moves";
     EXPECT_EQ(editor.source.span(), (Stretch{40, 50}));
     lines(R"(["set","heldClip","C03"])");
@@ -197,18 +186,6 @@ TEST(Editor, aVideoThatCannotBePlayedSaysSoUntilItCan) {
     EXPECT_TRUE(lines.editor().problem().value_or("").starts_with("This video could not be played. "));
     lines(R"(["undo"])");
     EXPECT_FALSE(lines.editor().problem());
-}
-
-TEST(Editor, aChangeThatFailsLeavesNothing) {
-    Editor editor(Lines::made(), {}, std::nullopt, [](const Project&) {});
-    const auto before = editor.project();
-    EXPECT_THROW(editor.change("Fails",
-                               [](Project& project) {
-                                   rename(project, "half");
-                                   throw std::runtime_error("no");
-                               }),
-                 std::runtime_error);
-    EXPECT_EQ(editor.project(), before);
 }
 
 TEST(Editor, marksMadeBeforeTheFootageIsThereAreMarksOnIt) {

@@ -1,10 +1,6 @@
 #include "platform/base/Files.h"
 #include "tests/editor/Lines.h"
 
-#include <fstream>
-
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 namespace fs = std::filesystem;

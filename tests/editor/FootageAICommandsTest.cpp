@@ -3,12 +3,7 @@
 #include "tests/MadeMedia.h"
 #include "tests/editor/Asking.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 using namespace murbo;
-using testing::ElementsAre;
-using testing::HasSubstr;
 
 namespace {
 
@@ -25,12 +20,10 @@ TEST(FootageAICommands, describeOnlyClipsThatAreStillThere) {
     lines.model.answers(json{{"clips",
                               {{{"clip", "C01"}, {"title", "T"}, {"summary", "S"}, {"key_line", "C01.01"}},
                                {{"clip", "C02"}, {"title", "T"}, {"summary", "S"}}}}});
-    lines.meanwhile([](Editor& editor) {
-        editor.change("Change", [](Project& project) {
-            project.clips.edit().erase(project.clips.begin() + 1);
-            auto& said = project.transcripts.begin()->second.lines.edit();
-            said.erase(said.begin());
-        });
+    lines.meanwhile("Change", [](Project& project) {
+        project.clips.edit().erase(project.clips.begin() + 1);
+        auto& said = project.transcripts.begin()->second.lines.edit();
+        said.erase(said.begin());
     });
     lines(R"(["describeClips",["C01","C02"]])");
     EXPECT_EQ(lines.editor().toast(), "Described 1 clip");
@@ -41,12 +34,9 @@ TEST(FootageAICommands, describeOnlyClipsThatAreStillThere) {
 TEST(FootageAICommands, aKeyLineThatLiesInAnotherClipByNowIsNone) {
     Asking lines;
     lines.model.answers(described("C01"));
-    lines.meanwhile([](Editor& editor) {
-        editor.change("Change", [](Project& project) {
-            project.clips.edit()[0].start = 26;
-            project.clips.edit()[1].start = 20;
-            project.clips.edit()[1].end = 25;
-        });
+    lines.meanwhile("Change", [](Project& project) {
+        project.clips.edit()[0].start = 26;
+        std::tie(project.clips.edit()[1].start, project.clips.edit()[1].end) = std::pair(20, 25);
     });
     lines(R"(["describeClips",["C01"]])");
     ASSERT_TRUE(lines.project().clips[0].summary);
@@ -90,15 +80,10 @@ TEST(FootageAICommands, aNoteIsWrittenFromFrames) {
     lines(R"(["set","heldSource","rec.mp4"])");
     EXPECT_EQ(lines(R"(["notesFromFrames"])"), did("Mark a range in the source viewer first"));
     lines(R"(["set","range",[0,2]])");
-    std::string asked;
-    lines.editor().confirm = [&](const std::string&, const std::string& text,
-                                 const std::string&) -> QCoro::Task<bool> {
-        asked = text;
-        co_return true;
-    };
+    OwnerAsked asked(lines.editor(), true);
     lines.model.answers(json{{"note", "A test picture\nmoves."}});
     EXPECT_EQ(lines(R"(["notesFromFrames"])"), did("A test picture moves.", "Notes from Frames"));
-    EXPECT_THAT(asked, testing::EndsWith(" One picture of the footage leaves this computer."));
+    EXPECT_THAT(asked.words, testing::EndsWith(" One picture of the footage leaves this computer."));
     const auto content = lines.model.bodies()[0]["messages"][1]["content"];
     ASSERT_EQ(content.size(), 2u);
     EXPECT_THAT(content[1]["image_url"]["url"].get<std::string>(),

@@ -1,9 +1,5 @@
-#include "app/editor/commands/CommandTable.h"
 #include "app/editor/commands/FootageCommands.h"
 #include "tests/editor/TwoCuts.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace murbo;
 using testing::ElementsAre;
@@ -14,10 +10,6 @@ std::vector<int> ratings(Lines& lines) {
     std::vector<int> all;
     for (const auto& clip : lines.project().clips) all.push_back(static_cast<int>(clip.rating.value_or(0)));
     return all;
-}
-
-Stretch between(double from, double to) {
-    return {from, to};
 }
 
 }
@@ -81,16 +73,16 @@ TEST(FootageCommands, pickedLinesAreMarkedFromTheFirstToTheLast) {
     Lines lines;
     lines(R"(["set","heldSource","rec.mp4"])");
     EXPECT_EQ(lines(R"(["pick",["C02.01","C01.02","C01.01"]])"), fine);
-    EXPECT_EQ(lines.editor().range(), between(21, 44));
+    EXPECT_EQ(lines.editor().range(), (Stretch{21, 44}));
     EXPECT_EQ(lines.editor().source.time(), 21);
     lines(R"(["pick",[]])");
-    EXPECT_EQ(lines.editor().range(), between(21, 44));
+    EXPECT_EQ(lines.editor().range(), (Stretch{21, 44}));
 }
 
 TEST(FootageCommands, aMarkKeepsTheOtherEndAndATenthOfASecond) {
     Lines lines;
     for (const auto* mark : {"markStart", "markEnd", "markClip"}) {
-        EXPECT_FALSE(CommandTable::find(mark)->possible(lines.editor()));
+        EXPECT_FALSE(lines.possible(mark));
         EXPECT_EQ(lines("[\"" + std::string(mark) + "\"]"), fine);
         EXPECT_FALSE(lines.editor().range());
     }
@@ -100,18 +92,17 @@ TEST(FootageCommands, aMarkKeepsTheOtherEndAndATenthOfASecond) {
         return *lines.editor().range();
     };
     lines(R"(["set","heldSource","rec.mp4"])");
-    EXPECT_TRUE(CommandTable::find("markStart")->possible(lines.editor()));
-    EXPECT_FALSE(CommandTable::find("markClip")->possible(lines.editor()));
-    EXPECT_EQ(after("markStart", 25), between(25, 25.1));
-    EXPECT_EQ(after("markEnd", 40), between(25, 40));
-    EXPECT_EQ(after("markStart", 50), between(50, 50.1));
-    EXPECT_EQ(after("markEnd", 30), between(29.9, 30));
+    EXPECT_TRUE(lines.possible("markStart"));
+    EXPECT_FALSE(lines.possible("markClip"));
+    EXPECT_EQ(after("markStart", 25), (Stretch{25, 25.1}));
+    EXPECT_EQ(after("markEnd", 40), (Stretch{25, 40}));
+    EXPECT_EQ(after("markStart", 50), (Stretch{50, 50.1}));
+    EXPECT_EQ(after("markEnd", 30), (Stretch{29.9, 30}));
+    lines(R"(["set","range",null])", R"(["set","heldClip","C02"])");
+    EXPECT_EQ(after("markStart", 42), (Stretch{42, 50}));
     lines(R"(["set","range",null])");
-    lines(R"(["set","heldClip","C02"])");
-    EXPECT_EQ(after("markStart", 42), between(42, 50));
-    lines(R"(["set","range",null])");
-    EXPECT_EQ(after("markEnd", 45), between(40, 45));
-    EXPECT_EQ(after("markClip", 45), between(40, 50));
+    EXPECT_EQ(after("markEnd", 45), (Stretch{40, 45}));
+    EXPECT_EQ(after("markClip", 45), (Stretch{40, 50}));
 }
 
 TEST(FootageCommands, lettingGoTakesMarksPicksAndTool) {

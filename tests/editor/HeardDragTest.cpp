@@ -1,53 +1,13 @@
 #include "app/editor/Editor.h"
 #include "tests/MadeMedia.h"
+#include "tests/playback/FakeOutput.h"
 
 #include <QCoreApplication>
-#include <atomic>
 #include <cmath>
-#include <mutex>
-#include <thread>
-
-#include <gtest/gtest.h>
 
 using namespace murbo;
 
 namespace {
-
-/// A device that is asked by the test what sounds next.
-class AskedOutput : public SoundOutput {
-public:
-    bool start(Fill given) override {
-        const std::lock_guard locked(lock);
-        fill = std::move(given);
-        return true;
-    }
-    void stop() override {
-        const std::lock_guard locked(lock);
-        fill = nullptr;
-    }
-    double heard() const override { return seconds; }
-    bool isStarted() {
-        const std::lock_guard locked(lock);
-        return fill != nullptr;
-    }
-
-    /// How loud the next tenth of a second is at its loudest.
-    float loudest() {
-        const std::lock_guard locked(lock);
-        if (!fill) return -1;
-        std::vector<float> block(2 * 4800);
-        fill(block);
-        seconds = seconds + 0.1;
-        float most = 0;
-        for (const float sample : block) most = std::max(most, std::abs(sample));
-        return most;
-    }
-
-private:
-    std::mutex lock; // the player starts it on a thread of its own
-    Fill fill;
-    std::atomic<double> seconds = 0;
-};
 
 /// A session on a cut of a tone, playing.
 class PlayedTone {
@@ -55,7 +15,17 @@ public:
     PlayedTone() {
         while (editor.isBusy()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         editor.playback.playPause();
-        while (!output || !output.load()->isStarted()) std::this_thread::yield();
+        while (!output || output.load()->starts == 0) std::this_thread::yield();
+    }
+
+    /// How loud the next tenth of a second is at its loudest.
+    float loudest() {
+        std::vector<float> block(2 * 4800);
+        output.load()->fill(block);
+        output.load()->played = output.load()->played + 0.1;
+        float most = 0;
+        for (const float sample : block) most = std::max(most, std::abs(sample));
+        return most;
     }
     static Project made() {
         Project project;
@@ -70,13 +40,13 @@ public:
         return project;
     }
 
-    std::atomic<AskedOutput*> output = nullptr;
+    std::atomic<FakeOutput*> output = nullptr;
     Editor editor{made(),
                   {},
                   std::nullopt,
                   [](const Project&) {},
                   [this] {
-                      auto made = std::make_unique<AskedOutput>();
+                      auto made = std::make_unique<FakeOutput>();
                       output = made.get();
                       return made;
                   }};
@@ -87,8 +57,8 @@ public:
 TEST(HeardDrag, aLevelIsHeardWhileTheHandStillHoldsIt) {
     MURBO_NEEDS_FFMPEG();
     PlayedTone played;
-    played.output.load()->loudest();
-    EXPECT_GT(played.output.load()->loudest(), 0.05F);
+    played.loudest();
+    EXPECT_GT(played.loudest(), 0.05F);
     for (const double level : {0.8, 0.5, 0.0})
         played.editor.dragAndRedraw([&](Project& project) {
             auto& video = project.videos.edit()[0];
@@ -96,12 +66,12 @@ TEST(HeardDrag, aLevelIsHeardWhileTheHandStillHoldsIt) {
             video.look->mix = Mix{.video = level};
         });
     while (played.editor.isBusy()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    played.output.load()->loudest(); // the old level goes over into the new one
-    EXPECT_LT(played.output.load()->loudest(), 0.001F) << "the last of the three";
+    played.loudest(); // the old level goes over into the new one
+    EXPECT_LT(played.loudest(), 0.001F) << "the last of the three";
     EXPECT_TRUE(played.editor.unfinished()) << "and it is no step yet";
     EXPECT_NE(played.editor.playback.rate(), 0);
     played.editor.cancelDrag();
     while (played.editor.isBusy()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    played.output.load()->loudest();
-    EXPECT_GT(played.output.load()->loudest(), 0.05F);
+    played.loudest();
+    EXPECT_GT(played.loudest(), 0.05F);
 }

@@ -1,8 +1,5 @@
 #include "tests/editor/Lines.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 namespace {
@@ -22,7 +19,7 @@ TEST(IdeaCommands, anIdeaBecomesAVideo) {
     Lines lines;
     addIdeas(lines);
     const auto cut = (*lines.project().ideas)[0].cuts[0].id;
-    EXPECT_EQ(lines(R"(["makeVideo","idea 1"])"), R"({"ok":true,"step":"Make Video"})");
+    EXPECT_EQ(lines(R"(["makeVideo","idea 1"])"), stepped("Make Video"));
     const auto& video = lines.project().videos[0];
     EXPECT_NE(video.cuts[0].id, cut) << "undone and made again, it is another";
     EXPECT_EQ(video.title, "One");
@@ -30,8 +27,7 @@ TEST(IdeaCommands, anIdeaBecomesAVideo) {
     EXPECT_TRUE(video.runs->contains("ideas"));
     EXPECT_EQ(lines.editor().openVideo(), video.id);
     EXPECT_EQ(lines.project().ideas->size(), 1u) << "it waits no longer";
-    EXPECT_EQ(lines(R"(["makeVideo","idea 1"])"),
-              R"({"ok":true,"toast":"The footage of that idea is gone from the project."})");
+    EXPECT_EQ(lines(R"(["makeVideo","idea 1"])"), did("The footage of that idea is gone from the project."));
     lines(R"(["undo"])");
     EXPECT_EQ(lines.project().ideas->size(), 2u);
 }
@@ -39,7 +35,7 @@ TEST(IdeaCommands, anIdeaBecomesAVideo) {
 TEST(IdeaCommands, anIdeaIsThrownAway) {
     Lines lines;
     addIdeas(lines);
-    EXPECT_EQ(lines(R"(["throwAway","idea 2"])"), R"({"ok":true,"step":"Throw Away Idea"})");
+    EXPECT_EQ(lines(R"(["throwAway","idea 2"])"), stepped("Throw Away Idea"));
     EXPECT_EQ(lines.project().ideas->size(), 1u);
     EXPECT_EQ(lines(R"(["throwAway","idea 2"])"),
               R"({"ok":false,"error":"“idea” is not right: “idea 2” is not an idea of this project."})");

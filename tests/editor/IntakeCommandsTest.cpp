@@ -2,8 +2,6 @@
 #include "tests/MadeMedia.h"
 #include "tests/editor/Lines.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 namespace {

@@ -1,8 +1,5 @@
-#include "app/editor/Keys.h"
 #include "app/editor/commands/KeyCommands.h"
 #include "tests/editor/TwoCuts.h"
-
-#include <gtest/gtest.h>
 
 using namespace murbo;
 
@@ -87,17 +84,14 @@ TEST(KeyCommands, theTransportIsThatOfThePlayerInFocus) {
 
 TEST(KeyCommands, deletingFollowsTheInspector) {
     Typing lines;
-    lines(R"(["set","picked",["cut","cut 1"]])");
-    lines(R"(["set","inspecting","browser"])");
+    lines(R"(["set","picked",["cut","cut 1"]])", R"(["set","inspecting","browser"])");
     EXPECT_EQ(lines.press("delete"), R"({"ok":true,"step":"Reject","value":"remove"})");
     EXPECT_EQ(lines.project().clips[2].rating, -1);
     lines(R"(["set","inspecting","timeline"])");
     EXPECT_EQ(lines.press("delete"), R"({"ok":true,"step":"Remove Cut","value":"remove"})");
-    lines(R"(["set","picked",null])");
-    lines(R"(["rate",["C03"]])");
+    lines(R"(["set","picked",null])", R"(["rate",["C03"]])");
     EXPECT_EQ(lines.press("delete"), R"({"ok":true,"step":"Reject","value":"remove"})");
-    lines(R"(["set","heldClip",null])");
-    lines(R"(["set","inspecting","browser"])");
+    lines(R"(["set","heldClip",null])", R"(["set","inspecting","browser"])");
     lines(R"(["set","picked",["cut","cut 1"]])");
     EXPECT_EQ(lines.press("delete"), R"({"ok":true,"step":"Remove Cut","value":"remove"})")
         << "no clip is there";

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(Keys, haveATitleAndAKeyOfTheirOwn) {
     std::set<std::string_view> keys, titles;
@@ -38,6 +38,4 @@ TEST(Keys, countAsTypedWhateverTheScript) {
         EXPECT_EQ(Keys::name(typed), name) << typed;
     for (const auto* unfit : {"", "\r", "\t", "\x1B", "ab", "\xFF"})
         EXPECT_EQ(Keys::name(unfit), std::nullopt) << unfit;
-}
-
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/editor/ProjectDocument.h"
+#include "app/editor/commands/CommandTable.h"
 #include "app/editor/script/Script.h"
 #include "core/model/package/ProjectPackage.h"
 #include "tests/Environment.h"
@@ -8,7 +8,8 @@
 
 #include <QCoreApplication>
 #include <memory>
-#include <string>
+
+#include <gmock/gmock.h>
 
 namespace murbo {
 
@@ -48,13 +49,19 @@ public:
         document.reset();
     }
 
-    /// Carries out a line and waits for its answer; empty for a blank line.
-    std::string operator()(const std::string& line) {
+    /// Carries out a line and waits for its answer; empty for a blank line. Of several lines, the last
+    /// answer.
+    template <class... More>
+    std::string operator()(const std::string& line, const More&... more) {
         std::string answer;
-        if (!script->run(line, [&](const std::string& text) { answer = text; })) return "";
-        while (answer.empty()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        const bool answers = script->run(line, [&](const std::string& text) { answer = text; });
+        while (answers && answer.empty()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        if constexpr (sizeof...(more) > 0) return (*this)(more...);
         return answer;
     }
+
+    /// Whether a command has anything to act on.
+    bool possible(const std::string& command) { return CommandTable::find(command)->possible(editor()); }
 
     std::filesystem::path package() const { return folder / "p.mbproj"; }
     Editor& editor() { return document->editor(); }
@@ -75,6 +82,19 @@ public:
     Environment home{"HOME", folder.path / "home"};
     std::unique_ptr<ProjectDocument> document;
     std::unique_ptr<Script> script;
+};
+
+/// What the owner is asked; the answer is `agrees`.
+struct OwnerAsked {
+    OwnerAsked(Editor& editor, bool answer) : agrees(answer) {
+        editor.confirm = [this](std::string asking, std::string text, std::string word) -> QCoro::Task<bool> {
+            std::tie(title, words, button) = std::tie(asking, text, word);
+            co_return agrees;
+        };
+    }
+
+    bool agrees;
+    std::string title, words, button;
 };
 
 /// The answer of a line that did something and has no more to say.

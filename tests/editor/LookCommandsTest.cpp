@@ -1,8 +1,5 @@
-#include "app/editor/commands/CommandTable.h"
 #include "app/editor/commands/LookCommands.h"
 #include "tests/editor/TwoCuts.h"
-
-#include <gtest/gtest.h>
 
 using namespace murbo;
 
@@ -23,7 +20,7 @@ TEST(LookCommands, aChangeIsAStepAndADragNoneYet) {
 
 TEST(LookCommands, withoutAVideoNothingIsChanged) {
     Lines lines;
-    EXPECT_FALSE(CommandTable::find("changeLook")->possible(lines.editor()));
+    EXPECT_FALSE(lines.possible("changeLook"));
     EXPECT_EQ(lines(R"(["changeLook","x",{}])"), fine);
     EXPECT_EQ(lines(R"(["dragLook",{}])"), fine);
     EXPECT_FALSE(lines.editor().unfinished());

@@ -1,18 +1,11 @@
-#include "app/editor/commands/CommandTable.h"
 #include "app/editor/commands/MarkCommands.h"
 #include "tests/editor/TwoCuts.h"
-
-#include <gtest/gtest.h>
 
 using namespace murbo;
 
 namespace {
 
 const std::string nothingHeld = "Look through a source in the source viewer first";
-
-bool possible(Lines& lines, const char* command) {
-    return CommandTable::find(command)->possible(lines.editor());
-}
 
 }
 
@@ -21,22 +14,21 @@ TEST(MarkCommands, wantASourceHeld) {
     lines(R"(["set","heldClip","C01"])");
     const auto before = lines.project();
     for (const auto* command : {"dropClipMark", "dropBookmark"}) {
-        EXPECT_FALSE(possible(lines, command));
+        EXPECT_FALSE(lines.possible(command));
         EXPECT_EQ(lines("[\"" + std::string(command) + "\"]"), did(nothingHeld));
     }
     EXPECT_EQ(lines(R"(["addNote","x"])"), did(nothingHeld));
     EXPECT_EQ(lines.project(), before);
     lines(R"(["set","heldSource","rec.mp4"])");
-    EXPECT_TRUE(possible(lines, "dropBookmark"));
-    EXPECT_FALSE(possible(lines, "addNote")) << "nothing is marked";
+    EXPECT_TRUE(lines.possible("dropBookmark"));
+    EXPECT_FALSE(lines.possible("addNote")) << "nothing is marked";
     EXPECT_EQ(lines(R"(["addNote","x"])"), fine);
     EXPECT_EQ(lines.project(), before);
 }
 
 TEST(MarkCommands, aClipMarkHoldsItsClipAndStays) {
     Lines lines;
-    lines(R"(["set","heldSource","cam.mp4"])");
-    lines(R"(["source.seek",12])");
+    lines(R"(["set","heldSource","cam.mp4"])", R"(["source.seek",12])");
     EXPECT_EQ(lines(R"(["dropClipMark"])"), did("Marked C04", "Add Clip Mark"));
     const auto& clip = lines.project().clips[3];
     EXPECT_EQ(clip.source, lines.project().sources[1].id);
@@ -48,11 +40,9 @@ TEST(MarkCommands, aClipMarkHoldsItsClipAndStays) {
 
 TEST(MarkCommands, aBookmarkIsAMomentOrTheMarkedRange) {
     Lines lines;
-    lines(R"(["set","heldSource","cam.mp4"])");
-    lines(R"(["source.seek",12])");
+    lines(R"(["set","heldSource","cam.mp4"])", R"(["source.seek",12])");
     EXPECT_EQ(lines(R"(["dropBookmark"])"), stepped("Add Bookmark"));
-    lines(R"(["set","range",[3,5]])");
-    lines(R"(["dropBookmark"])");
+    lines(R"(["set","range",[3,5]])", R"(["dropBookmark"])");
     const auto bookmarks = lines.project().bookmarks;
     ASSERT_EQ(bookmarks.size(), 2u);
     const auto cam = lines.project().sources[1].id;

@@ -1,8 +1,6 @@
 #include "app/editor/commands/Named.h"
 #include "tests/editor/TwoCuts.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 namespace {

@@ -1,9 +1,6 @@
-#include "app/editor/commands/CommandTable.h"
 #include "app/editor/commands/OverlayCommands.h"
 #include "core/playbooks/Playbooks.h"
 #include "tests/editor/TwoCuts.h"
-
-#include <gtest/gtest.h>
 
 using namespace murbo;
 
@@ -70,8 +67,7 @@ TEST(OverlayCommands, mediaIsKeptInTheProject) {
 
 TEST(OverlayCommands, draggingMovesOrStretchesOne) {
     TwoCuts lines;
-    lines(R"(["addOverlay","stock.hearts",1])");
-    lines(R"(["addOverlay","stock.hearts",2])");
+    lines(R"(["addOverlay","stock.hearts",1])", R"(["addOverlay","stock.hearts",2])");
     const auto overlay = [&](std::size_t at) { return lines.look().overlays[at]; };
     EXPECT_EQ(lines(R"(["dragOverlay","overlay 1",12])"), fine);
     EXPECT_EQ(overlay(0).at, 42);
@@ -94,8 +90,7 @@ TEST(OverlayCommands, draggingMovesOrStretchesOne) {
 
 TEST(OverlayCommands, updatingTakesTheLibrarysVersion) {
     TwoCuts lines;
-    lines(R"(["addOverlay","stock.sticker",1])");
-    lines(R"(["changeOverlay","overlay 1","x",{"version":1}])");
+    lines(R"(["addOverlay","stock.sticker",1])", R"(["changeOverlay","overlay 1","x",{"version":1}])");
     EXPECT_EQ(lines(R"(["updateOverlay","overlay 1"])"), stepped("Update Playbook"));
     EXPECT_EQ(lines.look().overlays[0].version, 3);
     lines(R"(["changeOverlay","overlay 1","x",{"playbook":"stock.hearts"}])");
@@ -107,10 +102,10 @@ TEST(OverlayCommands, updatingTakesTheLibrarysVersion) {
 
 TEST(OverlayCommands, wantAVideoWithCuts) {
     Lines lines;
-    EXPECT_FALSE(CommandTable::find("addOverlay")->possible(lines.editor()));
+    EXPECT_FALSE(lines.possible("addOverlay"));
     EXPECT_EQ(lines(R"(["addOverlay","stock.hearts"])"), did("Open a video with cuts first"));
     lines(R"(["newVideo","9:16","Empty"])");
-    EXPECT_TRUE(CommandTable::find("addOverlay")->possible(lines.editor()));
+    EXPECT_TRUE(lines.possible("addOverlay"));
     EXPECT_EQ(lines(R"(["addOverlay","stock.layout.wide"])"), did("Open a video with cuts first"));
     EXPECT_EQ(lines(R"(["addMedia","/x.png"])"), did("Open a video with cuts first"));
 }

@@ -1,14 +1,11 @@
 #include "app/editor/commands/PickWords.h"
 #include "tests/editor/TwoCuts.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 TEST(PickWords, sayWhereEachBlockIsAndWhatItIs) {
     TwoCuts lines;
-    lines(R"(["addOverlay","stock.hearts",12.25])");
-    lines(R"(["addOverlay","stock.layout.wide",2])");
+    lines(R"(["addOverlay","stock.hearts",12.25])", R"(["addOverlay","stock.layout.wide",2])");
     lines.editor().change("More", [&](Project& project) {
         auto& video = project.videos.edit()[0];
         video.look->shots.edit().push_back({.source = lines.rec(), .at = 45, .layout = Shot::Layout::face});

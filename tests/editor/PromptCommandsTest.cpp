@@ -1,7 +1,5 @@
 #include "tests/editor/Lines.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 using namespace murbo;

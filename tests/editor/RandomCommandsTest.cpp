@@ -3,7 +3,6 @@
 #include <random>
 
 #include <fmt/format.h>
-#include <gtest/gtest.h>
 
 using namespace murbo;
 

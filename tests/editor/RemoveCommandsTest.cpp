@@ -2,8 +2,6 @@
 #include "app/editor/commands/TimelinePicks.h"
 #include "tests/editor/TwoCuts.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 namespace {
@@ -52,8 +50,7 @@ TEST(RemoveCommands, aCaptionIsHiddenAlsoWhereThereIsNoLook) {
     EXPECT_EQ(lines(R"(["removePicked"])"), stepped("Hide Caption"));
     ASSERT_EQ(lines.look().captions.lines.size(), 1u);
     EXPECT_EQ(lines.look().captions.lines[0], (CaptionLine{.line = lines.line(1).id, .hidden = true}));
-    lines(R"(["breakCaption","C01.01",["Line","number 0"]])");
-    lines(R"(["set","picked",["caption","C01.01",1]])");
+    lines(R"(["breakCaption","C01.01",["Line","number 0"]])", R"(["set","picked",["caption","C01.01",1]])");
     lines(R"(["removeAllPicked"])");
     EXPECT_FALSE(lines.look().captions.lines[1].hidden);
     EXPECT_EQ(lines.look().captions.lines[1].pieces->at(1).hidden, true);

@@ -1,7 +1,5 @@
 #include "tests/editor/Lines.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 TEST(Row, saysWhichArgumentIsNotRight) {

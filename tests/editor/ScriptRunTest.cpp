@@ -1,14 +1,12 @@
 #include "app/editor/script/ScriptRun.h"
-#include "core/model/Project.h"
 #include "core/model/package/ProjectPackage.h"
 #include "tests/TemporaryFolder.h"
 
 #include <QEventLoop>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 using testing::HasSubstr;
 namespace {
 
@@ -39,6 +37,4 @@ TEST(ScriptRun, answersALineEachAndGoesOnAfterFaults) {
     const std::string unread = "\\{\"ok\":false,\"error\":\"It is not valid JSON: [^\n]*\n";
     EXPECT_THAT(answers, testing::MatchesRegex("\\{\"ok\":false,\"error\":\"[^\n]*“unknown”[^\n]*\n" +
                                                unread + unread + "\\{\"ok\":true,\"value\":\"1:01\"\\}\n"));
-}
-
 }

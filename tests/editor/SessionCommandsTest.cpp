@@ -1,34 +1,21 @@
-#include "app/editor/commands/CommandTable.h"
 #include "app/editor/commands/SessionCommands.h"
 #include "app/editor/commands/TimelinePicks.h"
 #include "tests/editor/TwoCuts.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
-
-namespace {
-
-bool possible(Lines& lines, const char* command) {
-    return CommandTable::find(command)->possible(lines.editor());
-}
-
-}
 
 TEST(SessionCommands, undoAndRedoArePossibleWhereThereIsAStepOrADrag) {
     TwoCuts lines;
-    EXPECT_FALSE(possible(lines, "undo"));
-    EXPECT_FALSE(possible(lines, "redo"));
+    EXPECT_FALSE(lines.possible("undo") || lines.possible("redo"));
     lines(R"(["beginDrag"])");
-    EXPECT_TRUE(possible(lines, "undo")) << "an open drag is taken back";
-    lines(R"(["closeDrag"])");
-    lines(R"(["rename","V1","Two"])");
-    EXPECT_TRUE(possible(lines, "undo"));
-    EXPECT_FALSE(possible(lines, "redo"));
+    EXPECT_TRUE(lines.possible("undo")) << "an open drag is taken back";
+    lines(R"(["closeDrag"])", R"(["rename","V1","Two"])");
+    EXPECT_TRUE(lines.possible("undo") && !lines.possible("redo"));
+    EXPECT_EQ(lines(R"(["writeHistory"])"), fine);
+    EXPECT_EQ(ProjectPackage::readHistory(lines.package()).undoName(), "Rename Video");
     EXPECT_EQ(lines(R"(["undo"])"), did("Undid Rename Video"));
     EXPECT_EQ(lines.video().title, "One");
-    EXPECT_FALSE(possible(lines, "undo"));
-    EXPECT_TRUE(possible(lines, "redo"));
+    EXPECT_TRUE(!lines.possible("undo") && lines.possible("redo"));
     EXPECT_EQ(lines(R"(["redo"])"), did("Redid Rename Video"));
     EXPECT_EQ(lines.video().title, "Two");
     EXPECT_EQ(lines(R"(["redo"])"), fine);
@@ -37,21 +24,13 @@ TEST(SessionCommands, undoAndRedoArePossibleWhereThereIsAStepOrADrag) {
 TEST(SessionCommands, aDragHasItsFirstNameAndClosesUnderIt) {
     TwoCuts lines;
     EXPECT_EQ(lines(R"(["unfinished"])"), fine);
-    lines(R"(["beginDrag","Slide"])");
-    lines(R"(["beginDrag","Another"])");
+    lines(R"(["beginDrag","Slide"])", R"(["beginDrag","Another"])");
     EXPECT_EQ(lines(R"(["unfinished"])"), gave("\"Slide\""));
     lines(R"(["dragLook",{"mix":{"music":0.5}}])");
     EXPECT_EQ(lines(R"(["closeDrag"])"), stepped("Slide"));
     EXPECT_EQ(lines(R"(["unfinished"])"), fine);
     lines(R"(["dragLook",{"mix":{"music":0.6}}])");
     EXPECT_EQ(lines(R"(["unfinished"])"), gave("\"Drag\""));
-}
-
-TEST(SessionCommands, theHistoryIsWrittenWhenAsked) {
-    TwoCuts lines;
-    lines(R"(["rename","V1","Two"])");
-    EXPECT_EQ(lines(R"(["writeHistory"])"), fine);
-    EXPECT_EQ(ProjectPackage::readHistory(lines.package()).undoName(), "Rename Video");
 }
 
 TEST(SessionCommands, heldKeysAreThoseOfTheLastLine) {

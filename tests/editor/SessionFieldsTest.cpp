@@ -2,8 +2,6 @@
 #include "app/editor/playback/PreviewVolume.h"
 #include "tests/editor/TwoCuts.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 namespace {
@@ -12,30 +10,6 @@ std::string set(Lines& lines, const std::string& field, const std::string& value
     return lines(R"(["set",")" + field + "\"," + value + "]");
 }
 
-}
-
-/// Each under its own name: what the session then is, SessionStateTest reads.
-TEST(SessionFields, areSetAndLetGo) {
-    TwoCuts lines;
-    auto& editor = lines.editor();
-    for (const auto& [field, value] : {std::pair{"heldClip", "\"C02\""},
-                                       {"heldSource", "\"cam.mp4\""},
-                                       {"range", "[1,2]"},
-                                       {"picked", R"(["cut","cut 2"])"},
-                                       {"toast", "\"hello\""},
-                                       {"edge", R"(["cam.mp4",7])"}})
-        EXPECT_EQ(set(lines, field, value), fine) << field;
-    EXPECT_EQ(editor.heldClip(), lines.project().clips[1].id);
-    EXPECT_EQ(editor.heldSource(), lines.cam());
-    EXPECT_EQ(editor.range(), (Stretch{1, 2}));
-    EXPECT_EQ(editor.picked()->id, lines.video().cuts[1].id);
-    EXPECT_EQ(editor.edge(), (TrimEdge{lines.cam(), 7}));
-    for (const auto* field : {"heldClip", "heldSource", "range", "picked", "toast", "edge"})
-        EXPECT_EQ(set(lines, field, "null"), fine) << field;
-    EXPECT_FALSE(editor.heldClip() || editor.heldSource() || editor.range() || editor.picked() ||
-                 editor.toast() || editor.edge());
-    EXPECT_EQ(set(lines, "openVideo", "null"), fine);
-    EXPECT_FALSE(editor.video());
 }
 
 TEST(SessionFields, switchesTurnTheirOwn) {

@@ -1,15 +1,12 @@
 #include "app/editor/commands/ShotCommands.h"
 #include "tests/editor/TwoCuts.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 TEST(ShotCommands, aPunchKeepsTheFramingWithItsValues) {
     Lines lines;
     auto& editor = lines.editor();
-    lines(R"(["set","heldClip","C01"])");
-    lines(R"(["addToEnd"])");
+    lines(R"(["set","heldClip","C01"])", R"(["addToEnd"])");
     editor.change("Frame", [](Project& project) {
         auto& video = project.videos.edit()[0];
         video.look.emplace().shots.edit().push_back({.source = video.cuts[0].source,
@@ -23,10 +20,9 @@ TEST(ShotCommands, aPunchKeepsTheFramingWithItsValues) {
     const auto& shots = editor.video()->look->shots;
     ASSERT_EQ(shots.size(), 2u);
     EXPECT_GT(shots[1].zoom, 1);
-    EXPECT_EQ(shots[1].at, shots[0].at + 5);
-    EXPECT_EQ(shots[1].playbook, shots[0].playbook);
-    EXPECT_EQ(shots[1].version, shots[0].version);
-    EXPECT_EQ(shots[1].values, shots[0].values);
+    auto expected = shots[0];
+    std::tie(expected.id, expected.at, expected.zoom) = std::tuple(shots[1].id, 25, shots[1].zoom);
+    EXPECT_EQ(shots[1], expected);
 }
 
 TEST(ShotCommands, aCutChangesTheShotThatStandsThere) {
@@ -44,17 +40,14 @@ TEST(ShotCommands, aCutChangesTheShotThatStandsThere) {
     EXPECT_EQ(lines.look().shots[0].playbook, "stock.layout.wide");
     lines(R"(["cut","content"])");
     EXPECT_FALSE(lines.look().shots[0].playbook || lines.look().shots[0].version);
-    lines(R"(["seek",5.06])");
-    lines(R"(["cut","content"])");
+    lines(R"(["seek",5.06])", R"(["cut","content"])");
     EXPECT_EQ(lines.look().shots.size(), 2u);
     EXPECT_EQ(lines.editor().picked()->id, lines.look().shots[1].id);
 }
 
 TEST(ShotCommands, aPunchGoesOutWhereTheShotOnScreenIsIn) {
     TwoCuts lines;
-    lines(R"(["seek",2])");
-    lines(R"(["cut","face"])");
-    lines(R"(["changeShot","shot 1","x",{"zoom":1.05}])");
+    lines(R"(["seek",2])", R"(["cut","face"])", R"(["changeShot","shot 1","x",{"zoom":1.05}])");
     lines(R"(["seek",4])");
     EXPECT_EQ(lines(R"(["punch"])"), stepped("Punch In"));
     EXPECT_EQ(lines.look().shots[1].layout, Shot::Layout::face);

@@ -2,8 +2,6 @@
 #include "core/playbooks/Library.h"
 #include "tests/editor/TwoCuts.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 namespace {
@@ -27,15 +25,9 @@ TEST(StyleCommands, theProjectsAndTheVideosStyleAreTwo) {
     lines(R"(["setCaptionStyle",false,{"size":70}])");
     EXPECT_EQ(own(lines), (CaptionStyle{.base = "bold", .size = 70, .fill = "FF0000"}));
     EXPECT_EQ(lines.project().captionStyle->size, 50);
-}
-
-TEST(StyleCommands, aStyleThatSaysNothingIsNone) {
-    TwoCuts lines;
-    lines(R"(["setCaptionStyle",true,{"size":50}])");
-    lines(R"(["setCaptionStyle",true,{"size":null}])");
-    EXPECT_FALSE(lines.project().captionStyle);
-    lines(R"(["setCaptionStyle",false,{"size":50}])");
-    lines(R"(["setCaptionStyle",false,{"size":null,"base":null}])");
+    lines(R"(["setCaptionStyle",true,{"size":null,"base":null}])");
+    EXPECT_FALSE(lines.project().captionStyle) << "one that says nothing is none";
+    lines(R"(["setCaptionStyle",false,{"size":null,"base":null,"fill":null}])");
     EXPECT_FALSE(own(lines));
 }
 
@@ -77,8 +69,7 @@ TEST(StyleCommands, aPresetReplacesAndAnUnknownOneComesAlong) {
 
 TEST(StyleCommands, aSavedPresetIsRenamedInLibraryAndProject) {
     TwoCuts lines;
-    lines(R"(["savePreset",{"size":70},"Own"])");
-    lines(R"(["savePreset",{"size":80},"Other"])");
+    lines(R"(["savePreset",{"size":70},"Own"])", R"(["savePreset",{"size":80},"Other"])");
     EXPECT_EQ(lines(R"(["renamePreset","own"," Mine "])"), stepped("Rename Caption Style"));
     for (const auto& styles : {*lines.project().styles, Library::styles()}) {
         ASSERT_EQ(styles.size(), 2u);
@@ -102,8 +93,7 @@ TEST(StyleCommands, aPresetThatSomethingBuildsOnStaysInTheProject) {
         if (who != "video") lines(R"(["pickCaptionPreset",null,false])");
         if (who == "project") lines(R"(["pickCaptionPreset",{"id":"own"},true])");
         if (who == "preset") {
-            lines(R"(["savePreset",{"base":"own"},"Second"])");
-            lines(R"(["pickCaptionPreset",null,false])");
+            lines(R"(["savePreset",{"base":"own"},"Second"])", R"(["pickCaptionPreset",null,false])");
         }
         const bool used = who != "nobody";
         EXPECT_EQ(lines(R"(["removePreset","own"])"), used ? did(kept) : stepped("Remove Caption Style"))
@@ -124,8 +114,7 @@ TEST(StyleCommands, aSavedPresetIsInLibraryProjectAndVideo) {
     EXPECT_EQ(lines.project().styles[0], saved);
     EXPECT_EQ(own(lines), (CaptionStyle{.base = "my-own-style"}));
     EXPECT_EQ(lines.steps(), (TwoCuts::Names{step, "Save Caption Style"}));
-    lines(R"(["savePreset",{"size":80},"Other"])");
-    lines(R"(["savePreset",{"size":75},"my own STYLE"])");
+    lines(R"(["savePreset",{"size":80},"Other"])", R"(["savePreset",{"size":75},"my own STYLE"])");
     ASSERT_EQ(lines.project().styles.size(), 2u);
     EXPECT_EQ(lines.project().styles[0].size, 75) << "in its place";
     ASSERT_EQ(Library::styles().size(), 2u);

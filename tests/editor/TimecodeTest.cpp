@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace murbo {
+using namespace murbo;
 
 TEST(Timecode, countsFramesWithinTheSecond) {
     EXPECT_EQ(Timecode::frames(7.4, 30), "00:00:07:12");
@@ -29,6 +29,4 @@ TEST(Timecode, isShortOnAClock) {
     EXPECT_EQ(Timecode::clock(59.99), "0:59");
     for (const double unfit : {double(NAN), HUGE_VAL, -HUGE_VAL, 1e308})
         EXPECT_FALSE(Timecode::fine(unfit).empty());
-}
-
 }

@@ -1,8 +1,6 @@
 #include "app/editor/commands/TimelinePicks.h"
 #include "tests/editor/Lines.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 using TimelinePicks::Modifiers;
 

@@ -2,30 +2,7 @@
 #include "core/model/package/Activity.h"
 #include "tests/editor/TwoCuts.h"
 
-#include <gtest/gtest.h>
-#include <qcorotask.h>
-
 using namespace murbo;
-
-namespace {
-
-const std::string noKey = "Add your OpenRouter key in Settings ▸ AI to use Scribe";
-
-/// What the owner is asked; the answer is `agrees`.
-struct Asked {
-    Asked(Editor& editor, bool agrees) {
-        editor.confirm = [this, agrees](std::string asking, std::string text,
-                                        std::string button) -> QCoro::Task<bool> {
-            title = asking;
-            words = text;
-            word = button;
-            co_return agrees;
-        };
-    }
-    std::string title, words, word;
-};
-
-}
 
 TEST(TranscribeCommands, stretchesAreAllClipsByTimeElseTheWholeSource) {
     Lines lines;
@@ -45,10 +22,9 @@ TEST(TranscribeCommands, stretchesAreAllClipsByTimeElseTheWholeSource) {
 
 TEST(TranscribeCommands, theOwnerIsAskedWithThePrice) {
     Lines lines;
-    Asked asked(lines.editor(), false);
+    OwnerAsked asked(lines.editor(), false);
     EXPECT_EQ(lines(R"(["transcribe",["C02"]])"), fine) << "not agreed to";
-    EXPECT_EQ(asked.title, "Transcribe C02 with Scribe?");
-    EXPECT_EQ(asked.word, "Transcribe");
+    EXPECT_EQ(asked.title + asked.button, "Transcribe C02 with Scribe?Transcribe");
     EXPECT_TRUE(asked.words.ends_with(
         ", from your OpenRouter key. The lines it replaces are those of this stretch."));
     const auto one = std::stod(asked.words.substr(7));
@@ -56,16 +32,17 @@ TEST(TranscribeCommands, theOwnerIsAskedWithThePrice) {
     EXPECT_EQ(asked.title, "Transcribe 3 clips with Scribe?");
     EXPECT_TRUE(asked.words.ends_with("those of these clips."));
     EXPECT_NEAR(std::stod(asked.words.substr(7)), 3 * one, 0.0021);
-    Asked agreed(lines.editor(), true);
-    EXPECT_EQ(lines(R"(["transcribe",["C02"]])"), did(noKey));
-    agreed.title.clear();
+    asked.agrees = true;
+    EXPECT_EQ(lines(R"(["transcribe",["C02"]])"),
+              did("Add your OpenRouter key in Settings ▸ AI to use Scribe"));
+    asked.title.clear();
     EXPECT_EQ(lines(R"(["transcribe",[]])"), fine);
-    EXPECT_EQ(agreed.title, "");
+    EXPECT_EQ(asked.title, "");
 }
 
 TEST(TranscribeCommands, theHeldClipOrTheMarkedRangeOfTheHeldSource) {
     Lines lines;
-    Asked asked(lines.editor(), false);
+    OwnerAsked asked(lines.editor(), false);
     EXPECT_EQ(lines(R"(["transcribeHeld"])"), did("Pick a clip in the browser first"));
     lines(R"(["set","heldSource","rec.mp4"])");
     EXPECT_EQ(lines(R"(["transcribeHeld"])"), did("Pick a clip in the browser first")) << "nothing is marked";
@@ -73,12 +50,10 @@ TEST(TranscribeCommands, theHeldClipOrTheMarkedRangeOfTheHeldSource) {
     EXPECT_EQ(lines(R"(["transcribeHeld"])"), fine);
     EXPECT_EQ(asked.title, "Transcribe rec.mp4 with Scribe?");
     const auto ofRange = asked.words;
-    lines(R"(["set","heldClip","C03"])");
-    lines(R"(["transcribeHeld"])");
+    lines(R"(["set","heldClip","C03"])", R"(["transcribeHeld"])");
     EXPECT_EQ(asked.title, "Transcribe C03 with Scribe?");
     EXPECT_EQ(asked.words, ofRange) << "the range, not the clip";
-    lines(R"(["set","range",null])");
-    lines(R"(["transcribeHeld"])");
+    lines(R"(["set","range",null])", R"(["transcribeHeld"])");
     EXPECT_NE(asked.words, ofRange);
 }
 

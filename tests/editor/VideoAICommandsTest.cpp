@@ -3,12 +3,8 @@
 #include "core/playbooks/Playbooks.h"
 #include "tests/editor/Asking.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 using namespace murbo;
-using testing::ElementsAre;
-using testing::HasSubstr;
+using testing::ElementsAre, testing::HasSubstr;
 
 namespace {
 
@@ -29,6 +25,9 @@ struct WithVideo : Asking {
         editor().openOnTimeline(project().videos[0].id);
     }
 };
+void removeSecondClip(Project& project) {
+    project.clips.edit().erase(project.clips.begin() + 1);
+}
 
 }
 
@@ -46,44 +45,33 @@ TEST(VideoAICommands, refuseWhatCanNotBeDone) {
 
 TEST(VideoAICommands, askTheOwnerFirst) {
     WithVideo lines;
-    std::string asked;
-    bool agrees = false;
-    lines.editor().confirm = [&](const std::string& title, const std::string& text,
-                                 const std::string& button) -> QCoro::Task<bool> {
-        asked = title + " | " + text + " | " + button;
-        co_return agrees;
-    };
+    OwnerAsked asked(lines.editor(), false);
     EXPECT_EQ(lines(R"(["soundByAI"])"), did("The sound library is empty: Settings ▸ General ▸ Sounds"));
-    EXPECT_EQ(asked, "");
-    EXPECT_EQ(lines(R"(["reviseCuts","shorter"])"), R"({"ok":true})");
-    EXPECT_EQ(asked,
-              "Revise Falls | From your OpenRouter key, on anthropic/claude-sonnet-5.5. Each clip it asks "
-              "to read costs a little more; Activity says what it came to. | Go");
+    EXPECT_EQ(asked.title, "");
+    EXPECT_EQ(lines(R"(["reviseCuts","shorter"])"), fine);
+    EXPECT_EQ(asked.title + " | " + asked.button, "Revise Falls | Go");
+    EXPECT_THAT(asked.words,
+                testing::StartsWith("From your OpenRouter key, on anthropic/claude-sonnet-5.5. "));
     EXPECT_TRUE(lines.model.bodies().empty());
-    agrees = true;
-    lines.model.answers(json{{"cuts", Asking::cutsOf({{"C01.01", "C01.01"}})}});
-    EXPECT_EQ(lines(R"(["reviseCuts","shorter"])"), R"({"ok":true,"step":"Revise Cuts"})");
+    asked.agrees = true;
+    lines.answersCuts({{"C01.01", "C01.01"}});
+    EXPECT_EQ(lines(R"(["reviseCuts","shorter"])"), stepped("Revise Cuts"));
     EXPECT_EQ(lines.project().videos[0].cuts.size(), 1u);
 }
 
 TEST(VideoAICommands, aRevisionKeepsTrimsThatTheOwnerMadeMeanwhile) {
     WithVideo lines;
-    lines.model.answers(json{{"cuts", Asking::cutsOf({{"C02.01", "C02.01"}, {"C01.01", "C01.01"}})}});
-    lines.meanwhile([](Editor& editor) {
-        editor.change("Trim", [](Project& project) { project.videos.edit()[0].cuts.edit()[0].start = 21.5; });
-    });
-    EXPECT_EQ(lines(R"(["reviseCuts","other way round"])"), R"({"ok":true,"step":"Revise Cuts"})");
+    lines.answersCuts({{"C02.01", "C02.01"}, {"C01.01", "C01.01"}});
+    lines.meanwhile("Trim", [](Project& project) { project.videos.edit()[0].cuts.edit()[0].start = 21.5; });
+    EXPECT_EQ(lines(R"(["reviseCuts","other way round"])"), stepped("Revise Cuts"));
     EXPECT_EQ(lines.project().videos[0].cuts[1].start, 21.5);
     EXPECT_THAT(lines.steps(), ElementsAre("Trim", "Revise Cuts"));
 }
 
 TEST(VideoAICommands, aRevisionOfCutsThatTheOwnerChangedIsLeftOut) {
     WithVideo lines;
-    lines.model.answers(json{{"cuts", Asking::cutsOf({{"C02.01", "C02.01"}})}});
-    lines.meanwhile([](Editor& editor) {
-        editor.change("Remove Cut",
-                      [](Project& project) { project.videos.edit()[0].cuts.edit().pop_back(); });
-    });
+    lines.answersCuts({{"C02.01", "C02.01"}});
+    lines.meanwhile("Remove Cut", [](Project& project) { project.videos.edit()[0].cuts.edit().pop_back(); });
     EXPECT_EQ(lines(R"(["reviseCuts","x"])"),
               did("The cuts of “Falls” were changed meanwhile, so they stay as they are; Activity has the "
                   "answer.",
@@ -94,46 +82,33 @@ TEST(VideoAICommands, aRevisionOfCutsThatTheOwnerChangedIsLeftOut) {
 TEST(VideoAICommands, anAnswerForAVideoThatIsGoneSaysSo) {
     WithVideo lines;
     lines.model.answers(json{{"big", {"C01.01"}}});
-    lines.meanwhile([](Editor& editor) {
-        editor.change("Delete Video", [](Project& project) { project.videos.edit().clear(); });
-    });
+    lines.meanwhile("Delete Video", [](Project& project) { project.videos.edit().clear(); });
     EXPECT_EQ(lines(R"(["lookByAI"])"), did("Look stopped. The video is gone.", "Delete Video"));
 }
 
 TEST(VideoAICommands, aLookFindsItsLinesWhereTheyAreNow) {
     WithVideo lines;
-    lines.model.answers(json{{"big", {"C01.01"}}});
-    const auto meant = lines.project().transcripts.begin()->second.lines[0].id;
-    lines.meanwhile([](Editor& editor) {
-        editor.change("Add Line", [](Project& project) {
-            auto& said = project.transcripts.begin()->second.lines.edit();
-            said.insert(said.begin(), {.start = 20.1, .end = 20.9, .text = "Before"});
-        });
-    });
-    lines(R"(["lookByAI"])");
-    EXPECT_EQ(lines.project().videos[0].look->captions.lines[0].line, meant);
-}
-
-TEST(VideoAICommands, aLookKeepsThePlaybooksItUses) {
-    WithVideo lines;
     lines.model.answers(
         json{{"big", {"C01.01"}}, {"overlays", {{{"playbook", "stock.hearts"}, {"at", "C01.01"}}}}});
+    const auto meant = lines.project().transcripts.begin()->second.lines[0].id;
+    lines.meanwhile("Add Line", [](Project& project) {
+        auto& said = project.transcripts.begin()->second.lines.edit();
+        said.insert(said.begin(), {.start = 20.1, .end = 20.9, .text = "Before"});
+    });
     lines(R"(["lookByAI"])");
-    ASSERT_EQ(lines.project().videos[0].look->overlays.size(), 1u);
-    const auto version = lines.project().videos[0].look->overlays[0].version;
-    EXPECT_TRUE(Playbooks::copy("stock.hearts", version, lines.package()));
+    const auto& look = *lines.project().videos[0].look;
+    EXPECT_EQ(look.captions.lines[0].line, meant);
+    ASSERT_EQ(look.overlays.size(), 1u);
+    EXPECT_TRUE(Playbooks::copy("stock.hearts", look.overlays[0].version, lines.package())) << "it is kept";
 }
 
 TEST(VideoAICommands, anIdeaWithoutACutThatHoldsIsNone) {
     Asking lines;
     lines.model.answers(json{{"read", {"C01", "C02"}}});
     lines.model.answers(json{{"ideas",
-                              {{{"title", "Gone"}, {"cuts", Asking::cutsOf({{"C02.01", "C02.01"}})}},
-                               {{"title", "Holds"}, {"cuts", Asking::cutsOf({{"C01.01", "C01.01"}})}}}}});
-    lines.meanwhile([&](Editor& editor) {
-        editor.change("Remove Clip",
-                      [](Project& project) { project.clips.edit().erase(project.clips.begin() + 1); });
-    });
+                              {{{"title", "Gone"}, {"cuts", cutsOf({{"C02.01", "C02.01"}})}},
+                               {{"title", "Holds"}, {"cuts", cutsOf({{"C01.01", "C01.01"}})}}}}});
+    lines.meanwhile("Remove Clip", removeSecondClip);
     EXPECT_EQ(lines(R"(["findIdeas"])"), did("1 idea. Left out: 1 cut whose clip is gone.", "Find Ideas"));
     ASSERT_EQ(lines.project().ideas->size(), 1u);
     EXPECT_EQ((*lines.project().ideas)[0].title, "Holds");
@@ -154,7 +129,7 @@ TEST(VideoAICommands, chosenClipsThatAreTooManyForARequestAreReadAsTheModelAsks)
 TEST(VideoAICommands, whoHasGoneOnToAnotherVideoStaysThere) {
     WithVideo lines;
     lines.model.answers(json{{"read", {"C01"}}});
-    lines.model.answers(json{{"title", "T"}, {"cuts", Asking::cutsOf({{"C01.01", "C01.01"}})}});
+    lines.answersCuts({{"C01.01", "C01.01"}});
     lines.meanwhile([](Editor& editor) { VideoCommands::create(editor, Video::Aspect::square, "Mine"); });
     lines(R"(["cutToInstruction","x"])");
     ASSERT_EQ(lines.project().videos.size(), 3u);
@@ -164,12 +139,8 @@ TEST(VideoAICommands, whoHasGoneOnToAnotherVideoStaysThere) {
 TEST(VideoAICommands, cutsOfClipsThatAreGoneAreLeftOut) {
     Asking lines;
     lines.model.answers(json{{"read", {"C01", "C02"}}});
-    lines.model.answers(
-        json{{"title", "T"}, {"cuts", Asking::cutsOf({{"C01.01", "C01.01"}, {"C02.01", "C02.01"}})}});
-    lines.meanwhile([&](Editor& editor) {
-        editor.change("Remove Clip",
-                      [](Project& project) { project.clips.edit().erase(project.clips.begin() + 1); });
-    });
+    lines.answersCuts({{"C01.01", "C01.01"}, {"C02.01", "C02.01"}});
+    lines.meanwhile("Remove Clip", removeSecondClip);
     EXPECT_EQ(lines(R"(["cutToInstruction","x"])"),
               did("Left out: 1 cut whose clip is gone.", "Cut to Instruction"));
     EXPECT_EQ(lines.project().videos[0].cuts.size(), 1u);
@@ -183,7 +154,7 @@ TEST(VideoAICommands, whatIsAskedForWhileAJobRunsWaitsItsTurn) {
         if (lines.editor().work.label()) labels.push_back(*lines.editor().work.label());
     });
     lines.model.answers(json{{"read", {"C02", "C01"}}});
-    lines.model.answers(json{{"cuts", Asking::cutsOf({{"C01.01", "C01.01"}})}});
+    lines.answersCuts({{"C01.01", "C01.01"}});
     lines.model.answers(json{{"ideas", json::array()}});
     lines.meanwhile([&](Editor& editor) { VideoAICommands::findIdeas(editor, {}); });
     lines(R"(["cutToInstruction","x"])");
@@ -194,9 +165,8 @@ TEST(VideoAICommands, whatIsAskedForWhileAJobRunsWaitsItsTurn) {
 
 TEST(VideoAICommands, aFirstPassIsThreeRequestsAndThreeSteps) {
     Asking lines;
-    const TemporaryFolder& folder = lines.folder;
-    folder.file("home/Movies/Murbo/Sounds/boom.wav", "boom");
-    lines.model.answers(json{{"title", "T"}, {"cuts", Asking::cutsOf({{"C01.01", "C01.02"}})}});
+    lines.folder.file("home/Movies/Murbo/Sounds/boom.wav", "boom");
+    lines.answersCuts({{"C01.01", "C01.02"}});
     lines.model.answers(json{{"shots", {{{"at", "C01.01"}, {"layout", "face"}}}}});
     lines.model.answers(json{{"sounds", {{{"file", "boom.wav"}, {"at", "C01.02"}}}}});
     lines(R"(["firstPass",["C01"]])");
@@ -209,7 +179,7 @@ TEST(VideoAICommands, aFirstPassIsThreeRequestsAndThreeSteps) {
                 HasSubstr("The lines you can read now:\n\n## C01,"));
 
     // It stops where one fails.
-    lines.model.answers(json{{"cuts", Asking::cutsOf({{"C02.01", "C02.01"}})}});
+    lines.answersCuts({{"C02.01", "C02.01"}});
     lines.model.says("no look today");
     EXPECT_THAT(lines(R"(["firstPass",["C02"]])"),
                 HasSubstr("Look stopped. No look could be read from the answer; Activity has it."));

@@ -1,8 +1,5 @@
-#include "app/editor/commands/CommandTable.h"
 #include "app/editor/commands/VideoCommands.h"
 #include "tests/editor/TwoCuts.h"
-
-#include <gtest/gtest.h>
 
 using namespace murbo;
 
@@ -28,11 +25,10 @@ TEST(VideoCommands, theShapeIsChangedAndKeptForTheNext) {
     EXPECT_EQ(VideoCommands::lastAspect(), Video::Aspect::portrait);
     EXPECT_EQ(lines.editor().playback.time(), 7) << "the playhead stays";
     lines(R"(["delete","V1"])");
-    EXPECT_FALSE(CommandTable::find("setAspect")->possible(lines.editor()));
+    EXPECT_FALSE(lines.possible("setAspect"));
     EXPECT_EQ(lines(R"(["setAspect","16:9"])"), fine);
     EXPECT_EQ(VideoCommands::lastAspect(), Video::Aspect::portrait);
-    lines(R"(["set","heldClip","C01"])");
-    lines(R"(["addToEnd"])");
+    lines(R"(["set","heldClip","C01"])", R"(["addToEnd"])");
     EXPECT_EQ(lines.video().aspect, Video::Aspect::portrait);
 }
 
@@ -52,11 +48,8 @@ TEST(VideoCommands, aCopyIsOpenAndTheOthersStay) {
 
 TEST(VideoCommands, deletingTheOpenOneLetsGoOfItsPicks) {
     TwoCuts lines;
-    lines(R"(["newVideo","9:16","Two"])");
-    lines(R"(["set","openVideo","V1"])");
-    lines(R"(["seek",7])");
-    lines(R"(["set","picked",["caption","C01.01"]])");
-    lines(R"(["set","morePicked",[["caption","C01.02"]]])");
+    lines(R"(["newVideo","9:16","Two"])", R"(["set","openVideo","V1"])", R"(["seek",7])");
+    lines(R"(["set","picked",["caption","C01.01"]])", R"(["set","morePicked",[["caption","C01.02"]]])");
     EXPECT_EQ(lines(R"(["delete","V2"])"), did("Deleted Two. Undo brings it back", "Delete Video"));
     EXPECT_TRUE(lines.editor().picked());
     EXPECT_EQ(lines.editor().playback.time(), 7);

@@ -2,7 +2,6 @@
 #include "tests/editor/Lines.h"
 
 #include <fmt/format.h>
-#include <gtest/gtest.h>
 
 using namespace murbo;
 

@@ -3,12 +3,8 @@
 using namespace murbo;
 using testing::HasSubstr;
 
-namespace {
-
 using json = nlohmann::json;
 using FootageTasks = PaidProject;
-
-}
 
 TEST_F(FootageTasks, clipsAreDescribed) {
     model.says("Here you are:\n```json\n" +

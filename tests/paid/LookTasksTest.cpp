@@ -3,12 +3,8 @@
 using namespace murbo;
 namespace fs = std::filesystem;
 
-namespace {
-
 using json = nlohmann::json;
 using LookTasks = PaidProject;
-
-}
 
 TEST_F(LookTasks, aVideoGetsItsSounds) {
     folder.file("Movies/Murbo/Sounds/Hits/boom.wav", "boom");

@@ -1,12 +1,7 @@
 #include "tests/paid/PaidProject.h"
 
-#include <chrono>
-#include <thread>
-
 using namespace murbo;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::StartsWith;
+using testing::HasSubstr, testing::StartsWith;
 
 namespace {
 
@@ -32,8 +27,7 @@ protected:
 }
 
 TEST_F(PaidCommands, nothingIsReadOrSentForAnAddressThatIsNone) {
-    for (const std::string address : {"http://example.org", "ftp://127.0.0.1", "http://127.0.0.1.example.org",
-                                      "https://user@example.org", "nonsense"})
+    for (const std::string address : {"http://example.org", "nonsense"})
         EXPECT_EQ(run({"--ideas", folder / "none.mbproj"}, "MURBO_OPENROUTER=" + address),
                   failure("Nothing is sent to " + address + ": it is no HTTPS address."));
 }

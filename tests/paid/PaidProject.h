@@ -9,10 +9,8 @@
 
 #include <initializer_list>
 
-#include <fmt/format.h>
 #include <fmt/ranges.h>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace murbo {
 
@@ -83,12 +81,6 @@ protected:
     /// A request as it should read, word for word.
     static std::string expected(const std::string& name) {
         return contentsOf(std::filesystem::path(MURBO_TESTS) / "paid/requests" / (name + ".txt"));
-    }
-    /// Cuts from line to line, as a model names them.
-    static nlohmann::json cutsOf(std::initializer_list<std::pair<const char*, const char*>> pairs) {
-        auto list = nlohmann::json::array();
-        for (const auto& [from, to] : pairs) list.push_back({{"from", from}, {"to", to}, {"role", "payoff"}});
-        return list;
     }
 
     TemporaryFolder folder;

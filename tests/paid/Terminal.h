@@ -2,8 +2,6 @@
 
 #include "tests/app/Program.h"
 
-#include <string>
-
 #include <poll.h>
 #include <pty.h>
 #include <unistd.h>

@@ -2,12 +2,8 @@
 
 using namespace murbo;
 
-namespace {
-
 using json = nlohmann::json;
 using VideoTasks = PaidProject;
-
-}
 
 TEST_F(VideoTasks, ideasComeAfterThoseThatWait) {
     auto before = project();
