@@ -40,15 +40,8 @@ private:
 
     json value(const MCPTool::Param& param) {
         if (chance(8)) return any(3);
-        switch (param.type) {
-            case MCPTool::Param::Type::text:
-                return text();
-            case MCPTool::Param::Type::number:
-                return number();
-            case MCPTool::Param::Type::array:
-                return array(param);
-        }
-        return nullptr;
+        if (param.type == MCPTool::Param::Type::text) return text();
+        return param.type == MCPTool::Param::Type::number ? number() : array(param);
     }
 
     json array(const MCPTool::Param& param) {
@@ -59,22 +52,10 @@ private:
     }
 
     json any(std::size_t depth) {
-        switch (below(depth > 0 ? 7 : 5)) {
-            case 0:
-                return nullptr;
-            case 1:
-                return chance(2);
-            case 2:
-                return static_cast<std::int64_t>(random()) * (chance(2) ? 1 : -1'000'003);
-            case 3:
-                return number();
-            case 4:
-                return text();
-            case 5:
-                return json::array({any(depth - 1), any(depth - 1)});
-            default:
-                return json{{text(), any(depth - 1)}};
-        }
+        if (depth > 0 && chance(7)) return json::array({any(depth - 1), any(depth - 1)});
+        if (depth > 0 && chance(6)) return json{{text(), any(depth - 1)}};
+        const auto large = static_cast<std::int64_t>(random()) * (chance(2) ? 1 : -1'000'003);
+        return oneOf<json>({nullptr, chance(2), large, number(), text()});
     }
 
     json number() {

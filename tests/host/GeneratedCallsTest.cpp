@@ -6,8 +6,6 @@
 #include "tests/host/CallMaker.h"
 #include "tests/host/HeldSession.h"
 
-#include <cstdlib>
-
 #include <gtest/gtest.h>
 
 using namespace murbo;

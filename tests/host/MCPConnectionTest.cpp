@@ -3,19 +3,15 @@
 #include "tests/host/HeldSession.h"
 
 #include <QCoreApplication>
-#include <array>
 #include <future>
 
 #include <arpa/inet.h>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 #include <sys/socket.h>
 #include <unistd.h>
 
 using namespace murbo;
-using testing::HasSubstr;
-using testing::StartsWith;
+using testing::HasSubstr, testing::StartsWith;
 
 namespace {
 

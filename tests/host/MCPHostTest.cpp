@@ -2,7 +2,6 @@
 #include "tests/host/HeldSession.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 using namespace murbo;
