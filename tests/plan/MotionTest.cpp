@@ -40,12 +40,9 @@ TEST(Motion, entrancesStandWhereTheirTableSays) {
     for (const Case& each : cases) {
         const Movement at = Motion::enter(each.entrance, each.progress, {1000, 2000});
         SCOPED_TRACE(std::string(rawText(each.entrance)) + " at " + std::to_string(each.progress));
-        EXPECT_NEAR(at.dx, each.expected.dx, 1e-9);
-        EXPECT_NEAR(at.dy, each.expected.dy, 1e-9);
-        EXPECT_NEAR(at.scale, each.expected.scale, 1e-9);
-        EXPECT_NEAR(at.rotation, each.expected.rotation, 1e-9);
-        EXPECT_NEAR(at.opacity, each.expected.opacity, 1e-9);
-        EXPECT_NEAR(at.reveal, each.expected.reveal, 1e-9);
+        for (const auto part : {&Movement::dx, &Movement::dy, &Movement::scale, &Movement::rotation,
+                                &Movement::opacity, &Movement::reveal})
+            EXPECT_NEAR(at.*part, each.expected.*part, 1e-9);
     }
 }
 
