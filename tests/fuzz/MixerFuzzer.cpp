@@ -6,9 +6,7 @@
 #include "tests/fuzz/RoundTrip.h"
 #include "tests/sound/Waves.h"
 
-#include <algorithm>
 #include <cmath>
-#include <vector>
 
 using namespace murbo;
 

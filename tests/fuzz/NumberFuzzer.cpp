@@ -1,8 +1,6 @@
 #include "core/playbooks/Playbook.h"
 #include "tests/fuzz/RoundTrip.h"
 
-#include <string>
-
 using namespace murbo;
 
 namespace {

@@ -1,10 +1,7 @@
 #include "platform/base/Descriptor.h"
-#include "platform/base/Problem.h"
 #include "platform/media/PictureBytes.h"
 #include "platform/media/PictureFile.h"
 #include "tests/fuzz/RoundTrip.h"
-
-#include <string>
 
 #include <sys/mman.h>
 

@@ -1,5 +1,4 @@
 #include "core/playbooks/Playbooks.h"
-#include "platform/base/Problem.h"
 #include "tests/fuzz/RoundTrip.h"
 
 using namespace murbo;

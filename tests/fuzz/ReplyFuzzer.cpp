@@ -1,4 +1,3 @@
-#include "core/ai/CutToInstruction.h"
 #include "core/ai/DescribeClips.h"
 #include "core/ai/FixWords.h"
 #include "core/ai/Ideas.h"
@@ -10,11 +9,8 @@
 #include "core/ai/SoundKit.h"
 #include "core/ai/StillThere.h"
 #include "core/model/ModelCodec.h"
-#include "platform/base/Problem.h"
 #include "tests/ai/Told.h"
 #include "tests/fuzz/RoundTrip.h"
-
-#include <nlohmann/json.hpp>
 
 using namespace murbo;
 

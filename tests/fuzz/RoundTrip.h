@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/base/Codec.h"
-#include "platform/base/Problem.h"
 
 #include <cstdint>
 #include <cstdio>

@@ -1,12 +1,8 @@
 #include "core/render/plan/PlaybookClock.h"
 #include "core/render/stage/Stage.h"
-#include "platform/base/Problem.h"
 #include "platform/image/draw/Canvas.h"
 #include "tests/SameBitmaps.h"
 #include "tests/fuzz/RoundTrip.h"
-
-#include <array>
-#include <vector>
 
 using namespace murbo;
 
