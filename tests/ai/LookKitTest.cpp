@@ -23,12 +23,17 @@ TEST(LookKit, tellsWhatIsOnOffer) {
     const auto ask = LookKit::ask(played.video(), played.project, said, layouts, overlays);
     const auto& system = ask.messages[0].content;
     EXPECT_THAT(system, StartsWith("You give one vertical (9:16) video its look"));
-    EXPECT_THAT(system, HasSubstr("\n- stock.layout.wide (Wide): All of it\n\nChange the framing"));
-    EXPECT_THAT(system, HasSubstr("\n\nOverlays you may lay on a line, at most three,"));
-    EXPECT_THAT(system, HasSubstr(":\n- stock.hearts (Hearts): Hearts rise\n\nReply with JSON only."));
+    EXPECT_THAT(system,
+                HasSubstr("talking to chat.\n- stock.layout.wide (Wide): All of it\n\nChange the framing"));
+    EXPECT_THAT(
+        system,
+        HasSubstr("or none.\n\nOverlays you may lay on a line, at most three, only where one lifts the "
+                  "moment:\n- stock.hearts (Hearts): Hearts rise\n\nReply with JSON only."));
     EXPECT_THAT(system, EndsWith("The first shot is at the first line."));
-    EXPECT_THAT(ask.messages[1].content, StartsWith("The video “Mine”, 10.0 s. Its lines, with when each "));
-    EXPECT_THAT(ask.messages[1].content, HasSubstr(":\nC01.01 [0:01.0]"));
+    EXPECT_THAT(
+        ask.messages[1].content,
+        StartsWith(
+            "The video “Mine”, 10.0 s. Its lines, with when each comes on the video:\nC01.01 [0:01.0]"));
     EXPECT_THAT(LookKit::instructions(Video::Aspect::horizontal, {}, {}), Not(HasSubstr("Overlays you may")));
 }
 

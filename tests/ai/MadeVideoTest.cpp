@@ -1,6 +1,4 @@
-#include "core/ai/LastRuns.h"
 #include "core/ai/MadeVideo.h"
-#include "tests/ai/Footage.h"
 
 #include <gtest/gtest.h>
 

@@ -45,7 +45,9 @@ TEST(OpenRouter, sendsFourMembersAndTwoHeadersAndReadsTextAndCost) {
     auto ask = hello;
     ask.messages.back().pictures = {"jpeg"};
     OpenRouter("k").send(ask, "m");
-    EXPECT_THAT(served.server.request(), HasSubstr("\"data:image/jpeg;base64,anBlZw==\""));
+    const auto pictured = served.server.request();
+    const auto content = json::parse(pictured.substr(pictured.find("\r\n\r\n")))["messages"][1]["content"];
+    EXPECT_EQ(content[1]["image_url"]["url"], "data:image/jpeg;base64,anBlZw==");
 }
 
 TEST(OpenRouter, saysWhyNoAnswerCame) {

@@ -1,4 +1,3 @@
-#include "core/ai/Prices.h"
 #include "core/ai/Quote.h"
 #include "platform/store/SettingsStore.h"
 #include "tests/ScriptedModel.h"

@@ -1,4 +1,3 @@
-#include "core/model/package/PackageLock.h"
 #include "tests/app/CommandTest.h"
 
 #include <sys/stat.h>

@@ -1,4 +1,3 @@
-#include "core/mcp/MCPArguments.h"
 #include "core/mcp/MCPServer.h"
 
 #include <gmock/gmock.h>

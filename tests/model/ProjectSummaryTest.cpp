@@ -1,5 +1,4 @@
 #include "core/model/ProjectSummary.h"
-#include "core/model/Tags.h"
 
 #include <algorithm>
 #include <cmath>

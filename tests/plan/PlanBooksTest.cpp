@@ -1,5 +1,3 @@
-#include "core/playbooks/Library.h"
-#include "core/playbooks/Playbooks.h"
 #include "core/render/plan/PlanBooks.h"
 #include "tests/TemporaryFolder.h"
 
