@@ -1,5 +1,4 @@
 // Footage that comes in, is heard, has moved.
-#include "core/model/package/ProjectPackage.h"
 #include "tests/scenarios/Scenario.h"
 #include "tests/scenarios/ScenarioMedia.h"
 
@@ -130,7 +129,7 @@ TEST_F(Arriving, thatHasMovedIsFoundAllAtOnce) {
     until("the folder can be typed", [&] { return see("EditableText", "Folder").focused; });
     typeOver("Folder", (folder / "moved").string());
     key("Return");
-    sees("Found 3 missing files");
+    see("AlertMessage", "Found 3 missing files");
     until("none is missing", [&] { return block("Cut", 1).name.find("not found") == std::string::npos; });
     until("the paths are on disk", [&] {
         const auto found = onDisk();

@@ -181,7 +181,6 @@ TEST_F(Cutting, quietIsTakenOutAsTheMessageSays) {
     const double length = video().length();
     pick("Cut", 2);
     palette("quiet");
-    sees("Took out 1 quiet stretch, ");
     const auto toast = see("AlertMessage", "Took out 1 quiet stretch, ").name;
     until("the cut is in two", [&] { return cuts() == 4; });
     const double lost = length - video().length();

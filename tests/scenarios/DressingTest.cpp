@@ -1,5 +1,4 @@
 // Captions, sounds and overlays, by hand.
-#include "core/model/package/ProjectPackage.h"
 #include "core/playbooks/Playbooks.h"
 #include "tests/scenarios/Scenario.h"
 #include "tests/scenarios/ScenarioMedia.h"
@@ -57,7 +56,7 @@ TEST_F(Dressing, aBandPicksCaptionsAndSoundsAndTheyGoInOneStep) {
     until("they are gone", [&] { return this->look().sounds.empty(); });
     EXPECT_EQ(this->look().captions.lines.size(), 2) << "captions are hidden";
     key("Ctrl+Z");
-    sees("Undid Remove 7 Items");
+    see("AlertMessage", "Undid Remove 7 Items");
     until("one step has them back", [&] { return onDisk() == before; });
     undoToStart();
 }

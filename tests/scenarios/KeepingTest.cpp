@@ -39,7 +39,7 @@ TEST_F(Keeping, aFullDiskIsSaidAndTheOldFilesStayWhole) {
     key("Home Right*15");
     setLargestFile(600);
     key("Ctrl+B");
-    sees("Not saved: ");
+    see("AlertMessage", "Not saved: ");
     EXPECT_EQ(onDisk(), before);
     until("the cut is on the timeline all the same", [&] { return blocks("Cut").size() == 4; });
     setLargestFile(RLIM_INFINITY);
@@ -54,7 +54,7 @@ TEST_F(Keeping, aFolderThatIsGoneIsSaidAndComesNotBackInPieces) {
     const auto elsewhere = folder / "elsewhere.mbproj";
     std::filesystem::rename(package, elsewhere);
     key("Ctrl+B");
-    sees("Not saved: “p.mbproj” is not in its place any more.");
+    see("AlertMessage", "Not saved: “p.mbproj” is not in its place any more.");
     until("the cut is on the timeline all the same", [&] { return blocks("Cut").size() == 4; });
     EXPECT_FALSE(std::filesystem::exists(package));
     std::filesystem::rename(elsewhere, package);

@@ -144,10 +144,6 @@ void Scenario::until(const std::string& what, const std::function<bool()>& holds
     throw std::runtime_error("It never came to pass that " + what + ".");
 }
 
-void Scenario::sees(const std::string& toast) {
-    see("AlertMessage", toast);
-}
-
 std::string Scenario::time(const std::string& viewer) {
     const auto item = find("StaticText", "Time ", viewer);
     return item ? item->name.substr(5) : "";

@@ -49,7 +49,6 @@ protected:
     void until(const std::string& what, const std::function<bool()>& holds, int seconds = 20);
     /// The same for what takes long: two minutes.
     void untilAtLast(const std::string& what, const std::function<bool()>& holds) { until(what, holds, 120); }
-    void sees(const std::string& toast); ///< waits for the message
     /// What a viewer says of its place: "0:02.00", and its speed, "−2×", or nothing at 1 and 0.
     std::string time(const std::string& viewer);
     double seconds(const std::string& viewer);
