@@ -22,20 +22,16 @@ TEST(AffineSamplers, turnsPicturesAsTheyWouldLookFromAfar) {
     for (const auto& [name, transform] : cases) {
         const auto bitmapThere = drawn(Image::bitmap(bitmap).transformed(transform), 140, 140);
         int compared = 0;
-        for (int y = 0; y < 140; ++y) {
-            for (int x = 0; x < 140; ++x) {
-                const Point from = transform.inverse().apply(Point{x + 0.5, y + 0.5});
-                const double near =
-                    3 *
-                    std::max(1 / std::sqrt(std::abs(transform.a * transform.d - transform.b * transform.c)),
-                             1.0);
-                if (from.x < near || from.y < near || from.x > 120 - near || from.y > 100 - near) continue;
-                const auto [red, green, blue, alpha] = smooth(int(from.x), int(from.y));
-                EXPECT_LE(difference(at(bitmapThere, x, y), {red, green, blue, alpha}), 14)
-                    << name << " " << x << " " << y;
-                ++compared;
-            }
-        }
+        const double scale = std::sqrt(std::abs(transform.a * transform.d - transform.b * transform.c));
+        const double near = 3 * std::max(1 / scale, 1.0);
+        everywhere(140, 140, [&](int x, int y) {
+            const Point from = transform.inverse().apply(Point{x + 0.5, y + 0.5});
+            if (from.x < near || from.y < near || from.x > 120 - near || from.y > 100 - near) return;
+            const auto [red, green, blue, alpha] = smooth(int(from.x), int(from.y));
+            EXPECT_LE(difference(at(bitmapThere, x, y), {red, green, blue, alpha}), 14)
+                << name << " " << x << " " << y;
+            ++compared;
+        });
         EXPECT_GT(compared, 300) << name;
     }
 }

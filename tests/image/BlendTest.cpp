@@ -9,9 +9,6 @@ using namespace murbo::Pictures;
 
 namespace {
 
-constexpr Blend blends[] = {Blend::normal,  Blend::multiply, Blend::screen,
-                            Blend::overlay, Blend::add,      Blend::softLight};
-
 /// W3C Compositing and Blending Level 1, 10.1, on straight colours from 0 to 1.
 double blended(Blend blend, double below, double above) {
     const double dark = 2 * above - 1;
@@ -54,12 +51,10 @@ TEST(Blends, areThoseOfTheStandard) {
             const Bitmap found =
                 drawn(shades(true, aboveAlpha).over(shades(false, belowAlpha), blend), 64, 64);
             int worst = 0;
-            for (int y = 0; y < 64; ++y) {
-                for (int x = 0; x < 64; ++x) {
-                    const int red = mixed(blend, y * 4, belowAlpha, x * 4, aboveAlpha);
-                    worst = std::max(worst, std::abs(at(found, x, y).red - red));
-                }
-            }
+            everywhere(64, 64, [&, below = belowAlpha, above = aboveAlpha](int x, int y) {
+                const int red = mixed(blend, y * 4, below, x * 4, above);
+                worst = std::max(worst, std::abs(at(found, x, y).red - red));
+            });
             // Two more roundings than the formula has: each picture's premultiplied colours.
             EXPECT_LE(worst, belowAlpha == 255 && aboveAlpha == 255 ? 1 : 2) << int(blend);
         }

@@ -119,11 +119,6 @@ TEST(ColourSpaces, turnedFramesAreTheUprightOnesTurned) {
             EXPECT_EQ(
                 difference(shown(frame), drawn(upright.transformed(turn), int(size.width), int(size.height))),
                 0);
-            // And by hand: where a corner of the stored picture comes to lie.
-            const Point corner = turn.apply(Point{0.5, 0.5});
-            EXPECT_LE(
-                difference(at(shown(frame), int(corner.x), int(corner.y)), at(drawn(upright, 70, 46), 0, 0)),
-                1);
         }
     }
 }

@@ -13,14 +13,13 @@ namespace {
 
 double mean(const Bitmap& bitmap, const Rect& part) {
     double sum = 0;
-    for (int y = int(part.y); y < part.bottom(); ++y) {
-        for (int x = int(part.x); x < part.right(); ++x) sum += at(bitmap, x, y).green;
-    }
+    everywhere(int(part.width), int(part.height),
+               [&](int x, int y) { sum += at(bitmap, int(part.x) + x, int(part.y) + y).green; });
     return sum / (part.width * part.height);
 }
 
 Bitmap printed(const Image& image) {
-    return drawn(image.cropped(whole).clamped().filtered(Filters::Comic()), side, side);
+    return filtered(image, Filters::Comic());
 }
 
 }

@@ -26,6 +26,19 @@ Pixel meanAlong(const Place& place) {
     return {int(sums[0] / steps + 0.5), int(sums[1] / steps + 0.5), int(sums[2] / steps + 0.5), 255};
 }
 
+/// Holds some places of a smeared picture against the mean along the points that `place` gives for each.
+template <typename Place>
+void expectMeans(const Image& smeared, int max, const std::string& what, const Place& place) {
+    const Bitmap found = drawn(smeared, side, side);
+    for (int x = 8; x < side; x += 12)
+        for (int y = 8; y < side; y += 12)
+            EXPECT_LE(difference(at(found, x, y), meanAlong([&](double step) {
+                                     return place(Point{x + 0.5, y + 0.5}, step);
+                                 })),
+                      max)
+                << what << " at " << x << ", " << y;
+}
+
 }
 
 TEST(DirectionalBlur, motionIsTheMeanAlongItsLine) {
@@ -42,18 +55,12 @@ TEST(DirectionalBlur, motionIsTheMeanAlongItsLine) {
                                                {20, 35, 10},
                                                {30, -120, 10},
                                                {50, 10, 15}}) {
-        const auto smeared = drawn(image.motionBlurred(radius, degrees), side, side);
         const double x = std::cos(degrees * 3.14159265 / 180) * radius;
         const double y = std::sin(degrees * 3.14159265 / 180) * radius;
-        for (int at = 8; at < side; at += 12) {
-            for (int down = 8; down < side; down += 12) {
-                const auto truth = meanAlong([&](double step) {
-                    return Point{at + 0.5 + step * x, down + 0.5 + step * y};
-                });
-                EXPECT_LE(difference(Pictures::at(smeared, at, down), truth), max)
-                    << radius << " at " << degrees;
-            }
-        }
+        expectMeans(image.motionBlurred(radius, degrees), max, std::to_string(degrees) + " degrees",
+                    [=](const Point& at, double step) {
+                        return Point{at.x + step * x, at.y + step * y};
+                    });
     }
 }
 
@@ -61,19 +68,11 @@ TEST(DirectionalBlur, zoomIsTheMeanAlongTheWayFromItsCentre) {
     const Image image = Image::bitmap(bitmapOf(side, side, wavy)).clamped();
     const Point centre{60, 90};
     for (const double amount : {4.0, 16.0, 40.0}) {
-        const auto smeared = drawn(image.zoomBlurred(centre, amount), side, side);
-        const double share = amount / (side / 2.0);
-        for (int at = 8; at < side; at += 12) {
-            for (int down = 8; down < side; down += 12) {
-                const auto truth = meanAlong([&](double step) {
-                    const double scale = 1 + step * share / 2;
-                    return Point{centre.x + (at + 0.5 - centre.x) * scale,
-                                 centre.y + (down + 0.5 - centre.y) * scale};
-                });
-                EXPECT_LE(difference(Pictures::at(smeared, at, down), truth), 14)
-                    << amount << " at " << at << ", " << down;
-            }
-        }
+        expectMeans(
+            image.zoomBlurred(centre, amount), 14, std::to_string(amount), [=](const Point& at, double step) {
+                const double scale = 1 + step * amount / side;
+                return Point{centre.x + (at.x - centre.x) * scale, centre.y + (at.y - centre.y) * scale};
+            });
     }
 }
 

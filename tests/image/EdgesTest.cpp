@@ -23,10 +23,7 @@ TEST(Edges, areSmoothWhereAPictureIsTransformed) {
                                     .translated(25.2, 24.7);
             const auto bitmap =
                 drawn(box({0, 0, size.width, size.height}, Colour::white).transformed(turned), 50, 50);
-            double area = 0;
-            for (int y = 0; y < 50; ++y) {
-                for (int x = 0; x < 50; ++x) area += at(bitmap, x, y).alpha / 255.0;
-            }
+            const double area = coverage(bitmap);
             EXPECT_NEAR(area, size.width * size.height, 0.25 + 0.01 * area) << degrees;
         }
     }

@@ -21,6 +21,11 @@ Pictures::Pixel seen(Colour colour, const Filter& filter) {
     return Pictures::at(Pictures::drawn(Image::colour(colour).filtered(filter), 1, 1), 0, 0);
 }
 
+Bitmap filtered(const Image& picture, const Filter& filter) {
+    const Image onBlack = picture.over(Image::colour(Colour::black)).cropped(whole);
+    return Pictures::drawn(onBlack.clamped().filtered(filter), side, side);
+}
+
 Filter swapping(float alpha) {
     auto values = std::make_shared<std::vector<float>>();
     for (int at = 0; at < 32 * 32 * 32; ++at) {

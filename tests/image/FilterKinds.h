@@ -15,6 +15,9 @@ Image picture();
 /// What a filter makes of one colour.
 Pictures::Pixel seen(Colour colour, const Filter& filter);
 
+/// What a filter makes of a picture on black whose edges repeat.
+Bitmap filtered(const Image& picture, const Filter& filter);
+
 /// A cube that changes red and blue over and lets through.
 Filter swapping(float alpha);
 

@@ -18,10 +18,9 @@ TEST(FlatteningFilters, turnWithTheirPicture) {
         const auto turned = drawn(
             picture().filtered(filter).transformed(Transform().rotated(90).translated(side, 0)), side, side);
         int max = 0;
-        for (int y = 0; y < side; ++y) {
-            for (int x = 0; x < side; ++x)
-                max = std::max(max, difference(at(upright, x, y), at(turned, side - 1 - y, x)));
-        }
+        everywhere(side, side, [&](int x, int y) {
+            max = std::max(max, difference(at(upright, x, y), at(turned, side - 1 - y, x)));
+        });
         EXPECT_LE(max, name == "vignette" ? 1 : 0) << name;
     }
 }

@@ -5,13 +5,6 @@
 using namespace murbo;
 using namespace murbo::Pictures;
 
-namespace {
-
-constexpr Blend blends[] = {Blend::normal,  Blend::multiply, Blend::screen,
-                            Blend::overlay, Blend::add,      Blend::softLight};
-
-}
-
 TEST(Flattening, blendsAndMasksNestWithoutEnd) {
     const Rect all{0, 0, 8, 8};
     const Image base = box(all, {200, 100, 50, 255});

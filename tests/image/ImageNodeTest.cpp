@@ -5,16 +5,8 @@
 using namespace murbo;
 using namespace murbo::Pictures;
 
-namespace {
-
-Image box(double width, double height, Colour colour = Colour::white) {
-    return Image::colour(colour).cropped({0, 0, width, height});
-}
-
-}
-
 TEST(ImageNodes, aGraphThousandsDeepNeedsNoStack) {
-    const Image dot = box(2, 2, {0, 255, 0, 255});
+    const Image dot = box({0, 0, 2, 2}, {0, 255, 0, 255});
     Image chain;
     Image nested = dot;
     for (int at = 0; at < 100000; ++at) {

@@ -9,10 +9,6 @@ using namespace murbo::Pictures;
 
 namespace {
 
-Image box(double width, double height, Colour colour = Colour::white) {
-    return Image::colour(colour).cropped({0, 0, width, height});
-}
-
 template <typename Kind>
 bool is(const Image& image) {
     return std::holds_alternative<Kind>(image.node()->kind);
@@ -21,12 +17,12 @@ bool is(const Image& image) {
 }
 
 TEST(Images, knowTheirExtentWithoutDrawing) {
-    const Image image = box(100, 50);
+    const Image image = box({0, 0, 100, 50}, Colour::white);
     EXPECT_TRUE(Image().empty());
     EXPECT_TRUE(Image::colour(Colour::clear).empty());
     EXPECT_TRUE(Image::colour(Colour::white).extent().isEverything());
     EXPECT_EQ(image.transformed(Transform().rotated(90)).extent(), (Rect{-50, 0, 50, 100}));
-    EXPECT_EQ(image.over(box(20, 200)).extent(), (Rect{0, 0, 100, 200}));
+    EXPECT_EQ(image.over(box({0, 0, 20, 200}, Colour::white)).extent(), (Rect{0, 0, 100, 200}));
     EXPECT_TRUE(image.clamped().extent().isEverything());
     EXPECT_EQ(image.motionBlurred(10, 90).extent(), (Rect{0, -10, 100, 70}));
     EXPECT_NEAR(image.zoomBlurred({50, 25}, 5).extent().width, 110, 1);
@@ -39,7 +35,7 @@ TEST(Images, knowTheirExtentWithoutDrawing) {
 }
 
 TEST(Images, joinWhatBelongsTogether) {
-    const Image image = box(100, 50);
+    const Image image = box({0, 0, 100, 50}, Colour::white);
     const auto moved = image.transformed(Transform().translated(5, 5)).transformed(Transform().scaled(2, 2));
     ASSERT_TRUE(is<ImageNode::Transformed>(moved));
     EXPECT_EQ(std::get<ImageNode::Transformed>(moved.node()->kind).transform,
@@ -49,7 +45,8 @@ TEST(Images, joinWhatBelongsTogether) {
     EXPECT_EQ(image.cropped({-1, -1, 200, 200}).node(), image.node());
     EXPECT_EQ(image.transformed(Transform().scaled(4, 4)).transformed(Transform().scaled(0.25, 0.25)).node(),
               image.node());
-    EXPECT_EQ(image.over(box(10, 10)).node(), image.node()) << "what is hidden is let go";
+    EXPECT_EQ(image.over(box({0, 0, 10, 10}, Colour::white)).node(), image.node())
+        << "what is hidden is let go";
     EXPECT_EQ(image.motionBlurred(0, 30).node(), image.node());
     EXPECT_EQ(image.zoomBlurred({}, std::nan("")).node(), image.node());
 }

@@ -23,9 +23,9 @@ int difference(const Pixel& one, const Pixel& other) {
 
 int difference(const Bitmap& one, const Bitmap& other) {
     int max = one.width() == other.width() && one.height() == other.height() ? 0 : 999;
-    for (int y = 0; max < 999 && y < one.height(); ++y) {
-        for (int x = 0; x < one.width(); ++x) max = std::max(max, difference(at(one, x, y), at(other, x, y)));
-    }
+    if (max == 0)
+        everywhere(one.width(), one.height(),
+                   [&](int x, int y) { max = std::max(max, difference(at(one, x, y), at(other, x, y))); });
     return max;
 }
 
@@ -33,13 +33,18 @@ int difference(const Planes& one, const Planes& other) {
     int max = 0;
     for (int plane = 0; plane < 3; ++plane) {
         const int share = plane == 0 ? 1 : 2;
-        for (int y = 0; y < one.height() / share; ++y) {
-            for (int x = 0; x < one.width() / share; ++x)
-                max = std::max(max, std::abs(one.plane(plane)[y * one.stride(plane) + x] -
-                                             other.plane(plane)[y * other.stride(plane) + x]));
-        }
+        everywhere(one.width() / share, one.height() / share, [&](int x, int y) {
+            max = std::max(max, std::abs(one.plane(plane)[y * one.stride(plane) + x] -
+                                         other.plane(plane)[y * other.stride(plane) + x]));
+        });
     }
     return max;
+}
+
+double coverage(const Bitmap& bitmap) {
+    double sum = 0;
+    everywhere(bitmap.width(), bitmap.height(), [&](int x, int y) { sum += at(bitmap, x, y).alpha / 255.0; });
+    return sum;
 }
 
 Bitmap drawn(const Image& image, int width, int height) {
@@ -70,14 +75,12 @@ Frame form(int width, int height, Frame::Layout layout, int depth) {
 
 Bitmap bitmapOf(int width, int height, const std::function<Colour(int x, int y)>& colour) {
     Bitmap bitmap(width, height);
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) {
-            const auto [red, green, blue, alpha] = colour(x, y);
-            const auto times = [a = alpha](int value) { return std::uint8_t((value * a + 127) / 255); };
-            const std::uint8_t pixel[] = {times(blue), times(green), times(red), alpha};
-            std::copy(pixel, pixel + 4, bitmap.row(y) + x * 4);
-        }
-    }
+    everywhere(width, height, [&](int x, int y) {
+        const auto [red, green, blue, alpha] = colour(x, y);
+        const auto times = [a = alpha](int value) { return std::uint8_t((value * a + 127) / 255); };
+        const std::uint8_t pixel[] = {times(blue), times(green), times(red), alpha};
+        std::copy(pixel, pixel + 4, bitmap.row(y) + x * 4);
+    });
     return bitmap;
 }
 
@@ -92,15 +95,13 @@ Frame frameOf(Frame form, const Samples& samples) {
     auto* next = memory->data();
     const auto store = [&](int plane, int width, int height, int step) {
         const std::ptrdiff_t stride = std::ptrdiff_t(width) * step * bytes + 6;
-        for (int y = 0; y < height; ++y) {
-            for (int x = 0; x < width; ++x) {
-                const double value = samples(plane, (x + 0.5) / width, (y + 0.5) / height);
-                const auto code = std::lround(value * ((1 << form.depth) - 1)) << shift;
-                auto* place = next + y * stride + std::ptrdiff_t(x) * step * bytes;
-                place[0] = std::uint8_t(code);
-                if (bytes == 2) place[1] = std::uint8_t(code >> 8);
-            }
-        }
+        everywhere(width, height, [&](int x, int y) {
+            const double value = samples(plane, (x + 0.5) / width, (y + 0.5) / height);
+            const auto code = std::lround(value * ((1 << form.depth) - 1)) << shift;
+            auto* place = next + y * stride + std::ptrdiff_t(x) * step * bytes;
+            place[0] = std::uint8_t(code);
+            if (bytes == 2) place[1] = std::uint8_t(code >> 8);
+        });
         return stride;
     };
     const auto add = [&](int plane, int width, int height) {
@@ -128,19 +129,6 @@ Frame frameOf(Frame form, const Samples& samples) {
 
 double waves(int plane, double x, double y) {
     return 0.5 + 0.25 * std::sin(5 * x + 3 * y + 2 * plane) + 0.15 * std::cos(9 * y - 4 * x * (plane + 1));
-}
-
-void keep(const Bitmap& bitmap, const std::string& name) {
-    const char* folder = std::getenv("MURBO_PICTURES");
-    if (!folder) return;
-    std::ofstream file(std::string(folder) + "/" + name + ".ppm", std::ios::binary);
-    file << "P6\n" << bitmap.width() << " " << bitmap.height() << "\n255\n";
-    for (int y = 0; y < bitmap.height(); ++y) {
-        for (int x = 0; x < bitmap.width(); ++x) {
-            const auto [red, green, blue, alpha] = at(bitmap, x, y);
-            file.put(char(red)).put(char(green)).put(char(blue));
-        }
-    }
 }
 
 }

@@ -23,8 +23,21 @@ int difference(const Planes& one, const Planes& other);
 
 Bitmap drawn(const Image& image, int width, int height);
 
+inline constexpr Blend blends[] = {Blend::normal,  Blend::multiply, Blend::screen,
+                                   Blend::overlay, Blend::add,      Blend::softLight};
+
 /// A rectangle of one colour.
 Image box(const Rect& rect, Colour colour);
+
+/// Calls `work` with each place of a picture, row by row.
+template <typename Work>
+void everywhere(int width, int height, const Work& work) {
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x) work(x, y);
+}
+
+/// How many pixels are covered, in parts.
+double coverage(const Bitmap& bitmap);
 
 /// Colours by place: fine detail without order, and soft ones with one steep edge.
 Colour speckled(int x, int y);
@@ -46,8 +59,5 @@ Frame frameOf(Frame form, const Samples& samples);
 
 /// Smooth in all planes, different in each.
 double waves(int plane, double x, double y);
-
-/// Stores a bitmap as a portable pixmap where MURBO_PICTURES names a folder, to be looked at.
-void keep(const Bitmap& bitmap, const std::string& name);
 
 }

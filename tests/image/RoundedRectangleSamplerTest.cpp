@@ -13,15 +13,6 @@ namespace {
 constexpr double pi = 3.14159265358979323846;
 constexpr Colour ink{40, 120, 240, 255};
 
-/// Pixels that are covered, in parts.
-double area(const Bitmap& bitmap) {
-    double sum = 0;
-    for (int y = 0; y < bitmap.height(); ++y) {
-        for (int x = 0; x < bitmap.width(); ++x) sum += at(bitmap, x, y).alpha / 255.0;
-    }
-    return sum;
-}
-
 Transform centred(const Transform& way) {
     return Transform().translated(-50, -30).then(way).translated(150, 150);
 }
@@ -45,11 +36,11 @@ TEST(RoundedRectangles, coverTheirAreaUnderAnyTransform) {
             const double whole = 100 * 60 - (4 - pi) * held * held;
             const Bitmap filled =
                 drawn(Image::roundedRectangle(rect, radius, ink).transformed(centred(way)), 300, 300);
-            EXPECT_NEAR(area(filled), whole * scale, whole * scale * 0.004 + 0.3) << name << radius;
+            EXPECT_NEAR(coverage(filled), whole * scale, whole * scale * 0.004 + 0.3) << name << radius;
             const double along = 2 * (100 + 60 - 4 * held) + 2 * pi * held;
             const Bitmap line =
                 drawn(Image::roundedOutline(rect, radius, 3, ink).transformed(centred(way)), 300, 300);
-            EXPECT_NEAR(area(line), along * 3 * scale, along * 3 * scale * 0.02 + 0.1) << name << radius;
+            EXPECT_NEAR(coverage(line), along * 3 * scale, along * 3 * scale * 0.02 + 0.1) << name << radius;
         }
     }
 }
@@ -60,13 +51,11 @@ TEST(RoundedRectangles, areTheSameWhereTheyHideAndWhereTheyMix) {
     const Bitmap alone = drawn(shape, 200, 110);
     const Bitmap over = drawn(shape.over(white), 200, 110);
     int partly = 0;
-    for (int y = 0; y < 110; ++y) {
-        for (int x = 0; x < 200; ++x) {
-            const Pixel found = at(alone, x, y);
-            partly += found.alpha > 0 && found.alpha < 255;
-            EXPECT_EQ(at(over, x, y).red, found.red + 255 - found.alpha);
-        }
-    }
+    everywhere(200, 110, [&](int x, int y) {
+        const Pixel found = at(alone, x, y);
+        partly += found.alpha > 0 && found.alpha < 255;
+        EXPECT_EQ(at(over, x, y).red, found.red + 255 - found.alpha);
+    });
     EXPECT_GT(partly, 150) << "edges are smooth";
     // Its body hides what lies below, and no more than that.
     EXPECT_EQ(shape.over(Image::colour(Colour::black).cropped({20, 40, 50, 30})).node(), shape.node());

@@ -18,7 +18,7 @@ double meanOfRow(const Bitmap& bitmap, int y) {
 }
 
 Bitmap taped(const Filters::Vhs& filter) {
-    return drawn(Image::colour({128, 128, 128, 255}).cropped(whole).clamped().filtered(filter), side, side);
+    return filtered(Image::colour({128, 128, 128, 255}), filter);
 }
 
 }
@@ -33,9 +33,7 @@ TEST(Vhs, isPaleAndDarkAlongItsLines) {
             EXPECT_NEAR(meanOfRow(found, y), dark ? lit * 0.82 : lit, 3.5) << y << " after " << run;
         }
     }
-    const auto coloured =
-        drawn(Image::colour({200, 100, 100, 255}).cropped(whole).clamped().filtered(Filters::Vhs{0, 0, 1}),
-              side, side);
+    const auto coloured = filtered(Image::colour({200, 100, 100, 255}), Filters::Vhs{0, 0, 1});
     double distance = 0;
     for (int x = 0; x < side; ++x)
         distance += (at(coloured, x, 4).red - at(coloured, x, 4).green) / double(side);
@@ -60,9 +58,7 @@ TEST(Vhs, hasNoiseThatJumpsFromPictureToPicture) {
 
 TEST(Vhs, hasRedFurtherToTheRight) {
     const Image box = Image::colour(Colour::white).cropped({60, 0, 60, side});
-    const auto found =
-        drawn(box.over(Image::colour(Colour::black)).cropped(whole).clamped().filtered(Filters::Vhs{6, 0, 2}),
-              side, side);
+    const auto found = filtered(box, Filters::Vhs{6, 0, 2});
     for (int y = 4; y < side; y += 30) {
         const auto left = at(found, 62, y);
         EXPECT_LT(left.red, 60) << "the left edge is cyan";
@@ -72,9 +68,7 @@ TEST(Vhs, hasRedFurtherToTheRight) {
         EXPECT_LT(std::max(right.green, right.blue), 60);
         EXPECT_LT(at(found, 128, y).red, 60) << "six pixels and no more";
     }
-    const auto half = drawn(
-        box.over(Image::colour(Colour::black)).cropped(whole).clamped().filtered(Filters::Vhs{2.5, 0, 2}),
-        side, side);
+    const auto half = filtered(box, Filters::Vhs{2.5, 0, 2});
     EXPECT_NEAR(at(half, 62, 4).red, (at(half, 61, 4).red + at(half, 63, 4).red) / 2.0, 25)
         << "between pixels";
 }
