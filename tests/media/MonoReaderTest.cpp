@@ -35,12 +35,6 @@ std::vector<float> read(MonoReader& reader, std::int64_t from, std::size_t count
     return sound;
 }
 
-double loudest(const std::vector<float>& sound) {
-    double max = 0;
-    for (const float value : sound) max = std::max(max, std::abs(double(value)));
-    return max;
-}
-
 }
 
 TEST(MonoReader, averagesBothSidesAndKeepsWhatTheRateHolds) {
@@ -58,10 +52,10 @@ TEST(MonoReader, filtersOutWhatTheRateCannotHold) {
     const TemporaryFolder folder;
     for (const double hertz : {8500.0, 12000.0, 15500.0, 23000.0}) {
         MonoReader reader(SoundReader::open(file(folder, tone(hertz, 0.9), tone(hertz, 0.9))), 16000);
-        EXPECT_LT(loudest(read(reader, 4000, 30000)), 0.001) << hertz;
+        EXPECT_LT(waves::peak(read(reader, 4000, 30000)), 0.001) << hertz;
     }
     MonoReader low(SoundReader::open(file(folder, tone(5000, 0.9), tone(5000, 0.9))), 8000);
-    EXPECT_LT(loudest(read(low, 4000, 15000)), 0.001);
+    EXPECT_LT(waves::peak(read(low, 4000, 15000)), 0.001);
 }
 
 TEST(MonoReader, readsTheSameInPiecesAndInAnyOrder) {
@@ -94,7 +88,7 @@ TEST(MonoReader, isSilentAroundTheSoundAndTellsWhereItEnds) {
         << "a click stays in its place";
     EXPECT_EQ(reader.read(seconds * 16000 - 100, sound), 100);
     EXPECT_EQ(reader.read(seconds * 16000 + 100, sound), 0);
-    EXPECT_EQ(loudest(sound), 0);
+    EXPECT_EQ(waves::peak(sound), 0);
 }
 
 TEST(MonoReader, aJumpBackForgetsWhereTheSoundEnded) {

@@ -1,9 +1,8 @@
 #include "platform/media/FrameReader.h"
 #include "platform/media/MovieWriter.h"
-#include "platform/media/SoundReader.h"
 #include "tests/FullDisk.h"
 #include "tests/ProblemOf.h"
-#include "tests/media/Made.h"
+#include "tests/media/Sounds.h"
 
 #include <limits>
 
@@ -17,7 +16,7 @@ namespace {
 constexpr int width = 192;
 constexpr int height = 128;
 constexpr int pictures = 90;
-const MovieSettings settings{.width = width, .height = height};
+const MovieSettings usual{.width = width, .height = height};
 
 // A flat picture whose grey tells its number.
 Planes numbered(int number) {
@@ -40,14 +39,9 @@ std::vector<float> clicking() {
     return samples;
 }
 
-double clickAt(const std::vector<float>& samples) {
-    std::size_t at = 0;
-    for (std::size_t index = 0; index < samples.size(); index += 2)
-        if (std::abs(samples[index]) > std::abs(samples[at])) at = index;
-    return static_cast<double>(at) / 2 / Sound::rate;
-}
-
-void write(MovieWriter& writer, int turns = 3) {
+/// Writes a whole movie; what its file holds.
+std::string write(const std::filesystem::path& path, int turns = 3, const MovieSettings& settings = usual) {
+    MovieWriter writer = MovieWriter::open(path, settings);
     const auto samples = clicking();
     for (int turn = 0; turn < turns; ++turn) {
         for (int number = 0; number < pictures / turns; ++number)
@@ -55,6 +49,8 @@ void write(MovieWriter& writer, int turns = 3) {
         const std::size_t part = samples.size() / turns / 2 * 2;
         writer.sound(std::span(samples).subspan(turn * part, part));
     }
+    writer.finish();
+    return contentsOf(path);
 }
 
 }
@@ -62,10 +58,7 @@ void write(MovieWriter& writer, int turns = 3) {
 TEST(MovieWriter, writesWhatReadsBackInStep) {
     const TemporaryFolder folder;
     const auto path = folder / "วิดีโอ 📱 \"1\".mp4";
-    MovieWriter writer = MovieWriter::open(path, {.width = width, .height = height, .quality = 10});
-    write(writer);
-    writer.finish();
-
+    write(path, 3, {.width = width, .height = height, .quality = 10});
     FrameReader reader = FrameReader::open(path);
     ASSERT_TRUE(reader.facts().picture);
     EXPECT_EQ(reader.facts().picture->nominalRate, 30);
@@ -91,10 +84,7 @@ TEST(MovieWriter, writesWhatReadsBackInStep) {
 TEST(MovieWriter, putsTheIndexInFrontAndTagsTheColours) {
     const TemporaryFolder folder;
     const auto path = folder / "movie.mp4";
-    MovieWriter writer = MovieWriter::open(path, settings);
-    write(writer, 1);
-    writer.finish();
-    const std::string bytes = contentsOf(path);
+    const std::string bytes = write(path, 1);
     EXPECT_LT(bytes.find("moov"), bytes.find("mdat"));
     if (!made::canMake()) GTEST_SKIP() << "The tags are read by the ffprobe program, and it is not here.";
     const std::string told = made::output(
@@ -107,13 +97,7 @@ TEST(MovieWriter, putsTheIndexInFrontAndTagsTheColours) {
 
 TEST(MovieWriter, writesTheSameBytesOnAnyNumberOfProcessors) {
     const TemporaryFolder folder;
-    const auto written = [&](const char* name) {
-        MovieWriter writer = MovieWriter::open(folder / name, settings);
-        write(writer);
-        writer.finish();
-        return contentsOf(folder / name);
-    };
-    const std::string all = written("all.mp4");
+    const std::string all = write(folder / "all.mp4");
     cpu_set_t before;
     ASSERT_EQ(sched_getaffinity(0, sizeof before, &before), 0);
     cpu_set_t one;
@@ -121,7 +105,7 @@ TEST(MovieWriter, writesTheSameBytesOnAnyNumberOfProcessors) {
     for (int processor = 0; CPU_COUNT(&one) == 0; ++processor)
         if (CPU_ISSET(processor, &before)) CPU_SET(processor, &one);
     ASSERT_EQ(sched_setaffinity(0, sizeof one, &one), 0);
-    const std::string alone = written("one.mp4");
+    const std::string alone = write(folder / "one.mp4");
     sched_setaffinity(0, sizeof before, &before);
     EXPECT_TRUE(all == alone);
 }
@@ -130,10 +114,10 @@ TEST(MovieWriter, leavesNothingWhereItIsAbandoned) {
     const TemporaryFolder folder;
     const auto path = folder.file("movie.mp4", "the old one");
     {
-        MovieWriter writer = MovieWriter::open(path, settings);
-        write(writer);
+        MovieWriter writer = MovieWriter::open(path, usual);
+        for (int number = 0; number < pictures; ++number) writer.picture(numbered(number));
     }
-    MovieWriter empty = MovieWriter::open(path, settings);
+    MovieWriter empty = MovieWriter::open(path, usual);
     EXPECT_THROW(empty.finish(), Problem);
     EXPECT_THROW(empty.picture(Planes(64, 64)), Problem);
     EXPECT_EQ(contentsOf(path), "the old one");
@@ -143,10 +127,10 @@ TEST(MovieWriter, leavesNothingWhereItIsAbandoned) {
 TEST(MovieWriter, saysWhyAPlaceCannotBeWritten) {
     const TemporaryFolder folder;
     const auto missing = folder / "missing";
-    EXPECT_EQ(problemOf([&] { MovieWriter::open(missing / "movie.mp4", settings); }),
+    EXPECT_EQ(problemOf([&] { MovieWriter::open(missing / "movie.mp4", usual); }),
               "“movie.mp4” could not be written: there is no folder “" + missing.string() + "”.");
-    EXPECT_THROW(MovieWriter::open(folder.path, settings), Problem);
-    EXPECT_THROW(MovieWriter::open("/proc/movie.mp4", settings), Problem);
+    EXPECT_THROW(MovieWriter::open(folder.path, usual), Problem);
+    EXPECT_THROW(MovieWriter::open("/proc/movie.mp4", usual), Problem);
     for (const int odd : {191, 0})
         EXPECT_THROW(MovieWriter::open(folder / "odd.mp4", {.width = odd, .height = 128}), Problem) << odd;
     EXPECT_EQ(entriesIn(folder.path), 0);
@@ -155,19 +139,13 @@ TEST(MovieWriter, saysWhyAPlaceCannotBeWritten) {
 TEST(MovieWriter, aFullDiskLeavesTheOldMovieAndNothingElse) {
     const TemporaryFolder folder;
     const auto path = folder / "movie.mp4";
-    const auto whole = [&] {
-        MovieWriter writer = MovieWriter::open(path, settings);
-        write(writer);
-        writer.finish();
-    };
-    whole();
-    const auto size = std::filesystem::file_size(path);
+    const auto size = write(path).size();
     folder.file("movie.mp4", "the old one");
-    for (const auto max : {std::uintmax_t{100}, size / 2, size - 1}) {
+    for (const auto max : {std::size_t{100}, size / 2, size - 1}) {
         std::string problem;
         {
             const FullDisk disk(max);
-            problem = problemOf(whole);
+            problem = problemOf([&] { write(path); });
         }
         EXPECT_THAT(problem, testing::HasSubstr("“movie.mp4” could not be written")) << max;
         EXPECT_EQ(contentsOf(path), "the old one");
@@ -178,7 +156,7 @@ TEST(MovieWriter, aFullDiskLeavesTheOldMovieAndNothingElse) {
 TEST(MovieWriter, soundThatIsNoNumberIsSilenceAndTheRestIsHeard) {
     const TemporaryFolder folder;
     const auto path = folder / "movie.mp4";
-    MovieWriter writer = MovieWriter::open(path, settings);
+    MovieWriter writer = MovieWriter::open(path, usual);
     for (int number = 0; number < pictures; ++number) writer.picture(numbered(number));
     auto samples = clicking();
     samples[4800] = std::numeric_limits<float>::quiet_NaN();

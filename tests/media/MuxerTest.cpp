@@ -12,23 +12,22 @@ using namespace murbo;
 namespace {
 
 /// The parameters of a picture track of which nothing is decoded here.
-ffmpeg::CodecContext codec(int width) {
+ffmpeg::CodecContext codec() {
     ffmpeg::CodecContext made(avcodec_alloc_context3(nullptr));
     made->codec_type = AVMEDIA_TYPE_VIDEO;
     made->codec_id = AV_CODEC_ID_MPEG4;
-    made->width = width;
-    made->height = 32;
+    made->width = made->height = 32;
     made->time_base = {1, 25};
     made->framerate = {25, 1};
     return made;
 }
 
 /// Packets of a hundred bytes, one each 40 ms; each holds its number.
-void write(Muxer& muxer, const AVStream* track, int packets, int first = 0) {
+void write(Muxer& muxer, const AVStream* track, int packets) {
     for (int number = 0; number < packets; ++number) {
         const auto packet = ffmpeg::makePacket();
         ASSERT_GE(av_new_packet(packet.get(), 100), 0);
-        std::memset(packet->data, first + number, 100);
+        std::memset(packet->data, number, 100);
         packet->pts = packet->dts = 40 * number;
         packet->duration = 40;
         packet->flags = AV_PKT_FLAG_KEY;
@@ -36,17 +35,16 @@ void write(Muxer& muxer, const AVStream* track, int packets, int first = 0) {
     }
 }
 
-/// Each packet of a file: its track, its time in milliseconds and its first byte.
-std::vector<std::array<int, 3>> packets(const std::filesystem::path& path) {
+/// Each packet of a file: its time in milliseconds and its first byte.
+std::vector<std::array<int, 2>> packets(const std::filesystem::path& path) {
     AVFormatContext* opened = nullptr;
     EXPECT_GE(avformat_open_input(&opened, path.c_str(), nullptr, nullptr), 0);
     const ffmpeg::FormatContext format(opened);
-    std::vector<std::array<int, 3>> all;
+    std::vector<std::array<int, 2>> all;
     const auto packet = ffmpeg::makePacket();
     while (format && av_read_frame(format.get(), packet.get()) >= 0) {
         const auto base = format->streams[packet->stream_index]->time_base;
-        all.push_back({packet->stream_index, static_cast<int>(av_rescale_q(packet->pts, base, {1, 1000})),
-                       packet->data[0]});
+        all.push_back({static_cast<int>(av_rescale_q(packet->pts, base, {1, 1000})), packet->data[0]});
         av_packet_unref(packet.get());
     }
     return all;
@@ -58,7 +56,7 @@ TEST(Muxer, bringsTheIndexToTheFrontOfAFileLargerThanItsBuffers) {
     const TemporaryFolder folder;
     const auto path = folder / "movie.mp4";
     Muxer muxer(path);
-    const auto* track = muxer.addTrack(*codec(32));
+    const auto* track = muxer.addTrack(*codec());
     muxer.begin();
     write(muxer, track, 3000);
     muxer.finish();
@@ -68,7 +66,7 @@ TEST(Muxer, bringsTheIndexToTheFrontOfAFileLargerThanItsBuffers) {
     const auto found = packets(path);
     ASSERT_EQ(found.size(), 3000u);
     for (int number = 0; number < 3000; ++number)
-        ASSERT_EQ(found[static_cast<std::size_t>(number)], (std::array{0, 40 * number, number % 256}));
+        ASSERT_EQ(found[static_cast<std::size_t>(number)], (std::array{40 * number, number % 256}));
 }
 
 TEST(Muxer, withoutATrackThereIsNoMovie) {

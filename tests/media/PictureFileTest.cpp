@@ -46,10 +46,6 @@ std::string photo(int width = 64, int height = 48) {
     return Jpeg::encode(bitmap, 0.95);
 }
 
-std::string problemWith(const std::filesystem::path& path) {
-    return problemOf([&] { PictureFile::read(path, everything); });
-}
-
 }
 
 TEST(PictureFile, everyKindHasItsColoursAndItsTransparency) {
@@ -58,8 +54,7 @@ TEST(PictureFile, everyKindHasItsColoursAndItsTransparency) {
     const std::string glass = quarters(128) + "-frames:v 1 ";
     const std::string moving = quarters(128) + "-frames:v 3 ";
     struct Case {
-        std::string name;
-        std::string how;
+        std::string name, how;
         Pixel rest = blue;
         int tolerance = 0;
         Pixel corner = red;
@@ -181,14 +176,8 @@ TEST(PictureFile, whatIsNoPictureOrBrokenIsRefused) {
     folder.file("noise.jpg", photo().substr(0, 30) + noise);
     folder.file("noise.webp", std::string("RIFF\xFF\0\0\0WEBPVP8L\xFF\0\0\0\x2F\x20\0\0\0", 25) + noise);
     folder.file("noise.gif", std::string("GIF89a\x20\0\x20\0", 10) + noise);
-    // Drawn over without end.
-    const std::string jpeg = photo();
-    const std::string scan = jpeg.substr(jpeg.find("\xFF\xDA"), jpeg.size() - 2 - jpeg.find("\xFF\xDA"));
-    std::string again = jpeg.substr(0, jpeg.size() - 2);
-    for (int time = 0; time < 5000; ++time) again += scan;
-    folder.file("again.jpg", again + "\xFF\xD9");
     for (const auto& entry : std::filesystem::directory_iterator(folder.path))
-        EXPECT_EQ(problemWith(entry.path()),
+        EXPECT_EQ(problemOf([&] { PictureFile::read(entry.path(), everything); }),
                   "“" + entry.path().filename().string() + "” holds no picture that can be read.");
 }
 

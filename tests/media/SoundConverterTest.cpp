@@ -6,25 +6,6 @@
 
 using namespace murbo;
 
-TEST(SoundConverter, takesAGapByItsTimes) {
-    MURBO_NEEDS_FFMPEG();
-    const auto gap = made::file(
-        "gap.mkv", "-f lavfi -i sine=d=6:r=48000 -af \"aselect='not(between(t,2,3.5))'\" -c:a pcm_s16le");
-    SoundReader reader = SoundReader::open(gap);
-    std::vector<float> whole(6 * Sound::rate * 2);
-    reader.read(0, whole);
-    const auto part = [&](double from, double to) {
-        return std::span(whole).subspan(static_cast<std::size_t>(from * 96000) / 2 * 2,
-                                        static_cast<std::size_t>((to - from) * 96000) / 2 * 2);
-    };
-    EXPECT_GT(loudest(part(1.9, 1.97)), 0.1);
-    EXPECT_EQ(loudest(part(2.1, 3.4)), 0);
-    EXPECT_GT(loudest(part(3.6, 3.7)), 0.1);
-    std::vector<float> again(Sound::rate);
-    reader.read(static_cast<std::int64_t>(3.2 * Sound::rate), again);
-    EXPECT_EQ(largestDifference(again, part(3.2, 3.7)), 0);
-}
-
 TEST(SoundConverter, followsAClockThatDriftsWithoutABreak) {
     MURBO_NEEDS_FFMPEG();
     for (const double speed : {1.002, 0.998}) {
