@@ -2,7 +2,7 @@
 #include "core/playbooks/Library.h"
 #include "core/playbooks/Playbooks.h"
 #include "core/render/export/OwnFiles.h"
-#include "platform/base/Problem.h"
+#include "tests/ProblemOf.h"
 #include "tests/TemporaryFolder.h"
 
 #include <fstream>
@@ -43,12 +43,7 @@ struct Owned {
 };
 
 bool refuses(const OwnFiles& own, const std::filesystem::path& place) {
-    try {
-        own.refuse(place);
-        return false;
-    } catch (const Problem&) {
-        return true;
-    }
+    return !problemOf([&] { own.refuse(place); }).empty();
 }
 
 TEST(OwnFiles, nothingThatAVideoIsMadeOfIsWrittenOver) {

@@ -9,11 +9,7 @@ constexpr double wide = 1080;
 constexpr double high = 1920;
 
 CaptionCue cueOf(const std::string& text, double start, double end) {
-    CaptionCue cue;
-    cue.text = text;
-    cue.start = start;
-    cue.end = end;
-    return cue;
+    return {.start = start, .end = end, .text = text};
 }
 
 TEST(CaptionMotion, entrancesAndExitsFollowTheirCurves) {

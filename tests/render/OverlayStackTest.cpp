@@ -1,11 +1,5 @@
-#include "core/playbooks/Stock.h"
 #include "core/render/Renderer.h"
 #include "tests/render/Samples.h"
-
-#include <algorithm>
-#include <future>
-#include <numeric>
-#include <random>
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
@@ -239,51 +233,6 @@ TEST(Renderer, aLayoutLaysOutUprightFramesWithFootage) {
     for (const Size lying : {Size{480, 270}, Size{270, 270}}) {
         shown.plan.frame = lying;
         EXPECT_EQ(shown.middle(), "0000FF");
-    }
-}
-
-/// Every playbook of the stock at work, over cuts of three shots.
-Plan everything() {
-    Shown shown;
-    auto& plan = shown.plan;
-    plan.shots.clear();
-    for (const Book& each : Stock::books()) {
-        const double at = plan.shots.size() * 0.4 + plan.overlays.size() * 0.2;
-        if (each.playbook.kind == "layout") {
-            plan.shots.push_back(
-                {.start = at, .end = at + 1, .shot = {.move = "drift", .playbook = each.id()}});
-            plan.layouts.emplace(each.id(), each);
-        } else {
-            plan.overlays.push_back(placed(each, at, at + 0.9));
-            if (plan.overlays.size() % 3 == 0)
-                plan.overlays.back().overlay.move =
-                    Move{.from = Placement{.x = 0.4}, .to = Placement{.scale = 1.2}};
-        }
-    }
-    plan.cues = {{.start = 0, .end = 8, .text = "one two ภาษาไทย"}};
-    plan.style.motion = "words";
-    return plan;
-}
-
-TEST(Renderer, aFrameWithPlaybooksDependsOnThePlanAndTheTimeAlone) {
-    Shown shown;
-    shown.plan = everything();
-    shown.picture = Image::colour({255, 90, 20}).cropped({100, 50, 300, 200}).over(*shown.picture);
-    std::vector<Bitmap> forward;
-    for (int number = 0; number < 66; ++number) forward.push_back(shown.drawn(number / 10.0));
-
-    std::vector<int> order(forward.size());
-    std::iota(order.begin(), order.end(), 0);
-    std::shuffle(order.begin(), order.end(), std::mt19937(7));
-    Shown fresh;
-    fresh.plan = shown.plan;
-    fresh.picture = shown.picture;
-    std::vector<std::future<void>> threads;
-    for (std::size_t thread = 0; thread < 4; ++thread) {
-        threads.push_back(std::async(std::launch::async, [&, thread] {
-            for (std::size_t index = thread; index < order.size(); index += 4)
-                EXPECT_TRUE(same(fresh.drawn(order[index] / 10.0), forward[order[index]])) << order[index];
-        }));
     }
 }
 

@@ -23,14 +23,6 @@ Plan planOf(const Shot& shot, bool implicit = false, double start = 0) {
     return plan;
 }
 
-CaptionCue cueOf(const std::string& text, double start, double end) {
-    CaptionCue cue;
-    cue.text = text;
-    cue.start = start;
-    cue.end = end;
-    return cue;
-}
-
 Image flat(Colour colour, double width, double height) {
     return Image::colour(colour).cropped({0, 0, width, height});
 }
@@ -205,7 +197,7 @@ Point middleOf(const Plan& plan, const CaptionCue& cue) {
 
 TEST(Renderer, aCaptionStandsOnTheSeamOrWhereItsStyleOrMovePutsIt) {
     auto plan = planOf({});
-    auto cue = cueOf("hello", 0, 4);
+    CaptionCue cue{.start = 0, .end = 4, .text = "hello"};
     plan.style.y = 0.7;
     const auto stands = [&](double x, double y) {
         const auto middle = middleOf(plan, cue);

@@ -170,19 +170,6 @@ TEST(SoundMixer, isTheSameHoweverItIsRead) {
     }
 }
 
-TEST(SoundMixer, limitsWhatAddsUp) {
-    Stage stage;
-    stage.put(one, waves::tone(48000 * 3, 440, 0.9));
-    stage.show(one, 0, 3);
-    const auto same = stage.song("same.wav", waves::tone(48000, 440, 0.9));
-    stage.video.look.emplace().sounds.edit() = {{.file = same, .source = one, .at = 1, .volume = 1}};
-    const auto sound = stage.mixed();
-    EXPECT_LE(waves::peak(sound), Limiter::ceiling);
-    EXPECT_NEAR(waves::level(sound, 60000, 90000), Limiter::ceiling, 0.02);
-    EXPECT_NEAR(waves::level(sound, 20000, 40000), 0.9, 1e-3);
-    EXPECT_NEAR(waves::level(sound, 120000, 140000), 0.9, 1e-3) << "the loudness comes back";
-}
-
 TEST(SoundMixer, aBrokenFileIsSilentAloneAndSoIsWhatLiesPastTheEnd) {
     Stage stage;
     stage.put(one, waves::tone(48000, 440, 0.5));
