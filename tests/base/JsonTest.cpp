@@ -87,28 +87,3 @@ TEST(Json, wholeNumbersAreThoseThatSixtyFourBitsHold) {
                              "-1.5", "1e300", "\"1\"", "null", "true", "[1]"})
         EXPECT_THROW(Json::parse(text).root().integer(), JsonProblem) << text;
 }
-
-TEST(Json, aFaultNamesItsWayThroughListsAndObjects) {
-    const auto json = Json::parse(R"([{"a": [0, {"b": "text"}]}, 5])");
-    const auto root = json.root(), first = root.element(0); // each knows the one before it
-    const auto list = *first.member("a"), inner = list.element(1);
-    const auto fault = [](const JsonValue& value, auto ask) {
-        try {
-            ask(value);
-        } catch (const JsonProblem& problem) {
-            return problem.way + "|" + problem.fault + (problem.missing ? "|missing" : "");
-        }
-        return std::string("none");
-    };
-    EXPECT_EQ(fault(*inner.member("b"), [](auto& value) { value.number(); }),
-              "[0].a[1].b|a number is expected");
-    EXPECT_EQ(fault(inner, [](auto& value) { value.failMissing("c"); }),
-              "[0].a[1].c|the key “c” is missing|missing");
-    EXPECT_EQ(fault(root, [](auto& value) { value.text(); }), "|a text is expected");
-    EXPECT_EQ(fault(root, [](auto& value) { value.member("a"); }), "|an object is expected");
-    EXPECT_EQ(fault(inner, [](auto& value) { value.size(); }), "[0].a[1]|a list is expected");
-    EXPECT_EQ(fault(inner, [](auto& value) { value.boolean(); }), "[0].a[1]|true or false is expected");
-    EXPECT_FALSE(inner.member("none"));
-    EXPECT_EQ(inner.names(), std::vector<std::string_view>{"b"});
-    EXPECT_EQ(root.size(), 2u);
-}

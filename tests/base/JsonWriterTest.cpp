@@ -7,32 +7,6 @@
 
 namespace murbo {
 
-std::string written(JsonWriter::Layout layout) {
-    JsonWriter writer(layout);
-    writer.beginObject();
-    writer.key("a\n\"");
-    writer.beginArray();
-    writer.integer(-3);
-    writer.number(0.1);
-    writer.null();
-    writer.endArray();
-    writer.key("none");
-    writer.beginObject();
-    writer.endObject();
-    writer.key("text");
-    writer.text("ก\x01");
-    writer.endObject();
-    return writer.finish();
-}
-
-TEST(JsonWriter, writesTheSameBytesEachTime) {
-    EXPECT_EQ(written(JsonWriter::Layout::compact), R"({"a\n\"":[-3,0.1,null],"none":{},"text":"ก\u0001"})");
-    const auto pretty = written(JsonWriter::Layout::pretty);
-    EXPECT_EQ(pretty, written(JsonWriter::Layout::pretty));
-    EXPECT_TRUE(pretty.starts_with("{\n  \"a")) << pretty;
-    EXPECT_TRUE(pretty.ends_with("}\n"));
-}
-
 TEST(JsonWriter, refusesWhatNoReaderWouldTake) {
     JsonWriter writer(JsonWriter::Layout::compact);
     writer.beginArray();
@@ -48,20 +22,23 @@ TEST(JsonWriter, namesTheElementThatCannotBeWritten) {
     writer.beginArray();
     writer.text("\"\\\r\t\x1F\x7F");
     writer.beginObject();
-    writer.key("b");
+    writer.key("b\n\"");
     try {
         writer.text("\xFF");
         FAIL();
     } catch (const Problem& problem) {
-        EXPECT_EQ(problem.message(), "a[2].b: this text is not UTF-8") << "counted from 1";
+        EXPECT_EQ(problem.message(), "a[2].b\n\": this text is not UTF-8") << "counted from 1";
     }
     writer.integer(INT64_MIN);
+    writer.key("none");
+    writer.beginObject();
+    writer.endObject();
     writer.endObject();
     writer.endArray();
     writer.endObject();
     EXPECT_EQ(writer.finish(),
-              "{\n  \"a\": [\n    \"\\\"\\\\\\r\\t\\u001f\x7F\",\n    {\n      \"b\": "
-              "-9223372036854775808\n    }\n  ]\n}\n");
+              "{\n  \"a\": [\n    \"\\\"\\\\\\r\\t\\u001f\x7F\",\n    {\n      \"b\\n\\\"\": "
+              "-9223372036854775808,\n      \"none\": {}\n    }\n  ]\n}\n");
 }
 
 }

@@ -28,17 +28,6 @@ struct WakingPipe {
 
 }
 
-TEST(Process, saysHowItEndedAndItsLastWords) {
-    for (const auto& [script, succeeded] : {std::pair{"echo well >&2", true},
-                                            {"echo well >&2; exit 1", false},
-                                            {"echo well >&2; kill -TERM $$", false}}) {
-        Process process(shell, {"-c", script});
-        EXPECT_TRUE(process.wait(late(), -1));
-        EXPECT_EQ(process.succeeded(), succeeded) << script;
-        EXPECT_EQ(process.lastWords(), "well\n");
-    }
-}
-
 TEST(Process, waitsNoLongerThanAskedAndCanBeWoken) {
     WakingPipe pipe;
     Process process(shell, {"-c", "read line; sleep 600"});

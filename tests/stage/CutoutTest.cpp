@@ -31,12 +31,24 @@ TEST(Cutout, isTheSameInWhateverOrderFramesAreDrawn) {
         EXPECT_TRUE(same(drawn(cut[frame]), forward[frame])) << frame;
 }
 
-TEST(Cutout, takesAPersonOutOfThePicture) {
+namespace {
+
+/// A recording of people, and what finds them.
+class CutoutOfPeople : public testing::Test {
+protected:
+    void SetUp() override {
+        if (!SubjectMask::available()) GTEST_SKIP() << "The weights of the subject masks are not here.";
+        if (!std::filesystem::exists(file)) GTEST_SKIP() << "The footage of people is not here.";
+        frame = Footage(file).frame(14);
+    }
     const std::filesystem::path file = std::filesystem::path(MURBO_FOOTAGE) / "actors-battle.webm";
-    if (!SubjectMask::available()) GTEST_SKIP() << "The weights of the subject masks are not here.";
-    if (!std::filesystem::exists(file)) GTEST_SKIP() << "The footage of people is not here.";
+    std::optional<Image> frame;
     PlaybookMedia media;
-    const auto frame = Footage(file).frame(14);
+};
+
+}
+
+TEST_F(CutoutOfPeople, areTakenOutOfThePicture) {
     const Image person = media.cutout(frame->transformed(Transform().translated(50, 20)));
     EXPECT_EQ(person.extent(), (Rect{50, 20, frame->extent().width, frame->extent().height}));
     const Bitmap bitmap = Canvas::bitmap(person, person.extent());
@@ -50,17 +62,12 @@ TEST(Cutout, takesAPersonOutOfThePicture) {
     EXPECT_GT(shares[2], 0.05);
 }
 
-TEST(Cutout, aSmallPictureIsLookedAtAsItIs) {
-    const std::filesystem::path file = std::filesystem::path(MURBO_FOOTAGE) / "actors-battle.webm";
-    if (!SubjectMask::available()) GTEST_SKIP() << "The weights of the subject masks are not here.";
-    if (!std::filesystem::exists(file)) GTEST_SKIP() << "The footage of people is not here.";
-    const auto frame = Footage(file).frame(14);
+TEST_F(CutoutOfPeople, areLookedForInASmallPictureAsItIs) {
     const Rect whole = frame->extent();
     const auto reduced = Transform().scaled(240 / whole.width, 136 / whole.height);
     const Bitmap picture = Canvas::bitmap(frame->transformed(reduced), {0, 0, 240, 136});
     const auto mask = SubjectMask::of(picture);
     ASSERT_TRUE(mask);
-    PlaybookMedia media;
     const Bitmap cut = Canvas::bitmap(media.cutout(Image::bitmap(picture)), {0, 0, 240, 136});
     for (int y = 0; y < 136; ++y)
         for (int x = 0; x < 240; ++x)

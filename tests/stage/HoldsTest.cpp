@@ -1,4 +1,5 @@
 #include "core/render/stage/Holds.h"
+#include "platform/base/SeededRandom.h"
 
 #include <cmath>
 #include <limits>
@@ -32,5 +33,6 @@ TEST(Holds, shakesBySeedAndStepAlone) {
     EXPECT_NEAR(shake.dx, 36 * -0.3020501184593788, 1e-12);
     EXPECT_NEAR(shake.dy, 36 * 0.15620499859292236, 1e-12);
     EXPECT_NEAR(shake.rotation, 2 * -0.484508471515391, 1e-12);
+    EXPECT_EQ(SeededRandom::unit(~std::uint64_t(0)), 1 - 0x1p-53) << "never 1";
     EXPECT_TRUE(std::isfinite(Holds::at(Hold::shake, std::numeric_limits<double>::infinity(), 0).dx));
 }

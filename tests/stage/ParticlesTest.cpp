@@ -1,5 +1,4 @@
 #include "core/render/stage/Particles.h"
-#include "platform/base/SeededRandom.h"
 #include "platform/image/ImageNode.h"
 #include "tests/stage/Staged.h"
 
@@ -49,14 +48,6 @@ double opacityOf(const Image& image) {
     return fade ? fade->opacity : 1;
 }
 
-}
-
-TEST(Particles, areThrownByThePublishedGenerator) {
-    // The first numbers of SplitMix64 for a seed of 0.
-    SeededRandom random(0);
-    EXPECT_EQ(random.next(), 0xE220A8397B1DCDAFu);
-    EXPECT_EQ(random.next(), 0x6E789E6AA1B965F4u);
-    EXPECT_EQ(SeededRandom::unit(~std::uint64_t(0)), 1 - 0x1p-53);
 }
 
 TEST(Particles, areTheSameWheneverTheyAreDrawn) {

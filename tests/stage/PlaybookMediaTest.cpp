@@ -1,7 +1,6 @@
 #include "core/render/captions/CaptionPicture.h"
 #include "core/render/footage/Footage.h"
 #include "core/render/stage/PlaybookMedia.h"
-#include "platform/base/Files.h"
 #include "platform/image/Jpeg.h"
 #include "platform/image/draw/Canvas.h"
 #include "tests/SameBitmaps.h"
@@ -102,23 +101,6 @@ TEST(PlaybookMedia, whatIsNoPictureOrVideoIsNothing) {
         if (!footage) continue;
         EXPECT_FALSE(footage->frame(1)) << path;
         EXPECT_EQ(media.footage(path, "key"), footage) << "not opened again";
-    }
-}
-
-TEST(PlaybookMedia, aVideoThatIsCutShowsWhatThereIs) {
-    const TemporaryFolder folder;
-    Movie::write(folder / "whole.mp4", 30);
-    PlaybookMedia media;
-    const auto whole = media.footage(folder / "whole.mp4", "key");
-    EXPECT_EQ(Movie::number(whole->frame(0.5)), 15);
-    EXPECT_EQ(Movie::number(whole->frame(99)), 29) << "after the end, the last one";
-    const std::string bytes = Files::readWhole(folder / "whole.mp4", 1 << 24);
-    for (const std::size_t kept : {bytes.size() - 1, bytes.size() / 2, std::size_t{100}, std::size_t{8}}) {
-        folder.file("cut.mp4", bytes.substr(0, kept));
-        const auto cut = media.footage(folder / "cut.mp4", "key");
-        cut->frame(0);
-        cut->frame(0.9);
-        cut->frame(5);
     }
 }
 

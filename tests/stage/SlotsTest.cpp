@@ -1,4 +1,5 @@
 #include "core/render/stage/Slots.h"
+#include "platform/image/Jpeg.h"
 #include "tests/TemporaryFolder.h"
 #include "tests/stage/Staged.h"
 
@@ -11,19 +12,6 @@ using namespace murbo;
 using namespace std::literals;
 
 namespace {
-
-/// A picture file of one pixel: blue, green, red.
-std::string bmpOf(const std::string& pixel) {
-    std::string bytes = "BM";
-    const auto number = [&](std::uint32_t value, int size) {
-        for (int i = 0; i < size; ++i) bytes += char(value >> 8 * i);
-    };
-    for (const std::uint32_t value : {58, 0, 54, 40, 1, 1}) number(value, 4);
-    number(1, 2);
-    number(24, 2);
-    for (const std::uint32_t value : {0, 4, 0, 0, 0, 0}) number(value, 4);
-    return bytes + pixel + char(0);
-}
 
 Playbook::Layer played(std::optional<double> speed, bool loop, bool bounce) {
     Playbook::Layer layer;
@@ -52,11 +40,10 @@ TEST(Slots, playTheirClips) {
 
 TEST(Slots, readNoFileFromOutsideAndNoneThatWouldBlock) {
     const TemporaryFolder folder;
-    const std::string red = bmpOf("\x01\x02\xFF");
-    folder.file("book.mbplay/assets/red.bmp", red);
-    folder.file("project.mbproj/media/red.bmp", red);
-    folder.file("secret.bmp", red);
-    std::filesystem::create_symlink(folder / "secret.bmp", folder / "book.mbplay/assets/link.bmp");
+    const auto picture = Jpeg::encode(Canvas::bitmap(Image::colour(Colour::white), {0, 0, 8, 8}), 1);
+    for (const char* name : {"book.mbplay/assets/a.jpg", "project.mbproj/media/a.jpg", "secret.jpg"})
+        folder.file(name, picture);
+    std::filesystem::create_symlink(folder / "secret.jpg", folder / "book.mbplay/assets/link.jpg");
     ASSERT_EQ(mkfifo((folder / "book.mbplay/assets/pipe.mp4").c_str(), 0600), 0);
 
     Staged stage(40, 40);
@@ -65,12 +52,12 @@ TEST(Slots, readNoFileFromOutsideAndNoneThatWouldBlock) {
         auto overlay = Staged::placed(R"({"slot": "$file", "fill": true})");
         overlay.values = Values{{"file", path}};
         overlay.book.edit().folder = folder / "book.mbplay";
-        return at(stage.drawn(overlay), 20, 20) == "FF0201";
+        return at(stage.drawn(overlay), 20, 20) == white;
     };
-    EXPECT_TRUE(shows("assets/red.bmp"));
-    EXPECT_TRUE(shows("media/red.bmp"));
-    EXPECT_TRUE(shows(folder / "secret.bmp")) << "whoever names it by its whole path";
-    for (const auto& path : {"../secret.bmp"s, "assets/link.bmp"s, "media/../../secret.bmp"s,
-                             "assets/pipe.mp4"s, "assets"s, "/dev/zero"s, "assets/red.bmp\0x"s, "emoji:"s})
+    EXPECT_TRUE(shows("assets/a.jpg"));
+    EXPECT_TRUE(shows("media/a.jpg"));
+    EXPECT_TRUE(shows(folder / "secret.jpg")) << "whoever names it by its whole path";
+    for (const auto& path : {"../secret.jpg"s, "assets/link.jpg"s, "media/../../secret.jpg"s,
+                             "assets/pipe.mp4"s, "assets"s, "/dev/zero"s, "assets/a.jpg\0x"s, "emoji:"s})
         EXPECT_FALSE(shows(path)) << path;
 }
