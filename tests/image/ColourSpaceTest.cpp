@@ -227,12 +227,9 @@ TEST(ColourSpaces, colourInsideTheGamutStaysWhatItIs) {
     Frame kind = form(16, 16, Frame::Layout::chroma444, 10);
     kind.matrix = Frame::Matrix::bt2020;
     kind.primaries = Frame::Primaries::bt2020;
-    for (const Pixel& patch : {Pixel{230, 30, 30, 255},
-                               {40, 60, 220, 255},
-                               {128, 30, 30, 255},
-                               {200, 150, 120, 255},
-                               {90, 180, 70, 255},
-                               {250, 240, 60, 255}}) {
+    const Pixel patches[] = {{230, 30, 30, 255},   {40, 60, 220, 255}, {128, 30, 30, 255},
+                             {200, 150, 120, 255}, {90, 180, 70, 255}, {250, 240, 60, 255}};
+    for (const Pixel& patch : patches) {
         const auto wide = inWidePrimaries(patch);
         EXPECT_LE(difference(plain(kind, wide.red, wide.green, wide.blue), patch), 3) << patch;
     }

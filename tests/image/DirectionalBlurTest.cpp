@@ -48,13 +48,9 @@ TEST(DirectionalBlur, motionIsTheMeanAlongItsLine) {
         int max; ///< difference of a channel
     };
     // Long slanted smears are drawn at half size, which rounds fine detail across them off.
-    for (const auto& [radius, degrees, max] : {Case{3, 0, 10},
-                                               {12.5, 0, 10},
-                                               {50, 0, 10},
-                                               {20, 90, 10},
-                                               {20, 35, 10},
-                                               {30, -120, 10},
-                                               {50, 10, 15}}) {
+    const Case cases[] = {{3, 0, 10},   {12.5, 0, 10},  {50, 0, 10}, {20, 90, 10},
+                          {20, 35, 10}, {30, -120, 10}, {50, 10, 15}};
+    for (const auto& [radius, degrees, max] : cases) {
         const double x = std::cos(degrees * 3.14159265 / 180) * radius;
         const double y = std::sin(degrees * 3.14159265 / 180) * radius;
         expectMeans(image.motionBlurred(radius, degrees), max, std::to_string(degrees) + " degrees",

@@ -43,22 +43,15 @@ TEST(PictureConversion, knowsWhatAFrameCanDescribe) {
                (layout.highBits ? " high" : "") + (layout.interleavedChroma ? " pairs" : "") +
                (layout.hasAlpha ? " alpha" : "");
     };
-    for (const auto& [format, expected] : {
-             std::pair{AV_PIX_FMT_YUV420P, "420 8"},
-             {AV_PIX_FMT_YUVJ422P, "422 8"},
-             {AV_PIX_FMT_YUV444P, "444 8"},
-             {AV_PIX_FMT_GRAY8, "grey 8"},
-             {AV_PIX_FMT_GRAY16LE, "grey 16"},
-             {AV_PIX_FMT_YUV420P10LE, "420 10"},
-             {AV_PIX_FMT_YUV422P12LE, "422 12"},
-             {AV_PIX_FMT_NV12, "420 8 pairs"},
-             {AV_PIX_FMT_NV16, "422 8 pairs"},
-             {AV_PIX_FMT_P010LE, "420 10 high pairs"},
-             {AV_PIX_FMT_YUVA444P, "444 8 alpha"},
-             {AV_PIX_FMT_YUVA420P10LE, "420 10 alpha"},
-             {AV_PIX_FMT_BGRA, "bgra 8 alpha"},
-             {AV_PIX_FMT_BGR0, "bgra 8"},
-         }) {
+    constexpr std::pair<AVPixelFormat, const char*> cases[] = {
+        {AV_PIX_FMT_YUV420P, "420 8"},        {AV_PIX_FMT_YUVJ422P, "422 8"},
+        {AV_PIX_FMT_YUV444P, "444 8"},        {AV_PIX_FMT_GRAY8, "grey 8"},
+        {AV_PIX_FMT_GRAY16LE, "grey 16"},     {AV_PIX_FMT_YUV420P10LE, "420 10"},
+        {AV_PIX_FMT_YUV422P12LE, "422 12"},   {AV_PIX_FMT_NV12, "420 8 pairs"},
+        {AV_PIX_FMT_NV16, "422 8 pairs"},     {AV_PIX_FMT_P010LE, "420 10 high pairs"},
+        {AV_PIX_FMT_YUVA444P, "444 8 alpha"}, {AV_PIX_FMT_YUVA420P10LE, "420 10 alpha"},
+        {AV_PIX_FMT_BGRA, "bgra 8 alpha"},    {AV_PIX_FMT_BGR0, "bgra 8"}};
+    for (const auto& [format, expected] : cases) {
         const auto found = PictureConversion::layout(format);
         ASSERT_TRUE(found) << nameOf(format);
         EXPECT_EQ(told(*found), expected) << nameOf(format);
@@ -66,22 +59,22 @@ TEST(PictureConversion, knowsWhatAFrameCanDescribe) {
 }
 
 TEST(PictureConversion, leavesTheRestToBeConvertedAndThenItCan) {
-    for (const auto& [format, target] : {
-             std::pair{AV_PIX_FMT_RGB24, AV_PIX_FMT_BGR0},
-             {AV_PIX_FMT_RGB0, AV_PIX_FMT_BGR0},
-             {AV_PIX_FMT_RGBA, AV_PIX_FMT_BGRA},
-             {AV_PIX_FMT_PAL8, AV_PIX_FMT_BGRA},
-             {AV_PIX_FMT_GBRP, AV_PIX_FMT_BGR0},
-             {AV_PIX_FMT_NV21, AV_PIX_FMT_YUV420P},
-             {AV_PIX_FMT_YUYV422, AV_PIX_FMT_YUV422P},
-             {AV_PIX_FMT_YUV411P, AV_PIX_FMT_YUV444P},
-             {AV_PIX_FMT_YUV420P10BE, AV_PIX_FMT_YUV420P12LE},
-             {AV_PIX_FMT_YUV422P10BE, AV_PIX_FMT_YUV422P12LE},
-             {AV_PIX_FMT_YUVA444P10BE, AV_PIX_FMT_YUVA444P12LE},
-             {AV_PIX_FMT_GRAY10BE, AV_PIX_FMT_GRAY16LE},
-             {AV_PIX_FMT_MONOBLACK, AV_PIX_FMT_GRAY8},
-             {AV_PIX_FMT_YA8, AV_PIX_FMT_BGRA},
-         }) {
+    constexpr std::pair<AVPixelFormat, AVPixelFormat> cases[] = {
+        {AV_PIX_FMT_RGB24, AV_PIX_FMT_BGR0},
+        {AV_PIX_FMT_RGB0, AV_PIX_FMT_BGR0},
+        {AV_PIX_FMT_RGBA, AV_PIX_FMT_BGRA},
+        {AV_PIX_FMT_PAL8, AV_PIX_FMT_BGRA},
+        {AV_PIX_FMT_GBRP, AV_PIX_FMT_BGR0},
+        {AV_PIX_FMT_NV21, AV_PIX_FMT_YUV420P},
+        {AV_PIX_FMT_YUYV422, AV_PIX_FMT_YUV422P},
+        {AV_PIX_FMT_YUV411P, AV_PIX_FMT_YUV444P},
+        {AV_PIX_FMT_YUV420P10BE, AV_PIX_FMT_YUV420P12LE},
+        {AV_PIX_FMT_YUV422P10BE, AV_PIX_FMT_YUV422P12LE},
+        {AV_PIX_FMT_YUVA444P10BE, AV_PIX_FMT_YUVA444P12LE},
+        {AV_PIX_FMT_GRAY10BE, AV_PIX_FMT_GRAY16LE},
+        {AV_PIX_FMT_MONOBLACK, AV_PIX_FMT_GRAY8},
+        {AV_PIX_FMT_YA8, AV_PIX_FMT_BGRA}};
+    for (const auto& [format, target] : cases) {
         EXPECT_FALSE(PictureConversion::layout(format)) << nameOf(format);
         const auto made = PictureConversion::converted(picture(format, 32, 16, 0));
         ASSERT_TRUE(made) << nameOf(format);

@@ -74,17 +74,10 @@ TEST(SoundConverter, whereSoundComesTwiceTheFirstStaysAndAGapHasNone) {
     sound.put(2400, 4800, 0.2); // half of it is there already
     sound.put(9600, 4800, 0.3);
     sound.converter.finish();
-    for (const auto& [place, level] : {std::pair{0, 100},
-                                       {2400, 100},
-                                       {4700, 100},
-                                       {4900, 200},
-                                       {7100, 200},
-                                       {7300, -1},
-                                       {9500, -1},
-                                       {9700, 300},
-                                       {14'399, 300},
-                                       {14'400, -1}})
-        EXPECT_EQ(sound.at(place), level) << place;
+    constexpr std::pair<int, int> levels[] = {{0, 100},      {2400, 100}, {4700, 100}, {4900, 200},
+                                              {7100, 200},   {7300, -1},  {9500, -1},  {9700, 300},
+                                              {14'399, 300}, {14'400, -1}};
+    for (const auto& [place, level] : levels) EXPECT_EQ(sound.at(place), level) << place;
     EXPECT_EQ(sound.converter.end(), 14'400);
     std::vector<float> across(2 * 4800, 7.0F);
     EXPECT_EQ(sound.converter.copy(6000, across), 4800) << "up to the end of what was copied last";

@@ -13,25 +13,13 @@ TEST(NumberExpression, evaluatesSumsOfParameters) {
         std::optional<double> strict;
         std::optional<double> loose;
     };
-    for (const auto& [text, strict, loose] : std::initializer_list<Case>{
-             {"1-$split", 0.7, 0.7},
-             {"1-$none", {}, 0},
-             {"$a/0", 2, 2},
-             {"$a*3+4/2-1", 7, 7},
-             {"8/2/2", 2, 2},
-             {"--1", 1, 1},
-             {"-(2+3)*2", -10, -10},
-             {"2 3", 23, 23},
-             {"$title2_b", 7, 7},
-             {"$word", {}, 1},
-             {"", {}, {}},
-             {"1+", {}, {}},
-             {"(1+2", {}, {}},
-             {"2 3)", {}, {}},
-             {"$", {}, {}},
-             {"1..2", {}, {}},
-             {"1e5", {}, {}},
-         }) {
+    const Case cases[] = {{"1-$split", 0.7, 0.7}, {"1-$none", {}, 0}, {"$a/0", 2, 2},
+                          {"$a*3+4/2-1", 7, 7},   {"8/2/2", 2, 2},    {"--1", 1, 1},
+                          {"-(2+3)*2", -10, -10}, {"2 3", 23, 23},    {"$title2_b", 7, 7},
+                          {"$word", {}, 1},       {"", {}, {}},       {"1+", {}, {}},
+                          {"(1+2", {}, {}},       {"2 3)", {}, {}},   {"$", {}, {}},
+                          {"1..2", {}, {}},       {"1e5", {}, {}}};
+    for (const auto& [text, strict, loose] : cases) {
         const auto near = [](std::optional<double> one, std::optional<double> other) {
             return one.has_value() == other.has_value() && (!one || std::abs(*one - *other) < 1e-12);
         };

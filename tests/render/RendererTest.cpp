@@ -119,14 +119,10 @@ TEST(Renderer, transitionsFollowTheirFormulas) {
         double progress;
         int expected;
     };
-    for (const auto& [name, progress, expected] : std::vector<Case>{{"flash", -1, 240}, // 100 + 0.9·155
-                                                                    {"flash", 0.5, 135},
-                                                                    {"flash", 2, 100},
-                                                                    {"dip", 0, 0},
-                                                                    {"dip", 0.25, 25},
-                                                                    {"blur", 0, 100},
-                                                                    {"whip", 0.5, 100},
-                                                                    {"wipe", 0.5, 100}}) {
+    // A flash begins at 100 + 0.9·155.
+    const Case cases[] = {{"flash", -1, 240}, {"flash", 0.5, 135}, {"flash", 2, 100},  {"dip", 0, 0},
+                          {"dip", 0.25, 25},  {"blur", 0, 100},    {"whip", 0.5, 100}, {"wipe", 0.5, 100}};
+    for (const auto& [name, progress, expected] : cases) {
         const auto image = Renderer::transitionIn(name, grey, progress, frame);
         for (const int x : {0, 540, 1079}) {
             EXPECT_TRUE(near(at(image, x, 7), expected, expected, expected)) << name << " at " << progress;

@@ -94,12 +94,9 @@ TEST(Stills, afterTheEndTheLastFrameOfTheLastCutStays) {
     const auto video = samples::video(project, {{0, 0, 1}, {0, 2.033, 3.067}});
     const auto composition = VideoComposition::make(video, project, {}, "", {}, 30);
     ASSERT_EQ(composition.frameCount(), 61);
-    for (const auto& [time, number] : {std::pair{1.0, 61},
-                                       {0.9995, 61},
-                                       {60 / 30.0, 91},
-                                       {composition.length(), 91},
-                                       {99.0, 91},
-                                       {0.998, 29}}) {
+    const std::pair<double, int> shown[] = {
+        {1.0, 61}, {0.9995, 61}, {60 / 30.0, 91}, {composition.length(), 91}, {99.0, 91}, {0.998, 29}};
+    for (const auto& [time, number] : shown) {
         const auto still = Stills::frame({video, project, {}}, time, *composition.box);
         EXPECT_EQ(samples::numberIn(samples::drawn(still, 1080, 1080)), number) << time;
     }

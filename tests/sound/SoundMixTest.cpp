@@ -184,17 +184,10 @@ TEST(SoundMix, musicGivesWayToSpeech) {
     const auto gain = [&](double time) { return SoundMix::gain(mixed.tracks()[1].gains, time); };
     EXPECT_NEAR(gain(11), 1, 1e-9) << "music never ducks by itself";
     mixed.mix().duck = 0.2;
-    for (const auto& [time, expected] : {std::pair{9.7, 1.0},
-                                         {10.0, 0.2},
-                                         {12.2, 0.2},
-                                         {14.0, 0.2},
-                                         {14.1, 0.52},
-                                         {14.3, 1.0},
-                                         {22.0, 0.2},
-                                         {22.2, 0.84},
-                                         {22.5, 0.2},
-                                         {34.0, 0.2}})
-        EXPECT_NEAR(gain(time), expected, 1e-6) << time;
+    constexpr std::pair<double, double> gains[] = {{9.7, 1.0},   {10.0, 0.2}, {12.2, 0.2}, {14.0, 0.2},
+                                                   {14.1, 0.52}, {14.3, 1.0}, {22.0, 0.2}, {22.2, 0.84},
+                                                   {22.5, 0.2},  {34.0, 0.2}};
+    for (const auto& [time, expected] : gains) EXPECT_NEAR(gain(time), expected, 1e-6) << time;
     mixed.mix().duck = 1;
     for (const double time : {9.9, 11.0, 12.2, 14.1, 22.2}) EXPECT_NEAR(gain(time), 1, 1e-9) << time;
 }
