@@ -83,11 +83,14 @@ std::vector<std::pair<std::string_view, Image>> graphs() {
         {"turned, smeared and masked", frame.transformed(Transform().rotated(90).translated(262, 0))
                                            .motionBlurred(17, 200)
                                            .masked(caption.clamped())},
-        {"drawn once within another", frame.drawnOnce()
-                                          .transformed(Transform().rotated(-33).translated(9, 140))
-                                          .over(frame.drawnOnce(), Blend::screen)
-                                          .drawnOnce()
-                                          .faded(0.7)},
+        // Made anew for each band, so that nothing is kept from one drawing to the next.
+        {"drawn once within another",
+         Image::later(all,
+                      [frame] {
+                          const Image once = frame.drawnOnce();
+                          const auto way = Transform().rotated(-33).translated(9, 140);
+                          return once.transformed(way).over(once, Blend::screen).drawnOnce().faded(0.7);
+                      })},
         {"mirrored and beyond its edge",
          split.transformed(Transform().scaled(-1.3, 0.4).translated(222, 99)).clamped()},
         {"shapes", shapes(frame)}};

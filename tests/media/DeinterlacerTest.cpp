@@ -1,6 +1,5 @@
 #include "platform/media/Deinterlacer.h"
-
-#include <cstring>
+#include "tests/media/Made.h"
 
 #include <gtest/gtest.h>
 
@@ -12,16 +11,9 @@ constexpr int side = 64;
 
 /// A picture whose even rows have one shade and whose odd rows have another.
 ffmpeg::Picture comb(int even, int odd, std::int64_t time, bool interlaced, int width = side) {
-    auto made = ffmpeg::makePicture();
-    made->format = AV_PIX_FMT_YUV420P;
-    made->width = width;
-    made->height = side;
-    EXPECT_GE(av_frame_get_buffer(made.get(), 0), 0);
+    auto made = made::picture(AV_PIX_FMT_YUV420P, width, side, 128);
     for (int y = 0; y < side; ++y)
         std::memset(made->data[0] + y * made->linesize[0], y % 2 ? odd : even, std::size_t(width));
-    for (int plane : {1, 2})
-        for (int y = 0; y < side / 2; ++y)
-            std::memset(made->data[plane] + y * made->linesize[plane], 128, std::size_t(width / 2));
     made->interlaced_frame = interlaced;
     made->top_field_first = 1;
     made->pts = time;

@@ -9,14 +9,6 @@
 
 using namespace murbo;
 
-namespace {
-
-std::string refusal(const std::filesystem::path& path) {
-    return problemOf([&] { MediaFile::facts(path); });
-}
-
-}
-
 TEST(Demuxer, refusesWhatIsNoMedia) {
     const TemporaryFolder folder;
     std::string noise(200000, 0);
@@ -36,7 +28,8 @@ TEST(Demuxer, refusesWhatIsNoMedia) {
         {folder.file("list.ts", "#EXTM3U\n#EXT-X-TARGETDURATION:5\n#EXTINF:5,\n/etc/passwd\n"),
          "“list.ts” is no movie or sound file that can be read."},
     };
-    for (const auto& [path, words] : cases) EXPECT_EQ(refusal(path), words);
+    for (const auto& [path, words] : cases)
+        EXPECT_EQ(problemOf([&file = path] { MediaFile::facts(file); }), words);
 }
 
 TEST(Demuxer, goesToTheBeginningFromWhereverItStands) {

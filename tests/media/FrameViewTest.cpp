@@ -70,14 +70,6 @@ TEST(FrameView, readsTheColoursThatAPictureNamesElseThoseOfItsSize) {
     constexpr auto noSpace = AVCOL_SPC_UNSPECIFIED;
     constexpr auto noPrimaries = AVCOL_PRI_UNSPECIFIED;
     constexpr auto noCurve = AVCOL_TRC_UNSPECIFIED;
-    const auto made = [](int width, int height) {
-        auto picture = ffmpeg::makePicture();
-        picture->format = AV_PIX_FMT_YUV420P;
-        picture->width = width;
-        picture->height = height;
-        EXPECT_GE(av_frame_get_buffer(picture.get(), 0), 0);
-        return picture;
-    };
     for (const auto& [width, height, space, primaries, curve, told] :
          {Case{1278, 576, noSpace, noPrimaries, noCurve, "601 709 sdr"},
           {1280, 2, noSpace, noPrimaries, noCurve, "709 709 sdr"},
@@ -92,7 +84,7 @@ TEST(FrameView, readsTheColoursThatAPictureNamesElseThoseOfItsSize) {
           {64, 64, noSpace, AVCOL_PRI_BT2020, noCurve, "2020 2020 sdr"},
           {64, 64, noSpace, noPrimaries, AVCOL_TRC_ARIB_STD_B67, "2020 2020 hlg"},
           {64, 64, noSpace, AVCOL_PRI_BT709, AVCOL_TRC_SMPTE2084, "2020 709 pq"}}) {
-        auto picture = made(width, height);
+        auto picture = made::picture(AV_PIX_FMT_YUV420P, width, height);
         picture->colorspace = space;
         picture->color_primaries = primaries;
         picture->color_trc = curve;
@@ -117,7 +109,7 @@ TEST(FrameView, readsTheColoursThatAPictureNamesElseThoseOfItsSize) {
           {AVCHROMA_LOC_UNSPECIFIED, AV_CODEC_ID_MJPEG, Site::centre},
           {AVCHROMA_LOC_UNSPECIFIED, AV_CODEC_ID_VP8, Site::centre},
           {AVCHROMA_LOC_UNSPECIFIED, AV_CODEC_ID_THEORA, Site::centre}}) {
-        auto picture = made(64, 64);
+        auto picture = made::picture(AV_PIX_FMT_YUV420P, 64, 64);
         picture->chroma_location = location;
         EXPECT_EQ(FrameView::of(std::move(picture), {0, 1, codec})->chromaSite, site) << codec;
     }
@@ -126,7 +118,7 @@ TEST(FrameView, readsTheColoursThatAPictureNamesElseThoseOfItsSize) {
                                              {AVCOL_RANGE_UNSPECIFIED, AV_CODEC_ID_PNG, true},
                                              {AVCOL_RANGE_MPEG, AV_CODEC_ID_MJPEG, false},
                                              {AVCOL_RANGE_JPEG, AV_CODEC_ID_H264, true}}) {
-        auto picture = made(64, 64);
+        auto picture = made::picture(AV_PIX_FMT_YUV420P, 64, 64);
         picture->color_range = range;
         const auto frame = FrameView::of(std::move(picture), {3, 1.5, codec});
         EXPECT_EQ(frame->fullRange, full) << codec;

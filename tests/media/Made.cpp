@@ -4,6 +4,17 @@
 
 namespace murbo::made {
 
+ffmpeg::Picture picture(AVPixelFormat format, int width, int height, int byte) {
+    auto made = ffmpeg::makePicture();
+    made->format = format;
+    made->width = width;
+    made->height = height;
+    EXPECT_GE(av_frame_get_buffer(made.get(), 0), 0);
+    for (int plane = 0; plane < 4 && made->buf[plane]; ++plane)
+        std::memset(made->buf[plane]->data, byte, made->buf[plane]->size);
+    return made;
+}
+
 std::vector<Shown> pictures(const std::filesystem::path& path, const std::string& filter) {
     std::istringstream lines(output("ffmpeg -nostdin -v quiet -noautorotate -i " + quoted(path) +
                                     " -map 0:v:0 -fps_mode passthrough -vf " + filter +

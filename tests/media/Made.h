@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/image/Frame.h"
+#include "platform/media/FFmpeg.h"
 #include "platform/media/MediaFile.h"
 #include "tests/MadeMedia.h"
 
@@ -17,6 +18,9 @@ inline const std::string x264 = "-c:v libx264 -preset ultrafast -pix_fmt yuv420p
 inline MediaFacts factsOf(const char* name, const std::string& arguments) {
     return MediaFile::facts(file(name, arguments));
 }
+
+/// A picture as a decoder gives it, all bytes of its planes alike.
+ffmpeg::Picture picture(AVPixelFormat format, int width, int height, int byte = 0);
 
 /// Every picture that the ffmpeg program decodes: when it comes on, in seconds, and the sum of its bytes.
 struct Shown {

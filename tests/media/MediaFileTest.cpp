@@ -11,14 +11,6 @@
 
 using namespace murbo;
 
-namespace {
-
-std::string refusal(const std::filesystem::path& path) {
-    return problemOf([&] { MediaFile::facts(path); });
-}
-
-}
-
 TEST(MediaFile, tellsTheFactsOfRealFootage) {
     const std::filesystem::path folder = MURBO_FOOTAGE;
     if (!std::filesystem::exists(folder)) GTEST_SKIP() << "The real footage is not on this machine.";
@@ -49,7 +41,8 @@ TEST(MediaFile, tellsTheFactsOfRealFootage) {
         if (facts.sound) text += fmt::format(", {} {}", facts.sound->rate, facts.sound->channels);
         EXPECT_EQ(text, told) << name;
     }
-    EXPECT_NE(refusal(folder / "broken-no-moov.mp4").find("has no index"), std::string::npos);
+    EXPECT_NE(problemOf([&] { MediaFile::facts(folder / "broken-no-moov.mp4"); }).find("has no index"),
+              std::string::npos);
     EXPECT_FALSE(MediaFile::facts(folder / "speech-jfk-1961.wav").picture);
     EXPECT_FALSE(MediaFile::facts(folder / "sounds" / "music.mp3").picture) << "a cover is no picture track";
 }
@@ -68,5 +61,5 @@ TEST(MediaFile, aFileThatIsReplacedHasOtherFacts) {
     std::filesystem::rename(folder / "other.wav", place);
     EXPECT_NEAR(MediaFile::facts(place).length, 2, 0.01);
     std::filesystem::remove(place);
-    EXPECT_NE(refusal(place), "");
+    EXPECT_NE(problemOf([&] { MediaFile::facts(place); }), "");
 }

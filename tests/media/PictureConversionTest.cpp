@@ -1,4 +1,5 @@
 #include "platform/media/PictureConversion.h"
+#include "tests/media/Made.h"
 
 #include <cstring>
 
@@ -11,18 +12,6 @@ extern "C" {
 using namespace murbo;
 
 namespace {
-
-/// An empty picture; its rows are whole, and all of it is set to one byte.
-ffmpeg::Picture picture(AVPixelFormat format, int width, int height, int byte) {
-    auto made = ffmpeg::makePicture();
-    made->format = format;
-    made->width = width;
-    made->height = height;
-    EXPECT_GE(av_frame_get_buffer(made.get(), 0), 0);
-    for (int plane = 0; plane < 4 && made->buf[plane]; ++plane)
-        std::memset(made->buf[plane]->data, byte, made->buf[plane]->size);
-    return made;
-}
 
 std::string nameOf(AVPixelFormat format) {
     return av_get_pix_fmt_name(format);
@@ -76,7 +65,7 @@ TEST(PictureConversion, leavesTheRestToBeConvertedAndThenItCan) {
         {AV_PIX_FMT_YA8, AV_PIX_FMT_BGRA}};
     for (const auto& [format, target] : cases) {
         EXPECT_FALSE(PictureConversion::layout(format)) << nameOf(format);
-        const auto made = PictureConversion::converted(picture(format, 32, 16, 0));
+        const auto made = PictureConversion::converted(made::picture(format, 32, 16, 0));
         ASSERT_TRUE(made) << nameOf(format);
         EXPECT_EQ(nameOf(static_cast<AVPixelFormat>(made->format)), nameOf(target)) << nameOf(format);
         EXPECT_TRUE(PictureConversion::layout(target)) << nameOf(format);
@@ -87,7 +76,7 @@ TEST(PictureConversion, leavesTheRestToBeConvertedAndThenItCan) {
 
 TEST(PictureConversion, keepsSamplesTimesAndColours) {
     for (const auto range : {AVCOL_RANGE_MPEG, AVCOL_RANGE_JPEG}) {
-        auto packed = picture(AV_PIX_FMT_YUYV422, 32, 16, 200);
+        auto packed = made::picture(AV_PIX_FMT_YUYV422, 32, 16, 200);
         packed->color_range = range;
         packed->pts = 77;
         packed->colorspace = AVCOL_SPC_BT709;
@@ -95,17 +84,17 @@ TEST(PictureConversion, keepsSamplesTimesAndColours) {
         for (int plane = 0; plane < 3; ++plane) EXPECT_EQ(made->data[plane][0], 200) << plane << range;
         EXPECT_EQ(made->pts, 77);
         EXPECT_EQ(made->colorspace, AVCOL_SPC_BT709);
-        auto grey = picture(AV_PIX_FMT_YA8, 32, 16, 235);
+        auto grey = made::picture(AV_PIX_FMT_YA8, 32, 16, 235);
         grey->color_range = range;
         EXPECT_EQ(PictureConversion::converted(std::move(grey))->data[0][0],
                   range == AVCOL_RANGE_JPEG ? 235 : 255);
     }
-    auto red = picture(AV_PIX_FMT_RGB24, 32, 16, 0);
+    auto red = made::picture(AV_PIX_FMT_RGB24, 32, 16, 0);
     for (int x = 0; x < 32; ++x) red->data[0][3 * x] = 255;
     const auto pixels = PictureConversion::converted(std::move(red));
     EXPECT_EQ(pixels->data[0][2], 255);
     EXPECT_EQ(pixels->data[0][0], 0);
-    auto deep = picture(AV_PIX_FMT_YUV420P10BE, 32, 16, 0);
+    auto deep = made::picture(AV_PIX_FMT_YUV420P10BE, 32, 16, 0);
     for (int x = 0; x < 32; ++x) deep->data[0][2 * x + 1] = 200; // 200 of 1023
     EXPECT_EQ(wordAt(*PictureConversion::converted(std::move(deep)), 0), 800) << "of 4095";
     EXPECT_FALSE(PictureConversion::converted(ffmpeg::makePicture())) << "of no format";
