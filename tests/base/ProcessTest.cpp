@@ -1,3 +1,4 @@
+#include "platform/base/Descriptor.h"
 #include "platform/base/Process.h"
 
 #include <fmt/format.h>
@@ -15,27 +16,18 @@ std::chrono::steady_clock::time_point late() {
     return std::chrono::steady_clock::now() + 1min;
 }
 
-/// A pipe, for `wake`.
-struct WakingPipe {
-    WakingPipe() {
-        if (::pipe(ends) != 0) throw std::runtime_error("no pipe");
-    }
-    ~WakingPipe() {
-        for (const int end : ends) ::close(end);
-    }
-    int ends[2];
-};
-
 }
 
 TEST(Process, waitsNoLongerThanAskedAndCanBeWoken) {
-    WakingPipe pipe;
+    int ends[2];
+    ASSERT_EQ(::pipe(ends), 0);
+    const Descriptor reading(ends[0]), writing(ends[1]);
     Process process(shell, {"-c", "read line; sleep 600"});
     EXPECT_FALSE(process.wait(std::chrono::steady_clock::now(), -1));
-    EXPECT_FALSE(process.wait(std::chrono::steady_clock::now() + 10ms, pipe.ends[0]));
+    EXPECT_FALSE(process.wait(std::chrono::steady_clock::now() + 10ms, reading));
     EXPECT_FALSE(process.succeeded()) << "it has not ended";
-    ASSERT_EQ(::write(pipe.ends[1], "x", 1), 1);
-    EXPECT_FALSE(process.wait(late(), pipe.ends[0]));
+    ASSERT_EQ(::write(writing, "x", 1), 1);
+    EXPECT_FALSE(process.wait(late(), reading));
     process.end();
     EXPECT_FALSE(process.succeeded());
     process.end();

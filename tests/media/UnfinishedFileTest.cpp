@@ -115,12 +115,9 @@ TEST(UnfinishedFile, writesWhereALinkLeadsAndLeavesTheLink) {
         fs::create_directory(folder / "far");
         fs::create_symlink("far/movie.mp4", folder / "near.mp4");
         fs::create_symlink("near.mp4", folder / "nearer.mp4");
-        for (const char* name : {"near.mp4", "nearer.mp4"}) {
-            write(folder / name, named);
-            EXPECT_TRUE(fs::is_symlink(folder / name));
-            EXPECT_EQ(contentsOf(folder / "far" / "movie.mp4"), "new");
-            std::ofstream(folder / "far" / "movie.mp4") << "the old one";
-        }
+        write(folder / "nearer.mp4", named);
+        for (const char* name : {"near.mp4", "nearer.mp4"}) EXPECT_TRUE(fs::is_symlink(folder / name));
+        EXPECT_EQ(contentsOf(folder / "far" / "movie.mp4"), "new");
         EXPECT_EQ(entriesIn(folder / "far"), 1);
         EXPECT_EQ(entriesIn(folder.path), 3);
     }
