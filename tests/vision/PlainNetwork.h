@@ -14,7 +14,6 @@ class PlainNetwork {
 public:
     static std::vector<double> run(const Graph& graph, const std::vector<double>& input) {
         PlainNetwork plain{graph};
-        plain.values.resize(graph.values.size());
         plain.values[std::size_t(graph.input)] = input;
         for (const auto& layer : graph.layers) plain.run(layer);
         return plain.values[std::size_t(graph.output)];
@@ -22,7 +21,7 @@ public:
 
 private:
     using Kind = Graph::Layer::Kind;
-    explicit PlainNetwork(const Graph& given) : graph(given) {}
+    explicit PlainNetwork(const Graph& given) : graph(given), values(given.values.size()) {}
 
     /// Nothing lies beyond the picture.
     double at(int value, int y, int x, int channel) const {
@@ -32,7 +31,6 @@ private:
     }
 
     static double activated(double x, Graph::Activation activation) {
-        const double six = std::clamp(x + 3, 0., 6.);
         switch (activation) {
             case Graph::Activation::none:
                 return x;
@@ -41,7 +39,7 @@ private:
             case Graph::Activation::relu6:
                 return std::clamp(x, 0., 6.);
             case Graph::Activation::hardSwish:
-                return x * six / 6;
+                return x * std::clamp(x + 3, 0., 6.) / 6;
             case Graph::Activation::logistic:
                 return 1 / (1 + std::exp(-x));
         }
@@ -77,18 +75,16 @@ private:
 
     double resized(const Graph::Layer& layer, Graph::Shape to, int y, int x, int channel) const {
         const auto from = graph.values[std::size_t(layer.inputs[0])];
-        const auto split = [](int i, int given, int wanted) {
-            const double exact = std::max((i + 0.5) * given / wanted - 0.5, 0.);
-            return std::pair(int(exact), exact - int(exact));
+        const auto place = [](int i, int given, int wanted) {
+            return std::clamp((i + 0.5) * given / wanted - 0.5, 0., given - 1.);
         };
-        const auto [top, down] = split(y, from.height, to.height);
-        const auto [left, along] = split(x, from.width, to.width);
-        const auto row = [&](int line) {
-            const int held = std::min(line, from.height - 1);
-            return at(layer.inputs[0], held, left, channel) * (1 - along) +
-                   at(layer.inputs[0], held, std::min(left + 1, from.width - 1), channel) * along;
-        };
-        return row(top) * (1 - down) + row(top + 1) * down;
+        const double down = place(y, from.height, to.height), along = place(x, from.width, to.width);
+        double sum = 0;
+        for (int row = 0; row < from.height; ++row)
+            for (int column = 0; column < from.width; ++column)
+                sum += at(layer.inputs[0], row, column, channel) * std::max(1 - std::abs(down - row), 0.) *
+                       std::max(1 - std::abs(along - column), 0.);
+        return sum;
     }
 
     double mean(const Graph::Layer& layer, int channel) const {
