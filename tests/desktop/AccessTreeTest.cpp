@@ -2,7 +2,7 @@
 #include "app/desktop/Actions.h"
 #include "app/desktop/access/AccessTree.h"
 #include "tests/desktop/AccessWalk.h"
-#include "tests/desktop/WindowOfProject.h"
+#include "tests/desktop/OnWindow.h"
 
 #include <QKeySequence>
 #include <algorithm>
@@ -39,54 +39,48 @@ private:
     std::vector<AccessNode> nodes;
 };
 
+using AccessTreeTest = OnWindow<CutWindow>;
+
 }
 
-TEST(AccessTree, allThatIsShownHasANameARoleAndASize) {
-    MURBO_NEEDS_FFMPEG();
-    CutWindow shown;
+TEST_F(AccessTreeTest, allThatIsShownHasANameARoleAndASize) {
     for (const auto& size : {QSize(1024, 640), QSize(1280, 800), QSize(1920, 1080)}) {
-        shown.window().resize(size);
-        shown.expectNoFaults(std::to_string(size.width()));
+        shown->window().resize(size);
+        shown->expectNoFaults(std::to_string(size.width()));
     }
     for (const auto* tab : {"tab.transcript", "tab.captions", "tab.inspector"}) {
-        shown.project().perform(tab);
-        shown.expectNoFaults(tab);
+        shown->project().perform(tab);
+        shown->expectNoFaults(tab);
     }
     for (const auto* page :
          {"go.videos", "go.sources", "go.playbooks", "go.layouts", "go.sounds", "go.clips"}) {
-        shown.project().perform(page);
-        shown.expectNoFaults(page);
+        shown->project().perform(page);
+        shown->expectNoFaults(page);
     }
     for (const auto& picked : {"key.cutFace", "walk.first", "framing"}) {
-        shown.project().perform(picked);
-        shown.expectNoFaults(picked);
+        shown->project().perform(picked);
+        shown->expectNoFaults(picked);
     }
-    EXPECT_EQ(Complaints::list(), "");
 }
 
-TEST(AccessTree, sheetsHaveThemToo) {
-    MURBO_NEEDS_FFMPEG();
-    CutWindow shown;
+TEST_F(AccessTreeTest, sheetsHaveThemToo) {
     for (const auto* sheet : {"export", "newVideo", "addFiles", "addStream", "renameVideo", "palette",
-                              "history", "saveAs", "findMissing", "settings", "keys"}) {
-        shown.project().setSheet(sheet);
-        shown.expectNoFaults(sheet);
-        shown.project().setSheet("");
+                              "history", "saveAs", "duplicate", "findMissing", "settings", "keys"}) {
+        shown->project().setSheet(sheet);
+        shown->expectNoFaults(sheet);
+        shown->project().setSheet("");
     }
-    shown.desktop->showStart();
-    shown.settle();
-    EXPECT_EQ(AccessWalk::faults(*shown.desktop->startWindow()), "");
-    EXPECT_EQ(AccessWalk::pressedByMouseAlone(*shown.desktop->startWindow()), "");
-    EXPECT_EQ(Complaints::list(), "");
+    shown->desktop->showStart();
+    shown->settle();
+    EXPECT_EQ(AccessWalk::faults(*shown->desktop->startWindow()), "");
+    EXPECT_EQ(AccessWalk::pressedByMouseAlone(*shown->desktop->startWindow()), "");
 }
 
-TEST(AccessTree, theNextRegionIsReachedByOneKeyAndTheRingCloses) {
-    MURBO_NEEDS_FFMPEG();
-    CutWindow shown;
+TEST_F(AccessTreeTest, theNextRegionIsReachedByOneKeyAndTheRingCloses) {
     std::vector<std::string> names;
     for (int at = 0; at < 12; ++at) {
-        shown.key(Qt::Key_F6);
-        const auto* node = shown.focused();
+        shown->key(Qt::Key_F6);
+        const auto* node = shown->focused();
         ASSERT_TRUE(node) << "nobody has the keys after " << at;
         const auto name = node->name.toStdString();
         if (!names.empty() && name == names.front()) break;
@@ -96,32 +90,27 @@ TEST(AccessTree, theNextRegionIsReachedByOneKeyAndTheRingCloses) {
     for (const auto* wanted : {"Project", "Browser", "Timeline of V1", "Inspector"})
         EXPECT_TRUE(std::ranges::any_of(names, [&](const auto& name) { return name.starts_with(wanted); }))
             << wanted << " is not in " << testing::PrintToString(names);
-    EXPECT_EQ(Complaints::list(), "");
 }
 
-TEST(AccessTree, theRingGoesOnFromWhereTheKeysAreAndASheetGivesThemBack) {
-    MURBO_NEEDS_FFMPEG();
-    CutWindow shown;
-    ASSERT_TRUE(shown.project().perform("go.clips"));
-    ASSERT_EQ(shown.focused()->name, "Browser");
-    shown.key(Qt::Key_K, Qt::ControlModifier);
-    EXPECT_EQ(shown.focused()->name, "Commands");
-    shown.key(Qt::Key_Escape);
-    ASSERT_TRUE(shown.focused());
-    EXPECT_EQ(shown.focused()->name, "Browser");
-    shown.key(Qt::Key_F6, Qt::ShiftModifier);
-    EXPECT_EQ(shown.focused()->name, "Project");
+TEST_F(AccessTreeTest, theRingGoesOnFromWhereTheKeysAreAndASheetGivesThemBack) {
+    ASSERT_TRUE(shown->project().perform("go.clips"));
+    ASSERT_EQ(shown->focused()->name, "Browser");
+    shown->key(Qt::Key_K, Qt::ControlModifier);
+    EXPECT_EQ(shown->focused()->name, "Commands");
+    shown->key(Qt::Key_Escape);
+    ASSERT_TRUE(shown->focused());
+    EXPECT_EQ(shown->focused()->name, "Browser");
+    shown->key(Qt::Key_F6, Qt::ShiftModifier);
+    EXPECT_EQ(shown->focused()->name, "Project");
 }
 
 /// Whatever the table has is reached without a mouse: by its words in the palette, and by its keys.
-TEST(AccessTree, noActionIsForTheMouseAlone) {
-    MURBO_NEEDS_FFMPEG();
-    CutWindow shown;
+TEST_F(AccessTreeTest, noActionIsForTheMouseAlone) {
     std::string unreached;
     for (const auto& action : Actions::all()) {
         if (action.id == "palette") continue;
         const auto words = QString::fromStdString(Actions::title(action));
-        const auto lines = shown.project().found(words);
+        const auto lines = shown->project().found(words);
         if (lines.empty() || lines[0].toMap()["id"].toString().toStdString() != action.id)
             unreached += action.id + " is not what the palette gives for its title\n";
         const auto bare = Keys::name(action.command ? Keys::standard().key(*action.command) : "");

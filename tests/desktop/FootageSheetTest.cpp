@@ -1,8 +1,6 @@
 #include "app/desktop/footage/FootageSheet.h"
 #include "platform/base/Files.h"
-#include "tests/desktop/WindowOfProject.h"
-
-#include <fstream>
+#include "tests/desktop/OnWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -18,49 +16,44 @@ QString path(const std::filesystem::path& file) {
     return QString::fromStdString(file.string());
 }
 
+using FootageSheetTest = OnWindow<WindowOfProject>;
+
 }
 
-TEST(FootageSheet, aHugeFolderIsStoppedByItsButtonAndByEsc) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    const auto drop = shown.folder / "Drop";
+TEST_F(FootageSheetTest, aHugeFolderIsStoppedByItsButtonAndByEsc) {
+    const auto drop = shown->folder / "Drop";
     std::filesystem::create_directory(drop);
     constexpr int files = 3000;
     for (int at = 0; at < files; ++at)
         std::filesystem::create_hard_link(made::file("plain.mp4", ""), drop / (std::to_string(at) + ".mp4"));
-    auto& sheet = shown.opened->footage();
-    shown.opened->takeFootage({path(drop)});
+    auto& sheet = shown->opened->footage();
+    shown->opened->takeFootage({path(drop)});
     ASSERT_TRUE(QTest::qWaitFor([&] { return sheet.count() == files; }, 20000));
-    shown.settle(200);
-    auto* stop = shown.named("Stop");
+    shown->settle(200);
+    auto* stop = shown->named("Stop");
     ASSERT_TRUE(stop);
-    shown.clickOn(stop);
+    shown->clickOn(stop);
     ASSERT_TRUE(waitForFiles(sheet, 2000));
     EXPECT_GT(sheet.count(), 0);
     EXPECT_LT(sheet.count(), files);
     EXPECT_EQ(sheet.readable(), sheet.count()) << "what is left was looked at";
-    EXPECT_FALSE(shown.named("Stop"));
+    EXPECT_FALSE(shown->named("Stop"));
 
     sheet.take({path(drop)});
-    shown.key(Qt::Key_Escape);
-    EXPECT_EQ(shown.project().sheet(), "");
+    shown->key(Qt::Key_Escape);
+    EXPECT_EQ(shown->project().sheet(), "");
     EXPECT_FALSE(sheet.reading());
     EXPECT_EQ(sheet.count(), 0);
-    EXPECT_EQ(Complaints::list(), "");
 }
 
-TEST(FootageSheet, listsWhatWasHandedOverWithTheReasonOfWhatCannotComeIn) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    const auto drop = shown.folder / "Drop";
+TEST_F(FootageSheetTest, listsWhatWasHandedOverWithTheReasonOfWhatCannotComeIn) {
+    const auto drop = shown->folder / "Drop";
     std::filesystem::create_directory(drop);
     std::filesystem::copy_file(made::file("plain.mp4", ""), drop / "clip 10.mp4");
     Files::writeWhole(drop / "clip 2.mp4", "no movie");
     Files::writeWhole(drop / "notes.txt", "x");
 
-    FootageSheet sheet(shown.editor());
+    FootageSheet sheet(shown->editor());
     sheet.take({path(drop), path(drop / "notes.txt"), path(drop / "clip 2.mp4")});
     ASSERT_TRUE(waitForFiles(sheet));
     const auto& rows = sheet.files()->rows();
@@ -80,60 +73,23 @@ TEST(FootageSheet, listsWhatWasHandedOverWithTheReasonOfWhatCannotComeIn) {
     EXPECT_EQ(sheet.count(), 2);
     sheet.setProperty("group", "Tuesday");
     sheet.setProperty("transcribe", false);
-    const auto before = shown.onDisk().sources.size();
+    const auto before = shown->onDisk().sources.size();
     sheet.add();
-    const auto project = shown.onDisk();
+    const auto project = shown->onDisk();
     ASSERT_EQ(project.sources.size(), before + 1);
     EXPECT_EQ(project.groups.back().name, "Tuesday");
-    EXPECT_EQ(shown.editor().history().undoName(), "Add Footage");
-    EXPECT_EQ(shown.editor().sidebar().source, project.sources.back().id);
+    EXPECT_EQ(shown->editor().history().undoName(), "Add Footage");
+    EXPECT_EQ(shown->editor().sidebar().source, project.sources.back().id);
 }
 
-TEST(FootageSheet, tenThousandFilesKeepTheWindowAlive) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    const auto drop = shown.folder / "Many";
-    std::filesystem::create_directory(drop);
-    for (int at = 0; at < 10000; ++at) std::ofstream(drop / (std::to_string(at) + ".mp4")) << "no movie";
-    FootageSheet sheet(shown.editor());
-    shown.project().setSheet("addFiles");
-    sheet.take({path(drop)});
-    EXPECT_TRUE(sheet.reading()) << "nobody waits for it";
-    int turns = 0;
-    for (; sheet.reading(); ++turns)
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
-    EXPECT_GT(turns, 10) << "others have their say meanwhile";
-    EXPECT_EQ(sheet.count(), 10000);
-    EXPECT_EQ(sheet.readable(), 0);
-}
-
-TEST(FootageSheet, isFilledByADropOnTheWindow) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    std::filesystem::copy_file(made::file("plain.mp4", ""), shown.folder / "dropped.mp4");
-    shown.opened->takeFootage({path(shown.folder / "dropped.mp4")});
-    EXPECT_EQ(shown.project().sheet(), "addFiles");
+TEST_F(FootageSheetTest, isFilledByADropOnTheWindow) {
+    std::filesystem::copy_file(made::file("plain.mp4", ""), shown->folder / "dropped.mp4");
+    shown->opened->takeFootage({path(shown->folder / "dropped.mp4")});
+    EXPECT_EQ(shown->project().sheet(), "addFiles");
     QTest::qWait(500);
-    const auto before = shown.onDisk().sources.size();
-    shown.key(Qt::Key_Return, Qt::ControlModifier);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.onDisk().sources.size() == before + 1; }, 10000));
-    shown.editor().work.cancelAll();
-    shown.settle();
-    EXPECT_EQ(Complaints::list(), "");
-}
-
-TEST(FootageSheet, withoutAPortalFilesAreChosenInTheWindow) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    shown.key(Qt::Key_I, Qt::ControlModifier);
-    shown.settle();
-    EXPECT_FALSE(shown.window().findChild<QQuickItem*>("filePicker"));
-    shown.key(Qt::Key_Return); // "Choose Files…" has the focus
-    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.window().findChild<QQuickItem*>("filePicker"); }, 8000));
-    shown.key(Qt::Key_Escape);
-    EXPECT_EQ(shown.project().sheet(), "");
-    EXPECT_EQ(Complaints::list(), "");
+    const auto before = shown->onDisk().sources.size();
+    shown->key(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown->onDisk().sources.size() == before + 1; }, 10000));
+    shown->editor().work.cancelAll();
+    shown->settle();
 }

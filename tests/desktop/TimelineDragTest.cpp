@@ -34,11 +34,15 @@ public:
     TimelineSpan span{0, 20, 800};
 };
 
+class TimelineDragTest : public testing::Test {
+protected:
+    TimelineVideo video;
+    Hand hand{video};
+};
+
 }
 
-TEST(TimelineDrag, aPressPicksAndGoesThere) {
-    TimelineVideo video;
-    Hand hand(video);
+TEST_F(TimelineDragTest, aPressPicksAndGoesThere) {
     hand.press(5);
     hand.drag.release();
     EXPECT_EQ(video.editor.picked()->id, video.cut(1).id);
@@ -48,10 +52,8 @@ TEST(TimelineDrag, aPressPicksAndGoesThere) {
     EXPECT_EQ(TimelinePicks::all(video.editor).size(), 2);
 }
 
-TEST(TimelineDrag, anEndIsTrimmedAsOneStep) {
-    TimelineVideo video;
+TEST_F(TimelineDragTest, anEndIsTrimmedAsOneStep) {
     video.editor.setSnapping(false);
-    Hand hand(video);
     hand.press(3.9);
     EXPECT_EQ(hand.drag.holding(), TimelineDrag::Grip::end);
     hand.move(3);
@@ -64,9 +66,7 @@ TEST(TimelineDrag, anEndIsTrimmedAsOneStep) {
     EXPECT_EQ(video.editor.history().undoName(), "Trim");
 }
 
-TEST(TimelineDrag, aTrimmedEdgeCatchesWhereALineEnds) {
-    TimelineVideo video;
-    Hand hand(video);
+TEST_F(TimelineDragTest, aTrimmedEdgeCatchesWhereALineEnds) {
     hand.press(3.9);
     hand.move(3.05); // the end at 13.15, within 8 points of the line's end at 13
     EXPECT_TRUE(hand.drag.snapLine());
@@ -76,22 +76,19 @@ TEST(TimelineDrag, aTrimmedEdgeCatchesWhereALineEnds) {
     hand.drag.release();
 }
 
-TEST(TimelineDrag, lettingGoOfATrimLeavesTheProjectAsItWas) {
-    TimelineVideo video;
+TEST_F(TimelineDragTest, lettingGoOfATrimLeavesTheProjectAsItWas) {
     const auto before = video.editor.project();
-    Hand hand(video);
     hand.press(3.9);
     hand.move(2);
     EXPECT_NE(video.editor.project(), before);
     hand.drag.cancel();
     EXPECT_EQ(video.editor.project(), before);
     EXPECT_EQ(hand.steps(), 0);
+    EXPECT_FALSE(video.editor.edge());
     EXPECT_FALSE(video.editor.unfinished());
 }
 
-TEST(TimelineDrag, aCutMovesToWhereItIsDropped) {
-    TimelineVideo video;
-    Hand hand(video);
+TEST_F(TimelineDragTest, aCutMovesToWhereItIsDropped) {
     const auto first = video.cut(0).id;
     hand.press(2);
     hand.move(11);
@@ -101,10 +98,8 @@ TEST(TimelineDrag, aCutMovesToWhereItIsDropped) {
     EXPECT_EQ(video.editor.history().undoName(), "Move Cut");
 }
 
-TEST(TimelineDrag, aSoundIsMovedAndMadeLonger) {
-    TimelineVideo video;
+TEST_F(TimelineDragTest, aSoundIsMovedAndMadeLonger) {
     video.editor.setSnapping(false);
-    Hand hand(video);
     hand.pull(5.5, 8.5, TimelineRow::sounds);
     const auto& sound = video.editor.video()->look->sounds[0];
     EXPECT_NEAR(sound.at, 51, 0.01) << "it hangs on the footage that is there";
@@ -114,9 +109,7 @@ TEST(TimelineDrag, aSoundIsMovedAndMadeLonger) {
     EXPECT_EQ(hand.steps(), 2);
 }
 
-TEST(TimelineDrag, theBladeCutsAndTheTrimToolSlips) {
-    TimelineVideo video;
-    Hand hand(video);
+TEST_F(TimelineDragTest, theBladeCutsAndTheTrimToolSlips) {
     video.editor.setSnapping(false);
     video.editor.setTool(EditingTool::blade);
     hand.press(2);
@@ -129,9 +122,7 @@ TEST(TimelineDrag, theBladeCutsAndTheTrimToolSlips) {
     EXPECT_EQ(video.editor.history().undoName(), "Slip");
 }
 
-TEST(TimelineDrag, aRubberBandCatchesWhatItTouches) {
-    TimelineVideo video;
-    Hand hand(video);
+TEST_F(TimelineDragTest, aRubberBandCatchesWhatItTouches) {
     hand.press(13);
     hand.move(8);
     ASSERT_TRUE(hand.drag.band());
@@ -141,19 +132,15 @@ TEST(TimelineDrag, aRubberBandCatchesWhatItTouches) {
     EXPECT_EQ(video.editor.picked()->id, video.cut(2).id);
 }
 
-TEST(TimelineDrag, theHandPans) {
-    TimelineVideo video;
-    Hand hand(video);
+TEST_F(TimelineDragTest, theHandPans) {
     video.editor.setTool(EditingTool::hand);
     hand.press(5);
     EXPECT_NEAR(hand.drag.move(video.layout(), hand.span, hand.at(3, TimelineRow::picture), {}), 2, 1e-9);
     EXPECT_FALSE(video.editor.picked());
 }
 
-TEST(TimelineDrag, whatGoesToAnotherPlaceIsSeenGoing) {
-    TimelineVideo video;
+TEST_F(TimelineDragTest, whatGoesToAnotherPlaceIsSeenGoing) {
     const auto before = video.editor.project();
-    Hand hand(video);
     hand.press(2);
     EXPECT_FALSE(hand.drag.ghost());
     hand.move(5);
@@ -167,9 +154,7 @@ TEST(TimelineDrag, whatGoesToAnotherPlaceIsSeenGoing) {
     EXPECT_EQ(video.editor.project(), before);
 }
 
-TEST(TimelineDrag, aTrimSaysWhichCutHasFreeFootage) {
-    TimelineVideo video;
-    Hand hand(video);
+TEST_F(TimelineDragTest, aTrimSaysWhichCutHasFreeFootage) {
     hand.press(3.9);
     EXPECT_FALSE(hand.drag.trimmed(video.layout())) << "not before it moves";
     hand.move(3);
@@ -181,12 +166,10 @@ TEST(TimelineDrag, aTrimSaysWhichCutHasFreeFootage) {
     hand.drag.cancel();
 }
 
-TEST(TimelineDrag, theSeamOfTwoCutsRollsAsOneStep) {
-    TimelineVideo video;
+TEST_F(TimelineDragTest, theSeamOfTwoCutsRollsAsOneStep) {
     video.editor.setSnapping(false);
     video.editor.setTool(EditingTool::trim);
     const auto before = video.editor.project();
-    Hand hand(video);
     hand.press(4.1);
     EXPECT_EQ(hand.drag.holding(), TimelineDrag::Grip::roll);
     hand.move(3);
@@ -214,11 +197,9 @@ TEST(TimelineDrag, theSeamOfTwoCutsRollsAsOneStep) {
     hand.drag.cancel();
 }
 
-TEST(TimelineDrag, theBladeWithShiftCutsThroughAllRows) {
-    TimelineVideo video;
+TEST_F(TimelineDragTest, theBladeWithShiftCutsThroughAllRows) {
     video.editor.setSnapping(false);
     video.editor.setTool(EditingTool::blade);
-    Hand hand(video);
     hand.press(5.5, TimelineRow::sounds);
     EXPECT_EQ(video.editor.video()->look->sounds.size(), 2) << "of that row alone";
     EXPECT_EQ(video.editor.video()->cuts.size(), 3);
@@ -229,10 +210,8 @@ TEST(TimelineDrag, theBladeWithShiftCutsThroughAllRows) {
     EXPECT_EQ(hand.steps(), 2);
 }
 
-TEST(TimelineDrag, aCaptionIsTakenByItsBodyAndStaysInItsCut) {
-    TimelineVideo video;
+TEST_F(TimelineDragTest, aCaptionIsTakenByItsBodyAndStaysInItsCut) {
     video.editor.setSnapping(false);
-    Hand hand(video);
     const auto line = video.editor.project().transcript(video.cut(1).source).lines[1].id;
     hand.pull(5.5, 6, TimelineRow::captions);
     const auto* entry = video.editor.video()->look->captions.line(line);
@@ -245,13 +224,11 @@ TEST(TimelineDrag, aCaptionIsTakenByItsBodyAndStaysInItsCut) {
     EXPECT_EQ(hand.steps(), 2);
 }
 
-TEST(TimelineDrag, aGeneratedCutGetsLongerAtEitherEnd) {
-    TimelineVideo video;
+TEST_F(TimelineDragTest, aGeneratedCutGetsLongerAtEitherEnd) {
     video.editor.setSnapping(false);
     video.editor.change("Card", [](Project& project) {
         project.videos.edit()[0].cuts.edit()[1] = Cut::generated("card", 1, {}, 3);
     });
-    Hand hand(video);
     hand.pull(6.9, 7.9);
     EXPECT_NEAR(video.cut(1).length(), 4, 0.01);
     hand.pull(4.1, 3.6);

@@ -1,5 +1,5 @@
 #include "app/desktop/timeline/TimelineView.h"
-#include "tests/desktop/WindowOfProject.h"
+#include "tests/desktop/OnWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -52,69 +52,44 @@ public:
     Project before;
 };
 
+using TimelineViewTest = OnWindow<TimelineWindow>;
+
 }
 
-TEST(TimelineView, aTrimThatIsDraggedCanBeTakenBackByEscape) {
-    MURBO_NEEDS_FFMPEG();
-    TimelineWindow shown;
-    ASSERT_EQ(shown.cuts(), 2);
-    const auto from = shown.at(4) - QPoint(3, 0);
-    QTest::mousePress(&shown.window(), Qt::LeftButton, {}, from);
-    QTest::mouseMove(&shown.window(), from - QPoint(20, 0));
-    QTest::mouseMove(&shown.window(), shown.at(3));
-    EXPECT_LT(shown.cut(0).end, 3.5);
-    EXPECT_TRUE(shown.editor().edge());
-    shown.key(Qt::Key_Escape);
-    QTest::mouseRelease(&shown.window(), Qt::LeftButton, {}, shown.at(3));
-    EXPECT_EQ(shown.editor().project(), shown.before);
-    EXPECT_FALSE(shown.editor().edge());
-    EXPECT_FALSE(shown.editor().unfinished());
-    EXPECT_EQ(Complaints::list(), "");
-}
-
-TEST(TimelineView, theOthersPartForACutThatIsCarried) {
-    MURBO_NEEDS_FFMPEG();
-    TimelineWindow shown;
-    ASSERT_EQ(shown.cuts(), 2);
-    auto* view = shown.view();
-    const auto first = shown.cut(0).id;
-    QTest::mousePress(&shown.window(), Qt::LeftButton, {}, shown.at(2));
-    for (const double time : {3.0, 5.0, 6.5}) QTest::mouseMove(&shown.window(), shown.at(time));
+TEST_F(TimelineViewTest, theOthersPartForACutThatIsCarried) {
+    ASSERT_EQ(shown->cuts(), 2);
+    auto* view = shown->view();
+    const auto first = shown->cut(0).id;
+    QTest::mousePress(&shown->window(), Qt::LeftButton, {}, shown->at(2));
+    for (const double time : {3.0, 5.0, 6.5}) QTest::mouseMove(&shown->window(), shown->at(time));
     EXPECT_NEAR(view->dropX(), view->shownSpan().x(3), 1) << "where its room begins";
     EXPECT_NEAR(view->ghost().width(), 4 * view->shownSpan().scale, 1);
-    EXPECT_EQ(shown.editor().project(), shown.before) << "nothing has moved yet";
-    shown.key(Qt::Key_Escape);
+    EXPECT_EQ(shown->editor().project(), shown->before) << "nothing has moved yet";
+    shown->key(Qt::Key_Escape);
     EXPECT_LT(view->dropX(), 0);
-    QTest::mouseRelease(&shown.window(), Qt::LeftButton, {}, shown.at(6.5));
-    EXPECT_EQ(shown.editor().project(), shown.before);
+    QTest::mouseRelease(&shown->window(), Qt::LeftButton, {}, shown->at(6.5));
+    EXPECT_EQ(shown->editor().project(), shown->before);
 
-    QTest::mousePress(&shown.window(), Qt::LeftButton, {}, shown.at(2));
-    for (const double time : {3.0, 5.0, 6.5}) QTest::mouseMove(&shown.window(), shown.at(time));
-    QTest::mouseRelease(&shown.window(), Qt::LeftButton, {}, shown.at(6.5));
-    EXPECT_EQ(shown.cut(1).id, first);
+    shown->carry(shown->at(2), shown->at(6.5), 3);
+    EXPECT_EQ(shown->cut(1).id, first);
     EXPECT_LT(view->dropX(), 0);
-    EXPECT_EQ(Complaints::list(), "");
 }
 
-TEST(TimelineView, allOfAVideoStaysInViewUntilSomebodyZooms) {
-    MURBO_NEEDS_FFMPEG();
-    TimelineWindow shown;
-    auto* view = shown.view();
+TEST_F(TimelineViewTest, allOfAVideoStaysInViewUntilSomebodyZooms) {
+    auto* view = shown->view();
     view->fit();
-    shown.window().resize(1100, 800);
-    shown.settle();
+    shown->window().resize(1100, 800);
+    shown->settle();
     EXPECT_LE(view->shownSpan().x(7), view->width());
     view->zoomRound(4, 0);
     const double scale = view->shownSpan().scale;
-    shown.window().resize(1400, 800);
-    shown.settle();
+    shown->window().resize(1400, 800);
+    shown->settle();
     EXPECT_EQ(view->shownSpan().scale, scale);
 }
 
-TEST(TimelineView, followsWhatLiesBeyondItsEndWithoutGoingRound) {
-    MURBO_NEEDS_FFMPEG();
-    TimelineWindow shown;
-    auto* view = shown.view();
+TEST_F(TimelineViewTest, followsWhatLiesBeyondItsEndWithoutGoingRound) {
+    auto* view = shown->view();
     view->zoomRound(12, 0);
     int turns = 0;
     const auto follow = [&] {
@@ -127,41 +102,37 @@ TEST(TimelineView, followsWhatLiesBeyondItsEndWithoutGoingRound) {
     EXPECT_GT(view->scroll(), 0);
 }
 
-TEST(TimelineView, runsAlongUnderADragAtItsSide) {
-    MURBO_NEEDS_FFMPEG();
-    TimelineWindow shown;
-    auto* view = shown.view();
+TEST_F(TimelineViewTest, runsAlongUnderADragAtItsSide) {
+    auto* view = shown->view();
     view->zoomRound(12, 0);
-    shown.settle();
+    shown->settle();
     ASSERT_EQ(view->scroll(), 0);
     const auto start = view->mapToScene({200, view->shown().track(TimelineRow::picture)->top + 30}).toPoint();
     const auto side =
         view->mapToScene({view->width() - 4, view->shown().track(TimelineRow::picture)->top + 30}).toPoint();
-    QTest::mousePress(&shown.window(), Qt::LeftButton, {}, start);
-    QTest::mouseMove(&shown.window(), start + QPoint(40, 0));
-    QTest::mouseMove(&shown.window(), side);
+    QTest::mousePress(&shown->window(), Qt::LeftButton, {}, start);
+    QTest::mouseMove(&shown->window(), start + QPoint(40, 0));
+    QTest::mouseMove(&shown->window(), side);
     EXPECT_TRUE(QTest::qWaitFor([&] { return view->scroll() > 0.5; }, 3000)) << "the hand holds still";
     EXPECT_GT(view->ghost().width(), 0);
-    shown.key(Qt::Key_Escape);
+    shown->key(Qt::Key_Escape);
     const double stopped = view->scroll();
     QTest::qWait(100);
     EXPECT_EQ(view->scroll(), stopped);
-    QTest::mouseRelease(&shown.window(), Qt::LeftButton, {}, side);
-    EXPECT_EQ(shown.editor().project(), shown.before);
+    QTest::mouseRelease(&shown->window(), Qt::LeftButton, {}, side);
+    EXPECT_EQ(shown->editor().project(), shown->before);
 }
 
-TEST(TimelineView, theBladeShowsTheMomentThatItWouldCut) {
-    MURBO_NEEDS_FFMPEG();
-    TimelineWindow shown;
-    shown.editor().setSnapping(false);
-    shown.key(Qt::Key_B);
-    QTest::mouseMove(&shown.window(), shown.at(5) - QPoint(5, 0));
-    QTest::mouseMove(&shown.window(), shown.at(5));
-    EXPECT_NEAR(shown.view()->bladeX(), shown.view()->shownSpan().x(5), 1);
-    EXPECT_TRUE(shown.view()->hint().startsWith("0:01") || shown.view()->hint().startsWith("0:00.9"))
-        << "a second into the second clip: " << shown.view()->hint().toStdString();
-    QTest::mouseClick(&shown.window(), Qt::LeftButton, {}, shown.at(5));
-    EXPECT_EQ(shown.cuts(), 3);
-    shown.key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(shown.editor().project(), shown.before);
+TEST_F(TimelineViewTest, theBladeShowsTheMomentThatItWouldCut) {
+    shown->editor().setSnapping(false);
+    shown->key(Qt::Key_B);
+    QTest::mouseMove(&shown->window(), shown->at(5) - QPoint(5, 0));
+    QTest::mouseMove(&shown->window(), shown->at(5));
+    EXPECT_NEAR(shown->view()->bladeX(), shown->view()->shownSpan().x(5), 1);
+    EXPECT_TRUE(shown->view()->hint().startsWith("0:01") || shown->view()->hint().startsWith("0:00.9"))
+        << "a second into the second clip: " << shown->view()->hint().toStdString();
+    QTest::mouseClick(&shown->window(), Qt::LeftButton, {}, shown->at(5));
+    EXPECT_EQ(shown->cuts(), 3);
+    shown->key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown->editor().project(), shown->before);
 }

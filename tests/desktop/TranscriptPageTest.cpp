@@ -1,3 +1,4 @@
+#include "tests/desktop/OnWindow.h"
 #include "tests/desktop/TranscriptWindow.h"
 
 #include <QClipboard>
@@ -9,194 +10,161 @@
 
 using namespace murbo;
 
-TEST(TranscriptPage, theCaretIsThePlayheadOfWhatIsHeld) {
-    MURBO_NEEDS_FFMPEG();
-    TranscriptWindow shown;
-    ASSERT_TRUE(shown.area);
-    EXPECT_EQ(shown.block(1), "ไม่เป็นไร เดินช้า ๆ");
-    shown.press(2);
-    EXPECT_EQ(shown.page().caretRow(), 2);
-    EXPECT_NEAR(shown.editor().source.time(), 2, 0.2);
-    shown.key(Qt::Key_Up);
-    EXPECT_LT(shown.editor().source.time(), 1.9);
-    EXPECT_EQ(shown.editor().focus(), Viewer::source);
-    shown.editor().source.seek(3.4);
-    shown.settle(20);
-    EXPECT_EQ(shown.page().spokenRow(), 3);
-    EXPECT_GT(shown.page().spokenWord().to, 0);
+namespace {
+using TranscriptPageTest = OnWindow<TranscriptWindow>;
+}
+
+TEST_F(TranscriptPageTest, theCaretIsThePlayheadOfWhatIsHeld) {
+    ASSERT_TRUE(shown->area);
+    EXPECT_EQ(shown->block(1), "ไม่เป็นไร เดินช้า ๆ");
+    shown->press(2);
+    EXPECT_EQ(shown->page().caretRow(), 2);
+    EXPECT_NEAR(shown->editor().source.time(), 2, 0.2);
+    shown->key(Qt::Key_Up);
+    EXPECT_LT(shown->editor().source.time(), 1.9);
+    EXPECT_EQ(shown->editor().focus(), Viewer::source);
+    shown->editor().source.seek(3.4);
+    shown->settle(20);
+    EXPECT_EQ(shown->page().spokenRow(), 3);
+    EXPECT_GT(shown->page().spokenWord().to, 0);
     // The word lies on its mark: of the colour of marks there is more than a hair.
-    const auto picture = shown.window().grabWindow();
+    const auto picture = shown->window().grabWindow();
     int marked = 0;
     for (int y = 0; y < picture.height(); ++y)
         for (int x = 970; x < picture.width(); ++x) marked += picture.pixelColor(x, y) == QColor("#8C2F2A");
     EXPECT_GT(marked, 100);
-    EXPECT_EQ(Complaints::list(), "");
 }
 
-TEST(TranscriptPage, typingCorrectsALineOnceTheCaretLeavesIt) {
-    MURBO_NEEDS_FFMPEG();
-    TranscriptWindow shown;
-    shown.press(0);
-    shown.key(Qt::Key_End);
-    shown.type(" left");
-    EXPECT_EQ(shown.said(0), "okay we have one heart") << "not while it is typed";
-    EXPECT_EQ(shown.cuts(), 1) << "letters are no commands";
-    shown.key(Qt::Key_Down);
-    EXPECT_EQ(shown.said(0), "okay we have one heart left");
-    EXPECT_EQ(shown.step(), "Correct Line");
-    shown.key(Qt::Key_End);
-    shown.type("x");
-    shown.key(Qt::Key_Return);
-    EXPECT_EQ(shown.said(1), "ไม่เป็นไร เดินช้า ๆx");
-    EXPECT_EQ(shown.page().document().text()->blockCount(), 4) << "Enter breaks no line";
+TEST_F(TranscriptPageTest, typingCorrectsALineOnceTheCaretLeavesIt) {
+    shown->press(0);
+    shown->key(Qt::Key_End);
+    shown->type(" left");
+    EXPECT_EQ(shown->said(0), "okay we have one heart") << "not while it is typed";
+    EXPECT_EQ(shown->cuts(), 1) << "letters are no commands";
+    shown->key(Qt::Key_Down);
+    EXPECT_EQ(shown->said(0), "okay we have one heart left");
+    EXPECT_EQ(shown->step(), "Correct Line");
+    shown->key(Qt::Key_End);
+    shown->type("x");
+    shown->key(Qt::Key_Return);
+    EXPECT_EQ(shown->said(1), "ไม่เป็นไร เดินช้า ๆx");
+    EXPECT_EQ(shown->page().document().text()->blockCount(), 4) << "Enter breaks no line";
 
     // Ctrl+Z takes back what is half typed, then the steps before it.
-    shown.type("y");
-    shown.key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(shown.block(1), "ไม่เป็นไร เดินช้า ๆx");
-    shown.key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(shown.block(1), "ไม่เป็นไร เดินช้า ๆ");
-    shown.key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(shown.block(0), "okay we have one heart");
-    EXPECT_EQ(shown.onDisk(), shown.editor().project());
-    EXPECT_EQ(Complaints::list(), "");
+    shown->type("y");
+    shown->key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown->block(1), "ไม่เป็นไร เดินช้า ๆx");
+    shown->key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown->block(1), "ไม่เป็นไร เดินช้า ๆ");
+    shown->key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown->block(0), "okay we have one heart");
+    EXPECT_EQ(shown->onDisk(), shown->editor().project());
 }
 
-TEST(TranscriptPage, escGivesTheLineBack) {
-    MURBO_NEEDS_FFMPEG();
-    TranscriptWindow shown;
-    const auto before = shown.editor().project();
-    shown.press(0);
-    shown.type("zzz");
-    shown.key(Qt::Key_Escape);
-    EXPECT_EQ(shown.block(0), "okay we have one heart");
-    EXPECT_TRUE(shown.area->hasActiveFocus()) << "the caret stays";
-    shown.key(Qt::Key_Escape);
-    EXPECT_FALSE(shown.area->hasActiveFocus());
-    EXPECT_EQ(shown.editor().project(), before);
+TEST_F(TranscriptPageTest, escGivesTheLineBack) {
+    const auto before = shown->editor().project();
+    shown->press(0);
+    shown->type("zzz");
+    shown->key(Qt::Key_Escape);
+    EXPECT_EQ(shown->block(0), "okay we have one heart");
+    EXPECT_TRUE(shown->area->hasActiveFocus()) << "the caret stays";
+    shown->key(Qt::Key_Escape);
+    EXPECT_FALSE(shown->area->hasActiveFocus());
+    EXPECT_EQ(shown->editor().project(), before);
 }
 
-TEST(TranscriptPage, inputMethodsCorrectInAnyScript) {
-    MURBO_NEEDS_FFMPEG();
-    const struct {
-        const char* composed;
-        const char* committed;
-    } cases[] = {
-        {"ก", "ก็"}, {"noda", "のだ"}, {"ㅎ", "한국어"}, {"", "👩‍👩‍👧"}, {"x", "two\nlines"}};
-    TranscriptWindow shown;
-    for (const auto& [composed, committed] : cases) {
-        shown.press(2);
-        shown.key(Qt::Key_Home);
-        shown.compose(QString::fromUtf8(composed), QString::fromUtf8(committed));
-        shown.key(Qt::Key_Up);
-        const auto wanted =
-            QString::fromUtf8(committed).replace('\n', ' ').toStdString() + "二行目の言葉です";
-        EXPECT_EQ(shown.said(2), wanted) << committed;
-        EXPECT_EQ(shown.page().document().text()->blockCount(), 4);
-        shown.key(Qt::Key_Z, Qt::ControlModifier);
-        ASSERT_EQ(shown.said(2), "二行目の言葉です");
-    }
-    EXPECT_EQ(Complaints::list(), "");
-}
-
-TEST(TranscriptPage, whatIsComposedIsShownAndIsNoCorrectionBeforeItIsCommitted) {
-    MURBO_NEEDS_FFMPEG();
-    TranscriptWindow shown;
+TEST_F(TranscriptPageTest, whatIsComposedIsShownAndIsNoCorrectionBeforeItIsCommitted) {
     const struct {
         int line;
         std::vector<const char*> composed; ///< one after the other in the same place
         const char* committed;
-    } cases[] = {{1, {"แ", "แล", "แล้", "แล้ว"}, "แล้ว"}, {2, {"k", "か", "かんじ", "漢字"}, "漢字"}};
+    } cases[] = {{1, {"แ", "แล", "แล้", "แล้ว"}, "แล้ว"},
+                 {2, {"k", "か", "かんじ", "漢字"}, "漢字"},
+                 {2, {"ก"}, "ก็"},
+                 {2, {"ㅎ"}, "한국어"},
+                 {2, {""}, "👩‍👩‍👧"},
+                 {2, {"x"}, "two\nlines"}};
     for (const auto& [line, composed, committed] : cases) {
-        const auto before = shown.said(static_cast<std::size_t>(line));
-        shown.press(line);
-        shown.key(Qt::Key_End);
+        const auto before = shown->said(static_cast<std::size_t>(line));
+        shown->press(line);
+        shown->key(Qt::Key_End);
         for (const auto* letters : composed) {
-            shown.composing(QString::fromUtf8(letters));
-            EXPECT_EQ(shown.area->property("preeditText").toString(), QString::fromUtf8(letters));
-            EXPECT_EQ(shown.block(line).toStdString(), before);
+            shown->composing(QString::fromUtf8(letters));
+            EXPECT_EQ(shown->area->property("preeditText").toString(), QString::fromUtf8(letters));
+            EXPECT_EQ(shown->block(line).toStdString(), before);
         }
-        shown.compose(QString::fromUtf8(composed.back()), QString::fromUtf8(committed));
-        EXPECT_EQ(shown.area->property("preeditText").toString(), "");
-        EXPECT_EQ(shown.said(static_cast<std::size_t>(line)), before) << "the caret is still in it";
-        shown.key(Qt::Key_Up);
-        EXPECT_EQ(shown.said(static_cast<std::size_t>(line)), before + committed);
-        EXPECT_EQ(shown.step(), "Correct Line");
-        shown.key(Qt::Key_Z, Qt::ControlModifier);
-        EXPECT_EQ(shown.said(static_cast<std::size_t>(line)), before) << "one step";
+        shown->compose(QString::fromUtf8(composed.back()), QString::fromUtf8(committed));
+        EXPECT_EQ(shown->area->property("preeditText").toString(), "");
+        EXPECT_EQ(shown->said(static_cast<std::size_t>(line)), before) << "the caret is still in it";
+        shown->key(Qt::Key_Up);
+        EXPECT_EQ(shown->said(static_cast<std::size_t>(line)),
+                  before + QString(committed).replace('\n', ' ').toStdString());
+        EXPECT_EQ(shown->page().document().text()->blockCount(), 4);
+        EXPECT_EQ(shown->step(), "Correct Line");
+        shown->key(Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(shown->said(static_cast<std::size_t>(line)), before) << "one step";
     }
-    EXPECT_EQ(Complaints::list(), "");
 }
 
-TEST(TranscriptPage, noKeyJoinsLinesOrTakesOneAway) {
-    MURBO_NEEDS_FFMPEG();
-    TranscriptWindow shown;
-    const auto before = shown.editor().project();
-    shown.press(1);
-    shown.key(Qt::Key_Home);
-    shown.key(Qt::Key_Backspace);
-    shown.key(Qt::Key_Up);
-    shown.key(Qt::Key_End);
-    shown.key(Qt::Key_Delete);
-    EXPECT_EQ(shown.page().document().text()->blockCount(), 4);
-    shown.key(Qt::Key_A, Qt::ControlModifier);
-    shown.key(Qt::Key_Backspace);
-    shown.type("q");
-    shown.compose("", "ก");
-    EXPECT_EQ(shown.page().document().text()->blockCount(), 4);
-    EXPECT_EQ(shown.editor().project().transcripts, before.transcripts);
+TEST_F(TranscriptPageTest, noKeyJoinsLinesOrTakesOneAway) {
+    const auto before = shown->editor().project();
+    shown->press(1);
+    shown->key(Qt::Key_Home);
+    shown->key(Qt::Key_Backspace);
+    shown->key(Qt::Key_Up);
+    shown->key(Qt::Key_End);
+    shown->key(Qt::Key_Delete);
+    EXPECT_EQ(shown->page().document().text()->blockCount(), 4);
+    shown->key(Qt::Key_A, Qt::ControlModifier);
+    shown->key(Qt::Key_Backspace);
+    shown->type("q");
+    shown->compose("", "ก");
+    EXPECT_EQ(shown->page().document().text()->blockCount(), 4);
+    EXPECT_EQ(shown->editor().project().transcripts, before.transcripts);
     QGuiApplication::clipboard()->setText("one\ntwo\r\nthree");
-    shown.press(3);
-    shown.key(Qt::Key_Home);
-    shown.key(Qt::Key_V, Qt::ControlModifier);
-    shown.key(Qt::Key_Return);
-    EXPECT_EQ(shown.said(3), "one two  threeno no 🙂 the floor");
+    shown->press(3);
+    shown->key(Qt::Key_Home);
+    shown->key(Qt::Key_V, Qt::ControlModifier);
+    shown->key(Qt::Key_Return);
+    EXPECT_EQ(shown->said(3), "one two  threeno no 🙂 the floor");
 }
 
-TEST(TranscriptPage, selectedLinesAreTheRangeAndGoIntoTheVideoByTheirKey) {
-    MURBO_NEEDS_FFMPEG();
-    TranscriptWindow shown;
-    shown.press(1);
-    shown.press(2, 20, Qt::ShiftModifier);
-    ASSERT_TRUE(shown.editor().range());
-    EXPECT_EQ(*shown.editor().range(), (Stretch{1, 2.9}));
-    EXPECT_EQ(shown.page().addWords(), "Add 2 Lines");
-    EXPECT_FALSE(shown.page().isEditable());
-    shown.key(Qt::Key_E);
-    EXPECT_EQ(shown.cuts(), 2);
-    EXPECT_NEAR(shown.editor().video()->cuts[1].start, 1, 1e-6);
+TEST_F(TranscriptPageTest, selectedLinesAreTheRangeAndGoIntoTheVideoByTheirKey) {
+    shown->press(1);
+    shown->press(2, 20, Qt::ShiftModifier);
+    ASSERT_TRUE(shown->editor().range());
+    EXPECT_EQ(*shown->editor().range(), (Stretch{1, 2.9}));
+    EXPECT_EQ(shown->page().addWords(), "Add 2 Lines");
+    EXPECT_FALSE(shown->page().isEditable());
+    shown->key(Qt::Key_E);
+    EXPECT_EQ(shown->cuts(), 2);
+    EXPECT_NEAR(shown->editor().video()->cuts[1].start, 1, 1e-6);
 
     // Beside the words a press takes the whole line.
-    const auto place = shown.placeOf(3, 0);
-    shown.click(shown.area->mapToScene({20, 0}).x(), place.y());
-    EXPECT_EQ(*shown.editor().range(), (Stretch{3, 3.8}));
-    EXPECT_EQ(Complaints::list(), "");
+    const auto place = shown->placeOf(3, 0);
+    shown->click(shown->area->mapToScene({20, 0}).x(), place.y());
+    EXPECT_EQ(*shown->editor().range(), (Stretch{3, 3.8}));
 }
 
-TEST(TranscriptPage, wordsAreFoundAndGoneTo) {
-    MURBO_NEEDS_FFMPEG();
-    TranscriptWindow shown;
-    auto* search = shown.named("Search the transcript");
+TEST_F(TranscriptPageTest, wordsAreFoundAndGoneTo) {
+    auto* search = shown->named("Search the transcript");
     ASSERT_TRUE(search);
     search->forceActiveFocus();
-    shown.type("NO");
-    EXPECT_EQ(shown.page().hitWords(), "1 of 1");
-    EXPECT_NEAR(shown.editor().source.time(), 3, 0.05);
-    shown.compose("", "ไม่มี");
-    EXPECT_EQ(shown.page().hitWords(), "Not found");
+    shown->type("NO");
+    EXPECT_EQ(shown->page().hitWords(), "1 of 1");
+    EXPECT_NEAR(shown->editor().source.time(), 3, 0.05);
+    shown->compose("", "ไม่มี");
+    EXPECT_EQ(shown->page().hitWords(), "Not found");
 }
 
-TEST(TranscriptPage, aVideosWordsFollowItsPlayer) {
-    MURBO_NEEDS_FFMPEG();
-    TranscriptWindow shown;
-    shown.page().setScope(1);
-    shown.settle();
-    EXPECT_EQ(shown.page().document().rows().size(), 4);
-    const auto range = shown.editor().range();
-    shown.press(3, 1);
-    EXPECT_NEAR(shown.editor().playback.time(), 3, 0.2);
-    EXPECT_EQ(shown.editor().focus(), Viewer::video);
-    shown.press(1, 5, Qt::ShiftModifier);
-    EXPECT_EQ(shown.editor().range(), range) << "it marks nothing on the source";
-    EXPECT_EQ(Complaints::list(), "");
+TEST_F(TranscriptPageTest, aVideosWordsFollowItsPlayer) {
+    shown->page().setScope(1);
+    shown->settle();
+    EXPECT_EQ(shown->page().document().rows().size(), 4);
+    const auto range = shown->editor().range();
+    shown->press(3, 1);
+    EXPECT_NEAR(shown->editor().playback.time(), 3, 0.2);
+    EXPECT_EQ(shown->editor().focus(), Viewer::video);
+    shown->press(1, 5, Qt::ShiftModifier);
+    EXPECT_EQ(shown->editor().range(), range) << "it marks nothing on the source";
 }

@@ -34,10 +34,6 @@ struct TranscriptWindow : SpokenWindow {
                                   Q_ARG(int, page().document().position(row)));
         return area->mapToScene(place.center() + QPointF(right, 0));
     }
-    void type(const char* letters) {
-        for (const char* letter = letters; *letter; ++letter) QTest::keyClick(&window(), *letter);
-        settle(10);
-    }
 
     QQuickItem* area = nullptr;
 };

@@ -10,6 +10,7 @@
 #include "tests/MadeMedia.h"
 #include "tests/TemporaryFolder.h"
 
+#include <QAccessible>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTest>
@@ -77,6 +78,27 @@ public:
     void key(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier) {
         QTest::keyClick(&window(), key, held);
         settle(10);
+    }
+    void type(const char* letters) {
+        for (; *letters; ++letters) QTest::keyClick(&window(), *letters);
+        settle(10);
+    }
+    /// Types over all that stands in the field that has the keys, and presses Enter.
+    void typeOver(const char* words) {
+        key(Qt::Key_A, Qt::ControlModifier);
+        type(words);
+        key(Qt::Key_Return);
+    }
+    /// Goes on by Tab until what has the keys is called that, also to a screen reader.
+    bool tabTo(const QString& name) {
+        for (int at = 0; at < 120; ++at, key(Qt::Key_Tab))
+            if (auto* item = window().activeFocusItem()) {
+                auto* access = QAccessible::queryAccessibleInterface(item);
+                if (item->property("name") == name || item->property("text") == name ||
+                    (access && access->text(QAccessible::Name) == name))
+                    return true;
+            }
+        return false;
     }
     void click(double x, double y, Qt::KeyboardModifiers held = Qt::NoModifier) {
         QTest::mouseClick(&window(), Qt::LeftButton, held, QPointF(x, y).toPoint());
