@@ -2,7 +2,6 @@
 #include "app/editor/commands/CommandRun.h"
 #include "app/editor/commands/CommandTable.h"
 
-#include <QKeySequence>
 #include <map>
 #include <set>
 
@@ -18,17 +17,6 @@ TEST(Actions, eachHasANameOfItsOwnAndWords) {
         if (!action.line.empty()) {
             EXPECT_FALSE(CommandRun::title(action.line).empty());
         }
-    }
-}
-
-TEST(Actions, noTwoShareTheirKeys) {
-    std::map<QKeySequence, std::string> keys;
-    for (const auto& action : Actions::all()) {
-        if (action.keys.empty()) continue;
-        const QKeySequence sequence(QString::fromStdString(action.keys));
-        ASSERT_EQ(sequence.count(), 1) << action.keys;
-        EXPECT_TRUE(keys.emplace(sequence, action.id).second) << action.keys;
-        EXPECT_EQ(Actions::byKeys(sequence[0]), &action);
     }
 }
 

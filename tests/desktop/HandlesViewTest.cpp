@@ -2,7 +2,7 @@
 #include "app/desktop/viewer/HandlesView.h"
 #include "app/editor/commands/OverlayCommands.h"
 #include "core/playbooks/Playbooks.h"
-#include "tests/desktop/WindowOfProject.h"
+#include "tests/desktop/OnWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -49,131 +49,120 @@ public:
     Project before;
 };
 
+using HandlesViewTest = OnWindow<OverlaidWindow>;
+
 }
 
-TEST(HandlesView, theBoxIsMovedSizedAndTurnedAsOneStepEach) {
-    MURBO_NEEDS_FFMPEG();
-    OverlaidWindow shown;
-    ASSERT_TRUE(shown.handles() && shown.handles()->shown());
-    const auto box = shown.handles()->boxSize();
-    EXPECT_LT(box.height(), shown.handles()->height() * 0.9) << "it fits what is seen, not the frame";
+TEST_F(HandlesViewTest, theBoxIsMovedSizedAndTurnedAsOneStepEach) {
+    ASSERT_TRUE(shown->handles() && shown->handles()->shown());
+    const auto box = shown->handles()->boxSize();
+    EXPECT_LT(box.height(), shown->handles()->height() * 0.9) << "it fits what is seen, not the frame";
 
     const auto by = QPoint(20, -50);
-    shown.drag(shown.point(0.1, 0.1), shown.point(0.1, 0.1) + by, Qt::AltModifier);
-    ASSERT_TRUE(shown.overlay().move && shown.overlay().move->from);
-    EXPECT_NEAR(*shown.overlay().move->from->x, 0.5 + by.x() / shown.handles()->width(), 0.01);
-    EXPECT_NEAR(*shown.overlay().move->from->y, 0.5 + by.y() / shown.handles()->height(), 0.01);
-    EXPECT_EQ(shown.editor().history().undoName(), "Move Overlay");
+    shown->drag(shown->point(0.1, 0.1), shown->point(0.1, 0.1) + by, Qt::AltModifier);
+    ASSERT_TRUE(shown->overlay().move && shown->overlay().move->from);
+    EXPECT_NEAR(*shown->overlay().move->from->x, 0.5 + by.x() / shown->handles()->width(), 0.01);
+    EXPECT_NEAR(*shown->overlay().move->from->y, 0.5 + by.y() / shown->handles()->height(), 0.01);
+    EXPECT_EQ(shown->editor().history().undoName(), "Move Overlay");
 
-    const auto middle = shown.handles()->centre();
-    shown.drag(shown.point(1, 1), shown.point(0.5, 0.5));
-    EXPECT_NEAR(*shown.overlay().move->from->scale, 0.5, 0.06);
-    EXPECT_LT(QLineF(shown.handles()->centre(), middle).length(), 2) << "about its own middle";
-    EXPECT_EQ(shown.editor().history().undoName(), "Size Overlay");
+    const auto middle = shown->handles()->centre();
+    shown->drag(shown->point(1, 1), shown->point(0.5, 0.5));
+    EXPECT_NEAR(*shown->overlay().move->from->scale, 0.5, 0.06);
+    EXPECT_LT(QLineF(shown->handles()->centre(), middle).length(), 2) << "about its own middle";
+    EXPECT_EQ(shown->editor().history().undoName(), "Size Overlay");
 
-    const auto knob = shown.handles()->mapToScene(
-        shown.handles()->centre() -
-        QPointF(0, shown.handles()->boxSize().height() / 2 + shown.handles()->knobAbove()));
-    const auto centre = shown.handles()->mapToScene(shown.handles()->centre());
-    shown.drag(knob.toPoint(), (centre + QPointF(100, 0)).toPoint());
-    EXPECT_NEAR(*shown.overlay().move->from->rotation, 90, 1e-6);
-    EXPECT_EQ(shown.onDisk().videos, shown.editor().project().videos);
+    const auto knob = shown->handles()->mapToScene(
+        shown->handles()->centre() -
+        QPointF(0, shown->handles()->boxSize().height() / 2 + shown->handles()->knobAbove()));
+    const auto centre = shown->handles()->mapToScene(shown->handles()->centre());
+    shown->drag(knob.toPoint(), (centre + QPointF(100, 0)).toPoint());
+    EXPECT_NEAR(*shown->overlay().move->from->rotation, 90, 1e-6);
+    EXPECT_EQ(shown->onDisk().videos, shown->editor().project().videos);
 
-    for (int step = 0; step < 3; ++step) shown.key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(shown.editor().project(), shown.before);
-    EXPECT_EQ(Complaints::list(), "");
+    for (int step = 0; step < 3; ++step) shown->key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown->editor().project(), shown->before);
 }
 
-TEST(HandlesView, itCatchesAtTheMiddleAndEscapePutsItBack) {
-    MURBO_NEEDS_FFMPEG();
-    OverlaidWindow shown;
-    ASSERT_TRUE(shown.handles() && shown.handles()->shown());
-    const auto start = shown.point(0, 0);
-    const double wide = shown.handles()->width();
-    const int across = static_cast<int>(wide / 2 - shown.handles()->centre().x());
-    QTest::mousePress(&shown.window(), Qt::LeftButton, {}, start);
-    shown.sendMove(start + QPoint(40, 0), {});
-    shown.sendMove(start + QPoint(across + 4, 0), {});
-    EXPECT_NEAR(shown.handles()->guideX(), wide / 2, 0.6);
-    EXPECT_NEAR(shown.handles()->centre().x(), wide / 2, 0.6);
-    shown.sendMove(start + QPoint(across + 4, 0), Qt::AltModifier);
-    EXPECT_LT(shown.handles()->guideX(), 0) << "not while Alt is held";
-    shown.key(Qt::Key_Escape);
-    EXPECT_EQ(shown.editor().project(), shown.before);
-    QTest::mouseRelease(&shown.window(), Qt::LeftButton, {}, start);
-    EXPECT_EQ(shown.editor().project(), shown.before);
+TEST_F(HandlesViewTest, itCatchesAtTheMiddleAndEscapePutsItBack) {
+    ASSERT_TRUE(shown->handles() && shown->handles()->shown());
+    const auto start = shown->point(0, 0);
+    const double wide = shown->handles()->width();
+    const int across = static_cast<int>(wide / 2 - shown->handles()->centre().x());
+    QTest::mousePress(&shown->window(), Qt::LeftButton, {}, start);
+    shown->sendMove(start + QPoint(40, 0), {});
+    shown->sendMove(start + QPoint(across + 4, 0), {});
+    EXPECT_NEAR(shown->handles()->guideX(), wide / 2, 0.6);
+    EXPECT_NEAR(shown->handles()->centre().x(), wide / 2, 0.6);
+    shown->sendMove(start + QPoint(across + 4, 0), Qt::AltModifier);
+    EXPECT_LT(shown->handles()->guideX(), 0) << "not while Alt is held";
+    shown->key(Qt::Key_Escape);
+    EXPECT_EQ(shown->editor().project(), shown->before);
+    QTest::mouseRelease(&shown->window(), Qt::LeftButton, {}, start);
+    EXPECT_EQ(shown->editor().project(), shown->before);
 }
 
-TEST(HandlesView, arrowsNudgeAndADoublePressEditsTheText) {
-    MURBO_NEEDS_FFMPEG();
-    OverlaidWindow shown;
-    ASSERT_TRUE(shown.handles() && shown.handles()->shown());
-    const double time = shown.editor().playback.time();
-    shown.handles()->forceActiveFocus(Qt::TabFocusReason);
-    shown.key(Qt::Key_Right);
-    shown.key(Qt::Key_Down, Qt::ShiftModifier);
-    EXPECT_NEAR(*shown.overlay().move->from->x, 0.501, 1e-9);
-    EXPECT_NEAR(*shown.overlay().move->from->y, 0.51, 1e-9);
-    EXPECT_EQ(shown.editor().playback.time(), time);
-    shown.key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(shown.editor().project(), shown.before);
+TEST_F(HandlesViewTest, arrowsNudgeAndADoublePressEditsTheText) {
+    ASSERT_TRUE(shown->handles() && shown->handles()->shown());
+    const double time = shown->editor().playback.time();
+    shown->handles()->forceActiveFocus(Qt::TabFocusReason);
+    shown->key(Qt::Key_Right);
+    shown->key(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_NEAR(*shown->overlay().move->from->x, 0.501, 1e-9);
+    EXPECT_NEAR(*shown->overlay().move->from->y, 0.51, 1e-9);
+    EXPECT_EQ(shown->editor().playback.time(), time);
+    shown->key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown->editor().project(), shown->before);
 
-    ASSERT_NE(shown.handles()->text(), "");
-    QTest::mouseDClick(&shown.window(), Qt::LeftButton, {}, shown.point(0, 0));
-    shown.settle();
-    for (const auto key : {Qt::Key_N, Qt::Key_E, Qt::Key_W}) QTest::keyClick(&shown.window(), key);
-    shown.key(Qt::Key_Return);
-    EXPECT_EQ(shown.handles()->text(), "new") << "and no key of them was a command";
-    EXPECT_EQ(shown.editor().history().undoName(), "Change Text");
-    shown.key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(shown.editor().project(), shown.before);
+    ASSERT_NE(shown->handles()->text(), "");
+    QTest::mouseDClick(&shown->window(), Qt::LeftButton, {}, shown->point(0, 0));
+    shown->settle();
+    for (const auto key : {Qt::Key_N, Qt::Key_E, Qt::Key_W}) QTest::keyClick(&shown->window(), key);
+    shown->key(Qt::Key_Return);
+    EXPECT_EQ(shown->handles()->text(), "new") << "and no key of them was a command";
+    EXPECT_EQ(shown->editor().history().undoName(), "Change Text");
+    shown->key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown->editor().project(), shown->before);
 }
 
-TEST(HandlesView, aClickOnThePicturePicksWhatIsOnTopThere) {
-    MURBO_NEEDS_FFMPEG();
-    OverlaidWindow shown;
-    ASSERT_TRUE(shown.handles() && shown.handles()->shown());
-    const auto on = shown.point(0, 0);
-    const auto first = shown.overlay().id;
+TEST_F(HandlesViewTest, aClickOnThePicturePicksWhatIsOnTopThere) {
+    ASSERT_TRUE(shown->handles() && shown->handles()->shown());
+    const auto on = shown->point(0, 0);
+    const auto first = shown->overlay().id;
     const auto click = [&](const QPoint& at, Qt::KeyboardModifiers held = {}) {
-        QTest::mouseClick(&shown.window(), Qt::LeftButton, held, at);
-        shown.settle(200);
+        QTest::mouseClick(&shown->window(), Qt::LeftButton, held, at);
+        shown->settle(200);
     };
-    const auto picked = [&] { return shown.editor().picked() ? shown.editor().picked()->id : UUID{}; };
-    click(shown.handles()->mapToScene({4, 4}).toPoint());
-    EXPECT_FALSE(shown.editor().picked()) << "beside it its handles go";
+    const auto picked = [&] { return shown->editor().picked() ? shown->editor().picked()->id : UUID{}; };
+    click(shown->handles()->mapToScene({4, 4}).toPoint());
+    EXPECT_FALSE(shown->editor().picked()) << "beside it its handles go";
     click(on);
     EXPECT_EQ(picked(), first);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.handles()->shown(); }, 5000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown->handles()->shown(); }, 5000));
 
-    OverlayCommands::addOverlay(shown.editor(), *Playbooks::find("stock.label"), 0);
-    const auto second = shown.editor().picked()->id;
-    shown.settle();
-    TimelinePicks::set(shown.editor(), {});
+    OverlayCommands::addOverlay(shown->editor(), *Playbooks::find("stock.label"), 0);
+    const auto second = shown->editor().picked()->id;
+    shown->settle();
+    TimelinePicks::set(shown->editor(), {});
     click(on);
     EXPECT_EQ(picked(), second) << "the one that lies over the other";
-    const auto before = shown.editor().project();
-    shown.editor().playback.seek(3.9);
+    const auto before = shown->editor().project();
+    shown->editor().playback.seek(3.9);
     click(on);
-    EXPECT_EQ(shown.editor().project(), before) << "a click changes nothing";
-    EXPECT_EQ(Complaints::list(), "");
+    EXPECT_EQ(shown->editor().project(), before) << "a click changes nothing";
 }
 
-TEST(HandlesView, theBoxGoesWithThePictureThatIsSkimmed) {
-    MURBO_NEEDS_FFMPEG();
-    OverlaidWindow shown;
-    ASSERT_TRUE(shown.handles() && shown.handles()->shown());
-    auto* timeline = shown.item<TimelineView>();
-    shown.editor().setSkimming(true);
+TEST_F(HandlesViewTest, theBoxGoesWithThePictureThatIsSkimmed) {
+    ASSERT_TRUE(shown->handles() && shown->handles()->shown());
+    auto* timeline = shown->item<TimelineView>();
+    shown->editor().setSkimming(true);
     const auto at = [&](double time) {
         const double down = timeline->shown().track(TimelineRow::picture)->top + 30;
         return timeline->mapToScene({timeline->shownSpan().x(time), down}).toPoint();
     };
-    QTest::mouseMove(&shown.window(), at(3.5));
-    QTest::mouseMove(&shown.window(), at(3.7));
-    ASSERT_TRUE(shown.editor().playback.skimmed());
-    EXPECT_FALSE(shown.handles()->shown()) << "the overlay is over by then";
-    QTest::mouseMove(&shown.window(), QPoint(5, 300));
-    EXPECT_TRUE(shown.handles()->shown());
-    EXPECT_EQ(Complaints::list(), "");
+    QTest::mouseMove(&shown->window(), at(3.5));
+    QTest::mouseMove(&shown->window(), at(3.7));
+    ASSERT_TRUE(shown->editor().playback.skimmed());
+    EXPECT_FALSE(shown->handles()->shown()) << "the overlay is over by then";
+    QTest::mouseMove(&shown->window(), QPoint(5, 300));
+    EXPECT_TRUE(shown->handles()->shown());
 }

@@ -1,7 +1,7 @@
 #include "app/desktop/viewer/HeldFootage.h"
 #include "app/desktop/viewer/WaveStrip.h"
 #include "app/editor/commands/CutCommands.h"
-#include "tests/desktop/WindowOfProject.h"
+#include "tests/desktop/OnWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -13,33 +13,31 @@ bool waitFor(const std::function<bool()>& holds) {
     return QTest::qWaitFor(holds, 10000);
 }
 
+using HeldFootageTest = OnWindow<WindowOfProject>;
+
 }
 
-TEST(HeldFootage, saysWhatCanBeShown) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    HeldFootage held(shown.editor());
+TEST_F(HeldFootageTest, saysWhatCanBeShown) {
+    HeldFootage held(shown->editor());
     EXPECT_EQ(held.state(), "empty");
-    const auto first = shown.editor().project().clips[0];
-    shown.editor().holdClip(first.id);
+    const auto first = shown->editor().project().clips[0];
+    shown->editor().holdClip(first.id);
     EXPECT_EQ(held.state(), "loading");
     EXPECT_TRUE(waitFor([&] { return held.state() == "ready"; }));
     EXPECT_EQ(held.source().toStdString(), first.source.text());
-    shown.editor().setMissing({first.source});
+    shown->editor().setMissing({first.source});
     EXPECT_EQ(held.state(), "missing");
     EXPECT_TRUE(held.path().endsWith("bars.mp4"));
-    shown.editor().setMissing({});
-    emit shown.editor().sourceFailed(UUID::make(), "Words.");
+    shown->editor().setMissing({});
+    emit shown->editor().sourceFailed(UUID::make(), "Words.");
     EXPECT_EQ(held.state(), "ready") << "words about something else";
 }
 
-TEST(HeldFootage, theEdgeOfATrimStandsStillWhileTheSourcePlayerStays) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    auto& editor = shown.editor();
+TEST_F(HeldFootageTest, theEdgeOfATrimStandsStillWhileTheSourcePlayerStays) {
+    auto& editor = shown->editor();
     editor.holdClip(editor.project().clips[0].id);
-    shown.key(Qt::Key_E);
-    ASSERT_EQ(shown.cuts(), 1);
+    shown->key(Qt::Key_E);
+    ASSERT_EQ(shown->cuts(), 1);
     editor.holdClip(editor.project().clips[1].id);
     ASSERT_TRUE(waitFor([&] { return editor.source.source() == editor.project().clips[1].source; }));
     const double stood = editor.source.time();
@@ -55,34 +53,29 @@ TEST(HeldFootage, theEdgeOfATrimStandsStillWhileTheSourcePlayerStays) {
     EXPECT_EQ(editor.source.source(), editor.project().clips[1].source);
     CutCommands::endTrim(editor, cut, true, "Trim");
     EXPECT_FALSE(held.showsEdge());
-    shown.key(Qt::Key_Z, Qt::ControlModifier);
+    shown->key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(editor.video()->cuts[0].start, 0);
 }
 
-TEST(WaveStrip, theEndsOfTheRangeAreDragged) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    auto& editor = shown.editor();
+TEST_F(HeldFootageTest, theEndsOfTheRangeAreDragged) {
+    auto& editor = shown->editor();
     editor.holdClip(editor.project().clips[0].id);
     ASSERT_TRUE(waitFor([&] { return editor.source.isLoaded() && editor.source.spanEnd() > 3; }));
     editor.setFocus(Viewer::source);
     editor.setRange(Stretch{1, 2});
-    shown.settle();
-    auto* strip = shown.item<WaveStrip>();
+    shown->settle();
+    auto* strip = shown->item<WaveStrip>();
     ASSERT_TRUE(strip);
     const auto at = [&](double time) {
         return strip->mapToScene({time / editor.source.spanEnd() * strip->width(), strip->height() / 2})
             .toPoint();
     };
-    QTest::mousePress(&shown.window(), Qt::LeftButton, {}, at(2));
-    QTest::mouseMove(&shown.window(), at(2.5));
-    QTest::mouseMove(&shown.window(), at(3));
-    QTest::mouseRelease(&shown.window(), Qt::LeftButton, {}, at(3));
+    shown->carry(at(2), at(3), 2);
     ASSERT_TRUE(editor.range());
     EXPECT_EQ(editor.range()->from, 1);
     EXPECT_NEAR(editor.range()->to, 3, 0.05);
     EXPECT_NEAR(editor.source.time(), 3, 0.05) << "the picture is that of the end";
-    QTest::mouseClick(&shown.window(), Qt::LeftButton, {}, at(0.5));
+    QTest::mouseClick(&shown->window(), Qt::LeftButton, {}, at(0.5));
     EXPECT_NEAR(editor.source.time(), 0.5, 0.05) << "elsewhere a press goes there";
     EXPECT_NEAR(editor.range()->to, 3, 0.05);
 }

@@ -3,6 +3,7 @@
 #include "app/editor/commands/ShotCommands.h"
 #include "app/editor/commands/SoundCommands.h"
 #include "platform/base/Files.h"
+#include "tests/desktop/OnWindow.h"
 #include "tests/desktop/WindowOfLibrary.h"
 
 #include <gtest/gtest.h>
@@ -39,130 +40,107 @@ struct BookWindow : WindowOfLibrary {
         const auto found = values.find(key);
         return found == values.end() ? "" : found->second;
     }
-    /// Goes on by Tab until what has the focus bears that name.
-    bool tabTo(const QString& name) {
-        for (int at = 0; at < 120; ++at) {
-            if (auto* item = window().activeFocusItem())
-                if (item->property("name") == name || item->property("text") == name) return true;
-            key(Qt::Key_Tab);
-        }
-        return false;
-    }
-    void type(const char* words) {
-        QTest::keyClick(&window(), Qt::Key_A, Qt::ControlModifier);
-        for (const char* letter = words; *letter; ++letter) QTest::keyClick(&window(), *letter);
-        key(Qt::Key_Return);
-    }
 };
+
+using InspectionFilesTest = OnWindow<BookWindow>;
 
 }
 
-TEST(InspectionFiles, parametersOfEveryTypeAreSetByKeysAlone) {
-    MURBO_NEEDS_FFMPEG();
-    BookWindow shown;
-    ASSERT_TRUE(shown.opened);
-    ASSERT_TRUE(shown.tabTo("Loud"));
-    shown.key(Qt::Key_Return);
-    EXPECT_EQ(shown.filled("loud"), "true");
-    ASSERT_TRUE(shown.tabTo("Place"));
-    shown.key(Qt::Key_Down);
-    EXPECT_EQ(shown.filled("place"), "in the middle");
-    ASSERT_TRUE(shown.tabTo("Side"));
-    shown.key(Qt::Key_Right);
-    EXPECT_EQ(shown.filled("side"), "right");
-    ASSERT_TRUE(shown.tabTo("Size"));
-    shown.key(Qt::Key_Right);
-    shown.settle(Editor::settlingTime + 100);
-    EXPECT_EQ(shown.filled("size"), "0.51");
-    ASSERT_TRUE(shown.tabTo("Tint"));
-    shown.type("00FF00");
-    EXPECT_EQ(shown.filled("tint"), "00FF00");
-    ASSERT_TRUE(shown.tabTo("Title"));
-    shown.type("Bye");
-    EXPECT_EQ(shown.filled("title"), "Bye");
+TEST_F(InspectionFilesTest, parametersOfEveryTypeAreSetByKeysAlone) {
+    ASSERT_TRUE(shown->tabTo("Loud"));
+    shown->key(Qt::Key_Return);
+    EXPECT_EQ(shown->filled("loud"), "true");
+    ASSERT_TRUE(shown->tabTo("Place"));
+    shown->key(Qt::Key_Down);
+    EXPECT_EQ(shown->filled("place"), "in the middle");
+    ASSERT_TRUE(shown->tabTo("Side"));
+    shown->key(Qt::Key_Right);
+    EXPECT_EQ(shown->filled("side"), "right");
+    ASSERT_TRUE(shown->tabTo("Size"));
+    shown->key(Qt::Key_Right);
+    shown->settle(Editor::settlingTime + 100);
+    EXPECT_EQ(shown->filled("size"), "0.51");
+    ASSERT_TRUE(shown->tabTo("Tint"));
+    shown->typeOver("00FF00");
+    EXPECT_EQ(shown->filled("tint"), "00FF00");
+    ASSERT_TRUE(shown->tabTo("Title"));
+    shown->typeOver("Bye");
+    EXPECT_EQ(shown->filled("title"), "Bye");
 
     // Where the system has no dialog, the window's own picker serves.
     const auto picture = made::file("map.png", "-f lavfi -i color=c=red:size=64x64 -frames:v 1");
-    auto* choose = shown.named("Choose a file for Clip");
+    auto* choose = shown->named("Choose a file for Clip");
     ASSERT_TRUE(choose);
     choose->forceActiveFocus(Qt::TabFocusReason);
-    shown.key(Qt::Key_Return);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return shown.named("Files") || shown.named("Folder"); }, 6000));
-    auto* folder = shown.named("Folder");
+    shown->key(Qt::Key_Return);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return shown->named("Files") || shown->named("Folder"); }, 6000));
+    auto* folder = shown->named("Folder");
     ASSERT_TRUE(folder);
     folder->forceActiveFocus(Qt::TabFocusReason);
     folder->setProperty("text", QString::fromStdString(made::folder().string()));
-    shown.key(Qt::Key_Return);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.named("map.png") && shown.named("bars.mp4"); }, 3000));
-    shown.key(Qt::Key_Escape);
-    EXPECT_FALSE(shown.named("map.png"));
-    EXPECT_EQ(shown.filled("clip"), "");
-    shown.opened->inspected().takeFile("value.clip", QString::fromStdString(picture.string()));
-    shown.settle(100);
-    EXPECT_EQ(shown.filled("clip"), "media/pictures/map.png");
-    EXPECT_TRUE(std::filesystem::exists(shown.package() / "media/pictures/map.png"));
-    EXPECT_EQ(Complaints::list(), "");
+    shown->key(Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown->named("map.png") && shown->named("bars.mp4"); }, 3000));
+    shown->key(Qt::Key_Escape);
+    EXPECT_FALSE(shown->named("map.png"));
+    EXPECT_EQ(shown->filled("clip"), "");
+    shown->opened->inspected().takeFile("value.clip", QString::fromStdString(picture.string()));
+    shown->settle(100);
+    EXPECT_EQ(shown->filled("clip"), "media/pictures/map.png");
+    EXPECT_TRUE(std::filesystem::exists(shown->package() / "media/pictures/map.png"));
 }
 
-TEST(InspectionFiles, aSoundIsReplacedAndKeepsItsPlace) {
-    MURBO_NEEDS_FFMPEG();
-    BookWindow shown;
-    ASSERT_TRUE(shown.opened);
-    SoundCommands::addSound(shown.editor(),
+TEST_F(InspectionFilesTest, aSoundIsReplacedAndKeepsItsPlace) {
+    SoundCommands::addSound(shown->editor(),
                             made::file("clap.wav", "-f lavfi -i sine=frequency=80:duration=0.4"), "Booms",
                             false, 1.0);
-    shown.settle(100);
-    auto& inspected = shown.opened->inspected();
+    shown->settle(100);
+    auto& inspected = shown->opened->inspected();
     inspected.set("level", -12.0);
     inspected.set("skip", 0.3);
-    const auto before = shown.look().sounds[0];
-    const auto bad = shown.folder / "bad.wav";
+    const auto before = shown->look().sounds[0];
+    const auto bad = shown->folder / "bad.wav";
     Files::writeWhole(bad, "no sound");
     inspected.takeFile("replace", QString::fromStdString(bad.string()));
-    shown.settle(100);
-    EXPECT_EQ(shown.look().sounds[0], before);
+    shown->settle(100);
+    EXPECT_EQ(shown->look().sounds[0], before);
     const auto tick = made::file("tick.wav", "-f lavfi -i sine=frequency=800:duration=0.2");
     inspected.takeFile("replace", QString::fromStdString(tick.string()));
-    shown.settle(100);
+    shown->settle(100);
     auto wanted = before;
     wanted.file = "media/sounds/tick.wav";
     wanted.from.reset();
     wanted.skip.reset(); // it would begin after its end
-    EXPECT_EQ(shown.look().sounds[0], wanted);
-    EXPECT_EQ(shown.editor().history().undoName(), "Replace Sound");
+    EXPECT_EQ(shown->look().sounds[0], wanted);
+    EXPECT_EQ(shown->editor().history().undoName(), "Replace Sound");
     EXPECT_EQ(inspected.title(), "tick");
-    shown.clickOn(shown.named("Replace…"));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return shown.named("Folder") != nullptr; }, 6000));
-    EXPECT_EQ(Complaints::list(), "");
+    shown->clickOn(shown->named("Replace…"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return shown->named("Folder") != nullptr; }, 6000));
 }
 
-TEST(InspectionFiles, anotherVersionOfAPlaybookIsTakenFromTheLibrary) {
-    MURBO_NEEDS_FFMPEG();
-    BookWindow shown;
-    ASSERT_TRUE(shown.opened);
-    auto& inspected = shown.opened->inspected();
+TEST_F(InspectionFilesTest, anotherVersionOfAPlaybookIsTakenFromTheLibrary) {
+    auto& inspected = shown->opened->inspected();
     EXPECT_FALSE(inspected.has("update"));
     BookWindow::saveNext();
-    shown.editor().setPicked(std::nullopt);
-    shown.editor().setPicked(Pick{Pick::Kind::overlay, shown.look().overlays.back().id, {}});
+    shown->editor().setPicked(std::nullopt);
+    shown->editor().setPicked(Pick{Pick::Kind::overlay, shown->look().overlays.back().id, {}});
     ASSERT_TRUE(inspected.has("update"));
     inspected.press("update");
-    EXPECT_EQ(shown.look().overlays.back().version, 2);
+    EXPECT_EQ(shown->look().overlays.back().version, 2);
     EXPECT_FALSE(inspected.has("update"));
 
     auto layout = BookWindow::owned().playbook;
     layout.id.reset();
     layout.kind = "layout";
     const auto made = Playbooks::write(layout, {}, "me");
-    ShotCommands::cut(shown.editor(), Shot::Layout::split, made);
-    ASSERT_EQ(shown.look().shots.back().version, 1);
+    ShotCommands::cut(shown->editor(), Shot::Layout::split, made);
+    ASSERT_EQ(shown->look().shots.back().version, 1);
     auto next = made.playbook;
     next.about = "New";
     Playbooks::write(next, {}, "me");
-    shown.editor().setPicked(std::nullopt);
-    shown.editor().setPicked(Pick{Pick::Kind::shot, shown.look().shots.back().id, {}});
+    shown->editor().setPicked(std::nullopt);
+    shown->editor().setPicked(Pick{Pick::Kind::shot, shown->look().shots.back().id, {}});
     ASSERT_TRUE(inspected.has("update"));
     inspected.press("update");
-    EXPECT_EQ(shown.look().shots.back().version, 2);
-    EXPECT_EQ(shown.editor().history().undoName(), "Update Playbook");
+    EXPECT_EQ(shown->look().shots.back().version, 2);
+    EXPECT_EQ(shown->editor().history().undoName(), "Update Playbook");
 }

@@ -1,3 +1,4 @@
+#include "tests/desktop/OnWindow.h"
 #include "tests/desktop/PickedShot.h"
 
 #include <QAccessible>
@@ -39,77 +40,64 @@ QQuickItem* named(QQuickWindow& window, const QString& type, const QString& name
     return nullptr;
 }
 
+using InspectorTabTest = OnWindow<PickedShot>;
+
 }
 
-TEST(InspectorTab, setsWhatIsPickedByMouse) {
-    MURBO_NEEDS_FFMPEG();
-    PickedShot shown;
-    ASSERT_TRUE(shown.opened);
-    auto& window = shown.window();
+TEST_F(InspectorTabTest, setsWhatIsPickedByMouse) {
+    auto& window = shown->window();
     auto* slide = named(window, "Slide_", "Zoom");
     ASSERT_TRUE(slide);
-    const auto before = shown.steps();
+    const auto before = shown->steps();
     const auto left = slide->mapToScene({6, slide->height() / 2}).toPoint();
     QTest::mousePress(&window, Qt::LeftButton, {}, left);
     for (int way = 5; way <= 60; way += 5) QTest::mouseMove(&window, left + QPoint(way, 0));
-    EXPECT_GT(shown.shot().zoom, 1.5);
-    EXPECT_EQ(shown.steps(), before);
+    EXPECT_GT(shown->shot().zoom, 1.5);
+    EXPECT_EQ(shown->steps(), before);
     QTest::mouseRelease(&window, Qt::LeftButton, {}, left + QPoint(60, 0));
-    EXPECT_EQ(shown.steps(), before + 1) << "a slide is one step";
+    EXPECT_EQ(shown->steps(), before + 1) << "a slide is one step";
 
     auto* label = named(window, "Labelled_", "Zoom");
     ASSERT_TRUE(label);
     const auto name = label->mapToScene({30, 14}).toPoint();
     QTest::mouseDClick(&window, Qt::LeftButton, {}, name);
-    EXPECT_EQ(shown.shot().zoom, 1) << "a double click on the name puts it back";
+    EXPECT_EQ(shown->shot().zoom, 1) << "a double click on the name puts it back";
 
-    shown.clickOn(named(window, "QQuickRadioButton", "Face"));
-    EXPECT_EQ(shown.shot().layout, Shot::Layout::face);
-    shown.clickOn(named(window, "SectionHead_", "Adjust"));
+    shown->clickOn(named(window, "QQuickRadioButton", "Face"));
+    EXPECT_EQ(shown->shot().layout, Shot::Layout::face);
+    shown->clickOn(named(window, "SectionHead_", "Adjust"));
     EXPECT_FALSE(named(window, "Slide_", "Zoom")) << "folded";
-    shown.clickOn(named(window, "SectionHead_", "Adjust"));
+    shown->clickOn(named(window, "SectionHead_", "Adjust"));
     EXPECT_TRUE(named(window, "Slide_", "Zoom"));
-    EXPECT_EQ(Complaints::list(), "");
 }
 
-TEST(InspectorTab, setsWhatIsPickedByKeys) {
-    MURBO_NEEDS_FFMPEG();
-    PickedShot shown;
-    ASSERT_TRUE(shown.opened);
-    auto& window = shown.window();
+TEST_F(InspectorTabTest, setsWhatIsPickedByKeys) {
+    auto& window = shown->window();
     auto* box = named(window, "Field_", "Zoom");
     ASSERT_TRUE(box);
     box->forceActiveFocus(Qt::TabFocusReason);
-    QTest::keyClick(&window, Qt::Key_A, Qt::ControlModifier);
-    for (const char letter : {'2', ',', '5'}) QTest::keyClick(&window, letter);
-    shown.key(Qt::Key_Return);
-    EXPECT_EQ(shown.shot().zoom, 2.5) << "typed, with the comma of many countries";
+    shown->typeOver("2,5");
+    EXPECT_EQ(shown->shot().zoom, 2.5) << "typed, with the comma of many countries";
     EXPECT_EQ(box->property("text"), "2.50 ×");
 
     QTest::keyClick(&window, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(&window, '3');
-    shown.key(Qt::Key_Escape);
+    shown->key(Qt::Key_Escape);
     EXPECT_EQ(box->property("text"), "2.50 ×") << "taken back";
     EXPECT_TRUE(box->hasActiveFocus());
-    QTest::keyClick(&window, Qt::Key_A, Qt::ControlModifier);
-    for (const char letter : {'n', 'o'}) QTest::keyClick(&window, letter);
-    shown.key(Qt::Key_Return);
-    EXPECT_EQ(shown.shot().zoom, 2.5) << "words are no number";
+    shown->typeOver("no");
+    EXPECT_EQ(shown->shot().zoom, 2.5) << "words are no number";
 
     auto* slide = named(window, "Slide_", "Zoom");
     slide->forceActiveFocus(Qt::TabFocusReason);
-    const auto time = shown.editor().playback.time();
-    shown.key(Qt::Key_Left);
-    EXPECT_NEAR(shown.shot().zoom, 2.49, 1e-6);
-    EXPECT_EQ(shown.editor().playback.time(), time) << "the arrow is the slider's";
-    EXPECT_EQ(Complaints::list(), "");
+    const auto time = shown->editor().playback.time();
+    shown->key(Qt::Key_Left);
+    EXPECT_NEAR(shown->shot().zoom, 2.49, 1e-6);
+    EXPECT_EQ(shown->editor().playback.time(), time) << "the arrow is the slider's";
 }
 
-TEST(InspectorTab, whatTheKeysReachHasANameAndRoom) {
-    MURBO_NEEDS_FFMPEG();
-    PickedShot shown;
-    ASSERT_TRUE(shown.opened);
-    auto* panel = panelOf(shown.window());
+TEST_F(InspectorTabTest, whatTheKeysReachHasANameAndRoom) {
+    auto* panel = panelOf(shown->window());
     ASSERT_TRUE(panel);
     std::vector<QQuickItem*> within;
     gather(panel, within);
