@@ -1,3 +1,4 @@
+#include "tests/desktop/OnWindow.h"
 #include "tests/desktop/TranscriptWindow.h"
 
 #include <gtest/gtest.h>
@@ -26,49 +27,45 @@ struct OfferWindow : TranscriptWindow {
     }
 };
 
+using CorrectionOfferTest = OnWindow<OfferWindow>;
+
 }
 
-TEST(CorrectionOffer, aCorrectedWordIsOfferedForAllOtherPlaces) {
-    MURBO_NEEDS_FFMPEG();
-    OfferWindow shown;
-    shown.correct();
-    ASSERT_EQ(shown.said(0), "one heart left");
-    EXPECT_EQ(shown.page().offer()->words(), "“hart” stands at 3 other places");
-    auto* button = shown.named("Correct Everywhere");
+TEST_F(CorrectionOfferTest, aCorrectedWordIsOfferedForAllOtherPlaces) {
+    shown->correct();
+    ASSERT_EQ(shown->said(0), "one heart left");
+    EXPECT_EQ(shown->page().offer()->words(), "“hart” stands at 3 other places");
+    auto* button = shown->named("Correct Everywhere");
     ASSERT_TRUE(button);
-    shown.click(button->mapToScene({20, 10}).x(), button->mapToScene({20, 10}).y());
-    EXPECT_EQ(shown.said(2) + "|" + shown.said(3), "Heart, heart|no no the heart");
-    EXPECT_EQ(shown.step(), "Correct Everywhere");
-    EXPECT_EQ(shown.page().offer()->words(), "");
-    EXPECT_FALSE(shown.named("Correct Everywhere"));
-    shown.key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(shown.said(3), "no no the hart") << "in one step";
-    EXPECT_EQ(shown.said(0), "one heart left");
-    EXPECT_EQ(shown.onDisk(), shown.editor().project());
-    EXPECT_EQ(Complaints::list(), "");
+    shown->click(button->mapToScene({20, 10}).x(), button->mapToScene({20, 10}).y());
+    EXPECT_EQ(shown->said(2) + "|" + shown->said(3), "Heart, heart|no no the heart");
+    EXPECT_EQ(shown->step(), "Correct Everywhere");
+    EXPECT_EQ(shown->page().offer()->words(), "");
+    EXPECT_FALSE(shown->named("Correct Everywhere"));
+    shown->key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown->said(3), "no no the hart") << "in one step";
+    EXPECT_EQ(shown->said(0), "one heart left");
+    EXPECT_EQ(shown->onDisk(), shown->editor().project());
 }
 
-TEST(CorrectionOffer, goesWithItsCorrectionAndIsTakenByTheMenu) {
-    MURBO_NEEDS_FFMPEG();
-    OfferWindow shown;
-    shown.correct();
-    shown.key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(shown.said(0), "one hart left");
-    EXPECT_EQ(shown.page().offer()->words(), "");
+TEST_F(CorrectionOfferTest, goesWithItsCorrectionAndIsTakenByTheMenu) {
+    shown->correct();
+    shown->key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown->said(0), "one hart left");
+    EXPECT_EQ(shown->page().offer()->words(), "");
 
-    shown.correct();
-    shown.key(Qt::Key_F10, Qt::ShiftModifier);
-    EXPECT_TRUE(shown.project().property("menuOpen").toBool()) << "while the caret stands in a line";
-    for (int line = 0; line < 4; ++line) shown.key(Qt::Key_Down);
-    shown.key(Qt::Key_Return);
-    EXPECT_EQ(shown.said(3), "no no the heart");
-    EXPECT_TRUE(shown.area->hasActiveFocus());
-    const auto at = shown.placeOf(1, 20).toPoint();
-    QTest::mouseClick(&shown.window(), Qt::RightButton, {}, at);
-    shown.settle();
-    EXPECT_TRUE(shown.project().property("menuOpen").toBool());
-    EXPECT_EQ(shown.page().caretRow(), 1);
-    shown.key(Qt::Key_Escape);
-    EXPECT_FALSE(shown.project().property("menuOpen").toBool());
-    EXPECT_EQ(Complaints::list(), "");
+    shown->correct();
+    shown->key(Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_TRUE(shown->project().property("menuOpen").toBool()) << "while the caret stands in a line";
+    for (int line = 0; line < 4; ++line) shown->key(Qt::Key_Down);
+    shown->key(Qt::Key_Return);
+    EXPECT_EQ(shown->said(3), "no no the heart");
+    EXPECT_TRUE(shown->area->hasActiveFocus());
+    const auto at = shown->placeOf(1, 20).toPoint();
+    QTest::mouseClick(&shown->window(), Qt::RightButton, {}, at);
+    shown->settle();
+    EXPECT_TRUE(shown->project().property("menuOpen").toBool());
+    EXPECT_EQ(shown->page().caretRow(), 1);
+    shown->key(Qt::Key_Escape);
+    EXPECT_FALSE(shown->project().property("menuOpen").toBool());
 }
