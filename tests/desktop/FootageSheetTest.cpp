@@ -93,3 +93,13 @@ TEST_F(FootageSheetTest, isFilledByADropOnTheWindow) {
     shown->editor().work.cancelAll();
     shown->settle();
 }
+
+TEST_F(FootageSheetTest, withoutAPortalFilesAreChosenInTheWindow) {
+    shown->key(Qt::Key_I, Qt::ControlModifier);
+    shown->settle();
+    EXPECT_FALSE(shown->window().findChild<QQuickItem*>("filePicker"));
+    shown->key(Qt::Key_Return); // "Choose Files…" has the focus
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown->window().findChild<QQuickItem*>("filePicker"); }, 8000));
+    shown->key(Qt::Key_Escape);
+    EXPECT_EQ(shown->project().sheet(), "");
+}

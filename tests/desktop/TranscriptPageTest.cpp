@@ -76,18 +76,20 @@ TEST_F(TranscriptPageTest, escGivesTheLineBack) {
 TEST_F(TranscriptPageTest, whatIsComposedIsShownAndIsNoCorrectionBeforeItIsCommitted) {
     const struct {
         int line;
+        Qt::Key place;                     ///< the key that goes there
         std::vector<const char*> composed; ///< one after the other in the same place
         const char* committed;
-    } cases[] = {{1, {"แ", "แล", "แล้", "แล้ว"}, "แล้ว"},
-                 {2, {"k", "か", "かんじ", "漢字"}, "漢字"},
-                 {2, {"ก"}, "ก็"},
-                 {2, {"ㅎ"}, "한국어"},
-                 {2, {""}, "👩‍👩‍👧"},
-                 {2, {"x"}, "two\nlines"}};
-    for (const auto& [line, composed, committed] : cases) {
+    } cases[] = {{1, Qt::Key_End, {"แ", "แล", "แล้", "แล้ว"}, "แล้ว"},
+                 {2, Qt::Key_End, {"k", "か", "かんじ", "漢字"}, "漢字"},
+                 {2, Qt::Key_Home, {"ก"}, "ก็"},
+                 {2, Qt::Key_Home, {"noda"}, "のだ"},
+                 {2, Qt::Key_Home, {"ㅎ"}, "한국어"},
+                 {2, Qt::Key_End, {""}, "👩‍👩‍👧"},
+                 {2, Qt::Key_Home, {"x"}, "two\nlines"}};
+    for (const auto& [line, place, composed, committed] : cases) {
         const auto before = shown->said(static_cast<std::size_t>(line));
         shown->press(line);
-        shown->key(Qt::Key_End);
+        shown->key(place);
         for (const auto* letters : composed) {
             shown->composing(QString::fromUtf8(letters));
             EXPECT_EQ(shown->area->property("preeditText").toString(), QString::fromUtf8(letters));
@@ -97,8 +99,9 @@ TEST_F(TranscriptPageTest, whatIsComposedIsShownAndIsNoCorrectionBeforeItIsCommi
         EXPECT_EQ(shown->area->property("preeditText").toString(), "");
         EXPECT_EQ(shown->said(static_cast<std::size_t>(line)), before) << "the caret is still in it";
         shown->key(Qt::Key_Up);
+        const auto words = QString(committed).replace('\n', ' ').toStdString();
         EXPECT_EQ(shown->said(static_cast<std::size_t>(line)),
-                  before + QString(committed).replace('\n', ' ').toStdString());
+                  place == Qt::Key_End ? before + words : words + before);
         EXPECT_EQ(shown->page().document().text()->blockCount(), 4);
         EXPECT_EQ(shown->step(), "Correct Line");
         shown->key(Qt::Key_Z, Qt::ControlModifier);
