@@ -7,8 +7,6 @@
 #include <QKeySequence>
 #include <algorithm>
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 namespace {
@@ -17,11 +15,8 @@ namespace {
 class CutWindow : public WindowOfProject {
 public:
     CutWindow() {
-        for (const auto& clip : *editor().project().clips) {
-            editor().holdClip(clip.id);
-            settle();
-            key(Qt::Key_E);
-        }
+        putIn(0);
+        putIn(1);
         settle();
     }
     const AccessNode* focused() {
@@ -78,18 +73,13 @@ TEST_F(AccessTreeTest, sheetsHaveThemToo) {
 
 TEST_F(AccessTreeTest, theNextRegionIsReachedByOneKeyAndTheRingCloses) {
     std::vector<std::string> names;
-    for (int at = 0; at < 12; ++at) {
+    for (int at = 0; at < 6; ++at) {
         shown->key(Qt::Key_F6);
         const auto* node = shown->focused();
-        ASSERT_TRUE(node) << "nobody has the keys after " << at;
-        const auto name = node->name.toStdString();
-        if (!names.empty() && name == names.front()) break;
-        names.push_back(name);
+        names.push_back(node ? node->name.toStdString() : "nobody");
     }
-    EXPECT_EQ(names.size(), 5) << testing::PrintToString(names);
-    for (const auto* wanted : {"Project", "Browser", "Timeline of V1", "Inspector"})
-        EXPECT_TRUE(std::ranges::any_of(names, [&](const auto& name) { return name.starts_with(wanted); }))
-            << wanted << " is not in " << testing::PrintToString(names);
+    EXPECT_EQ(names, (std::vector<std::string>{"Inspector", "Project", "Browser", "Video viewer",
+                                               "Timeline of V1, 2 cuts, 7 seconds", "Inspector"}));
 }
 
 TEST_F(AccessTreeTest, theRingGoesOnFromWhereTheKeysAreAndASheetGivesThemBack) {

@@ -39,6 +39,8 @@ inline std::string faults(QQuickWindow& window) {
         if (!isControl(node)) continue;
         if (node.place.width() < leastTarget || node.place.height() < leastTarget)
             found += shown(node) + " is too small\n";
+        if (node.place.left() < whole.left() || node.place.right() > whole.right())
+            found += shown(node) + " is cut off\n";
     }
     return found;
 }

@@ -1,8 +1,6 @@
 #include "app/desktop/timeline/BlockWalk.h"
 #include "tests/desktop/TimelineVideo.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 using Way = BlockWalk::Way;
 

@@ -3,15 +3,12 @@
 
 #include <cstring>
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
-TEST(BookPictures, comeFromAWorkerAndTheSameAgain) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfLibrary shown;
-    ASSERT_TRUE(shown.opened);
-    BookPictures pictures(shown.editor());
+using BookPicturesTest = OnWindow<WindowOfLibrary>;
+
+TEST_F(BookPicturesTest, comeFromAWorkerAndTheSameAgain) {
+    BookPictures pictures(shown->editor());
     const auto book = Playbooks::library().front();
     EXPECT_FALSE(pictures.picture(book, 3));
     std::optional<Bitmap> first;

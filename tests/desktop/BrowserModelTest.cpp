@@ -3,12 +3,11 @@
 
 #include <QSignalSpy>
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
-TEST(BrowserModel, followsTheSidebarAndTheWordsTyped) {
-    TimelineVideo video;
+using BrowserModelTest = OnVideo<TimelineVideo>;
+
+TEST_F(BrowserModelTest, followsTheSidebarAndTheWordsTyped) {
     BrowserModel browser(video.editor);
     EXPECT_EQ(browser.rowCount(), 2) << "a source, and its clip";
     video.editor.setSidebar({Collection::videos, {}});
@@ -22,8 +21,7 @@ TEST(BrowserModel, followsTheSidebarAndTheWordsTyped) {
     EXPECT_FALSE(browser.emptyWords().isEmpty());
 }
 
-TEST(BrowserModel, picksAndHolds) {
-    TimelineVideo video;
+TEST_F(BrowserModelTest, picksAndHolds) {
     BrowserModel browser(video.editor);
     video.editor.setSidebar({Collection::clips, {}});
     browser.pick(0, Qt::NoModifier);
@@ -38,8 +36,7 @@ TEST(BrowserModel, picksAndHolds) {
     browser.activate(-1);
 }
 
-TEST(BrowserModel, aChangeElsewhereTouchesNoRow) {
-    TimelineVideo video;
+TEST_F(BrowserModelTest, aChangeElsewhereTouchesNoRow) {
     BrowserModel browser(video.editor);
     video.editor.setSidebar({Collection::clips, {}});
     const QSignalSpy inserted(&browser, &QAbstractItemModel::rowsInserted);

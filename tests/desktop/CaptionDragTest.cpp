@@ -2,8 +2,6 @@
 #include "app/desktop/timeline/TimelineDrag.h"
 #include "tests/desktop/SpokenVideo.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 namespace {
@@ -33,31 +31,30 @@ struct Dragged : SpokenVideo {
     TimelineDrag drag{editor};
 };
 
+using CaptionDragTest = OnVideo<Dragged>;
+
 }
 
-TEST(CaptionDrag, theEdgesOfALineRetimeItAsOneStep) {
-    Dragged video;
+TEST_F(CaptionDragTest, theEdgesOfALineRetimeItAsOneStep) {
     video.pull(video.block(0), false, 3.4);
     EXPECT_NEAR(*video.entry(0)->end, 13.4, 0.01);
     EXPECT_NEAR(*video.entry(0)->start, 11, 0.01);
-    EXPECT_EQ(video.editor.history().undoName(), "Retime Caption");
-    EXPECT_EQ(video.editor.history().past().size(), 1);
+    EXPECT_EQ(video.step(), "Retime Caption");
+    EXPECT_EQ(video.steps(), 1);
     EXPECT_NEAR(video.block(0).to, 3.4, 0.01);
     video.pull(video.block(0), true, 0.5);
     EXPECT_NEAR(*video.entry(0)->start, 10.5, 0.01);
     EXPECT_EQ(video.said(0).end, 13) << "the line itself keeps its times";
 }
 
-TEST(CaptionDrag, anEdgeStopsBeforeTheOther) {
-    Dragged video;
+TEST_F(CaptionDragTest, anEdgeStopsBeforeTheOther) {
     video.pull(video.block(0), true, 30);
     EXPECT_NEAR(*video.entry(0)->start, 12.9, 0.01);
     video.pull(video.block(4), false, 1);
     EXPECT_GT(*video.entry(4)->end, *video.entry(4)->start);
 }
 
-TEST(CaptionDrag, theMeetOfABrokenLineMovesFromBothSides) {
-    Dragged video;
+TEST_F(CaptionDragTest, theMeetOfABrokenLineMovesFromBothSides) {
     CaptionEdits::toggleBreak(video.editor, video.said(0).id, 2);
     video.pull(video.block(0, 0), false, 1.5);
     const double first = *(*video.entry(0)->pieces)[0].until;
@@ -71,8 +68,7 @@ TEST(CaptionDrag, theMeetOfABrokenLineMovesFromBothSides) {
     EXPECT_LT(*(*video.entry(0)->pieces)[0].until, 0.98);
 }
 
-TEST(CaptionDrag, lettingGoLeavesTheLookAsItWas) {
-    Dragged video;
+TEST_F(CaptionDragTest, lettingGoLeavesTheLookAsItWas) {
     const auto before = video.editor.project();
     video.pull(video.block(0), false, 3.7, false);
     EXPECT_NE(video.editor.project(), before);

@@ -2,8 +2,6 @@
 #include "core/render/plan/CaptionCue.h"
 #include "tests/desktop/SpokenVideo.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 namespace {
@@ -22,13 +20,13 @@ struct Edited : SpokenVideo {
     Pick pick(std::size_t line, std::optional<std::int64_t> piece = {}) const {
         return {Pick::Kind::caption, said(line).id, piece};
     }
-    std::string step() const { return editor.history().undoName().value_or(""); }
 };
+
+using CaptionEditsTest = OnVideo<Edited>;
 
 }
 
-TEST(CaptionEdits, breakAndJoinBeforeAWord) {
-    Edited video;
+TEST_F(CaptionEditsTest, breakAndJoinBeforeAWord) {
     CaptionEdits::toggleBreak(video.editor, video.said(0).id, 2);
     EXPECT_EQ(video.shown(0), "first line|of all");
     EXPECT_EQ(video.step(), "Break Caption");
@@ -41,11 +39,10 @@ TEST(CaptionEdits, breakAndJoinBeforeAWord) {
     EXPECT_EQ(video.step(), "Join Caption");
     CaptionEdits::toggleBreak(video.editor, video.said(0).id, 0);
     CaptionEdits::toggleBreak(video.editor, video.said(0).id, 99);
-    EXPECT_EQ(video.editor.history().past().size(), 4) << "there is no place to break";
+    EXPECT_EQ(video.steps(), 4) << "there is no place to break";
 }
 
-TEST(CaptionEdits, wordsWithoutBlanksBetweenThemAreJoinedWithoutAny) {
-    Edited video;
+TEST_F(CaptionEditsTest, wordsWithoutBlanksBetweenThemAreJoinedWithoutAny) {
     const auto whole = video.shown(2);
     CaptionEdits::toggleBreak(video.editor, video.said(2).id, 1);
     EXPECT_NE(video.shown(2), whole);
@@ -53,8 +50,7 @@ TEST(CaptionEdits, wordsWithoutBlanksBetweenThemAreJoinedWithoutAny) {
     EXPECT_EQ(video.shown(2), whole);
 }
 
-TEST(CaptionEdits, onePieceIsBigOrHiddenWithoutTheOthers) {
-    Edited video;
+TEST_F(CaptionEditsTest, onePieceIsBigOrHiddenWithoutTheOthers) {
     CaptionEdits::toggleBig(video.editor, video.pick(0));
     EXPECT_EQ(video.shown(0), "*first line of all");
     CaptionEdits::breakAt(video.editor, video.pick(0), 10);
@@ -70,8 +66,7 @@ TEST(CaptionEdits, onePieceIsBigOrHiddenWithoutTheOthers) {
     EXPECT_EQ(video.step(), "Show Caption") << "there is no such piece";
 }
 
-TEST(CaptionEdits, aLineTooLongForItsStyleIsBrokenByHandOnlyWhenOneOfItsPiecesIsChanged) {
-    Edited video;
+TEST_F(CaptionEditsTest, aLineTooLongForItsStyleIsBrokenByHandOnlyWhenOneOfItsPiecesIsChanged) {
     video.editor.change("Style", [](Project& project) { project.captionStyle.emplace().most = 10; });
     ASSERT_EQ(video.shown(0), "first|line of all");
     EXPECT_FALSE(CaptionEdits::whole(video.editor, video.said(0).id)->byHand());
@@ -84,8 +79,7 @@ TEST(CaptionEdits, aLineTooLongForItsStyleIsBrokenByHandOnlyWhenOneOfItsPiecesIs
     EXPECT_FALSE(CaptionEdits::possible(video.editor, "join"));
 }
 
-TEST(CaptionEdits, wordsStandOutByLineAndByPiece) {
-    Edited video;
+TEST_F(CaptionEditsTest, wordsStandOutByLineAndByPiece) {
     const auto line = video.said(0).id;
     CaptionEdits::toggleStress(video.editor, line, 3);
     EXPECT_TRUE(CaptionEdits::words(video.editor, line)[3].stressed);
@@ -97,23 +91,21 @@ TEST(CaptionEdits, wordsStandOutByLineAndByPiece) {
     EXPECT_EQ(pieces[1].stress, (std::vector<std::int64_t>{1})) << "of the piece's own words";
 }
 
-TEST(CaptionEdits, correctingAPieceCorrectsTheLineAndKeepsTheBreaks) {
-    Edited video;
+TEST_F(CaptionEditsTest, correctingAPieceCorrectsTheLineAndKeepsTheBreaks) {
     CaptionEdits::toggleBreak(video.editor, video.said(0).id, 2);
-    const auto steps = video.editor.history().past().size();
+    const auto steps = video.steps();
     CaptionEdits::retext(video.editor, video.pick(0, 1), "of them all");
     EXPECT_EQ(video.said(0).text, "first line of them all");
     EXPECT_EQ(video.shown(0), "first line|of them all");
     EXPECT_EQ(video.step(), "Correct Line");
-    EXPECT_EQ(video.editor.history().past().size(), steps + 1);
+    EXPECT_EQ(video.steps(), steps + 1);
     CaptionEdits::retext(video.editor, video.pick(1), "ไม่เป็นไร");
     EXPECT_EQ(video.said(1).text, "ไม่เป็นไร");
     CaptionEdits::retext(video.editor, video.pick(1), "  ");
     EXPECT_EQ(video.said(1).text, "ไม่เป็นไร") << "a caption is hidden, not emptied";
 }
 
-TEST(CaptionEdits, tagsInALineStayWhenAPieceIsCorrected) {
-    Edited video;
+TEST_F(CaptionEditsTest, tagsInALineStayWhenAPieceIsCorrected) {
     video.editor.apply([&](Project& project) {
         project.transcripts[video.source].lines.edit()[0].text = "[laughs] first line [pause] of all";
     });
@@ -123,8 +115,7 @@ TEST(CaptionEdits, tagsInALineStayWhenAPieceIsCorrected) {
     EXPECT_EQ(video.said(0).text, "[laughs] second line [pause] of all");
 }
 
-TEST(CaptionEdits, whatIsPickedSaysWhatCanBeDone) {
-    Edited video;
+TEST_F(CaptionEditsTest, whatIsPickedSaysWhatCanBeDone) {
     EXPECT_FALSE(CaptionEdits::possible(video.editor, "big"));
     video.editor.setPicked(video.pick(0));
     EXPECT_TRUE(CaptionEdits::possible(video.editor, "big"));

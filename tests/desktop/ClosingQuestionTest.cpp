@@ -1,38 +1,32 @@
 #include "app/desktop/ClosingQuestion.h"
 #include "app/editor/commands/CutCommands.h"
-#include "tests/desktop/WindowOfProject.h"
-
-#include <gtest/gtest.h>
+#include "tests/desktop/OnWindow.h"
 
 using namespace murbo;
 
-TEST(ClosingQuestion, asksWhileAMovieIsOnItsWayOutAndNotOtherwise) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    EXPECT_TRUE(ClosingQuestion(shown.project()).mayClose());
+using ClosingQuestionTest = OnWindow<WindowOfProject>;
 
-    auto& editor = shown.editor();
-    for (int cut = 0; cut < 40; ++cut) {
-        editor.holdClip(editor.project().clips[0].id);
-        CutCommands::addToEnd(editor);
-    }
+TEST_F(ClosingQuestionTest, asksWhileAMovieIsOnItsWayOutAndNotOtherwise) {
+    EXPECT_TRUE(ClosingQuestion(shown->project()).mayClose());
+
+    auto& editor = shown->editor();
+    editor.holdClip(editor.project().clips[0].id);
+    for (int cut = 0; cut < 40; ++cut) CutCommands::addToEnd(editor);
     ExportQueue::MovieJob job{*editor.video(), editor.project(), {}};
-    job.order.to = shown.folder / "movie.mp4";
-    shown.project().exports()->add(std::move(job));
-    ASSERT_TRUE(shown.project().exports()->running());
-    shown.window().close();
-    shown.settle();
-    ASSERT_EQ(shown.desktop->windows().size(), 1U);
-    EXPECT_EQ(shown.project().sheet(), "closing");
+    job.order.to = shown->folder / "movie.mp4";
+    shown->project().exports()->add(std::move(job));
+    ASSERT_TRUE(shown->project().exports()->running());
+    shown->window().close();
+    shown->settle();
+    ASSERT_EQ(shown->desktop->windows().size(), 1U);
+    EXPECT_EQ(shown->project().sheet(), "closing");
 
-    shown.key(Qt::Key_Escape);
-    EXPECT_EQ(shown.project().sheet(), "");
-    shown.window().close();
-    shown.settle();
-    shown.opened = nullptr; // it goes
-    QTest::keyClick(&shown.desktop->windows().front()->window(), Qt::Key_Return, Qt::ControlModifier);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.desktop->windows().empty(); }, 10000));
-    EXPECT_FALSE(std::filesystem::exists(shown.folder / "movie.mp4"));
-    EXPECT_EQ(Complaints::list(), "");
+    shown->key(Qt::Key_Escape);
+    EXPECT_EQ(shown->project().sheet(), "");
+    shown->window().close();
+    shown->settle();
+    shown->opened = nullptr; // it goes
+    QTest::keyClick(&shown->desktop->windows().front()->window(), Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown->desktop->windows().empty(); }, 10000));
+    EXPECT_FALSE(std::filesystem::exists(shown->folder / "movie.mp4"));
 }

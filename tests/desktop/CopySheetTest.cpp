@@ -1,40 +1,28 @@
 #include "app/desktop/documents/CopySheet.h"
 #include "app/editor/commands/VideoCommands.h"
-#include "tests/desktop/WindowOfProject.h"
+#include "tests/desktop/OnWindow.h"
 
 #include <QSignalSpy>
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
-namespace {
+using CopySheetTest = OnWindow<WindowOfProject>;
 
-/// Waits until the copy is made or refused.
-bool ended(CopySheet& sheet) {
-    return QTest::qWaitFor([&] { return !sheet.busy(); }, 10000);
-}
-
-}
-
-TEST(CopySheet, makesASecondProjectAndNeverOverOne) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    VideoCommands::create(shown.editor(), Video::Aspect::vertical, "One");
-    CopySheet sheet(shown.editor());
+TEST_F(CopySheetTest, makesASecondProjectAndNeverOverOne) {
+    VideoCommands::create(shown->editor(), Video::Aspect::vertical, "One");
+    CopySheet sheet(shown->editor());
     QSignalSpy made(&sheet, &CopySheet::made);
     sheet.fill();
     EXPECT_EQ(sheet.property("name").toString(), "p copy");
     sheet.start(false);
-    ASSERT_TRUE(ended(sheet));
+    ASSERT_TRUE(shown->waitFor([&] { return !sheet.busy(); }));
     ASSERT_EQ(made.count(), 1) << sheet.problem().toStdString();
     const std::filesystem::path copy = made[0][0].toString().toStdString();
-    EXPECT_EQ(ProjectPackage::read(copy), shown.editor().project());
+    EXPECT_EQ(ProjectPackage::read(copy), shown->editor().project());
     EXPECT_EQ(ProjectPackage::readHistory(copy).undoName(), "New Video") << "its history comes along";
 
     sheet.start(false);
-    ASSERT_TRUE(ended(sheet));
+    ASSERT_TRUE(shown->waitFor([&] { return !sheet.busy(); }));
     EXPECT_EQ(sheet.problem(), "“p copy.mbproj” is already there.");
     sheet.fill();
     EXPECT_EQ(sheet.property("name").toString(), "p copy 2");
@@ -46,21 +34,17 @@ TEST(CopySheet, makesASecondProjectAndNeverOverOne) {
     EXPECT_EQ(made.count(), 1);
 }
 
-TEST(CopySheet, saveAsTakesTheWindowsPlaceByKeysAlone) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    shown.key(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
-    ASSERT_EQ(shown.project().sheet(), "saveAs");
-    shown.settle();
-    for (const auto key : {Qt::Key_N, Qt::Key_E, Qt::Key_W}) shown.key(key);
-    shown.opened = nullptr; // it goes
-    QTest::keyClick(&shown.desktop->windows().front()->window(), Qt::Key_Return, Qt::ControlModifier);
+TEST_F(CopySheetTest, saveAsTakesTheWindowsPlaceByKeysAlone) {
+    shown->key(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    ASSERT_EQ(shown->project().sheet(), "saveAs");
+    shown->settle();
+    for (const auto key : {Qt::Key_N, Qt::Key_E, Qt::Key_W}) shown->key(key);
+    shown->opened = nullptr; // it goes
+    QTest::keyClick(&shown->desktop->windows().front()->window(), Qt::Key_Return, Qt::ControlModifier);
     const auto there = [&] {
-        const auto& windows = shown.desktop->windows();
+        const auto& windows = shown->desktop->windows();
         return windows.size() == 1 && windows.front()->project().name() == "new";
     };
-    EXPECT_TRUE(QTest::qWaitFor(there, 10000));
-    EXPECT_TRUE(std::filesystem::exists(shown.package()));
-    EXPECT_EQ(Complaints::list(), "");
+    EXPECT_TRUE(shown->waitFor(there));
+    EXPECT_TRUE(std::filesystem::exists(shown->package()));
 }

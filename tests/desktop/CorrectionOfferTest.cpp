@@ -1,7 +1,4 @@
-#include "tests/desktop/OnWindow.h"
 #include "tests/desktop/TranscriptWindow.h"
-
-#include <gtest/gtest.h>
 
 using namespace murbo;
 
@@ -35,9 +32,7 @@ TEST_F(CorrectionOfferTest, aCorrectedWordIsOfferedForAllOtherPlaces) {
     shown->correct();
     ASSERT_EQ(shown->said(0), "one heart left");
     EXPECT_EQ(shown->page().offer()->words(), "“hart” stands at 3 other places");
-    auto* button = shown->named("Correct Everywhere");
-    ASSERT_TRUE(button);
-    shown->click(button->mapToScene({20, 10}).x(), button->mapToScene({20, 10}).y());
+    shown->clickOn(shown->named("Correct Everywhere"));
     EXPECT_EQ(shown->said(2) + "|" + shown->said(3), "Heart, heart|no no the heart");
     EXPECT_EQ(shown->step(), "Correct Everywhere");
     EXPECT_EQ(shown->page().offer()->words(), "");

@@ -1,8 +1,6 @@
 #include "app/desktop/inspector/CutRows.h"
 #include "tests/desktop/InspectedVideo.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 TEST(CutRows, trimACutByWhatIsTyped) {
@@ -25,5 +23,5 @@ TEST(CutRows, trimACutByWhatIsTyped) {
     EXPECT_EQ(cut().role, "hook");
     video.inspection.set("mute", true);
     EXPECT_EQ(cut().muted, true);
-    EXPECT_EQ(video.lastStep(), "Mute Clip");
+    EXPECT_EQ(video.step(), "Mute Clip");
 }

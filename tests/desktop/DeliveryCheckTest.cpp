@@ -4,8 +4,6 @@
 
 #include <QTest>
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 TEST(DeliveryCheck, followsTheVideoAndMendsAnEdge) {

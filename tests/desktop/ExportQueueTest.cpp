@@ -1,8 +1,6 @@
 #include "app/desktop/exports/ExportQueue.h"
 #include "tests/desktop/WindowOfProject.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 namespace {
@@ -18,12 +16,7 @@ ExportQueue::MovieJob job(const Project& project, double length, const std::file
 
 Project footage() {
     Project project;
-    Sources::add(project,
-                 Intake::lengths({made::file("bars.mp4",
-                                             "-f lavfi -i testsrc=size=320x180:rate=30:duration=4 -f lavfi "
-                                             "-i sine=frequency=440:duration=4 -pix_fmt yuv420p -c:a aac "
-                                             "-shortest")}),
-                 "Footage", Source::Kind::file);
+    Sources::add(project, Intake::lengths({WindowOfProject::bars()}), "Footage", Source::Kind::file);
     return project;
 }
 

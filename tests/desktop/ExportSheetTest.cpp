@@ -1,84 +1,64 @@
 #include "app/desktop/exports/ExportSheet.h"
-#include "app/editor/commands/CutCommands.h"
 #include "app/editor/commands/VideoCommands.h"
 #include "tests/desktop/SpokenWindow.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
-TEST(ExportSheet, fillsItsFormAndSaysWhatIsMissing) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    ExportSheet sheet(shown.editor(), *shown.project().exports());
+using ExportSheetTest = OnWindow<WindowOfProject>;
+
+TEST_F(ExportSheetTest, fillsItsFormAndSaysWhatIsMissing) {
+    ExportSheet sheet(shown->editor(), *shown->project().exports());
     sheet.fill();
     EXPECT_EQ(sheet.problem(), "Open a video first");
-    VideoCommands::create(shown.editor(), Video::Aspect::vertical, "What? A/B \"test\"");
+    VideoCommands::create(shown->editor(), Video::Aspect::vertical, "What? A/B \"test\"");
     EXPECT_EQ(sheet.problem(), "This video has no cuts yet");
-    shown.editor().holdClip(shown.editor().project().clips[0].id);
-    CutCommands::addToEnd(shown.editor());
-    shown.settle();
+    shown->putIn();
     sheet.fill();
     EXPECT_EQ(sheet.problem(), "");
     EXPECT_EQ(sheet.property("fileName"), "What- A-B -test-.mp4") << "a name that any system can hold";
     EXPECT_EQ(sheet.facts(), "1080 × 1920 · 30 fps · 0:04");
     EXPECT_EQ(sheet.mutedWords(), "");
-    shown.project().toggleMute("music");
+    shown->project().toggleMute("music");
     EXPECT_EQ(sheet.mutedWords(), "Rows muted on the timeline's headers: Music");
-    EXPECT_EQ(shown.editor().history().undoName(), "Add Clip") << "to mute a row is no step";
+    EXPECT_EQ(shown->step(), "Add Clip") << "to mute a row is no step";
 }
 
-namespace {
-
-/// The control of that name, rather than the words beside it.
-QQuickItem* control(QQuickItem* in, const QString& name) {
-    if (in->property("name").toString() == name) return in;
-    for (auto* child : in->childItems())
-        if (child->isVisible())
-            if (auto* found = control(child, name)) return found;
-    return nullptr;
-}
-
-}
-
-TEST(ExportSheet, anotherVideoIsPutInLineWhileOneIsMade) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    auto& exports = *shown.project().exports();
+TEST_F(ExportSheetTest, anotherVideoIsPutInLineWhileOneIsMade) {
+    auto& exports = *shown->project().exports();
     for (const auto* title : {"One", "Two"}) {
-        VideoCommands::create(shown.editor(), Video::Aspect::vertical, title);
-        shown.editor().holdClip(shown.editor().project().clips[0].id);
-        CutCommands::addToEnd(shown.editor());
+        VideoCommands::create(shown->editor(), Video::Aspect::vertical, title);
+        shown->putIn();
     }
-    shown.settle();
-    shown.key(Qt::Key_E, Qt::ControlModifier);
-    shown.key(Qt::Key_Return, Qt::ControlModifier);
+    shown->settle();
+    shown->key(Qt::Key_E, Qt::ControlModifier);
+    shown->key(Qt::Key_Return, Qt::ControlModifier);
     ASSERT_TRUE(exports.running());
-    EXPECT_EQ(shown.named("Add to Queue"), nullptr) << "what runs is no form";
-    shown.clickOn(shown.named("Export Another…"));
-    ASSERT_TRUE(shown.named("Add to Queue"));
-    auto* window = shown.window().contentItem();
-    const auto name = [&] { return control(window, "Save as")->property("text").toString().toStdString(); };
+    EXPECT_EQ(shown->named("Add to Queue"), nullptr) << "what runs is no form";
+    shown->clickOn(shown->named("Export Another…"));
+    ASSERT_TRUE(shown->named("Add to Queue"));
+    auto* window = shown->window().contentItem();
+    const auto name = [&] {
+        return WindowOfProject::ofType(window, "Field_", "Save as")
+            ->property("text")
+            .toString()
+            .toStdString();
+    };
     EXPECT_EQ(name(), "Two 2.mp4") << "not the file that is being made";
-    QMetaObject::invokeMethod(control(window, "Video"), "picked", Q_ARG(int, 0));
+    QMetaObject::invokeMethod(WindowOfProject::ofType(window, "DropDown_", "Video"), "picked", Q_ARG(int, 0));
     EXPECT_EQ(name(), "One.mp4");
-    shown.key(Qt::Key_Return, Qt::ControlModifier);
+    shown->key(Qt::Key_Return, Qt::ControlModifier);
     ASSERT_TRUE(QTest::qWaitFor([&] { return !exports.running() && exports.waiting() == 0; }, 60000));
     ASSERT_EQ(exports.rows().size(), 2);
     for (const auto& row : exports.rows()) EXPECT_TRUE(std::filesystem::exists(row.file.toStdString()));
-    EXPECT_TRUE(shown.named("Play"));
-    EXPECT_TRUE(shown.named("Show in Folder"));
-    EXPECT_EQ(Complaints::list(), "");
+    EXPECT_TRUE(shown->named("Play"));
+    EXPECT_TRUE(shown->named("Show in Folder"));
 }
 
+using FindingsTest = OnWindow<SpokenWindow>;
+
 /// Two cuts that each end in the middle of what is said: keys mend the one, then the other.
-TEST(ExportSheet, keysStayInTheListAfterAFindingIsMended) {
-    MURBO_NEEDS_FFMPEG();
-    SpokenWindow shown;
-    ASSERT_TRUE(shown.opened);
-    shown.editor().change("Cut", [&](Project& project) {
+TEST_F(FindingsTest, keysStayInTheListAfterAFindingIsMended) {
+    shown->editor().change("Cut", [&](Project& project) {
         auto& cuts = project.videos.edit()[0].cuts.edit();
         auto other = cuts[0];
         cuts[0].end = 0.6;
@@ -86,24 +66,23 @@ TEST(ExportSheet, keysStayInTheListAfterAFindingIsMended) {
         std::tie(other.start, other.end) = std::pair(1, 1.4);
         cuts.push_back(other);
     });
-    shown.key(Qt::Key_E, Qt::ControlModifier);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return shown.named("Fix"); }, 10000));
-    const auto rest = [&] { shown.settle(400); };
+    shown->key(Qt::Key_E, Qt::ControlModifier);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return shown->named("Fix"); }, 10000));
+    const auto rest = [&] { shown->settle(400); };
     rest();
     const auto focus = [&] {
-        auto* item = shown.window().activeFocusItem();
+        auto* item = shown->window().activeFocusItem();
         return item ? item->property("text").toString() + item->property("about").toString() : QString();
     };
-    shown.named("Fix")->forceActiveFocus(Qt::TabFocusReason);
+    shown->named("Fix")->forceActiveFocus(Qt::TabFocusReason);
     EXPECT_EQ(focus(), "FixCut 1 ends inside “okay we have one heart”");
-    shown.key(Qt::Key_Return);
+    shown->key(Qt::Key_Return);
     rest();
     EXPECT_TRUE(focus().startsWith("FixCut 2 ends inside")) << focus().toStdString();
-    shown.key(Qt::Key_Return);
+    shown->key(Qt::Key_Return);
     rest();
-    EXPECT_EQ(shown.named("Fix"), nullptr);
-    EXPECT_TRUE(shown.window().activeFocusItem()->property("heads").toBool()) << "the list's head";
-    shown.key(Qt::Key_Tab);
+    EXPECT_EQ(shown->named("Fix"), nullptr);
+    EXPECT_TRUE(shown->window().activeFocusItem()->property("heads").toBool()) << "the list's head";
+    shown->key(Qt::Key_Tab);
     EXPECT_NE(focus(), "") << "and Tab goes on from there";
-    EXPECT_EQ(Complaints::list(), "");
 }

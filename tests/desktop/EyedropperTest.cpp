@@ -1,24 +1,20 @@
 #include "app/desktop/viewer/Eyedropper.h"
 #include "app/desktop/viewer/FrameView.h"
-#include "tests/desktop/WindowOfProject.h"
+#include "tests/desktop/OnWindow.h"
 
 #include <QQmlContext>
 #include <QQmlEngine>
-
-#include <gtest/gtest.h>
 
 using namespace murbo;
 
 namespace {
 
 /// A movie of one colour in the source viewer.
-class DroppedWindow : public WindowOfProject {
-public:
+struct DroppedWindow : WindowOfProject {
     DroppedWindow() {
         editor().holdClip(editor().project().clips[1].id); // it is teal throughout
         editor().setFocus(Viewer::source);
-        [[maybe_unused]] const bool there = QTest::qWaitFor(
-            [this] { return view() && view()->isVisible() && !view()->last().empty(); }, 10000);
+        waitFor([this] { return view() && view()->isVisible() && !view()->last().empty(); });
         settle();
         QObject::connect(dropper(), &Eyedropper::taken, [this](QObject* who, const QString& colour) {
             taken += who->objectName().toStdString() + colour.toStdString();
@@ -39,37 +35,36 @@ public:
     std::string taken;
 };
 
+using EyedropperTest = OnWindow<DroppedWindow>;
+
 }
 
-TEST(Eyedropper, takesTheColourUnderThePointerForWhoAsked) {
-    MURBO_NEEDS_FFMPEG();
-    DroppedWindow shown;
-    ASSERT_TRUE(shown.view() && shown.dropper());
-    const auto middle = shown.view()->mapToScene(shown.view()->picture().center());
-    shown.dropper()->ask(&shown.asker);
-    shown.settle();
-    shown.click(middle.x(), middle.y());
-    ASSERT_EQ(shown.taken.size(), 10);
-    const auto colour = QColor("#" + QString::fromStdString(shown.taken.substr(4)));
+TEST_F(EyedropperTest, takesTheColourUnderThePointerForWhoAsked) {
+    ASSERT_TRUE(shown->view() && shown->dropper());
+    const auto middle = shown->view()->mapToScene(shown->view()->picture().center());
+    shown->dropper()->ask(&shown->asker);
+    shown->settle();
+    shown->click(middle.x(), middle.y());
+    ASSERT_EQ(shown->taken.size(), 10);
+    const auto colour = QColor("#" + QString::fromStdString(shown->taken.substr(4)));
     EXPECT_LT(colour.red(), 12); // teal is 0, 128, 128
     EXPECT_NEAR(colour.green(), 128, 12);
     EXPECT_NEAR(colour.blue(), 128, 12);
-    EXPECT_FALSE(shown.dropper()->active());
+    EXPECT_FALSE(shown->dropper()->active());
 
-    shown.taken.clear();
-    shown.dropper()->ask(&shown.asker);
-    shown.settle();
-    const double time = shown.editor().source.time();
-    shown.key(Qt::Key_Left);
-    shown.key(Qt::Key_Return);
-    EXPECT_EQ(shown.taken.substr(0, 4), "key ") << "by keys alone";
-    EXPECT_EQ(shown.editor().source.time(), time);
+    shown->taken.clear();
+    shown->dropper()->ask(&shown->asker);
+    shown->settle();
+    const double time = shown->editor().source.time();
+    shown->key(Qt::Key_Left);
+    shown->key(Qt::Key_Return);
+    EXPECT_EQ(shown->taken.substr(0, 4), "key ") << "by keys alone";
+    EXPECT_EQ(shown->editor().source.time(), time);
 
-    shown.taken.clear();
-    shown.dropper()->ask(&shown.asker);
-    shown.key(Qt::Key_Escape);
-    EXPECT_FALSE(shown.dropper()->active());
-    EXPECT_EQ(shown.taken, "");
-    EXPECT_EQ(Eyedropper::colourAt(*shown.view(), {-5, 5}), "") << "beside the picture";
-    EXPECT_EQ(Complaints::list(), "");
+    shown->taken.clear();
+    shown->dropper()->ask(&shown->asker);
+    shown->key(Qt::Key_Escape);
+    EXPECT_FALSE(shown->dropper()->active());
+    EXPECT_EQ(shown->taken, "");
+    EXPECT_EQ(Eyedropper::colourAt(*shown->view(), {-5, 5}), "") << "beside the picture";
 }

@@ -42,11 +42,8 @@ public:
 TEST(FileChoice, takesWhatThePortalAnswersAndOnlyLocalFiles) {
     const PrivateBus bus;
     if (bus.address.isEmpty()) GTEST_SKIP() << "there is no dbus-daemon";
-    auto side = bus.connect("portal");
     FakePortal portal;
-    ASSERT_TRUE(side.registerService("org.freedesktop.portal.Desktop"));
-    ASSERT_TRUE(
-        side.registerObject("/org/freedesktop/portal/desktop", &portal, QDBusConnection::ExportAllSlots));
+    ASSERT_TRUE(bus.serve(portal));
     FileChoice choice(bus.connect("window"));
     QSignalSpy chosen(&choice, &FileChoice::chosen);
     choice.choose("movies", "Add Footage");

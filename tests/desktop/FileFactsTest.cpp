@@ -1,18 +1,12 @@
 #include "app/desktop/inspector/FileFacts.h"
-#include "tests/MadeMedia.h"
-
-#include <QTest>
-
-#include <gtest/gtest.h>
+#include "tests/desktop/WindowOfProject.h"
 
 using namespace murbo;
 
 TEST(FileFacts, areReadAsideAndSaidInWords) {
     MURBO_NEEDS_FFMPEG();
     FileFacts facts;
-    const auto file = made::file("bars.mp4",
-                                 "-f lavfi -i testsrc=size=320x180:rate=30:duration=4 -f lavfi -i "
-                                 "sine=frequency=440:duration=4 -pix_fmt yuv420p -c:a aac -shortest");
+    const auto file = WindowOfProject::bars();
     int times = 0;
     QObject::connect(&facts, &FileFacts::changed, [&] { ++times; });
     EXPECT_EQ(facts.words(file), "") << "nobody waits for it";

@@ -7,8 +7,8 @@ using namespace murbo;
 
 TEST(FolderModel, listsWhatCanBeChosenAsPeopleWouldPutIt) {
     const TemporaryFolder folder;
-    for (const auto* name :
-         {"clip 10.mp4", "clip 2.MOV", "notes.txt", ".hidden.mp4", "b/x.mp4", "p.mbproj/project.json"})
+    for (const auto* name : {"clip 10.mp4", "clip 2.MOV", "notes.txt", ".hidden.mp4", "b/x.mp4", "map.png",
+                             "p.mbproj/project.json"})
         folder.file(name);
     FolderModel model;
     model.setProperty("wanted", "movies");
@@ -22,6 +22,8 @@ TEST(FolderModel, listsWhatCanBeChosenAsPeopleWouldPutIt) {
     EXPECT_EQ(model.rowCount(), 1);
     model.up();
     EXPECT_EQ(model.rowCount(), 4);
+    model.setProperty("wanted", "media");
+    EXPECT_EQ(model.rowCount(), 5) << "a picture will do";
     model.setFolder("/nowhere at all");
     EXPECT_EQ(model.rowCount(), 0);
     EXPECT_FALSE(model.problem().isEmpty());

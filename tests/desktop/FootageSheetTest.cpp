@@ -1,24 +1,9 @@
 #include "app/desktop/footage/FootageSheet.h"
-#include "platform/base/Files.h"
 #include "tests/desktop/OnWindow.h"
-
-#include <gtest/gtest.h>
 
 using namespace murbo;
 
-namespace {
-
-bool waitForFiles(FootageSheet& sheet, int milliseconds = 20000) {
-    return QTest::qWaitFor([&] { return !sheet.reading(); }, milliseconds);
-}
-
-QString path(const std::filesystem::path& file) {
-    return QString::fromStdString(file.string());
-}
-
 using FootageSheetTest = OnWindow<WindowOfProject>;
-
-}
 
 TEST_F(FootageSheetTest, aHugeFolderIsStoppedByItsButtonAndByEsc) {
     const auto drop = shown->folder / "Drop";
@@ -27,19 +12,17 @@ TEST_F(FootageSheetTest, aHugeFolderIsStoppedByItsButtonAndByEsc) {
     for (int at = 0; at < files; ++at)
         std::filesystem::create_hard_link(made::file("plain.mp4", ""), drop / (std::to_string(at) + ".mp4"));
     auto& sheet = shown->opened->footage();
-    shown->opened->takeFootage({path(drop)});
+    shown->opened->takeFootage({WindowOfProject::text(drop)});
     ASSERT_TRUE(QTest::qWaitFor([&] { return sheet.count() == files; }, 20000));
     shown->settle(200);
-    auto* stop = shown->named("Stop");
-    ASSERT_TRUE(stop);
-    shown->clickOn(stop);
-    ASSERT_TRUE(waitForFiles(sheet, 2000));
+    shown->clickOn(shown->named("Stop"));
+    ASSERT_TRUE(shown->waitFor([&] { return !sheet.reading(); }, 2000));
     EXPECT_GT(sheet.count(), 0);
     EXPECT_LT(sheet.count(), files);
     EXPECT_EQ(sheet.readable(), sheet.count()) << "what is left was looked at";
     EXPECT_FALSE(shown->named("Stop"));
 
-    sheet.take({path(drop)});
+    sheet.take({WindowOfProject::text(drop)});
     shown->key(Qt::Key_Escape);
     EXPECT_EQ(shown->project().sheet(), "");
     EXPECT_FALSE(sheet.reading());
@@ -48,14 +31,14 @@ TEST_F(FootageSheetTest, aHugeFolderIsStoppedByItsButtonAndByEsc) {
 
 TEST_F(FootageSheetTest, listsWhatWasHandedOverWithTheReasonOfWhatCannotComeIn) {
     const auto drop = shown->folder / "Drop";
-    std::filesystem::create_directory(drop);
+    shown->folder.file("Drop/clip 2.mp4", "no movie");
+    shown->folder.file("Drop/notes.txt", "x");
     std::filesystem::copy_file(made::file("plain.mp4", ""), drop / "clip 10.mp4");
-    Files::writeWhole(drop / "clip 2.mp4", "no movie");
-    Files::writeWhole(drop / "notes.txt", "x");
 
     FootageSheet sheet(shown->editor());
-    sheet.take({path(drop), path(drop / "notes.txt"), path(drop / "clip 2.mp4")});
-    ASSERT_TRUE(waitForFiles(sheet));
+    sheet.take({WindowOfProject::text(drop), WindowOfProject::text(drop / "notes.txt"),
+                WindowOfProject::text(drop / "clip 2.mp4")});
+    ASSERT_TRUE(shown->waitFor([&] { return !sheet.reading(); }, 20000));
     const auto& rows = sheet.files()->rows();
     ASSERT_EQ(rows.size(), 3U) << "each file once";
     EXPECT_EQ(rows[0].name, "clip 2.mp4") << "in the order that people put them";
@@ -78,20 +61,8 @@ TEST_F(FootageSheetTest, listsWhatWasHandedOverWithTheReasonOfWhatCannotComeIn) 
     const auto project = shown->onDisk();
     ASSERT_EQ(project.sources.size(), before + 1);
     EXPECT_EQ(project.groups.back().name, "Tuesday");
-    EXPECT_EQ(shown->editor().history().undoName(), "Add Footage");
+    EXPECT_EQ(shown->step(), "Add Footage");
     EXPECT_EQ(shown->editor().sidebar().source, project.sources.back().id);
-}
-
-TEST_F(FootageSheetTest, isFilledByADropOnTheWindow) {
-    std::filesystem::copy_file(made::file("plain.mp4", ""), shown->folder / "dropped.mp4");
-    shown->opened->takeFootage({path(shown->folder / "dropped.mp4")});
-    EXPECT_EQ(shown->project().sheet(), "addFiles");
-    QTest::qWait(500);
-    const auto before = shown->onDisk().sources.size();
-    shown->key(Qt::Key_Return, Qt::ControlModifier);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return shown->onDisk().sources.size() == before + 1; }, 10000));
-    shown->editor().work.cancelAll();
-    shown->settle();
 }
 
 TEST_F(FootageSheetTest, withoutAPortalFilesAreChosenInTheWindow) {

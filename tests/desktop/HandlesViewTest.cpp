@@ -1,10 +1,7 @@
-#include "app/desktop/timeline/TimelineView.h"
 #include "app/desktop/viewer/HandlesView.h"
 #include "app/editor/commands/OverlayCommands.h"
 #include "core/playbooks/Playbooks.h"
 #include "tests/desktop/OnWindow.h"
-
-#include <gtest/gtest.h>
 
 using namespace murbo;
 
@@ -14,17 +11,14 @@ namespace {
 class OverlaidWindow : public WindowOfProject {
 public:
     OverlaidWindow() {
-        editor().holdClip(editor().project().clips[0].id);
-        key(Qt::Key_E);
+        putIn();
         editor().setFocus(Viewer::video);
         if (const auto label = Playbooks::find("stock.label"))
             OverlayCommands::addOverlay(editor(), *label, 0);
         before = editor().project();
-        [[maybe_unused]] const bool there =
-            QTest::qWaitFor([this] { return editor().playback.isLoaded() && !editor().isBusy(); }, 10000);
+        waitFor([this] { return editor().playback.isLoaded() && !editor().isBusy(); });
         editor().playback.seek(1);
-        [[maybe_unused]] const bool shown =
-            QTest::qWaitFor([this] { return handles() && handles()->shown(); }, 10000);
+        EXPECT_TRUE(waitFor([this] { return handles() && handles()->shown(); }));
         settle(50);
     }
     HandlesView* handles() { return item<HandlesView>(); }
@@ -54,7 +48,6 @@ using HandlesViewTest = OnWindow<OverlaidWindow>;
 }
 
 TEST_F(HandlesViewTest, theBoxIsMovedSizedAndTurnedAsOneStepEach) {
-    ASSERT_TRUE(shown->handles() && shown->handles()->shown());
     const auto box = shown->handles()->boxSize();
     EXPECT_LT(box.height(), shown->handles()->height() * 0.9) << "it fits what is seen, not the frame";
 
@@ -63,13 +56,13 @@ TEST_F(HandlesViewTest, theBoxIsMovedSizedAndTurnedAsOneStepEach) {
     ASSERT_TRUE(shown->overlay().move && shown->overlay().move->from);
     EXPECT_NEAR(*shown->overlay().move->from->x, 0.5 + by.x() / shown->handles()->width(), 0.01);
     EXPECT_NEAR(*shown->overlay().move->from->y, 0.5 + by.y() / shown->handles()->height(), 0.01);
-    EXPECT_EQ(shown->editor().history().undoName(), "Move Overlay");
+    EXPECT_EQ(shown->step(), "Move Overlay");
 
     const auto middle = shown->handles()->centre();
     shown->drag(shown->point(1, 1), shown->point(0.5, 0.5));
     EXPECT_NEAR(*shown->overlay().move->from->scale, 0.5, 0.06);
     EXPECT_LT(QLineF(shown->handles()->centre(), middle).length(), 2) << "about its own middle";
-    EXPECT_EQ(shown->editor().history().undoName(), "Size Overlay");
+    EXPECT_EQ(shown->step(), "Size Overlay");
 
     const auto knob = shown->handles()->mapToScene(
         shown->handles()->centre() -
@@ -84,7 +77,6 @@ TEST_F(HandlesViewTest, theBoxIsMovedSizedAndTurnedAsOneStepEach) {
 }
 
 TEST_F(HandlesViewTest, itCatchesAtTheMiddleAndEscapePutsItBack) {
-    ASSERT_TRUE(shown->handles() && shown->handles()->shown());
     const auto start = shown->point(0, 0);
     const double wide = shown->handles()->width();
     const int across = static_cast<int>(wide / 2 - shown->handles()->centre().x());
@@ -102,7 +94,6 @@ TEST_F(HandlesViewTest, itCatchesAtTheMiddleAndEscapePutsItBack) {
 }
 
 TEST_F(HandlesViewTest, arrowsNudgeAndADoublePressEditsTheText) {
-    ASSERT_TRUE(shown->handles() && shown->handles()->shown());
     const double time = shown->editor().playback.time();
     shown->handles()->forceActiveFocus(Qt::TabFocusReason);
     shown->key(Qt::Key_Right);
@@ -116,16 +107,15 @@ TEST_F(HandlesViewTest, arrowsNudgeAndADoublePressEditsTheText) {
     ASSERT_NE(shown->handles()->text(), "");
     QTest::mouseDClick(&shown->window(), Qt::LeftButton, {}, shown->point(0, 0));
     shown->settle();
-    for (const auto key : {Qt::Key_N, Qt::Key_E, Qt::Key_W}) QTest::keyClick(&shown->window(), key);
+    shown->type("new");
     shown->key(Qt::Key_Return);
     EXPECT_EQ(shown->handles()->text(), "new") << "and no key of them was a command";
-    EXPECT_EQ(shown->editor().history().undoName(), "Change Text");
+    EXPECT_EQ(shown->step(), "Change Text");
     shown->key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(shown->editor().project(), shown->before);
 }
 
 TEST_F(HandlesViewTest, aClickOnThePicturePicksWhatIsOnTopThere) {
-    ASSERT_TRUE(shown->handles() && shown->handles()->shown());
     const auto on = shown->point(0, 0);
     const auto first = shown->overlay().id;
     const auto click = [&](const QPoint& at, Qt::KeyboardModifiers held = {}) {
@@ -152,15 +142,9 @@ TEST_F(HandlesViewTest, aClickOnThePicturePicksWhatIsOnTopThere) {
 }
 
 TEST_F(HandlesViewTest, theBoxGoesWithThePictureThatIsSkimmed) {
-    ASSERT_TRUE(shown->handles() && shown->handles()->shown());
-    auto* timeline = shown->item<TimelineView>();
     shown->editor().setSkimming(true);
-    const auto at = [&](double time) {
-        const double down = timeline->shown().track(TimelineRow::picture)->top + 30;
-        return timeline->mapToScene({timeline->shownSpan().x(time), down}).toPoint();
-    };
-    QTest::mouseMove(&shown->window(), at(3.5));
-    QTest::mouseMove(&shown->window(), at(3.7));
+    QTest::mouseMove(&shown->window(), shown->onTimeline(3.5));
+    QTest::mouseMove(&shown->window(), shown->onTimeline(3.7));
     ASSERT_TRUE(shown->editor().playback.skimmed());
     EXPECT_FALSE(shown->handles()->shown()) << "the overlay is over by then";
     QTest::mouseMove(&shown->window(), QPoint(5, 300));

@@ -2,8 +2,6 @@
 #include "app/editor/commands/VideoCommands.h"
 #include "tests/desktop/OnWindow.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 namespace {

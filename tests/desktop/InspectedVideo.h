@@ -26,8 +26,6 @@ public:
     }
 
     const Look& look() const { return *editor.video()->look; }
-    std::size_t steps() const { return editor.history().past().size(); }
-    std::string lastStep() const { return editor.history().undoName().value_or(""); }
     void pick(Pick::Kind kind, const UUID& id) { editor.setPicked(Pick{kind, id, {}}); }
     void pickBothOverlays() {
         editor.setMorePicked({Pick{Pick::Kind::overlay, look().overlays[0].id, {}}});

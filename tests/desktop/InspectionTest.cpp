@@ -3,12 +3,11 @@
 
 #include <QTest>
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
-TEST(Inspection, showsTheOpenVideoWhereNothingIsPicked) {
-    InspectedVideo video;
+using InspectionTest = OnVideo<InspectedVideo>;
+
+TEST_F(InspectionTest, showsTheOpenVideoWhereNothingIsPicked) {
     EXPECT_EQ(video.inspection.kind(), "video");
     EXPECT_EQ(video.at("title"), "Video");
     EXPECT_EQ(video.at("length"), "0:12.00 · 3 cuts");
@@ -29,8 +28,7 @@ TEST(Inspection, showsTheOpenVideoWhereNothingIsPicked) {
     video.inspection.set("title", "Nobody");
 }
 
-TEST(Inspection, aDragIsOneStepHoweverManyPiecesItHas) {
-    InspectedVideo video;
+TEST_F(InspectionTest, aDragIsOneStepHoweverManyPiecesItHas) {
     video.pick(Pick::Kind::shot, video.look().shots[0].id);
     const auto before = video.steps();
     for (int piece = 0; piece < 30; ++piece) video.inspection.drag("zoom", 1 + piece * 0.05);
@@ -38,7 +36,7 @@ TEST(Inspection, aDragIsOneStepHoweverManyPiecesItHas) {
     EXPECT_EQ(video.steps(), before) << "not while the mouse is down";
     video.inspection.release();
     EXPECT_EQ(video.steps(), before + 1);
-    EXPECT_EQ(video.lastStep(), "Change Zoom");
+    EXPECT_EQ(video.step(), "Change Zoom");
     video.editor.undo();
     EXPECT_EQ(video.look().shots[0].zoom, 1);
     EXPECT_EQ(video.at("zoom").toDouble(), 1) << "the row follows what is undone";
@@ -51,35 +49,25 @@ TEST(Inspection, aDragIsOneStepHoweverManyPiecesItHas) {
     // By keys nothing says when it ends: it does by resting.
     video.inspection.drag("zoom", 3.0);
     ASSERT_TRUE(QTest::qWaitFor([&] { return video.steps() == before + 1; }, 3000));
-    EXPECT_EQ(video.lastStep(), "Change Zoom");
+    EXPECT_EQ(video.step(), "Change Zoom");
     video.inspection.release();
     EXPECT_EQ(video.steps(), before + 1);
 }
 
-TEST(Inspection, fillsInAPlaybooksParameters) {
-    InspectedVideo video;
+TEST_F(InspectionTest, fillsInAPlaybooksParameters) {
     const auto overlay = [&]() -> const Overlay& { return video.look().overlays[0]; };
     video.pick(Pick::Kind::overlay, overlay().id);
-    ASSERT_NE(video.ids().find("value."), std::string::npos) << video.ids();
-    std::string text;
-    for (int row = 0; row < video.inspection.rows()->rowCount(); ++row) {
-        const auto index = video.inspection.rows()->index(row, 0);
-        const auto id = index.data(Qt::UserRole + 1).toMap()["id"].toString().toStdString();
-        if (id.starts_with("value.") && index.data(Qt::UserRole) == "text") text = id;
-    }
-    ASSERT_FALSE(text.empty());
     const auto before = video.steps();
-    for (const auto* typed : {"H", "He", "Hey"}) video.inspection.drag(text.c_str(), typed);
+    for (const auto* typed : {"H", "He", "Hey"}) video.inspection.drag("value.title", typed);
     video.inspection.release();
-    EXPECT_EQ(overlay().values->at(text.substr(6)), "Hey");
+    EXPECT_EQ(overlay().values->at("title"), "Hey");
     EXPECT_EQ(video.steps(), before + 1) << "typing is one step";
-    EXPECT_TRUE(video.changed(text.c_str()));
-    video.inspection.reset(text.c_str());
+    EXPECT_TRUE(video.changed("value.title"));
+    video.inspection.reset("value.title");
     EXPECT_EQ(overlay().values, std::nullopt) << "nothing filled in is no values";
 }
 
-TEST(Inspection, whatIsGoneIsNotChanged) {
-    InspectedVideo video;
+TEST_F(InspectionTest, whatIsGoneIsNotChanged) {
     video.pick(Pick::Kind::shot, video.look().shots[1].id);
     video.inspection.drag("zoom", 3.0);
     video.editor.apply([](Project& project) { project.videos.edit()[0].look->shots.edit().pop_back(); });
@@ -94,8 +82,7 @@ TEST(Inspection, whatIsGoneIsNotChanged) {
     EXPECT_EQ(video.look().shots.size(), 1);
 }
 
-TEST(Inspection, followsTheBrowser) {
-    InspectedVideo video;
+TEST_F(InspectionTest, followsTheBrowser) {
     const auto& project = video.editor.project();
     video.editor.setInspecting(Inspecting::browser);
     EXPECT_EQ(video.inspection.kind(), "video") << "nothing is held there";

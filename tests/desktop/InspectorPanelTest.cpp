@@ -1,71 +1,48 @@
 #include "app/desktop/inspector/InspectorPanel.h"
 #include "platform/store/SettingsStore.h"
-#include "tests/desktop/WindowOfProject.h"
-
-#include <gtest/gtest.h>
+#include "tests/desktop/OnWindow.h"
 
 using namespace murbo;
 
-namespace {
+using InspectorPanelTest = OnWindow<WindowOfProject>;
 
-QQuickItem* named(QQuickItem& within, const QString& type) {
-    for (auto* child : within.childItems()) {
-        if (QString(child->metaObject()->className()).startsWith(type)) return child;
-        if (auto* found = named(*child, type)) return found;
-    }
-    return nullptr;
-}
-
-}
-
-TEST(InspectorPanel, isShownFoldedAndReachedByKeys) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    auto* panel = named(*shown.window().contentItem(), "Inspector_");
+TEST_F(InspectorPanelTest, isShownFoldedAndReachedByKeys) {
+    auto* panel = WindowOfProject::ofType(shown->window().contentItem(), "Inspector_");
     ASSERT_TRUE(panel);
     EXPECT_TRUE(panel->isVisible());
     EXPECT_EQ(panel->mapRectToScene(panel->boundingRect()), QRectF(1280 - 316, 41, 316, 759));
 
-    shown.key(Qt::Key_I, Qt::ControlModifier | Qt::AltModifier);
+    shown->key(Qt::Key_I, Qt::ControlModifier | Qt::AltModifier);
     EXPECT_FALSE(panel->isVisible());
     EXPECT_EQ(SettingsStore::standard().boolean("inspectorShown"), false);
-    shown.key(Qt::Key_1, Qt::ControlModifier);
+    shown->key(Qt::Key_1, Qt::ControlModifier);
     EXPECT_TRUE(panel->isVisible()) << "bringing a tab up brings the panel up";
 
-    for (int presses = 0; presses < 5 && !panel->hasActiveFocus(); ++presses) shown.key(Qt::Key_F6);
+    for (int presses = 0; presses < 5 && !panel->hasActiveFocus(); ++presses) shown->key(Qt::Key_F6);
     EXPECT_TRUE(panel->hasActiveFocus());
-    EXPECT_EQ(Complaints::list(), "");
 }
 
-TEST(InspectorPanel, remembersWhatIsFolded) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
+TEST_F(InspectorPanelTest, remembersWhatIsFolded) {
     for (const auto* key : {"folded.Levels", "captionStyles.open"}) // the settings of all tests are one file
         SettingsStore::standard().remove(key);
-    InspectorPanel panel(shown.editor());
+    InspectorPanel panel(shown->editor());
     EXPECT_TRUE(panel.isOpen("folded.Levels"));
     EXPECT_FALSE(panel.isOpen("captionStyles.open"));
     panel.setOpen("folded.Levels", false);
     panel.setOpen("captionStyles.open", true);
     EXPECT_EQ(SettingsStore::standard().boolean("folded.Levels"), true);
-    InspectorPanel next(shown.editor());
+    InspectorPanel next(shown->editor());
     EXPECT_FALSE(next.isOpen("folded.Levels"));
     EXPECT_TRUE(next.isOpen("captionStyles.open"));
     next.setOpen("folded.Levels", true);
     next.setOpen("captionStyles.open", false);
 }
 
-TEST(InspectorPanel, showsTheFirstTabForOneThatItHasNot) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    InspectorPanel panel(shown.editor());
-    shown.editor().setInspectorTab(InspectorTab::mcp);
+TEST_F(InspectorPanelTest, showsTheFirstTabForOneThatItHasNot) {
+    InspectorPanel panel(shown->editor());
+    shown->editor().setInspectorTab(InspectorTab::mcp);
     EXPECT_EQ(panel.tab(), 0);
     panel.choose(99);
     panel.choose(-1);
-    EXPECT_EQ(shown.editor().inspectorTab(), InspectorTab::mcp);
-    EXPECT_EQ(Complaints::list(), "");
+    EXPECT_EQ(shown->editor().inspectorTab(), InspectorTab::mcp);
 }

@@ -1,15 +1,12 @@
 #include "app/desktop/inspector/InspectorPictures.h"
 #include "tests/desktop/PickedShot.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
-TEST(InspectorPictures, areTheLayoutsWithTheFrameAtThePlayhead) {
-    MURBO_NEEDS_FFMPEG();
-    PickedShot shown;
-    ASSERT_TRUE(shown.opened);
-    InspectorPictures pictures(shown.editor());
+using InspectorPicturesTest = OnWindow<PickedShot>;
+
+TEST_F(InspectorPicturesTest, areTheLayoutsWithTheFrameAtThePlayhead) {
+    InspectorPictures pictures(shown->editor());
     pictures.setProperty("watched", true);
     ASSERT_TRUE(QTest::qWaitFor(
         [&] { return pictures.layoutCards().size() > 3 && !pictures.layoutCards()[0].picture.isNull(); },
@@ -21,7 +18,7 @@ TEST(InspectorPictures, areTheLayoutsWithTheFrameAtThePlayhead) {
     for (const auto& card : cards) EXPECT_FALSE(card.picture.isNull()) << card.id;
 
     const auto first = cards[0].picture;
-    shown.editor().playback.seek(2);
+    shown->editor().playback.seek(2);
     EXPECT_TRUE(QTest::qWaitFor([&] { return pictures.layoutCards()[0].picture != first; }, 10000))
         << "they follow the playhead";
 }

@@ -1,11 +1,11 @@
 #include "app/desktop/KeyRouter.h"
-#include "tests/desktop/WindowOfProject.h"
+#include "tests/desktop/OnWindow.h"
 
 #include <QKeyEvent>
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
+
+using KeyRouterTest = OnWindow<WindowOfProject>;
 
 namespace {
 
@@ -28,44 +28,34 @@ TEST(KeyRouter, aKeyThatNoCommandHasIsReadAsOnAUsKeyboard) {
     EXPECT_EQ(KeyRouter::onUsKeyboard(9999), "");
 }
 
-TEST(KeyRouter, lettersAreNoCommandsWhileSomebodyTypes) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    shown.key(Qt::Key_B);
-    EXPECT_EQ(shown.editor().tool(), EditingTool::blade);
-    shown.key(Qt::Key_F, Qt::ControlModifier); // into the search field
-    shown.key(Qt::Key_A);
-    EXPECT_EQ(shown.editor().tool(), EditingTool::blade);
-    EXPECT_EQ(shown.project().browser()->words(), "a");
-    shown.key(Qt::Key_Escape);
-    shown.key(Qt::Key_A);
-    EXPECT_EQ(shown.editor().tool(), EditingTool::select);
-    EXPECT_EQ(Complaints::list(), "");
+TEST_F(KeyRouterTest, lettersAreNoCommandsWhileSomebodyTypes) {
+    shown->key(Qt::Key_B);
+    EXPECT_EQ(shown->editor().tool(), EditingTool::blade);
+    shown->key(Qt::Key_F, Qt::ControlModifier); // into the search field
+    shown->key(Qt::Key_A);
+    EXPECT_EQ(shown->editor().tool(), EditingTool::blade);
+    EXPECT_EQ(shown->project().browser()->words(), "a");
+    shown->key(Qt::Key_Escape);
+    shown->key(Qt::Key_A);
+    EXPECT_EQ(shown->editor().tool(), EditingTool::select);
 }
 
-TEST(KeyRouter, keysGoToASheetAndNotThroughIt) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    shown.key(Qt::Key_K, Qt::ControlModifier);
-    ASSERT_EQ(shown.project().sheet(), "palette");
-    for (const auto key : {Qt::Key_B, Qt::Key_L, Qt::Key_A, Qt::Key_D, Qt::Key_E}) shown.key(key);
-    EXPECT_EQ(shown.editor().tool(), EditingTool::select);
-    shown.key(Qt::Key_Return);
-    EXPECT_EQ(shown.project().sheet(), "");
-    EXPECT_EQ(shown.editor().tool(), EditingTool::blade) << "the palette gave the command";
+TEST_F(KeyRouterTest, keysGoToASheetAndNotThroughIt) {
+    shown->key(Qt::Key_K, Qt::ControlModifier);
+    ASSERT_EQ(shown->project().sheet(), "palette");
+    for (const auto key : {Qt::Key_B, Qt::Key_L, Qt::Key_A, Qt::Key_D, Qt::Key_E}) shown->key(key);
+    EXPECT_EQ(shown->editor().tool(), EditingTool::select);
+    shown->key(Qt::Key_Return);
+    EXPECT_EQ(shown->project().sheet(), "");
+    EXPECT_EQ(shown->editor().tool(), EditingTool::blade) << "the palette gave the command";
 }
 
-TEST(KeyRouter, aToolsKeyThatIsHeldLendsTheTool) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    QTest::keyPress(&shown.window(), Qt::Key_B);
-    EXPECT_EQ(shown.editor().tool(), EditingTool::blade);
+TEST_F(KeyRouterTest, aToolsKeyThatIsHeldLendsTheTool) {
+    QTest::keyPress(&shown->window(), Qt::Key_B);
+    EXPECT_EQ(shown->editor().tool(), EditingTool::blade);
     QTest::qWait(350);
-    QTest::keyRelease(&shown.window(), Qt::Key_B);
-    EXPECT_EQ(shown.editor().tool(), EditingTool::select);
-    shown.key(Qt::Key_T);
-    EXPECT_EQ(shown.editor().tool(), EditingTool::trim) << "a tap takes it for good";
+    QTest::keyRelease(&shown->window(), Qt::Key_B);
+    EXPECT_EQ(shown->editor().tool(), EditingTool::select);
+    shown->key(Qt::Key_T);
+    EXPECT_EQ(shown->editor().tool(), EditingTool::trim) << "a tap takes it for good";
 }

@@ -2,18 +2,15 @@
 #include "platform/base/Files.h"
 #include "tests/desktop/WindowOfLibrary.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
-TEST(LibraryRows, whatIsNoPlaybookIsNamedWithTheReason) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfLibrary shown;
-    ASSERT_TRUE(shown.opened);
+using LibraryRowsTest = OnWindow<WindowOfLibrary>;
+
+TEST_F(LibraryRowsTest, whatIsNoPlaybookIsNamedWithTheReason) {
     std::filesystem::create_directories(Library::playbooks() / "Broken.mbplay");
     Files::writeWhole(Library::playbooks() / "Broken.mbplay/playbook.json", R"({"name": 3})");
-    LibraryModel model(shown.editor(), shown.opened->arriving(), {});
-    ASSERT_TRUE(shown.turn(model, Collection::playbooks));
+    LibraryModel model(shown->editor(), shown->opened->arriving(), {});
+    ASSERT_TRUE(shown->turn(model, Collection::playbooks));
     const int broken = WindowOfLibrary::row(model, "Broken.mbplay");
     ASSERT_GE(broken, 0);
     const auto& row = model.rows()[static_cast<std::size_t>(broken)];

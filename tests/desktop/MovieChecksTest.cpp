@@ -2,8 +2,6 @@
 #include "core/model/Settings.h"
 #include "tests/desktop/TimelineVideo.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 using MovieChecks::Finding;
 

@@ -9,8 +9,6 @@
 #include <filesystem>
 #include <set>
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 namespace {
@@ -22,7 +20,7 @@ public:
         key(Qt::Key_E);
         editor().playback.seek(0.6);
         settle();
-        steps = editor().history().past().size();
+        stepsAtFirst = steps();
         atFirst = editor().project();
     }
     void prepare(const std::optional<Pick>& pick, Collection page) {
@@ -43,11 +41,11 @@ public:
         for (int time = 0; time < 3; ++time) key(Qt::Key_Escape);
         project().cancelWork();
         settle(10);
-        while (editor().history().past().size() > steps) editor().undo();
-        while (editor().history().past().size() < steps) editor().redo();
+        while (steps() > stepsAtFirst) editor().undo();
+        while (steps() < stepsAtFirst) editor().redo();
         settle(10);
     }
-    std::size_t steps = 0;
+    std::size_t stepsAtFirst = 0;
     Project atFirst;
 };
 
@@ -64,16 +62,16 @@ public:
     QStringList paths;
 };
 
+using OpenProjectCommandsTest = OnWindow<BusyWindow>;
+
 }
 
 /// Nothing throws, no view complains, and what is a step is taken back by one.
-TEST(OpenProjectCommands, eachActionIsDoneAndUndone) {
-    MURBO_NEEDS_FFMPEG();
-    BusyWindow shown;
+TEST_F(OpenProjectCommandsTest, eachActionIsDoneAndUndone) {
     // These end the window, or open another program's: they have tests of their own.
     const std::set<std::string> apart{"closeWindow", "showInFolder", "library.show"};
-    const auto line = shown.atFirst.transcript(shown.atFirst.sources[0].id).lines[0].id;
-    const auto cut = shown.atFirst.videos[0].cuts[1].id;
+    const auto line = shown->atFirst.transcript(shown->atFirst.sources[0].id).lines[0].id;
+    const auto cut = shown->atFirst.videos[0].cuts[1].id;
     const std::pair<std::optional<Pick>, Collection> settings[] = {
         {Pick{Pick::Kind::cut, cut, {}}, Collection::clips},
         {Pick{Pick::Kind::caption, line, {}}, Collection::playbooks}};
@@ -82,12 +80,12 @@ TEST(OpenProjectCommands, eachActionIsDoneAndUndone) {
     for (const auto& [pick, page] : settings)
         for (const auto& action : Actions::all()) {
             if (apart.contains(action.id)) continue;
-            shown.prepare(pick, page);
-            if (shown.project().perform(QString::fromStdString(action.id))) left.erase(action.id);
-            shown.settle(20);
-            shown.tidy();
+            shown->prepare(pick, page);
+            if (shown->project().perform(QString::fromStdString(action.id))) left.erase(action.id);
+            shown->settle(20);
+            shown->tidy();
             ASSERT_EQ(Complaints::list(), "") << action.id;
-            ASSERT_EQ(shown.editor().project(), shown.atFirst) << action.id;
+            ASSERT_EQ(shown->editor().project(), shown->atFirst) << action.id;
         }
     std::string undone;
     for (const auto& id : left)
@@ -96,83 +94,62 @@ TEST(OpenProjectCommands, eachActionIsDoneAndUndone) {
         << "no caption is in pieces, no file is missing";
 }
 
-TEST(OpenProjectCommands, aCaptionInPiecesIsJoinedAndGetsItsTimesBack) {
-    MURBO_NEEDS_FFMPEG();
-    BusyWindow shown;
-    const auto line = shown.atFirst.transcript(shown.atFirst.sources[0].id).lines[0].id;
-    const auto caption = [&] { return *CaptionEdits::whole(shown.editor(), line); };
+TEST_F(OpenProjectCommandsTest, aCaptionInPiecesIsJoinedAndGetsItsTimesBack) {
+    const auto line = shown->atFirst.transcript(shown->atFirst.sources[0].id).lines[0].id;
+    const auto caption = [&] { return *CaptionEdits::whole(shown->editor(), line); };
     const auto whole = caption().texts();
-    ASSERT_EQ(whole.size(), 1U);
-    CaptionCommands::breakCaption(shown.editor(), line, {"okay we have", "one heart"});
-    const auto broken = shown.editor().project();
-    shown.editor().setPicked(Pick{Pick::Kind::caption, line, 0});
-    EXPECT_FALSE(shown.project().perform("caption.resetTiming")) << "its times are its own";
-    EXPECT_TRUE(shown.project().perform("caption.join"));
-    EXPECT_EQ(caption().texts(), whole);
-    EXPECT_EQ(shown.step(), "Join Caption");
-    shown.editor().undo();
-    EXPECT_EQ(shown.editor().project(), broken);
-
+    const std::vector<std::string> pieces{"okay we have", "one heart"};
+    const auto perform = [&](const char* action) {
+        shown->editor().setPicked(Pick{Pick::Kind::caption, line, 0});
+        return shown->project().perform(action);
+    };
+    CaptionCommands::breakCaption(shown->editor(), line, pieces);
+    EXPECT_FALSE(perform("caption.resetTiming")) << "its times are its own";
     const auto usual = caption().cues[1].start;
-    CaptionCommands::retimePieces(shown.editor(), line, {"okay we have", "one heart"}, {0.9});
-    shown.editor().closeDrag("Drag");
-    const auto retimed = shown.editor().project();
+    CaptionCommands::retimePieces(shown->editor(), line, pieces, {0.9});
+    shown->editor().closeDrag("Drag");
     ASSERT_GT(caption().cues[1].start, usual);
-    shown.editor().setPicked(Pick{Pick::Kind::caption, line, 0});
-    EXPECT_TRUE(shown.project().perform("caption.resetTiming"));
+    EXPECT_TRUE(perform("caption.resetTiming"));
     EXPECT_NEAR(caption().cues[1].start, usual, 1e-9);
-    EXPECT_EQ(caption().texts(), (std::vector<std::string>{"okay we have", "one heart"}));
-    EXPECT_EQ(shown.step(), "Reset Caption Timing");
-    shown.editor().undo();
-    EXPECT_EQ(shown.editor().project(), retimed);
-    shown.editor().undo();
-    shown.editor().undo();
-    EXPECT_EQ(shown.editor().project(), shown.atFirst);
+    EXPECT_EQ(caption().texts(), pieces);
+    EXPECT_EQ(shown->step(), "Reset Caption Timing");
+    EXPECT_TRUE(perform("caption.join"));
+    EXPECT_EQ(caption().texts(), whole);
+    EXPECT_EQ(shown->step(), "Join Caption");
+    for (int step = 0; step < 4; ++step) shown->editor().undo();
+    EXPECT_EQ(shown->editor().project(), shown->atFirst) << "each is one step";
 }
 
-TEST(OpenProjectCommands, footageAndTheLibraryAreShownInTheirFolders) {
-    MURBO_NEEDS_FFMPEG();
-    BusyWindow shown;
+TEST_F(OpenProjectCommandsTest, footageAndTheLibraryAreShownInTheirFolders) {
     const OpenedFolders opened;
-    const auto folderOf = [](const std::string& file) {
-        return QString::fromStdString(std::filesystem::path(file).parent_path().string());
-    };
-    EXPECT_TRUE(shown.project().perform("showInFolder"));
-    EXPECT_EQ(opened.paths, QStringList{folderOf(shown.atFirst.sources[0].path)});
-    EXPECT_FALSE(shown.project().perform("library.show")) << "no page of it is shown";
-    shown.editor().setSidebar({Collection::sounds, {}});
-    shown.settle(400);
-    EXPECT_TRUE(shown.project().perform("library.show"));
+    EXPECT_TRUE(shown->project().perform("showInFolder"));
+    EXPECT_EQ(opened.paths, QStringList{WindowOfProject::text(made::folder())});
+    EXPECT_FALSE(shown->project().perform("library.show")) << "no page of it is shown";
+    shown->editor().setSidebar({Collection::sounds, {}});
+    shown->settle(400);
+    EXPECT_TRUE(shown->project().perform("library.show"));
     ASSERT_EQ(opened.paths.size(), 2);
     EXPECT_TRUE(opened.paths[1].endsWith("/Sounds")) << opened.paths[1].toStdString();
     EXPECT_TRUE(std::filesystem::is_directory(opened.paths[1].toStdString()));
-    EXPECT_EQ(shown.editor().project(), shown.atFirst);
-    EXPECT_EQ(Complaints::list(), "");
+    EXPECT_EQ(shown->editor().project(), shown->atFirst);
 }
 
-TEST(OpenProjectCommands, footageThatHasMovedIsFoundAndItsWindowCloses) {
-    MURBO_NEEDS_FFMPEG();
-    SpokenWindow shown;
-    const auto there = shown.editor().project().sources[0].path;
-    shown.editor().apply([&](Project& project) {
-        project.sources.edit()[0].path = shown.folder / "gone" / std::filesystem::path(there).filename();
+TEST_F(OpenProjectCommandsTest, footageThatHasMovedIsFoundAndItsWindowCloses) {
+    const auto there = shown->editor().project().sources[0].path;
+    shown->editor().apply([&](Project& project) {
+        project.sources.edit()[0].path = shown->folder / "gone" / std::filesystem::path(there).filename();
     });
-    EXPECT_TRUE(shown.project().perform("closeWindow"));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return shown.desktop->windows().empty(); }, 5000));
-    shown.opened = shown.desktop->open(shown.package());
-    shown.settle();
-    ASSERT_EQ(shown.editor().missing().size(), 1U);
-    EXPECT_TRUE(shown.project().perform("sheet.findMissing"));
-    EXPECT_EQ(shown.project().sheet(), "findMissing");
-    const auto step = shown.step();
-    QString said;
-    QObject::connect(&shown.project(), &OpenProject::toast, [&](const QString& words) { said = words; });
-    shown.project().findMissing(QString::fromStdString(std::filesystem::path(there).parent_path().string()));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return shown.editor().missing().empty(); }, 10000));
-    EXPECT_EQ(shown.editor().project().sources[0].path, there);
-    EXPECT_EQ(said, "Found 1 missing file");
-    EXPECT_EQ(shown.step(), step) << "where a file lies is no step";
-    EXPECT_FALSE(shown.project().perform("sheet.findMissing")) << "nothing is missing any more";
+    EXPECT_TRUE(shown->project().perform("closeWindow"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return shown->desktop->windows().empty(); }, 5000));
+    shown->opened = shown->desktop->open(shown->package());
+    shown->settle();
+    ASSERT_EQ(shown->editor().missing().size(), 1U);
+    EXPECT_TRUE(shown->project().perform("sheet.findMissing"));
+    EXPECT_EQ(shown->project().sheet(), "findMissing");
+    shown->project().findMissing(WindowOfProject::text(std::filesystem::path(there).parent_path()));
+    ASSERT_TRUE(shown->waitFor([&] { return shown->editor().missing().empty(); }));
+    EXPECT_EQ(shown->editor().project().sources[0].path, there);
+    EXPECT_FALSE(shown->project().perform("sheet.findMissing")) << "nothing is missing any more";
 }
 
 #include "OpenProjectCommandsTest.moc"

@@ -2,24 +2,18 @@
 #include "app/editor/commands/VideoCommands.h"
 #include "tests/desktop/OnWindow.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
-namespace {
 using OpenProjectTest = OnWindow<WindowOfProject>;
-}
 
 TEST_F(OpenProjectTest, whatCouldNotBeSavedIsSaidUntilItIs) {
     EXPECT_TRUE(shown->named("saved"));
-    QString said;
-    QObject::connect(&shown->project(), &OpenProject::toast, [&](const QString& words) { said = words; });
     const auto away = shown->folder / "away.mbproj";
     std::filesystem::rename(shown->package(), away);
     VideoCommands::create(shown->editor(), Video::Aspect::square, "One");
     shown->settle();
     const QString words = "Not saved: “p.mbproj” is not in its place any more. Murbo goes on trying.";
-    EXPECT_EQ(said, words);
+    EXPECT_EQ(shown->toasts.last(), words);
     auto* state = shown->named(words);
     ASSERT_TRUE(state);
     EXPECT_FALSE(state->property("truncated").toBool()) << "there is room for it";
@@ -62,5 +56,5 @@ TEST_F(OpenProjectTest, theMenuOfAClipHoldsItRenamesItAndCopiesItsTag) {
     shown->key(Qt::Key_Return, Qt::ControlModifier);
     EXPECT_EQ(project.sheet(), "");
     EXPECT_EQ(shown->editor().project().clips[1].name, "new");
-    EXPECT_EQ(shown->editor().history().undoName(), "Rename Clip");
+    EXPECT_EQ(shown->step(), "Rename Clip");
 }

@@ -4,8 +4,6 @@
 
 #include <functional>
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 TEST(OrderedTranscript, hasLinesByTheirStartAndTheLongestOfThem) {

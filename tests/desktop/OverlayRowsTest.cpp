@@ -1,8 +1,6 @@
 #include "app/desktop/inspector/OverlayRows.h"
 #include "tests/desktop/InspectedVideo.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 TEST(OverlayRows, placeAnOverlay) {

@@ -1,8 +1,6 @@
 #include "app/desktop/timeline/PartedRow.h"
 #include "tests/desktop/TimelineVideo.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 TEST(PartedRow, theOthersMakeRoomWhereItWouldLand) {

@@ -1,8 +1,6 @@
 #include "app/desktop/inspector/PickRows.h"
 #include "tests/desktop/InspectedVideo.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 TEST(PickRows, ofSeveralAreWhatTheyShare) {
@@ -38,6 +36,6 @@ TEST(PickRows, ofSeveralAreWhatTheyShare) {
     EXPECT_EQ(video.look().sounds[0].muted, true);
     EXPECT_EQ(video.look().music[0].muted, true);
     video.inspection.removePicked();
-    EXPECT_EQ(video.lastStep(), "Remove 3 Items");
+    EXPECT_EQ(video.step(), "Remove 3 Items");
     EXPECT_EQ(video.inspection.kind(), "video");
 }

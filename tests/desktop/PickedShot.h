@@ -1,9 +1,7 @@
 #pragma once
 
 #include "app/editor/commands/ShotCommands.h"
-#include "tests/desktop/WindowOfProject.h"
-
-#include <gtest/gtest.h>
+#include "tests/desktop/OnWindow.h"
 
 namespace murbo {
 
@@ -11,15 +9,13 @@ namespace murbo {
 class PickedShot : public WindowOfProject {
 public:
     PickedShot() {
-        editor().holdClip(editor().project().clips[0].id);
-        key(Qt::Key_E);
+        putIn();
         settle(100);
         ShotCommands::cut(editor(), Shot::Layout::split);
         editor().setInspecting(Inspecting::timeline);
         settle(100);
     }
     const Shot& shot() { return editor().video()->look->shots[0]; }
-    std::size_t steps() { return editor().history().past().size(); }
 };
 
 }

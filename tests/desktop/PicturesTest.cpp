@@ -1,12 +1,12 @@
 #include "app/desktop/Pictures.h"
 #include "platform/base/Problem.h"
-#include "tests/desktop/WindowOfProject.h"
+#include "tests/desktop/OnWindow.h"
 
 #include <QImage>
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
+
+using PicturesTest = OnWindow<WindowOfProject>;
 
 TEST(Pictures, readWhatTheWordsAskFor) {
     EXPECT_FALSE(Pictures::asked(Arguments({"murbo", "--open", "p.mbproj"})));
@@ -20,12 +20,10 @@ TEST(Pictures, readWhatTheWordsAskFor) {
             << size;
 }
 
-TEST(Pictures, areOfTheWholeWindow) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    shown.desktop.reset();
-    Pictures::take({shown.folder / "out", "source", {1024, 640}}, {shown.package()});
-    const QImage picture(QString::fromStdString(shown.folder / "out" / "source-1024x640.png"));
+TEST_F(PicturesTest, areOfTheWholeWindow) {
+    shown->desktop.reset();
+    Pictures::take({shown->folder / "out", "source", {1024, 640}}, {shown->package()});
+    const QImage picture(QString::fromStdString(shown->folder / "out" / "source-1024x640.png"));
     ASSERT_EQ(picture.size(), QSize(1024, 640));
     EXPECT_EQ(picture.pixelColor(1000, 5), QColor("#17181B")) << "the top bar";
 }

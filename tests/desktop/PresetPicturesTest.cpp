@@ -2,8 +2,6 @@
 #include "core/model/CaptionPresets.h"
 #include "tests/desktop/SpokenVideo.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 namespace {

@@ -22,6 +22,13 @@ public:
     QDBusConnection connect(const QString& name) const {
         return QDBusConnection::connectToBus(address, name);
     }
+    /// Has an object answer as the portal; false where it could not.
+    bool serve(QObject& portal) const {
+        auto side = connect("portal");
+        return side.registerService("org.freedesktop.portal.Desktop") &&
+               side.registerObject("/org/freedesktop/portal/desktop", &portal,
+                                   QDBusConnection::ExportAllSlots);
+    }
 
     QString address;
 

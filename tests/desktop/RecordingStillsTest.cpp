@@ -1,8 +1,6 @@
 #include "app/desktop/footage/RecordingStills.h"
 #include "tests/MadeMedia.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 TEST(RecordingStills, areOfTheFileAndTheSecond) {

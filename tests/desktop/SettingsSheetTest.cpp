@@ -3,11 +3,11 @@
 #include "app/editor/Keys.h"
 #include "core/model/Settings.h"
 #include "platform/store/SettingsStore.h"
-#include "tests/desktop/WindowOfProject.h"
-
-#include <gtest/gtest.h>
+#include "tests/desktop/OnWindow.h"
 
 using namespace murbo;
+
+using SettingsSheetTest = OnWindow<WindowOfProject>;
 
 TEST(SettingsSheet, whatIsSetHoldsAtOnceAndWithinBounds) {
     SettingsSheet sheet;
@@ -32,20 +32,17 @@ TEST(SettingsSheet, whatIsSetHoldsAtOnceAndWithinBounds) {
     EXPECT_EQ(sheet.problem(), "");
 }
 
-TEST(SettingsSheet, aKeyIsGivenByPressingItAndTheOtherMoves) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    shown.project().perform("sheet.keys");
-    shown.settle();
+TEST_F(SettingsSheetTest, aKeyIsGivenByPressingItAndTheOtherMoves) {
+    shown->project().perform("sheet.keys");
+    shown->settle();
     SettingsSheet own;
 
     // The first line of the list is "Play".
-    shown.key(Qt::Key_Return);
-    shown.key(Qt::Key_Escape);
-    EXPECT_EQ(shown.project().sheet(), "keys") << "ends the waiting alone";
-    shown.key(Qt::Key_Return);
-    shown.key(Qt::Key_J);
+    shown->key(Qt::Key_Return);
+    shown->key(Qt::Key_Escape);
+    EXPECT_EQ(shown->project().sheet(), "keys") << "ends the waiting alone";
+    shown->key(Qt::Key_Return);
+    shown->key(Qt::Key_J);
     const auto first = static_cast<Command>(0);
     EXPECT_EQ(Keys::standard().key(first), "j");
     EXPECT_EQ(Keys::standard().key(Command::backward), std::string(Keys::standardKey(first)));
@@ -55,7 +52,6 @@ TEST(SettingsSheet, aKeyIsGivenByPressingItAndTheOtherMoves) {
     EXPECT_FALSE(own.bind("markStart", "\t"));
     own.useStandardKeys();
     EXPECT_EQ(Keys::standard().key(Command::backward), "j");
-    shown.key(Qt::Key_Escape);
-    EXPECT_EQ(shown.project().sheet(), "");
-    EXPECT_EQ(Complaints::list(), "");
+    shown->key(Qt::Key_Escape);
+    EXPECT_EQ(shown->project().sheet(), "");
 }

@@ -1,8 +1,6 @@
 #include "app/desktop/inspector/ShotRows.h"
 #include "tests/desktop/InspectedVideo.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 TEST(ShotRows, setAShotAndPutItBack) {
@@ -29,7 +27,7 @@ TEST(ShotRows, setAShotAndPutItBack) {
 
     video.inspection.set("layout", "face");
     EXPECT_EQ(shot().layout, Shot::Layout::face);
-    EXPECT_EQ(video.lastStep(), "Cut to Face");
+    EXPECT_EQ(video.step(), "Cut to Face");
     EXPECT_FALSE(video.inspection.row("split")) << "a face has no seam";
     video.inspection.set("layout", "stock.layout.corner");
     EXPECT_EQ(shot().playbook, "stock.layout.corner");

@@ -3,8 +3,6 @@
 
 #include <algorithm>
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 TEST(SidebarModel, countsAndPicks) {

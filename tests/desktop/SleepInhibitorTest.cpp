@@ -43,13 +43,11 @@ public:
 TEST(SleepInhibitor, asksThePortalAndGivesBackWhatItHeld) {
     const PrivateBus bus;
     if (bus.address.isEmpty()) GTEST_SKIP() << "there is no dbus-daemon";
-    auto side = bus.connect("portal of sleep");
     FakeInhibit portal;
     FakeRequest request;
-    ASSERT_TRUE(side.registerService("org.freedesktop.portal.Desktop"));
+    ASSERT_TRUE(bus.serve(portal));
     ASSERT_TRUE(
-        side.registerObject("/org/freedesktop/portal/desktop", &portal, QDBusConnection::ExportAllSlots));
-    ASSERT_TRUE(side.registerObject("/request/1", &request, QDBusConnection::ExportAllSlots));
+        bus.connect("portal").registerObject("/request/1", &request, QDBusConnection::ExportAllSlots));
     SleepInhibitor awake(bus.connect("window of sleep"));
     awake.hold("Exporting Falls");
     ASSERT_TRUE(QTest::qWaitFor([&] { return !portal.reason.isEmpty(); }, 5000));

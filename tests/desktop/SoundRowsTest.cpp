@@ -1,8 +1,6 @@
 #include "app/desktop/inspector/SoundRows.h"
 #include "tests/desktop/InspectedVideo.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 TEST(SoundRows, setASongInItsFileAndItsLevel) {
@@ -21,5 +19,5 @@ TEST(SoundRows, setASongInItsFileAndItsLevel) {
     EXPECT_EQ(song().skip, std::nullopt);
     video.inspection.set("mute", true);
     EXPECT_EQ(song().muted, true);
-    EXPECT_EQ(video.lastStep(), "Mute");
+    EXPECT_EQ(video.step(), "Mute");
 }

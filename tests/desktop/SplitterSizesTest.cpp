@@ -4,8 +4,6 @@
 
 #include <algorithm>
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 TEST(SplitterSizes, areRememberedForWindowsAboutThatWide) {
@@ -22,9 +20,7 @@ TEST(SplitterSizes, areRememberedForWindowsAboutThatWide) {
     EXPECT_EQ(sizes.size("timeline", 1920), 420);
 }
 
-namespace {
 using SplitterSizesTest = OnWindow<WindowOfProject>;
-}
 
 TEST_F(SplitterSizesTest, theTimelinesSplitterIsDraggedAndPutBackByADoubleClick) {
     auto* timeline = shown->item<TimelineView>();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/desktop/WindowOfProject.h"
+#include "tests/desktop/OnWindow.h"
 
 #include <QInputMethodEvent>
 
@@ -18,9 +18,7 @@ struct SpokenWindow : WindowOfProject {
                 std::vector<Line>{line(0.2, 0.9, "okay we have one heart"), line(1, 1.8, "ไม่เป็นไร เดินช้า ๆ"),
                                   line(2, 2.9, "二行目の言葉です"), line(3, 3.8, "no no 🙂 the floor")};
         });
-        editor().holdClip(editor().project().clips[0].id);
-        settle();
-        key(Qt::Key_E);
+        putIn();
         editor().setInspecting(Inspecting::browser);
         settle();
     }
@@ -46,7 +44,6 @@ struct SpokenWindow : WindowOfProject {
     std::string said(std::size_t line) {
         return editor().project().transcript(editor().project().sources[0].id).lines[line].text;
     }
-    std::string step() { return editor().history().undoName().value_or(""); }
 };
 
 }

@@ -1,19 +1,16 @@
-#include "tests/desktop/WindowOfProject.h"
-
-#include <gtest/gtest.h>
+#include "tests/desktop/OnWindow.h"
 
 using namespace murbo;
 
-TEST(StartWindow, footageDroppedThereStartsAProjectAndAsksForANameAlone) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    auto& desktop = *shown.desktop;
+using StartWindowTest = OnWindow<WindowOfProject>;
+
+TEST_F(StartWindowTest, footageDroppedThereStartsAProjectAndAsksForANameAlone) {
+    auto& desktop = *shown->desktop;
     desktop.showStart();
-    shown.settle();
+    shown->settle();
     const QUrl footage = QUrl::fromLocalFile(QString::fromStdString(made::file("plain.mp4", "").string()));
     QMetaObject::invokeMethod(desktop.startWindow(), "take", Q_ARG(QVariant, QVariantList{footage}));
-    shown.settle();
+    shown->settle();
     for (const auto key : {Qt::Key_F, Qt::Key_A, Qt::Key_L, Qt::Key_L, Qt::Key_S})
         QTest::keyClick(desktop.startWindow(), key);
     QTest::keyClick(desktop.startWindow(), Qt::Key_Return);
@@ -31,20 +28,16 @@ TEST(StartWindow, footageDroppedThereStartsAProjectAndAsksForANameAlone) {
     desktop.showStart();
     EXPECT_FALSE(desktop.create("falls", desktop.projectFolder(), {}));
     EXPECT_EQ(desktop.problem(), "“falls.mbproj” is already there.");
-    EXPECT_EQ(Complaints::list(), "");
 }
 
-TEST(StartWindow, aProjectThatAnotherHoldsOrThatIsBrokenSaysSo) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
+TEST_F(StartWindowTest, aProjectThatAnotherHoldsOrThatIsBrokenSaysSo) {
     Desktop other({});
-    EXPECT_FALSE(other.open(shown.package()));
+    EXPECT_FALSE(other.open(shown->package()));
     EXPECT_EQ(other.problem(), "“p.mbproj” is open in Murbo. Close it there first.");
     EXPECT_TRUE(other.startWindow());
-    EXPECT_FALSE(other.open(shown.folder / "gone.mbproj"));
+    EXPECT_FALSE(other.open(shown->folder / "gone.mbproj"));
     EXPECT_EQ(other.problem(),
               "“gone.mbproj” could not be opened. It is damaged or is not an Murbo project.");
-    EXPECT_TRUE(shown.desktop->open(shown.package() / "")) << "the same one, by another spelling";
-    EXPECT_EQ(shown.desktop->windows().size(), 1U);
+    EXPECT_TRUE(shown->desktop->open(shown->package() / "")) << "the same one, by another spelling";
+    EXPECT_EQ(shown->desktop->windows().size(), 1U);
 }

@@ -37,6 +37,7 @@ protected:
         if (holder) theme = holder->property("theme").value<QObject*>();
     }
 
+    void SetUp() override { ASSERT_TRUE(theme); }
     QColor colour(const char* name) const { return theme->property(name).value<QColor>(); }
     QColor block(const QString& name) const {
         return QColor(theme->property("timeline").toMap().value(name).toString());
@@ -50,7 +51,6 @@ protected:
 }
 
 TEST_F(Theme, textCanBeReadOnEveryGround) {
-    ASSERT_TRUE(theme);
     for (const auto* ground : {"canvas", "panel", "raised", "hover"}) {
         for (const auto* text : {"text", "text2", "text3", "notice", "bad", "good"})
             EXPECT_GE(contrast(colour(text), colour(ground)), 4.5) << text << " on " << ground;
@@ -64,7 +64,6 @@ TEST_F(Theme, textCanBeReadOnEveryGround) {
 }
 
 TEST_F(Theme, blocksStandOutAndTheirNamesCanBeRead) {
-    ASSERT_TRUE(theme);
     for (const QString block : {"split", "content", "face", "layer", "cut", "caption", "bigCaption",
                                 "hiddenCaption", "overlay", "sound", "music", "muted"}) {
         EXPECT_GE(contrast(this->block(block + ".label"), this->block(block + ".fill")), 4.5)
@@ -77,7 +76,6 @@ TEST_F(Theme, blocksStandOutAndTheirNamesCanBeRead) {
 }
 
 TEST_F(Theme, theTranscriptCanBeReadWhateverLiesBeneathIt) {
-    ASSERT_TRUE(theme);
     const auto grounds = theme->property("transcript").toMap();
     const auto ground = [&](const char* name) { return QColor(grounds.value(name).toString()); };
     for (const auto* name : {"marked", "current", "found"}) {

@@ -1,13 +1,10 @@
 #include "app/desktop/timeline/TimelineDrops.h"
-#include "app/desktop/timeline/TimelineView.h"
+#include "tests/desktop/OnWindow.h"
 #include "tests/desktop/TimelineVideo.h"
-#include "tests/desktop/WindowOfProject.h"
-
-#include <fstream>
-
-#include <gtest/gtest.h>
 
 using namespace murbo;
+
+using TimelineDropsTest = OnWindow<WindowOfProject>;
 
 TEST(TimelineDrops, clipsLandBetweenTheCuts) {
     TimelineVideo video;
@@ -30,14 +27,10 @@ TEST(TimelineDrops, clipsLandBetweenTheCuts) {
 TEST(TimelineDrops, filesGoByWhatTheyAre) {
     TimelineVideo video;
     const auto before = video.editor.project();
-    const auto make = [&](const char* name) {
-        std::ofstream(video.folder / name) << name;
-        return video.folder / name;
-    };
-    const auto song = make("Song.MP3");
-    const auto picture = make("map.png");
-    const auto movie = make("more.mp4");
-    const auto words = make("list.txt");
+    const auto song = video.folder.file("Song.MP3", "song");
+    const auto picture = video.folder.file("map.png", "picture");
+    const auto movie = video.folder.file("more.mp4", "movie");
+    const auto words = video.folder.file("list.txt", "words");
     MediaArrivals arrivals(video.editor);
     const auto drop = [&](const std::vector<std::filesystem::path>& files, TimelineRow row) {
         auto dropped = TimelineDrops::files(video.editor, files, 5, row);
@@ -56,33 +49,21 @@ TEST(TimelineDrops, filesGoByWhatTheyAre) {
     EXPECT_EQ(video.editor.project(), before);
 }
 
-TEST(TimelineDrops, aClipIsCarriedFromTheBrowserByTheMouse) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    shown.click(150, 41 + 44 + 66 * 1.5);
-    shown.key(Qt::Key_E); // a new video, and the browser shows videos
-    shown.editor().setSidebar({Collection::sources, shown.editor().project().sources[0].id});
-    shown.settle();
-    const auto before = shown.editor().project();
-    ASSERT_EQ(shown.cuts(), 1);
-    auto* timeline = shown.item<TimelineView>();
+/// A fast hand's moves come as one to a program that is busy.
+TEST_F(TimelineDropsTest, aClipIsCarriedFromTheBrowserByTheMouse) {
+    shown->putIn(); // a new video, and the browser shows videos
+    shown->editor().setSidebar({Collection::sources, shown->editor().project().sources[0].id});
+    shown->settle();
+    const auto before = shown->editor().project();
+    auto* timeline = shown->item<TimelineView>();
     ASSERT_TRUE(QTest::qWaitFor([&] { return timeline->blockCount() > 0; }, 5000));
-    const QPoint from(150, 41 + 44 + 66 / 2 * 3);
-    const auto to = timeline
-                        ->mapToScene({timeline->shownSpan().x(0.4),
-                                      timeline->shown().track(TimelineRow::picture)->top + 30})
-                        .toPoint();
-    shown.carry(from, to, 10, [&] {
+    shown->carry({150, 41 + 44 + 66 / 2 * 3}, shown->onTimeline(0.4), 1, [&] {
         EXPECT_TRUE(QTest::qWaitFor([&] { return timeline->dropX() >= 0; }, 2000))
             << "it is shown where it would land";
     });
     EXPECT_LT(timeline->dropX(), 0);
-    ASSERT_EQ(shown.cuts(), 2);
-    EXPECT_EQ(shown.editor().history().undoName(), "Add Clip");
-    shown.key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(shown.editor().project(), before);
-    shown.carry(from, to, 1);
-    EXPECT_EQ(shown.cuts(), 2) << "a fast hand's moves come as one to a program that is busy";
-    EXPECT_EQ(Complaints::list(), "");
+    EXPECT_EQ(shown->cuts(), 2);
+    EXPECT_EQ(shown->step(), "Add Clip");
+    shown->key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown->editor().project(), before);
 }

@@ -2,9 +2,9 @@
 #include "core/model/edits/VideoEdits.h"
 #include "tests/desktop/TimelineVideo.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
+
+using TimelineLayoutTest = OnVideo<TimelineVideo>;
 
 namespace {
 
@@ -17,8 +17,7 @@ std::vector<TimelineBlock> on(const TimelineLayout& layout, TimelineRow row) {
 
 }
 
-TEST(TimelineLayout, cutsFollowOneAnotherUnderTheTagsOfWhatIsSaid) {
-    const TimelineVideo video;
+TEST_F(TimelineLayoutTest, cutsFollowOneAnotherUnderTheTagsOfWhatIsSaid) {
     const auto layout = video.layout();
     const auto cuts = on(layout, TimelineRow::picture);
     ASSERT_EQ(cuts.size(), 3);
@@ -33,8 +32,7 @@ TEST(TimelineLayout, cutsFollowOneAnotherUnderTheTagsOfWhatIsSaid) {
     EXPECT_EQ(on(layout, TimelineRow::sounds).at(0).label, "boom");
 }
 
-TEST(TimelineLayout, rowsLieUnderOneAnotherAndOnlyThoseThatHoldSomething) {
-    const TimelineVideo video;
+TEST_F(TimelineLayoutTest, rowsLieUnderOneAnotherAndOnlyThoseThatHoldSomething) {
     const auto layout = video.layout();
     double below = TimelineLayout::rulerHeight;
     for (const auto& track : layout.tracks) {
@@ -45,8 +43,7 @@ TEST(TimelineLayout, rowsLieUnderOneAnotherAndOnlyThoseThatHoldSomething) {
     EXPECT_FALSE(layout.track(TimelineRow::overlays));
 }
 
-TEST(TimelineLayout, whatLiesAtOneTimeHasLanesOfItsOwn) {
-    TimelineVideo video;
+TEST_F(TimelineLayoutTest, whatLiesAtOneTimeHasLanesOfItsOwn) {
     video.editor.change("Sounds", [](Project& project) {
         auto& sounds = project.videos.edit()[0].look->sounds.edit();
         for (int more = 0; more < 3; ++more) {
@@ -63,8 +60,7 @@ TEST(TimelineLayout, whatLiesAtOneTimeHasLanesOfItsOwn) {
     }
 }
 
-TEST(TimelineLayout, aPressMeetsTheBlockUnderIt) {
-    const TimelineVideo video;
+TEST_F(TimelineLayoutTest, aPressMeetsTheBlockUnderIt) {
     const auto layout = video.layout();
     const double y = layout.track(TimelineRow::picture)->top + 20;
     EXPECT_EQ(layout.hit(4.5, y)->pick.id, video.cut(1).id);
@@ -74,8 +70,7 @@ TEST(TimelineLayout, aPressMeetsTheBlockUnderIt) {
     EXPECT_FALSE(layout.rowAt(3)) << "the ruler is no row";
 }
 
-TEST(TimelineLayout, quietIsKnownOnlyWhereWordsWereWrittenDown) {
-    TimelineVideo video;
+TEST_F(TimelineLayoutTest, quietIsKnownOnlyWhereWordsWereWrittenDown) {
     // Of the third cut's five seconds the first is silent, and the last; neither for long.
     EXPECT_TRUE(on(video.layout(), TimelineRow::picture)[2].quiet.empty());
     video.editor.change("Longer", [](Project& project) { project.videos.edit()[0].cuts.edit()[2].end = 60; });
@@ -86,8 +81,7 @@ TEST(TimelineLayout, quietIsKnownOnlyWhereWordsWereWrittenDown) {
     EXPECT_TRUE(on(video.layout(), TimelineRow::picture)[2].quiet.empty());
 }
 
-TEST(TimelineLayout, aSeamWithinALineSaysSo) {
-    TimelineVideo video;
+TEST_F(TimelineLayoutTest, aSeamWithinALineSaysSo) {
     const auto seams = [&] {
         std::vector<std::pair<bool, bool>> found;
         for (const auto& block : on(video.layout(), TimelineRow::picture))
@@ -108,8 +102,7 @@ TEST(TimelineLayout, aSeamWithinALineSaysSo) {
     EXPECT_EQ(seams(), (Seams(4, {false, false})));
 }
 
-TEST(TimelineLayout, aRowThatIsOffShowsItsSoundsAsMuted) {
-    TimelineVideo video;
+TEST_F(TimelineLayoutTest, aRowThatIsOffShowsItsSoundsAsMuted) {
     const auto mute = [&](Lane lane) {
         video.editor.change("Mute", [&](Project& project) {
             auto& look = *project.videos.edit()[0].look;

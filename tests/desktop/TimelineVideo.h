@@ -8,6 +8,8 @@
 
 #include <QRectF>
 
+#include <gtest/gtest.h>
+
 namespace murbo {
 
 /// A session on a video of three cuts, 4 s, 3 s and 5 s long, of a source that is no file; one line is said
@@ -50,11 +52,21 @@ public:
                                    2});
     }
     const Cut& cut(std::size_t at) const { return editor.video()->cuts[at]; }
+    /// What the last step is called, and how many there are.
+    std::string step() const { return editor.history().undoName().value_or(""); }
+    std::size_t steps() const { return editor.history().past().size(); }
 
     TemporaryFolder folder;
     Environment config{"XDG_CONFIG_HOME", folder.path / "config"};
     Environment home{"HOME", folder.path / "home"};
     Editor editor;
+};
+
+/// The fixture of tests that have a session of their own, `video`.
+template <class Session>
+class OnVideo : public testing::Test {
+protected:
+    Session video;
 };
 
 }

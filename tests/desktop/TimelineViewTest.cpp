@@ -1,31 +1,7 @@
 #include "app/desktop/timeline/TimelineView.h"
 #include "tests/desktop/OnWindow.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
-
-TEST(TimelineView, zoomsRoundThePointerAndFits) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    shown.editor().holdClip(shown.editor().project().clips[0].id);
-    shown.key(Qt::Key_E);
-    auto* timeline = shown.item<TimelineView>();
-    ASSERT_TRUE(timeline);
-    timeline->fit();
-    EXPECT_LE(timeline->shownSpan().x(4), timeline->width());
-    const double time = timeline->shownSpan().time(100);
-    timeline->zoomRound(6, 100);
-    EXPECT_NEAR(timeline->shownSpan().time(100), time, 1e-6);
-    for (int turns = 0; turns < 80; ++turns) timeline->zoomRound(turns < 40 ? 3 : 0.2, 50);
-    EXPECT_GT(timeline->shownSpan().scale, 0);
-    timeline->fit();
-    EXPECT_EQ(timeline->scroll(), 0);
-    timeline->setScroll(1e9);
-    EXPECT_LT(timeline->scroll(), 10);
-    EXPECT_EQ(Complaints::list(), "");
-}
 
 namespace {
 
@@ -33,22 +9,14 @@ namespace {
 class TimelineWindow : public WindowOfProject {
 public:
     TimelineWindow() {
-        for (const auto& clip : editor().project().clips) {
-            editor().holdClip(clip.id);
-            key(Qt::Key_E);
-        }
+        putIn(0);
+        putIn(1);
         editor().setFocus(Viewer::video);
-        [[maybe_unused]] const bool there =
-            QTest::qWaitFor([this] { return view() && view()->blockCount() >= 2; }, 5000);
+        waitFor([this] { return view() && view()->blockCount() >= 2; });
         settle();
         before = editor().project();
     }
     TimelineView* view() { return item<TimelineView>(); }
-    QPoint at(double time, double down = 30) {
-        const double top = view()->shown().track(TimelineRow::picture)->top;
-        return view()->mapToScene({view()->shownSpan().x(time), top + down}).toPoint();
-    }
-    const Cut& cut(std::size_t index) { return editor().video()->cuts[index]; }
     Project before;
 };
 
@@ -56,23 +24,34 @@ using TimelineViewTest = OnWindow<TimelineWindow>;
 
 }
 
-TEST_F(TimelineViewTest, theOthersPartForACutThatIsCarried) {
-    ASSERT_EQ(shown->cuts(), 2);
+TEST_F(TimelineViewTest, zoomsRoundThePointerAndFits) {
     auto* view = shown->view();
-    const auto first = shown->cut(0).id;
-    QTest::mousePress(&shown->window(), Qt::LeftButton, {}, shown->at(2));
-    for (const double time : {3.0, 5.0, 6.5}) QTest::mouseMove(&shown->window(), shown->at(time));
-    EXPECT_NEAR(view->dropX(), view->shownSpan().x(3), 1) << "where its room begins";
-    EXPECT_NEAR(view->ghost().width(), 4 * view->shownSpan().scale, 1);
-    EXPECT_EQ(shown->editor().project(), shown->before) << "nothing has moved yet";
-    shown->key(Qt::Key_Escape);
-    EXPECT_LT(view->dropX(), 0);
-    QTest::mouseRelease(&shown->window(), Qt::LeftButton, {}, shown->at(6.5));
-    EXPECT_EQ(shown->editor().project(), shown->before);
+    view->fit();
+    EXPECT_LE(view->shownSpan().x(7), view->width());
+    const double time = view->shownSpan().time(100);
+    view->zoomRound(6, 100);
+    EXPECT_NEAR(view->shownSpan().time(100), time, 1e-6);
+    for (int turns = 0; turns < 80; ++turns) view->zoomRound(turns < 40 ? 3 : 0.2, 50);
+    EXPECT_GT(view->shownSpan().scale, 0);
+    view->fit();
+    EXPECT_EQ(view->scroll(), 0);
+    view->setScroll(1e9);
+    EXPECT_LT(view->scroll(), 10);
+}
 
-    shown->carry(shown->at(2), shown->at(6.5), 3);
-    EXPECT_EQ(shown->cut(1).id, first);
-    EXPECT_LT(view->dropX(), 0);
+TEST_F(TimelineViewTest, theOthersPartForACutThatIsCarried) {
+    auto* view = shown->view();
+    shown->carry(shown->onTimeline(2), shown->onTimeline(6.5), 3, [&] {
+        EXPECT_NEAR(view->dropX(), view->shownSpan().x(3), 1) << "where its room begins";
+        EXPECT_NEAR(view->ghost().width(), 4 * view->shownSpan().scale, 1);
+        EXPECT_EQ(shown->editor().project(), shown->before) << "nothing has moved yet";
+        shown->key(Qt::Key_Escape);
+        EXPECT_LT(view->dropX(), 0);
+    });
+    EXPECT_EQ(shown->editor().project(), shown->before);
+    shown->carry(shown->onTimeline(2), shown->onTimeline(6.5), 3);
+    EXPECT_NE(shown->editor().project(), shown->before);
+    EXPECT_LT(view->dropX(), 0) << "it has landed";
 }
 
 TEST_F(TimelineViewTest, allOfAVideoStaysInViewUntilSomebodyZooms) {
@@ -107,32 +86,25 @@ TEST_F(TimelineViewTest, runsAlongUnderADragAtItsSide) {
     view->zoomRound(12, 0);
     shown->settle();
     ASSERT_EQ(view->scroll(), 0);
-    const auto start = view->mapToScene({200, view->shown().track(TimelineRow::picture)->top + 30}).toPoint();
-    const auto side =
-        view->mapToScene({view->width() - 4, view->shown().track(TimelineRow::picture)->top + 30}).toPoint();
-    QTest::mousePress(&shown->window(), Qt::LeftButton, {}, start);
-    QTest::mouseMove(&shown->window(), start + QPoint(40, 0));
-    QTest::mouseMove(&shown->window(), side);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return view->scroll() > 0.5; }, 3000)) << "the hand holds still";
-    EXPECT_GT(view->ghost().width(), 0);
-    shown->key(Qt::Key_Escape);
-    const double stopped = view->scroll();
-    QTest::qWait(100);
-    EXPECT_EQ(view->scroll(), stopped);
-    QTest::mouseRelease(&shown->window(), Qt::LeftButton, {}, side);
+    const auto start = shown->onTimeline(view->shownSpan().time(200));
+    const auto side = shown->onTimeline(view->shownSpan().time(view->width() - 4));
+    shown->carry(start, side, 2, [&] {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return view->scroll() > 0.5; }, 3000)) << "the hand holds still";
+        EXPECT_GT(view->ghost().width(), 0);
+        shown->key(Qt::Key_Escape);
+        const double stopped = view->scroll();
+        QTest::qWait(100);
+        EXPECT_EQ(view->scroll(), stopped);
+    });
     EXPECT_EQ(shown->editor().project(), shown->before);
 }
 
 TEST_F(TimelineViewTest, theBladeShowsTheMomentThatItWouldCut) {
     shown->editor().setSnapping(false);
     shown->key(Qt::Key_B);
-    QTest::mouseMove(&shown->window(), shown->at(5) - QPoint(5, 0));
-    QTest::mouseMove(&shown->window(), shown->at(5));
+    QTest::mouseMove(&shown->window(), shown->onTimeline(5) - QPoint(5, 0));
+    QTest::mouseMove(&shown->window(), shown->onTimeline(5));
     EXPECT_NEAR(shown->view()->bladeX(), shown->view()->shownSpan().x(5), 1);
     EXPECT_TRUE(shown->view()->hint().startsWith("0:01") || shown->view()->hint().startsWith("0:00.9"))
         << "a second into the second clip: " << shown->view()->hint().toStdString();
-    QTest::mouseClick(&shown->window(), Qt::LeftButton, {}, shown->at(5));
-    EXPECT_EQ(shown->cuts(), 3);
-    shown->key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(shown->editor().project(), shown->before);
 }

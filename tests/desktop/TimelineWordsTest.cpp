@@ -1,8 +1,6 @@
 #include "app/desktop/access/TimelineWords.h"
 #include "tests/desktop/TimelineVideo.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 TEST(TimelineWords, aBlockSaysWhatItIsWhereItLiesAndHowItStands) {

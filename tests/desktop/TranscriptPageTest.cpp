@@ -1,4 +1,3 @@
-#include "tests/desktop/OnWindow.h"
 #include "tests/desktop/TranscriptWindow.h"
 
 #include <QClipboard>
@@ -6,13 +5,9 @@
 #include <QGuiApplication>
 #include <QImage>
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
-namespace {
 using TranscriptPageTest = OnWindow<TranscriptWindow>;
-}
 
 TEST_F(TranscriptPageTest, theCaretIsThePlayheadOfWhatIsHeld) {
     ASSERT_TRUE(shown->area);

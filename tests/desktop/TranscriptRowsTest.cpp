@@ -1,19 +1,16 @@
 #include "app/desktop/transcript/TranscriptRows.h"
 #include "tests/desktop/SpokenVideo.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
+
+using TranscriptRowsTest = OnVideo<SpokenVideo>;
 
 namespace {
 
-TranscriptRows::Basis basisOf(const SpokenVideo& shown, const TranscriptRows::SpokenSubject& subject) {
-    return TranscriptRows::Basis::of(shown.editor.project(), subject, shown.editor.openVideo(), 2);
-}
-
 std::vector<TranscriptRow> rowsOf(const SpokenVideo& shown, const TranscriptRows::SpokenSubject& subject) {
     OrderedTranscripts spoken;
-    return TranscriptRows::of(basisOf(shown, subject), spoken);
+    return TranscriptRows::of(
+        TranscriptRows::Basis::of(shown.editor.project(), subject, shown.editor.openVideo(), 2), spoken);
 }
 
 /// "tag text" of each row, an asterisk where the video plays it, the silence before it in seconds.
@@ -30,9 +27,8 @@ std::vector<std::string> words(const std::vector<TranscriptRow>& rows) {
 
 }
 
-TEST(TranscriptRows, ofAClipHaveItsTagsNotesAndSilencesAndNoLineThatIsGone) {
-    const SpokenVideo shown;
-    const auto rows = rowsOf(shown, {shown.clip, {}, {}});
+TEST_F(TranscriptRowsTest, ofAClipHaveItsTagsNotesAndSilencesAndNoLineThatIsGone) {
+    const auto rows = rowsOf(video, {video.clip, {}, {}});
     EXPECT_EQ(words(rows), (std::vector<std::string>{"01 first line of all *", "02 ไม่เป็นไร เดินช้า ๆ *",
                                                      "03 二行目の言葉です * 16", "n1 falls down",
                                                      "05 no no 🙂 the floor * 19"}));
@@ -40,22 +36,20 @@ TEST(TranscriptRows, ofAClipHaveItsTagsNotesAndSilencesAndNoLineThatIsGone) {
     EXPECT_EQ(rows[1].from, 13.5);
 }
 
-TEST(TranscriptRows, ofASourceNameTheClipToo) {
-    const SpokenVideo shown;
-    const auto rows = rowsOf(shown, {{}, shown.source, {}});
+TEST_F(TranscriptRowsTest, ofASourceNameTheClipToo) {
+    const auto rows = rowsOf(video, {{}, video.source, {}});
     ASSERT_EQ(rows.size(), 5);
     EXPECT_EQ(rows[0].tag, QString("C01.01"));
 }
 
-TEST(TranscriptRows, ofAVideoFollowItsCutsOnItsOwnClock) {
-    SpokenVideo shown;
-    shown.editor.apply([](Project& project) {
+TEST_F(TranscriptRowsTest, ofAVideoFollowItsCutsOnItsOwnClock) {
+    video.editor.apply([](Project& project) {
         auto& cuts = project.videos.edit()[0].cuts.edit();
         std::swap(cuts[0], cuts[2]); // 50–55, 30–33, 10–14
         cuts.push_back(cuts[1]);
         cuts.back().id = UUID::make();
     });
-    const auto rows = rowsOf(shown, {{}, {}, shown.editor.openVideo()});
+    const auto rows = rowsOf(video, {{}, {}, video.editor.openVideo()});
     ASSERT_EQ(rows.size(), 5);
     EXPECT_EQ(rows[0].from, 1);
     EXPECT_EQ(rows[1].from, 6);
@@ -65,11 +59,10 @@ TEST(TranscriptRows, ofAVideoFollowItsCutsOnItsOwnClock) {
     EXPECT_FALSE(rows[4].isSameAs(rows[1])) << "a line played twice is two rows";
 }
 
-TEST(TranscriptRows, ofNothingAreNone) {
-    const SpokenVideo shown;
-    EXPECT_TRUE(rowsOf(shown, {}).empty());
-    EXPECT_TRUE(rowsOf(shown, {UUID::make(), {}, {}}).empty());
-    EXPECT_TRUE(rowsOf(shown, {{}, UUID::make(), {}}).empty());
+TEST_F(TranscriptRowsTest, ofNothingAreNone) {
+    EXPECT_TRUE(rowsOf(video, {}).empty());
+    EXPECT_TRUE(rowsOf(video, {UUID::make(), {}, {}}).empty());
+    EXPECT_TRUE(rowsOf(video, {{}, UUID::make(), {}}).empty());
 }
 
 TEST(TranscriptRows, aHostileTextIsOneBlock) {
@@ -87,6 +80,6 @@ TEST(TranscriptRows, aHostileTextIsOneBlock) {
     EXPECT_EQ(TranscriptRows::shown(std::string("a\0b", 3), whole), "a b");
     EXPECT_EQ(TranscriptRows::shown("\xff\xfe broken", whole).size(), 9);
     const auto cut = TranscriptRows::shown(std::string(1000000, 'x'), whole);
-    EXPECT_FALSE(whole) << "what is not shown whole is not corrected";
+    EXPECT_FALSE(whole) << "what is not video whole is not corrected";
     EXPECT_LT(cut.size(), 5000);
 }

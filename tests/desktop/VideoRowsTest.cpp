@@ -1,8 +1,6 @@
 #include "app/desktop/inspector/VideoRows.h"
 #include "tests/desktop/InspectedVideo.h"
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
 
 TEST(VideoRows, setLevelsInDecibels) {
@@ -11,7 +9,7 @@ TEST(VideoRows, setLevelsInDecibels) {
     video.inspection.set("level.music", -6);
     EXPECT_NEAR(*video.look().mix->music, 0.501, 0.001);
     EXPECT_TRUE(video.changed("level.music"));
-    EXPECT_EQ(video.lastStep(), "Change Levels");
+    EXPECT_EQ(video.step(), "Change Levels");
     video.inspection.set("level.music", -60);
     EXPECT_EQ(video.look().mix->music, 0) << "the bottom is silence";
     EXPECT_EQ(video.at("level.music").toDouble(), -60);

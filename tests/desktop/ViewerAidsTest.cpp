@@ -1,11 +1,11 @@
 #include "app/desktop/viewer/ViewerAids.h"
-#include "tests/desktop/WindowOfProject.h"
+#include "tests/desktop/OnWindow.h"
 
 #include <QRegularExpression>
 
-#include <gtest/gtest.h>
-
 using namespace murbo;
+
+using ViewerAidsTest = OnWindow<WindowOfProject>;
 
 TEST(ViewerAids, sayWhatTheAppsCoverAndThatTheFiguresAreOurs) {
     Playback player;
@@ -23,29 +23,21 @@ TEST(ViewerAids, sayWhatTheAppsCoverAndThatTheFiguresAreOurs) {
     EXPECT_TRUE(QRegularExpression("20\\d\\d-\\d\\d-\\d\\d").match(aids.note()).hasMatch());
 }
 
-TEST(ViewerAids, areSwitchedFromTheMenuAndRemembered) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    EXPECT_TRUE(shown.project().perform("safeAreas"));
-    EXPECT_TRUE(shown.project().perform("droppedFrames"));
+TEST_F(ViewerAidsTest, areSwitchedFromTheMenuAndRemembered) {
+    EXPECT_TRUE(shown->project().perform("safeAreas"));
+    EXPECT_TRUE(shown->project().perform("droppedFrames"));
     Playback player;
     const ViewerAids again(player);
     EXPECT_TRUE(again.safeAreas());
     EXPECT_TRUE(again.droppedFrames());
     EXPECT_EQ(again.droppedWords(), "0 of 0 dropped");
-    EXPECT_TRUE(shown.project().perform("safeAreas"));
+    EXPECT_TRUE(shown->project().perform("safeAreas"));
     EXPECT_FALSE(ViewerAids(player).safeAreas());
-    EXPECT_EQ(Complaints::list(), "");
 }
 
-TEST(ViewerAids, theViewerFillsTheScreenAndEscapeBringsTheWindowBack) {
-    MURBO_NEEDS_FFMPEG();
-    WindowOfProject shown;
-    ASSERT_TRUE(shown.opened);
-    shown.key(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(shown.window().visibility(), QWindow::FullScreen);
-    shown.key(Qt::Key_Escape);
-    EXPECT_NE(shown.window().visibility(), QWindow::FullScreen);
-    EXPECT_EQ(Complaints::list(), "");
+TEST_F(ViewerAidsTest, theViewerFillsTheScreenAndEscapeBringsTheWindowBack) {
+    shown->key(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(shown->window().visibility(), QWindow::FullScreen);
+    shown->key(Qt::Key_Escape);
+    EXPECT_NE(shown->window().visibility(), QWindow::FullScreen);
 }

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "app/desktop/libraries/LibraryModel.h"
-#include "app/editor/commands/CutCommands.h"
 #include "core/playbooks/Library.h"
 #include "core/playbooks/Playbooks.h"
-#include "tests/desktop/WindowOfProject.h"
+#include "tests/desktop/OnWindow.h"
 
 namespace murbo {
 
@@ -14,16 +13,14 @@ public:
     WindowOfLibrary() {
         Library::setOverride(folder / "library");
         Playbooks::dropListing();
-        editor().holdClip(editor().project().clips[0].id);
-        CutCommands::addToEnd(editor());
-        settle();
+        putIn();
     }
     ~WindowOfLibrary() { Library::setOverride(std::nullopt); }
 
     /// Turns to a page and waits until it is listed.
     bool turn(LibraryModel& model, Collection page) {
         editor().setSidebar({page, {}});
-        return QTest::qWaitFor([&] { return model.emptyWords() != "Reading…"; }, 10000);
+        return waitFor([&] { return model.emptyWords() != "Reading…"; });
     }
     static int row(const LibraryModel& model, const QString& name) {
         for (int at = 0; at < model.rowCount(); ++at)

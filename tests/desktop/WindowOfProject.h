@@ -2,6 +2,7 @@
 
 #include "app/desktop/Desktop.h"
 #include "app/desktop/ProjectWindow.h"
+#include "app/desktop/timeline/TimelineView.h"
 #include "app/editor/commands/TimelinePicks.h"
 #include "core/intake/Intake.h"
 #include "core/intake/Sources.h"
@@ -50,30 +51,48 @@ public:
         Project made;
         Sources::add(
             made,
-            Intake::lengths({made::file("bars.mp4",
-                                        "-f lavfi -i testsrc=size=320x180:rate=30:duration=4 -f lavfi -i "
-                                        "sine=frequency=440:duration=4 -pix_fmt yuv420p -c:a aac -shortest"),
-                             made::file("plain.mp4",
-                                        "-f lavfi -i color=c=teal:size=320x180:rate=30:duration=3 "
-                                        "-pix_fmt yuv420p")}),
+            Intake::lengths({bars(), made::file("plain.mp4",
+                                                "-f lavfi -i color=c=teal:size=320x180:rate=30:duration=3 "
+                                                "-pix_fmt yuv420p")}),
             "Footage", Source::Kind::file);
         ProjectPackage::write(made, package(), nullptr);
         desktop = std::make_unique<Desktop>(SoundPlayer::MakeOutput());
         opened = desktop->open(package());
-        if (opened) window().resize(1280, 800);
+        if (!opened) return;
+        window().resize(1280, 800);
+        QObject::connect(&project(), &OpenProject::toast, [this](const QString& words) { toasts << words; });
         settle();
     }
+    /// A movie of a test picture with a tone, 4 s long.
+    static std::filesystem::path bars() {
+        return made::file("bars.mp4",
+                          "-f lavfi -i testsrc=size=320x180:rate=30:duration=4 -f lavfi -i "
+                          "sine=frequency=440:duration=4 -pix_fmt yuv420p -c:a aac -shortest");
+    }
+    /// A path as the views have it.
+    static QString text(const std::filesystem::path& path) { return QString::fromStdString(path.string()); }
 
     std::filesystem::path package() const { return folder / "p.mbproj"; }
     OpenProject& project() { return opened->project(); }
     Editor& editor() { return project().editor(); }
     QQuickWindow& window() { return opened->window(); }
     Project onDisk() const { return ProjectPackage::read(package()); }
+    /// What the last step is called, and how many there are.
+    std::string step() { return editor().history().undoName().value_or(""); }
+    std::size_t steps() { return editor().history().past().size(); }
 
+    static bool waitFor(const std::function<bool()>& holds, int milliseconds = 10000) {
+        return QTest::qWaitFor(holds, milliseconds);
+    }
     void settle(int milliseconds = 50) {
         QTest::qWait(milliseconds);
-        [[maybe_unused]] const bool idle =
-            QTest::qWaitFor([this] { return !opened || !editor().isBusy(); }, 10000);
+        waitFor([this] { return !opened || !editor().isBusy(); });
+    }
+    /// Puts a clip at the end of the video by its key, which begins one where there is none.
+    void putIn(std::size_t clip = 0) {
+        editor().holdClip(editor().project().clips[clip].id);
+        settle();
+        key(Qt::Key_E);
     }
     void key(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier) {
         QTest::keyClick(&window(), key, held);
@@ -130,14 +149,31 @@ public:
                 if (auto* found = named(child, name)) return found;
         return nullptr;
     }
+    /// The item within one that is shown, of that type of view and, where one is given, of that name.
+    static QQuickItem* ofType(QQuickItem* in, const QString& type, const QString& name = {}) {
+        if (QString(in->metaObject()->className()).startsWith(type) &&
+            (name.isEmpty() || in->property("name") == name || in->property("text") == name))
+            return in;
+        for (auto* child : in->childItems())
+            if (child->isVisible())
+                if (auto* found = ofType(child, type, name)) return found;
+        return nullptr;
+    }
     /// The item of the window's that is of a type, as "murbo::TimelineView"; null where there is none.
     template <class Item>
     Item* item() {
         return window().findChild<Item*>();
     }
+    /// A point of the row of cuts, that many points below its top.
+    QPoint onTimeline(double time, double down = 30) {
+        auto* view = item<TimelineView>();
+        const double top = view->shown().track(TimelineRow::picture)->top;
+        return view->mapToScene({view->shownSpan().x(time), top + down}).toPoint();
+    }
     std::size_t cuts() { return editor().video() ? editor().video()->cuts.size() : 0; }
 
     Complaints complaints;
+    QStringList toasts; ///< what has been said in short messages
     TemporaryFolder folder;
     Environment config{"XDG_CONFIG_HOME", folder.path / "config"};
     Environment home{"HOME", folder.path / "home"};
