@@ -98,26 +98,28 @@ TEST_F(InspectionFilesTest, aSoundIsReplacedAndKeepsItsPlace) {
 
 TEST_F(InspectionFilesTest, anotherVersionOfAPlaybookIsTakenFromTheLibrary) {
     auto& inspected = shown->opened->inspected();
-    auto layout = Playbooks::library().front().playbook;
-    layout.id.reset();
-    layout.kind = "layout";
-    const auto made = Playbooks::write(layout, {}, "me");
-    ShotCommands::cut(shown->editor(), Shot::Layout::split, made);
-    const auto shot = [&]() -> const Shot& { return shown->look().shots.back(); };
-    const auto pick = [&] {
+    const auto expectUpdate = [&](Playbook book, const Pick& pick, const auto& version) {
+        shown->editor().setPicked(pick);
+        ASSERT_EQ(version(), 1);
+        EXPECT_FALSE(inspected.has("update"));
+        book.about = "New";
+        Playbooks::write(book, {}, "me");
         shown->editor().setPicked(std::nullopt);
-        shown->editor().setPicked(Pick{Pick::Kind::shot, shot().id, {}});
+        shown->editor().setPicked(pick);
+        ASSERT_TRUE(inspected.has("update"));
+        inspected.press("update");
+        EXPECT_EQ(version(), 2);
+        EXPECT_FALSE(inspected.has("update"));
     };
-    pick();
-    ASSERT_EQ(shot().version, 1);
-    EXPECT_FALSE(inspected.has("update"));
-    auto next = made.playbook;
-    next.about = "New";
-    Playbooks::write(next, {}, "me");
-    pick();
-    ASSERT_TRUE(inspected.has("update"));
-    inspected.press("update");
-    EXPECT_EQ(shot().version, 2);
+    auto book = Playbooks::library().front().playbook;
+    expectUpdate(book, {Pick::Kind::overlay, shown->look().overlays.back().id, {}},
+                 [&] { return shown->look().overlays.back().version; });
+
+    book.id.reset();
+    book.kind = "layout";
+    const auto layout = Playbooks::write(book, {}, "me");
+    ShotCommands::cut(shown->editor(), Shot::Layout::split, layout);
+    expectUpdate(layout.playbook, {Pick::Kind::shot, shown->look().shots.back().id, {}},
+                 [&] { return shown->look().shots.back().version; });
     EXPECT_EQ(shown->step(), "Update Playbook");
-    EXPECT_FALSE(inspected.has("update"));
 }

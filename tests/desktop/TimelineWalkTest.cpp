@@ -10,6 +10,9 @@ TEST_F(TimelineWalkTest, aBlockIsPickedBroughtIntoViewAndGoneTo) {
     shown->putIn(1);
     shown->settle();
     auto* timeline = shown->item<TimelineView>();
+    timeline->walk("first", false);
+    timeline->walk("next", true);
+    EXPECT_EQ(TimelinePicks::all(shown->editor()).size(), 2);
     timeline->zoomRound(40, 0);
     timeline->walk("last", false);
     EXPECT_GT(timeline->scroll(), 0) << "what is picked is in view";

@@ -13,13 +13,7 @@ using namespace murbo;
 namespace {
 
 TranscriptRow row(const QString& text, bool note = false, double quiet = 0) {
-    TranscriptRow made;
-    made.id = UUID::make();
-    made.source = UUID::make();
-    made.text = text;
-    made.note = note;
-    made.quiet = quiet;
-    return made;
+    return {.id = UUID::make(), .source = UUID::make(), .text = text, .note = note, .quiet = quiet};
 }
 
 std::vector<TranscriptRow> rows(std::initializer_list<const char*> texts) {
