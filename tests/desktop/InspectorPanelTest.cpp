@@ -23,19 +23,15 @@ TEST_F(InspectorPanelTest, isShownFoldedAndReachedByKeys) {
 }
 
 TEST_F(InspectorPanelTest, remembersWhatIsFolded) {
-    for (const auto* key : {"folded.Levels", "captionStyles.open"}) // the settings of all tests are one file
-        SettingsStore::standard().remove(key);
-    InspectorPanel panel(shown->editor());
-    EXPECT_TRUE(panel.isOpen("folded.Levels"));
-    EXPECT_FALSE(panel.isOpen("captionStyles.open"));
-    panel.setOpen("folded.Levels", false);
-    panel.setOpen("captionStyles.open", true);
-    EXPECT_EQ(SettingsStore::standard().boolean("folded.Levels"), true);
-    InspectorPanel next(shown->editor());
-    EXPECT_FALSE(next.isOpen("folded.Levels"));
-    EXPECT_TRUE(next.isOpen("captionStyles.open"));
-    next.setOpen("folded.Levels", true);
-    next.setOpen("captionStyles.open", false);
+    for (const auto& [key, usual] : {std::pair("folded.Levels", true), {"captionStyles.open", false}}) {
+        SettingsStore::standard().remove(key); // the settings of all tests are one file
+        InspectorPanel panel(shown->editor());
+        EXPECT_EQ(panel.isOpen(key), usual) << key;
+        panel.setOpen(key, !usual);
+        EXPECT_EQ(SettingsStore::standard().boolean(key), true) << key;
+        EXPECT_EQ(InspectorPanel(shown->editor()).isOpen(key), !usual) << key;
+        panel.setOpen(key, usual);
+    }
 }
 
 TEST_F(InspectorPanelTest, showsTheFirstTabForOneThatItHasNot) {

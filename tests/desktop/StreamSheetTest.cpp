@@ -61,30 +61,30 @@ TEST_F(StreamSheetTest, theClipsDrawnAreTheClipsMade) {
 }
 
 TEST_F(StreamSheetTest, takesTypedTimesAndDroppedMarkersInThePlaceOfThoseBeside) {
+    const auto recording = WindowOfProject::text(shown->recording);
+    const auto markers = WindowOfProject::text(shown->folder.file("other.csv", "600\n"));
     StreamSheet sheet(shown->editor());
-    sheet.take({WindowOfProject::text(shown->recording)});
+    sheet.take({recording});
     ASSERT_TRUE(shown->read(sheet));
     sheet.setTyped("10:00, 1:40\n nonsense");
     EXPECT_EQ(sheet.markersWords(), "2 markers typed");
     EXPECT_EQ(sheet.clips().size(), 2);
     sheet.setTyped("");
     EXPECT_EQ(sheet.clips().size(), 2);
-    sheet.take({WindowOfProject::text(shown->folder.file("other.csv", "600\n"))});
+    sheet.take({markers});
     EXPECT_EQ(sheet.markersWords(), "1 marker from other.csv");
     EXPECT_EQ(sheet.clips().size(), 1);
     sheet.take({WindowOfProject::text(shown->folder / "picture.png")});
     EXPECT_NE(sheet.problem(), "");
+    const auto broken = WindowOfProject::text(shown->folder.file("broken.mp4", "no movie"));
     sheet.clear();
-    sheet.take({WindowOfProject::text(shown->folder.file("broken.mp4", "no movie"))});
+    sheet.take({broken});
     ASSERT_TRUE(shown->read(sheet));
     EXPECT_FALSE(sheet.ready());
-
-    EXPECT_TRUE(StreamSheet::isStream({WindowOfProject::text(shown->recording)}));
-    EXPECT_TRUE(StreamSheet::isStream({WindowOfProject::text(shown->folder / "broken.mp4"),
-                                       WindowOfProject::text(shown->folder / "other.csv")}));
-    EXPECT_FALSE(StreamSheet::isStream({WindowOfProject::text(shown->folder / "broken.mp4")}));
-    EXPECT_FALSE(StreamSheet::isStream(
-        {WindowOfProject::text(shown->recording), WindowOfProject::text(shown->folder / "broken.mp4")}));
+    EXPECT_TRUE(StreamSheet::isStream({recording}));
+    EXPECT_TRUE(StreamSheet::isStream({broken, markers}));
+    EXPECT_FALSE(StreamSheet::isStream({broken}));
+    EXPECT_FALSE(StreamSheet::isStream({recording, broken}));
     EXPECT_FALSE(StreamSheet::isStream({}));
 }
 

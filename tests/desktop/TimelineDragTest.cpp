@@ -8,6 +8,7 @@ namespace {
 /// Presses, moves and lets go at 20 points a second.
 class TimelineDragTest : public testing::Test {
 protected:
+    TimelineDragTest() { video.editor.setSnapping(false); }
     TimelineDrag::Pointer at(double time, TimelineRow row, double down = 20) const {
         return {span.x(time), video.layout().track(row)->top + down};
     }
@@ -42,7 +43,6 @@ TEST_F(TimelineDragTest, aPressPicksAndGoesThere) {
 }
 
 TEST_F(TimelineDragTest, anEndIsTrimmedAsOneStep) {
-    video.editor.setSnapping(false);
     press(3.9);
     EXPECT_EQ(drag.holding(), TimelineDrag::Grip::end);
     move(3);
@@ -56,6 +56,7 @@ TEST_F(TimelineDragTest, anEndIsTrimmedAsOneStep) {
 }
 
 TEST_F(TimelineDragTest, aTrimmedEdgeCatchesWhereALineEnds) {
+    video.editor.setSnapping(true);
     press(3.9);
     move(3.05); // the end at 13.15, within 8 points of the line's end at 13
     EXPECT_TRUE(drag.snapLine());
@@ -88,7 +89,6 @@ TEST_F(TimelineDragTest, aCutMovesToWhereItIsDropped) {
 }
 
 TEST_F(TimelineDragTest, aSoundIsMovedAndMadeLonger) {
-    video.editor.setSnapping(false);
     pull(5.5, 8.5, TimelineRow::sounds);
     const auto& sound = video.editor.video()->look->sounds[0];
     EXPECT_NEAR(sound.at, 51, 0.01) << "it hangs on the footage that is there";
@@ -99,7 +99,6 @@ TEST_F(TimelineDragTest, aSoundIsMovedAndMadeLonger) {
 }
 
 TEST_F(TimelineDragTest, theBladeCutsAndTheTrimToolSlips) {
-    video.editor.setSnapping(false);
     video.editor.setTool(EditingTool::blade);
     press(2);
     drag.release();
@@ -156,7 +155,6 @@ TEST_F(TimelineDragTest, aTrimSaysWhichCutHasFreeFootage) {
 }
 
 TEST_F(TimelineDragTest, theSeamOfTwoCutsRollsAsOneStep) {
-    video.editor.setSnapping(false);
     video.editor.setTool(EditingTool::trim);
     const auto before = video.editor.project();
     press(4.1);
@@ -187,7 +185,6 @@ TEST_F(TimelineDragTest, theSeamOfTwoCutsRollsAsOneStep) {
 }
 
 TEST_F(TimelineDragTest, theBladeWithShiftCutsThroughAllRows) {
-    video.editor.setSnapping(false);
     video.editor.setTool(EditingTool::blade);
     press(5.5, TimelineRow::sounds);
     EXPECT_EQ(video.editor.video()->look->sounds.size(), 2) << "of that row alone";
@@ -200,7 +197,6 @@ TEST_F(TimelineDragTest, theBladeWithShiftCutsThroughAllRows) {
 }
 
 TEST_F(TimelineDragTest, aCaptionIsTakenByItsBodyAndStaysInItsCut) {
-    video.editor.setSnapping(false);
     const auto line = video.editor.project().transcript(video.cut(1).source).lines[1].id;
     pull(5.5, 6, TimelineRow::captions);
     const auto* entry = video.editor.video()->look->captions.line(line);
@@ -214,7 +210,6 @@ TEST_F(TimelineDragTest, aCaptionIsTakenByItsBodyAndStaysInItsCut) {
 }
 
 TEST_F(TimelineDragTest, aGeneratedCutGetsLongerAtEitherEnd) {
-    video.editor.setSnapping(false);
     video.editor.change("Card", [](Project& project) {
         project.videos.edit()[0].cuts.edit()[1] = Cut::generated("card", 1, {}, 3);
     });
