@@ -31,6 +31,12 @@ struct DroppedWindow : WindowOfProject {
                                              ->contextProperty("eyedropper")
                                              .value<QObject*>());
     }
+    void ask() {
+        taken.clear();
+        dropper()->ask(&asker);
+        settle();
+    }
+
     QObject asker;
     std::string taken;
 };
@@ -42,8 +48,7 @@ using EyedropperTest = OnWindow<DroppedWindow>;
 TEST_F(EyedropperTest, takesTheColourUnderThePointerForWhoAsked) {
     ASSERT_TRUE(shown->view() && shown->dropper());
     const auto middle = shown->view()->mapToScene(shown->view()->picture().center());
-    shown->dropper()->ask(&shown->asker);
-    shown->settle();
+    shown->ask();
     shown->click(middle.x(), middle.y());
     ASSERT_EQ(shown->taken.size(), 10);
     const auto colour = QColor("#" + QString::fromStdString(shown->taken.substr(4)));
@@ -52,17 +57,14 @@ TEST_F(EyedropperTest, takesTheColourUnderThePointerForWhoAsked) {
     EXPECT_NEAR(colour.blue(), 128, 12);
     EXPECT_FALSE(shown->dropper()->active());
 
-    shown->taken.clear();
-    shown->dropper()->ask(&shown->asker);
-    shown->settle();
+    shown->ask();
     const double time = shown->editor().source.time();
     shown->key(Qt::Key_Left);
     shown->key(Qt::Key_Return);
     EXPECT_EQ(shown->taken.substr(0, 4), "key ") << "by keys alone";
     EXPECT_EQ(shown->editor().source.time(), time);
 
-    shown->taken.clear();
-    shown->dropper()->ask(&shown->asker);
+    shown->ask();
     shown->key(Qt::Key_Escape);
     EXPECT_FALSE(shown->dropper()->active());
     EXPECT_EQ(shown->taken, "");
