@@ -19,8 +19,9 @@ public:
         daemon.terminate();
         daemon.waitForFinished(2000);
     }
+    /// A connection of that name, which is another one on each bus.
     QDBusConnection connect(const QString& name) const {
-        return QDBusConnection::connectToBus(address, name);
+        return QDBusConnection::connectToBus(address, address + name);
     }
     /// Has an object answer as the portal; false where it could not.
     bool serve(QObject& portal) const {
