@@ -120,7 +120,7 @@ TEST(VideoAICommands, chosenClipsThatAreTooManyForARequestAreReadAsTheModelAsks)
         for (auto& clip : project.clips.edit()) clip.end = clip.start + 1500;
     });
     lines.model.answers(json{{"read", {"C01"}}});
-    lines.model.answers(json{{"title", "T"}, {"cuts", Asking::cutsOf({{"C01.01", "C01.01"}})}});
+    lines.model.answers(json{{"title", "T"}, {"cuts", cutsOf({{"C01.01", "C01.01"}})}});
     lines(R"(["cutToInstruction","x",["C01","C02"]])");
     EXPECT_EQ(lines.project().videos.size(), 1u);
     EXPECT_THAT(lines.model.bodies()[0].dump(), testing::Not(HasSubstr("C01.02 [")));
