@@ -32,6 +32,11 @@ TEST_F(CorrectionOfferTest, aCorrectedWordIsOfferedForAllOtherPlaces) {
     shown->correct();
     ASSERT_EQ(shown->said(0), "one heart left");
     EXPECT_EQ(shown->page().offer()->words(), "“hart” stands at 3 other places");
+    const auto isShown = [&] {
+        const auto* button = shown->named("Correct Everywhere");
+        return button && button->mapToScene({0, button->height()}).y() < shown->window().height();
+    };
+    ASSERT_TRUE(shown->waitFor(isShown));
     shown->clickOn(shown->named("Correct Everywhere"));
     EXPECT_EQ(shown->said(2) + "|" + shown->said(3), "Heart, heart|no no the heart");
     EXPECT_EQ(shown->step(), "Correct Everywhere");
