@@ -62,8 +62,7 @@ ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_p
     context->setContextProperty("viewerAids", &viewerAids);
     context->setContextProperty("previewVolume", &PreviewVolume::standard());
     context->setContextProperty("planner", this);
-    // Fonts of captions are among the settings.
-    connect(&settingsSheet, &SettingsSheet::changed, this, [this] { open.editor().redraw(); });
+    connect(&captionFonts, &CaptionFonts::changed, this, [this] { open.editor().redraw(); });
     connect(&inspection, &Inspection::findAsked, &open, [this] { open.perform("sheet.findMissing"); });
     connect(&open, &OpenProject::verb, &inspectorPanel, &InspectorPanel::carryOut);
     connect(&open, &OpenProject::verb, &transcript, &TranscriptPage::carryOut);

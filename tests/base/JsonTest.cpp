@@ -30,7 +30,7 @@ long peakMegabytes() {
 }
 
 TEST(Json, whatIsNoJsonIsAProblem) {
-    // What the library could be told to let pass, and what is no text or no number.
+    // What the library could be set up to let pass, and what is no text or no number.
     for (const char* text : {"", "{", "[1,]", "NaN", "1e999", "-1e999", "1 2", "// no", R"("\ud800")",
                              "\"\xFF\"", "\"\xE0\x80\x80\"", "\"tab\there\""})
         EXPECT_THROW(Json::parse(text), Problem) << text;

@@ -33,6 +33,10 @@ TEST(CaptionFonts, areKeptInTheirOrderEachOnce) {
     fonts.remove(2);
     fonts.remove(5);
     EXPECT_EQ(Settings::captionFonts(), "Mitr, Nunito");
+    int changes = 0;
+    QObject::connect(&fonts, &CaptionFonts::changed, [&] { ++changes; });
+    settings.setNumber("clipFilmstrip", 50);
+    EXPECT_EQ(changes, 0) << "another setting";
     EXPECT_TRUE(specimen(fonts, 0).isNull()) << "nobody looks";
     fonts.setWatched(true);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !fonts.isBusy(); }, 20000));

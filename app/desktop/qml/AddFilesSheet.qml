@@ -104,7 +104,7 @@ Sheet {
             Tick { text: "Transcribe"; note: footageSheet.whisper === "" ? "Writes down what is said, on this computer, for free" : "What is said can't be written down yet"; checked: footageSheet.transcribe; onToggled: footageSheet.transcribe = checked }
             Tick { text: "Describe"; note: "Titles and summaries by a model, from your OpenRouter key"; checked: footageSheet.describe; enabled: footageSheet.transcribe; onToggled: footageSheet.describe = checked }
         }
-        Words { visible: footageSheet.whisper !== "" && footageSheet.transcribe; width: parent.width; text: footageSheet.whisper; color: Theme.notice; font.pixelSize: Theme.noteSize; wrapMode: Text.WrapAnywhere; elide: Text.ElideNone }
+        WhisperLack { visible: footageSheet.whisper !== "" && footageSheet.transcribe; text: footageSheet.whisper }
     }
     onVisibleChanged: if (visible) chooseButton.forceActiveFocus()
     Component.onCompleted: chooseButton.forceActiveFocus()

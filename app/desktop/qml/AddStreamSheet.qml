@@ -107,7 +107,7 @@ Sheet {
             sourceComponent: FilePicker { height: 180; wanted: sheet.markersWanted ? "markers" : "movies"; onPicked: (path) => streamSheet.take([path]) }
         }
         Tick { text: "Transcribe"; note: streamSheet.whisper === "" ? "Writes down what is said in the clips, on this computer, for free" : "What is said can't be written down yet"; checked: streamSheet.transcribe; onToggled: streamSheet.transcribe = checked }
-        Words { visible: streamSheet.whisper !== "" && streamSheet.transcribe; width: parent.width; text: streamSheet.whisper; color: Theme.notice; font.pixelSize: Theme.noteSize; wrapMode: Text.WrapAnywhere; elide: Text.ElideNone }
+        WhisperLack { visible: streamSheet.whisper !== "" && streamSheet.transcribe; text: streamSheet.whisper }
         Rectangle {
             visible: streamSheet.problem !== ""
             width: parent.width

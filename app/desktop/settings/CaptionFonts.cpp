@@ -13,8 +13,14 @@ constexpr double letterSize = 48;      // small enough for one line of any famil
 }
 
 CaptionFonts::CaptionFonts(SettingsSheet& sheet) : settings(sheet) {
-    connect(&settings, &SettingsSheet::changed, this, &CaptionFonts::draw);
-    connect(&settings, &SettingsSheet::changed, this, &CaptionFonts::changed);
+    // A change of settings is seldom one of fonts: a search of the keys is one at each letter.
+    connect(&settings, &SettingsSheet::changed, this, [this, before = families()]() mutable {
+        auto now = families();
+        if (now == before) return;
+        before = std::move(now);
+        draw();
+        emit changed();
+    });
     connect(&drawn, &PresetPictures::changed, this, &CaptionFonts::changed);
 }
 
