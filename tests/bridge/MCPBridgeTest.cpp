@@ -3,6 +3,7 @@
 #include "tests/FakeServer.h"
 
 #include <array>
+#include <atomic>
 #include <chrono>
 #include <thread>
 
@@ -20,14 +21,17 @@ std::uint16_t portOf(const FakeServer& server) {
     return static_cast<std::uint16_t>(std::stoi(server.base.substr(server.base.rfind(':') + 1)));
 }
 
-/// What the bridge prints for these lines, from beginning to end.
-std::string printed(const std::string& lines, std::uint16_t port) {
+/// What the bridge prints for these lines, from beginning to end. Where it is to answer first, its input ends
+/// after that: it gives a call that is out only a moment more.
+std::string printed(const std::string& lines, std::uint16_t port, bool answersFirst = false) {
     std::array<int, 2> in;
     std::array<int, 2> out;
     EXPECT_EQ(pipe(in.data()) + pipe(out.data()), 0);
+    std::atomic<bool> mayEnd = !answersFirst;
     std::thread writing([&] {
         for (std::size_t at = 0; at < lines.size();)
             at += static_cast<std::size_t>(write(in[1], lines.data() + at, lines.size() - at));
+        mayEnd.wait(false);
         close(in[1]);
     });
     std::thread bridging([&] {
@@ -35,10 +39,17 @@ std::string printed(const std::string& lines, std::uint16_t port) {
         close(in[0]);
         close(out[1]);
     });
+    const auto allow = [&] {
+        mayEnd = true;
+        mayEnd.notify_one();
+    };
     std::string text;
     std::array<char, 65536> bytes;
-    for (ssize_t count; (count = read(out[0], bytes.data(), bytes.size())) > 0;)
+    for (ssize_t count; (count = read(out[0], bytes.data(), bytes.size())) > 0;) {
         text.append(bytes.data(), static_cast<std::size_t>(count));
+        allow();
+    }
+    allow();
     writing.join();
     bridging.join();
     close(out[0]);
@@ -70,7 +81,7 @@ TEST(MCPBridge, carriesCallsThereAndBackOnOneLine) {
     EXPECT_NE(list.find("read_clips"), list.npos) << "the same with or without a program";
     const auto large = "{\"id\": 7, \"method\": \"tools/call\", \"params\": {\"x\": \"" +
                        std::string(4 << 20, 'y') + "\"}}\n";
-    EXPECT_EQ(printed(large, portOf(server)), "{\"id\": 7, \"result\": {}}\n");
+    EXPECT_EQ(printed(large, portOf(server), true), "{\"id\": 7, \"result\": {}}\n");
 }
 
 TEST(MCPBridge, endsSoonAfterItsInputWhateverIsOut) {
