@@ -41,6 +41,12 @@ public:
         }
     }
     void sayNoMore() const { shutdown(connection, SHUT_WR); }
+    /// Whether the other side has ended it, with nothing left to hear.
+    bool isOver() const {
+        char byte;
+        const auto count = recv(connection, &byte, 1, MSG_PEEK | MSG_DONTWAIT);
+        return count == 0 || (count < 0 && errno != EAGAIN);
+    }
 
     /// All that comes until the other side ends.
     std::string hear() const {
@@ -145,14 +151,24 @@ TEST_F(MCPConnectionTest, aRequestMayComeInAnyPieces) {
 }
 
 TEST_F(MCPConnectionTest, manySilentOnesKeepNobodyOut) {
+    auto permissions = host.permissions();
+    permissions.use(MCPPermissions::Preset::askBeforeChanges);
+    host.setPermissions(permissions);
+    Client asking(host.port());
+    asking.say(call("rename_video", R"({"video": "V1", "title": "Second"})"));
+    ASSERT_TRUE(until([&] { return host.question().has_value(); }));
     std::vector<std::unique_ptr<Client>> silent;
     for (int count = 0; count < 300; ++count) {
         silent.push_back(std::make_unique<Client>(host.port()));
         QCoreApplication::processEvents();
     }
-    EXPECT_TRUE(until([&] { return connections() == MCPConnection::maxConnections; }));
     EXPECT_THAT(answer(request(ping)), StartsWith("HTTP/1.1 200 "));
+    EXPECT_TRUE(host.question()) << "who has asked stays";
+    const auto oldest = 302 - std::size_t(MCPConnection::maxConnections);
+    for (std::size_t at = 0; at < silent.size(); ++at)
+        ASSERT_EQ(silent[at]->isOver(), at < oldest) << at << ": the oldest go, and no more of them";
     silent.clear();
+    asking.leave();
     EXPECT_TRUE(until([&] { return connections() == 0; }));
 }
 
