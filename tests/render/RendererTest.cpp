@@ -223,5 +223,37 @@ TEST(Renderer, aCaptionStandsOnTheSeamOrWhereItsStyleOrMovePutsIt) {
     EXPECT_TRUE(stands(0.5, 0.3)); // no seam in a lying frame
 }
 
+TEST(Renderer, onlyACaptionThatLiesStraightAndStillIsPutOnWholePixels) {
+    const auto plan = planOf({});
+    const Point place{270.25, 600 + 1.0 / 3}; // beside whole pixels, and beside their middles
+    const Placement aside{.x = place.x / wide, .y = place.y / high};
+    Placement turned = aside, large = aside;
+    turned.rotation = 10;
+    large.scale = 1.5;
+    const auto extent = [&](const Move& move) {
+        CaptionCache captions;
+        const CaptionCue cue{.start = 0, .end = 4, .text = "hello", .move = move};
+        const auto image = Renderer::caption(cue, 0.1, plan.shots[0].shot, {}, plan, captions);
+        return image ? image->extent() : Rect();
+    };
+    const auto still = extent({.from = aside, .enter = "none"});
+    if (still.empty()) GTEST_SKIP() << "No font is installed.";
+    EXPECT_EQ(still.x, std::floor(still.x));
+    EXPECT_EQ(still.y, std::floor(still.y));
+    EXPECT_NEAR(still.middle().x, place.x, 1);
+    EXPECT_NEAR(still.middle().y, place.y, 1);
+    const std::pair<const char*, Move> others[] = {
+        {"turned", {.from = turned, .enter = "none"}},
+        {"enlarged", {.from = large, .enter = "none"}},
+        {"on its way", {.from = aside, .to = aside, .enter = "none"}},
+        {"coming in", {.from = aside, .enter = "rise"}},
+    };
+    for (const auto& [how, move] : others) {
+        const auto middle = extent(move).middle();
+        EXPECT_NEAR(middle.x, place.x, 1e-6) << how;
+        if (move.enter == "none") EXPECT_NEAR(middle.y, place.y, 1e-6) << how;
+    }
+}
+
 }
 }
