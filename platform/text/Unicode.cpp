@@ -205,6 +205,12 @@ bool isEmoji(std::string_view character) {
     return emoji;
 }
 
+bool isBlankThroughout(std::string_view character) {
+    for (std::size_t at = 0; at < character.size();)
+        if (!isBlank(next(character, at))) return false;
+    return true;
+}
+
 }
 
 bool isOnlyEmoji(std::string_view text) {
@@ -213,7 +219,7 @@ bool isOnlyEmoji(std::string_view text) {
     for (const std::size_t end : characterEnds(text)) {
         const auto character = text.substr(from, end - from);
         from = end;
-        if (trimmed(character).empty()) continue;
+        if (isBlankThroughout(character)) continue;
         if (!isEmoji(character)) return false;
         found = true;
     }

@@ -32,7 +32,7 @@ bool isBlank(char32_t character);        ///< any white space, line breaks inclu
 bool isTrimmedBlank(char32_t character); ///< a blank within a line: space separators and the tab
 bool isMark(char32_t character);         ///< punctuation or a symbol; emoji are symbols
 
-/// Whether it is emoji alone, drawn in colours of their own, with blanks at most between.
+/// Whether it is emoji alone, drawn in colours of their own, with blanks and line breaks at most between.
 bool isOnlyEmoji(std::string_view text);
 
 /// Without blanks and tabs at either end.

@@ -63,6 +63,7 @@ TEST(Elements, ringLettersButNoEmoji) {
     if (green("I") == 0) GTEST_SKIP() << "No font is installed.";
     EXPECT_EQ(green("😂"), 0);
     EXPECT_EQ(green("❤️ 🔥"), 0);
+    EXPECT_EQ(green(R"(😂\n🔥)"), 0) << "nor where they stand in two lines";
     EXPECT_GT(green("I😂"), 50);
 }
 

@@ -36,9 +36,10 @@ TEST(Unicode, aRepetitionMarkBelongsToTheWordBeforeItAlsoAfterABlank) {
 }
 
 TEST(Unicode, onlyEmojiAreThoseThatAreDrawnInColour) {
-    for (const char* text : {"😂", "❤️ 🔥", "1️⃣", "👍🏽 😂", "🇹🇭", "👨‍👩‍👧"})
+    for (const char* text : {"😂", "❤️ 🔥", "😂\n🔥", "😂\r\n\t❤️\u2028", "1️⃣", "👍🏽 😂",
+                             "🇹🇭", "👨‍👩‍👧"})
         EXPECT_TRUE(Unicode::isOnlyEmoji(text)) << text;
-    for (const char* text : {"", " ", "a", "1", "❤︎", "😂︎", "😂a", "©", "😂 ok", "★"})
+    for (const char* text : {"", " ", "\r\n", "a", "a\n😂", "1", "❤︎", "😂︎", "😂a", "©", "😂 ok", "★"})
         EXPECT_FALSE(Unicode::isOnlyEmoji(text)) << text;
 }
 
