@@ -9,16 +9,18 @@
 namespace murbo::Timecode {
 namespace {
 
-constexpr double longest = 3.2e11; // seconds
-// Frames or hundredths of a second by which a time may fall short of its own: steps add up.
-constexpr double rounding = 0.001;
+constexpr double longest = 3.2e11;     // seconds
+constexpr double nearlyAFrame = 0.001; // frames by which a time may fall short of its own
+// Seconds by which a time may fall short of its hundredth, for sums of frames do by up to 2e-8 in two hours.
+// More would show what has not come yet.
+constexpr double rounding = 1e-7;
 
 double sane(double time) {
     return time > 0 ? std::min(time, longest) : 0; // no number is 0 too
 }
 
 std::int64_t wholeHundredths(double time) {
-    return static_cast<std::int64_t>(std::floor(sane(time) * 100 + rounding));
+    return static_cast<std::int64_t>(std::floor((sane(time) + rounding) * 100));
 }
 
 }
@@ -26,7 +28,7 @@ std::int64_t wholeHundredths(double time) {
 std::string frames(double time, double rate) {
     const auto perSecond = std::max<std::int64_t>(std::llround(std::clamp(rate, 1.0, 1000.0)), 1);
     const auto count =
-        static_cast<std::int64_t>(std::floor(sane(time) * std::clamp(rate, 0.0, 1000.0) + rounding));
+        static_cast<std::int64_t>(std::floor(sane(time) * std::clamp(rate, 0.0, 1000.0) + nearlyAFrame));
     const auto seconds = count / perSecond;
     return fmt::format("{:02}:{:02}:{:02}:{:02}", seconds / 3600, seconds / 60 % 60, seconds % 60,
                        count % perSecond);

@@ -19,14 +19,21 @@ TEST(Timecode, isShortOnAClock) {
         EXPECT_EQ(Timecode::clock(time), clock);
         EXPECT_EQ(Timecode::fine(time), fine);
     }
-    double time = 0;
-    for (int frame = 0; frame < 15; ++frame) time += 1.0 / 30;
-    ASSERT_LT(time, 0.5) << "steps that add up to a little less";
-    EXPECT_EQ(Timecode::fine(time), "0:00.50");
-    EXPECT_EQ(Timecode::clock(time + time), "0:01");
+    for (const int rate : {24, 30, 60}) {
+        double time = 0;
+        const auto steps = [&](int frames) {
+            for (int frame = 0; frame < frames; ++frame) time += 1.0 / rate;
+        };
+        steps(rate / 2);
+        EXPECT_EQ(Timecode::fine(time), "0:00.50") << rate;
+        steps(7200 * rate - rate / 2);
+        ASSERT_NE(time, 7200) << "steps of " << rate << " a second don't add up";
+        EXPECT_EQ(Timecode::fine(time), "120:00.00") << rate;
+        EXPECT_EQ(Timecode::clock(time), "2:00:00") << rate;
+    }
     EXPECT_EQ(Timecode::fine(0.29), "0:00.29") << "0.29 is no number of a computer's";
-    EXPECT_EQ(Timecode::fine(0.4999), "0:00.49") << "what is not over is not over";
-    EXPECT_EQ(Timecode::clock(59.99), "0:59");
+    EXPECT_EQ(Timecode::fine(0.499999), "0:00.49") << "what is not over is not over";
+    EXPECT_EQ(Timecode::clock(59.999999), "0:59");
     for (const double unfit : {double(NAN), HUGE_VAL, -HUGE_VAL, 1e308})
         EXPECT_FALSE(Timecode::fine(unfit).empty());
 }
