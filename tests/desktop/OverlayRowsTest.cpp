@@ -14,6 +14,8 @@ TEST(OverlayRows, placeAnOverlay) {
     video.inspection.set("to.rotation", 90);
     EXPECT_EQ(overlay().move->to->rotation, 90);
     EXPECT_NEAR(*overlay().move->to->x, 0.2, 1e-9) << "it starts to move from where it is";
+    video.inspection.set("ease", 1);
+    EXPECT_EQ(overlay().move->ease, "linear");
     video.inspection.set("enter", 2);
     EXPECT_EQ(overlay().move->enter, "fade");
     for (const auto* row : {"moves", "from.x", "enter"}) video.inspection.reset(row);

@@ -19,8 +19,12 @@ TEST(ShotRows, setAShotAndPutItBack) {
     EXPECT_EQ(shot().transition, "flash");
     video.inspection.set("focus", 25);
     EXPECT_NEAR(*shot().focus, 0.25, 1e-9);
-    for (const auto* row : {"move", "transition", "focus", "zoom", "ease"}) video.inspection.reset(row);
+    const auto steps = video.steps();
+    video.inspection.reset("move");
     EXPECT_EQ(shot().move, std::nullopt);
+    EXPECT_EQ(shot().ease, std::nullopt) << "its row has gone with the move's";
+    EXPECT_EQ(video.steps(), steps + 1);
+    for (const auto* row : {"transition", "focus", "zoom"}) video.inspection.reset(row);
     EXPECT_EQ(shot().transition, std::nullopt);
     EXPECT_EQ(shot().focus, std::nullopt);
     EXPECT_EQ(shot().zoom, 1);

@@ -58,8 +58,10 @@ void setMove(Move& move, const std::string& row, const QVariant& value) {
     if (row == "ease") move.ease = RowMaker::easeAt(value);
     if (row == "enter") move.enter = RowMaker::rawAt<Entrance>(value);
     if (row == "exit") move.exit = RowMaker::rawAt<Entrance>(value);
-    if (row == "moves")
+    if (row == "moves") {
         move.to = value.toBool() ? std::optional(move.from.value_or(Placement{.x = 0.5})) : std::nullopt;
+        if (!move.to) move.ease.reset(); // nothing shows it then
+    }
     if (row.starts_with("from.")) setPlacement(move.from, row.substr(5), value);
     if (row.starts_with("to.") && move.to) {
         setPlacement(move.to, row.substr(3), value);

@@ -32,6 +32,12 @@ void setLayout(Shot& shot, const std::string& layout) {
     }
 }
 
+/// The ease goes with the move, for nothing shows it then.
+void setMove(Shot& shot, const std::optional<std::string>& move) {
+    shot.move = move;
+    if (!move) shot.ease.reset();
+}
+
 std::optional<double> share(const QVariant& value) {
     const auto number = RowMaker::numberOf(value);
     return number ? std::optional(*number / percent) : std::nullopt;
@@ -71,7 +77,7 @@ void set(Shot& shot, BookShelf& shelf, const std::string& row, const QVariant& v
     if (row == "zoom") shot.zoom = RowMaker::numberOf(value).value_or(1);
     if (row == "focus") shot.focus = share(value);
     if (row == "split") shot.split = share(value);
-    if (row == "move") shot.move = RowMaker::rawAt<ShotMove>(value);
+    if (row == "move") setMove(shot, RowMaker::rawAt<ShotMove>(value));
     if (row == "ease") shot.ease = RowMaker::easeAt(value);
     if (row == "transition") shot.transition = RowMaker::rawAt<Transition>(value);
     const auto* book =
