@@ -15,6 +15,8 @@ constexpr auto timeToOpen = std::chrono::seconds(20);
 constexpr auto timeToRead = std::chrono::seconds(60);
 // Torn data makes single reads fail while what follows is whole.
 constexpr int maxFailedReads = 32;
+constexpr double maxReordering = 1; // seconds by which a coder may put a picture before earlier ones
+constexpr int maxLookedAt = 2000;   // packets of a movie that was trimmed
 
 // What cameras, phones, recorders and sound programs write. Left out is what names further files or addresses
 // (playlists, scripts, numbered pictures), and text that is played as pictures.
@@ -109,6 +111,38 @@ Demuxer::Demuxer(const std::filesystem::path& path)
     // Fails on tracks that it cannot make out; the others are there all the same.
     avformat_find_stream_info(format.get(), nullptr);
     zero = earliestStart(format.get());
+    settleTrimmed();
+}
+
+// Where a movie was trimmed and no keyframe lies before the cut, the library gives the cut's time to the
+// first keyframe, and some of what is shown comes before the track's start. The whole track is that much too
+// early.
+void Demuxer::settleTrimmed() {
+    const AVStream* pictures = picture();
+    if (!pictures || pictures->start_time == AV_NOPTS_VALUE || !beginsWithinGroup(pictures)) return;
+    const auto packet = ffmpeg::makePacket();
+    const std::int64_t start = pictures->start_time;
+    const std::int64_t reach = ticks(maxReordering, pictures) - ticks(0, pictures);
+    std::int64_t earliest = start;
+    for (int count = 0; count < maxLookedAt && read(packet.get()); ++count) {
+        const std::int64_t time = packet->pts;
+        if (packet->stream_index != pictures->index || time == AV_NOPTS_VALUE) continue;
+        if (time > av_sat_add64(start, reach)) break;
+        const bool shown = !(packet->flags & AV_PKT_FLAG_DISCARD);
+        if (shown && time > av_sat_sub64(start, reach)) earliest = std::min(earliest, time);
+    }
+    rewind();
+    lastError = 0;
+    if (earliest == start) return;
+    early = start - earliest;
+    earlyTrack = pictures->index;
+}
+
+// Whether a movie's index begins with a picture that others are needed for.
+bool Demuxer::beginsWithinGroup(const AVStream* stream) const {
+    const AVIndexEntry* first = avformat_index_get_entry(format->streams[stream->index], 0);
+    return first && !(first->flags & AVINDEX_KEYFRAME) &&
+           std::string_view(format->iformat->name).starts_with("mov");
 }
 
 AVStream* Demuxer::picture() const {
@@ -150,10 +184,18 @@ bool Demuxer::read(AVPacket* packet) {
         if (isAtEnd() || isTooSlow()) return false;
         if (lastError < 0)
             ++failed;
-        else if (!chosen || packet->stream_index == chosen->index)
+        else if (!chosen || packet->stream_index == chosen->index) {
+            settle(packet);
             return true;
+        }
     }
     return false;
+}
+
+void Demuxer::settle(AVPacket* packet) const {
+    if (packet->stream_index != earlyTrack) return;
+    for (auto* ticks : {&packet->pts, &packet->dts})
+        if (*ticks != AV_NOPTS_VALUE) *ticks = av_sat_add64(*ticks, early);
 }
 
 // Matroska indexes the picture track alone as a rule, and would read on to a place in another one.
@@ -167,7 +209,7 @@ bool Demuxer::seek(const AVStream* stream, double seconds) {
     allow(timeToRead);
     atStart = false;
     const AVStream* guide = guideFor(stream);
-    const std::int64_t target = ticks(seconds, guide);
+    const std::int64_t target = ticks(seconds, guide) - (guide->index == earlyTrack ? early : 0);
     return avformat_seek_file(format.get(), guide->index, INT64_MIN, target, target, 0) >= 0;
 }
 

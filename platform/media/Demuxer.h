@@ -48,6 +48,9 @@ public:
     void allow(std::chrono::milliseconds time);
 
 private:
+    void settleTrimmed();
+    bool beginsWithinGroup(const AVStream* stream) const;
+    void settle(AVPacket* packet) const;
     AVStream* guideFor(const AVStream* stream) const;
 
     std::filesystem::path place;
@@ -57,6 +60,8 @@ private:
     bool atStart = true;
     int lastError = 0;
     double zero = 0;
+    int earlyTrack = -1;    ///< whose packets the library gives too early; -1 where none is
+    std::int64_t early = 0; ///< ticks of that track
 };
 
 }

@@ -134,6 +134,28 @@ TEST(FrameReader, givesTheExactPictureInRealFootage) {
     expectAll(folder / "camera-avchd-50i.mts", "bwdif=mode=send_frame:parity=auto:deint=interlaced", 0.08);
 }
 
+TEST(FrameReader, beginsATrimmedMovieWithTheFirstPictureThatCanBeDecoded) {
+    MURBO_NEEDS_FFMPEG();
+    // As phones write it: an edit list that begins where no keyframe lies before, and composition offsets
+    // below 0.
+    const auto whole = made::file("before-trimming.mp4",
+                                  "-f lavfi -i testsrc2=s=160x90:r=30:d=5 -c:v libx264 -preset ultrafast "
+                                  "-pix_fmt yuv420p -x264-params "
+                                  "keyint=20:scenecut=0:bframes=8:b-adapt=0:b-pyramid=normal");
+    const auto trimmed = made::file(
+        "trimmed.mp4", "-ss 1.32 -i " + made::quoted(whole) +
+                           " -c copy -bsf:v noise=drop='lt(n\\,1)' -movflags negative_cts_offsets");
+    const auto shown = made::pictures(whole);
+    FrameReader reader = FrameReader::open(trimmed);
+    for (const int number : {0, 1, 2, 9, 30, 60, 5, 0}) {
+        const auto given = reader.at(number / 30.0);
+        ASSERT_TRUE(given) << number;
+        EXPECT_NEAR(given->time, number / 30.0, 0.001);
+        EXPECT_EQ(made::sum(given->frame), shown.at(40 + std::size_t(number)).sum) << number;
+    }
+    EXPECT_NEAR(reader.facts().length, 3.68, 0.03);
+}
+
 TEST(FrameReader, goesOnFromAKeyframeAndFromWhereItWasStopped) {
     MURBO_NEEDS_FFMPEG();
     const auto path = made::file("keyframes.mp4",
