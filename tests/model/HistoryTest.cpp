@@ -1,10 +1,12 @@
 #include "core/model/package/History.h"
 #include "tests/TemporaryFolder.h"
 
+#include <fstream>
 #include <limits>
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 using namespace murbo;
 
@@ -104,6 +106,23 @@ TEST(History, truncatedAnywhereIsAnEmptyOne) {
     package.file("undo.json", R"({"future":[],"past":[)" + steps + "]}");
     EXPECT_EQ(ProjectPackage::readHistory(package.path).past().size(), 100u);
     EXPECT_EQ(ProjectPackage::readHistory(package.path).past().front().name, "5");
+}
+
+TEST(History, thatTheMemoryCannotHoldIsAnEmptyOne) {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    GTEST_SKIP() << "sanitizers keep memory of their own";
+#endif
+    const TemporaryFolder package;
+    package.file("undo.json", R"({"future":[],"past":[],"more":")" + std::string(60'000'000, 'x') + "\"}");
+    const auto read = [&] {
+        rlim_t pages = 0;
+        std::ifstream("/proc/self/statm") >> pages;
+        const rlim_t bytes = pages * 4096 + 20'000'000;
+        const rlimit limit{bytes, bytes};
+        setrlimit(RLIMIT_AS, &limit);
+        std::exit(ProjectPackage::readHistory(package.path).past().empty() ? 0 : 1);
+    };
+    EXPECT_EXIT(read(), testing::ExitedWithCode(0), "");
 }
 
 TEST(History, leavesOutAPartThatCannotBeWritten) {
