@@ -119,17 +119,32 @@ std::string name(const SoundCue& cue) {
     return std::filesystem::path(cue.file).stem().string();
 }
 
+/// Asks for each playbook once, for each time its file is read.
+TimelineLayout::Input askingOnce(TimelineLayout::Input given) {
+    using Facts = std::optional<TimelineLayout::BookFacts>;
+    given.book = [ask = std::move(given.book),
+                  known = std::map<std::pair<std::string, std::int64_t>, Facts>()](
+                     const std::string& id, std::int64_t version) mutable {
+        const std::pair key(id, version);
+        auto found = known.find(key);
+        if (found == known.end()) found = known.emplace(key, ask(id, version)).first;
+        return found->second;
+    };
+    return given;
+}
+
 }
 
 TimelineLayout TimelineLayout::of(const Input& given) {
+    const auto input = askingOnce(given);
     TimelineLayout layout;
     layout.look = given.look;
     layout.length = given.video.length();
-    layout.addShots(given);
-    layout.addCuts(given);
-    layout.addCaptions(given);
-    layout.addOverlays(given);
-    layout.addSounds(given);
+    layout.addShots(input);
+    layout.addCuts(input);
+    layout.addCaptions(input);
+    layout.addOverlays(input);
+    layout.addSounds(input);
     layout.stack();
     return layout;
 }

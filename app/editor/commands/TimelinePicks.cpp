@@ -11,6 +11,7 @@
 #include "core/render/plan/Snapping.h"
 
 #include <algorithm>
+#include <map>
 
 namespace murbo::TimelinePicks {
 namespace {
@@ -43,9 +44,15 @@ void catchCuts(Band& band, const Video& video) {
 
 void catchOverlays(Band& band, const Look& look, const ShownMoments& shown,
                    const std::optional<std::filesystem::path>& package) {
+    std::map<std::pair<std::string, std::int64_t>, bool> known; // looking one up reads its file
+    const auto isThere = [&](const Overlay& overlay) {
+        const auto [found, isNew] = known.try_emplace({overlay.playbook, overlay.version});
+        if (isNew) found->second = Playbooks::book(overlay.playbook, overlay.version, package).has_value();
+        return found->second;
+    };
     for (const auto& overlay : look.overlays) {
         const auto start = shown.on(overlay.source, overlay.at);
-        if (start && Playbooks::book(overlay.playbook, overlay.version, package))
+        if (start && isThere(overlay))
             band.meet(Pick::Kind::overlay, overlay.id, *start, *start + overlay.length);
     }
 }
