@@ -11,7 +11,7 @@ constexpr float far = 1e12F;
 class LineTransform {
 public:
     explicit LineTransform(int longest)
-        : values(std::size_t(longest)), apexes(std::size_t(longest)), starts(std::size_t(longest) + 1) {}
+        : values(std::size_t(longest)), apexes(std::size_t(longest)), starts(std::size_t(longest)) {}
 
     void transform(float* line, int count, std::ptrdiff_t step) {
         for (int at = 0; at < count; ++at) values[std::size_t(at)] = line[at * step];

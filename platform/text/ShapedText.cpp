@@ -162,8 +162,6 @@ struct ShapedText::Shaping {
     /// The bytes from `from` to `to` on one line.
     Layout layout(std::size_t from, std::size_t to) const {
         const Description description(pango_font_description_new());
-        pango_font_description_set_family_static(description.get(), choice.runs.front().family.c_str());
-        pango_font_description_set_weight(description.get(), PangoWeight(font.weight));
         pango_font_description_set_absolute_size(description.get(), font.size * PANGO_SCALE);
         pango_context_set_base_dir(cache->context(), rightToLeft ? PANGO_DIRECTION_RTL : PANGO_DIRECTION_LTR);
         Layout result(pango_layout_new(cache->context()));

@@ -12,18 +12,25 @@ using namespace murbo;
 
 namespace {
 
-/// Makes this process see the fonts of one folder alone. Only before the first use of fonts.
-void seeOnly(const std::string& folder) {
-    const auto rules =
-        std::filesystem::temp_directory_path() / ("murbo-fonts-" + std::to_string(getpid()) + ".conf");
-    std::ofstream(rules) << "<fontconfig>" << (folder.empty() ? "" : "<dir>" + folder + "</dir>")
-                         << "</fontconfig>";
-    setenv("FONTCONFIG_FILE", rules.c_str(), 1);
-    setenv("MURBO_FONTS", std::filesystem::temp_directory_path().c_str(), 1);
+std::filesystem::path place() {
+    return std::filesystem::temp_directory_path() / ("murbo R&D <fonts> " + std::to_string(getpid()));
+}
+
+/// Makes this process see the fonts of two folders alone, the system's and the program's own. Only before the
+/// first use of fonts.
+void seeOnly(const std::string& installed, const std::string& own = "") {
+    std::filesystem::create_directories(place());
+    if (!installed.empty()) std::filesystem::create_directory_symlink(installed, place() / "installed");
+    const std::string written =
+        std::filesystem::temp_directory_path().string() + "/murbo R&amp;D &lt;fonts> ";
+    std::ofstream(place() / "rules") << "<fontconfig><dir>" << written << getpid()
+                                     << "/installed</dir></fontconfig>";
+    setenv("FONTCONFIG_FILE", (place() / "rules").c_str(), 1);
+    setenv("MURBO_FONTS", own.empty() ? place().c_str() : own.c_str(), 1);
 }
 
 int leave(bool good) {
-    std::filesystem::remove(std::getenv("FONTCONFIG_FILE"));
+    std::filesystem::remove_all(place());
     std::exit(good ? 0 : 1);
 }
 
@@ -45,11 +52,12 @@ TEST(FontSetDeathTest, oneLatinFontDrawsLatinAndSaysWhatIsMissing) {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     const std::string folder = "/usr/share/fonts/truetype/quicksand";
     if (!std::filesystem::exists(folder)) GTEST_SKIP() << "Quicksand is not installed.";
-    const auto alone = [&] {
-        seeOnly(folder);
+    const auto alone = [](const std::string& installed, const std::string& own) {
+        seeOnly(installed, own);
         const ShapedText text("Hi ครับ", Fonts::font("", 0.5, 40));
         const auto glyphs = text.glyphs(text.lines(1e6, 9).front(), {});
         leave(!text.hopeless() && text.missing().size() == 3 && glyphs.size() >= 2 && glyphs[0].glyph != 0);
     };
-    EXPECT_EXIT(alone(), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(alone(folder, ""), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(alone("", folder), testing::ExitedWithCode(0), "");
 }

@@ -1,6 +1,7 @@
 #include "platform/text/Fonts.h"
 
 #include <cmath>
+#include <filesystem>
 
 #include <gtest/gtest.h>
 
@@ -28,8 +29,9 @@ TEST(Fonts, familiesThatAreNotInstalledCostNothing) {
 }
 
 TEST(Fonts, theRoundedFacesGoByTheirPlainNames) {
-    if (!Fonts::installed("Nunito")) GTEST_SKIP() << "The rounded faces are not fetched.";
+    if (!std::filesystem::exists(std::filesystem::read_symlink("/proc/self/exe").parent_path() / "fonts"))
+        GTEST_SKIP() << "The rounded faces are not fetched.";
     for (const char* name : {"Nunito", "Mitr", "M PLUS Rounded 1c"})
         EXPECT_TRUE(Fonts::installed(name)) << name;
-    EXPECT_FALSE(Fonts::installed("Rounded Mplus 1c Bold"));
+    for (const auto& name : Fonts::families()) EXPECT_FALSE(name.starts_with("Rounded Mplus")) << name;
 }

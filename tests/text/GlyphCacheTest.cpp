@@ -1,4 +1,5 @@
 #include "platform/text/GlyphCache.h"
+#include "platform/text/GlyphDrawing.h"
 
 #include <gtest/gtest.h>
 
@@ -25,6 +26,8 @@ TEST(GlyphCache, drawsEachGlyphOncePerPlaceAndLine) {
     auto* other = fontIn(cache, 41);
     const auto first = cache.picture(font, 40, 1, 2, 3);
     EXPECT_EQ(cache.picture(font, 40, 1, 2, 3), first);
+    const auto drawn = GlyphDrawing::draw(font, 40, 0.25, 0.5, 3);
+    EXPECT_EQ(std::tie(first->left, first->top, first->alpha), std::tie(drawn.left, drawn.top, drawn.alpha));
     EXPECT_NE(cache.picture(font, 41, 1, 2, 3), first);
     EXPECT_NE(cache.picture(font, 40, 2, 1, 3), first) << "the quarters are not swapped";
     EXPECT_NE(cache.picture(font, 40, 2, 0, 3), cache.picture(font, 40, 1, 2, 3)) << "nor mixed up";

@@ -79,14 +79,31 @@ TEST(TextPainter, anOutlineIsRoundAtSharpCorners) {
 }
 
 TEST(TextPainter, boxesThatTouchShareTheirSidesAndOthersStayApart) {
-    const Rect wide{10, 10, 100, 40};
+    const double radius = 16;
+    const Colour colour{200, 100, 50, 180};
     for (const int top : {46, 50, 51}) {
+        const std::vector<Rect> boxes{{10, 10, 100, 40}, {30, double(top), 60, 38}, {50, 95, 30, 20}};
         Bitmap bitmap(side, side);
-        TextPainter::boxes(bitmap, {wide, {30, double(top), 60, 40}}, 16, Colour::white);
-        const bool touch = top <= 50;
-        for (const int x : {30, 89}) // what would be the corners of the lower box
-            EXPECT_EQ(alpha(bitmap, x, top + 5) == 255, touch) << top;
-        for (const int x : {10, 109}) EXPECT_EQ(alpha(bitmap, x, 49), 0) << "the wider box keeps its own";
-        for (const int x : {30, 89}) EXPECT_EQ(alpha(bitmap, x, top + 39), 0);
+        TextPainter::boxes(bitmap, boxes, radius, colour);
+        const auto inside = [&](double x, double y) {
+            const bool joint = top <= 50 && x >= 30 && x <= 90 && y >= 30 && y <= top + 19;
+            return joint || std::any_of(boxes.begin(), boxes.end(), [&](const Rect& box) {
+                       const double corner = std::min(radius, box.height / 2);
+                       return std::hypot(std::max({box.x + corner - x, x - box.right() + corner, 0.0}),
+                                         std::max({box.y + corner - y, y - box.bottom() + corner, 0.0})) <=
+                              corner;
+                   });
+        };
+        for (int y = 0; y < side; ++y)
+            for (int x = 0; x < side; ++x) {
+                double share = 0; // of the pixel's area
+                for (int part = 0; part < 64; ++part)
+                    share += inside(x + (part % 8 + 0.5) / 8, y + (part / 8 + 0.5) / 8) / 64.0;
+                const double alpha = share * colour.alpha;
+                const std::array<double, 4> expected{colour.blue * alpha / 255, colour.green * alpha / 255,
+                                                     colour.red * alpha / 255, alpha};
+                for (std::size_t channel = 0; channel < 4; ++channel)
+                    ASSERT_NEAR(bitmap.row(y)[x * 4 + int(channel)], expected[channel], 20) << x << ", " << y;
+            }
     }
 }

@@ -27,10 +27,10 @@ TEST(Unicode, linesMayEndBetweenThaiWordsAndAfterBlanks) {
     EXPECT_EQ(Unicode::lineEnds(text), ends);
 }
 
-TEST(Unicode, aRepetitionMarkBelongsToTheWordBeforeItAlsoAfterABlank) {
+TEST(Unicode, wordsEndAtABorderOfScriptsAndKeepTheirRepetitionMark) {
     const std::vector<std::pair<std::string, std::vector<std::size_t>>> table = {
-        {"เร็วๆ", {15}}, {"เด็ก ๆ", {16}}, {"เด็ก ๆ ok", {16, 17, 19}},
-        {" ๆ", {4}},    {"ๆ", {3}},      {"人 々", {3, 4, 7}},
+        {"เร็วๆ", {15}}, {"เด็ก ๆ", {16}},      {"เด็ก ๆ ok", {16, 17, 19}},          {" ๆ", {4}},
+        {"ๆ", {3}},     {"人 々", {3, 4, 7}}, {"เกมROVกับ5ៗ", {9, 12, 21, 22, 25}},
     };
     for (const auto& [text, ends] : table) EXPECT_EQ(Unicode::wordEnds(text), ends) << text;
 }
@@ -39,7 +39,8 @@ TEST(Unicode, onlyEmojiAreThoseThatAreDrawnInColour) {
     for (const char* text : {"😂", "❤️ 🔥", "😂\n🔥", "😂\r\n\t❤️\u2028", "1️⃣", "👍🏽 😂",
                              "🇹🇭", "👨‍👩‍👧"})
         EXPECT_TRUE(Unicode::isOnlyEmoji(text)) << text;
-    for (const char* text : {"", " ", "\r\n", "a", "a\n😂", "1", "❤︎", "😂︎", "😂a", "©", "😂 ok", "★"})
+    for (const char* text :
+         {"", " ", "\r\n", "a", "a\n😂", "1", "❤︎", "😂︎", "😂a", "😂a😂", "©", "😂 ok", "★"})
         EXPECT_FALSE(Unicode::isOnlyEmoji(text)) << text;
 }
 
