@@ -40,7 +40,6 @@ public:
 private:
     int fail() {
         sound = false;
-        rest = {};
         return 0;
     }
     std::string_view rest;

@@ -108,7 +108,6 @@ Process::Process(const std::filesystem::path& program, const std::vector<std::st
     if (child < 0) notStarted(launch.program, errno);
     ::setpgid(child, child); // here too: who comes first must not matter to a kill
     launch.failure.writing.close();
-    launch.errors.writing.close();
     int error = 0;
     const bool failed = ::read(launch.failure.reading, &error, sizeof error) == sizeof error;
     // By number: the header of its function does not let C++ link it before glibc 2.37.

@@ -44,8 +44,8 @@ public:
 private:
     void wait(const std::stop_token& stop) {
         std::unique_lock lock(guard);
-        if (!over.wait_for(lock, stop, patience, [&] { return stop.stop_requested(); }))
-            if (!stop.stop_requested()) g_cancellable_cancel(cancel.get());
+        const auto ended = [&] { return stop.stop_requested(); };
+        if (!over.wait_for(lock, stop, patience, ended)) g_cancellable_cancel(cancel.get());
     }
 
     std::unique_ptr<GCancellable, SecretRelease> cancel{g_cancellable_new()};

@@ -108,6 +108,7 @@ TEST_F(Tools, tellTheirFailureByTheirLastLine) {
     folder.file("bin/broken", "#!/no/such/shell\n");
     std::filesystem::permissions(folder / "bin/broken", std::filesystem::perms::owner_all);
     EXPECT_EQ(failure("broken"), "broken could not be started: it does not exist.");
+    EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1) << "none is left in the system's list";
 }
 
 TEST_F(Tools, getTheirArgumentsAsTheyAreAndNothingElse) {

@@ -13,7 +13,8 @@ TEST(UUID, readsWhatItWritesAndNothingElse) {
     EXPECT_EQ(UUID::parse("e2c56db5-dffb-48d2-b060-d0f5a71096e0")->text(),
               "E2C56DB5-DFFB-48D2-B060-D0F5A71096E0");
     for (const char* text : {"", "E2C56DB5DFFB48D2B060D0F5A71096E0", "E2C56DB5-DFFB-48D2-B060-D0F5A71096E",
-                             "E2C56DB5-DFFB-48D2-B060-D0F5A71096EG", "E2C56DB5-DFFB-48D2-B060+D0F5A71096E0"})
+                             "E2C56DB5-DFFB-48D2-B060-D0F5A71096E0 ", "E2C56DB5-DFFB-48D2-B060-D0F5A71096EG",
+                             "E2C56DB5-DFFB-48D2-B060+D0F5A71096E0"})
         EXPECT_FALSE(UUID::parse(text)) << text;
 }
 

@@ -58,10 +58,14 @@ TEST(Http, goesOnlyWhereNobodyCanListen) {
               "Nothing is sent to http://example.org/: it is no HTTPS address.");
 }
 
-TEST(Http, goesAroundAProxyToThisMachine) {
+TEST(Http, goesAroundAProxyToThisMachineAlone) {
     const Environment proxy("http_proxy", "http://127.0.0.1:1");
     FakeServer server([](const std::string&) { return FakeServer::reply(200, "here"); });
     EXPECT_EQ(Http::send({.url = server.base}).body, "here");
+    const Environment other("https_proxy", server.base);
+    failure({.url = "https://elsewhere.invalid/"});
+    EXPECT_THAT(server.request(), StartsWith("CONNECT elsewhere.invalid:443 "))
+        << "to all others it is asked";
 }
 
 TEST(Http, followsNobodyElsewhere) {
