@@ -6,14 +6,21 @@ using namespace murbo;
 
 namespace {
 
-/// Two cuts of one source, 4 s and 3 s long; an overlay from 1 s to 6 s, a sound at 2 s, a song at 3 s.
+/// Cuts of two sources, 4 s and 3 s long; an overlay from 1 s to 6 s, a sound at 2 s, a song at 3 s.
 Video dressed() {
     Video video;
     const auto source = UUID::make();
     video.cuts.edit() = {{.source = source, .start = 10, .end = 14},
-                         {.source = source, .start = 30, .end = 33}};
+                         {.source = UUID::make(), .start = 30, .end = 33}};
     auto& look = video.look.emplace();
-    look.overlays.edit() = {{.playbook = "label", .source = source, .at = 11, .length = 5}};
+    const Overlay other{.playbook = "other", .source = source, .at = 10, .length = 7};
+    look.overlays.edit() = {{.playbook = "label",
+                             .version = 2,
+                             .source = source,
+                             .at = 11,
+                             .length = 5,
+                             .values = Values{{"a", "b"}}},
+                            other};
     look.sounds.edit() = {{.file = "boom.wav", .source = source, .at = 12, .length = 2, .skip = 0.5}};
     look.music.edit() = {{.file = "song.mp3", .source = source, .at = 13}};
     return video;
@@ -23,17 +30,20 @@ Video dressed() {
 
 TEST(LookEdits, theRightPartOfAnOverlayHangsOnWhatIsOnThen) {
     auto video = dressed();
+    auto expected = video;
     const auto right = LookEdits::splitOverlay(video, video.look->overlays[0].id, 4.5);
-    const auto& overlays = video.look->overlays;
-    ASSERT_EQ(overlays.size(), 2);
-    EXPECT_EQ(overlays[0].length, 3.5);
-    EXPECT_EQ(overlays[1].id, right);
-    EXPECT_EQ(overlays[1].at, 30.5);
-    EXPECT_EQ(overlays[1].length, 1.5);
-    for (const double time : {0.5, 1.1, 4.4, 5.9, 6.5}) {
+    auto& overlays = expected.look->overlays.edit();
+    overlays.insert(overlays.begin() + 1, overlays[0]);
+    overlays[0].length = 3.5;
+    overlays[1].id = right.value();
+    overlays[1].source = video.cuts[1].source;
+    overlays[1].at = 30.5;
+    overlays[1].length = 1.5;
+    EXPECT_EQ(video, expected);
+    for (const double time : {0.5, 1.1, 4.4, 5.9, 6.5})
         EXPECT_FALSE(LookEdits::splitOverlay(video, video.look->overlays[0].id, time)) << time;
-        EXPECT_EQ(video.look->overlays.size(), 2);
-    }
+    EXPECT_FALSE(LookEdits::splitOverlay(video, UUID::make(), 4.5));
+    EXPECT_EQ(video, expected);
 }
 
 TEST(LookEdits, aSoundGoesOnInItsFile) {
@@ -49,5 +59,6 @@ TEST(LookEdits, aSoundGoesOnInItsFile) {
     EXPECT_EQ(*songs[1].skip, 2);
     EXPECT_FALSE(songs[1].length) << "a song without an end plays on";
     EXPECT_EQ(songs[1].at, 31);
+    EXPECT_EQ(songs[1].source, video.cuts[1].source);
     EXPECT_FALSE(LookEdits::splitSound(video, UUID::make(), 5));
 }

@@ -37,7 +37,7 @@ TEST_F(Recording, isToldLineByLine) {
         transcript().lines.edit().push_back({.start = at < 4 ? 13.0 + at : 1000 + at, .end = 20.0 + at});
     for (const double at : {20.0, 30.0, 500.0, 501.0, 502.0})
         transcript().notes.edit().push_back({.start = at, .end = at});
-    project.clips.edit() = {clip(1, 514, 516), clip(1, 12.9, 83.4)};
+    project.clips.edit() = {clip(1, 514, 516), clip(1, 12.9, 83.4), clip(2, 12.9, 12.95)};
     project.clips.edit()[0].part.emplace("a");
     project.clips.edit()[1].rating = 1;
     project.clips.edit()[1].summary.emplace(Clip::Summary{"The big fall", ""});
@@ -48,10 +48,11 @@ TEST_F(Recording, isToldLineByLine) {
               "Stream\n"
               "  rec.mp4  stream, 1:02:03, 120 lines  (missing)\n"
               "    C01  0:12–1:23  4 lines, 2 notes  ★  The big fall\n"
+              "    C02  0:12–0:12  0 lines\n"
               "    C01a  8:34–8:36  2 lines\n"
               "B1  rec.mp4 0:10  check this\n"
               "V2  First cut  9:16, 3 cuts, 12.5 s\n"
-              "1 source (1 missing), 2 clips, 120 lines, 5 notes, 1 bookmark, 1 video");
+              "1 source (1 missing), 3 clips, 120 lines, 5 notes, 1 bookmark, 1 video");
 }
 
 TEST_F(Recording, isToldWhereItPointsNowhere) {

@@ -114,6 +114,21 @@ TEST(VideoEdits, trimsAndSlipsWithinTheSource) {
     EXPECT_EQ(slip(5, 2), "10-12 0-4 30-33 ");
 }
 
+TEST(VideoEdits, anUnknownCutChangesNothing) {
+    auto video = threeCuts();
+    const auto before = video;
+    const auto none = UUID::make();
+    VideoEdits::trimStart(video, none, 0);
+    VideoEdits::trimEnd(video, none, 99, 99);
+    VideoEdits::slip(video, none, 0, 99);
+    VideoEdits::roll(video, none, 11, 99);
+    VideoEdits::move(video, none, 0);
+    VideoEdits::remove(video, none);
+    EXPECT_EQ(VideoEdits::takeOut(video, {{0, 99}}, none, 0.1), 0);
+    VideoEdits::toggleMute(video, {none});
+    EXPECT_EQ(video, before);
+}
+
 TEST(VideoEdits, movesBeforeTheCutThatStandsThere) {
     for (const auto& [from, to, expected] : {std::tuple{0u, 2, "20-24 10-12 30-33 "},
                                              {0, 3, "20-24 30-33 10-12 "},
@@ -156,6 +171,7 @@ TEST(VideoEdits, aSeamRollsWithinBothCutsAndNothingElseMoves) {
     const std::tuple<double, std::string> cases[] = {{23, "10-12 20-23 29-33 "},
                                                      {26, "10-12 20-26 32-33 "},
                                                      {-5, "10-12 20-20.1 26.1-33 "},
+                                                     {98, "10-12 20-26.9 32.9-33 "},
                                                      {99, "10-12 20-25 31-33 "}};
     for (const auto& [to, expected] : cases) {
         const double source = to == 99 ? 25 : 100;
