@@ -75,6 +75,8 @@ TEST(CaptionText, latinPhrasesInThaiStayTogetherUpToTheirLength) {
                 ElementsAre("ใช้", " ", "Final Cut Pro", " ", "ดี"));
     EXPECT_THAT(texts(mixed, CaptionText::units(mixed, 9)),
                 ElementsAre("ใช้", " ", "Final Cut", " ", "Pro", " ", "ดี"));
+    const std::string mark = "ใช้ éA Pro ดี";
+    EXPECT_THAT(texts(mark, CaptionText::units(mark, 24)), ElementsAre("ใช้", " ", "éA Pro", " ", "ดี"));
     const std::string latin = "Final Cut Pro";
     EXPECT_THAT(texts(latin, CaptionText::units(latin, 24)), ElementsAre("Final", " ", "Cut", " ", "Pro"));
 }
@@ -104,6 +106,8 @@ TEST(CaptionText, piecesAreBalancedAndBreakAtSpaces) {
         {"eleven chars", 11, {"eleven", "chars"}},
         {"one two three four five six seven", 24, {"one two three", "four five six seven"}},
         {"สวัสดีครับวันนี้เราจะมาเล่นเกม", 12, {"สวัสดีครับวันนี้", "เราจะมาเล่นเกม"}},
+        {"สวัสดีครับ วันนี้เราจะมาเล่นเกม", 12, {"สวัสดีครับ", "วันนี้เราจะมาเล่นเกม"}},
+        {"สวัสดี ครับวันนี้เราจะมาเล่นเกม", 12, {"สวัสดี ครับวันนี้", "เราจะมาเล่นเกม"}}, // too far off
         {"ab cd", 0, {"ab", "cd"}},
         {"ab cd", -7, {"ab", "cd"}},
         {"unbreakable", 3, {"unbreakable"}},

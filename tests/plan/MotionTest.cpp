@@ -61,10 +61,10 @@ TEST(Motion, aPlacementGoesFieldByField) {
                     .ease = "linear"};
     EXPECT_EQ(Motion::placement(move, 0.5), (Placement{.x = 0.5, .y = 0.7, .scale = 1.5, .rotation = 30}));
     EXPECT_EQ(Motion::placement(move, 9), (Placement{.x = 0.8, .y = 0.9, .scale = 2, .rotation = 30}));
-    EXPECT_EQ(
-        Motion::placement({.from = Placement{}, .to = Placement{.rotation = 40}, .ease = "linear"}, 0.5),
-        Placement{.rotation = 20})
-        << "from none is from 0";
+    const Placement all{.x = 0.7, .y = 0.1, .scale = 3, .rotation = 40};
+    EXPECT_EQ(Motion::placement({.to = all, .ease = "linear"}, 0.5),
+              (Placement{.x = 0.6, .y = 0.3, .scale = 2, .rotation = 20}))
+        << "from none is from the middle, as it is";
     EXPECT_EQ(Motion::placement({.from = move.from}, 0.5), *move.from);
     EXPECT_EQ(Motion::placement({}, 0.5), Placement{});
 }

@@ -41,7 +41,7 @@ TEST(PlacedShot, coversTheVideoFromWhereItsMomentsAreShown) {
     EXPECT_EQ(placed({shot(one, 10.002)}, {first}), "0.0000-0.0020 10.0000*, 0.0020-4.0000 10.0020");
     EXPECT_EQ(placed({shot(two, 1), shot(one, 11)}, {first, second}),
               "0.0000-1.0000 10.0000*, 1.0000-5.0000 11.0000, 5.0000-6.0000 1.0000");
-    EXPECT_EQ(placed({shot(one, 11), shot(one, 10)}, {first, second, first}),
+    EXPECT_EQ(placed({shot(one, NAN), shot(one, 11), shot(one, 10)}, {first, second, first}),
               "0.0000-1.0000 10.0000, 1.0000-6.0000 11.0000, 6.0000-7.0000 10.0000, 7.0000-10.0000 11.0000")
         << "a moment shown twice";
 }

@@ -15,6 +15,8 @@ TEST(Snapping, movesABlockByTheEdgeThatCatchesNearest) {
     const auto onWhole = [](double time) { return Snapping::nearest(time, {0, 1, 2, 3, 4}, 0.3); };
     EXPECT_DOUBLE_EQ(Snapping::shift(0, 1.5, 1.1, onWhole), 1) << "its start catches";
     EXPECT_DOUBLE_EQ(Snapping::shift(0, 1.5, 0.6, onWhole), 0.5) << "its end catches";
+    EXPECT_DOUBLE_EQ(Snapping::shift(0, 1.35, 0.9, onWhole), 1) << "both, its start nearer";
+    EXPECT_DOUBLE_EQ(Snapping::shift(0, 1.3, 0.8, onWhole), 0.7) << "both, its end nearer";
     EXPECT_DOUBLE_EQ(Snapping::shift(0, 1, 0.5, onWhole), 0.5) << "neither";
 }
 
