@@ -1,20 +1,11 @@
 #include "core/playbooks/Playbook.h"
 
 #include "core/playbooks/NumberExpression.h"
-#include "core/playbooks/ParameterName.h"
 
 #include <algorithm>
 
 namespace murbo {
 namespace {
-
-/// The name in "$name", where that is the whole text.
-std::optional<std::string> wholeParameter(std::string_view text) {
-    if (!text.starts_with('$')) return std::nullopt;
-    const auto name = text.substr(1);
-    if (ParameterName::length(name) != name.size()) return std::nullopt;
-    return std::string(name);
-}
 
 /// What an entrance or exit takes of the whole.
 double part(const std::optional<double>& seconds, double whole) {
@@ -30,15 +21,13 @@ std::optional<double> Playbook::evaluate(std::string_view text, const Values& va
 
 std::optional<Playbook::Num> Playbook::Num::parse(const std::string& text) {
     if (text.size() > NumberExpression::maxBytes) return std::nullopt;
-    if (wholeParameter(text) || evaluate(text, {}, false)) return Num(text);
-    return std::nullopt;
+    if (!evaluate(text, {}, false)) return std::nullopt;
+    return Num(text);
 }
 
 std::optional<double> Playbook::Num::value(const Values& values) const {
     if (const auto* number = std::get_if<double>(&form)) return *number;
-    const auto& text = std::get<std::string>(form);
-    const auto name = wholeParameter(text);
-    return name ? NumberExpression::parameter(*name, values) : evaluate(text, values, true);
+    return evaluate(std::get<std::string>(form), values, true);
 }
 
 double Playbook::naturalLength() const {

@@ -1,3 +1,4 @@
+#include "platform/store/SettingsStore.h"
 #include "tests/playbooks/OwnersLibrary.h"
 
 #include <fstream>
@@ -22,9 +23,9 @@ TEST_F(LibraryFolder, passesOverWhatItCannotRead) {
     ASSERT_EQ(library.size(), 26u);
     EXPECT_EQ(library[0].id(), "Mine");
     EXPECT_EQ(library[0].version(), 1);
-    EXPECT_THAT(Library::styles(), IsEmpty());
-    Library::save({{.id = "mine", .size = 40}});
-    EXPECT_EQ(Library::styles().size(), 1u);
+    ASSERT_EQ(Playbooks::leftOut().size(), 1U);
+    EXPECT_EQ(Playbooks::leftOut()[0].folder, folder / "Playbooks/Broken.mbplay");
+    EXPECT_NE(Playbooks::leftOut()[0].reason, "");
     fs::create_directories(Library::sounds() / "Hits");
     for (const char* name : {"10.wav", "2.MP3", "note.txt", ".3.wav", "Hits/boom.flac", "Hits/.4.mp3"})
         std::ofstream(Library::sounds() / name);
@@ -32,6 +33,24 @@ TEST_F(LibraryFolder, passesOverWhatItCannotRead) {
     for (const auto& sound : Library::audioFiles(Library::sounds()))
         names.push_back(sound.folder + ":" + sound.file.filename().string());
     EXPECT_THAT(names, ElementsAre(":2.MP3", ":10.wav", "Hits:boom.flac"));
+}
+
+TEST_F(LibraryFolder, liesWhereTheSettingsSay) {
+    Library::setOverride({});
+    const Environment home("HOME", folder.path);
+    EXPECT_EQ(Library::folder(), folder / "Movies/Murbo");
+    auto& settings = SettingsStore::standard();
+    settings.set("libraryFolder", (folder / "mine").string());
+    settings.set("soundsFolder", (folder / "hits").string());
+    settings.set("musicFolder", "");
+    EXPECT_EQ(Library::playbooks(), folder / "mine/Playbooks");
+    EXPECT_EQ(Library::sounds(), folder / "hits");
+    EXPECT_EQ(Library::music(), folder / "mine/Music");
+    EXPECT_THAT(Library::styles(), IsEmpty());
+    const std::vector<CaptionStyle> styles{{.id = "mine", .size = 40}};
+    Library::save(styles);
+    EXPECT_EQ(Library::styles(), styles);
+    for (const char* key : {"libraryFolder", "soundsFolder", "musicFolder"}) settings.remove(key);
 }
 
 }

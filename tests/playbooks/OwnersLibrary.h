@@ -3,13 +3,14 @@
 #include "core/playbooks/Library.h"
 #include "core/playbooks/Playbooks.h"
 #include "platform/base/Files.h"
+#include "tests/Environment.h"
 #include "tests/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
 namespace murbo {
 
-/// A library of the owner's in a folder of the test's own.
+/// A library of the owner's in a folder of the test's own, and settings of the tests' own.
 class OwnersLibrary : public testing::Test {
 protected:
     OwnersLibrary() {
@@ -27,6 +28,11 @@ protected:
     }
 
     const TemporaryFolder folder;
+
+private:
+    // The store of settings is opened once a process.
+    static inline const TemporaryFolder settings;
+    static inline const Environment config{"XDG_CONFIG_HOME", settings.path};
 };
 
 }

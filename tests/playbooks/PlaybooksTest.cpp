@@ -1,3 +1,4 @@
+#include "tests/ProblemOf.h"
 #include "tests/playbooks/OwnersLibrary.h"
 
 #include <gmock/gmock.h>
@@ -37,7 +38,14 @@ TEST_F(PlaybooksInThreePlaces, aProjectPlaysTheVersionThatItPinned) {
     Playbooks::write(next, {}, "me");
     EXPECT_EQ(Playbooks::book(first.id(), 1, project)->playbook, first.playbook);
     EXPECT_EQ(Playbooks::book(first.id(), 2, project)->version(), 2);
-    EXPECT_FALSE(Playbooks::copy("../p", 1, project));
+    for (const char* id : {"../p", "a/b", ".."}) {
+        EXPECT_FALSE(Playbooks::copy(id, 1, project));
+        next.id = id;
+        EXPECT_EQ(problemOf([&] {
+                      Playbooks::copy(Book{next, {}}, project);
+                  }),
+                  "“Star” has an id that can't be the name of a folder.");
+    }
 
     EXPECT_TRUE(pinned.file("assets/a.png"));
     EXPECT_FALSE(pinned.file("../x"));
