@@ -70,5 +70,5 @@ TEST(Effects, theTapeIsTheSameWheneverItIsDrawn) {
     const auto at = [&](double held) { return drawn(Stage::Effects::apply("vhs", image, held)); };
     EXPECT_FALSE(same(at(0), at(0.04))) << "a thirtieth later the noise is another";
     EXPECT_TRUE(same(at(0.05), at(0.05 + 97 * 20 / 30.0 * 3))) << "both noise and lines come round";
-    for (const double held : {std::nan(""), -4.0, 1e308, -1e308}) EXPECT_EQ(at(held).width(), width);
+    for (const double held : {std::nan(""), 1e308, -1e308}) EXPECT_TRUE(same(at(held), at(0))) << held;
 }

@@ -10,8 +10,10 @@ using namespace murbo;
 
 TEST(Elements, keepLettersSharpThatTheyEnlarge) {
     const Staged stage(400, 200, {30, 60, 200});
-    const auto large = stage.drawn(R"({"text": "Hi", "size": 120})");
-    for (const char* scaled : {R"("scale": 4)", R"("keys": [{"t": 0, "scale": 4}])"}) {
+    for (const auto& [sharp, scaled] : {std::pair{R"("size": 120)", R"("scale": 4)"},
+                                        {R"("size": 120)", R"("keys": [{"t": 0, "scale": 4}])"},
+                                        {R"("size": 30, "w": 0.9, "scale": 4)", R"("w": 3.6)"}}) {
+        const auto large = stage.drawn(R"({"text": "Hi", )" + std::string(sharp) + "}");
         const auto enlarged = stage.drawn(R"({"text": "Hi", "size": 30, )" + std::string(scaled) + "}");
         int letters = 0, apart = 0;
         for (int y = 0; y < 200; ++y)
@@ -34,6 +36,35 @@ int countOf(const Bitmap& bitmap, const std::string& colour) {
     return count;
 }
 
+/// The highest value of a channel.
+int peak(const Bitmap& bitmap, int channel) {
+    int max = 0;
+    for (int y = 0; y < bitmap.height(); ++y)
+        for (int x = 0; x < bitmap.width(); ++x) max = std::max<int>(max, bitmap.row(y)[x * 4 + channel]);
+    return max;
+}
+
+}
+
+TEST(Elements, areChangedByTheirEffectsOneAfterTheOtherWhateverTheyShow) {
+    const TemporaryFolder folder;
+    Staged stage(80, 80, Colour::white);
+    stage.source = stage.below;
+    const auto file = folder.file("a.jpg", Jpeg::encode(stage.drawn(stage.below), 1)).string();
+    for (const std::string& kind :
+         {std::string(R"("shape": "circle", "w": 0.5)"), std::string(R"("particles": "confetti", "w": 0.5)"),
+          std::string(R"("text": "Hi", "size": 60)"), R"("w": 0.5, "image": ")" + file + '"',
+          std::string(R"("slot": "under", "w": 0.5)"), std::string(R"("slot": "picture", "w": 0.5)"),
+          std::string(R"("slot": "emoji:😂", "w": 0.5)")}) {
+        const auto drawn = [&](const std::string& effects) {
+            return stage.drawn(R"({"shape": "rect", "fill": true, "color": "000000"}, {)" + kind +
+                               R"(, "effects": [)" + effects + "]}");
+        };
+        const auto plain = drawn(""), tinted = drawn(R"("bright", "tint:FF0000")");
+        EXPECT_GT(peak(plain, 0), 40) << kind;
+        EXPECT_GT(peak(tinted, 2), 40) << kind;
+        EXPECT_EQ(peak(tinted, 0) + peak(tinted, 1), 0) << kind;
+    }
 }
 
 TEST(Elements, dropTheBoxOfAStyleWhereTheLayerHasItsOwnColour) {

@@ -1,3 +1,4 @@
+#include "core/render/stage/Glyph.h"
 #include "core/render/stage/PlaybookMedia.h"
 #include "platform/image/draw/Canvas.h"
 
@@ -26,4 +27,7 @@ TEST(Glyph, hasAMarginAndMorePixelsThanAsked) {
     EXPECT_EQ(redInTheMiddle(*letter), 255);
     EXPECT_GT(redInTheMiddle(*media.glyph("🔥", 200)), 200);
     EXPECT_FALSE(media.glyph(" ", 200));
+    for (const auto& [points, finer] : {std::pair{40, 18}, {200, 4}, {1000, 1}, {3000, 1}})
+        EXPECT_EQ(Glyph::draw("I", points)->finer, finer) << points;
+    EXPECT_LT(Glyph::draw(std::string(100, 'W'), 20)->finer, 36) << "a long word has to do with fewer";
 }

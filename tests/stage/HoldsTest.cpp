@@ -14,6 +14,8 @@ TEST(Holds, swingAsOftenAndAsFarAsTheirTableSays) {
     EXPECT_NEAR(Holds::at(Hold::floating, 0.25 / 0.45, 0).dy, 14, 1e-9);
     EXPECT_NEAR(Holds::at(Hold::pulse, 0.25 / 1.6, 0).scale, 1.06, 1e-9);
     EXPECT_NEAR(Holds::at(Hold::drift, 2, 0).scale, 1.07, 1e-9);
+    EXPECT_NEAR(Holds::at(Hold::spin, 2, 0).rotation, 240, 1e-9);
+    EXPECT_NEAR(Holds::at(Hold::sway, 0.25 / 0.4, 0).rotation, 2.5, 1e-9);
     for (const auto word : rawTexts(Hold{}))
         EXPECT_EQ(Holds::isMoving(*fromRawText<Hold>(word)), word != "none") << word;
 }

@@ -126,6 +126,7 @@ TEST(PlaybookMedia, lettersAreKeptAndAbsurdOnesAreNone) {
     EXPECT_GT(text->extent().width, 300);
     EXPECT_LE(text->extent().width, 1080);
     EXPECT_TRUE(text->isSameAs(*media.text("Hello there", style, "", 1, 928.8))) << "kept";
+    EXPECT_GT(media.text("Hello there", style, "", 1, 300)->extent().height, text->extent().height);
     media.text("\uE000\U0010FFFF\xFF\xC0 no font draws these", style, "", 1, 928.8);
     EXPECT_FALSE(media.text(std::string(100'000, 'x'), style, "", 1, 928.8));
     EXPECT_FALSE(media.glyph(std::string(100'000, 'x'), 160));

@@ -1,6 +1,7 @@
 #include "core/render/stage/Slots.h"
 #include "platform/image/Jpeg.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/footage/Movie.h"
 #include "tests/stage/Staged.h"
 
 #include <cmath>
@@ -60,4 +61,28 @@ TEST(Slots, readNoFileFromOutsideAndNoneThatWouldBlock) {
     for (const auto& path : {"../secret.jpg"s, "assets/link.jpg"s, "media/../../secret.jpg"s,
                              "assets/pipe.mp4"s, "assets"s, "/dev/zero"s, "assets/a.jpg\0x"s, "emoji:"s})
         EXPECT_FALSE(shows(path)) << path;
+}
+
+TEST(Slots, showAVideoAndAStretchOfTheSource) {
+    const TemporaryFolder folder;
+    const auto file = (folder / "a.mp4").string();
+    Movie::write(file, 60); // two seconds
+    Staged stage(128, 64);
+    auto overlay = Staged::placed("", 9);
+    stage.plan.sources[overlay.overlay.source] = file;
+    const auto shown = [&](const std::string& layer, double time) {
+        overlay.book = Staged::placed("{" + layer + R"(, "fill": true})").book;
+        return Movie::number(stage.drawn(overlay, time));
+    };
+    const std::string video = R"("video": ")" + file + '"';
+    EXPECT_EQ(shown(video, 0.5), 15);
+    EXPECT_EQ(shown(video + R"(, "start": 0.5, "speed": 2)", 0.5), 45);
+    EXPECT_EQ(shown(video + R"(, "start": 1, "loop": true)", 1.5), 45);
+    EXPECT_EQ(shown(R"("slot": "rec:0.5-1.5")", 0.5), 30);
+    EXPECT_EQ(shown(R"("slot": "rec:0.5-1.5", "bounce": true)", 1.5), 30);
+    const int nothing = Movie::number(stage.drawn(""));
+    for (const char* wrong : {"rec:", "rec:1", "rec:1-1", "rec:1.5-0.5", "rec:0-1-2", "rec:a-b"})
+        EXPECT_EQ(shown(R"("slot": ")" + std::string(wrong) + '"', 0.5), nothing) << wrong;
+    stage.plan.sources[overlay.overlay.source] = folder.file("noise.mp4", "no video");
+    EXPECT_EQ(shown(R"("slot": "rec:0.5-1.5")", 0.5), nothing);
 }

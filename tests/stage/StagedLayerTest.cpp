@@ -1,5 +1,8 @@
+#include "core/playbooks/Hold.h"
+#include "core/render/stage/Holds.h"
 #include "tests/stage/Staged.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 using namespace murbo;
@@ -47,6 +50,24 @@ TEST(StagedLayer, comesAndGoesAndMovesByItsTimes) {
     EXPECT_EQ(seen(stage.drawn(entering, 2.8), {{20, 80}, {52, 80}, {57, 80}}), "##.") << "from the right";
 }
 
+TEST(StagedLayer, movesWithItsHoldFromWhereItStands) {
+    const Staged stage(80, 160);
+    for (const auto word : rawTexts(Hold{})) {
+        const auto moved = Stage::Holds::at(*fromRawText<Hold>(word), 0.7, 0);
+        const auto layer = [&](const Movement& by, std::string_view hold) {
+            return stage.drawn(
+                rect(fmt::format(R"("from": 1, "x": {}, "y": {}, "rotation": {}, "scale": {}, "hold": "{}")",
+                                 0.4 + by.dx / 80, 0.6 + by.dy / 160, 10 + by.rotation, 0.8 * by.scale,
+                                 hold)),
+                1.7);
+        };
+        const auto held = layer({}, word), expected = layer(moved, "none");
+        for (int y = 0; y < 160; ++y)
+            for (int x = 0; x < 80; ++x)
+                EXPECT_NEAR(held.row(y)[x * 4], expected.row(y)[x * 4], 2) << word << x << ", " << y;
+    }
+}
+
 TEST(StagedLayer, thatStandsStillLiesOnWholePixels) {
     const Staged stage(81, 161);
     for (const char* place : {"0.301", "0.377", "0.5", "0.62"}) {
@@ -56,6 +77,13 @@ TEST(StagedLayer, thatStandsStillLiesOnWholePixels) {
             EXPECT_TRUE(pixel == white || pixel == black) << pixel << " at " << x << " for " << place;
         }
     }
+}
+
+TEST(StagedLayer, withRoundCornersStandsBetweenPixels) {
+    const Staged stage(80, 160, Colour::white);
+    const auto frame = stage.drawn(R"({"shape": "rect", "fill": true, "color": "000000"},
+                                      {"slot": "under", "w": 0.5, "radius": 0.1, "x": 0.505})");
+    EXPECT_NEAR(frame.row(80)[20 * 4], 128, 100) << "it begins at 20.4";
 }
 
 TEST(StagedLayer, thatIsMixedHidesNothing) {

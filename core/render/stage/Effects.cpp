@@ -24,7 +24,7 @@ Image within(const Image& image, const Filter& filter) {
 /// The tape's lines run down at 60 pixels a second, its noise changes 30 times a second and comes round
 /// after 97.
 Image onTape(const Image& image, double held) {
-    const double time = std::isfinite(held) ? held : 0;
+    const double time = std::isfinite(held * 60) ? held : 0;
     const double picture = std::fmod(std::floor(time * 30), 97);
     return within(image, Filters::Vhs{6, std::fmod(time * 60, 6), std::int64_t(picture)});
 }
