@@ -1,6 +1,7 @@
 #include "core/ai/CaptionsByTag.h"
 
 #include "core/ai/LastRuns.h"
+#include "core/ai/Reply.h"
 #include "core/ai/VideoChange.h"
 #include "platform/base/Problem.h"
 #include "platform/base/Text.h"
@@ -15,7 +16,7 @@ namespace murbo::CaptionsByTag {
 
 namespace {
 
-using VideoChange::member;
+using Reply::member;
 using Pieces = std::vector<CaptionLine::Piece>;
 
 struct Chosen {

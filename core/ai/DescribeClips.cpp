@@ -51,7 +51,7 @@ std::optional<std::string> trimmed(const nlohmann::json& entry, const char* name
 }
 
 std::optional<UUID> keyLine(const nlohmann::json& entry, const Clip& clip, const Said& said) {
-    const auto* piece = entry.contains("key_line") ? said.piece(entry["key_line"]) : nullptr;
+    const auto* piece = said.piece(Reply::member(entry, "key_line"));
     return piece && piece->clip == clip.id ? std::optional(piece->id) : std::nullopt;
 }
 

@@ -20,7 +20,6 @@ namespace {
 using nlohmann::json;
 
 constexpr double maxChanged = 1.0 / 3;     // share of a line's letters
-constexpr double maxLonger = 0.5;          // share of a line's length, either way
 constexpr std::size_t longestLine = 2'000; // letters; a longer one is left alone
 
 constexpr const char* task =
@@ -65,9 +64,7 @@ bool isRewording(std::string_view before, std::string_view after) {
     const auto was = letters(before);
     const auto is = letters(after);
     if (was.size() > longestLine || is.size() > 2 * longestLine) return true;
-    const auto length = static_cast<double>(was.size());
-    return std::abs(static_cast<double>(is.size()) - length) > length * maxLonger ||
-           static_cast<double>(distance(was, is)) > length * maxChanged;
+    return static_cast<double>(distance(was, is)) > static_cast<double>(was.size()) * maxChanged;
 }
 
 /// On one line and without blanks at its ends.

@@ -1,5 +1,6 @@
 #include "core/ai/Said.h"
 
+#include "core/ai/Reply.h"
 #include "core/model/Tags.h"
 #include "platform/base/Numbers.h"
 #include "platform/base/Text.h"
@@ -40,12 +41,6 @@ std::optional<std::int64_t> number(std::string_view digits) {
 
 bool byStart(const Said::Piece* one, const Said::Piece* other) {
     return one->start < other->start;
-}
-
-const nlohmann::json& member(const nlohmann::json& object, const char* name) {
-    static const nlohmann::json none;
-    const auto found = object.find(name);
-    return found == object.end() ? none : *found;
 }
 
 bool isGenerated(const Cut& cut) {
@@ -197,7 +192,7 @@ Said::Near Said::nearest(double second, const UUID& source) const {
     }
     const auto later = std::find_if(next, all.end(), [](const Piece* piece) { return !piece->gone; });
     if (later != all.end()) offer(*later, (*later)->start - second);
-    return best.piece ? best : Near();
+    return best;
 }
 
 Said::Pieces Said::holding(std::string_view words) const {
@@ -239,15 +234,14 @@ std::vector<Cut> Said::cuts(const nlohmann::json& value, const std::set<UUID>* c
 }
 
 std::optional<Cut> Said::cut(const nlohmann::json& value, const std::set<UUID>* clips) const {
-    if (!value.is_object()) return std::nullopt;
-    const auto* first = piece(member(value, "from"));
-    const auto* last = piece(member(value, "to"));
+    const auto* first = piece(Reply::member(value, "from"));
+    const auto* last = piece(Reply::member(value, "to"));
     if (!first || !last || first->clip != last->clip) return std::nullopt;
     if (clips && !clips->contains(first->clip)) return std::nullopt;
     // Also refuses what is no number.
     if (!(last->end - first->start >= shortestAsked)) return std::nullopt;
     Cut cut{.source = first->source, .start = first->start, .end = last->end};
-    const auto& role = member(value, "role");
+    const auto& role = Reply::member(value, "role");
     if (role.is_string() && !role.get_ref<const std::string&>().empty()) cut.role = role.get<std::string>();
     return cut;
 }

@@ -1,6 +1,7 @@
 #include "core/ai/ShotsByTag.h"
 
 #include "core/ai/LastRuns.h"
+#include "core/ai/Reply.h"
 #include "core/ai/VideoChange.h"
 #include "core/model/Times.h"
 #include "platform/base/Problem.h"
@@ -16,7 +17,7 @@ namespace murbo::ShotsByTag {
 
 namespace {
 
-using VideoChange::member;
+using Reply::member;
 
 constexpr double touch = 0.05; ///< seconds; a cut that ends this soon after a line's start doesn't play it
 constexpr std::array<std::string_view, 6> moves{"push", "pull", "drift", "pan-left", "pan-right", "shake"};

@@ -2,6 +2,7 @@
 
 #include "core/ai/Brief.h"
 #include "core/ai/LastRuns.h"
+#include "core/ai/Reply.h"
 #include "core/ai/VideoChange.h"
 #include "platform/base/Problem.h"
 
@@ -12,7 +13,7 @@ namespace murbo::SoundsByTag {
 
 namespace {
 
-using VideoChange::member;
+using Reply::member;
 
 constexpr double usualVolume = 0.7;
 constexpr double samePlace = 0.1; ///< seconds; a model reads the place of a sound in tenths

@@ -1,6 +1,7 @@
 #include "core/ai/VideoChange.h"
 
 #include "core/ai/Brief.h"
+#include "core/ai/Reply.h"
 #include "platform/base/Numbers.h"
 #include "platform/base/Problem.h"
 #include "platform/base/Text.h"
@@ -59,7 +60,7 @@ std::string given(const nlohmann::json& value) {
 }
 
 std::string given(const nlohmann::json& object, const char* name) {
-    return given(member(object, name));
+    return given(Reply::member(object, name));
 }
 
 std::string leftOut(const std::vector<std::string>& reasons) {
@@ -74,13 +75,6 @@ std::optional<double> number(const nlohmann::json& value) {
     if (value.is_number()) return value.get<double>();
     if (value.is_string()) return Numbers::parse(Text::trimmed(value.get_ref<const std::string&>()));
     return std::nullopt;
-}
-
-const nlohmann::json& member(const nlohmann::json& object, const char* name) {
-    static const nlohmann::json none;
-    if (!object.is_object()) return none;
-    const auto found = object.find(name);
-    return found == object.end() ? none : *found;
 }
 
 }

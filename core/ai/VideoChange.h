@@ -38,9 +38,6 @@ std::string nothingHolds(const char* what, const std::vector<std::string>& reaso
 /// A number, or a text that holds one; nothing for all else.
 std::optional<double> number(const nlohmann::json& value);
 
-/// The member of an object; JSON's null where there is none.
-const nlohmann::json& member(const nlohmann::json& object, const char* name);
-
 }
 
 }

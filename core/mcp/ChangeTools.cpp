@@ -6,6 +6,7 @@
 #include "core/ai/Ideas.h"
 #include "core/ai/LastRuns.h"
 #include "core/ai/MadeVideo.h"
+#include "core/ai/Reply.h"
 #include "core/ai/VideoChange.h"
 #include "core/mcp/MCPTags.h"
 #include "core/model/ProjectSummary.h"
@@ -24,7 +25,7 @@ namespace murbo::ChangeTools {
 namespace {
 
 using Tags = std::vector<std::string>;
-using VideoChange::member;
+using Reply::member;
 
 Run run() {
     return LastRuns::now(Run::By::mcp);

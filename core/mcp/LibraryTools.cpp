@@ -1,6 +1,7 @@
 #include "core/mcp/LibraryTools.h"
 
 #include "core/ai/Brief.h"
+#include "core/ai/Reply.h"
 #include "core/ai/VideoChange.h"
 #include "core/playbooks/Library.h"
 #include "core/playbooks/Playbooks.h"
@@ -15,7 +16,7 @@ namespace murbo::LibraryTools {
 
 namespace {
 
-using VideoChange::member;
+using Reply::member;
 
 constexpr std::size_t maxSounds = 300;
 

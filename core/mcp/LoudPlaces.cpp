@@ -1,6 +1,6 @@
 #include "core/mcp/LoudPlaces.h"
 
-#include "core/ai/VideoChange.h"
+#include "core/ai/Reply.h"
 #include "core/intake/samples/Heard.h"
 #include "core/intake/samples/LevelRange.h"
 #include "core/mcp/MCPTags.h"
@@ -95,7 +95,7 @@ std::string told(const std::vector<LoudMoment>& peaks, const Said& said) {
 
 Stretches stretches(const nlohmann::json& arguments, const Project& project) {
     Stretches found;
-    if (const auto& tag = VideoChange::member(arguments, "video"); !tag.is_null()) {
+    if (const auto& tag = Reply::member(arguments, "video"); !tag.is_null()) {
         const auto& video = MCPTags::video(tag, project);
         const auto starts = VideoTime::starts(video.cuts);
         found.onVideo = true;
@@ -104,7 +104,7 @@ Stretches stretches(const nlohmann::json& arguments, const Project& project) {
                 found.all.push_back({cut.source, {cut.start, cut.end}, starts[at]});
         return found;
     }
-    for (const auto* clip : MCPTags::clips(VideoChange::member(arguments, "clips"), project))
+    for (const auto* clip : MCPTags::clips(Reply::member(arguments, "clips"), project))
         if (project.source(clip->source))
             found.all.push_back({clip->source, {clip->start, clip->end}, clip->start});
     return found;

@@ -1,5 +1,6 @@
 #include "core/mcp/MCPServer.h"
 
+#include "core/ai/Reply.h"
 #include "core/ai/Toolkit.h"
 #include "core/mcp/MCPTool.h"
 #include "platform/base/Json.h"
@@ -14,6 +15,7 @@ namespace murbo::MCPServer {
 namespace {
 
 using nlohmann::json;
+using Reply::member;
 
 constexpr const char* standardProtocol = "2025-06-18";
 constexpr int methodNotFound = -32601;
@@ -29,14 +31,6 @@ constexpr const char* instructions =
     "list_bookmarks is where the owner wants you to look. Before changing a video you read a while ago, "
     "what_changed says what the owner did since, so you keep it. Every change is one undo step for the "
     "owner.";
-
-/// The member of an object, null where there is none.
-const json& member(const json& object, const char* name) {
-    static const json none;
-    if (!object.is_object()) return none;
-    const auto found = object.find(name);
-    return found == object.end() ? none : *found;
-}
 
 std::string textOf(const json& object, const char* name, std::string_view otherwise) {
     const auto& value = member(object, name);

@@ -1,6 +1,7 @@
 #include "core/mcp/ReadTools.h"
 
 #include "core/ai/Brief.h"
+#include "core/ai/Reply.h"
 #include "core/ai/VideoChange.h"
 #include "core/mcp/LoudPlaces.h"
 #include "core/mcp/MCPTags.h"
@@ -19,7 +20,7 @@ namespace murbo::ReadTools {
 
 namespace {
 
-using VideoChange::member;
+using Reply::member;
 
 constexpr std::size_t maxHits = 60;
 constexpr std::size_t maxClipBytes = 90'000; ///< of one answer: apps stop reading at some 25,000 tokens

@@ -11,8 +11,10 @@ TEST_F(CaptionsByTagTest, captionsReplaceWhatWasChosenAndKeepTheRest) {
                                     {.line = lines[2].id, .big = true}};
     EXPECT_EQ(captions({"C01.02", "C01.04"}, nullptr,
                        json::parse(R"([{"line": "C01.02", "pieces": [" two", "words "]},
+                                       {"line": "C09.01", "pieces": ["two"]}, 7,
                                        {"line": "C01.03", "pieces": ["thre"]}])")),
               "V1: 1 big, 0 hidden, 1 broken by hand. Left out: C01.04: not a line the video plays; "
+              "C09.01: not a line the video plays; (nothing): not a line the video plays; "
               "C01.03: its pieces are not its words.");
     ASSERT_EQ(look().captions.lines.size(), 1u) << "an entry that says nothing any more is dropped";
     EXPECT_EQ(look().captions.lines[0], (CaptionLine{.line = lines[1].id,

@@ -30,5 +30,7 @@ TEST(Ideas, areTakenOneByOne) {
                               .instruction = "falls",
                               .run = run}));
     EXPECT_EQ(ideas[1].title, "Untitled");
-    EXPECT_THAT(Ideas::ideas({{"ideas", {{"title", "x"}}}}, reading, std::nullopt, run), IsEmpty());
+    EXPECT_THAT(Ideas::ideas({{"ideas", {{"a", {{"cuts", cutsOf({{"C02.01", "C02.03"}})}}}}}}, reading,
+                             std::nullopt, run),
+                IsEmpty());
 }

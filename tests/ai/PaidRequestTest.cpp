@@ -32,13 +32,14 @@ struct Paying {
 TEST(PaidRequest, isLoggedWithWhatItCameTo) {
     Paying paying;
     const double before = Spending::today();
+    const auto began = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
     paying.model.says("{}", 0.25);
     EXPECT_EQ(paying.send().text, "{}");
     const auto entry = paying.last();
     EXPECT_EQ(entry.kind + entry.title + *entry.engine + *entry.request + *entry.reply + entry.state,
               "askLooka/modelHello{}done");
     EXPECT_EQ(entry.cost, 0.25);
-    EXPECT_TRUE(entry.ended && *entry.ended >= entry.started);
+    EXPECT_TRUE(entry.started >= began && entry.ended && *entry.ended >= entry.started);
     EXPECT_DOUBLE_EQ(Spending::today() - before, 0.25);
 }
 

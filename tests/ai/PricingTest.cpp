@@ -19,6 +19,7 @@ TEST(Pricing, anEstimateCountsAllWordsAndPictures) {
             .thinking = 500};
     const double words = price.estimate("abc\ndefg", 2000);
     EXPECT_NEAR(Pricing::estimate(price, ask), words + 3 * 800 * 0.001, 1e-9);
+    EXPECT_EQ(Pricing::estimate(std::optional(price), ask), Pricing::estimate(price, ask));
     EXPECT_EQ(Pricing::estimate(std::nullopt, ask), std::nullopt);
 }
 

@@ -11,6 +11,9 @@ using testing::ElementsAre, testing::EndsWith;
 
 TEST(SoundKit, tellsTheMomentsAndTheLibrary) {
     Played played;
+    EXPECT_THAT(SoundKit::ask(played.video(), played.project, Said(played.project), {}).messages[1].content,
+                EndsWith("\n\nIts switches of framing:\nnone\n\nIts punchlines shown big: none\n\nThe sound "
+                         "library:\n"));
     auto& look = played.video().look.emplace();
     look.shots.edit() = {{.source = played.source(), .at = 5, .layout = Shot::Layout::face, .zoom = 1.2},
                          {.source = played.source(), .at = 0}};

@@ -64,9 +64,11 @@ TEST_F(LibraryToolsTest, aPlaybookIsWrittenListedAndReadBack) {
     const auto id = saved.substr(before.size(), saved.size() - before.size() - after.size());
     EXPECT_EQ(LibraryTools::writePlaybook({{"playbook", mine(R"(, "id": ")" + id + "\"")}}),
               before + id + ", version 2.");
+    LibraryTools::writePlaybook({{"playbook", R"({"name": "Plain", "layers": []})"}});
     Playbooks::dropListing();
     const auto list = LibraryTools::listPlaybooks();
-    EXPECT_THAT(list, testing::StartsWith(id + " “My Glow” (overlay): Shines.; values: size\nstock."));
+    EXPECT_THAT(list, testing::StartsWith(id + " “My Glow” (overlay): Shines.; values: size\n"));
+    EXPECT_THAT(list, HasSubstr(" “Plain” (overlay)\nstock."));
     EXPECT_THAT(list, HasSubstr("\nstock.layout.wide “Wide” (layout): The whole picture"));
     EXPECT_THAT(list, HasSubstr("; values: soft, y\n"));
     const auto read = json::parse(LibraryTools::readPlaybook({{"playbook", " " + id + " "}}));

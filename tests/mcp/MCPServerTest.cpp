@@ -76,6 +76,8 @@ TEST(MCPMessage, aCallWithNobodyThereSaysSo) {
     EXPECT_TRUE(MCPServer::isCall(call));
     EXPECT_EQ(MCPServer::toolName(call), "overview");
     EXPECT_EQ(MCPServer::arguments(call), json::object());
+    EXPECT_EQ(MCPServer::arguments({{"params", {{"arguments", {{"clip", "C01"}}}}}}),
+              (json{{"clip", "C01"}}));
     const auto answer = reply(R"({"id": 0, "method": "tools/call"})");
     EXPECT_EQ(answer["result"]["isError"], true);
     EXPECT_EQ(answer["result"]["content"][0]["text"], MCPServer::closed);
