@@ -83,9 +83,11 @@ TEST(Clips, oneThatGrowsTakesInItsNeighboursAndLosesItsSummary) {
 TEST(Clips, thatExactlyTouchBecomeOneWhenOneOfThemGrows) {
     auto project = projectWith(5000);
     project.clips.edit() = {Clip{.number = 1, .source = stream, .start = 100, .end = 300},
-                            Clip{.number = 2, .source = stream, .start = 300, .end = 400}};
-    Clips::addAround(project, {500}, stream);
+                            Clip{.number = 2, .source = stream, .start = 300, .end = 400},
+                            Clip{.number = 3, .source = stream, .start = 100, .end = 120}};
+    const auto ids = Clips::addAround(project, {500}, stream);
     EXPECT_THAT(told(project), ElementsAre("C01 100-560 500"));
+    EXPECT_THAT(ids, ElementsAre(project.clips[0].id));
 }
 
 TEST(Clips, aPlaceBehindTheEndAfterMergingIsNoFault) {

@@ -19,6 +19,7 @@ TEST(MarkerTable, tablesOfOtherProgramsAreReadByTheirTimeColumn) {
         {"Name\tStart\tDuration\tTime Format\tType\tDescription\nboss "
          "down\t25:37.400\t0:00.000\tdecimal\tCue\t\n",
          {1537.4}},
+        {"Name,Start\n\"he said \"\"go, go\"\"\",0:25:37\n", {1537}},
         // Decided by the plain rule, whatever another column says.
         {"Name,Start\n5,0:25:37\n", {5}},
         // A line of four parts, a time that no column announces, words.
