@@ -2,6 +2,7 @@
 #include "app/mcp/MCPHost.h"
 #include "core/playbooks/Library.h"
 #include "platform/base/Files.h"
+#include "tests/ProblemOf.h"
 #include "tests/editor/Lines.h"
 
 #include <gmock/gmock.h>
@@ -57,20 +58,34 @@ TEST_F(EditorSessionTest, anOpenDragIsAStepOfItsOwnFirst) {
         << "the drag that is under way is the owner's last change";
     EXPECT_EQ(lines.project().videos[0].cuts[0].start, 23);
     EXPECT_EQ(lines.project().videos[0].title, "Theirs");
+    lines(R"(["trim","cut 1",true,24])");
+    EXPECT_TRUE(host.undoToBefore(host.activity().entries().front()));
+    EXPECT_EQ(lines.steps(), (std::vector<std::string>{"Add Clip", "Drag"})) << "with what came after it";
 }
 
 TEST_F(EditorSessionTest, footageThatIsNotThereIsSilent) {
+    const TemporaryFolder footage;
+    auto project = Lines::made();
+    project.sources.edit()[1].path = footage.file("cam.mp4");
+    const UUID missing = project.sources[0].id, there = project.sources[1].id, unknown = UUID::make();
+    Lines other(project);
+    EXPECT_EQ(EditorSession(other.editor()).loudness({missing, there, unknown}),
+              (std::map<UUID, std::vector<std::uint8_t>>{{missing, {}}, {unknown, {}}}))
+        << "what is there is not measured yet";
     EXPECT_THAT(app("read_loudness", {{"clips", {"C01"}}}),
                 HasSubstr("Loud (well above the usual level): none"));
 }
 
 TEST_F(EditorSessionTest, aSoundIsKeptInTheProjectOnce) {
     Files::createFolder(Library::sounds() / "hits");
-    Files::writeWhole(Library::sounds() / "hits" / "boom.wav", "RIFF");
+    for (const auto* name : {"boom.wav", "not asked for.wav"})
+        Files::writeWhole(Library::sounds() / "hits" / name, "RIFF");
     const json sounds{{"video", "V1"}, {"sounds", {{{"file", "hits/boom.wav"}, {"at", "C01.01"}}}}};
     EXPECT_EQ(app("set_sounds", sounds), "V1 has 1 sounds.");
     app("set_sounds", sounds);
     EXPECT_EQ(lines.project().videos[0].look->sounds[0].file, "media/sounds/boom.wav");
     const auto media = std::filesystem::directory_iterator(lines.package() / "media" / "sounds");
     EXPECT_EQ(std::distance(begin(media), end(media)), 1);
+    EXPECT_EQ(problemOf([&] { EditorSession(lines.editor()).keepMedia("/nowhere/gone.wav"); }),
+              "gone.wav could not be copied into the project.");
 }

@@ -1,4 +1,6 @@
 #include "app/mcp/MCPHost.h"
+#include "platform/store/SettingsStore.h"
+#include "tests/TemporaryFolder.h"
 #include "tests/host/HeldSession.h"
 
 #include <gmock/gmock.h>
@@ -49,6 +51,7 @@ TEST_F(MCPHostTest, aChangeIsOneStepThatItsMakerCanTakeBack) {
     EXPECT_EQ(entry.asked, "V1, title Second");
     EXPECT_EQ(entry.step, "Rename Video");
     EXPECT_TRUE(entry.made);
+    answer("overview"); // reading is no step
     EXPECT_EQ(answer("undo_my_last"), "Took back “Rename Video”.");
     EXPECT_EQ(title(), "First");
     EXPECT_EQ(answer("what_changed", {{"video", "V1"}}), "Nothing in V1 changed since you last read it.");
@@ -92,6 +95,21 @@ TEST_F(MCPHostTest, whatIsOffIsRefusedAndFailuresLeaveNoStep) {
     EXPECT_TRUE(host.activity().entries().back().failed);
     host.setSession(nullptr);
     EXPECT_EQ(answer("overview"), "failed: No project is open in Murbo. Ask the owner to open one.");
+}
+
+TEST_F(MCPHostTest, whatIsAllowedStaysSo) {
+    const TemporaryFolder folder;
+    SettingsStore store(folder / "settings.json");
+    permit("rename_video", MCPPermissions::Permission::off);
+    MCPHost(&store).setPermissions(host.permissions());
+    EXPECT_EQ(MCPHost(&store).permissions(), host.permissions());
+    EXPECT_NE(host.permissions(), MCPPermissions());
+}
+
+TEST_F(MCPHostTest, shotsTakeTheLayoutsOfTheLibrary) {
+    answer("set_shots", {{"video", "V1"}, {"shots", {{{"at", "C01.01"}, {"layout", "stock.layout.wide"}}}}});
+    ASSERT_TRUE(session->project().videos[0].look);
+    EXPECT_EQ(session->project().videos[0].look->shots[0].playbook, "stock.layout.wide");
 }
 
 TEST_F(MCPHostTest, theOwnerIsAskedAndOthersGoOnMeanwhile) {
