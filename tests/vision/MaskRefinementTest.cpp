@@ -13,19 +13,24 @@ TEST(MaskRefinement, edgesAreThoseOfThePicture) {
     std::vector<float> likely;
     for (int i = 0; i < 256 * 256; ++i)
         likely.push_back(std::clamp(float(i % 256 - 128) / 16 + 0.5f, 0.f, 1.f));
-    const auto step = [&](int brighter) {
-        const auto shade = [&](int edge) {
-            return [=](int x, int) { return x < edge ? 40 : 40 + brighter; };
+    const auto step = [&](int blue, int green, int red) {
+        const auto shaded = [&](int width, int height) {
+            Bitmap picture = greyPicture(width, height, [](int, int) { return 120; });
+            for (int at = 0; at < width * height; ++at) {
+                std::uint8_t* pixel = picture.row(at / width) + 4 * (at % width);
+                if (at % width >= width / 2) pixel[0] += blue, pixel[1] += green, pixel[2] += red;
+            }
+            return picture;
         };
-        const Bitmap mask = MaskRefinement::refined(greyPicture(400, 300, shade(200)),
-                                                    greyPicture(256, 256, shade(128)), likely);
+        const Bitmap mask = MaskRefinement::refined(shaded(400, 300), shaded(256, 256), likely);
         for (const int y : {0, 150, 299}) {
             EXPECT_EQ(mask.row(y)[4 * 180 + 3], 0);
             EXPECT_EQ(mask.row(y)[4 * 220], 255) << "white at its alpha";
         }
         return mask.row(150)[4 * 202 + 3] - mask.row(150)[4 * 197 + 3];
     };
-    EXPECT_LT(step(0), 128); // a fifth of the rise, which the curve makes at most 2.5 times as steep
-    EXPECT_GT(step(60), 200);
-    EXPECT_GT(step(215), 200);
+    EXPECT_LT(step(0, 0, 0), 128); // a fifth of the rise, which the curve makes at most 2.5 times as steep
+    for (int way = 0; way < 27; ++way) // each colour darker, as it was or brighter
+        if (way != 13)
+            EXPECT_GT(step(60 * (way % 3 - 1), 60 * (way / 3 % 3 - 1), 60 * (way / 9 - 1)), 200) << way;
 }
