@@ -99,3 +99,14 @@ TEST(Canvas, leavesOutAPictureWithAlphaThatIsTooLargeToHold) {
     Canvas::draw(Image::frame(frame).over(Image::colour(Colour::white)), target);
     EXPECT_EQ(target.row(8)[0], 255);
 }
+
+TEST(Canvas, cutsWhatIsMovedOnWhereItWasCut) {
+    const Image large = Image::bitmap(bitmapOf(80, 60, wavy)).transformed(Transform().scaled(1.5, 1.5));
+    const auto way = Transform().scaled(0.5, 2).translated(7, 3);
+    const Bitmap whole = drawn(large.transformed(way), 80, 200);
+    const Bitmap part = drawn(large.cropped({30, 20, 60, 45}).transformed(way), 80, 200);
+    everywhere(80, 200, [&](int x, int y) {
+        const bool in = x >= 22 && x < 52 && y >= 43 && y < 133;
+        EXPECT_LE(difference(at(part, x, y), in ? at(whole, x, y) : Pixel{}), 3) << x << ", " << y;
+    });
+}

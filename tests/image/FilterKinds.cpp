@@ -38,7 +38,6 @@ Filter swapping(float alpha) {
 std::vector<std::pair<std::string_view, Filter>> all() {
     return {{"grey", Filters::ColourMatrix::mono()},
             {"sepia", Filters::ColourMatrix::sepia(0.9)},
-            {"contrast", Filters::ColourMatrix::contrasted(1.5)},
             {"cube", swapping(0.5f)},
             {"posterize", Filters::Posterize{6}},
             {"blur", Filters::Blur{9}},

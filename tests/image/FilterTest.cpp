@@ -61,6 +61,20 @@ TEST(Filters, leaveAlphaWhereItWas) {
     }
 }
 
+TEST(Filters, goWithTheirPictureAndAreInPartAsInTheWhole) {
+    for (const auto& [name, filter] : all()) {
+        const Image image = picture().clamped().filtered(filter).cropped(whole);
+        const Bitmap still = drawn(image, side, side);
+        const Image moved = image.transformed(Transform().translated(12, 8));
+        const Bitmap part = Canvas::bitmap(moved, {52, 38, 60, 50});
+        int apart = 0;
+        everywhere(60, 50, [&](int x, int y) {
+            apart = std::max(apart, difference(at(part, x, y), at(still, x + 40, y + 30)));
+        });
+        EXPECT_LE(apart, 2) << name;
+    }
+}
+
 TEST(Filters, knowWhetherWhatIsOpaqueEverywhereStaysSo) {
     const Image everywhere = Image::bitmap(drawn(picture(), side, side), true).clamped();
     for (const auto& [name, filter] : all()) {

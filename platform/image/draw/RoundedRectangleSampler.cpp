@@ -30,7 +30,7 @@ RoundedRectangleSampler::RoundedRectangleSampler(const ImageNode::RoundedRectang
                                                  const Transform& place) {
     const Point middle = shape.rect.middle();
     back = place.inverse().translated(-middle.x, -middle.y);
-    radius = std::clamp(shape.radius, 0.0, std::min(shape.rect.width, shape.rect.height) / 2);
+    radius = shape.radius;
     core = {shape.rect.width / 2 - radius, shape.rect.height / 2 - radius};
     reach = shape.line > 0 ? shape.line / 2 : -1;
     thickness = std::min(shape.rect.width, shape.rect.height);

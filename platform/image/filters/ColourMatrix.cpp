@@ -66,12 +66,6 @@ ColourMatrix ColourMatrix::brightened(double by) {
     return matrix;
 }
 
-ColourMatrix ColourMatrix::contrasted(double factor) {
-    ColourMatrix matrix;
-    for (auto& row : matrix.rows) row = mixed({0, 0, 0, 0.5}, row, factor);
-    return matrix;
-}
-
 ColourMatrix ColourMatrix::inverted() {
     return {{{{-1, 0, 0, 1}, {0, -1, 0, 1}, {0, 0, -1, 1}}}};
 }

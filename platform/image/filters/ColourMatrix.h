@@ -21,7 +21,6 @@ struct ColourMatrix {
     static ColourMatrix saturated(double factor); ///< 0 is grey, 1 changes nothing
     /// Brighter by that much in the middle, black and white staying; below 0 darker, black alone staying.
     static ColourMatrix brightened(double by);
-    static ColourMatrix contrasted(double factor); ///< round middle grey
     static ColourMatrix inverted();
     static ColourMatrix mono();                ///< black-and-white film, a touch of contrast
     static ColourMatrix sepia(double amount);  ///< 0 to 1
