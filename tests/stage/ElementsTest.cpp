@@ -36,34 +36,25 @@ int countOf(const Bitmap& bitmap, const std::string& colour) {
     return count;
 }
 
-/// The highest value of a channel.
-int peak(const Bitmap& bitmap, int channel) {
-    int max = 0;
-    for (int y = 0; y < bitmap.height(); ++y)
-        for (int x = 0; x < bitmap.width(); ++x) max = std::max<int>(max, bitmap.row(y)[x * 4 + channel]);
-    return max;
-}
-
 }
 
 TEST(Elements, areChangedByTheirEffectsOneAfterTheOtherWhateverTheyShow) {
-    const TemporaryFolder folder;
     Staged stage(80, 80, Colour::white);
     stage.source = stage.below;
-    const auto file = folder.file("a.jpg", Jpeg::encode(stage.drawn(stage.below), 1)).string();
-    for (const std::string& kind :
-         {std::string(R"("shape": "circle", "w": 0.5)"), std::string(R"("particles": "confetti", "w": 0.5)"),
-          std::string(R"("text": "Hi", "size": 60)"), R"("w": 0.5, "image": ")" + file + '"',
-          std::string(R"("slot": "under", "w": 0.5)"), std::string(R"("slot": "picture", "w": 0.5)"),
-          std::string(R"("slot": "emoji:😂", "w": 0.5)")}) {
-        const auto drawn = [&](const std::string& effects) {
-            return stage.drawn(R"({"shape": "rect", "fill": true, "color": "000000"}, {)" + kind +
+    for (const std::string kind : {R"("shape": "circle")", R"("particles": "confetti")", R"("slot": "under")",
+                                   R"("slot": "picture")", R"("slot": "emoji:😂")"}) {
+        const auto drawn = [&](const char* effects) {
+            return stage.drawn(R"({"shape": "rect", "fill": true, "color": "000000"}, {"w": 0.5, )" + kind +
                                R"(, "effects": [)" + effects + "]}");
         };
         const auto plain = drawn(""), tinted = drawn(R"("bright", "tint:FF0000")");
-        EXPECT_GT(peak(plain, 0), 40) << kind;
-        EXPECT_GT(peak(tinted, 2), 40) << kind;
-        EXPECT_EQ(peak(tinted, 0) + peak(tinted, 1), 0) << kind;
+        int blue = 0, red = 0, other = 0;
+        for (int at = 0; at < 80 * 80 * 4; at += 4) {
+            blue += plain.row(at / 320)[at % 320];
+            red += tinted.row(at / 320)[at % 320 + 2];
+            other += tinted.row(at / 320)[at % 320] + tinted.row(at / 320)[at % 320 + 1];
+        }
+        EXPECT_TRUE(blue > 500 && red > 500 && other == 0) << kind;
     }
 }
 

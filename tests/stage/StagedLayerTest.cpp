@@ -79,13 +79,6 @@ TEST(StagedLayer, thatStandsStillLiesOnWholePixels) {
     }
 }
 
-TEST(StagedLayer, withRoundCornersStandsBetweenPixels) {
-    const Staged stage(80, 160, Colour::white);
-    const auto frame = stage.drawn(R"({"shape": "rect", "fill": true, "color": "000000"},
-                                      {"slot": "under", "w": 0.5, "radius": 0.1, "x": 0.505})");
-    EXPECT_NEAR(frame.row(80)[20 * 4], 128, 100) << "it begins at 20.4";
-}
-
 TEST(StagedLayer, thatIsMixedHidesNothing) {
     const Staged stage(20, 20, {200, 100, 50});
     EXPECT_EQ(

@@ -1,7 +1,5 @@
 #include "platform/text/CoverageMask.h"
 
-#include <numbers>
-
 #include <gtest/gtest.h>
 
 using namespace murbo;
@@ -22,22 +20,6 @@ CoverageMask boxed(const CoverageMask& from, int before, int after, bool down) {
     return to;
 }
 
-}
-
-TEST(CoverageMask, blurIsCloseToAGaussian) {
-    for (const double sigma : {3.0, 6.5, 12.0}) {
-        CoverageMask mask(161, 161);
-        for (int y = 60; y < 101; ++y) std::fill_n(mask.row(y) + 60, 41, std::uint8_t(255));
-        mask.blur(sigma);
-        for (int x = 20; x < 141; ++x) {
-            const auto side = [&](double edge) {
-                return 0.5 * (1 + std::erf((edge - x) / (sigma * std::numbers::sqrt2)));
-            };
-            const double along = side(100.5) - side(59.5);
-            const double across = std::erf(20.5 / (sigma * std::numbers::sqrt2));
-            EXPECT_NEAR(mask.row(80)[x], 255 * along * across, 8) << sigma << " at " << x;
-        }
-    }
 }
 
 TEST(CoverageMask, blurIsThreeBoxesUpToTheEdgesOfThePlane) {
@@ -80,13 +62,4 @@ TEST(CoverageMask, paintingMatchesPlainSourceOver) {
                             << x << ", " << y << " moved by " << right;
                 }
         }
-}
-
-TEST(CoverageMask, shapesOutsideThePlaneAreCutOff) {
-    CoverageMask mask(4, 4);
-    const std::vector<std::uint8_t> shape(9, 255);
-    for (const auto& [x, y] : {std::pair{-2, -2}, {3, 3}, {-9, 0}, {0, 99}}) mask.add(shape, 3, 3, x, y);
-    EXPECT_EQ(mask.row(0)[0], 255);
-    EXPECT_EQ(mask.row(0)[1], 0);
-    EXPECT_EQ(mask.row(3)[3], 255);
 }

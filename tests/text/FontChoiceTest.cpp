@@ -21,12 +21,8 @@ Font plain(double size) {
 
 TEST(FontChoice, everyLetterComesFromTheFirstFamilyMeantForIt) {
     if (!Fonts::installed("Nunito")) GTEST_SKIP() << "The rounded faces are not fetched.";
-    struct Row {
-        const char* text;
-        const char* families;
-        const char* choice; ///< the language, then each stretch with its family and weight
-    };
-    for (const auto& [text, families, choice] : std::vector<Row>{
+    // A text, families asked for, then the language and each stretch with its family and weight.
+    for (const auto& [text, families, choice] : std::vector<std::array<const char*, 3>>{
              {"Hi ครับ ok", "", "en|Hi Murbo Rounded 800|ครับ Murbo Rounded Thai 500|ok Murbo Rounded 800"},
              {"aกa", "Noto Sans Thai, Noto Serif",
               "en|a Noto Serif 800|ก Noto Sans Thai 800|a Noto Serif 800"},
