@@ -48,7 +48,7 @@ TEST(TextPainter, whatReachesOverTheEdgeIsCutOff) {
         const Written written(words, "");
         Bitmap whole(side, side);
         TextPainter::fill(whole, written.text, written.glyphs, Colour::white);
-        for (const Point shift : {Point{-45, -55}, Point{60, 20}, Point{0, -93}}) {
+        for (const Point shift : {Point{-45, 25}, Point{60, 20}, Point{0, -93}}) {
             Bitmap part(side, side);
             TextPainter::fill(part, written.text, written.at({20 + shift.x, 90 + shift.y}), Colour::white);
             Bitmap expected(side, side);
