@@ -7,14 +7,14 @@ using namespace murbo;
 
 namespace {
 
-/// Two cuts, the first muted; two sounds, the first muted; a song; the music lane off.
+/// Two cuts, two sounds and two songs, the first of each muted; the music lane off.
 Video mixed() {
     Video video;
     video.cuts.edit() = {{.muted = true}, {}};
     auto& look = video.look.emplace();
     look.sounds.edit() = {{.volume = 0.3, .muted = true}, {.volume = 0.6}};
-    look.music.edit() = {{.volume = 0.9}};
-    look.mix.emplace().music = 0.4;
+    look.music.edit() = {{.volume = 0.8, .muted = true}, {.volume = 0.9}};
+    look.mix = Mix{.video = 0.1, .overlays = 0.2, .sounds = 0.3, .music = 0.4};
     look.mix->toggleMute(Lane::music);
     return video;
 }
@@ -39,13 +39,15 @@ std::string told(const Video& video) {
 
 TEST(HeardOptions, leavesOutWhatIsTurnedOffUnlessItIsAskedFor) {
     const std::pair<HeardOptions, const char*> cases[] = {
-        {{}, "x1 1 | 0.6 | 0.9 | 1 1 1 0"},
-        {{.includingMutedRows = true}, "x1 1 | 0.6 | 0.9 | 1 1 1 0.4"},
-        {{.includingMutedBlocks = true}, "1 1 | 0.3 0.6 | 0.9 | 1 1 1 0"},
+        {{}, "x1 1 | 0.6 | 0.9 | 0.1 0.2 0.3 0"},
+        {{.includingMutedRows = true}, "x1 1 | 0.6 | 0.9 | 0.1 0.2 0.3 0.4"},
+        {{.includingMutedBlocks = true}, "1 1 | 0.3 0.6 | 0.8 0.9 | 0.1 0.2 0.3 0"},
         {{.includingMutedRows = true, .soloed = {Lane::music}}, "x1 1 | 0.6 | 0.9 | 0 0 0 0.4"},
-        {{.includingMutedBlocks = true, .keepingTracks = true}, "1 1 | 0.3 0.6 | 0.9 | 1 1 1 0"},
-        {{.includingMutedRows = true, .includingMutedBlocks = true}, "1 1 | 0.3 0.6 | 0.9 | 1 1 1 0.4"},
-        {{.keepingTracks = true}, "x1 1 | x0 0.6 | 0.9 | 1 1 1 0"},
+        {{.soloed = {Lane::sounds}}, "x1 1 | 0.6 | 0.9 | 0 0 0.3 0"},
+        {{.includingMutedBlocks = true, .keepingTracks = true}, "1 1 | 0.3 0.6 | 0.8 0.9 | 0.1 0.2 0.3 0"},
+        {{.includingMutedRows = true, .includingMutedBlocks = true},
+         "1 1 | 0.3 0.6 | 0.8 0.9 | 0.1 0.2 0.3 0.4"},
+        {{.keepingTracks = true}, "x1 1 | x0 0.6 | x0 0.9 | 0.1 0.2 0.3 0"},
     };
     for (const auto& [options, expected] : cases) EXPECT_EQ(told(heard(mixed(), options)), expected);
 

@@ -6,7 +6,6 @@ namespace murbo {
 namespace {
 
 void makeQuiet(List<SoundCue>& cues) {
-    if (cues.empty()) return;
     for (auto& cue : cues.edit()) {
         cue.volume.reset();
         cue.muted.reset();

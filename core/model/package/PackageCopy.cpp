@@ -77,7 +77,6 @@ void make(const fs::path& from, const fs::path& to, const Project& project, cons
     if (fs::exists(fs::symlink_status(to, error))) throw ProjectError(ProjectError::Kind::exists, to);
     const auto within = fs::absolute(to).lexically_relative(fs::absolute(from));
     if (!within.empty() && *within.begin() != "..") failed(from, "the copy would lie within it");
-    Files::createFolder(fs::absolute(to).parent_path());
     const Unfinished unfinished(to);
     copyAll(from, unfinished.path, stop);
     ProjectPackage::write(project, unfinished.path, nullptr);
