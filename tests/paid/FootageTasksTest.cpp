@@ -54,7 +54,7 @@ TEST_F(FootageTasks, batchesSeeWhatWasDescribedBeforeAndFailAlone) {
     const Ran wanted{1,
                      "C02 could not be described. OpenRouter did not answer. Insufficient credits\n"
                      "Described 1 clip\n"};
-    EXPECT_EQ(run({"--describe", package, "C01,C02"}), wanted);
+    EXPECT_EQ(run({"--describe", package, "C09,C01,C02"}), wanted);
     EXPECT_EQ(logged(), "Describe C01, done; Describe C02, failed");
     EXPECT_THAT(model.lastWords(), HasSubstr("): First. Of all."));
 }
