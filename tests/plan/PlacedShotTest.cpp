@@ -1,3 +1,4 @@
+#include "core/render/plan/Motion.h"
 #include "core/render/plan/PlacedShot.h"
 #include "tests/plan/Made.h"
 
@@ -87,15 +88,13 @@ TEST(PlacedShot, aShakeJoltsTwentyFourTimesASecondAndDiesAway) {
     EXPECT_EQ(placed.jolt(10), 0);
     placed.shot.move = "shake";
     placed.shot.focus = 0.3;
-    std::set<double> noises;
     for (int step = 0; step < 19; ++step) {
         const double time = 10 + (step + 0.5) / 24;
         const double decay = 1 - (time - 10) / 0.8;
-        noises.insert(placed.jolt(time) / decay);
-        EXPECT_LE(std::abs(placed.jolt(time)), 20 * decay);
-        EXPECT_LE(std::abs(*placed.moved(time).focus - 0.3), 0.125 * decay);
+        const auto thrown = [&](std::uint64_t seed) { return decay * (Motion::noise(seed, step) - 0.5); };
+        EXPECT_NEAR(placed.jolt(time), 40 * thrown(0x9E3779B97F72C0BA), 1e-9);
+        EXPECT_NEAR(*placed.moved(time).focus, 0.3 + thrown(0x9E3779B97F5EADDF) / 4, 1e-9);
     }
-    EXPECT_GT(noises.size(), 17);
     EXPECT_EQ(placed.jolt(10.81), 0);
     EXPECT_EQ(placed.moved(10.81).focus, 0.3);
 }
