@@ -64,14 +64,6 @@ TEST_F(EditorSessionTest, anOpenDragIsAStepOfItsOwnFirst) {
 }
 
 TEST_F(EditorSessionTest, footageThatIsNotThereIsSilent) {
-    const TemporaryFolder footage;
-    auto project = Lines::made();
-    project.sources.edit()[1].path = footage.file("cam.mp4");
-    const UUID missing = project.sources[0].id, there = project.sources[1].id, unknown = UUID::make();
-    Lines other(project);
-    EXPECT_EQ(EditorSession(other.editor()).loudness({missing, there, unknown}),
-              (std::map<UUID, std::vector<std::uint8_t>>{{missing, {}}, {unknown, {}}}))
-        << "what is there is not measured yet";
     EXPECT_THAT(app("read_loudness", {{"clips", {"C01"}}}),
                 HasSubstr("Loud (well above the usual level): none"));
 }

@@ -75,8 +75,6 @@ TEST(CaptionText, latinPhrasesInThaiStayTogetherUpToTheirLength) {
                 ElementsAre("ใช้", " ", "Final Cut Pro", " ", "ดี"));
     EXPECT_THAT(texts(mixed, CaptionText::units(mixed, 9)),
                 ElementsAre("ใช้", " ", "Final Cut", " ", "Pro", " ", "ดี"));
-    const std::string mark = "ใช้ éA Pro ดี";
-    EXPECT_THAT(texts(mark, CaptionText::units(mark, 24)), ElementsAre("ใช้", " ", "éA Pro", " ", "ดี"));
     const std::string latin = "Final Cut Pro";
     EXPECT_THAT(texts(latin, CaptionText::units(latin, 24)), ElementsAre("Final", " ", "Cut", " ", "Pro"));
 }
