@@ -121,11 +121,9 @@ QCoro::Task<> Editor::loadSource(Source shown, Stretch span, bool keepingTime) {
         const auto making = [shown] { return PlayerItem::footage(shown); };
         auto item = co_await background.run(making);
         if (turn != lastSource) co_return;
-        const double reached = source.time();
-        source.load(std::move(item), reached);
+        source.load(std::move(item), source.time());
         source.setSource(shown.id);
         source.setSpan(span);
-        source.seek(reached);
     } catch (const std::exception& error) {
         if (turn != lastSource) co_return;
         emit sourceFailed(shown.id, QString::fromStdString(error.what()));

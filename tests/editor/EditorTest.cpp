@@ -49,6 +49,7 @@ TEST(Editor, aChangeOfNothingIsNoStepAndNoSave) {
     int saves = 0;
     Editor editor(Lines::made(), {}, std::nullopt, [&](const Project&) { ++saves; });
     editor.change("Nothing", [](Project& project) { rename(project, "Stream"); });
+    editor.apply([](Project& project) { rename(project, "Stream"); });
     EXPECT_EQ(saves, 0);
     EXPECT_TRUE(editor.history().past().empty());
     editor.change("Rename", [](Project& project) { rename(project, "B"); });
@@ -176,6 +177,9 @@ TEST(Editor, theHeldClipIsShownBeforeTheHeldSource) {
     EXPECT_EQ(editor.source.span(), (Stretch{0, 30}));
     lines(R"(["set","heldSource",null])");
     EXPECT_FALSE(editor.source.isLoaded() || editor.source.source());
+    editor.holdSource(lines.cam());
+    lines(R"(["set","heldSource",null])");
+    EXPECT_FALSE(editor.source.isLoaded()) << "what was let go of does not come late";
 }
 
 TEST(Editor, aVideoThatCannotBePlayedSaysSoUntilItCan) {

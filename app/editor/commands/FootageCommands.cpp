@@ -29,7 +29,6 @@ std::vector<UUID> clipsActedOn(const Editor& editor) {
 }
 
 void rate(Editor& editor, const std::vector<UUID>& clips, std::optional<std::int64_t> value) {
-    if (clips.empty()) return;
     if (value == 0) value.reset();
     const char* name = value == 1 ? "Favourite" : value == -1 ? "Reject" : "Clear Rating";
     editor.change(name, [&](Project& project) {

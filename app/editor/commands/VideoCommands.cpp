@@ -34,7 +34,6 @@ void create(Editor& editor, Video::Aspect aspect, const std::string& title) {
     editor.change("New Video",
                   [&](Project& project) { made = ProjectOperations::newVideo(project, title, aspect).id; });
     editor.openOnTimeline(made);
-    editor.setPicked(std::nullopt);
     editor.setSidebar({Collection::videos, {}});
 }
 
@@ -49,7 +48,6 @@ void setAspect(Editor& editor, Video::Aspect aspect) {
     keepAspect(aspect);
     editor.change("Change Aspect",
                   [&](Project& project) { Changes::openVideo(editor, project).aspect = aspect; });
-    editor.reloadVideo(std::nullopt);
 }
 
 void duplicate(Editor& editor, const UUID& id) {

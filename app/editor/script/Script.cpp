@@ -43,7 +43,6 @@ bool Script::run(const std::string& line, std::function<void(const std::string&)
     if (isBlank(line)) return false;
     current = {};
     answering = std::move(answer);
-    inCommand = true;
     try {
         perform(line);
     } catch (const std::bad_alloc&) {
@@ -51,7 +50,6 @@ bool Script::run(const std::string& line, std::function<void(const std::string&)
     } catch (const std::exception& error) {
         current.error = error.what();
     }
-    inCommand = false;
     finish();
     return true;
 }
@@ -70,7 +68,7 @@ void Script::perform(const std::string& line) {
 }
 
 void Script::finish() {
-    if (!answering || inCommand || document.editor().isBusy()) return;
+    if (!answering || document.editor().isBusy()) return;
     // Whatever else was said, that work is not on disk comes first.
     if (current.unsaved) document.editor().say(*current.unsaved);
     std::string text = current.error ? "{\"ok\":false" : "{\"ok\":true";

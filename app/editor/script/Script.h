@@ -37,7 +37,6 @@ private:
 
     ProjectDocument& document;
     ScriptAnswer current;
-    bool inCommand = false;
     std::function<void(const std::string&)> answering;
 };
 
