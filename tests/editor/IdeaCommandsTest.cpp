@@ -1,3 +1,4 @@
+#include "app/editor/commands/IdeaCommands.h"
 #include "tests/editor/Lines.h"
 
 using namespace murbo;
@@ -28,6 +29,8 @@ TEST(IdeaCommands, anIdeaBecomesAVideo) {
     EXPECT_EQ(lines.editor().openVideo(), video.id);
     EXPECT_EQ(lines.project().ideas->size(), 1u) << "it waits no longer";
     EXPECT_EQ(lines(R"(["makeVideo","idea 1"])"), did("The footage of that idea is gone from the project."));
+    EXPECT_FALSE(IdeaCommands::makeVideo(lines.editor(), UUID::make()));
+    EXPECT_EQ(lines.editor().toast(), "The idea is gone.");
     lines(R"(["undo"])");
     EXPECT_EQ(lines.project().ideas->size(), 2u);
 }

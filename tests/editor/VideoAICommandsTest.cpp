@@ -37,7 +37,10 @@ TEST(VideoAICommands, refuseWhatCanNotBeDone) {
     const std::string addKey = "Add your OpenRouter key in Settings ▸ AI to use the AI";
     EXPECT_EQ(lines(R"(["lookByAI"])"), did("Open a video first"));
     EXPECT_EQ(lines(R"(["reviseCuts","x"])"), did("Open a video first"));
-    EXPECT_EQ(lines(R"(["findIdeas"])"), did(addKey));
+    const auto ideas = VideoAICommands::findIdeas(lines.editor(), {});
+    EXPECT_EQ(lines(R"(["closeDrag"])"), did(addKey));
+    EXPECT_TRUE(ideas->failed);
+    EXPECT_EQ(ideas->failure, addKey);
     EXPECT_EQ(lines(R"(["cutToInstruction",""])"), did(addKey));
     EXPECT_TRUE(VideoAICommands::lookByAI(lines.editor(), std::nullopt)->failed) << "a first pass ends there";
     EXPECT_TRUE(lines.model.bodies().empty());
@@ -55,7 +58,8 @@ TEST(VideoAICommands, askTheOwnerFirst) {
     EXPECT_TRUE(lines.model.bodies().empty());
     asked.agrees = true;
     lines.answersCuts({{"C01.01", "C01.01"}});
-    EXPECT_EQ(lines(R"(["reviseCuts","shorter"])"), stepped("Revise Cuts"));
+    lines(R"(["newVideo","9:16","Another"])");
+    EXPECT_EQ(lines(R"(["reviseCuts","shorter","V1"])"), stepped("Revise Cuts"));
     EXPECT_EQ(lines.project().videos[0].cuts.size(), 1u);
 }
 
@@ -109,9 +113,11 @@ TEST(VideoAICommands, anIdeaWithoutACutThatHoldsIsNone) {
                               {{{"title", "Gone"}, {"cuts", cutsOf({{"C02.01", "C02.01"}})}},
                                {{"title", "Holds"}, {"cuts", cutsOf({{"C01.01", "C01.01"}})}}}}});
     lines.meanwhile("Remove Clip", removeSecondClip);
-    EXPECT_EQ(lines(R"(["findIdeas"])"), did("1 idea. Left out: 1 cut whose clip is gone.", "Find Ideas"));
+    EXPECT_EQ(lines(R"(["findIdeas"," "])"),
+              did("1 idea. Left out: 1 cut whose clip is gone.", "Find Ideas"));
     ASSERT_EQ(lines.project().ideas->size(), 1u);
     EXPECT_EQ((*lines.project().ideas)[0].title, "Holds");
+    EXPECT_FALSE((*lines.project().ideas)[0].instruction);
 }
 
 TEST(VideoAICommands, chosenClipsThatAreTooManyForARequestAreReadAsTheModelAsks) {
@@ -156,11 +162,15 @@ TEST(VideoAICommands, whatIsAskedForWhileAJobRunsWaitsItsTurn) {
     lines.model.answers(json{{"read", {"C02", "C01"}}});
     lines.answersCuts({{"C01.01", "C01.01"}});
     lines.model.answers(json{{"ideas", json::array()}});
-    lines.meanwhile([&](Editor& editor) { VideoAICommands::findIdeas(editor, {}); });
+    OutcomeRef ideas;
+    lines.meanwhile([&](Editor& editor) { ideas = VideoAICommands::findIdeas(editor, {}); });
     lines(R"(["cutToInstruction","x"])");
     EXPECT_THAT(labels, ElementsAre("Cut to instruction", "Cut to instruction: it asked to read C01, C02",
                                     "Find ideas"));
     EXPECT_EQ(lines.model.bodies().size(), 3u);
+    EXPECT_TRUE(ideas->failed);
+    EXPECT_EQ(ideas->failure, "No ideas came back that hold up; Activity has the answer");
+    EXPECT_EQ(lines.editor().toast(), ideas->failure);
 }
 
 TEST(VideoAICommands, aFirstPassIsThreeRequestsAndThreeSteps) {
@@ -194,7 +204,14 @@ TEST(VideoAICommands, aFirstPassOfAnIdeaNeedsNoCutting) {
             {.title = "An idea", .cuts = {{.source = project.sources[0].id, .start = 21, .end = 29}}});
     });
     lines.model.answers(json{{"big", {"C01.02"}}});
-    lines(R"(["firstPassOf","idea 1"])");
+    OwnerAsked asked(lines.editor(), true);
+    const auto outcome = VideoAICommands::firstPassOf(lines.editor(), (*lines.project().ideas)[0].id);
+    lines(R"(["closeDrag"])");
+    EXPECT_EQ(asked.title, "First Pass");
+    EXPECT_THAT(asked.words, testing::EndsWith(" That is its look; its sound is another request."));
     EXPECT_THAT(lines.steps(), ElementsAre("Make Video", "Look by AI"));
-    EXPECT_EQ(lines.editor().toast(), "The sound library is empty: Settings ▸ General ▸ Sounds");
+    EXPECT_EQ(outcome->video, lines.project().videos[0].id) << "which is there";
+    EXPECT_TRUE(outcome->failed);
+    EXPECT_EQ(outcome->failure, "The sound library is empty: Settings ▸ General ▸ Sounds");
+    EXPECT_EQ(lines.editor().toast(), outcome->failure);
 }

@@ -29,5 +29,9 @@ TEST(Work, cancellingAllForgetsThoseInLine) {
         EXPECT_EQ(ran, cancelled ? "first " : "first second second ");
         EXPECT_FALSE(work.isRunning());
         EXPECT_EQ(Work::running(), 0);
+        work.run("Next", [](Work& own) -> QCoro::Task<> {
+            EXPECT_FALSE(own.stopping().stop_requested()) << "who stopped the last one did not mean this";
+            co_return;
+        });
     }
 }
