@@ -41,6 +41,10 @@ TEST(CommandTable, noArgumentHarms) {
             }
     }
     EXPECT_GT(refused, 2000);
+    Lines empty;
+    const auto before = empty.project();
+    for (const auto& command : CommandTable::all()) EXPECT_NE(empty("[\"" + command.name + "\"]"), "");
+    EXPECT_EQ(empty.project(), before) << "without a video or a pick nothing is done";
     lines(R"(["closeDrag"])");
     EXPECT_FALSE(lines.document->unsaved());
     EXPECT_EQ(ProjectPackage::read(lines.package()), lines.project());

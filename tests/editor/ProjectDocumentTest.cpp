@@ -25,6 +25,7 @@ TEST(ProjectDocument, aSaveThatFailsIsToldAndMadeUpFor) {
     lines(R"(["wait",3.5])");
     EXPECT_FALSE(lines.document->unsaved());
     EXPECT_EQ(ProjectPackage::read(lines.package()).clips[0].name, "Better");
+    EXPECT_EQ(ProjectPackage::readHistory(lines.package()).past().size(), 2u) << "written while it is open";
 }
 
 TEST(ProjectDocument, aDragOverAFullDiskIsAStepThatTheNextSaveBrings) {

@@ -77,6 +77,9 @@ TEST(StyleCommands, aSavedPresetIsRenamedInLibraryAndProject) {
         EXPECT_EQ(styles[0].id, "own") << "what builds on it finds it";
         EXPECT_EQ(styles[1].name, "Other");
     }
+    lines(R"(["pickCaptionPreset",{"id":"neon","name":"Neon"},true])", R"(["renamePreset","neon","Glow"])");
+    EXPECT_EQ(lines.project().styles[2].name, "Glow");
+    EXPECT_EQ(Library::styles().size(), 2u) << "it was the project's alone";
     const auto before = lines.project();
     EXPECT_EQ(lines(R"(["removePreset","bold"])"), did("This style comes with Murbo and stays as it is"));
     EXPECT_EQ(lines(R"(["renamePreset","bold","x"])"), did("This style comes with Murbo and stays as it is"));

@@ -39,6 +39,7 @@ TEST(TimelineTable, aRubberBandCatchesWhatItMeetsInTheRowsAskedFor) {
     lines(R"(["addOverlay","stock.hearts",4])");
     lines.editor().change("Sounds", [&](Project& project) {
         auto& look = *project.videos.edit()[0].look;
+        look.overlays.edit().push_back({.playbook = "gone", .source = lines.rec(), .at = 26, .length = 1});
         look.sounds.edit().push_back({.file = "s.wav", .source = lines.rec(), .at = 25});
         look.music.edit().push_back({.file = "m.wav", .source = lines.rec(), .at = 25});
         look.shots.edit().push_back({.source = lines.rec(), .at = 42});

@@ -44,6 +44,8 @@ TEST(WordCorrection, standsForWholeWordsInEitherCase) {
         {{"ข้า", "ช้า"}, "เดินข้า ๆ", "เดินช้า ๆ", 1},
         {{"no", "know"}, "", "", 0},
         {{"no", "know"}, "now no", "now know", 1},
+        {{"art", "zart"}, "Art", "Zart", 1},
+        {{"zero", "ahero"}, "Zero", "Ahero", 1},
     };
     for (const auto& [word, text, wanted, places] : cases) {
         const auto corrected = word.in(text);
