@@ -20,11 +20,15 @@ TEST(DeliveryCheck, followsTheVideoAndMendsAnEdge) {
     ASSERT_TRUE(checked());
     ASSERT_EQ(check.findings().size(), 1);
     EXPECT_EQ(check.state(), "1 to look at");
+    of.editor.setFocus(Viewer::source);
     check.show(0);
+    EXPECT_EQ(of.editor.focus(), Viewer::video);
     EXPECT_EQ(of.editor.picked()->id, of.cut(0).id);
+    EXPECT_EQ(of.editor.playback.time(), 1.5);
     check.fix(0);
     EXPECT_EQ(of.cut(0).end, 13);
     EXPECT_EQ(of.editor.history().undoName(), "Trim End");
+    EXPECT_FALSE(of.editor.edge() || of.editor.edgeAfter());
     ASSERT_TRUE(checked());
     EXPECT_TRUE(check.findings().isEmpty());
     QTest::qWait(100);

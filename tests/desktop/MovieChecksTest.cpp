@@ -39,7 +39,12 @@ TEST(MovieChecks, nameTheCaptionsThatAnAppCovers) {
     };
     EXPECT_TRUE(found({"App", 0.02, 0.05, 0.02, 0.05}).empty());
     const auto covered = found({"App", 0.02, 0.05, 0.02, 0.7});
-    ASSERT_EQ(covered.size(), Plan::video(video, project, "", {}).cues.size());
-    EXPECT_EQ(covered[0].words, "Caption “first line” leaves the safe area of App");
-    EXPECT_EQ(covered[0].pick.kind, Pick::Kind::caption);
+    const auto cues = Plan::video(video, project, "", {}).cues;
+    ASSERT_EQ(covered.size(), cues.size());
+    for (std::size_t at = 0; at < cues.size(); ++at) {
+        const auto& cue = cues[at];
+        EXPECT_EQ(covered[at].words, "Caption “" + cue.text + "” leaves the safe area of App");
+        EXPECT_EQ(covered[at].pick, (Pick{Pick::Kind::caption, cue.line, cue.piece}));
+        EXPECT_EQ(covered[at].time, (cue.start + cue.end) / 2);
+    }
 }
