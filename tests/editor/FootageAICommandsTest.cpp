@@ -9,38 +9,53 @@ namespace {
 
 using json = nlohmann::json;
 
-json described(const char* clip) {
-    return {{"clips", {{{"clip", clip}, {"title", "T"}, {"summary", "S"}, {"key_line", "C01.01"}}}}};
+json summary(const char* clip, const char* keyLine) {
+    return {{"clip", clip}, {"title", "T"}, {"summary", "S"}, {"key_line", keyLine}};
 }
 
 }
 
-TEST(FootageAICommands, describeOnlyClipsThatAreStillThere) {
+TEST(FootageAICommands, whatIsGoneOrElsewhereByNowIsLeftOut) {
     Asking lines;
+    lines.editor().apply([](Project& project) {
+        project.clips.edit().push_back(
+            {.number = 4, .source = project.sources[0].id, .start = 30, .end = 35});
+    });
     lines.model.answers(json{{"clips",
-                              {{{"clip", "C01"}, {"title", "T"}, {"summary", "S"}, {"key_line", "C01.01"}},
-                               {{"clip", "C02"}, {"title", "T"}, {"summary", "S"}}}}});
+                              {summary("C01", "C01.01"), summary("C02", "C02.01"), summary("C03", "C03.01"),
+                               summary("C04", "C04.01")}}});
     lines.meanwhile("Change", [](Project& project) {
-        project.clips.edit().erase(project.clips.begin() + 1);
+        auto& clips = project.clips.edit();
+        clips.pop_back();
+        clips[0].end = clips[1].start = 45; // the first has the second one's first line now
         auto& said = project.transcripts.begin()->second.lines.edit();
         said.erase(said.begin());
     });
-    lines(R"(["describeClips",["C01","C02"]])");
-    EXPECT_EQ(lines.editor().toast(), "Described 1 clip");
-    EXPECT_EQ(lines.project().clips[0].summary->title, "T");
-    EXPECT_FALSE(lines.project().clips[0].summary->keyLine) << "that line is gone";
+    std::vector<UUID> asked;
+    for (const auto& clip : lines.project().clips) asked.push_back(clip.id);
+    const auto outcome = FootageAICommands::describeClips(lines.editor(), asked);
+    EXPECT_EQ(lines(R"(["closeDrag"])"), did("Described 3 clips", "Describe Clips"));
+    EXPECT_THAT(outcome->said, testing::ElementsAre("Left out: C04 is gone.", "Described 3 clips"));
+    std::vector<std::optional<UUID>> keys;
+    for (const auto& clip : lines.project().clips) keys.push_back(clip.summary.value().keyLine);
+    const auto& said = lines.project().transcripts.begin()->second.lines;
+    EXPECT_THAT(keys, testing::ElementsAre(std::nullopt, std::nullopt, said[7].id));
 }
 
-TEST(FootageAICommands, aKeyLineThatLiesInAnotherClipByNowIsNone) {
+TEST(FootageAICommands, aLineThatWasTypedMeanwhileStays) {
     Asking lines;
-    lines.model.answers(described("C01"));
-    lines.meanwhile("Change", [](Project& project) {
-        project.clips.edit()[0].start = 26;
-        std::tie(project.clips.edit()[1].start, project.clips.edit()[1].end) = std::pair(20, 25);
-    });
-    lines(R"(["describeClips",["C01"]])");
-    ASSERT_TRUE(lines.project().clips[0].summary);
-    EXPECT_FALSE(lines.project().clips[0].summary->keyLine);
+    OwnerAsked asked(lines.editor(), true);
+    lines.model.answers(json{{"lines",
+                              {{{"line", "C01.01"}, {"text", "Line number 9"}},
+                               {{"line", "C01.02"}, {"text", "Line number 8"}}}}});
+    lines.meanwhile(
+        "Type", [](Project& project) { project.transcripts.begin()->second.lines.edit()[0].text = "typed"; });
+    const auto outcome = FootageAICommands::fixWords(lines.editor(), {lines.project().clips[0].id});
+    EXPECT_EQ(lines(R"(["closeDrag"])"), did("Corrected 1 line", "Fix Words"));
+    EXPECT_EQ(asked.title, "Fix Words");
+    EXPECT_THAT(outcome->said,
+                testing::ElementsAre("Left out: 1 line changed meanwhile.", "Corrected 1 line"));
+    EXPECT_EQ(lines.project().transcripts.begin()->second.lines[0].text, "typed");
 }
 
 TEST(FootageAICommands, whoStopsABatchStopsTheRun) {
@@ -48,7 +63,7 @@ TEST(FootageAICommands, whoStopsABatchStopsTheRun) {
     lines.editor().apply([](Project& project) {
         for (std::size_t at : {0, 1}) project.clips.edit()[at].end += 1990; // three batches
     });
-    lines.model.answers(described("C01"));
+    lines.model.answers(json{{"clips", {summary("C01", "C01.01")}}});
     lines.model.sends("");
     int answered = 0;
     lines.model.beforeAnswer = [&] {
@@ -81,8 +96,12 @@ TEST(FootageAICommands, aNoteIsWrittenFromFrames) {
     EXPECT_EQ(lines(R"(["notesFromFrames"])"), did("Mark a range in the source viewer first"));
     lines(R"(["set","range",[0,2]])");
     OwnerAsked asked(lines.editor(), true);
+    lines(R"(["set","heldSource","cam.mp4"])");
+    EXPECT_EQ(lines(R"(["notesFromFrames"])"), did("There is no file “cam.mp4”."));
+    lines(R"(["set","heldSource","rec.mp4"])");
     lines.model.answers(json{{"note", "A test picture\nmoves."}});
     EXPECT_EQ(lines(R"(["notesFromFrames"])"), did("A test picture moves.", "Notes from Frames"));
+    EXPECT_EQ(asked.title, "Notes from Frames");
     EXPECT_THAT(asked.words, testing::EndsWith(" One picture of the footage leaves this computer."));
     const auto content = lines.model.bodies()[0]["messages"][1]["content"];
     ASSERT_EQ(content.size(), 2u);
