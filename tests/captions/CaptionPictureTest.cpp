@@ -116,6 +116,10 @@ TEST(CaptionPicture, stressedWordsHaveAColourOfTheirOwn) {
     EXPECT_GT(two.count, 500);
     EXPECT_GT(two.left, all.left + 50);
     EXPECT_LT(two.right, all.right - 50);
+    asked.stress = {0};
+    const Found first = find(drawn(asked), yellow);
+    EXPECT_GT(first.count, 300);
+    EXPECT_NEAR(first.left, all.left, 2);
     asked.style.bigFill = "FF0000";
     EXPECT_GT(find(drawn(asked), red).count, 500);
     asked.stress = {3};

@@ -108,5 +108,10 @@ TEST(Masks, fadeByTheirAlphaAtItsPlace) {
     const Rect body{0, 0, 64, 64};
     EXPECT_EQ(picture.masked(box({-1, -1, 99, 99}, Colour::white)).node(), picture.node());
     EXPECT_TRUE(picture.masked(Image()).empty());
+    const Image soft = box(body, Colour::white).faded(0.5);
+    EXPECT_EQ(
+        at(drawn(box(body, Colour::black).masked(soft).over(box(body, Colour::white)), 64, 64), 9, 9).red,
+        127)
+        << "what lies below shows through a soft mask";
     EXPECT_EQ(picture.masked(box({60, 0, 99, 9}, Colour::white)).extent(), body.intersection({60, 0, 4, 9}));
 }

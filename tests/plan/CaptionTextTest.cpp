@@ -27,7 +27,8 @@ TEST(CaptionText, tagsInBracketsAreNeverSaid) {
     const std::vector<std::pair<std::string, std::string>> table = {
         {"[music]", ""},     {"  hello\t", "hello"},         {"so [laughs] funny", "so   funny"},
         {"[a [b] c]", "c]"}, {"open [ended", "open [ended"}, {"[two\nlines] here", "here"},
-        {"[]", ""},          {"\u00A0ครับ\u3000", "ครับ"},     {"a\n", "a\n"},
+        {"[]", ""},          {"[a] b [c] d", "b   d"},       {"\u00A0ครับ\u3000", "ครับ"},
+        {"a\n", "a\n"},
     };
     for (const auto& [text, said] : table) EXPECT_EQ(CaptionText::said(text), said) << text;
     EXPECT_EQ(CaptionText::said(std::string(1'000'000, '[')).size(), 1'000'000u);

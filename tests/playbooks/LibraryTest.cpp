@@ -15,15 +15,17 @@ namespace {
 class LibraryFolder : public OwnersLibrary {};
 
 TEST_F(LibraryFolder, passesOverWhatItCannotRead) {
-    fs::create_directories(folder / "Playbooks/Broken.mbplay");
-    std::ofstream(folder / "Playbooks/Broken.mbplay/playbook.json") << "{";
+    for (const char* broken : {"Playbooks/Broken.mbplay", "Playbooks/Worse.mbplay"}) {
+        fs::create_directories(folder / broken);
+        std::ofstream(folder / broken / "playbook.json") << "{";
+    }
     fs::create_directories(folder / "Playbooks/Mine.mbplay");
     std::ofstream(folder / "Playbooks/Mine.mbplay/playbook.json") << R"({"name": "Mine", "layers": []})";
     const auto library = Playbooks::library();
     ASSERT_EQ(library.size(), 26u);
     EXPECT_EQ(library[0].id(), "Mine");
     EXPECT_EQ(library[0].version(), 1);
-    ASSERT_EQ(Playbooks::leftOut().size(), 1U);
+    ASSERT_EQ(Playbooks::leftOut().size(), 2U);
     EXPECT_EQ(Playbooks::leftOut()[0].folder, folder / "Playbooks/Broken.mbplay");
     EXPECT_NE(Playbooks::leftOut()[0].reason, "");
     fs::create_directories(Library::sounds() / "Hits");

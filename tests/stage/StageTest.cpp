@@ -73,13 +73,18 @@ TEST(Stage, ofWhichThereAreTooManyShowTheUndermost) {
     EXPECT_EQ(Stage::Budget().layers - budget.layers, 500);
 }
 
-TEST(Stage, slowedDownShowTheSameLater) {
+TEST(Stage, slowedDownOrBegunLaterShowTheSameLater) {
     const Staged stage(60, 60);
     const std::string layers =
         R"({"particles": "confetti", "drift": "fall", "count": 40, "w": 0.1, "from": 0.5},
         {"shape": "ring", "w": 0.5, "hold": "wobble", "keys": [{"t": 0, "x": 0}, {"t": 2, "x": 1}]})";
     auto slow = Staged::placed(layers, 6);
     slow.overlay.stretch = true;
-    for (const double time : {0.6, 1.0, 1.5})
+    auto late = Staged::placed(layers);
+    late.start = 7;
+    late.end += 7;
+    for (const double time : {0.6, 1.0, 1.5}) {
         EXPECT_TRUE(same(stage.drawn(slow, 2 * time), stage.drawn(layers, time))) << time;
+        EXPECT_TRUE(same(stage.drawn(late, 7 + time), stage.drawn(layers, time))) << time;
+    }
 }
