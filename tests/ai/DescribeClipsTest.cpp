@@ -59,6 +59,8 @@ TEST_F(ByTag, descriptionsAreTakenEntryByEntry) {
         summary,
         (Clip::Summary{
             .title = "A fall", .summary = "He falls.", .kind = "fail", .keyLine = Footage::lines()[2].id}));
+    project.clips.edit()[0].summary = Clip::Summary{.title = "Before"};
+    LastRuns::note(project.clips.edit()[0].runs, Kit::ID::describeClips, {});
     DescribeClips::apply(read, project, run);
     EXPECT_EQ(project.clips[0].summary, summary);
     EXPECT_EQ(LastRuns::of(project.clips[0].runs, Kit::ID::describeClips), run);

@@ -57,11 +57,13 @@ TEST(NotesFromFrames, theLinesAroundAreTold) {
 TEST(NotesFromFrames, anAnswerBecomesANoteInItsPlace) {
     Told told;
     told.notes() = {{.start = 5, .end = 6, .text = "early"}, {.start = 300, .end = 301, .text = "late"}};
+    told.project.clips.edit().push_back({.source = UUID::make(), .start = 0, .end = 1000});
     const auto run = LastRuns::now(Run::By::app);
     NotesFromFrames::apply("The screen goes white.", told.source(), {101, 103}, told.project, run);
     EXPECT_EQ(told.notes()[1].text, "The screen goes white.");
     EXPECT_EQ(LastRuns::of(told.project.clips[1].runs, Kit::ID::notesFromFrames), run);
     EXPECT_FALSE(told.project.clips[0].runs);
+    EXPECT_FALSE(told.project.clips.back().runs) << "other footage at the same seconds";
     EXPECT_EQ(NotesFromFrames::words({{"note", " a\nb "}}), "a b");
     EXPECT_EQ(NotesFromFrames::words({{"note", " \n"}}), std::nullopt);
     EXPECT_EQ(NotesFromFrames::words({{"note", 7}}), std::nullopt);

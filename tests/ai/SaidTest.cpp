@@ -59,6 +59,7 @@ TEST_F(SaidTest, aLineThatIsGoneEndsNoCutButMayLieInOne) {
     lines()[1].gone = true;
     EXPECT_TRUE(cuts(R"([{"from": "C01.02", "to": "C01.03"}])").empty());
     EXPECT_EQ(times(cuts(R"([{"from": "C01.01", "to": "C01.03"}])")), (Spans{{1, 6}}));
+    EXPECT_TRUE(Said(project).holding(lines()[1].text).empty()) << "nor is it found by its words";
 }
 
 TEST_F(SaidTest, aCutTooShortToBeMeantIsNone) {

@@ -15,10 +15,10 @@ TEST(TranscribeCommands, stretchesAreAllClipsByTimeElseTheWholeSource) {
         return "[\"" + source.text() + "\"," + rest + "]";
     };
     EXPECT_EQ(
-        lines(R"(["stretches",["cam.mp4","rec.mp4"]])"),
-        gave("[" + stretch(sources[1].id, R"([0,30],"cam.mp4")") + "," +
-             stretch(sources[0].id, R"([20,30],"C01")") + "," + stretch(sources[0].id, R"([40,50],"C02")") +
-             "," + stretch(sources[0].id, R"([60,70],"C03")") + "]"));
+        lines(R"(["stretches",["rec.mp4","cam.mp4"]])"),
+        gave("[" + stretch(sources[0].id, R"([20,30],"C01")") + "," +
+             stretch(sources[0].id, R"([40,50],"C02")") + "," + stretch(sources[0].id, R"([60,70],"C03")") +
+             "," + stretch(sources[1].id, R"([0,30],"cam.mp4")") + "]"));
     EXPECT_EQ(lines(R"(["stretches",[]])"), gave("[]"));
 }
 
