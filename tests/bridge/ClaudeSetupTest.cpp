@@ -34,11 +34,12 @@ TEST_F(ClaudeSetupTest, makesTheFileWhereThereIsNone) {
 }
 
 TEST_F(ClaudeSetupTest, keepsWhatElseStandsThere) {
-    constexpr auto before =
-        R"({"z": 1, "mcpServers": {"other": {"command": "/a/b"}, "murbo": {"command": "/old"}}})";
-    put(before);
+    const auto old = "/old/" + ClaudeSetup::command().filename().string();
+    const auto before =
+        R"({"z": 1, "mcpServers": {"other": {"command": "/a/b"}, "murbo": {"command": ")" + old + "\"}}}";
+    put(before.c_str());
     EXPECT_EQ(ClaudeSetup::desktop().kind, ClaudeSetup::State::Kind::other);
-    EXPECT_EQ(ClaudeSetup::desktop().path, "/old");
+    EXPECT_EQ(ClaudeSetup::desktop().path, old);
     const auto written = ClaudeSetup::addToDesktop();
     EXPECT_EQ(text(written.backup), before);
     EXPECT_THAT(text(written.file),

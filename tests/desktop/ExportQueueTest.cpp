@@ -65,9 +65,13 @@ TEST_F(ExportQueueTest, aStoppedMovieLeavesNothingAndTheNextBegins) {
     EXPECT_EQ(entriesIn(folder.path), 1);
 }
 
-TEST_F(ExportQueueTest, saysWhyAMovieCouldNotBeMade) {
+TEST_F(ExportQueueTest, saysWhyAMovieCouldNotBeMadeAndGoesOn) {
     queue.add(job(0.5, "no such folder/a.mp4"));
     ASSERT_TRUE(ended());
     EXPECT_TRUE(queue.problem().startsWith("The video could not be exported. "))
         << queue.problem().toStdString();
+    queue.add(job(0.5, "no such folder/b.mp4"));
+    queue.add(job(0.2, "c.mp4"));
+    ASSERT_TRUE(ended());
+    EXPECT_EQ(queue.rows()[2].state, ExportRow::MovieState::done) << "the next one is made all the same";
 }

@@ -155,6 +155,19 @@ TEST_F(TranscriptPageTest, wordsAreFoundAndGoneTo) {
     EXPECT_EQ(shown->page().hitWords(), "Not found");
 }
 
+TEST_F(TranscriptPageTest, pressedRowsReachFromTheFirstOne) {
+    auto& page = shown->page();
+    std::vector<std::pair<int, int>> rows;
+    QObject::connect(&page, &TranscriptPage::selectionWanted, [&](int from, int to) {
+        const auto* text = page.document().text();
+        rows.emplace_back(text->findBlock(from).blockNumber(), text->findBlock(to).blockNumber());
+    });
+    page.pressRow(1, false);
+    page.pressRow(2, true);
+    page.pressRow(0, true);
+    EXPECT_EQ(rows, (std::vector<std::pair<int, int>>{{1, 1}, {1, 2}, {0, 1}}));
+}
+
 TEST_F(TranscriptPageTest, aVideosWordsFollowItsPlayer) {
     shown->page().setScope(1);
     shown->settle();
