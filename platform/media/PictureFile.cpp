@@ -124,8 +124,13 @@ Upright firstOfMovie(const std::filesystem::path& path) {
 Bitmap drawn(const Upright& upright, double maxKept) {
     const Size size = upright.frame.uprightSize();
     const double scale = std::min(1.0, std::sqrt(maxKept / (size.width * size.height)));
-    const double width = std::max(1.0, std::round(size.width * scale));
-    const double height = std::max(1.0, std::round(size.height * scale));
+    // A side is one pixel at least, and the other then as many as are kept at most.
+    const auto side = [&](double length, double other) {
+        const double scaled = std::max(1.0, std::round(length * scale));
+        return other * scale < 1 ? std::min(scaled, std::max(1.0, std::floor(maxKept))) : scaled;
+    };
+    const double width = side(size.width, size.height);
+    const double height = side(size.height, size.width);
     Transform fitted = Transform().scaled(width / size.width, height / size.height);
     if (upright.mirrored) fitted = fitted.scaled(-1, 1).translated(width, 0);
     return Canvas::bitmap(Image::frame(upright.frame).clamped().transformed(fitted), {0, 0, width, height});

@@ -41,10 +41,10 @@ TEST_F(LibraryFolder, liesWhereTheSettingsSay) {
     Library::setOverride({});
     const Environment home("HOME", folder.path);
     EXPECT_EQ(Library::folder(), folder / "Movies/Murbo");
-    auto& settings = SettingsStore::standard();
-    settings.set("libraryFolder", (folder / "mine").string());
-    settings.set("soundsFolder", (folder / "hits").string());
-    settings.set("musicFolder", "");
+    auto& stored = SettingsStore::standard();
+    stored.set("libraryFolder", (folder / "mine").string());
+    stored.set("soundsFolder", (folder / "hits").string());
+    stored.set("musicFolder", "");
     EXPECT_EQ(Library::playbooks(), folder / "mine/Playbooks");
     EXPECT_EQ(Library::sounds(), folder / "hits");
     EXPECT_EQ(Library::music(), folder / "mine/Music");
@@ -52,7 +52,7 @@ TEST_F(LibraryFolder, liesWhereTheSettingsSay) {
     const std::vector<CaptionStyle> styles{{.id = "mine", .size = 40}};
     Library::save(styles);
     EXPECT_EQ(Library::styles(), styles);
-    for (const char* key : {"libraryFolder", "soundsFolder", "musicFolder"}) settings.remove(key);
+    for (const char* key : {"libraryFolder", "soundsFolder", "musicFolder"}) stored.remove(key);
 }
 
 }

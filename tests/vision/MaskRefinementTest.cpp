@@ -30,7 +30,8 @@ TEST(MaskRefinement, edgesAreThoseOfThePicture) {
         return mask.row(150)[4 * 202 + 3] - mask.row(150)[4 * 197 + 3];
     };
     EXPECT_LT(step(0, 0, 0), 128); // a fifth of the rise, which the curve makes at most 2.5 times as steep
-    for (int way = 0; way < 27; ++way) // each colour darker, as it was or brighter
-        if (way != 13)
-            EXPECT_GT(step(60 * (way % 3 - 1), 60 * (way / 3 % 3 - 1), 60 * (way / 9 - 1)), 200) << way;
+    for (int way = 0; way < 27; ++way) { // each colour darker, as it was or brighter
+        if (way == 13) continue;
+        EXPECT_GT(step(60 * (way % 3 - 1), 60 * (way / 3 % 3 - 1), 60 * (way / 9 - 1)), 200) << way;
+    }
 }
