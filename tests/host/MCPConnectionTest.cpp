@@ -68,6 +68,14 @@ protected:
         host.start(0);
     }
 
+    /// Has it call for a change that the owner is asked about. Whether the owner is.
+    bool awaitsTheOwner(const Client& app) {
+        auto permissions = host.permissions();
+        permissions.use(MCPPermissions::Preset::askBeforeChanges);
+        host.setPermissions(permissions);
+        app.say(call("rename_video", R"({"video": "V1", "title": "Second"})"));
+        return until([&] { return host.question().has_value(); });
+    }
     static std::string request(const std::string& body, const std::string& head = "Host: localhost:17172") {
         return "POST /mcp HTTP/1.1\r\n" + head + "\r\nContent-Length: " + std::to_string(body.size()) +
                "\r\n\r\n" + body;
@@ -151,12 +159,8 @@ TEST_F(MCPConnectionTest, aRequestMayComeInAnyPieces) {
 }
 
 TEST_F(MCPConnectionTest, manySilentOnesKeepNobodyOut) {
-    auto permissions = host.permissions();
-    permissions.use(MCPPermissions::Preset::askBeforeChanges);
-    host.setPermissions(permissions);
     Client asking(host.port());
-    asking.say(call("rename_video", R"({"video": "V1", "title": "Second"})"));
-    ASSERT_TRUE(until([&] { return host.question().has_value(); }));
+    ASSERT_TRUE(awaitsTheOwner(asking));
     std::vector<std::unique_ptr<Client>> silent;
     for (int count = 0; count < 300; ++count) {
         silent.push_back(std::make_unique<Client>(host.port()));
@@ -173,12 +177,8 @@ TEST_F(MCPConnectionTest, manySilentOnesKeepNobodyOut) {
 }
 
 TEST_F(MCPConnectionTest, anAppThatLeavesTakesItsQuestionAlong) {
-    auto permissions = host.permissions();
-    permissions.use(MCPPermissions::Preset::askBeforeChanges);
-    host.setPermissions(permissions);
     Client client(host.port());
-    client.say(call("rename_video", R"({"video": "V1", "title": "Second"})"));
-    ASSERT_TRUE(until([&] { return host.question().has_value(); }));
+    ASSERT_TRUE(awaitsTheOwner(client));
     EXPECT_THAT(answer(request(ping)), StartsWith("HTTP/1.1 200 ")) << "no other one waits";
     client.leave();
     EXPECT_TRUE(until([&] { return !host.question(); }));

@@ -11,11 +11,13 @@ namespace {
 
 constexpr double noMove = 1e-9; // seconds by which an edge must be moved to count as caught
 
-/// Where shots begin; each ends where the next one begins, or with the video.
 void addShots(std::vector<double>& times, const Look& look, const Video& video,
               const std::optional<UUID>& except) {
-    for (const auto& placed : PlacedShot::place(look.shots, video.cuts))
-        if (!placed.implicit && placed.shot.id != except) times.push_back(placed.start);
+    for (const auto& placed : PlacedShot::place(look.shots, video.cuts)) {
+        if (placed.implicit || placed.shot.id == except) continue;
+        times.push_back(placed.start);
+        times.push_back(placed.end);
+    }
 }
 
 /// Both edges of each block that the cuts show; of one without a length, its start.
