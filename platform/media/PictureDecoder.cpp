@@ -215,9 +215,11 @@ void PictureDecoder::chooseSkipping(const AVPacket& given) {
     if (winding && !(given.flags & AV_PKT_FLAG_DISCARD)) leftOut = std::max(leftOut, ticks);
 }
 
-// A picture without a time follows the one before it at the track's rate.
+// A picture without a time follows the one before it at the track's rate. Where there was none since a jump,
+// the decoder kept it back to the very end: it came on with the last packet.
 std::int64_t PictureDecoder::timeOf(const AVFrame& shown) {
     if (shown.best_effort_timestamp != AV_NOPTS_VALUE) return shown.best_effort_timestamp - lateness;
+    if (lastGiven == INT64_MIN && !fromStart && farthest != INT64_MIN) return farthest;
     if (lastGiven == INT64_MIN) return stream->start_time == AV_NOPTS_VALUE ? 0 : stream->start_time;
     const AVRational rate = av_guess_frame_rate(input.context(), stream, nullptr);
     const AVRational step = rate.num > 0 ? av_inv_q(rate) : AVRational{1, 25};
