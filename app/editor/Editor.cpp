@@ -151,11 +151,13 @@ void Editor::group(const std::string& name, const std::function<void()>& body) {
 }
 
 void Editor::changed(const Project& old) {
+    const auto shown = openVideo();
     save(live);
     historyWrite.start(historyTime);
     keepPicksValid();
     emit projectChanged();
-    followWithPlayer(old);
+    if (openVideo() == shown) return followWithPlayer(old);
+    reloadVideo(0); // the first video has taken the place of one that is gone
 }
 
 void Editor::keepPicksValid() {

@@ -79,14 +79,6 @@ TEST(FootageAICommands, whoStopsABatchStopsTheRun) {
     EXPECT_EQ(log[1].state, "stopped");
 }
 
-TEST(FootageAICommands, sayWhenNothingIsSaid) {
-    Asking lines;
-    lines.editor().apply([](Project& project) { project.transcripts.clear(); });
-    EXPECT_EQ(lines(R"(["describeClips",["C01","C02"]])"),
-              did("Transcribe the clips first: nothing is said in them yet"));
-    EXPECT_EQ(lines(R"(["fixWords",["C01"]])"), did("Transcribe the clip first: nothing is said in it yet"));
-}
-
 TEST(FootageAICommands, aNoteIsWrittenFromFrames) {
     Asking lines;
     if (!made::canMake()) GTEST_SKIP() << "There is no ffmpeg here.";

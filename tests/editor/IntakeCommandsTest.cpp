@@ -59,17 +59,6 @@ TEST(IntakeCommands, markersThatAreGivenCountBeforeThoseThatLieThere) {
     }
 }
 
-TEST(IntakeCommands, whatCanNotBeReadIsRefusedByName) {
-    Lines lines;
-    const auto before = lines.project();
-    const auto words = lines.folder.file("words.txt", "x");
-    const auto broken = lines.folder.file("broken.mp4", "no movie");
-    EXPECT_EQ(lines(withPath("addFiles", words)), did("No video files there"));
-    EXPECT_EQ(lines(withPath("addFiles", broken)), did("Those files could not be read"));
-    EXPECT_EQ(lines(withPath("addStream", broken)), did("broken.mp4 could not be read"));
-    EXPECT_EQ(lines.project(), before);
-}
-
 TEST(IntakeCommands, missingFilesAreFoundByNameAndNoStep) {
     Lines lines;
     auto& editor = lines.editor();

@@ -19,51 +19,6 @@ std::string problem(TwoCuts& lines, const std::string& text) {
 
 }
 
-TEST(Kind, aTextSaysSomethingAndATimeIsBounded) {
-    TwoCuts lines;
-    EXPECT_EQ(read<Kind::Text>(lines, R"(" a ")"), " a ");
-    EXPECT_EQ(problem<Kind::Text>(lines, R"(" \n")"), "it must not be blank.");
-    EXPECT_EQ(read<Kind::AnyText>(lines, R"("")"), "");
-    EXPECT_EQ(read<Kind::Seconds>(lines, "1e300"), 1e9);
-    EXPECT_EQ(read<Kind::Seconds>(lines, "-1e300"), -1e9);
-    EXPECT_EQ(read<Kind::TimeSpan>(lines, "[2,2]"), (Stretch{2, 2}));
-    EXPECT_EQ(problem<Kind::TimeSpan>(lines, "[2,1.9]"), "its end is before its start.");
-    EXPECT_EQ(problem<Kind::TimeSpan>(lines, "[1,2,3]"), "two times are expected.");
-}
-
-TEST(Kind, aNameMustNameSomething) {
-    TwoCuts lines;
-    EXPECT_EQ(problem<Kind::ClipTag>(lines, R"("C9")"), "“C9” is not a clip of this project.");
-    EXPECT_EQ(problem<Kind::VideoTag>(lines, R"("V9")"), "“V9” is not a video of this project.");
-    EXPECT_EQ(problem<Kind::BookmarkTag>(lines, R"("B1")"), "“B1” is not a bookmark of this project.");
-    EXPECT_EQ(problem<Kind::IdeaNumber>(lines, R"("idea 1")"), "“idea 1” is not an idea of this project.");
-    EXPECT_EQ(problem<Kind::SourceName>(lines, R"("x")"), "“x” is not a source of this project.");
-    EXPECT_EQ(problem<Kind::Shot>(lines, R"("shot 1")"), "“shot 1” is not a shot of this project.");
-    lines.dress({25});
-    EXPECT_EQ(read<Kind::AnyBlock>(lines, R"("overlay 1")"), lines.look().overlays[0].id);
-    EXPECT_EQ(problem<Kind::AnyBlock>(lines, R"("cut 3")"), "“cut 3” is not a block of this project.");
-    EXPECT_EQ(problem<Kind::PlaybookID>(lines, R"("stock.x")"), "“stock.x” is no playbook of the library.");
-    EXPECT_EQ(Kind::Sound::words(), R"("sound 1" | "song 1", or an id)");
-    EXPECT_EQ(Kind::Cut::words(), R"("cut 1", or an id)");
-}
-
-TEST(Kind, aPickIsAKindANameAndForCaptionsAPiece) {
-    TwoCuts lines;
-    using Kind::TimelinePick;
-    const auto cut = lines.video().cuts[1].id;
-    const auto said = lines.line(1).id;
-    EXPECT_EQ(read<TimelinePick>(lines, R"(["cut","cut 2"])"), (Pick{Pick::Kind::cut, cut, {}}));
-    EXPECT_EQ(read<TimelinePick>(lines, R"(["caption","C01.02"])"), (Pick{Pick::Kind::caption, said, {}}));
-    EXPECT_EQ(read<TimelinePick>(lines, R"(["caption","C01.02",0])"), (Pick{Pick::Kind::caption, said, 0}));
-    EXPECT_EQ(read<TimelinePick>(lines, R"(["caption","C01.02",null])"),
-              (Pick{Pick::Kind::caption, said, {}}));
-    EXPECT_EQ(problem<TimelinePick>(lines, R"(["caption","C01.02",-1])"), "a piece counts from 0.");
-    EXPECT_EQ(problem<TimelinePick>(lines, R"(["cut","cut 2",0])"), "only a caption has pieces.");
-    EXPECT_EQ(problem<TimelinePick>(lines, R"(["shot","cut 2"])"), "“cut 2” is not a shot of this project.");
-    EXPECT_EQ(problem<TimelinePick>(lines, R"(["cut"])"), "a kind and a name are expected.");
-    EXPECT_EQ(problem<TimelinePick>(lines, R"(["caption","C01.02",0,0])"), "a kind and a name are expected.");
-}
-
 TEST(Kind, aCutShowsFootageThatIsThere) {
     TwoCuts lines;
     const auto cut = [&](const std::string& source, double start, double end, const char* more = "") {

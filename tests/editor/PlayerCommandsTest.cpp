@@ -48,20 +48,3 @@ TEST(PlayerCommands, aSkimComesBack) {
     lines(R"(["source.endScrub"])");
     EXPECT_FALSE(lines.editor().source.skimmed());
 }
-
-TEST(PlayerCommands, arePossibleWhereTheirPlayerHasSomething) {
-    TwoCuts lines;
-    lines(R"(["seek",0])");
-    for (const std::string verb : {"seek", "playPause", "shuttle", "step", "skim", "endScrub"})
-        EXPECT_TRUE(lines.possible(verb) && !lines.possible("source." + verb)) << verb;
-}
-
-TEST(PlayerCommands, aTimecodeOfFramesWantsARate) {
-    Lines lines;
-    EXPECT_EQ(lines(R"(["timecode","frames",3661.5,30])"), gave("\"01:01:01:15\""));
-    EXPECT_EQ(lines(R"(["timecode","clock",3661.5])"), gave("\"1:01:01\""));
-    EXPECT_EQ(lines(R"(["timecode","fine",61.5])"), gave("\"1:01.50\""));
-    EXPECT_EQ(lines(R"(["timecode","frames",1])"), refused("“rate” is missing: number."));
-    EXPECT_EQ(lines(R"(["timecode","drop",1])"),
-              refused(R"(“form” is not right: it is one of \"frames\" | \"clock\" | \"fine\".)"));
-}

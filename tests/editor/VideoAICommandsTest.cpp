@@ -46,23 +46,6 @@ TEST(VideoAICommands, refuseWhatCanNotBeDone) {
     EXPECT_TRUE(lines.model.bodies().empty());
 }
 
-TEST(VideoAICommands, askTheOwnerFirst) {
-    WithVideo lines;
-    OwnerAsked asked(lines.editor(), false);
-    EXPECT_EQ(lines(R"(["soundByAI"])"), did("The sound library is empty: Settings ▸ General ▸ Sounds"));
-    EXPECT_EQ(asked.title, "");
-    EXPECT_EQ(lines(R"(["reviseCuts","shorter"])"), fine);
-    EXPECT_EQ(asked.title + " | " + asked.button, "Revise Falls | Go");
-    EXPECT_THAT(asked.words,
-                testing::StartsWith("From your OpenRouter key, on anthropic/claude-sonnet-5.5. "));
-    EXPECT_TRUE(lines.model.bodies().empty());
-    asked.agrees = true;
-    lines.answersCuts({{"C01.01", "C01.01"}});
-    lines(R"(["newVideo","9:16","Another"])");
-    EXPECT_EQ(lines(R"(["reviseCuts","shorter","V1"])"), stepped("Revise Cuts"));
-    EXPECT_EQ(lines.project().videos[0].cuts.size(), 1u);
-}
-
 TEST(VideoAICommands, aRevisionKeepsTrimsThatTheOwnerMadeMeanwhile) {
     WithVideo lines;
     lines.answersCuts({{"C02.01", "C02.01"}, {"C01.01", "C01.01"}});
@@ -172,30 +155,6 @@ TEST(VideoAICommands, whatIsAskedForWhileAJobRunsWaitsItsTurn) {
     EXPECT_TRUE(ideas->failed);
     EXPECT_EQ(ideas->failure, "No ideas came back that hold up; Activity has the answer");
     EXPECT_EQ(lines.editor().toast(), ideas->failure);
-}
-
-TEST(VideoAICommands, aFirstPassIsThreeRequestsAndThreeSteps) {
-    Asking lines;
-    lines.folder.file("home/Movies/Murbo/Sounds/boom.wav", "boom");
-    lines.answersCuts({{"C01.01", "C01.02"}});
-    lines.model.answers(json{{"shots", {{{"at", "C01.01"}, {"layout", "face"}}}}});
-    lines.model.answers(json{{"sounds", {{{"file", "boom.wav"}, {"at", "C01.02"}}}}});
-    lines(R"(["firstPass",["C01"]])");
-    EXPECT_THAT(lines.steps(), ElementsAre("Cut to Instruction", "Look by AI", "Sound by AI"));
-    const auto& video = lines.project().videos[0];
-    for (const auto* kit : {"cutToInstruction", "firstPass", "look", "sound"})
-        EXPECT_TRUE(video.runs->contains(kit)) << kit;
-    EXPECT_EQ(video.runs->at("look").with, "anthropic/claude-haiku-5.5");
-    EXPECT_THAT(lines.model.bodies()[0]["messages"][1]["content"].get<std::string>(),
-                HasSubstr("The lines you can read now:\n\n## C01,"));
-
-    // It stops where one fails.
-    lines.answersCuts({{"C02.01", "C02.01"}});
-    lines.model.says("no look today");
-    EXPECT_THAT(lines(R"(["firstPass",["C02"]])"),
-                HasSubstr("Look stopped. No look could be read from the answer; Activity has it."));
-    EXPECT_EQ(lines.model.bodies().size(), 5u);
-    EXPECT_EQ(lines.project().videos.size(), 2u);
 }
 
 TEST(VideoAICommands, aFirstPassOfAnIdeaNeedsNoCutting) {

@@ -53,38 +53,3 @@ TEST(WordCorrection, standsForWholeWordsInEitherCase) {
         EXPECT_EQ(corrected.places, places) << text;
     }
 }
-
-TEST(WordCorrection, goesThroughAllThatIsSaidInOneStep) {
-    Lines lines;
-    auto& editor = lines.editor();
-    editor.apply([](Project& project) {
-        auto& said = project.transcripts.begin()->second.lines.edit();
-        said[0].text = "one hart left";
-        said[1].text = "Hart by hart";
-        said[2].text = "no hart here";
-        said[2].gone = true;
-    });
-    editor.holdClip(editor.project().clips[0].id);
-    lines(R"(["addToEnd"])");
-    const auto line = editor.project().transcripts.begin()->second.lines[0].id;
-    editor.openOnTimeline(editor.project().videos[0].id);
-    editor.change("Break Caption", [&](Project& project) {
-        CaptionLine broken{.line = line};
-        broken.pieces = std::vector<CaptionLine::Piece>{{.text = "one"}, {.text = "hart left"}};
-        project.videos.edit().insert(project.videos->begin(), Video{.number = 9}); // one without a look
-        project.videos.edit()[1].look.emplace().captions.lines.edit() = {
-            CaptionLine{.line = UUID::make(), .big = true}, broken};
-    });
-    const auto before = editor.project();
-    EXPECT_NE(lines(R"(["correctEverywhere","hart","heart"])").find("“heart” at 3 places"),
-              std::string::npos);
-    const auto& said = editor.project().transcripts.begin()->second.lines;
-    EXPECT_EQ(said[0].text + "|" + said[1].text + "|" + said[2].text,
-              "one heart left|Heart by heart|no hart here");
-    const auto& captions = editor.project().videos[1].look->captions;
-    EXPECT_EQ((*captions.line(line)->pieces)[1].text, "heart left") << "the caption stays broken";
-    editor.undo();
-    EXPECT_EQ(editor.project(), before);
-    lines(R"(["correctEverywhere","zebra","horse"])");
-    EXPECT_EQ(editor.project(), before);
-}

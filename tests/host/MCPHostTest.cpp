@@ -44,31 +44,6 @@ const json renaming{{"video", "V1"}, {"title", "Second"}};
 
 }
 
-TEST_F(MCPHostTest, aChangeIsOneStepThatItsMakerCanTakeBack) {
-    EXPECT_EQ(answer("rename_video", renaming), "V1 is “Second”.");
-    EXPECT_EQ(session->steps.undoName(), "Rename Video");
-    const auto& entry = host.activity().entries().back();
-    EXPECT_EQ(entry.asked, "V1, title Second");
-    EXPECT_EQ(entry.step, "Rename Video");
-    EXPECT_TRUE(entry.made);
-    answer("overview"); // reading is no step
-    EXPECT_EQ(answer("undo_my_last"), "Took back “Rename Video”.");
-    EXPECT_EQ(title(), "First");
-    EXPECT_EQ(answer("what_changed", {{"video", "V1"}}), "Nothing in V1 changed since you last read it.");
-    EXPECT_THAT(answer("undo_my_last"), HasSubstr("Nothing of yours to take back"));
-}
-
-TEST_F(MCPHostTest, whatTheOwnerDidSinceIsNotTakenBack) {
-    answer("rename_video", renaming);
-    session->rename("Third");
-    EXPECT_THAT(answer("undo_my_last"), HasSubstr("Nothing of yours to take back"));
-    EXPECT_THAT(answer("what_changed", {{"video", "V1"}}), HasSubstr("Title: “Second” → “Third”"));
-    const auto entry = host.activity().entries().front();
-    EXPECT_TRUE(host.undoToBefore(entry));
-    EXPECT_EQ(title(), "First");
-    EXPECT_FALSE(host.undoToBefore(entry)) << "it is undone already";
-}
-
 TEST_F(MCPHostTest, theSameStepOfAnotherSessionIsNobodysToTakeBack) {
     answer("rename_video", renaming);
     session = std::make_shared<HeldSession>(*session); // as when the project is closed and opened again
@@ -85,57 +60,12 @@ TEST_F(MCPHostTest, aChangeThatChangesNothingIsNobodysToTakeBack) {
     EXPECT_EQ(title(), "Third");
 }
 
-TEST_F(MCPHostTest, whatIsOffIsRefusedAndFailuresLeaveNoStep) {
-    permit("rename_video", MCPPermissions::Permission::off);
-    EXPECT_EQ(answer("rename_video", renaming),
-              "failed: The owner has turned Rename Video off in Murbo's Settings ▸ MCP.");
-    EXPECT_EQ(answer("set_cuts", {{"video", "V1"}}), "failed: No cut holds up, so V1 is left as it was.");
-    EXPECT_EQ(answer("nonsense"), "failed: Murbo has no tool called nonsense.");
-    EXPECT_TRUE(session->steps.past().empty());
-    EXPECT_TRUE(host.activity().entries().back().failed);
-    host.setSession(nullptr);
-    EXPECT_EQ(answer("overview"), "failed: No project is open in Murbo. Ask the owner to open one.");
-}
-
 TEST_F(MCPHostTest, whatIsAllowedStaysSo) {
     const TemporaryFolder folder;
     SettingsStore store(folder / "settings.json");
     permit("rename_video", MCPPermissions::Permission::off);
     MCPHost(&store).setPermissions(host.permissions());
     EXPECT_EQ(MCPHost(&store).permissions(), host.permissions());
-}
-
-TEST_F(MCPHostTest, shotsTakeTheLayoutsOfTheLibrary) {
-    answer("set_shots", {{"video", "V1"}, {"shots", {{{"at", "C01.01"}, {"layout", "stock.layout.wide"}}}}});
-    ASSERT_TRUE(session->project().videos[0].look);
-    EXPECT_EQ(session->project().videos[0].look->shots[0].playbook, "stock.layout.wide");
-}
-
-TEST_F(MCPHostTest, theOwnerIsAskedAndOthersGoOnMeanwhile) {
-    permit("rename_video", MCPPermissions::Permission::ask);
-    ask("rename_video", renaming);
-    ASSERT_TRUE(host.question());
-    EXPECT_EQ(host.question()->asked, "V1, title Second");
-    EXPECT_EQ(host.busy(), 1);
-    EXPECT_EQ(answer("list_bookmarks"), "The owner has no bookmarks.")
-        << "no call waits for another's question";
-    answers.clear();
-    host.reply(true, true);
-    EXPECT_EQ(answers, std::vector<std::string>{"V1 is “Second”."});
-    EXPECT_EQ(answer("rename_video", renaming), "V1 is “Second”.") << "allowed for ten minutes";
-    EXPECT_EQ(host.busy(), 0);
-}
-
-TEST_F(MCPHostTest, onlyOneQuestionIsOut) {
-    permit("rename_video", MCPPermissions::Permission::ask);
-    std::vector<std::string> first;
-    host.call("rename_video", renaming, nullptr,
-              [&](const json& result) { first.push_back(result["content"][0]["text"].get<std::string>()); });
-    ask("rename_video", {{"video", "V1"}, {"title", "Other"}});
-    EXPECT_EQ(first, std::vector<std::string>{"The owner said no to Rename Video."});
-    host.reply(true);
-    EXPECT_EQ(title(), "Other");
-    host.reply(true); // nothing is asked any more
 }
 
 TEST_F(MCPHostTest, anAppThatLeavesLeavesTheQuestionOfAnother) {

@@ -34,21 +34,6 @@ TEST_F(ReadToolsTest, showsSixtyHits) {
     EXPECT_EQ(std::count(found.begin(), found.end(), '\n'), 60);
 }
 
-TEST_F(ReadToolsTest, whatChangedIsWhatTheOwnerDid) {
-    EXPECT_EQ(text("what_changed", R"({"video": "V1"})"),
-              "You have not read V1 yet this session. read_video gives all of it.");
-    call("read_video", R"({"video": "V1"})");
-    EXPECT_EQ(text("what_changed", R"({"video": "V1"})"), "Nothing in V1 changed since you last read it.");
-    video().title = "Second";
-    video().cuts.edit().pop_back();
-    video().look.emplace().shots.edit() = {{.source = source(), .at = 1}};
-    EXPECT_EQ(text("what_changed", R"({"video": "V1"})"),
-              "Since you last read V1:\nTitle: “First” → “Second”\nCuts, 0:06 → 0:03, now:\n"
-              "1. C01.01 to C01.02, 3.0 s: so this is the boss room two\nShots: 1\n\n"
-              "read_video gives the whole of it as it is now.");
-    EXPECT_EQ(text("what_changed", R"({"video": "V1"})"), "Nothing in V1 changed since you last read it.");
-}
-
 TEST_F(ReadToolsTest, bookmarksSayWhereTheyAre) {
     EXPECT_EQ(text("list_bookmarks", "{}"), "The owner has no bookmarks.");
     project.bookmarks.edit() = {{.number = 1, .source = source(), .at = 3.5, .note = "here"},
@@ -60,11 +45,4 @@ TEST_F(ReadToolsTest, bookmarksSayWhereTheyAre) {
               "B2 rec.mp4 0:08 to 0:09, in no clip, at C01.03 + 2.0 s\n"
               "B3 a missing file 0:01, in no clip\n"
               "B4 rec.mp4 1:40, in C02, at C02.01 - 1.0 s: two lines");
-}
-
-TEST_F(ReadToolsTest, aVideoThatWasReadIsLookedAt) {
-    const auto id = video().id;
-    for (const auto* tool : {"what_changed", "read_video", "what_changed"})
-        EXPECT_EQ(call(tool, R"({"video": "V1"})").looked, id) << tool;
-    EXPECT_FALSE(call("read_clips", R"({"clips": ["C01"]})").looked);
 }

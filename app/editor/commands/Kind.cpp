@@ -21,6 +21,12 @@ auto found(const JsonValue& value, const std::string& what, Find find) {
     return std::move(*named);
 }
 
+/// What a name of a block is to name: "an overlay".
+std::string blockOf(Pick::Kind kind) {
+    if (kind == Pick::Kind::overlay) return "an overlay";
+    return kind == Pick::Kind::music ? "a song" : "a " + std::string(rawText(kind));
+}
+
 }
 
 std::string Text::read(const JsonValue& value, const Editor&) {
@@ -72,8 +78,7 @@ std::string BlockOf<kind>::words() {
 
 template <Pick::Kind kind>
 UUID BlockOf<kind>::read(const JsonValue& value, const Editor& editor) {
-    return found(value, "a " + std::string(rawText(kind)),
-                 [&](const auto& name) { return Named::block(editor, kind, name); });
+    return found(value, blockOf(kind), [&](const auto& name) { return Named::block(editor, kind, name); });
 }
 
 template struct BlockOf<Pick::Kind::cut>;
@@ -110,7 +115,7 @@ Pick TimelinePick::read(const JsonValue& value, const Editor& editor) {
         return pick;
     }
     return {kind,
-            found(value.element(1), "a " + std::string(rawText(kind)),
+            found(value.element(1), blockOf(kind),
                   [&](const auto& name) { return Named::block(editor, kind, name); }),
             {}};
 }

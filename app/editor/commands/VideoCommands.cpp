@@ -65,11 +65,9 @@ void remove(Editor& editor, const UUID& id) {
     editor.change("Delete Video", [&](Project& project) {
         std::erase_if(project.videos.edit(), [&](const Video& one) { return one.id == id; });
     });
-    if (wasOpen) {
-        // The first video has taken its place on the timeline.
+    if (wasOpen) { // the first video has taken its place on the timeline
         editor.setMorePicked({});
         editor.setPicked(std::nullopt);
-        editor.reloadVideo(0);
     }
     editor.say("Deleted " + title + ". Undo brings it back");
 }
