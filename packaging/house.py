@@ -12,7 +12,7 @@ import re
 import subprocess
 import sys
 from collections import defaultdict
-from pathlib import PurePath
+from pathlib import Path, PurePath
 
 PRODUCT = ("platform/", "core/", "app/")
 
@@ -235,8 +235,9 @@ TEST = re.compile(r"^TEST(?:_[FP])?\(\s*(\w+)\s*,\s*(\w+)\s*\)", re.MULTILINE)
 
 
 def untested_sources(sources, tests):
-    """Sources that no test file is named after."""
+    """Sources that no test is named after: neither a file of tests nor the approved text of a tour."""
     names = {PurePath(file).stem for file in tests}
+    names |= {file.stem + "Test" for file in Path("tests").glob("*/approved/*.txt")}
     return [file for file in sources if PurePath(file).stem + "Test" not in names]
 
 

@@ -194,7 +194,8 @@ std::string title(const Action& action) {
 std::string keys(const Action& action) {
     if (!action.command) return action.keys;
     const auto key = Keys::standard().key(*action.command);
-    if (key.size() != 1) return key == "space" ? "Space" : "Delete";
+    if (key == "space") return "Space";
+    if (key == "delete") return "Delete";
     return QString::fromStdString(key).toUpper().toStdString();
 }
 

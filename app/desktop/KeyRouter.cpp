@@ -92,6 +92,9 @@ bool KeyRouter::press(const QKeyEvent& event) {
     const bool menu = event.key() == Qt::Key_Menu || (action && action->id == "contextMenu");
     if (menu) return project.perform("contextMenu");
     if (toText) return false;
+    // With Ctrl arrows size what stands in the framing, where that has the keys.
+    if (action && action->id.starts_with("walk.") && focus && focus->property("sizedByArrows").toBool())
+        return false;
     if (action) return project.perform(QString::fromStdString(action->id));
     return !held && pressBare(event);
 }

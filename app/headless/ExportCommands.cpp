@@ -7,6 +7,7 @@
 #include "core/render/VideoComposition.h"
 #include "core/render/export/Exporter.h"
 #include "core/render/export/OwnFiles.h"
+#include "platform/base/CommaList.h"
 #include "platform/base/Files.h"
 #include "platform/base/Numbers.h"
 #include "platform/base/Problem.h"
@@ -37,11 +38,8 @@ const Video& video(const std::string& tag, const Project& project) {
 /// The times in a list like "1.5,2"; what is no time is passed over.
 std::vector<double> times(std::string_view list) {
     std::vector<double> result;
-    for (std::size_t at = 0; at <= list.size();) {
-        const auto end = std::min(list.find(',', at), list.size());
-        if (const auto time = Numbers::parse(list.substr(at, end - at))) result.push_back(*time);
-        at = end + 1;
-    }
+    for (const auto entry : CommaList::entries(list))
+        if (const auto time = Numbers::parse(entry)) result.push_back(*time);
     return result;
 }
 

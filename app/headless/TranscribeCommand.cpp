@@ -10,6 +10,7 @@
 #include "core/model/package/PackageLock.h"
 #include "core/model/package/ProjectPackage.h"
 #include "platform/base/Cancelled.h"
+#include "platform/base/CommaList.h"
 #include "platform/base/Problem.h"
 
 #include <algorithm>
@@ -33,12 +34,8 @@ constexpr std::size_t shownLines = 3;
 
 /// The clips that the word asks for and whose footage is there, by their numbers.
 std::vector<Clip> clips(const std::string& word, const Commands::Opened& opened) {
-    std::set<std::string> tags;
-    for (std::size_t at = 0; at <= word.size();) {
-        const auto end = std::min(word.find(',', at), word.size());
-        tags.insert(word.substr(at, end - at));
-        at = end + 1;
-    }
+    const auto listed = CommaList::entries(word);
+    const std::set<std::string_view> tags(listed.begin(), listed.end());
     std::vector<Clip> found;
     std::copy_if(opened.project.clips.begin(), opened.project.clips.end(), std::back_inserter(found),
                  [&](const Clip& clip) {

@@ -10,6 +10,7 @@
 #include "core/ai/Brief.h"
 #include "core/model/ProjectSummary.h"
 #include "platform/base/Cancelled.h"
+#include "platform/base/CommaList.h"
 #include "platform/base/RawText.h"
 #include "platform/base/Text.h"
 #include "platform/net/OpenRouterAddress.h"
@@ -65,12 +66,8 @@ UUID video(const Editor& editor, const std::string& tag) {
 
 /// The clips of a list of tags, exactly as they are; "all" leaves out rejected ones.
 std::vector<UUID> clips(const Editor& editor, const std::string& word) {
-    std::set<std::string> tags;
-    for (std::size_t at = 0; at <= word.size();) {
-        const auto end = std::min(word.find(',', at), word.size());
-        tags.insert(word.substr(at, end - at));
-        at = end + 1;
-    }
+    const auto listed = CommaList::entries(word);
+    const std::set<std::string_view> tags(listed.begin(), listed.end());
     std::vector<UUID> found;
     for (const auto& clip : editor.project().clips)
         if (word == "all" ? clip.rating != -1 : tags.contains(clip.tag())) found.push_back(clip.id);

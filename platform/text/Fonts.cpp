@@ -1,5 +1,6 @@
 #include "platform/text/Fonts.h"
 
+#include "platform/base/CommaList.h"
 #include "platform/text/FontSet.h"
 #include "platform/text/Unicode.h"
 
@@ -29,12 +30,8 @@ int weightNumber(double weight) {
 
 Font font(std::string_view list, double weight, double size) {
     Font font{{}, weightNumber(weight), size};
-    while (!list.empty()) {
-        const std::size_t comma = std::min(list.find(','), list.size());
-        const std::string_view name = Unicode::trimmed(list.substr(0, comma));
-        if (installed(name)) font.families.emplace_back(name);
-        list.remove_prefix(std::min(comma + 1, list.size()));
-    }
+    for (const auto entry : CommaList::entries(list))
+        if (const auto name = Unicode::trimmed(entry); installed(name)) font.families.emplace_back(name);
     return font;
 }
 

@@ -3,8 +3,6 @@
 #include "app/desktop/inspector/Inspection.h"
 #include "tests/desktop/TimelineVideo.h"
 
-#include <string>
-
 namespace murbo {
 
 /// A video with something of every kind on it, as the Inspector tab shows it.
@@ -27,24 +25,6 @@ public:
 
     const Look& look() const { return *editor.video()->look; }
     void pick(Pick::Kind kind, const UUID& id) { editor.setPicked(Pick{kind, id, {}}); }
-    void pickBothOverlays() {
-        editor.setMorePicked({Pick{Pick::Kind::overlay, look().overlays[0].id, {}}});
-        pick(Pick::Kind::overlay, look().overlays[1].id);
-    }
-    QVariant at(const char* row) const {
-        const auto* found = inspection.row(row);
-        return found ? found->current : QVariant();
-    }
-    bool changed(const char* row) const { return inspection.row(row) && inspection.row(row)->changed; }
-    /// The ids of all rows with a space after each.
-    std::string ids() {
-        std::string list;
-        for (int row = 0; row < inspection.rows()->rowCount(); ++row) {
-            const auto values = inspection.rows()->index(row, 0).data(Qt::UserRole + 1).toMap();
-            list += values["id"].toString().toStdString() + " ";
-        }
-        return list;
-    }
 
     Inspection inspection{editor};
 };

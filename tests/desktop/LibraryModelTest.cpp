@@ -6,29 +6,6 @@ using namespace murbo;
 
 using LibraryModelTest = OnWindow<WindowOfLibrary>;
 
-TEST_F(LibraryModelTest, everyKindComesIntoTheVideoAndOutAgain) {
-    const auto start = shown->onDisk();
-    LibraryModel model(shown->editor(), shown->opened->arriving(), {});
-    ASSERT_TRUE(shown->turn(model, Collection::layouts));
-    ASSERT_GT(model.rowCount(), 0);
-    EXPECT_TRUE(model.add(0));
-    ASSERT_EQ(shown->look().shots.size(), 1U);
-    EXPECT_EQ(shown->look().shots[0].playbook, model.rows()[0].book->id());
-
-    ASSERT_TRUE(shown->turn(model, Collection::playbooks));
-    EXPECT_TRUE(model.addAt(0, 1.5));
-    ASSERT_EQ(shown->look().overlays.size(), 1U);
-    EXPECT_NEAR(shown->look().overlays[0].at, 1.5, 1e-6);
-
-    ASSERT_TRUE(shown->turn(model, Collection::generators));
-    EXPECT_TRUE(model.addAt(0, 3.9));
-    ASSERT_EQ(shown->cuts(), 2U);
-    EXPECT_TRUE(shown->editor().video()->cuts[1].generator) << "at the seam that is nearest";
-
-    while (shown->step() != "Add Clip") shown->editor().undo();
-    EXPECT_EQ(shown->onDisk().videos, start.videos);
-}
-
 TEST_F(LibraryModelTest, soundsAreListedByFolderAndHeard) {
     LibraryModel model(shown->editor(), shown->opened->arriving(), {});
     ASSERT_TRUE(shown->turn(model, Collection::sounds));

@@ -6,20 +6,6 @@
 
 using namespace murbo;
 
-TEST(SplitterSizes, areRememberedForWindowsAboutThatWide) {
-    const TemporaryFolder folder;
-    const Environment config("XDG_CONFIG_HOME", folder.path);
-    SplitterSizes sizes;
-    sizes.set("timeline", 1280, 300);
-    sizes.set("timeline", 1920, 420);
-    EXPECT_EQ(SplitterSizes().size("timeline", 1400), 300);
-    EXPECT_EQ(SplitterSizes().size("timeline", 1600), 420);
-    EXPECT_EQ(sizes.size("timeline", 2560), 0) << "not yet chosen: the standard";
-    sizes.set("timeline", 1280, 0);
-    EXPECT_EQ(sizes.size("timeline", 1280), 0);
-    EXPECT_EQ(sizes.size("timeline", 1920), 420);
-}
-
 using SplitterSizesTest = OnWindow<WindowOfProject>;
 
 TEST_F(SplitterSizesTest, theTimelinesSplitterIsDraggedAndPutBackByADoubleClick) {

@@ -17,59 +17,6 @@ std::vector<TimelineBlock> on(const TimelineLayout& layout, TimelineRow row) {
 
 }
 
-TEST_F(TimelineLayoutTest, cutsFollowOneAnotherUnderTheTagsOfWhatIsSaid) {
-    const auto layout = video.layout();
-    const auto cuts = on(layout, TimelineRow::picture);
-    ASSERT_EQ(cuts.size(), 3);
-    EXPECT_EQ(cuts[0].label, "C01.01");
-    EXPECT_EQ(cuts[1].from, 4);
-    EXPECT_EQ(cuts[2].to, 12);
-    EXPECT_EQ(cuts[1].at, 30);
-    EXPECT_EQ(layout.length, 12);
-    const auto captions = on(layout, TimelineRow::captions);
-    ASSERT_EQ(captions.size(), 3);
-    EXPECT_EQ(captions[1].from, 5) << "a caption lies where its words are heard";
-    EXPECT_EQ(on(layout, TimelineRow::sounds).at(0).label, "boom");
-}
-
-TEST_F(TimelineLayoutTest, rowsLieUnderOneAnotherAndOnlyThoseThatHoldSomething) {
-    const auto layout = video.layout();
-    double below = TimelineLayout::rulerHeight;
-    for (const auto& track : layout.tracks) {
-        EXPECT_GT(track.top, below);
-        below = track.top + track.height;
-    }
-    EXPECT_FALSE(layout.track(TimelineRow::music));
-    EXPECT_FALSE(layout.track(TimelineRow::overlays));
-}
-
-TEST_F(TimelineLayoutTest, whatLiesAtOneTimeHasLanesOfItsOwn) {
-    video.editor.change("Sounds", [](Project& project) {
-        auto& sounds = project.videos.edit()[0].look->sounds.edit();
-        for (int more = 0; more < 3; ++more) {
-            sounds.push_back(sounds[0]);
-            sounds.back().id = UUID::make();
-        }
-    });
-    const auto layout = video.layout();
-    EXPECT_EQ(layout.track(TimelineRow::sounds)->lanes, 4);
-    for (const auto& block : on(layout, TimelineRow::sounds)) {
-        const auto* hit = layout.hit(block.from + 0.1, layout.top(block) + 5);
-        ASSERT_TRUE(hit);
-        EXPECT_EQ(hit->pick, block.pick);
-    }
-}
-
-TEST_F(TimelineLayoutTest, aPressMeetsTheBlockUnderIt) {
-    const auto layout = video.layout();
-    const double y = layout.track(TimelineRow::picture)->top + 20;
-    EXPECT_EQ(layout.hit(4.5, y)->pick.id, video.cut(1).id);
-    EXPECT_EQ(layout.hit(4, y)->pick.id, video.cut(1).id) << "a cut begins at its first moment";
-    EXPECT_FALSE(layout.hit(12.5, y));
-    EXPECT_EQ(layout.rowAt(y), TimelineRow::picture);
-    EXPECT_FALSE(layout.rowAt(3)) << "the ruler is no row";
-}
-
 TEST_F(TimelineLayoutTest, quietIsKnownOnlyWhereWordsWereWrittenDown) {
     // Of the third cut's five seconds the first is silent, and the last; neither for long.
     EXPECT_TRUE(on(video.layout(), TimelineRow::picture)[2].quiet.empty());
@@ -123,26 +70,4 @@ TEST_F(TimelineLayoutTest, looksEachPlaybookUpOnce) {
     std::multiset<std::string> labels;
     for (const auto& block : on(layout, TimelineRow::overlays)) labels.insert(block.label);
     EXPECT_EQ(labels, (std::multiset<std::string>{"Own 1", "Own 1", "Own 1", "Own 2"}));
-}
-
-TEST_F(TimelineLayoutTest, aRowThatIsOffShowsItsSoundsAsMuted) {
-    const auto mute = [&](Lane lane) {
-        video.editor.change("Mute", [&](Project& project) {
-            auto& look = *project.videos.edit()[0].look;
-            if (!look.mix) look.mix.emplace();
-            look.mix->toggleMute(lane);
-        });
-    };
-    const auto off = [&](TimelineRow row) {
-        const auto block = on(video.layout(), row)[0];
-        return block.muted || block.silent;
-    };
-    EXPECT_FALSE(off(TimelineRow::sounds) || off(TimelineRow::picture));
-    mute(Lane::sounds);
-    EXPECT_TRUE(off(TimelineRow::sounds));
-    mute(Lane::video);
-    EXPECT_TRUE(off(TimelineRow::picture));
-    EXPECT_FALSE(on(video.layout(), TimelineRow::picture)[0].muted) << "its picture is seen as before";
-    mute(Lane::sounds);
-    EXPECT_FALSE(off(TimelineRow::sounds));
 }

@@ -20,8 +20,8 @@ class TimelineSceneTest : public testing::Test {
 protected:
     /// What there is of a kind in the rows.
     template <class Kind>
-    std::vector<Kind> drawn(const TimelineSpan& span, const TimelineScene::Parted& parted = {}) const {
-        return only<Kind>(TimelineScene::rows(layout, span, {}, colours, parted));
+    std::vector<Kind> drawn(const TimelineSpan& span) const {
+        return only<Kind>(TimelineScene::rows(layout, span, {}, colours));
     }
 
     TimelineVideo video;
@@ -29,39 +29,6 @@ protected:
     TimelineColours colours = TimelineTheme::of({});
 };
 
-}
-
-TEST_F(TimelineSceneTest, namesStandOnlyWhereThereIsRoom) {
-    EXPECT_GE(drawn<DrawList::Label>({0, 40, 800}).size(), 7);
-    EXPECT_TRUE(drawn<DrawList::Label>({0, 1, 800}).empty());
-}
-
-TEST_F(TimelineSceneTest, whatLiesOutsideIsNotDrawn) {
-    for (const double from : {0.0, 3.0, 7.5, 11.0, 30.0}) {
-        const TimelineSpan span{from, 100, 300};
-        for (const auto& wave : drawn<DrawList::Wave>(span)) {
-            EXPECT_LE(wave.rect.left(), span.width);
-            EXPECT_GE(wave.rect.right(), 0);
-        }
-        for (const auto& still : drawn<DrawList::Still>(span)) EXPECT_LT(still.rect.left(), span.width);
-    }
-}
-
-TEST_F(TimelineSceneTest, aCutsStripIsCoveredOnceFromEndToEnd) {
-    double right = 0;
-    for (const auto& still : drawn<DrawList::Still>({0, 37, 2000})) {
-        EXPECT_NEAR(still.rect.left(), right, 1.01) << "no gap wider than that between cuts";
-        right = still.rect.right();
-    }
-    EXPECT_NEAR(right, 12 * 37, 1.01);
-}
-
-TEST_F(TimelineSceneTest, aCutWithoutItsFileHasASignInPlaceOfPictures) {
-    const auto signs = [&] { return drawn<DrawList::Symbol>({0, 40, 800}); };
-    const auto before = signs().size();
-    for (auto& block : layout.blocks) block.missing = block.row == TimelineRow::picture;
-    EXPECT_EQ(signs().size(), before + 3);
-    EXPECT_EQ(signs().back().name, "file-question");
 }
 
 TEST_F(TimelineSceneTest, aGeneratedCutIsCoveredByItsPictureInView) {
@@ -87,23 +54,6 @@ TEST_F(TimelineSceneTest, timesOnTheRulerNeverTouch) {
         const double step = TimelineScene::rulerStep(scale);
         EXPECT_TRUE(step * scale >= 64 || step == 14400) << scale;
     }
-}
-
-TEST_F(TimelineSceneTest, freeFootageReachesAsFarAsTheSourceDoes) {
-    const auto& first = *std::ranges::find(layout.blocks, TimelineRow::picture, &TimelineBlock::row);
-    const TimelineSpan span{-20, 5, 1000};
-    const auto fills = only<DrawList::Patch>(TimelineScene::freeFootage(layout, span, first, colours));
-    ASSERT_FALSE(fills.empty());
-    double left = 1e9;
-    double right = -1e9;
-    for (const auto& fill : fills) {
-        left = std::min(left, fill.rect.left());
-        right = std::max(right, fill.rect.right());
-        EXPECT_FALSE(fill.rect.left() < span.x(4) - 1 && fill.rect.right() > span.x(0) + 1)
-            << "not over the cut";
-    }
-    EXPECT_NEAR(left, span.x(-10), 0.01) << "10 s lie before it";
-    EXPECT_NEAR(right, span.x(90), 0.01) << "86 s after it";
 }
 
 TEST_F(TimelineSceneTest, anOverlayShowsItsPictureAndItsNameBesideIt) {
@@ -144,13 +94,4 @@ TEST_F(TimelineSceneTest, anOverlayShowsItsPictureAndItsNameBesideIt) {
     for (const auto& still : drawn<DrawList::Still>(span))
         stills += still.rect.top() < top + 24 && still.second == 31;
     EXPECT_EQ(stills, 1) << "a stretch of the footage shows that";
-}
-
-TEST_F(TimelineSceneTest, whatIsCarriedIsNotDrawnAndItsRoomIs) {
-    const auto plain = drawn<DrawList::Wave>({0, 40, 800});
-    const auto parted =
-        drawn<DrawList::Wave>({0, 40, 800}, {{{video.cut(1).id, -4}}, video.cut(0).id, Stretch{3, 7}});
-    EXPECT_EQ(plain.front().rect.left(), 0);
-    EXPECT_EQ(parted.front().rect.left(), 0) << "the second stands where the first stood";
-    EXPECT_EQ(parted.size() + 1, plain.size());
 }

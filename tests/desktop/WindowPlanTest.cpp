@@ -38,15 +38,3 @@ TEST(WindowPlan, regionsLieInTheWindowAndNoneCoversAnother) {
                     }
                 }
 }
-
-TEST(WindowPlan, anUprightVideoTakesTheHeightWhereThereIsRoom) {
-    const auto large = WindowPlan::of({1920, 1080, true, true, true, 0});
-    EXPECT_TRUE(large.tall);
-    EXPECT_EQ(large.video.height(), 1080 - WindowPlan::bar - WindowPlan::line);
-    EXPECT_FALSE(WindowPlan::of({1920, 1080, false, true, true, 0}).tall);
-    EXPECT_FALSE(WindowPlan::of({1920, 1080, true, false, true, 0}).tall);
-    const auto small = WindowPlan::of({1280, 800, true, true, true, 0});
-    EXPECT_FALSE(small.tall);
-    EXPECT_TRUE(small.tabs);
-    EXPECT_EQ(small.video, small.source);
-}

@@ -8,6 +8,8 @@
 #include "tests/editor/Asking.h"
 #include "tests/model/Written.h"
 
+#include <algorithm>
+
 using namespace murbo;
 
 namespace fs = std::filesystem;
@@ -192,11 +194,24 @@ private:
     Environment spending{"XDG_STATE_HOME", folder / "state"};
 };
 
+/// The names of the tours, each after the source whose commands it goes through.
+std::vector<std::string> tours() {
+    std::vector<std::string> names;
+    for (const auto& file : fs::directory_iterator(room / "tours"))
+        names.push_back(file.path().stem().string());
+    std::ranges::sort(names);
+    return names;
+}
+
+class SessionTours : public testing::TestWithParam<std::string> {};
+
+}
+
 /// Goes through a file of lines. "== title" begins a session of its own, "#" a remark.
-void tour(const std::string& name) {
+TEST_P(SessionTours, areAsApproved) {
     std::string told;
     std::unique_ptr<Touring> session;
-    std::istringstream lines(contentsOf(room / "tours" / (name + ".jsonl")));
+    std::istringstream lines(contentsOf(room / "tours" / (GetParam() + ".jsonl")));
     for (std::string line; std::getline(lines, line);) {
         if (line.starts_with("==")) {
             session.reset();
@@ -210,23 +225,8 @@ void tour(const std::string& name) {
         for (auto at = told.find(folder); at != told.npos; at = told.find(folder, at))
             told.replace(at, folder.size(), "$F");
     }
-    expectApproved("editor/approved/" + name + ".txt", told);
+    expectApproved("editor/approved/" + GetParam() + ".txt", told);
 }
 
-}
-
-TEST(SessionTours, cutsAreAsApproved) {
-    tour("cuts");
-}
-TEST(SessionTours, lookIsAsApproved) {
-    tour("look");
-}
-TEST(SessionTours, sessionIsAsApproved) {
-    tour("session");
-}
-TEST(SessionTours, footageIsAsApproved) {
-    tour("footage");
-}
-TEST(SessionTours, modelsAreAsApproved) {
-    tour("models");
-}
+INSTANTIATE_TEST_SUITE_P(Editor, SessionTours, testing::ValuesIn(tours()),
+                         [](const auto& tour) { return tour.param; });

@@ -21,7 +21,7 @@ std::string text(const Rect& rect) {
 }
 
 std::string text(const std::optional<Move>& move) {
-    return move ? " " + Codec::encode(*move, JsonWriter::Layout::compact) : "";
+    return move ? fmt::format(" {}", Codec::encode(*move, JsonWriter::Layout::compact)) : "";
 }
 
 /// What is the same in all but a few is said only where it is not.

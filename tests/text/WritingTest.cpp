@@ -14,7 +14,7 @@ TEST(Writing, textsAreDividedAndLaidOutAsApproved) {
     if (!Fonts::installed("Nunito")) GTEST_SKIP() << "The fonts that come with the program are not here.";
     std::string all;
     for (std::string text : linesOf("text/approved/texts.txt")) {
-        for (auto at = text.find("\\n"); at != text.npos; at = text.find("\\n")) text.replace(at, 2, "\n");
+        for (auto at = text.find("\\n"); at != text.npos; at = text.find("\\n")) text.replace(at, 2, 1, '\n');
         all += fmt::format("“{}”\n  characters {}\n  words {}\n  lines {}\n  “{}” “{}”{}\n", text,
                            Unicode::characterEnds(text), Unicode::wordEnds(text), Unicode::lineEnds(text),
                            Unicode::upper(text), Unicode::trimmed(text),

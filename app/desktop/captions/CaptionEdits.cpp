@@ -235,6 +235,9 @@ void breakAt(Editor& editor, const Pick& pick, std::size_t place) {
         const auto at = std::min(place, cue.text.size());
         texts.push_back(cue.text.substr(0, at));
         texts.push_back(cue.text.substr(at));
+        // At an end there is nothing to break, and the pieces that are there stay as they are.
+        for (const auto& part : {texts.end()[-2], texts.back()})
+            if (Text::trimmedOfBlanks(part).empty()) return;
     }
     CaptionCommands::breakCaption(editor, pick.id, texts);
 }

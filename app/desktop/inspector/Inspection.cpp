@@ -19,6 +19,7 @@
 #include "core/playbooks/Playbooks.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace murbo {
 
@@ -221,7 +222,8 @@ void Inspection::setEnd(UUID id, const std::string& end, double to) {
     const double wanted = end == "length" ? cut->start + to : to;
     if (cut->generator) // drawn, for as long as one likes
         return editor.change("Trim End", [&](Project& project) {
-            VideoEdits::trimEnd(Changes::openVideo(editor, project), id, wanted, wanted);
+            VideoEdits::trimEnd(Changes::openVideo(editor, project), id, wanted,
+                                std::numeric_limits<double>::infinity());
         });
     CutCommands::trim(editor, id, start, wanted);
     CutCommands::endTrim(editor, id, start, start ? "Trim Start" : "Trim End");

@@ -4,11 +4,13 @@
 #include "app/editor/commands/BladeCommands.h"
 #include "app/editor/commands/CommandRun.h"
 #include "app/editor/commands/CutCommands.h"
+#include "app/editor/commands/LookCommands.h"
 #include "core/model/edits/VideoEdits.h"
 #include "core/render/plan/Snapping.h"
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 #include <fmt/format.h>
 
@@ -55,8 +57,6 @@ std::optional<std::string> placing(const TimelineBlock& block, double from, std:
     const auto id = block.pick.id.text();
     const auto time = length ? fmt::format("{},{}", from, *length) : fmt::format("{}", from);
     switch (block.pick.kind) {
-        case Pick::Kind::shot:
-            return fmt::format(R"(["moveShot","{}",{}])", id, from);
         case Pick::Kind::overlay:
             return fmt::format(R"(["dragOverlay","{}",{}])", id, time);
         case Pick::Kind::sound:
@@ -65,6 +65,16 @@ std::optional<std::string> placing(const TimelineBlock& block, double from, std:
         default:
             return {};
     }
+}
+
+/// A shot begins at its moment of the footage: it goes to the one that is under that time.
+void placeShot(Editor& editor, const UUID& id, double time) {
+    const auto moment = LookCommands::momentAt(editor, time);
+    if (!moment) return;
+    LookCommands::dragLook(editor, [&](Look& look) {
+        for (auto& shot : look.shots.edit())
+            if (shot.id == id) std::tie(shot.source, shot.at) = std::pair(moment->source, moment->at);
+    });
 }
 
 std::string stepName(const TimelineBlock& block, TimelineDrag::Grip grip) {
@@ -250,7 +260,9 @@ void TimelineDrag::dragBlock(double time, double scale, const Modifiers& keys) {
     } else {
         length = std::max(snapped(held->to + by) - held->from, 0.1);
     }
-    if (const auto line = placing(*held, std::max(from, 0.0), length)) CommandRun::run(editor, *line);
+    from = std::max(from, 0.0);
+    if (held->pick.kind == Pick::Kind::shot) return placeShot(editor, held->pick.id, from);
+    if (const auto line = placing(*held, from, length)) CommandRun::run(editor, *line);
 }
 
 /// It goes with the pointer from where it was taken: an edge, or all of it.

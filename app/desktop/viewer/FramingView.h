@@ -20,6 +20,7 @@ class FramingView : public DrawnView {
     Q_PROPERTY(QColor label MEMBER labelColour NOTIFY coloursChanged)
     Q_PROPERTY(QColor veil MEMBER veil NOTIFY coloursChanged)
     Q_PROPERTY(bool takesArrows READ takesArrows CONSTANT)
+    Q_PROPERTY(bool sizedByArrows READ takesArrows CONSTANT)
     Q_PROPERTY(QString words READ words NOTIFY framingChanged)
 
 public:

@@ -1,6 +1,7 @@
 #include "core/render/stage/Particles.h"
 
 #include "core/playbooks/Drift.h"
+#include "platform/base/CommaList.h"
 #include "platform/base/SeededRandom.h"
 #include "platform/base/Text.h"
 
@@ -116,12 +117,8 @@ Image confetti(const Chances& r, double size) {
 /// What a comma-separated list names.
 std::vector<std::string> listed(std::string_view text) {
     std::vector<std::string> names;
-    for (std::size_t at = 0; at <= text.size();) {
-        const auto end = std::min(text.find(',', at), text.size());
-        if (auto name = Text::trimmedOfBlanks(text.substr(at, end - at)); !name.empty())
-            names.push_back(std::move(name));
-        at = end + 1;
-    }
+    for (const auto entry : CommaList::entries(text))
+        if (auto name = Text::trimmedOfBlanks(entry); !name.empty()) names.push_back(std::move(name));
     return names;
 }
 
