@@ -44,6 +44,7 @@ TEST(Loudness, answersTheLoudestOfAStretch) {
     const Loudness loudness{{0, 51, 255, 102}};
     EXPECT_DOUBLE_EQ(loudness.level(0.1, 0.1), 0.2);
     EXPECT_DOUBLE_EQ(loudness.level(0, 0.35), 1);
+    EXPECT_DOUBLE_EQ(loudness.level(0.05, 0.25), 1); // its last level is the loudest
     EXPECT_DOUBLE_EQ(loudness.level(0.3, 9), 0.4);
     EXPECT_DOUBLE_EQ(loudness.level(2, 3), 0);
     EXPECT_DOUBLE_EQ(loudness.level(0.3, 0), 0);

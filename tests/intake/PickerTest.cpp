@@ -101,6 +101,10 @@ TEST(Picker, spreadsOverAllFootage) {
     EXPECT_LE(spread[1].start, 10);
     EXPECT_EQ(spread, Picker::spread(sources, 10, 2, picks, again));
 
+    // A pick across the border of two slots belongs to that of its middle.
+    const std::vector<Pick> across{{.source = second, .start = 9, .end = 12, .score = 0.1}};
+    EXPECT_EQ(Picker::spread(sources, 10, 2, across, generator)[2], across[0]);
+
     EXPECT_THAT(Picker::spread(sources, 0, 2, picks, generator), IsEmpty());
     EXPECT_THAT(Picker::spread(sources, 10, -1, picks, generator), IsEmpty());
     EXPECT_THAT(Picker::spread({}, 10, 2, picks, generator), IsEmpty());

@@ -199,6 +199,12 @@ TEST(Playback, playsFromTheStartAgainAtTheEnd) {
     playback.playPause();
     playback.pass(2.985);
     EXPECT_EQ(playback.rate(), 0);
+    playback.seek(4);
+    playback.shuttle(false);
+    playback.pass(0.9);
+    EXPECT_EQ(playback.rate(), -1);
+    playback.pass(0.1);
+    EXPECT_EQ(playback.rate(), 0) << "backward at the span's start";
 }
 
 TEST(Playback, shuttleDoublesUpToEightTimesAndBeginsAnewTheOtherWay) {

@@ -24,9 +24,12 @@ TEST(PlaybookCheck, findsEveryFaultInOnePass) {
     EXPECT_EQ(checked("[]"), "A playbook is a JSON object.");
     EXPECT_EQ(checked("{}"), "A playbook needs layers, a list.");
     EXPECT_EQ(
-        checked(R"({"id": "a/b", "kind": "overlay", "nam": 1, "captions": "$low", "layers": 1,
+        checked(R"({"id": "a/b", "kind": "overlay", "nam": 1, "sound": 1, "captions": "$low", "layers": 1,
                           "params": {"p": {"type": "word"}, "q": {}}})"),
         "“nam” is not a field of a playbook. Fields: about, captions, cover, id, kind, layers, length, mute, "
+        "name, params, timing, version.\n"
+        "“sound” is not a field of a playbook. Fields: about, captions, cover, id, kind, layers, length, "
+        "mute, "
         "name, params, timing, version.\n"
         "params.p: type “word” is not one of text, colour, number, choice, toggle, media.\n"
         "id: “a/b” may not contain / or ..\n"
