@@ -40,6 +40,9 @@ TEST(GeneratedCard, isKnownByWhatItShows) {
     other.aspect = Video::Aspect::horizontal;
     EXPECT_NE(number(other), number(card));
     EXPECT_NE(number(titled("Two")), number(card));
+    other = titled("One");
+    other.cut.generator->version = 2;
+    EXPECT_NE(number(other), number(card)) << "drawn anew after an update";
 }
 
 TEST(GeneratedCard, isDrawnAsideAndComesOnce) {

@@ -1,3 +1,4 @@
+#include "app/desktop/transcript/TranscriptGutter.h"
 #include "tests/desktop/TranscriptWindow.h"
 
 #include <QClipboard>
@@ -28,6 +29,11 @@ TEST_F(TranscriptPageTest, theCaretIsThePlayheadOfWhatIsHeld) {
     for (int y = 0; y < picture.height(); ++y)
         for (int x = 970; x < picture.width(); ++x) marked += picture.pixelColor(x, y) == QColor("#8C2F2A");
     EXPECT_GT(marked, 100);
+    const auto* gutter = shown->item<TranscriptGutter>();
+    const QRectF beside(gutter->mapToScene({}), QSizeF(40, gutter->height()));
+    shown->editor().source.seek(0.4);
+    shown->settle(20);
+    EXPECT_NE(shown->window().grabWindow().copy(beside.toRect()), picture.copy(beside.toRect()));
 }
 
 TEST_F(TranscriptPageTest, typingCorrectsALineOnceTheCaretLeavesIt) {

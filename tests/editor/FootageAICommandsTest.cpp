@@ -82,7 +82,8 @@ TEST(FootageAICommands, whoStopsABatchStopsTheRun) {
 TEST(FootageAICommands, aNoteIsWrittenFromFrames) {
     Asking lines;
     if (!made::canMake()) GTEST_SKIP() << "There is no ffmpeg here.";
-    const auto movie = made::file("rec.mp4", "-f lavfi -i testsrc2=s=1600x900:r=25:d=2 -c:v libx264");
+    const auto movie =
+        made::file("rec.mp4", "-f lavfi -i testsrc2=s=1600x900:r=25:d=2 -c:v libx264 -movflags +faststart");
     lines.editor().apply([&](Project& project) { project.sources.edit()[0].path = movie; });
     lines(R"(["set","heldSource","rec.mp4"])");
     EXPECT_EQ(lines(R"(["notesFromFrames"])"), did("Mark a range in the source viewer first"));
@@ -103,4 +104,10 @@ TEST(FootageAICommands, aNoteIsWrittenFromFrames) {
     ASSERT_EQ(notes.size(), 1u);
     EXPECT_EQ(notes[0].text, "A test picture moves.");
     EXPECT_EQ(contentsOf(lines.package() / "activity.jsonl").find("base64"), std::string::npos);
+    const auto cut = lines.folder / "cut.mp4"; // its head says of pictures that are not there
+    std::filesystem::copy_file(movie, cut);
+    std::filesystem::resize_file(cut, 4000);
+    lines.editor().apply([&](Project& project) { project.sources.edit()[0].path = cut; });
+    EXPECT_EQ(lines(R"(["notesFromFrames"])"), did("No picture of that stretch could be read."));
+    EXPECT_EQ(lines.model.bodies().size(), 1u);
 }

@@ -45,6 +45,11 @@ TEST(ScriptRun, answersALineEachAndGoesOnAfterFaults) {
                                                unread + unread + "\\{\"ok\":true,\"value\":\"1:01\"\\}\n"));
 }
 
+TEST(ScriptRun, aLineMayComeInTwoPieces) {
+    EXPECT_EQ(printed(std::string(65530, '\n') + R"(["timecode","clock",61])"),
+              "{\"ok\":true,\"value\":\"1:01\"}\n");
+}
+
 TEST(ScriptRun, aLineWaitsForTheOneBeforeAndTheStepsOutliveTheRun) {
     const TemporaryFolder folder;
     EXPECT_EQ(printed("[\"wait\",0.05]\n[\"setLanguage\",\"en\"]\n[\"timecode\",\"clock\",61]", 0, folder),

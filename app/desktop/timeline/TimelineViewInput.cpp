@@ -137,8 +137,8 @@ void TimelineView::keyReleaseEvent(QKeyEvent* event) {
 }
 
 void TimelineView::hoverMoveEvent(QHoverEvent* event) {
-    showCursor(event->position());
     showHint(event->position());
+    showCursor(event->position());
     if (!session || !session->skimming() || !session->playback.isLoaded() || session->playback.rate() != 0)
         return;
     const double time = span.time(event->position().x());
@@ -160,7 +160,7 @@ void TimelineView::hoverLeaveEvent(QHoverEvent*) {
 void TimelineView::showCursor(const QPointF& position) {
     using Grip = TimelineDrag::Grip;
     const auto grip = drag ? drag->grip(layout, span, point(position)) : Grip::none;
-    if (grip == Grip::roll)
+    if (grip == Grip::roll || blade >= 0) // at an end too the blade cuts
         setCursor(Qt::SplitHCursor);
     else if (grip == Grip::start || grip == Grip::end)
         setCursor(Qt::SizeHorCursor);
