@@ -56,6 +56,10 @@ QString BrowserModel::emptyWords() const {
 
 void BrowserModel::hold(const BrowserRow& row) {
     editor.setInspecting(row.kind == BrowserRow::Kind::video ? Inspecting::timeline : Inspecting::browser);
+    // A range is marked on one source: on another it would lie anywhere.
+    const auto source = row.kind == BrowserRow::Kind::source ? row.record : row.source;
+    if (row.kind != BrowserRow::Kind::video && editor.heldSource() && *editor.heldSource() != source)
+        editor.setRange(std::nullopt);
     switch (row.kind) {
         case BrowserRow::Kind::clip:
             editor.setFocus(Viewer::source);
