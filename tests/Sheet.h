@@ -16,7 +16,7 @@ public:
     /// `file` is below tests/: "stage/approved/stock.png". So many pictures stand in a row.
     Sheet(std::string file, std::size_t inRow) : name(std::move(file)), columns(inRow) {}
 
-    /// A frame, drawn so many times smaller, on grey. What it is called is said where it differs.
+    /// Adds a frame, drawn so many times smaller, on grey. A difference names it by `cell`.
     void add(std::string cell, const Image& picture, Size frame, double smaller = 15);
 
     void expectApproved() const;

@@ -190,7 +190,7 @@ private:
     std::string events;
     double playedFrom = 0;
     std::size_t requests = 0, logged = 0;
-    std::set<std::string> requested; ///< words that were told once
+    std::set<std::string> requested; ///< texts that the tour has printed already: each is printed once
     Environment spending{"XDG_STATE_HOME", folder / "state"};
 };
 
