@@ -51,6 +51,9 @@ struct Items {
     std::string operator()(const DrawList::Symbol& item) const {
         return fmt::format("symbol {} {} {}", place(item.rect), colour(item.colour), item.name.toStdString());
     }
+    std::string operator()(const DrawList::Stripes& item) const {
+        return "stripes " + place(item.rect) + " " + colour(item.colour);
+    }
 };
 
 /// The list of any drawn view.

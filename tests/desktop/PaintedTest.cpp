@@ -34,6 +34,19 @@ TEST(Painted, aWaveIsAsHighAsItIsLoud) {
     EXPECT_EQ(filled(180), 1) << "silence is a line";
 }
 
+TEST(Painted, stripesMeetWhereTheyAreParted) {
+    for (const double ratio : {1.0, 1.25, 2.0}) {
+        const auto picture = Painted::stripes({{0, 0, 64, 20}, Qt::white}, ratio);
+        const int step = static_cast<int>(DrawList::stripeStep * ratio);
+        ASSERT_EQ(picture.size(), (QSizeF(64, 20) * ratio).toSize());
+        EXPECT_EQ(picture.copy(0, 0, 4 * step, 20), picture.copy(3 * step, 0, 4 * step, 20));
+        EXPECT_NE(picture.copy(0, 0, step, 1), picture.copy(0, 3, step, 1)) << "they slant";
+        std::set<int> lit;
+        for (int x = 0; x < step; ++x) lit.insert(qAlpha(picture.pixel(x, 10)) > 200);
+        EXPECT_EQ(lit.size(), 2U) << "what lies beneath is seen between them";
+    }
+}
+
 TEST(Painted, lettersOfOtherScriptsAreNoBolderThanTheirOutlines) {
     QFont face("Noto Sans CJK JP");
     face.setPixelSize(14);

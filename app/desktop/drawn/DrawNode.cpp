@@ -87,6 +87,8 @@ bool DrawNode::put(Shown& one) {
         return putImage(one, loud->rect, wave(*loud), {});
     if (const auto* sign = std::get_if<DrawList::Symbol>(&one.item))
         return putImage(one, sign->rect, symbol(*sign), {});
+    if (const auto* striped = std::get_if<DrawList::Stripes>(&one.item))
+        return putImage(one, striped->rect, stripes(*striped), {});
     if (const auto* from = std::get_if<DrawList::FilePicture>(&one.item)) {
         auto* picture = filePicture(from->file);
         return putImage(
@@ -172,6 +174,16 @@ QSGTexture* DrawNode::symbol(const DrawList::Symbol& symbol) {
     const auto colour = symbol.colour.name().mid(1);
     return texture(QString("i%1|%2|%3").arg(side.width()).arg(symbol.name, colour),
                    [&] { return IconPicture::of(symbol.name, colour, side); });
+}
+
+QSGTexture* DrawNode::stripes(const DrawList::Stripes& stripes) {
+    const double ratio = window->effectiveDevicePixelRatio();
+    const auto key = QString("d%1|%2|%3|%4")
+                         .arg(std::round(stripes.rect.width()))
+                         .arg(stripes.rect.height())
+                         .arg(stripes.colour.rgba())
+                         .arg(ratio);
+    return texture(key, [&] { return Painted::stripes(stripes, ratio); });
 }
 
 QSGTexture* DrawNode::filePicture(const std::filesystem::path& file) {

@@ -47,6 +47,7 @@ private:
     QSGTexture* wave(const DrawList::Wave& wave);
     QSGTexture* still(const DrawList::Still& still);
     QSGTexture* symbol(const DrawList::Symbol& symbol);
+    QSGTexture* stripes(const DrawList::Stripes& stripes);
     QSGTexture* filePicture(const std::filesystem::path& file);
     void dropUnused();
 

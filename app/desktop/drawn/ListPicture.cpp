@@ -109,6 +109,11 @@ bool ListPicture::draw(const DrawList::Symbol& symbol) {
     return true;
 }
 
+bool ListPicture::draw(const DrawList::Stripes& stripes) {
+    Painted::stripes(painter, onDevice(stripes.rect), stripes.colour, on.ratio);
+    return true;
+}
+
 /// Puts a part of a picture into a place.
 void ListPicture::fill(const QRectF& rect, const QImage& picture, const QRectF& part) {
     painter.drawImage(QRectF(rect.topLeft() * on.ratio, rect.size() * on.ratio), picture, part);

@@ -46,6 +46,7 @@ private:
     bool draw(const DrawList::Wave& wave);
     bool draw(const DrawList::FilePicture& file);
     bool draw(const DrawList::Symbol& symbol);
+    bool draw(const DrawList::Stripes& stripes);
     void fill(const QRectF& rect, const QImage& picture, const QRectF& part);
     const QImage* still(const UUID& source, int second);
     QRect onDevice(const QRectF& rect) const;

@@ -11,6 +11,7 @@ namespace murbo::Painted {
 namespace {
 
 constexpr double steepness = 2.5; ///< levels are dB: what is loud stands out above what is there at all
+constexpr double stripe = 1.5;    ///< points
 
 }
 
@@ -71,6 +72,29 @@ QImage wave(const DrawList::Wave& wave, const Loudness& loudness, double ratio) 
     target.fill(Qt::transparent);
     QPainter painter(&target);
     Painted::wave(painter, target.rect(), wave.from, wave.to, wave.colour, loudness);
+    return target;
+}
+
+void stripes(QPainter& painter, const QRect& place, const QColor& colour, double ratio) {
+    painter.save();
+    painter.setClipRect(place);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, stripe * ratio));
+    // From below the place to above it, so that the clip gives all of them straight ends.
+    const double step = DrawList::stripeStep * ratio;
+    const double low = place.top() + place.height() + step;
+    const double rise = place.height() + 2 * step;
+    for (double x = place.left() - std::ceil(rise / step) * step; x < place.left() + place.width(); x += step)
+        painter.drawLine(QPointF(x, low), QPointF(x + rise, low - rise));
+    painter.restore();
+}
+
+QImage stripes(const DrawList::Stripes& stripes, double ratio) {
+    const auto size = (stripes.rect.size() * ratio).toSize().expandedTo({1, 1});
+    QImage target(size, QImage::Format_ARGB32_Premultiplied);
+    target.fill(Qt::transparent);
+    QPainter painter(&target);
+    Painted::stripes(painter, target.rect(), stripes.colour, ratio);
     return target;
 }
 

@@ -140,16 +140,6 @@ FocusScope {
         onMenuAsked: (x, y, kind) => { const at = mapToItem(null, x, y); context.openPoint(at.x, at.y, project.contextMenu(kind)) }
 
         Rectangle { visible: view.skimmerX >= 0; x: Math.round(view.skimmerX); width: 1; height: parent.height; color: Theme.text }
-        Rectangle {
-            visible: view.ghost.width > 0
-            x: view.ghost.x; y: view.ghost.y; width: view.ghost.width; height: view.ghost.height
-            radius: Theme.small
-            color: "#A02A323B"
-            border.color: Theme.picked
-            // The names below do not shine through its own.
-            Rectangle { x: 1; y: 1; width: parent.width - 2; height: 16; radius: Theme.small - 1; color: Theme.timeline["cut.fill"]; visible: words.text !== ""
-                Words { id: words; x: 5; width: parent.width - 2 * x; height: parent.height; text: view.ghostLabel; font.pixelSize: Theme.noteSize } }
-        }
         Rectangle { visible: view.bladeX >= 0; x: view.bladeX; y: 22; width: 1; height: parent.height; color: Theme.notice }
         Badge { text: view.hint; x: Math.min(view.hintAt.x + Theme.gap, view.width - width - Theme.small); y: Math.max(view.hintAt.y - height - 2, 0) }
         Rectangle { visible: view.dropX >= 0; x: view.dropX - 1; y: 22; width: 3; height: parent.height; color: Theme.picked }

@@ -50,6 +50,8 @@ struct TimelineBlock {
     double sourceLength = 0; ///< seconds of the whole source of a cut; 0 where that is not known
 
     double length() const { return to - from; }
+    /// The same block so many seconds of the video further on.
+    TimelineBlock movedBy(double seconds) const;
     bool operator==(const TimelineBlock&) const = default;
 };
 

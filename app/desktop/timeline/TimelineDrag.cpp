@@ -313,9 +313,9 @@ const TimelineBlock* TimelineDrag::trimmed(const TimelineLayout& layout) const {
     return layout.find(held->pick);
 }
 
-std::optional<TimelineDrag::Ghost> TimelineDrag::ghost() const {
+std::optional<TimelineBlock> TimelineDrag::ghost() const {
     if (now != Grip::cut || !moved || !held) return {};
-    return Ghost{held->from + ghostBy, held->length(), held->label};
+    return held->movedBy(ghostBy);
 }
 
 void TimelineDrag::release() {

@@ -48,12 +48,7 @@ public:
     /// The cut whose end or footage is dragged; null where none is.
     const TimelineBlock* trimmed(const TimelineLayout& layout) const;
     /// A cut on its way to another place: it goes with the hand.
-    struct Ghost {
-        double from = 0; ///< video seconds
-        double length = 0;
-        std::string label;
-    };
-    std::optional<Ghost> ghost() const;
+    std::optional<TimelineBlock> ghost() const;
     /// A rubber band: from one point to another, x in video seconds.
     struct RubberBand {
         double from = 0;

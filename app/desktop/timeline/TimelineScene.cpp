@@ -19,7 +19,7 @@ constexpr double captionPadding = 3;
 constexpr double pickedFrame = 2;
 constexpr double ratio = 16.0 / 9; ///< of a still's place
 constexpr double cardRatio = 1.25; ///< of a generated cut's picture: its words stand in its middle
-constexpr double waveTile = 256;   ///< points
+constexpr double tileWidth = 256;  ///< points: of a wave, and of stripes, which meet at this
 constexpr double rulerLeast = 64;  ///< points between times
 constexpr double beside = 8;       ///< points from a time's mark to its words: the playhead's head is free
 constexpr double dash = 4;
@@ -29,17 +29,6 @@ constexpr double icon = 12;
 constexpr double missingIcon = 18; ///< where a strip's pictures would be
 constexpr double besideSign = 40;  ///< points that words beside one need
 constexpr float behindWords = 0.3F;
-
-/// The same block beside its place.
-TimelineBlock moved(TimelineBlock block, double by) {
-    block.from += by;
-    block.to += by;
-    for (auto& quiet : block.quiet) {
-        quiet.from += by;
-        quiet.to += by;
-    }
-    return block;
-}
 
 /// Draws one block after the other.
 class Blocks {
@@ -56,6 +45,7 @@ public:
         else {
             if (block.row == TimelineRow::sounds || block.row == TimelineRow::music)
                 drawFileWave(block, place, paint);
+            if (block.missing || block.paint == Paint::hiddenCaption) drawStripes(block, place, paint);
             const auto rest = drawSign(block, place, paint);
             if (rest == place || rest.width() >= besideSign) label(block, rest, paint);
         }
@@ -172,10 +162,13 @@ private:
             drawCard(block, {place.left(), place.top(), place.width(), layout.look.filmstrip});
         if (!block.source) return;
         const QRectF strip(place.left(), place.top(), place.width(), layout.look.filmstrip);
-        if (!block.missing)
+        if (block.missing) {
+            drawStripes(block, place, paint);
+            if (const auto there = signPlace(strip, {missingIcon, missingIcon}, labelPadding))
+                list.items.emplace_back(DrawList::Symbol{*there, "file-question", colours.notice});
+        } else {
             drawStrip(block, strip);
-        else if (const auto there = signPlace(strip, {missingIcon, missingIcon}, labelPadding))
-            list.items.emplace_back(DrawList::Symbol{*there, "file-question", colours.notice});
+        }
         const QRectF wave(place.left(), strip.bottom() + 1, place.width(), layout.look.waveform);
         drawWave(block, wave, block.muted || block.silent ? colours.muted.edge : colours.wave);
         for (const auto& quiet : block.quiet) {
@@ -238,16 +231,26 @@ private:
         });
     }
 
-    /// Calls for each tile of a wave that can be seen, with the seconds that it shows.
+    /// What is missing or hidden is striped, beneath its words.
+    void drawStripes(const TimelineBlock& block, const QRectF& place,
+                     const TimelineColours::BlockColours& paint) {
+        auto faint = paint.edge;
+        faint.setAlphaF(behindWords);
+        drawTiles(block, place, [&](const QRectF& tile, double, double) {
+            list.items.emplace_back(DrawList::Stripes{tile & place, faint});
+        });
+    }
+
+    /// Calls for each tile of a place that can be seen, with the seconds that it shows.
     template <class Draw>
-    void drawTiles(const TimelineBlock& block, const QRectF& wave, Draw draw) {
-        if (wave.height() < 2) return;
-        const double seconds = waveTile / span.scale;
+    void drawTiles(const TimelineBlock& block, const QRectF& place, Draw draw) {
+        if (place.height() < 2) return;
+        const double seconds = tileWidth / span.scale;
         for (double from = 0; from < block.length(); from += seconds) {
             const double to = std::min(from + seconds, block.length());
-            const QRectF tile(wave.left() + from * span.scale, wave.top(), (to - from) * span.scale,
-                              wave.height());
-            if (tile.right() < 0 || tile.left() > span.width || tile.left() >= wave.right()) continue;
+            const QRectF tile(place.left() + from * span.scale, place.top(), (to - from) * span.scale,
+                              place.height());
+            if (tile.right() < 0 || tile.left() > span.width || tile.left() >= place.right()) continue;
             draw(tile, block.at + from, block.at + to);
         }
     }
@@ -274,8 +277,9 @@ DrawList rows(const TimelineLayout& layout, const TimelineSpan& span, const std:
         if (block.pick.kind == Pick::Kind::cut && block.pick.id == parted.carried) continue;
         const auto aside =
             block.pick.kind == Pick::Kind::cut ? parted.aside.find(block.pick.id) : parted.aside.end();
-        draw(aside == parted.aside.end() ? block : moved(block, aside->second));
+        draw(aside == parted.aside.end() ? block : block.movedBy(aside->second));
     }
+    if (parted.ghost) blocks.draw(*parted.ghost, true, false);
     return std::move(blocks.list);
 }
 

@@ -27,9 +27,10 @@ namespace TimelineScene {
 
 /// Cuts that make room for one that is carried.
 struct Parted {
-    std::map<UUID, double> aside; ///< by how many seconds they stand beside their places
-    std::optional<UUID> carried;  ///< is not drawn: it goes with the hand
-    std::optional<Stretch> room;  ///< where it would land, in video seconds
+    std::map<UUID, double> aside;       ///< by how many seconds they stand beside their places
+    std::optional<UUID> carried;        ///< is not drawn in its place: it goes with the hand
+    std::optional<Stretch> room;        ///< where it would land, in video seconds
+    std::optional<TimelineBlock> ghost; ///< it, where the hand has it: over all others
 };
 
 /// What is on the rows.

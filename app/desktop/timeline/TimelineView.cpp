@@ -229,18 +229,6 @@ QRectF TimelineView::band() const {
             band->bottom - band->top};
 }
 
-QRectF TimelineView::ghost() const {
-    const auto ghost = drag ? drag->ghost() : std::nullopt;
-    const auto* row = layout.track(TimelineRow::picture);
-    if (!ghost || !row) return {};
-    return {span.x(ghost->from), row->top - above, ghost->length * span.scale, row->height};
-}
-
-QString TimelineView::ghostLabel() const {
-    const auto ghost = drag ? drag->ghost() : std::nullopt;
-    return ghost ? QString::fromStdString(ghost->label) : "";
-}
-
 void TimelineView::setAppearance(QObject* given) {
     if (given == look) return;
     if (look) look->disconnect(this);
@@ -278,6 +266,7 @@ void TimelineView::part() {
 TimelineScene::Parted TimelineView::partedNow() const {
     TimelineScene::Parted found;
     found.aside = parted.aside(static_cast<double>(clock.elapsed()));
+    if (drag) found.ghost = drag->ghost();
     const auto aim = landing();
     if (!aim) return found;
     found.carried = aim->cut;

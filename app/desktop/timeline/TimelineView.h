@@ -27,8 +27,6 @@ class TimelineView : public DrawnView {
     Q_PROPERTY(double playheadX READ playheadX NOTIFY playheadChanged)
     Q_PROPERTY(double skimmerX READ skimmerX NOTIFY playheadChanged)
     Q_PROPERTY(double dropX READ dropX NOTIFY dragChanged)
-    Q_PROPERTY(QRectF ghost READ ghost NOTIFY dragChanged)
-    Q_PROPERTY(QString ghostLabel READ ghostLabel NOTIFY dragChanged)
     Q_PROPERTY(double bladeX READ bladeX NOTIFY hintChanged)
     Q_PROPERTY(QString hint READ hint NOTIFY hintChanged)
     Q_PROPERTY(QPointF hintAt READ hintAt NOTIFY hintChanged)
@@ -60,8 +58,6 @@ public:
     double dropX() const;    ///< -1 where nothing is dropped
     double snapX() const;    ///< -1 where nothing has caught
     QRectF band() const;
-    QRectF ghost() const; ///< of a cut that goes to another place; empty where none does
-    QString ghostLabel() const;
     double bladeX() const { return blade; }    ///< -1 where the blade is over nothing
     QString hint() const { return hintWords; } ///< what the pointer is over: a moment, a quiet stretch
     QPointF hintAt() const { return hintPlace; }
