@@ -10,9 +10,10 @@ using namespace murbo;
 
 TEST(Elements, keepLettersSharpThatTheyEnlarge) {
     const Staged stage(400, 200, {30, 60, 200});
-    for (const auto& [sharp, scaled] : {std::pair{R"("size": 120)", R"("scale": 4)"},
-                                        {R"("size": 120)", R"("keys": [{"t": 0, "scale": 4}])"},
-                                        {R"("size": 30, "w": 0.9, "scale": 4)", R"("w": 3.6)"}}) {
+    for (const auto& [sharp, scaled] :
+         {std::pair{R"("size": 120)", R"("scale": 4)"},
+          {R"("size": 120)", R"("keys": [{"t": 0, "scale": 4}, {"t": 2, "scale": 4}, {"t": 9, "scale": 1}])"},
+          {R"("size": 30, "w": 0.9, "scale": 4)", R"("w": 3.6)"}}) {
         const auto large = stage.drawn(R"({"text": "Hi", )" + std::string(sharp) + "}");
         const auto enlarged = stage.drawn(R"({"text": "Hi", "size": 30, )" + std::string(scaled) + "}");
         int letters = 0, apart = 0;
