@@ -1,5 +1,6 @@
 #include "core/intake/samples/Heard.h"
 
+#include <cmath>
 #include <limits>
 
 #include <gmock/gmock.h>
@@ -43,4 +44,14 @@ TEST(Heard, tellsWhatIsUsualAndWhatStandsOut) {
     EXPECT_EQ(heard.usual({std::numeric_limits<double>::quiet_NaN(), -1e300}), 0);
     EXPECT_THAT(heard.peaks({0, 0.35}), ElementsAre(Heard::Peak{0.1, 9}, Heard::Peak{0.3, 9},
                                                     Heard::Peak{0.2, 3}, Heard::Peak{0, 1}));
+}
+
+TEST(Heard, aMomentIsLoudOrVoicedFromItsStartUpToItsEnd) {
+    const Heard heard{{90, 50, 50, 50, 91}, 10, {{1, 2}}};
+    const std::pair<double, bool> loud[] = {{-0.01, false}, {0, true},    {0.09, true},  {0.1, false},
+                                            {0.39, false},  {0.41, true}, {0.499, true}, {0.5, false},
+                                            {9, false},     {NAN, false}};
+    for (const auto& [time, is] : loud) EXPECT_EQ(heard.isLoud(time, 50), is) << time;
+    EXPECT_FALSE(heard.isLoud(0.41, 52));
+    EXPECT_TRUE(heard.isVoiced(1) && heard.isVoiced(1.99) && !heard.isVoiced(2) && !heard.isVoiced(0.99));
 }

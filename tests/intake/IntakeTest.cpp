@@ -1,5 +1,5 @@
 #include "core/intake/Intake.h"
-#include "tests/TemporaryFolder.h"
+#include "tests/Approved.h"
 
 #include <fmt/format.h>
 #include <gmock/gmock.h>
@@ -33,12 +33,20 @@ TEST(Intake, putsMoviesInTheOrderOfAPersonAndPassesOverTheRest) {
                             "sub/clip 1.mkv", "กล้อง 9.mp4", "กล้อง 10.mp4"));
 }
 
-TEST(Intake, takesWhatCamerasAndRecordersWrite) {
+TEST(Intake, takesWhatCamerasAndRecordersWriteAsApproved) {
     const TemporaryFolder folder;
     const std::vector<std::string> names{"camera.m2ts", "camera.mts",   "disc.vob",
                                          "phone.3gp",   "recorder.mkv", "tuner.ts"};
     for (const auto& name : names) folder.file(name);
     EXPECT_THAT(found(folder), testing::ElementsAreArray(names));
+    std::string endings;
+    for (const auto& ending : Intake::movieEndings()) {
+        endings += ending + "\n";
+        auto large = ending;
+        std::ranges::transform(large, large.begin(), ::toupper);
+        EXPECT_TRUE(Intake::isMovie("a." + ending) && Intake::isMovie("A." + large)) << ending;
+    }
+    expectApproved("intake/approved/endings.txt", endings);
 }
 
 TEST(Intake, aSearchIsStoppedAndHasAnEnd) {
@@ -47,6 +55,7 @@ TEST(Intake, aSearchIsStoppedAndHasAnEnd) {
     std::stop_source stop;
     EXPECT_EQ(Intake::videos({folder.path}, stop.get_token()).size(), 30);
     EXPECT_EQ(Intake::videos({folder.path}, stop.get_token(), 7).size(), 7);
+    EXPECT_EQ(Intake::videos({folder / "d1/a.mp4", folder / "d2", folder / "d3/a.mp4"}, {}, 2).size(), 2);
     stop.request_stop();
     EXPECT_THAT(Intake::videos({folder.path, folder / "d1"}, stop.get_token()), IsEmpty());
 }

@@ -87,3 +87,26 @@ TEST(Luma, isUprightAndReadsUpsideDownStorage) {
     flipped.strides[0] = -3;
     EXPECT_EQ(Luma::of(flipped, 1).pixels, (std::vector<std::uint8_t>{p[3], p[4], p[5], p[0], p[1], p[2]}));
 }
+
+TEST(Luma, runsFromBlackToTheBrightestOfEveryKind) {
+    const Stored stored{4, 2, {16, 64, 100, 126, 180, 235, 0, 255}};
+    const auto of = [](const Frame& frame) {
+        const auto pixels = Luma::of(frame, 1).pixels;
+        return std::vector<int>(pixels.begin(), pixels.end());
+    };
+    Frame frame = stored.frame();
+    EXPECT_EQ(of(frame), (std::vector{0, 56, 98, 128, 191, 255, 0, 255}));
+    frame.transfer = Frame::Transfer::pq;
+    EXPECT_EQ(of(frame), (std::vector{0, 75, 130, 171, 255, 255, 0, 255}));
+    frame = stored.frame();
+    frame.fullRange = true;
+    EXPECT_EQ(of(frame), (std::vector{16, 64, 100, 126, 180, 235, 0, 255}));
+    Frame drawn{.width = 2, .height = 1, .layout = Frame::Layout::bgra};
+    drawn.planes[0] = stored.levels.data();
+    drawn.strides[0] = 8;
+    EXPECT_EQ(of(drawn), (std::vector{(29 * 16 + 150 * 64 + 77 * 100) >> 8, (29 * 180 + 150 * 235) >> 8}));
+    const Luma whole{5, 3, {10, 20, 30, 40, 9, 50, 60, 70, 82, 9, 9, 9, 9, 9, 9}};
+    EXPECT_EQ(whole.halved().pixels, (std::vector<std::uint8_t>{35, 56}))
+        << "what fills no square is left out";
+    EXPECT_EQ(whole.halved().width, 2);
+}

@@ -20,6 +20,18 @@ TEST(MarkerTable, tablesOfOtherProgramsAreReadByTheirTimeColumn) {
          "down\t25:37.400\t0:00.000\tdecimal\tCue\t\n",
          {1537.4}},
         {"Name,Start\n\"he said \"\"go, go\"\"\",0:25:37\n", {1537}},
+        // Each name of a column of times, and the best of several.
+        {"Name,Recording Timestamp,In\nx,0:07,0:08\n", {7}},
+        {"Name,Stream Timestamp,Record In\nx,0:07,0:08\n", {8}},
+        {"Name,Record In,Marker Time\nx,0:07,0:08\n", {8}},
+        {"Name,Marker Time,Start Time\nx,0:07,0:08\n", {8}},
+        {"Name,Start Time,Timecode\nx,0:07,0:08:00:12\n", {480}},
+        {"Name,Timecode,Timestamp\nx,0:07,0:08\n", {8}},
+        {"Name,Timestamp,Time\nx,0:07,0:08\n", {8}},
+        {"Name,Time,Start\nx,0:07,0:08\n", {8}},
+        {"Name,Start,In\nx,0:07,0:08\n", {8}},
+        {"a,b;Start;c\nx;0:07;y\n", {7}},
+        {"Name,  START \n \"a\"\"b, c\" , \"0:07\" \nshort\n", {7}},
         // Decided by the plain rule, whatever another column says.
         {"Name,Start\n5,0:25:37\n", {5}},
         // A line of four parts, a time that no column announces, words.

@@ -54,6 +54,10 @@ TEST(Markers, findsTheFileWithTheLongestNameThenTheSameDay) {
     EXPECT_EQ(recording("2024-05-17 21-03-11.mkv"), named("2024-05-17 21-03-11.csv"));
     EXPECT_EQ(recording("2024-05-17 21-03-11 part2.mov"), named("2024-05-17 21-03-11.csv"));
 
+    for (const std::string day : {"2025-01-01", "2025-01-02", "2025-01-03", "2025-01-04", "2025-01-05"}) {
+        for (const char* name : {" b.csv", " d.csv", " a.csv", " c.csv"}) folder.file(day + name);
+        EXPECT_EQ(recording((day + " 21.mkv").c_str()), folder / (day + " a.csv")) << "the first by name";
+    }
     folder.file("Stream.csv");
     EXPECT_EQ(recording("stream one.mkv"), std::nullopt); // names differ in case
     folder.file("สตรีมวันเสาร์ เกม.csv");

@@ -69,45 +69,17 @@ TEST(Picker, joinsGoodMomentsAndKeepsTheBestWindow) {
     EXPECT_EQ(pick(samples({})), Times{});
 }
 
-TEST(Picker, tellsWhatAPickHolds) {
-    Samples given = samples(stretchOf({{8, 255}}));
-    std::fill(given.moves.begin() + 2, given.moves.end(), Move::tilt);
-    Heard heard{std::vector<std::uint8_t>(20, 10), 10, {{1.9, 2.0}}};
-    heard.rate = 10;
-    const auto picks = Picker::picks(source, given, heard, {.voice = Behaviour::ignore});
-    ASSERT_EQ(picks.size(), 1u);
-    EXPECT_EQ(picks[0].move, Move::tilt);
-    EXPECT_FALSE(picks[0].voiced); // the middle of the last moment lies before the speech
-    EXPECT_FALSE(picks[0].loud);
-    EXPECT_DOUBLE_EQ(*picks[0].score, 1);
-}
-
 TEST(Picker, spreadsOverAllFootage) {
     const UUID first = UUID::make(), second = UUID::make();
     const std::vector<Picker::Length> sources{{first, 10}, {second, 20}};
-    const std::vector<Pick> picks{{.source = first, .start = 1, .end = 3, .score = 0.7},
-                                  {.source = first, .start = 4, .end = 6, .score = 0.9},
-                                  {.source = second, .start = 11, .end = 13, .score = 0.8},
-                                  {.source = UUID::make(), .start = 0, .end = 2, .score = 1}};
-    std::mt19937_64 generator(1), again(1);
-    const auto spread = Picker::spread(sources, 10, 2, picks, generator);
-    ASSERT_EQ(spread.size(), 3u);
-    EXPECT_EQ(spread[0], picks[1]);
-    EXPECT_EQ(spread[2], picks[2]);
-    EXPECT_EQ(spread[1].source, second);
-    EXPECT_FALSE(spread[1].score);
-    EXPECT_NEAR(spread[1].end - spread[1].start, 2, 1e-9);
-    EXPECT_GE(spread[1].start, 0);
-    EXPECT_LE(spread[1].start, 10);
-    EXPECT_EQ(spread, Picker::spread(sources, 10, 2, picks, again));
-
+    std::mt19937_64 generator(1);
     // A pick across the border of two slots belongs to that of its middle.
     const std::vector<Pick> across{{.source = second, .start = 9, .end = 12, .score = 0.1}};
     EXPECT_EQ(Picker::spread(sources, 10, 2, across, generator)[2], across[0]);
 
-    EXPECT_THAT(Picker::spread(sources, 0, 2, picks, generator), IsEmpty());
-    EXPECT_THAT(Picker::spread(sources, 10, -1, picks, generator), IsEmpty());
-    EXPECT_THAT(Picker::spread({}, 10, 2, picks, generator), IsEmpty());
-    EXPECT_THAT(Picker::spread(sources, 1e-12, 2, picks, generator), IsEmpty());
+    EXPECT_THAT(Picker::spread(sources, 0, 2, across, generator), IsEmpty());
+    EXPECT_THAT(Picker::spread(sources, 10, -1, across, generator), IsEmpty());
+    EXPECT_THAT(Picker::spread({}, 10, 2, across, generator), IsEmpty());
+    EXPECT_THAT(Picker::spread(sources, 1e-12, 2, across, generator), IsEmpty());
     EXPECT_THAT(Picker::spread({{first, 1}}, 10, 2, {}, generator), IsEmpty()); // too short to hold one
 }

@@ -44,6 +44,8 @@ TEST(Scribe, sendsTheSoundAndReadsTheWords) {
         200,
         R"({"words": [{"word": "hello", "start": 0.1, "end": 0.4}, {"word": 5, "text": "you", "start": 0.5,
         "end": 0.75}, {"text": "late", "start": 3, "end": 3.5}], "usage": {"cost": 0.0025}, "text": "ignored"})");
+    EXPECT_TRUE(Scribe::with("key").paid);
+    EXPECT_EQ(Scribe::with("key").name, Scribe::name);
     const auto heard = asked.transcribe();
     EXPECT_EQ(heard.lines, (std::vector<HeardLine>{{0.1, 0.75, "hello you"}, {3, 3.5, "late"}}));
     EXPECT_EQ(heard.cost, 0.0025);

@@ -61,11 +61,3 @@ TEST(Sharpness, isNotContrastNorGrain) {
     expectSame(drawn::luma(width, 2 * height,
                            [&](int x, int y) { return y < height ? int(grainy.row(y)[x]) : 60; }));
 }
-
-TEST(Sharpness, ofAPictureWithoutEdgesIsTheLeast) {
-    EXPECT_EQ(Sharpness::edgeRadius(drawn::luma(width, height, [](int, int) { return 120; })),
-              Sharpness::largestRadius);
-    EXPECT_EQ(Sharpness::edgeRadius(drawn::luma(2, 2, [](int x, int) { return 200 * x; })),
-              Sharpness::largestRadius);
-    EXPECT_EQ(Sharpness::edgeRadius({}), Sharpness::largestRadius);
-}

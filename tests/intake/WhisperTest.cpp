@@ -73,6 +73,8 @@ TEST(Whisper, readsTheLinesThatSaySomething) {
 TEST_F(FakeWhisper, isToldAllInItsOrderAndLeavesNothing) {
     script(
         R"(echo '{"transcription": [{"offsets": {"from": 100, "to": 900}, "text": " so "}]}' >"$stem.json")");
+    EXPECT_FALSE(Whisper::on("/some model.bin").paid);
+    EXPECT_EQ(Whisper::on("/some model.bin").name, Whisper::name);
     const auto heard = transcribe("Dwex, a b");
     EXPECT_EQ(heard.lines, (std::vector<HeardLine>{{0.1, 0.9, "so"}}));
     EXPECT_EQ(heard.cost, 0);

@@ -37,19 +37,6 @@ protected:
     PlayedFootage footage;
 };
 
-TEST_F(PlayedFootageTest, everyFrameForwardAndInAnyOrder) {
-    for (std::int64_t frame = 0; frame < composition->frameCount(); frame += 2) {
-        const auto shown = footage.at(composition->moment(frame), 1, none);
-        EXPECT_EQ(numbered::in(shown.image), expected(frame)) << frame;
-        EXPECT_TRUE(shown.exact);
-    }
-    for (const std::int64_t frame : {110, 3, 70, 69, 44, 46, 105, 0}) {
-        const auto moment = composition->moment(frame);
-        EXPECT_EQ(numbered::in(footage.at(moment, 0, none).image), expected(frame)) << frame;
-        footage.readAround(moment);
-    }
-}
-
 TEST_F(PlayedFootageTest, everyFrameBackward) {
     for (auto frame = composition->frameCount() - 1; frame >= 0; --frame) {
         const auto shown = footage.backward(composition->moment(frame), -1, none, [] { return false; });

@@ -156,6 +156,7 @@ std::size_t SoundMixer::feed(std::span<float> into) {
 
 void SoundMixer::mix(TrackPlayer& player, std::span<float> block) {
     const std::int64_t end = std::min(fed + static_cast<std::int64_t>(block.size() / 2), total);
+    if (end <= fed) return; // silence, also where a piece would go on
     for (const TrackSpan& span : player.between(fed, end)) {
         if (!player.open()) return;
         const std::int64_t first = std::max(span.start, fed);
