@@ -1,4 +1,5 @@
 #include "app/desktop/exports/ExportSheet.h"
+#include "app/desktop/viewer/FrameView.h"
 #include "app/editor/commands/VideoCommands.h"
 #include "tests/desktop/SpokenWindow.h"
 
@@ -52,6 +53,29 @@ TEST_F(ExportSheetTest, anotherVideoIsPutInLineWhileOneIsMade) {
     for (const auto& row : exports.rows()) EXPECT_TRUE(std::filesystem::exists(row.file.toStdString()));
     EXPECT_TRUE(shown->named("Play"));
     EXPECT_TRUE(shown->named("Show in Folder"));
+}
+
+TEST_F(ExportSheetTest, itsPictureIsAsSharpAsItsPlace) {
+    VideoCommands::create(shown->editor(), Video::Aspect::vertical, "One");
+    shown->putIn();
+    shown->window().resize(900, 620);
+    shown->settle();
+    const auto find = [&](bool mirror) {
+        for (auto* view : shown->window().findChildren<FrameView*>())
+            if (mirror ? view->mirrors() != nullptr : view->player() == &shown->editor().playback)
+                return view;
+        return static_cast<FrameView*>(nullptr);
+    };
+    auto* viewer = find(false);
+    ASSERT_TRUE(viewer);
+    const auto width = [](const FrameView& view) { return std::lround(view.picture().width()); };
+    shown->key(Qt::Key_E, Qt::ControlModifier);
+    auto* copy = find(true);
+    ASSERT_TRUE(copy);
+    ASSERT_GT(width(*copy), width(*viewer));
+    EXPECT_TRUE(shown->waitFor([&] { return viewer->last().width() == width(*copy); }));
+    shown->key(Qt::Key_Escape);
+    EXPECT_TRUE(shown->waitFor([&] { return viewer->last().width() == width(*viewer); }));
 }
 
 using FindingsTest = OnWindow<SpokenWindow>;

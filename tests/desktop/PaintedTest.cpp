@@ -39,8 +39,14 @@ TEST(Painted, stripesMeetWhereTheyAreParted) {
         const auto picture = Painted::stripes({{0, 0, 64, 20}, Qt::white}, ratio);
         const int step = static_cast<int>(DrawList::stripeStep * ratio);
         ASSERT_EQ(picture.size(), (QSizeF(64, 20) * ratio).toSize());
-        EXPECT_EQ(picture.copy(0, 0, 4 * step, 20), picture.copy(3 * step, 0, 4 * step, 20));
-        EXPECT_NE(picture.copy(0, 0, step, 1), picture.copy(0, 3, step, 1)) << "they slant";
+        int seam = 0, upright = 0;
+        for (int x = 0; x < 4 * step; ++x) {
+            const int here = qAlpha(picture.pixel(x, 10));
+            seam = std::max(seam, std::abs(here - qAlpha(picture.pixel(x + 3 * step, 10))));
+            upright = std::max(upright, std::abs(here - qAlpha(picture.pixel(x, 13))));
+        }
+        EXPECT_LE(seam, 16) << "at " << ratio;
+        EXPECT_GT(upright, 100) << "they slant";
         std::set<int> lit;
         for (int x = 0; x < step; ++x) lit.insert(qAlpha(picture.pixel(x, 10)) > 200);
         EXPECT_EQ(lit.size(), 2U) << "what lies beneath is seen between them";

@@ -136,6 +136,7 @@ FocusScope {
         onPlayheadChanged: { if (project.player.rate !== 0) follow(); panel.skimmed() }
         onEditAsked: (place, line, piece) => editing.start(place, line, piece)
         Keys.onReturnPressed: editPicked()
+        Keys.onEnterPressed: editPicked()
         onSpanChanged: editing.end(true)
         onMenuAsked: (x, y, kind) => { const at = mapToItem(null, x, y); context.openPoint(at.x, at.y, project.contextMenu(kind)) }
 

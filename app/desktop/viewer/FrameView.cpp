@@ -49,6 +49,7 @@ FrameView::FrameView(QQuickItem* parent) : QQuickItem(parent), sink(std::make_sh
 }
 
 FrameView::~FrameView() {
+    if (other) other->setMirror(nullptr);
     if (playing) playing->setSink(nullptr, 0, 0);
 }
 
@@ -77,11 +78,22 @@ void FrameView::setPlayer(Playback* player) {
 
 void FrameView::setMirrors(FrameView* view) {
     if (view == other) return;
-    if (other) other->disconnect(this);
+    if (other) {
+        other->disconnect(this);
+        other->setMirror(nullptr);
+    }
     other = view;
-    if (other) connect(other, &FrameView::frameShown, this, &QQuickItem::update);
+    if (other) {
+        connect(other, &FrameView::frameShown, this, &QQuickItem::update);
+        other->setMirror(this);
+    }
     fit();
     emit playerChanged();
+}
+
+void FrameView::setMirror(FrameView* view) {
+    mirror = view;
+    ask();
 }
 
 /// Lays the picture into the item, as large as it goes.
@@ -96,7 +108,14 @@ void FrameView::fit() {
         emit pictureChanged();
         update();
     }
+    ask();
+    if (other) other->ask();
+}
+
+/// Asks for pictures of the size that is shown.
+void FrameView::ask() {
     if (!playing || !window()) return;
+    const auto size = mirror ? place.size().expandedTo(mirror->place.size()) : place.size();
     const auto device = (size * window()->effectiveDevicePixelRatio()).toSize();
     const auto wanted = device.boundedTo(playing->frameSize());
     if (wanted == asked) return;

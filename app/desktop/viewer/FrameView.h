@@ -24,7 +24,8 @@ public:
 
     Playback* player() const { return playing; }
     void setPlayer(Playback* player);
-    /// Another view whose picture this one shows too.
+    /// Another view whose picture this one shows too. Where this one is larger, it has that one ask for a
+    /// picture that is sharp in both.
     FrameView* mirrors() const { return other; }
     void setMirrors(FrameView* view);
     QRectF picture() const { return place; } ///< where in the item the picture lies
@@ -49,12 +50,15 @@ private:
     class Sink;
 
     void fit();
+    void ask();
+    void setMirror(FrameView* view);
     void take();
 
     const Playback* shownPlayer() const { return other ? other->playing : playing; }
 
     QPointer<Playback> playing;
     QPointer<FrameView> other;
+    QPointer<FrameView> mirror; ///< the view that shows this one's picture too
     std::shared_ptr<Sink> sink;
     QRectF place;
     QSize asked;
