@@ -1,4 +1,5 @@
 #include "app/desktop/Desktop.h"
+#include "app/desktop/RecentProjects.h"
 #include "tests/desktop/OnWindow.h"
 
 #include <QDirIterator>
@@ -18,4 +19,24 @@ TEST_F(DesktopTest, everyViewLoadsWithoutAComplaint) {
         ++count;
     }
     EXPECT_GT(count, 20);
+}
+
+TEST_F(DesktopTest, opensWhatWasOpenLastAndElseTheStartWindow) {
+    shown->desktop.reset();
+    ASSERT_EQ(RecentProjects::open(), std::vector{shown->package()}) << "a crash leaves them so";
+    RecentProjects::setOpen({shown->folder / "gone.mbproj", shown->package()});
+    {
+        Desktop again({});
+        again.start({});
+        ASSERT_EQ(again.windows().size(), 1U);
+        EXPECT_EQ(again.windows()[0]->project().package(), shown->package());
+        EXPECT_EQ(again.problem(), "") << "the one that is gone is passed over";
+        EXPECT_FALSE(again.startWindow());
+        again.windows()[0]->window().close();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return again.windows().empty(); }));
+    }
+    EXPECT_TRUE(RecentProjects::open().empty());
+    Desktop none({});
+    none.start({});
+    EXPECT_TRUE(none.startWindow());
 }

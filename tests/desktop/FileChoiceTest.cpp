@@ -1,5 +1,7 @@
 #include "app/desktop/services/FileChoice.h"
 #include "app/desktop/services/FileFilter.h"
+#include "app/desktop/services/MediaEndings.h"
+#include "tests/Approved.h"
 #include "tests/desktop/PrivateBus.h"
 
 #include <QDBusContext>
@@ -63,6 +65,28 @@ TEST(FileChoice, takesWhatThePortalAnswersAndOnlyLocalFiles) {
     EXPECT_EQ(chosen[1][1].toStringList(), QStringList());
     EXPECT_TRUE(portal.options["directory"].toBool());
     EXPECT_FALSE(portal.options.contains("filters"));
+}
+
+/// What each kind of choice offers, and what the endings are taken for.
+TEST(FileFilter, areAsApproved) {
+    std::string text;
+    for (const auto* kind : {"movies", "movie", "sounds", "media", "markers", "folder", ""})
+        for (const auto& filter : FileFilter::of(kind)) {
+            text += std::string(kind) + ", “" + filter.name.toStdString() + "”:";
+            for (const auto& pattern : filter.patterns)
+                text += (pattern.type == 0 ? " " : " type ") + pattern.text.toStdString();
+            text += "\n";
+        }
+    for (const auto* name :
+         {"a.PNG", "a.webp", "a.opus", "a.mp3", "a.mp4", "a.txt", "a.csv", "a.mbplay", "a", ".png"}) {
+        text += std::string(name) + ":";
+        if (MediaEndings::isPicture(name)) text += " picture";
+        if (MediaEndings::isSound(name)) text += " sound";
+        if (MediaEndings::isMarkers(name)) text += " markers";
+        if (MediaEndings::isPlaybook(name)) text += " playbook";
+        text += "\n";
+    }
+    expectApproved("desktop/tours/files.txt", text);
 }
 
 TEST(FileChoice, saysSoWhereThereIsNoPortal) {

@@ -29,68 +29,11 @@ public:
             ->mapToScene(handles()->centre() + QPointF(x * box.width() / 2, y * box.height() / 2))
             .toPoint();
     }
-    void drag(const QPoint& from, const QPoint& to, Qt::KeyboardModifiers held = {}) {
-        QTest::mousePress(&window(), Qt::LeftButton, held, from);
-        for (int part = 1; part <= 4; ++part) sendMove(from + (to - from) * part / 4, held);
-        QTest::mouseRelease(&window(), Qt::LeftButton, held, to);
-        settle(50);
-    }
-    void sendMove(const QPoint& to, Qt::KeyboardModifiers held) {
-        QMouseEvent event(QEvent::MouseMove, QPointF(to), window().mapToGlobal(QPointF(to)), Qt::NoButton,
-                          Qt::LeftButton, held);
-        QCoreApplication::sendEvent(&window(), &event);
-    }
     Project before;
 };
 
 using HandlesViewTest = OnWindow<OverlaidWindow>;
 
-}
-
-TEST_F(HandlesViewTest, theBoxIsMovedSizedAndTurnedAsOneStepEach) {
-    const auto box = shown->handles()->boxSize();
-    EXPECT_LT(box.height(), shown->handles()->height() * 0.9) << "it fits what is seen, not the frame";
-
-    const auto by = QPoint(20, -50);
-    shown->drag(shown->point(0.1, 0.1), shown->point(0.1, 0.1) + by, Qt::AltModifier);
-    ASSERT_TRUE(shown->overlay().move && shown->overlay().move->from);
-    EXPECT_NEAR(*shown->overlay().move->from->x, 0.5 + by.x() / shown->handles()->width(), 0.01);
-    EXPECT_NEAR(*shown->overlay().move->from->y, 0.5 + by.y() / shown->handles()->height(), 0.01);
-    EXPECT_EQ(shown->step(), "Move Overlay");
-
-    const auto middle = shown->handles()->centre();
-    shown->drag(shown->point(1, 1), shown->point(0.5, 0.5));
-    EXPECT_NEAR(*shown->overlay().move->from->scale, 0.5, 0.06);
-    EXPECT_LT(QLineF(shown->handles()->centre(), middle).length(), 2) << "about its own middle";
-    EXPECT_EQ(shown->step(), "Size Overlay");
-
-    const auto knob = shown->handles()->mapToScene(
-        shown->handles()->centre() -
-        QPointF(0, shown->handles()->boxSize().height() / 2 + shown->handles()->knobAbove()));
-    const auto centre = shown->handles()->mapToScene(shown->handles()->centre());
-    shown->drag(knob.toPoint(), (centre + QPointF(100, 0)).toPoint());
-    EXPECT_NEAR(*shown->overlay().move->from->rotation, 90, 1e-6);
-    EXPECT_EQ(shown->onDisk().videos, shown->editor().project().videos);
-
-    for (int step = 0; step < 3; ++step) shown->key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(shown->editor().project(), shown->before);
-}
-
-TEST_F(HandlesViewTest, itCatchesAtTheMiddleAndEscapePutsItBack) {
-    const auto start = shown->point(0, 0);
-    const double wide = shown->handles()->width();
-    const int across = static_cast<int>(wide / 2 - shown->handles()->centre().x());
-    QTest::mousePress(&shown->window(), Qt::LeftButton, {}, start);
-    shown->sendMove(start + QPoint(40, 0), {});
-    shown->sendMove(start + QPoint(across + 4, 0), {});
-    EXPECT_NEAR(shown->handles()->guideX(), wide / 2, 0.6);
-    EXPECT_NEAR(shown->handles()->centre().x(), wide / 2, 0.6);
-    shown->sendMove(start + QPoint(across + 4, 0), Qt::AltModifier);
-    EXPECT_LT(shown->handles()->guideX(), 0) << "not while Alt is held";
-    shown->key(Qt::Key_Escape);
-    EXPECT_EQ(shown->editor().project(), shown->before);
-    QTest::mouseRelease(&shown->window(), Qt::LeftButton, {}, start);
-    EXPECT_EQ(shown->editor().project(), shown->before);
 }
 
 TEST_F(HandlesViewTest, arrowsNudgeAndADoublePressEditsTheText) {

@@ -1,6 +1,5 @@
 #include "app/desktop/inspector/Inspection.h"
 #include "app/editor/commands/OverlayCommands.h"
-#include "app/editor/commands/ShotCommands.h"
 #include "app/editor/commands/SoundCommands.h"
 #include "tests/desktop/WindowOfLibrary.h"
 
@@ -94,32 +93,4 @@ TEST_F(InspectionFilesTest, aSoundIsReplacedAndKeepsItsPlace) {
     EXPECT_EQ(inspected.title(), "tick");
     shown->clickOn(shown->named("Replace…"));
     ASSERT_TRUE(QTest::qWaitFor([&] { return shown->named("Folder") != nullptr; }, 6000));
-}
-
-TEST_F(InspectionFilesTest, anotherVersionOfAPlaybookIsTakenFromTheLibrary) {
-    auto& inspected = shown->opened->inspected();
-    const auto expectUpdate = [&](Playbook book, const Pick& pick, const auto& version) {
-        shown->editor().setPicked(pick);
-        ASSERT_EQ(version(), 1);
-        EXPECT_FALSE(inspected.has("update"));
-        book.about = "New";
-        Playbooks::write(book, {}, "me");
-        shown->editor().setPicked(std::nullopt);
-        shown->editor().setPicked(pick);
-        ASSERT_TRUE(inspected.has("update"));
-        inspected.press("update");
-        EXPECT_EQ(version(), 2);
-        EXPECT_FALSE(inspected.has("update"));
-    };
-    auto book = Playbooks::library().front().playbook;
-    expectUpdate(book, {Pick::Kind::overlay, shown->look().overlays.back().id, {}},
-                 [&] { return shown->look().overlays.back().version; });
-
-    book.id.reset();
-    book.kind = "layout";
-    const auto layout = Playbooks::write(book, {}, "me");
-    ShotCommands::cut(shown->editor(), Shot::Layout::split, layout);
-    expectUpdate(layout.playbook, {Pick::Kind::shot, shown->look().shots.back().id, {}},
-                 [&] { return shown->look().shots.back().version; });
-    EXPECT_EQ(shown->step(), "Update Playbook");
 }

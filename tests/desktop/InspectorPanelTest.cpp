@@ -22,18 +22,6 @@ TEST_F(InspectorPanelTest, isShownFoldedAndReachedByKeys) {
     EXPECT_TRUE(panel->hasActiveFocus());
 }
 
-TEST_F(InspectorPanelTest, remembersWhatIsFolded) {
-    for (const auto& [key, usual] : {std::pair("folded.Levels", true), {"captionStyles.open", false}}) {
-        SettingsStore::standard().remove(key); // the settings of all tests are one file
-        InspectorPanel panel(shown->editor());
-        EXPECT_EQ(panel.isOpen(key), usual) << key;
-        panel.setOpen(key, !usual);
-        EXPECT_EQ(SettingsStore::standard().boolean(key), true) << key;
-        EXPECT_EQ(InspectorPanel(shown->editor()).isOpen(key), !usual) << key;
-        panel.setOpen(key, usual);
-    }
-}
-
 TEST_F(InspectorPanelTest, showsTheFirstTabForOneThatItHasNot) {
     InspectorPanel panel(shown->editor());
     shown->editor().setInspectorTab(InspectorTab::mcp);

@@ -40,6 +40,18 @@ TEST_F(KeyRouterTest, lettersAreNoCommandsWhileSomebodyTypes) {
     EXPECT_EQ(shown->editor().tool(), EditingTool::select);
 }
 
+TEST_F(KeyRouterTest, combinationsAreReadAsOnAUsKeyboardToo) {
+    shown->putIn();
+    shown->editor().playback.seek(1);
+    QKeyEvent russian(QEvent::KeyPress, 0x0418, Qt::ControlModifier, 48 + 8, 0, 0, "\x02");
+    QCoreApplication::sendEvent(&shown->window(), &russian);
+    EXPECT_EQ(shown->cuts(), 2U) << "Ctrl+B";
+    QKeyEvent bare(QEvent::KeyPress, 0x0418, Qt::NoModifier, 48 + 8, 0, 0, "и");
+    QCoreApplication::sendEvent(&shown->window(), &bare);
+    EXPECT_EQ(shown->editor().tool(), EditingTool::blade) << "B";
+    EXPECT_EQ(shown->cuts(), 2U);
+}
+
 TEST_F(KeyRouterTest, keysGoToASheetAndNotThroughIt) {
     shown->key(Qt::Key_K, Qt::ControlModifier);
     ASSERT_EQ(shown->project().sheet(), "palette");

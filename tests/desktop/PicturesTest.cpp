@@ -1,6 +1,7 @@
 #include "app/desktop/Pictures.h"
 #include "platform/base/Problem.h"
 #include "tests/desktop/OnWindow.h"
+#include "tests/desktop/Tour.h"
 
 #include <QImage>
 
@@ -26,4 +27,22 @@ TEST_F(PicturesTest, areOfTheWholeWindow) {
     const QImage picture(QString::fromStdString(shown->folder / "out" / "source-1024x640.png"));
     ASSERT_EQ(picture.size(), QSize(1024, 640));
     EXPECT_EQ(picture.pixelColor(1000, 5), QColor("#17181B")) << "the top bar";
+}
+
+TEST_F(PicturesTest, showWhatTheirNameSays) {
+    const auto project = Tour(*shown, shown->folder / "settings.json")
+                             .project(std::filesystem::path(MURBO_TESTS) / "desktop/tours/project.json");
+    shown->editor().apply([&](Project& now) { now = project; });
+    shown->settle();
+    shown->desktop.reset();
+    std::vector<QImage> all;
+    for (const auto* view :
+         {"source", "picture", "generated", "shot", "overlay", "sound", "song", "several"}) {
+        Pictures::take({shown->folder / "out", view, {1024, 640}}, {shown->package()});
+        const QImage picture(QString("%1/out/%2-1024x640.png")
+                                 .arg(QString::fromStdString(shown->folder.path), QString::fromUtf8(view)));
+        EXPECT_FALSE(picture.isNull()) << view;
+        EXPECT_EQ(std::ranges::count(all, picture), 0) << view << " shows what another one does";
+        all.push_back(picture);
+    }
 }

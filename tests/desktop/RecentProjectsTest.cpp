@@ -19,7 +19,13 @@ TEST(RecentProjects, theNewestComesFirstAndNoneTwice) {
     EXPECT_EQ(std::ranges::count(all, folder / "p15.mbproj"), 1);
     EXPECT_TRUE(RecentProjects::shown()[0].toMap()["missing"].toBool());
     folder.file("p15.mbproj/project.json");
-    EXPECT_FALSE(RecentProjects::shown()[0].toMap()["missing"].toBool());
+    const auto shown = RecentProjects::shown()[0].toMap();
+    EXPECT_FALSE(shown["missing"].toBool());
+    EXPECT_EQ(shown["path"], QString::fromStdString(folder / "p15.mbproj"));
+    EXPECT_EQ(shown["name"], "p15");
+    EXPECT_EQ(shown["folder"], QString::fromStdString(folder.path));
+    EXPECT_EQ(shown["date"], QLocale().toString(QDate::currentDate(), QLocale::ShortFormat));
+    EXPECT_TRUE(shown["picture"].toString().startsWith("image://project/"));
 }
 
 TEST_F(RecentProjectsTest, oneIsTakenOffInTheStartWindow) {

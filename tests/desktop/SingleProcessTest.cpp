@@ -2,6 +2,7 @@
 #include "tests/Environment.h"
 #include "tests/TemporaryFolder.h"
 
+#include <QLocalSocket>
 #include <QSignalSpy>
 #include <QTest>
 #include <filesystem>
@@ -34,4 +35,30 @@ TEST(SingleProcess, aSocketThatACrashLeftIsTakenOver) {
     SingleProcess only;
     EXPECT_FALSE(only.handOver({}));
     EXPECT_TRUE(std::filesystem::is_socket(folder / "murbo-desktop"));
+}
+
+TEST(SingleProcess, answersWholeMessagesOfABearableLength) {
+    const TemporaryFolder folder;
+    std::filesystem::permissions(folder.path, std::filesystem::perms::owner_all);
+    const Environment place("XDG_RUNTIME_DIR", folder.path);
+    SingleProcess first;
+    QSignalSpy asked(&first, &SingleProcess::asked);
+    first.handOver({});
+    const auto connected = [&](QLocalSocket& socket, const QByteArray& bytes) {
+        socket.connectToServer(QString::fromStdString((folder / "murbo-desktop").string()));
+        socket.write(bytes);
+        QTest::qWait(100);
+    };
+    QLocalSocket slow, endless, foreign;
+    connected(slow, "[\"/a.mb");
+    EXPECT_EQ(asked.count(), 0);
+    slow.write("proj\"]\n");
+    ASSERT_TRUE(asked.wait(5000));
+    EXPECT_EQ(asked[0][0].toStringList(), QStringList{"/a.mbproj"});
+    connected(endless, QByteArray(70000, 'x'));
+    EXPECT_EQ(endless.state(), QLocalSocket::UnconnectedState);
+    connected(foreign, "no list\n");
+    EXPECT_EQ(foreign.readAll(), "\n") << "it is understood as: come to the front";
+    ASSERT_EQ(asked.count(), 2);
+    EXPECT_EQ(asked[1][0].toStringList(), QStringList());
 }

@@ -59,6 +59,29 @@ TEST(SleepInhibitor, asksThePortalAndGivesBackWhatItHeld) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return request.closed == 1; }, 5000));
 }
 
+TEST(SleepInhibitor, givesBackWhatIsGrantedAfterItWasLetGo) {
+    const PrivateBus bus;
+    if (bus.address.isEmpty()) GTEST_SKIP() << "there is no dbus-daemon";
+    FakeInhibit portal;
+    FakeRequest request;
+    ASSERT_TRUE(bus.serve(portal));
+    ASSERT_TRUE(
+        bus.connect("portal").registerObject("/request/1", &request, QDBusConnection::ExportAllSlots));
+    SleepInhibitor awake(bus.connect("window that ends at once"));
+    awake.hold("Exporting Falls");
+    awake.hold("Exporting Hops");
+    awake.release();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return request.closed == 1; }, 5000));
+    EXPECT_EQ(portal.reason, "Exporting Falls") << "it was held already";
+    awake.hold("Exporting Jumps");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return portal.reason == "Exporting Jumps"; }, 5000));
+    awake.release();
+    awake.release();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return request.closed > 1; }, 5000));
+    QTest::qWait(50);
+    EXPECT_EQ(request.closed, 2);
+}
+
 TEST(SleepInhibitor, withoutABusEverythingSaysNoAndNothingBreaks) {
     FileChoice choice; // the tests have no bus of a session
     QSignalSpy unavailable(&choice, &FileChoice::unavailable);

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "app/desktop/access/AccessTree.h"
 #include "app/editor/commands/CommandRun.h"
-#include "app/editor/commands/SessionState.h"
 #include "core/model/ModelCodec.h"
-#include "platform/base/Codec.h"
-#include "platform/store/SettingsStore.h"
 #include "tests/desktop/DrawnText.h"
+#include "tests/desktop/Looks.h"
+#include "tests/desktop/Notified.h"
 #include "tests/desktop/TourNames.h"
+#include "tests/desktop/TourState.h"
 #include "tests/desktop/WindowOfProject.h"
 
 #include <QKeySequence>
@@ -26,7 +25,7 @@ public:
     Tour(WindowOfProject& window, std::filesystem::path settingsFile)
         : shown(window),
           names(window.folder.path),
-          settings(std::move(settingsFile)),
+          state(window, std::move(settingsFile)),
           context(qmlContext(&window.window())) {
         QObject::connect(&shown.project(), &OpenProject::toast, &spot,
                          [this](const QString& words, const QString& button) {
@@ -42,7 +41,7 @@ public:
     /// The lines that begin with "> ", each with what came of it; comments stay.
     std::string of(const std::string& script) {
         rest();
-        before = state();
+        before = state.now();
         std::istringstream stream(script);
         for (std::string line; std::getline(stream, line);) {
             if (line.starts_with("#") || line.empty()) text += line + "\n";
@@ -71,11 +70,12 @@ private:
 
     void step(const std::string& line) {
         text += "> " + line + "\n";
+        followAll();
         carryOut(names.identified(line));
         rest();
         stop(shown.editor().playback, "video");
         stop(shown.editor().source, "source");
-        const auto now = state();
+        const auto now = state.now();
         for (const auto& change : TourText::json::diff(before, now))
             say(change["op"].get<std::string>() + " " + change["path"].get<std::string>() +
                 (change.contains("value") ? " " + change["value"].dump() : ""));
@@ -85,10 +85,34 @@ private:
             for (const auto& change : TourText::changed(seen, lines)) say(name + " " + change);
             seen = lines;
         }
+        sayUnsaid(line);
         if (auto words = std::exchange(Complaints::list(), ""); !words.empty()) {
             words.pop_back();
             say("complaint: " + words);
         }
+    }
+
+    /// What changed without a word to those who show it. What shows a sheet or a tab is there while that is
+    /// open: it hears of what is done with it.
+    void sayUnsaid(const std::string& line) {
+        for (auto& words : notified.unsaid()) {
+            const auto name = words.substr(0, words.find_first_of(". "));
+            if (!atTimes.contains(name) || line.starts_with(name)) say("not announced: " + words);
+        }
+    }
+    void followAll() {
+        static const std::vector<std::string> always{
+            "project",          "project.editor",  "project.player",    "project.sourcePlayer",
+            "project.sidebar",  "project.browser", "project.exports",   "mediaArrivals",
+            "inspection",       "inspectorPanel",  "inspectorPictures", "transcript",
+            "transcript.offer", "heldFootage",     "splitters",         "viewerAids"};
+        const auto follow = [this](const std::string& name) {
+            notified.follow(name, evaluated(name).value<QObject*>());
+        };
+        std::ranges::for_each(always, follow);
+        std::ranges::for_each(atTimes, follow);
+        eachView(
+            [this](const QString& name, QQuickItem* item) { notified.follow(name.toStdString(), item); });
     }
 
     void carryOut(const std::string& line) {
@@ -100,11 +124,14 @@ private:
             if (!CommandRun::run(shown.editor(), rest)) say("not done");
         } else if (verb == "show") {
             say(dump(rest));
+        } else if (verb == "look" || verb == "compare") {
+            settle();
+            while (words >> name) look(name, verb == "look");
         } else if (verb == "watch") {
             watched.clear();
             while (words >> name) say(watched[name] = dump(name));
-        } else if (verb == "key") {
-            key(rest);
+        } else if (verb == "key" || verb == "hold" || verb == "let") {
+            key(verb, rest);
         } else if (verb == "type") {
             for (const char letter : rest) QTest::keyClick(&shown.window(), letter);
         } else if (verb == "press" || verb == "move" || verb == "release" || verb == "double" ||
@@ -128,18 +155,27 @@ private:
         }
     }
 
-    QVariant evaluated(const std::string& line) {
-        for (auto* item : shown.window().findChildren<QQuickItem*>()) {
+    /// Calls with each view of the system's own that is shown, and with its name.
+    template <class Visit>
+    void eachView(const Visit& visit, QQuickItem* in = nullptr) {
+        for (auto* item : (in ? in : shown.window().contentItem())->childItems()) {
             if (!item->isVisible()) continue;
             const auto* type = item->metaObject();
             while (type && (!std::string(type->className()).starts_with("murbo::") ||
                             QString(type->className()).contains("_QML")))
                 type = type->superClass();
-            if (!type) continue;
-            auto name = QString(type->className()).mid(7);
-            name[0] = name[0].toLower();
-            context.setContextProperty(name, item);
+            auto name = QString(type ? type->className() : "").mid(7);
+            if (type) visit(name.replace(0, 1, name[0].toLower()), item);
+            eachView(visit, item);
         }
+    }
+
+    QVariant evaluated(const std::string& line) {
+        std::map<QString, int> counts; // of several the last has the name alone
+        eachView([&](const QString& name, QQuickItem* item) {
+            context.setContextProperty(name, item);
+            context.setContextProperty(name + QString::number(++counts[name]), item);
+        });
         QQmlExpression expression(&context, &shown.window(), QString::fromStdString(line));
         const auto value = expression.evaluate();
         if (expression.hasError() && !waiting)
@@ -150,7 +186,7 @@ private:
     /// An object's lines by its name; of a timeline also "blocks", of a drawn view "drawn NAME".
     TourText::Lines dump(const std::string& name) {
         if (name == "blocks") return DrawnText::of(shown.item<TimelineView>()->shown());
-        if (name == "tree") return tree();
+        if (name == "tree") return treeOf(shown.window());
         // What is drawn; as marks without its places, where they follow from the letters' widths.
         const bool marks = name.starts_with("marks:"), drawn = marks || name.starts_with("drawn:");
         const auto value = evaluated(drawn ? name.substr(6) : name);
@@ -161,28 +197,29 @@ private:
         return TourText::of(*object);
     }
 
-    TourText::Lines tree() {
-        TourText::Lines lines;
-        shown.window().grabWindow(); // the rows of lists come with a frame
-        for (const auto& node : AccessTree::of(shown.window())) {
-            auto line = std::string(static_cast<std::size_t>(node.depth), ' ') + node.role.toStdString() +
-                        " “" + node.name.toStdString() + "”";
-            for (const auto& more : {node.description, node.value})
-                if (!more.isEmpty()) line += " “" + more.toStdString() + "”";
-            for (const auto& [holds, words] : {std::pair{node.focusable, " focusable"},
-                                               {node.focused, " focused"},
-                                               {!node.enabled, " disabled"},
-                                               {node.checked, " checked"},
-                                               {node.selected, " selected"}})
-                if (holds) line += words;
-            lines.push_back(line);
-        }
-        return lines;
+    /// "key" presses and lets go, "hold" and "let" are one of it.
+    void key(const std::string& verb, const std::string& keys) {
+        const auto pressed = QKeySequence(QString::fromStdString(keys))[0];
+        auto& window = shown.window();
+        if (verb != "let") QTest::keyPress(&window, pressed.key(), pressed.keyboardModifiers());
+        if (verb != "hold") QTest::keyRelease(&window, pressed.key(), pressed.keyboardModifiers());
     }
 
-    void key(const std::string& keys) {
-        const auto pressed = QKeySequence(QString::fromStdString(keys))[0];
-        QTest::keyClick(&shown.window(), pressed.key(), pressed.keyboardModifiers());
+    /// Until nothing comes into the window any more.
+    void settle() {
+        QImage last;
+        for (int same = 0, turn = 0; same < 4 && turn < 200; ++turn, QTest::qWait(100)) {
+            shown.waitFor([this] { return !shown.opened->awaitsPictures(); });
+            auto now = shown.window().grabWindow();
+            same = now == last ? same + 1 : 0;
+            last = std::move(now);
+        }
+    }
+    void look(const std::string& name, bool whole) {
+        auto* item = qobject_cast<QQuickItem*>(evaluated(name).value<QObject*>());
+        if (!item) return say("no such item");
+        const auto place = item->mapRectToScene(item->boundingRect()).toAlignedRect();
+        say(looks.of(name, shown.window().grabWindow().copy(place), whole));
     }
 
     /// "press ITEM x y", with Shift, Ctrl, Alt, Right or Middle after it.
@@ -239,51 +276,18 @@ private:
         rest();
     }
 
-    /// The project, the session on it, the settings and where the keys are.
-    TourText::json state() {
-        using TourText::json;
-        const auto& editor = shown.editor();
-        if (encoded.empty() || encodedFrom != editor.project()) encode(editor.project());
-        auto whole = encoded;
-        auto session = json::parse(SessionState::json(editor));
-        session["undo"] = editor.history().undoName().value_or("");
-        session["redo"] = editor.history().redoName().value_or("");
-        session["unfinished"] = editor.unfinished().value_or("");
-        session["sheet"] = shown.project().sheet().toStdString();
-        session["menu"] = shown.project().property("menuOpen").toBool();
-        auto* keys = shown.window().activeFocusItem();
-        auto* access = keys ? QAccessible::queryAccessibleInterface(keys) : nullptr;
-        session["keys"] = qobject_cast<TimelineView*>(keys) ? "Timeline"
-                          : access                          ? access->text(QAccessible::Name).toStdString()
-                                                            : "";
-        whole["session"] = rounded(session);
-        whole["settings"] = rounded(json::parse(contentsOf(settings), nullptr, false));
-        return whole;
-    }
-    void encode(const Project& project) {
-        const auto json = [](const auto& record) {
-            return rounded(TourText::json::parse(Codec::encode(record, JsonWriter::Layout::compact)));
-        };
-        encodedFrom = project;
-        encoded = json(project);
-        for (const auto& [source, transcript] : project.transcripts)
-            encoded["transcripts"][source.text()] = json(transcript);
-    }
-    static TourText::json rounded(TourText::json value) {
-        if (value.is_number_float()) return TourText::tidied(value);
-        if (value.is_structured())
-            for (auto& member : value) member = rounded(member);
-        return value;
-    }
-
     WindowOfProject& shown;
     TourNames names;
-    std::filesystem::path settings;
+    TourState state;
     QQmlContext context;
     QObject spot;
     std::map<std::string, TourText::Lines> watched;
-    Project encodedFrom;
-    TourText::json encoded;
+    Notified notified;
+    const std::set<std::string> atTimes{
+        "captions",      "captionTimes",  "captionFonts", "closingQuestion",   "copySheet",
+        "deliveryCheck", "exportSheet",   "folders",      "footageSheet",      "historySheet",
+        "library",       "settingsSheet", "streamSheet",  "timelineAppearance"};
+    Looks looks;
     TourText::json before;
     bool waiting = false;
     std::string text;

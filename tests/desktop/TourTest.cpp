@@ -1,5 +1,6 @@
 #include "core/playbooks/Library.h"
 #include "core/playbooks/Playbooks.h"
+#include "platform/store/SettingsStore.h"
 #include "tests/Approved.h"
 #include "tests/desktop/Tour.h"
 

@@ -42,10 +42,11 @@ void CaptionsPage::setWatched(bool on) {
 }
 
 void CaptionsPage::refresh() {
-    if (!isWatched()) return;
-    assignCards();
-    drawing.start();
-    emit changed();
+    if (isWatched()) {
+        assignCards();
+        drawing.start();
+    }
+    emit changed(); // the timeline shows whether there are captions, whichever tab is up
 }
 
 bool CaptionsPage::hasVideo() const {

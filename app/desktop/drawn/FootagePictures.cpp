@@ -142,13 +142,6 @@ void FootagePictures::keep(const std::filesystem::path& file, std::optional<Bitm
     emit changed();
 }
 
-void FootagePictures::forget() {
-    pool.clear();
-    wished.clear();
-    files.clear();
-    sounds.clear();
-}
-
 void FootagePictures::finish(const Wish& wish, bool found) {
     wished.erase(wish);
     if (!found) failed.insert(wish);

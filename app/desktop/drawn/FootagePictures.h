@@ -45,8 +45,6 @@ public:
     const Loudness* loudnessOf(const std::filesystem::path& file);
     /// Whether something that was asked for is still being made.
     bool isBusy();
-    /// Wishes that nobody waits for any more.
-    void forget();
 
 signals:
     void changed();

@@ -19,8 +19,6 @@ public:
     const Book* book(const std::string& id, std::optional<std::int64_t> version);
     /// The version in the library, where it is another one.
     std::optional<std::int64_t> newer(const std::string& id, std::int64_t version) const;
-    /// What the library lists is looked at anew.
-    void forget() { books.clear(); }
 
 private:
     std::optional<std::filesystem::path> package;

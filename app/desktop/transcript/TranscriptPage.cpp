@@ -120,7 +120,10 @@ void TranscriptPage::transcribe() {
 void TranscriptPage::refresh() {
     auto now =
         TranscriptRows::Basis::of(session.project(), subject(), session.openVideo(), Settings::quietLeast());
-    if (now == basis) return emit shownChanged();
+    if (now == basis) {
+        emit shownChanged();
+        return emit rangeChanged(); // a note needs a source that is held
+    }
     if (now.subject != basis.subject) commit();
     const bool other = now.subject != basis.subject;
     basis = std::move(now);

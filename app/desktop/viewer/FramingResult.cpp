@@ -63,9 +63,15 @@ FramingResult::FramingResult(QQuickItem* parent) : QQuickItem(parent) {
 
 void FramingResult::setEditor(Editor* given) {
     if (given == session) return;
-    if (session) session->disconnect(this);
+    if (session) {
+        session->disconnect(this);
+        session->source.disconnect(this);
+    }
     session = given;
-    if (session) connect(session, &Editor::projectChanged, this, &FramingResult::splitChanged);
+    if (session) {
+        connect(session, &Editor::projectChanged, this, &FramingResult::splitChanged);
+        connect(&session->source, &Playback::sourceChanged, this, &FramingResult::splitChanged);
+    }
     emit editorChanged();
 }
 

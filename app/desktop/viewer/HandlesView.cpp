@@ -41,7 +41,12 @@ std::optional<std::string> textParameter(const PlacedOverlay& placed) {
 HandlesView::HandlesView(QQuickItem* parent) : QQuickItem(parent), media(std::make_shared<PlaybookMedia>()) {
     setAcceptedMouseButtons(Qt::LeftButton);
     setAcceptHoverEvents(true);
-    connect(this, &HandlesView::boxChanged, this, [this] { setActiveFocusOnTab(shown()); });
+    // What has the keys can't be taken out of the walk by Tab: it is once they are elsewhere.
+    const auto offer = [this] {
+        if (shown() || !hasActiveFocus()) setActiveFocusOnTab(shown());
+    };
+    connect(this, &HandlesView::boxChanged, this, offer);
+    connect(this, &QQuickItem::activeFocusChanged, this, offer);
 }
 
 HandlesView::~HandlesView() {
