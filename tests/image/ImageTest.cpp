@@ -26,7 +26,10 @@ TEST(Images, knowTheirExtentWithoutDrawing) {
     EXPECT_TRUE(image.clamped().extent().isEverything());
     EXPECT_EQ(image.motionBlurred(10, 90).extent(), (Rect{0, -10, 100, 70}));
     EXPECT_NEAR(image.zoomBlurred({50, 25}, 5).extent().width, 110, 1);
-    EXPECT_NEAR(image.zoomBlurred({0, 0}, 5).extent().height, 55, 1);
+    const Rect smeared = image.zoomBlurred({0, 50}, 5).extent(); // away from the lower left corner
+    EXPECT_EQ(std::pair(smeared.x, smeared.y + smeared.height), std::pair(0.0, 50.0));
+    EXPECT_NEAR(smeared.width, 110.5, 0.1);
+    EXPECT_NEAR(smeared.height, 55.3, 0.1);
     EXPECT_TRUE(image.cropped({200, 0, 10, 10}).empty());
     EXPECT_TRUE(image.faded(0).empty());
     EXPECT_TRUE(image.transformed(Transform().scaled(0, 1)).empty());

@@ -45,6 +45,14 @@ TEST(RoundedRectangles, coverTheirAreaUnderAnyTransform) {
     }
 }
 
+TEST(RoundedRectangles, thinnerThanAPixelAreAsFaintAsTheyAreThin) {
+    for (const double thin : {0.2, 0.5, 0.9})
+        for (const auto& rect : {Rect{10, 10.3, 100, thin}, Rect{10.3, 10, thin, 100}})
+            EXPECT_NEAR(coverage(drawn(Image::roundedRectangle(rect, thin / 2, ink), 130, 130)), 100 * thin,
+                        4)
+                << thin;
+}
+
 TEST(RoundedRectangles, areTheSameWhereTheyHideAndWhereTheyMix) {
     const Image shape = Image::roundedRectangle({10.25, 8, 180, 90.5}, 25, ink);
     const Image white = Image::colour(Colour::white);

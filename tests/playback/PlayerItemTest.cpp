@@ -18,6 +18,7 @@ TEST(PlayerItem, footageIsShownWholeInItsOwnSize) {
     EXPECT_EQ(item.composition.length(), 0.6);
     EXPECT_EQ(item.composition.box->plan()->frame, (Size{640, 360}));
     EXPECT_TRUE(item.composition.box->plan()->framings.empty());
+    EXPECT_EQ(item.composition.box->plan()->shots.at(0).shot.layout, Shot::Layout::content) << "in one piece";
     const auto gone = oneSource("/nowhere/x.mp4", 5);
     const auto black = PlayerItem::footage(gone.sources[0]);
     EXPECT_EQ(black.composition.length(), 5);
