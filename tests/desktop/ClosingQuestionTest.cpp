@@ -14,7 +14,15 @@ TEST_F(ClosingQuestionTest, asksWhileAMovieIsOnItsWayOutAndNotOtherwise) {
     for (int cut = 0; cut < 40; ++cut) CutCommands::addToEnd(editor);
     ExportQueue::MovieJob job{*editor.video(), editor.project(), {}};
     job.order.to = shown->folder / "movie.mp4";
+    auto next = job;
+    next.order.to = shown->folder / "next.mp4";
     shown->project().exports()->add(std::move(job));
+    shown->project().exports()->add(std::move(next));
+    ClosingQuestion question(shown->project());
+    EXPECT_FALSE(question.mayClose());
+    EXPECT_EQ(question.words(),
+              "“Untitled Video” and 1 more are being exported. Nothing of them is kept if you close now.");
+    shown->project().setSheet("");
     ASSERT_TRUE(shown->project().exports()->running());
     shown->window().close();
     shown->settle();

@@ -60,6 +60,7 @@ TEST_F(ExportQueueTest, aStoppedMovieLeavesNothingAndTheNextBegins) {
     queue.stop();
     ASSERT_TRUE(ended());
     EXPECT_EQ(queue.rows()[0].state, ExportRow::MovieState::stopped);
+    EXPECT_EQ(queue.rows()[0].value(ExportRow::roles().key("stage")).toString(), "stopped");
     EXPECT_EQ(queue.rows()[1].state, ExportRow::MovieState::done);
     EXPECT_EQ(queue.problem(), "") << "to stop is no failure";
     EXPECT_EQ(entriesIn(folder.path), 1);
