@@ -3,6 +3,7 @@
 #include "tests/MadeMedia.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QEventLoop>
 
 using namespace murbo;
@@ -24,7 +25,9 @@ TEST(EditorPlayers, theSoundOfEachSourceIsMeasuredOnce) {
     for (int turn = 0; turn < 2; ++turn)
         for (const auto& source : *sources) EXPECT_FALSE(editor.loudness(source.id)) << "not yet";
     EXPECT_FALSE(editor.loudness(UUID())) << "of no source, ever";
-    while (measured < 3) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    for (const QDeadlineTimer patience(60000); measured < 3 && !patience.hasExpired();)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 100);
+    ASSERT_EQ(measured, 3);
     const auto level = [&](std::size_t at) { return editor.loudness(sources[at].id)->level(0, 1); };
     EXPECT_GT(level(0), level(1) + 0.1);
     EXPECT_GT(level(1), 0);

@@ -18,13 +18,15 @@ constexpr int height = 128;
 constexpr int pictures = 90;
 const MovieSettings usual{.width = width, .height = height};
 
-// A flat picture whose grey tells its number.
+constexpr int colours[] = {0, 100, 150}; // of the second and third plane
+
+// A flat picture whose brightness tells its number.
 Planes numbered(int number) {
     Planes planes(width, height);
     for (int plane = 0; plane < 3; ++plane)
         for (int y = 0; y < (plane == 0 ? height : height / 2); ++y)
-            std::memset(planes.plane(plane) + y * planes.stride(plane), plane == 0 ? 20 + 2 * number : 128,
-                        plane == 0 ? width : width / 2);
+            std::memset(planes.plane(plane) + y * planes.stride(plane),
+                        plane == 0 ? 20 + 2 * number : colours[plane], plane == 0 ? width : width / 2);
     return planes;
 }
 
@@ -68,6 +70,8 @@ TEST(MovieWriter, writesWhatReadsBackInStep) {
         const auto frame = reader.at((number + 0.5) / 30);
         ASSERT_TRUE(frame);
         EXPECT_EQ(numberOf(frame->frame), number);
+        for (const int plane : {1, 2})
+            EXPECT_NEAR(frame->frame.planes[plane][frame->frame.strides[plane] * 32 + 48], colours[plane], 4);
         EXPECT_NEAR(frame->time, number / 30.0, 1e-6);
         EXPECT_EQ(frame->frame.matrix, Frame::Matrix::bt709);
         EXPECT_FALSE(frame->frame.fullRange);
