@@ -36,9 +36,9 @@ TEST(Painted, aWaveIsAsHighAsItIsLoud) {
 
 TEST(Painted, stripesMeetWhereTheyAreParted) {
     for (const double ratio : {1.0, 1.25, 2.0}) {
-        const auto picture = Painted::stripes({{0, 0, 64, 20}, Qt::white}, ratio);
+        const auto picture = Painted::stripes(20, Qt::white, ratio);
         const int step = static_cast<int>(DrawList::stripeStep * ratio);
-        ASSERT_EQ(picture.size(), (QSizeF(64, 20) * ratio).toSize());
+        ASSERT_EQ(picture.size(), (QSizeF(256, 20) * ratio).toSize());
         int seam = 0, upright = 0;
         for (int x = 0; x < 4 * step; ++x) {
             const int here = qAlpha(picture.pixel(x, 10));

@@ -61,14 +61,15 @@ struct DrawList {
         QColor colour;
         bool operator==(const Symbol&) const = default;
     };
-    /// Slanting stripes in the place of what is not there or not shown. The same ones stand `stripeStep`
-    /// points on: places whose lefts lie so far apart meet without a seam.
+    /// Slanting stripes in the place of what is not there or not shown, at most `stripesWidth` points wide.
+    /// They repeat each `stripeStep` points: what is cut there meets without a seam.
     struct Stripes {
         QRectF rect;
         QColor colour;
         bool operator==(const Stripes&) const = default;
     };
     static constexpr int stripeStep = 8;
+    static constexpr int stripesWidth = 256;
     using Item = std::variant<Patch, Label, Still, Wave, FilePicture, Symbol, Stripes>;
 
     std::vector<Item> items;

@@ -87,8 +87,12 @@ bool DrawNode::put(Shown& one) {
         return putImage(one, loud->rect, wave(*loud), {});
     if (const auto* sign = std::get_if<DrawList::Symbol>(&one.item))
         return putImage(one, sign->rect, symbol(*sign), {});
-    if (const auto* striped = std::get_if<DrawList::Stripes>(&one.item))
-        return putImage(one, striped->rect, stripes(*striped), {});
+    if (const auto* striped = std::get_if<DrawList::Stripes>(&one.item)) {
+        auto* picture = stripes(*striped);
+        const QSizeF part(striped->rect.width() * window->effectiveDevicePixelRatio(),
+                          picture->textureSize().height());
+        return putImage(one, striped->rect, picture, {{}, part});
+    }
     if (const auto* from = std::get_if<DrawList::FilePicture>(&one.item)) {
         auto* picture = filePicture(from->file);
         return putImage(
@@ -178,12 +182,9 @@ QSGTexture* DrawNode::symbol(const DrawList::Symbol& symbol) {
 
 QSGTexture* DrawNode::stripes(const DrawList::Stripes& stripes) {
     const double ratio = window->effectiveDevicePixelRatio();
-    const auto key = QString("d%1|%2|%3|%4")
-                         .arg(std::round(stripes.rect.width()))
-                         .arg(stripes.rect.height())
-                         .arg(stripes.colour.rgba())
-                         .arg(ratio);
-    return texture(key, [&] { return Painted::stripes(stripes, ratio); });
+    const double height = stripes.rect.height();
+    const auto key = QString("d%1|%2|%3").arg(height).arg(stripes.colour.rgba()).arg(ratio);
+    return texture(key, [&] { return Painted::stripes(height, stripes.colour, ratio); });
 }
 
 QSGTexture* DrawNode::filePicture(const std::filesystem::path& file) {

@@ -18,7 +18,10 @@ constexpr double anyWidth = 1e6;
 
 bool ListPicture::paint(DrawList list, const PictureGround& ground, FootagePictures* pictures) {
     if (whole && ground == on && list == painted) return false;
-    if (ground.ratio != on.ratio) labels.clear();
+    if (ground.ratio != on.ratio) {
+        labels.clear();
+        symbols.clear();
+    }
     on = ground;
     painted = std::move(list);
     footage = pictures;
@@ -110,7 +113,11 @@ bool ListPicture::draw(const DrawList::Symbol& symbol) {
 }
 
 bool ListPicture::draw(const DrawList::Stripes& stripes) {
-    Painted::stripes(painter, onDevice(stripes.rect), stripes.colour, on.ratio);
+    const auto place = onDevice(stripes.rect);
+    auto& kept = symbols[QString("stripes|%1|%2").arg(place.height()).arg(stripes.colour.rgba())];
+    if (kept.used == 0) kept.value = Painted::stripes(place.height() / on.ratio, stripes.colour, on.ratio);
+    kept.used = turn;
+    painter.drawImage(place.topLeft(), kept.value, QRect({}, place.size()));
     return true;
 }
 

@@ -75,26 +75,19 @@ QImage wave(const DrawList::Wave& wave, const Loudness& loudness, double ratio) 
     return target;
 }
 
-void stripes(QPainter& painter, const QRect& place, const QColor& colour, double ratio) {
-    painter.save();
-    painter.setClipRect(place);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colour, stripe * ratio));
-    // From below the place to above it, so that the clip gives all of them straight ends.
-    const double step = DrawList::stripeStep * ratio;
-    const double low = place.top() + place.height() + step;
-    const double rise = place.height() + 2 * step;
-    for (double x = place.left() - std::ceil(rise / step) * step; x < place.left() + place.width(); x += step)
-        painter.drawLine(QPointF(x, low), QPointF(x + rise, low - rise));
-    painter.restore();
-}
-
-QImage stripes(const DrawList::Stripes& stripes, double ratio) {
-    const auto size = (stripes.rect.size() * ratio).toSize().expandedTo({1, 1});
+QImage stripes(double height, const QColor& colour, double ratio) {
+    const auto size = (QSizeF(DrawList::stripesWidth, height) * ratio).toSize().expandedTo({1, 1});
     QImage target(size, QImage::Format_ARGB32_Premultiplied);
     target.fill(Qt::transparent);
     QPainter painter(&target);
-    Painted::stripes(painter, target.rect(), stripes.colour, ratio);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, stripe * ratio));
+    // From below the picture to above it, so that its edges cut all of them.
+    const double step = DrawList::stripeStep * ratio;
+    const double low = size.height() + step;
+    const double rise = size.height() + 2 * step;
+    for (double x = -std::ceil(rise / step) * step; x < size.width(); x += step)
+        painter.drawLine(QPointF(x, low), QPointF(x + rise, low - rise));
     return target;
 }
 

@@ -30,10 +30,8 @@ void wave(QPainter& painter, const QRect& place, double from, double to, const Q
 /// The same as a picture of its own.
 QImage wave(const DrawList::Wave& wave, const Loudness& loudness, double ratio);
 
-/// Slanting stripes on a place of the painter's target, in its pixels; the first begins at the place's left.
-void stripes(QPainter& painter, const QRect& place, const QColor& colour, double ratio);
-/// The same as a picture of its own.
-QImage stripes(const DrawList::Stripes& stripes, double ratio);
+/// Slanting stripes of a height in points, as wide as any are: of narrower ones the left part is shown.
+QImage stripes(double height, const QColor& colour, double ratio);
 
 }
 

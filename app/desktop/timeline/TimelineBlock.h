@@ -50,7 +50,7 @@ struct TimelineBlock {
     double sourceLength = 0; ///< seconds of the whole source of a cut; 0 where that is not known
 
     double length() const { return to - from; }
-    /// The same block so many seconds of the video further on.
+    /// The same block, later by some seconds of the video.
     TimelineBlock movedBy(double seconds) const;
     bool operator==(const TimelineBlock&) const = default;
 };
