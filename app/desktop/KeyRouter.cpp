@@ -17,7 +17,7 @@ namespace {
 
 constexpr quint32 evdevOffset = 8; // scan codes of X11 and Wayland lie that much above the kernel's
 constexpr double second = 1;
-constexpr int tap = 300; ///< ms
+constexpr quint32 tap = 300; ///< ms; their count begins anew after 49 days on some systems
 
 /// By the typed key, else by the one that a US keyboard has there: Ctrl+B is that on every layout.
 const Action* actionOf(const QKeyEvent& event) {
@@ -56,7 +56,8 @@ bool KeyRouter::eventFilter(QObject*, QEvent* event) {
         const auto name = Keys::name(typed(released).toStdString());
         if (released.isAutoRepeat()) return false;
         if (name == Keys::standard().key(Command::stop)) stopHeld = false;
-        if (const auto command = name ? Keys::standard().command(*name) : std::nullopt) letToolGo(*command);
+        if (const auto command = name ? Keys::standard().command(*name) : std::nullopt)
+            letToolGo(*command, released.timestamp());
         return false;
     }
     if (event->type() != QEvent::KeyPress) return false;
@@ -64,19 +65,19 @@ bool KeyRouter::eventFilter(QObject*, QEvent* event) {
 }
 
 /// A tool's key that is held longer than a tap lends the tool for as long as it is held.
-void KeyRouter::takeTool(Command command) {
+void KeyRouter::takeTool(Command command, quint64 when) {
     const bool isTool = command == Command::select || command == Command::trim || command == Command::blade ||
                         command == Command::hand;
     if (!isTool || toolHeld) return;
     toolHeld = command;
     toolBefore = project.editor().tool();
-    toolSince.start();
+    toolSince = when;
 }
 
-void KeyRouter::letToolGo(Command command) {
+void KeyRouter::letToolGo(Command command, quint64 when) {
     if (toolHeld != command) return;
     toolHeld.reset();
-    if (toolSince.elapsed() >= tap) project.editor().setTool(toolBefore);
+    if (static_cast<quint32>(when - toolSince) >= tap) project.editor().setTool(toolBefore);
 }
 
 bool KeyRouter::press(const QKeyEvent& event) {
@@ -165,7 +166,7 @@ bool KeyRouter::pressBare(const QKeyEvent& event) {
     if (stopHeld && (command == Command::backward || command == Command::forward))
         player.step(command == Command::backward ? -1 / player.frameRate() : 1 / player.frameRate());
     else if (!event.isAutoRepeat() || command == Command::remove) {
-        takeTool(*command);
+        takeTool(*command, event.timestamp());
         KeyCommands::perform(editor, *command);
     }
     return true;

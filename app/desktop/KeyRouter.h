@@ -3,7 +3,6 @@
 #include "app/editor/EditingTool.h"
 #include "app/editor/Keys.h"
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <functional>
 #include <optional>
@@ -42,12 +41,12 @@ private:
 
     QQuickWindow& window;
     OpenProject& project;
-    void takeTool(Command command);
-    void letToolGo(Command command);
+    void takeTool(Command command, quint64 when);
+    void letToolGo(Command command, quint64 when);
 
     std::optional<Command> toolHeld; ///< a tool's key that is down
     EditingTool toolBefore = EditingTool::select;
-    QElapsedTimer toolSince;
+    quint64 toolSince = 0; ///< ms, by the keyboard's own times: a busy window makes no hold of a tap
     bool stopHeld = false; ///< K, with which J and L go a frame at a time
 };
 

@@ -65,9 +65,10 @@ TEST_F(KeyRouterTest, keysGoToASheetAndNotThroughIt) {
 TEST_F(KeyRouterTest, aToolsKeyThatIsHeldLendsTheTool) {
     QTest::keyPress(&shown->window(), Qt::Key_B);
     EXPECT_EQ(shown->editor().tool(), EditingTool::blade);
-    QTest::qWait(350);
+    shown->keyTimes.held = 350;
     QTest::keyRelease(&shown->window(), Qt::Key_B);
     EXPECT_EQ(shown->editor().tool(), EditingTool::select);
+    shown->keyTimes.held = 50;
     shown->key(Qt::Key_T);
     EXPECT_EQ(shown->editor().tool(), EditingTool::trim) << "a tap takes it for good";
 }

@@ -197,11 +197,12 @@ private:
         return TourText::of(*object);
     }
 
-    /// "key" presses and lets go, "hold" and "let" are one of it.
+    /// "key" taps, "hold" and "let" are one of it with a while between them.
     void key(const std::string& verb, const std::string& keys) {
         const auto pressed = QKeySequence(QString::fromStdString(keys))[0];
         auto& window = shown.window();
         if (verb != "let") QTest::keyPress(&window, pressed.key(), pressed.keyboardModifiers());
+        shown.keyTimes.held = verb == "let" ? 400 : 50;
         if (verb != "hold") QTest::keyRelease(&window, pressed.key(), pressed.keyboardModifiers());
     }
 

@@ -10,6 +10,7 @@
 #include "tests/Environment.h"
 #include "tests/MadeMedia.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/desktop/KeyTimes.h"
 
 #include <QAccessible>
 #include <QQuickItem>
@@ -60,6 +61,7 @@ public:
         opened = desktop->open(package());
         if (!opened) return;
         window().resize(1280, 800);
+        keyTimes.follow(window());
         QObject::connect(&project(), &OpenProject::toast, [this](const QString& words) { toasts << words; });
         settle();
     }
@@ -177,6 +179,7 @@ public:
     TemporaryFolder folder;
     Environment config{"XDG_CONFIG_HOME", folder.path / "config"};
     Environment home{"HOME", folder.path / "home"};
+    KeyTimes keyTimes;
     std::unique_ptr<Desktop> desktop;
     ProjectWindow* opened = nullptr;
 };
