@@ -13,10 +13,10 @@ namespace murbo {
 /// is meant, `./dev approve` takes the new sheet, to be looked at beside the old one.
 class Sheet {
 public:
-    /// `file` is below tests/: "stage/approved/stock.png". So many pictures stand in a row.
+    /// `file` is below tests/: "stage/approved/stock.png". `inRow` pictures stand in a row.
     Sheet(std::string file, std::size_t inRow) : name(std::move(file)), columns(inRow) {}
 
-    /// Adds a frame, drawn so many times smaller, on grey. A difference names it by `cell`.
+    /// Adds a frame, drawn `smaller` than it is by that factor, on grey. A difference names it by `cell`.
     void add(std::string cell, const Image& picture, Size frame, double smaller = 15);
 
     void expectApproved() const;

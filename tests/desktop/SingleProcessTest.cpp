@@ -12,10 +12,19 @@
 
 using namespace murbo;
 
-TEST(SingleProcess, aSecondStartHandsItsWordsToTheFirst) {
+namespace {
+
+class SingleProcessTest : public testing::Test {
+protected:
+    SingleProcessTest() { std::filesystem::permissions(folder.path, std::filesystem::perms::owner_all); }
+
     const TemporaryFolder folder;
-    std::filesystem::permissions(folder.path, std::filesystem::perms::owner_all);
-    const Environment place("XDG_RUNTIME_DIR", folder.path);
+    const Environment place{"XDG_RUNTIME_DIR", folder.path};
+};
+
+}
+
+TEST_F(SingleProcessTest, aSecondStartHandsItsWordsToTheFirst) {
     SingleProcess first;
     QSignalSpy asked(&first, &SingleProcess::asked);
     EXPECT_FALSE(first.handOver({})) << "there is nobody to hand over to";
@@ -27,20 +36,14 @@ TEST(SingleProcess, aSecondStartHandsItsWordsToTheFirst) {
     EXPECT_EQ(asked[0][0].toStringList(), (QStringList{"/a/ภาพ.mbproj", "/b.mbproj"}));
 }
 
-TEST(SingleProcess, aSocketThatACrashLeftIsTakenOver) {
-    const TemporaryFolder folder;
-    std::filesystem::permissions(folder.path, std::filesystem::perms::owner_all);
-    const Environment place("XDG_RUNTIME_DIR", folder.path);
+TEST_F(SingleProcessTest, aSocketThatACrashLeftIsTakenOver) {
     folder.file("murbo-desktop");
     SingleProcess only;
     EXPECT_FALSE(only.handOver({}));
     EXPECT_TRUE(std::filesystem::is_socket(folder / "murbo-desktop"));
 }
 
-TEST(SingleProcess, answersWholeMessagesOfABearableLength) {
-    const TemporaryFolder folder;
-    std::filesystem::permissions(folder.path, std::filesystem::perms::owner_all);
-    const Environment place("XDG_RUNTIME_DIR", folder.path);
+TEST_F(SingleProcessTest, answersWholeMessagesOfABearableLength) {
     SingleProcess first;
     QSignalSpy asked(&first, &SingleProcess::asked);
     first.handOver({});

@@ -38,16 +38,23 @@ public:
     Q_SLOT void Close() { ++closed; }
 };
 
-}
+class SleepInhibitorTest : public testing::Test {
+protected:
+    void SetUp() override {
+        if (bus.address.isEmpty()) GTEST_SKIP() << "there is no dbus-daemon";
+        ASSERT_TRUE(bus.serve(portal));
+        ASSERT_TRUE(
+            bus.connect("portal").registerObject("/request/1", &request, QDBusConnection::ExportAllSlots));
+    }
 
-TEST(SleepInhibitor, asksThePortalAndGivesBackWhatItHeld) {
     const PrivateBus bus;
-    if (bus.address.isEmpty()) GTEST_SKIP() << "there is no dbus-daemon";
     FakeInhibit portal;
     FakeRequest request;
-    ASSERT_TRUE(bus.serve(portal));
-    ASSERT_TRUE(
-        bus.connect("portal").registerObject("/request/1", &request, QDBusConnection::ExportAllSlots));
+};
+
+}
+
+TEST_F(SleepInhibitorTest, asksThePortalAndGivesBackWhatItHeld) {
     SleepInhibitor awake(bus.connect("window of sleep"));
     awake.hold("Exporting Falls");
     ASSERT_TRUE(QTest::qWaitFor([&] { return !portal.reason.isEmpty(); }, 5000));
@@ -59,14 +66,7 @@ TEST(SleepInhibitor, asksThePortalAndGivesBackWhatItHeld) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return request.closed == 1; }, 5000));
 }
 
-TEST(SleepInhibitor, givesBackWhatIsGrantedAfterItWasLetGo) {
-    const PrivateBus bus;
-    if (bus.address.isEmpty()) GTEST_SKIP() << "there is no dbus-daemon";
-    FakeInhibit portal;
-    FakeRequest request;
-    ASSERT_TRUE(bus.serve(portal));
-    ASSERT_TRUE(
-        bus.connect("portal").registerObject("/request/1", &request, QDBusConnection::ExportAllSlots));
+TEST_F(SleepInhibitorTest, givesBackWhatIsGrantedAfterItWasLetGo) {
     SleepInhibitor awake(bus.connect("window that ends at once"));
     awake.hold("Exporting Falls");
     awake.hold("Exporting Hops");

@@ -20,7 +20,7 @@ const MovieSettings usual{.width = width, .height = height};
 
 constexpr int colours[] = {0, 100, 150}; // of the second and third plane
 
-// A flat picture whose brightness tells its number.
+// A flat picture whose brightness is its number.
 Planes numbered(int number) {
     Planes planes(width, height);
     for (int plane = 0; plane < 3; ++plane)
@@ -91,12 +91,12 @@ TEST(MovieWriter, putsTheIndexInFrontAndTagsTheColours) {
     const std::string bytes = write(path, 1);
     EXPECT_LT(bytes.find("moov"), bytes.find("mdat"));
     if (!made::canMake()) GTEST_SKIP() << "The tags are read by the ffprobe program, and it is not here.";
-    const std::string told = made::output(
+    const std::string found = made::output(
         "ffprobe -v error -show_entries stream=codec_name,profile,pix_fmt,color_range,color_space,"
         "color_transfer,color_primaries,chroma_location,channels,start_time -of csv=p=0 " +
         made::quoted(path));
-    EXPECT_THAT(told, testing::HasSubstr("h264,High,yuv420p,tv,bt709,bt709,bt709,left,0.000000"));
-    EXPECT_THAT(told, testing::HasSubstr("aac,LC,2,0.000000"));
+    EXPECT_THAT(found, testing::HasSubstr("h264,High,yuv420p,tv,bt709,bt709,bt709,left,0.000000"));
+    EXPECT_THAT(found, testing::HasSubstr("aac,LC,2,0.000000"));
 }
 
 TEST(MovieWriter, writesTheSameBytesOnAnyNumberOfProcessors) {

@@ -19,7 +19,7 @@ namespace murbo {
 
 /// Carries out lines on a player whose clock and output are the test's, and writes beneath each all that
 /// comes of it: what notifies, what is shown, what is heard. Several commands of a line stand between
-/// semicolons. Pictures are told where the line waits for them.
+/// semicolons. Pictures are given where the line waits for them.
 class PlaybackTour {
 public:
     /// The machine was so busy that the player no longer waited for its output: the tour is to begin anew.
@@ -30,7 +30,7 @@ public:
                                             nullptr);
         seen = state();
         const auto note = [this](auto signal, const char* name) {
-            QObject::connect(player.get(), signal, [this, name] { ++told[name]; });
+            QObject::connect(player.get(), signal, [this, name] { ++notified[name]; });
         };
         note(&Playback::timeChanged, "time");
         note(&Playback::rateChanged, "rate");
@@ -178,7 +178,7 @@ private:
         sounding = false;
     }
 
-    /// Lets so many thirtieths of a second pass, each with its picture and its sound.
+    /// Lets a number of thirtieths of a second pass, each with its picture and its sound.
     void pass(int count) {
         std::string first, last;
         began = player->time();
@@ -193,10 +193,11 @@ private:
 
     /// Turns the clock on, until the player has noticed.
     void turn(double seconds) {
-        const auto before = told["time"];
+        const auto before = notified["time"];
         now = now + seconds;
         if (sounding) output.load()->played = output.load()->played + seconds;
-        if (!comes([&] { return told["time"] > before || player->rate() == 0; })) say("time stands still");
+        if (!comes([&] { return notified["time"] > before || player->rate() == 0; }))
+            say("time stands still");
     }
 
     /// Whether the picture of the place where it runs has come.
@@ -208,7 +209,7 @@ private:
         });
     }
 
-    /// The first, the middle and the last of so many frames, as milliseconds of the ramp.
+    /// The first, the middle and the last of a number of frames, as milliseconds of the ramp.
     std::string heard(std::size_t frames) {
         std::vector<float> sound(2 * frames, 9.0F);
         if (output) output.load()->fill(sound);
@@ -235,7 +236,7 @@ private:
     void tellChanges() {
         const auto after = state();
         for (const auto& [name, value] : after) {
-            const int times = std::exchange(told[name], 0);
+            const int times = std::exchange(notified[name], 0);
             const bool notifies = name != "loaded" && name != "skimmed" && name != "dropped";
             if (value == seen[name] && times == 0) continue;
             say(name + " " + value + (!notifies || times == 1 ? "" : fmt::format(", said {} times", times)));
@@ -270,8 +271,8 @@ private:
     std::shared_ptr<Screen> screen = std::make_shared<Screen>();
     std::unique_ptr<Playback> player;
     std::map<std::string, std::string> seen;
-    std::map<std::string, int> told;
-    std::size_t from = 0, read = 0; ///< of the pictures: where the line began, and how many are told
+    std::map<std::string, int> notified;
+    std::size_t from = 0, read = 0; ///< of the pictures: where the line began, and how many were given
     double began = 0;               ///< where the last run did
     bool watchedStart = false;
     int awaitedStarts = 0, awaitedStops = 0;

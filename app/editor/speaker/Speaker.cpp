@@ -50,7 +50,7 @@ struct Speaker::Device {
     double known = 0;    ///< seconds heard when last looked
     double looked = 0;   ///< the computer's time then
     double possible = 0; ///< seconds that have been written
-    double told = 0;     ///< the most that was answered
+    double answered = 0; ///< the most that was answered
 
     Device() {
         there.moveToThread(&thread);
@@ -120,7 +120,7 @@ bool Speaker::start(Fill fill) {
     {
         const std::lock_guard hold(device->lock);
         device->runs = false;
-        device->known = device->possible = device->told = 0;
+        device->known = device->possible = device->answered = 0;
     }
     bool works = false;
     device->callThere([&] {
@@ -134,13 +134,13 @@ void Speaker::stop() {
     device->callThere([this] { device->end(); });
 }
 
-/// Between two looks at the device time goes on, but never past what it was given. A device that takes its
-/// sound in large pieces may be behind that at the next look.
+/// Between two looks at the device time goes on, but never past what it was given. Of a device that takes its
+/// sound in large pieces the next look may give less: time stands still then, and never goes back.
 double Speaker::heard() const {
     const std::lock_guard hold(device->lock);
     if (!device->runs) return 0;
     const double now = std::min(device->known + PlayerClock::computer() - device->looked, device->possible);
-    return device->told = std::max(device->told, now);
+    return device->answered = std::max(device->answered, now);
 }
 
 }
