@@ -12,6 +12,7 @@
 #include <QGuiApplication>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QStyleHints>
 #include <algorithm>
 
 namespace murbo::Pictures {
@@ -138,6 +139,7 @@ std::optional<WindowPicture> asked(const Arguments& arguments) {
 void take(const WindowPicture& order, const std::vector<std::filesystem::path>& projects) {
     std::filesystem::create_directories(order.folder);
     QCursor::setPos(-100, -100); // or whatever stands in the corner shows what a pointer there has it show
+    QGuiApplication::styleHints()->setCursorFlashTime(0); // a field would never come to rest
     Desktop desktop({});
     QQuickWindow* window = nullptr;
     ProjectWindow* opened = nullptr;

@@ -3,6 +3,7 @@
 #include "app/desktop/KeyRouter.h"
 #include "app/desktop/exports/ExportWatch.h"
 #include "app/desktop/footage/DroppedFiles.h"
+#include "app/desktop/libraries/LibraryRows.h"
 #include "app/editor/playback/PreviewVolume.h"
 #include "platform/base/Problem.h"
 
@@ -13,6 +14,14 @@
 #include <QQuickWindow>
 
 namespace murbo {
+namespace {
+
+std::vector<std::filesystem::path> libraryFolders() {
+    return {LibraryRows::folder(Collection::playbooks), LibraryRows::folder(Collection::sounds),
+            LibraryRows::folder(Collection::music)};
+}
+
+}
 
 ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_ptr<ProjectDocument> document,
                              const SoundPlayer::MakeOutput& sound)
@@ -63,6 +72,11 @@ ProjectWindow::ProjectWindow(QQmlEngine& engine, QObject& desktop, std::unique_p
     context->setContextProperty("previewVolume", &PreviewVolume::standard());
     context->setContextProperty("planner", this);
     connect(&captionFonts, &CaptionFonts::changed, this, [this] { open.editor().redraw(); });
+    connect(&settingsSheet, &SettingsSheet::changed, &library, [this, before = libraryFolders()]() mutable {
+        if (auto now = libraryFolders(); std::exchange(before, now) == now) return;
+        library.assign({}); // it lies elsewhere
+        library.reload();
+    });
     connect(&inspection, &Inspection::findAsked, &open, [this] { open.perform("sheet.findMissing"); });
     connect(&open, &OpenProject::verb, &inspectorPanel, &InspectorPanel::carryOut);
     connect(&open, &OpenProject::verb, &transcript, &TranscriptPage::carryOut);

@@ -216,6 +216,7 @@ void Editor::beginDrag(const std::optional<std::string>& name) {
     if (dragStart) return;
     dragStart = live;
     dragName = name.value_or("Drag");
+    emit historyChanged();
 }
 
 void Editor::dragPiece(const Change& body) {
@@ -249,6 +250,7 @@ bool Editor::closeDrag(const std::optional<std::string>& name) {
     settling.stop();
     const auto start = *std::exchange(dragStart, std::nullopt);
     commit(name.value_or(dragName), start);
+    emit historyChanged(); // where nothing came of it too
     return true;
 }
 
@@ -256,6 +258,7 @@ void Editor::cancelDrag() {
     if (!dragStart) return;
     settling.stop();
     const auto dragged = std::exchange(live, *std::exchange(dragStart, std::nullopt));
+    emit historyChanged();
     emit projectChanged();
     followWithPlayer(dragged);
 }

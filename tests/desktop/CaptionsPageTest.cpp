@@ -71,28 +71,6 @@ TEST_F(CaptionsPageTest, aStyleIsChangedForTheVideoOrTheProjectAndSavedForOthers
     EXPECT_FALSE(page.savePreset("   "));
 }
 
-TEST_F(CaptionsPageTest, theListPicksEditsAndHidesAndTheTimelineFollows) {
-    ASSERT_EQ(shown->list().rowCount(), 4);
-    shown->list().pick(1);
-    shown->settle();
-    EXPECT_EQ(shown->editor().picked()->kind, Pick::Kind::caption);
-    EXPECT_NEAR(shown->editor().playback.time(), 1.6, 0.4);
-    EXPECT_EQ(shown->list().pickedRow(), 1);
-    EXPECT_GT(shown->list().pickedWords().size(), 2) << "Thai words, found without blanks";
-    shown->list().toggleHidden(1);
-    EXPECT_EQ(shown->step(), "Hide Caption");
-    EXPECT_TRUE(shown->list().rows()[1].hidden);
-    shown->list().toggleBreak(2);
-    EXPECT_EQ(shown->list().rowCount(), 5);
-    EXPECT_TRUE(shown->list().canJoin());
-    shown->list().join();
-    EXPECT_EQ(shown->list().rowCount(), 4);
-    shown->list().retext(0, "okay we have\ntwo hearts");
-    EXPECT_EQ(shown->said(0), "okay we have two hearts");
-    shown->list().pick(99);
-    shown->list().retext(-1, "x");
-}
-
 TEST_F(CaptionsTabTest, theTabOpensAtItsTopAndGoesToACaptionThatIsPickedFromThenOn) {
     shown->window().resize(1280, 640); // not all fits
     const auto& lines = shown->editor().project().transcript(shown->editor().project().sources[0].id).lines;
@@ -136,21 +114,6 @@ TEST_F(CaptionsPageTest, aCaptionIsEditedWhereItLiesOnTheTimeline) {
     shown->type("gone");
     shown->key(Qt::Key_Escape);
     EXPECT_EQ(shown->said(3), "no no 🙂 the floorก็");
-}
-
-TEST_F(CaptionsPageTest, theInspectorSetsAPieceAsTheListDoes) {
-    shown->page().set("most", 10);
-    ASSERT_GT(shown->list().rowCount(), 4);
-    shown->list().pick(0);
-    shown->settle();
-    auto& inspected = shown->opened->inspected();
-    EXPECT_EQ(inspected.row("said")->current, shown->list().rows()[0].text);
-    inspected.set("big", true);
-    EXPECT_TRUE(shown->list().rows()[0].big);
-    EXPECT_FALSE(shown->list().rows()[1].big);
-    EXPECT_EQ(inspected.row("big")->current, true);
-    inspected.set("big", false);
-    EXPECT_FALSE(shown->list().rows()[0].big);
 }
 
 TEST_F(CaptionsPageTest, theContextMenuActsOnThePickedCaption) {

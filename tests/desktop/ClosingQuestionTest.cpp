@@ -16,9 +16,12 @@ TEST_F(ClosingQuestionTest, asksWhileAMovieIsOnItsWayOutAndNotOtherwise) {
     job.order.to = shown->folder / "movie.mp4";
     auto next = job;
     next.order.to = shown->folder / "next.mp4";
-    shown->project().exports()->add(std::move(job));
-    shown->project().exports()->add(std::move(next));
     ClosingQuestion question(shown->project());
+    shown->project().exports()->add(std::move(job));
+    EXPECT_FALSE(question.mayClose());
+    EXPECT_EQ(question.words(),
+              "“Untitled Video” is being exported. Nothing of it is kept if you close now.");
+    shown->project().exports()->add(std::move(next));
     EXPECT_FALSE(question.mayClose());
     EXPECT_EQ(question.words(),
               "“Untitled Video” and 1 more are being exported. Nothing of them is kept if you close now.");

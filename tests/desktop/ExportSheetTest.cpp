@@ -7,23 +7,6 @@ using namespace murbo;
 
 using ExportSheetTest = OnWindow<WindowOfProject>;
 
-TEST_F(ExportSheetTest, fillsItsFormAndSaysWhatIsMissing) {
-    ExportSheet sheet(shown->editor(), *shown->project().exports());
-    sheet.fill();
-    EXPECT_EQ(sheet.problem(), "Open a video first");
-    VideoCommands::create(shown->editor(), Video::Aspect::vertical, "What? A/B \"test\"");
-    EXPECT_EQ(sheet.problem(), "This video has no cuts yet");
-    shown->putIn();
-    sheet.fill();
-    EXPECT_EQ(sheet.problem(), "");
-    EXPECT_EQ(sheet.property("fileName"), "What- A-B -test-.mp4") << "a name that any system can hold";
-    EXPECT_EQ(sheet.facts(), "1080 × 1920 · 30 fps · 0:04");
-    EXPECT_EQ(sheet.mutedWords(), "");
-    shown->project().toggleMute("music");
-    EXPECT_EQ(sheet.mutedWords(), "Rows muted on the timeline's headers: Music");
-    EXPECT_EQ(shown->step(), "Add Clip") << "to mute a row is no step";
-}
-
 TEST_F(ExportSheetTest, anotherVideoIsPutInLineWhileOneIsMade) {
     auto& exports = *shown->project().exports();
     for (const auto* title : {"One", "Two"}) {

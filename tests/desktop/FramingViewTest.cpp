@@ -60,23 +60,6 @@ TEST_F(FramingViewTest, escapePutsADragBackAndThenGoesAway) {
     EXPECT_EQ(shown->step(), "");
 }
 
-TEST_F(FramingViewTest, arrowsMoveWhatIsChosen) {
-    const double time = shown->editor().source.time();
-    shown->boxes()->setChosen(1);
-    shown->boxes()->forceActiveFocus(Qt::TabFocusReason);
-    shown->key(Qt::Key_Left);
-    shown->key(Qt::Key_Up, Qt::ShiftModifier);
-    ASSERT_TRUE(shown->framing());
-    EXPECT_NEAR(shown->framing()->face.x, 0.599, 1e-9);
-    EXPECT_NEAR(shown->framing()->face.y, 0.43, 1e-9);
-    shown->boxes()->setChosen(3);
-    shown->key(Qt::Key_Down, Qt::ShiftModifier);
-    EXPECT_NEAR(shown->framing()->split, 0.51, 1e-9);
-    EXPECT_EQ(shown->editor().source.time(), time) << "the arrows walk no frames meanwhile";
-    shown->key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_FALSE(shown->framing()) << "what was pressed in one go is one step";
-}
-
 TEST_F(FramingViewTest, showsTheSplitAndHasItDragged) {
     auto* result = shown->item<FramingResult>();
     ASSERT_TRUE(result);

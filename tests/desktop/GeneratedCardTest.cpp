@@ -1,5 +1,6 @@
 #include "app/desktop/drawn/FootagePictures.h"
 #include "app/desktop/drawn/GeneratedCard.h"
+#include "app/desktop/drawn/Painted.h"
 
 #include <QTest>
 #include <array>
@@ -45,8 +46,8 @@ TEST(GeneratedCard, isKnownByWhatItShows) {
     EXPECT_NE(number(other), number(card)) << "drawn anew after an update";
 }
 
-TEST(GeneratedCard, isDrawnAsideAndComesOnce) {
-    const auto card = titled("One");
+TEST(GeneratedCard, isDrawnAsideAndComesOnceForWhatItShows) {
+    auto card = titled("One");
     const auto number = GeneratedCard::number(card.cut, card.aspect);
     FootagePictures pictures(
         [](const UUID&) { return nullptr; }, [](const UUID&) { return nullptr; },
@@ -55,6 +56,12 @@ TEST(GeneratedCard, isDrawnAsideAndComesOnce) {
     EXPECT_FALSE(pictures.isBusy());
     EXPECT_FALSE(pictures.still(card.cut.id, number));
     ASSERT_TRUE(QTest::qWaitFor([&] { return pictures.still(card.cut.id, number).has_value(); }, 20000));
-    EXPECT_EQ(pictures.still(card.cut.id, number)->row(0), pictures.still(card.cut.id, number)->row(0));
+    const auto one = *pictures.still(card.cut.id, number);
+    EXPECT_EQ(pictures.still(card.cut.id, number)->row(0), one.row(0));
     EXPECT_FALSE(pictures.isBusy());
+    card.cut.generator = titled("Two").cut.generator;
+    const auto other = GeneratedCard::number(card.cut, card.aspect);
+    EXPECT_FALSE(pictures.still(card.cut.id, other)) << "another text";
+    ASSERT_TRUE(QTest::qWaitFor([&] { return pictures.still(card.cut.id, other).has_value(); }, 20000));
+    EXPECT_NE(Painted::image(*pictures.still(card.cut.id, other)), Painted::image(one));
 }

@@ -1,7 +1,8 @@
+#include "app/desktop/captions/CaptionEdits.h"
 #include "app/desktop/viewer/HandlesView.h"
 #include "app/editor/commands/OverlayCommands.h"
 #include "core/playbooks/Playbooks.h"
-#include "tests/desktop/OnWindow.h"
+#include "tests/desktop/SpokenWindow.h"
 
 using namespace murbo;
 
@@ -33,6 +34,7 @@ public:
 };
 
 using HandlesViewTest = OnWindow<OverlaidWindow>;
+using CaptionHandlesTest = OnWindow<SpokenWindow>;
 
 }
 
@@ -92,4 +94,32 @@ TEST_F(HandlesViewTest, theBoxGoesWithThePictureThatIsSkimmed) {
     EXPECT_FALSE(shown->handles()->shown()) << "the overlay is over by then";
     QTest::mouseMove(&shown->window(), QPoint(5, 300));
     EXPECT_TRUE(shown->handles()->shown());
+}
+
+TEST_F(CaptionHandlesTest, aCaptionIsMovedByItsPieceOrAsAWhole) {
+    auto& editor = shown->editor();
+    auto* handles = shown->item<HandlesView>();
+    const auto lines = editor.project().transcript(editor.project().sources[0].id).lines;
+    CaptionEdits::toggleBreak(editor, lines[0].id, 2);
+    editor.setFocus(Viewer::video);
+    const auto take = [&](std::size_t line, std::optional<std::int64_t> piece, double time) {
+        editor.setPicked(Pick{Pick::Kind::caption, lines[line].id, piece});
+        editor.playback.seek(time);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return handles->shown(); }, 10000));
+        EXPECT_TRUE(handles->words().startsWith("Caption, from left 50"));
+        handles->forceActiveFocus(Qt::TabFocusReason);
+    };
+    const auto entry = [&](std::size_t at) { return *editor.video()->look->captions.line(lines[at].id); };
+    take(0, 1, 0.7);
+    shown->key(Qt::Key_Right);
+    EXPECT_FALSE(entry(0).move || (*entry(0).pieces)[0].move);
+    EXPECT_EQ((*entry(0).pieces)[1].move->from, Placement{.x = 0.501});
+    EXPECT_EQ(handles->text().toStdString(), lines[0].text);
+    take(3, {}, 3.4);
+    shown->key(Qt::Key_Left, Qt::ShiftModifier);
+    EXPECT_NEAR(*entry(3).move->from->x, 0.49, 1e-9);
+    EXPECT_FALSE(entry(3).move->from->y || entry(3).pieces);
+    handles->setText("yes");
+    EXPECT_EQ(shown->said(3), "yes");
+    EXPECT_EQ(shown->said(0), lines[0].text);
 }

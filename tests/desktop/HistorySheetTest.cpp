@@ -14,4 +14,12 @@ TEST_F(HistorySheetTest, isWalkedByKeysInItsSheet) {
     shown->key(Qt::Key_Up);
     shown->key(Qt::Key_Return);
     EXPECT_EQ(shown->onDisk().videos.size(), 0U);
+
+    const HistorySheet sheet(shown->editor());
+    const auto byModel = [&](qsizetype step) { return sheet.steps()[step].toMap()["byModel"].toBool(); };
+    EXPECT_FALSE(byModel(1));
+    for (const auto* step : {"Find Ideas", "Revise Cuts", "Look by AI", "Sound by AI"}) {
+        shown->editor().change(step, [](Project& project) { ++project.lastVideo; });
+        EXPECT_TRUE(byModel(sheet.now())) << step;
+    }
 }

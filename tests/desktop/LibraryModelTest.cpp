@@ -66,25 +66,6 @@ TEST_F(LibraryModelTest, aRowsMenuOpensByMouseAndKeys) {
     EXPECT_EQ(shown->look().overlays.size(), 3U);
 }
 
-TEST_F(LibraryModelTest, playbooksThatAreDroppedComeIntoTheLibraryOrSayWhyNot) {
-    shown->folder.file("Star.mbplay/playbook.json",
-                       R"({"id": "star", "name": "My Star", "layers": [{"text": "Hi"}]})");
-    shown->folder.file("Bad.mbplay/playbook.json", R"({"name": "Bad", "layers": 7})");
-    shown->opened->takeFootage({WindowOfProject::text(shown->folder / "Star.mbplay")});
-    shown->settle(100);
-    EXPECT_EQ(shown->project().sheet(), "") << "it is no footage";
-    EXPECT_EQ(shown->editor().sidebar().collection, Collection::playbooks);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return shown->named("My Star") != nullptr; }, 5000));
-    EXPECT_EQ(Playbooks::find("star")->playbook.name, "My Star");
-
-    shown->opened->takeFootage({WindowOfProject::text(shown->folder / "Bad.mbplay")});
-    shown->settle(100);
-    EXPECT_TRUE(shown->toasts.last().startsWith("“Bad.mbplay” did not come into the library. "))
-        << shown->toasts.last().toStdString();
-    Playbooks::dropListing();
-    EXPECT_EQ(Playbooks::leftOut().size(), 0U);
-}
-
 /// A fast hand's moves come as one to a program that is busy.
 TEST_F(LibraryModelTest, aPlaybookIsDraggedToItsTimeByTheMouse) {
     shown->editor().setSidebar({Collection::playbooks, {}});

@@ -51,9 +51,9 @@ public:
     }
 
 private:
-    /// What is measured by the clock or under a mouse that rests; what a drag is called; what no view shows.
-    inline static const std::set<std::string> aside{"droppedWords", "hint",     "hintAt",    "bladeX",
-                                                    "boxSize",      "undoName", "blockCount"};
+    /// What is measured by the clock or under a mouse that rests; what no view shows.
+    inline static const std::set<std::string> aside{"droppedWords", "hint",    "hintAt",
+                                                    "bladeX",       "boxSize", "blockCount"};
 
     struct Followed {
         QPointer<QObject> object;

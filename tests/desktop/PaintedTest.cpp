@@ -20,6 +20,11 @@ TEST(Painted, aBitmapsPixelsAreShared) {
     EXPECT_EQ(image.constBits(), bitmap.row(0));
 }
 
+TEST(Painted, aPlaceIsFilledByThePicturesMiddle) {
+    EXPECT_EQ(Painted::filling({100, 40}, 20, 20), QRectF(30, 0, 40, 40));
+    EXPECT_EQ(Painted::filling({100, 40}, 50, 10), QRectF(0, 10, 100, 20));
+}
+
 TEST(Painted, aWaveIsAsHighAsItIsLoud) {
     Loudness loudness;
     loudness.levels = {255, 255, 255, 255, 255, 0, 0, 0, 0, 0};

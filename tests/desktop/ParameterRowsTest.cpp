@@ -30,8 +30,7 @@ TEST(ParameterRows, survivesParametersThatMakeNoSense) {
     EXPECT_EQ(row(rows, "value.none").current, -1);
     std::optional<Values> values;
     ParameterRows::set(values, book, "value.none", 7);
-    EXPECT_EQ(values->at("none"), "x");
     ParameterRows::set(values, book, "value.unknown", "y");
     ParameterRows::set(values, book, "zoom", 3);
-    EXPECT_EQ(values->size(), 1);
+    EXPECT_FALSE(values);
 }

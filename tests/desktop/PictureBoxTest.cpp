@@ -27,6 +27,8 @@ TEST(PictureBox, isMetWhereItIsSeenHoweverItIsTurned) {
         EXPECT_EQ(box.at(box.centre(), 8, 40), Grip::body);
         EXPECT_EQ(box.at(box.onFrame({150, 75}), 8, 40), Grip::size) << turn;
         EXPECT_EQ(box.at(box.onFrame({0, -75 - 40}), 8, 40), Grip::turn) << turn;
+        EXPECT_EQ(box.at(box.onFrame({11, -75 - 40}), 8, 40), Grip::turn) << turn;
+        EXPECT_EQ(box.at(box.onFrame({13, -75 - 40}), 8, 40), Grip::none) << turn;
         EXPECT_EQ(box.at(box.onFrame({0, 75 + 40}), 8, 40), Grip::none) << turn;
         expectNear(box.onFrame(box.local({12, 34})), {12, 34}, "there and back");
     }
@@ -68,6 +70,8 @@ TEST(PictureGuides, catchAtTheMiddleAndTheThirds) {
     EXPECT_FALSE(middle.y);
     EXPECT_EQ(middle.shift, QPointF(-3, 0));
     EXPECT_EQ(PictureGuides::at({700, 644}, frame, 6).y, 640);
+    EXPECT_EQ(PictureGuides::at({714, 1274}, frame, 6).shift, QPointF(6, 6)) << "two thirds";
+    EXPECT_EQ(PictureGuides::at({713, 1273}, frame, 6).shift, QPointF());
     EXPECT_EQ(PictureGuides::at({540, 960}, frame, 6).shift, QPointF());
 }
 
@@ -91,6 +95,15 @@ TEST(PlacedMove, aMoveGoesAlongAsAWhole) {
     EXPECT_NEAR(*moved.to->y, 0.8, 1e-9);
     EXPECT_FALSE(moved.to->scale) << "what it kept by itself it keeps";
     EXPECT_EQ(moved.enter, "pop");
+    going.to = Placement{.scale = 1.5, .rotation = -30};
+    const auto grown = PlacedMove::changed(going, from, to, frame, 0.3);
+    EXPECT_EQ(grown.to->scale, 3);
+    EXPECT_EQ(grown.to->rotation, -20);
+    EXPECT_EQ(grown.from->scale, 2);
+    EXPECT_FALSE(grown.to->x);
+    EXPECT_NEAR(*grown.from->y, 0.2, 1e-9);
+    going.to->scale = 5;
+    EXPECT_EQ(PlacedMove::changed(going, from, to, frame, 0.3).to->scale, PictureBox::maxScale);
 }
 
 TEST(PlacedMove, whatWasNotMovedStaysUnsaid) {

@@ -36,8 +36,8 @@ TEST_F(PicturesTest, showWhatTheirNameSays) {
     shown->settle();
     shown->desktop.reset();
     std::vector<QImage> all;
-    for (const auto* view :
-         {"source", "picture", "generated", "shot", "overlay", "sound", "song", "several"}) {
+    for (const auto* view : {"source", "picture", "generated", "shot", "overlay", "sound", "song", "several",
+                             "caption", "captions", "transcript", "export"}) {
         Pictures::take({shown->folder / "out", view, {1024, 640}}, {shown->package()});
         const QImage picture(QString("%1/out/%2-1024x640.png")
                                  .arg(QString::fromStdString(shown->folder.path), QString::fromUtf8(view)));

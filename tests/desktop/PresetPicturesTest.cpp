@@ -68,4 +68,14 @@ TEST(PresetPictures, areCutOutWhereTheStylePutsTheWords) {
             EXPECT_NEAR(part.y + part.height / 2, 0.3 * plan.frame.height, 1);
         }
     }
+    const auto middle = [&](Shot::Layout layout, std::optional<double> split) {
+        auto cutOut = plan;
+        cutOut.shots[0].shot.layout = layout;
+        cutOut.shots[0].shot.split = split;
+        const auto part = PresetPictures::shownPart(cutOut, 1, {.y = 0.7}, {140, 81});
+        return std::round((part.y + part.height / 2) / plan.frame.height * 1000) / 1000;
+    };
+    EXPECT_EQ(middle(Shot::Layout::split, {}), 0.5) << "by the seam";
+    EXPECT_EQ(middle(Shot::Layout::split, 0.4), 0.4);
+    EXPECT_EQ(middle(Shot::Layout::face, 0.4), 0.7) << "which only a split has";
 }

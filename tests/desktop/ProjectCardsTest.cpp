@@ -14,8 +14,12 @@ TEST_F(ProjectCardsTest, showTheFirstFrameOfTheLastVideo) {
     const auto id = [](const QString& address) { return address.mid(QString("image://project/").size()); };
     EXPECT_EQ(cards.requestImage(id(empty), nullptr, {}).width(), 1) << "no video yet";
 
-    VideoCommands::create(shown->editor(), Video::Aspect::vertical, "One");
+    VideoCommands::create(shown->editor(), Video::Aspect::horizontal, "First");
+    shown->putIn(0);
+    VideoCommands::create(shown->editor(), Video::Aspect::vertical, "Last");
     shown->putIn(1); // all teal
+    VideoCommands::create(shown->editor(), Video::Aspect::square, "Without cuts");
+    EXPECT_NE(ProjectCards::address(package), empty) << "another picture is another address";
     const auto picture = cards.requestImage(id(ProjectCards::address(package)), nullptr, {144, 144});
     ASSERT_EQ(std::max(picture.width(), picture.height()), 144);
     EXPECT_LT(picture.width(), picture.height());

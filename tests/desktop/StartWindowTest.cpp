@@ -1,3 +1,4 @@
+#include "app/desktop/RecentProjects.h"
 #include "tests/desktop/OnWindow.h"
 
 using namespace murbo;
@@ -24,10 +25,19 @@ TEST_F(StartWindowTest, footageDroppedThereStartsAProjectAndAsksForANameAlone) {
     EXPECT_TRUE(
         QTest::qWaitFor([&] { return made.project().editor().project().sources.size() == 1; }, 10000));
 
+    const auto open = std::vector{shown->package(), made.project().package()};
+    EXPECT_EQ(RecentProjects::open(), open);
+    EXPECT_FALSE(desktop.startWindow()->isVisible());
+
     // A second one of that name is refused in words, and the name can be changed.
     desktop.showStart();
     EXPECT_FALSE(desktop.create("falls", desktop.projectFolder(), {}));
     EXPECT_EQ(desktop.problem(), "“falls.mbproj” is already there.");
+    made.window().close();
+    ASSERT_TRUE(shown->waitFor([&] { return desktop.windows().size() == 1; }));
+    EXPECT_EQ(RecentProjects::open(), std::vector{shown->package()}) << "what is still open";
+    desktop.tell("Of the one that is left");
+    EXPECT_EQ(shown->toasts.last(), "Of the one that is left");
 }
 
 TEST_F(StartWindowTest, aProjectThatAnotherHoldsOrThatIsBrokenSaysSo) {

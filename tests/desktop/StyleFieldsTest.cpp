@@ -1,7 +1,5 @@
 #include "app/desktop/captions/StyleFields.h"
 
-#include <limits>
-
 #include <gtest/gtest.h>
 
 using namespace murbo;
@@ -18,34 +16,4 @@ TEST(StyleFields, showEveryFieldThatAnOwnerSetsAndWhichAreHisOwn) {
         EXPECT_EQ(field["changed"].toBool(), field["key"] == "size") << field["key"].toString().toStdString();
         EXPECT_TRUE(field["value"].isValid());
     }
-}
-
-TEST(StyleFields, takeOnlyWhatAFieldMayHold) {
-    const auto infinity = std::numeric_limits<double>::infinity();
-    const struct {
-        const char* key;
-        QVariant value;
-        bool taken;
-    } cases[] = {{"size", 90, true},          {"size", "x", false},     {"size", infinity, false},
-                 {"fill", "FF00aa", true},    {"fill", "", false},      {"outline", "", true},
-                 {"outline", "red", false},   {"motion", "rise", true}, {"motion", "spin", false},
-                 {"exit", "sink", true},      {"shadow", true, true},   {"most", 30.0, true},
-                 {"id", "x", false},          {"nothing", 1, false},    {"font", QString(500, 'x'), false},
-                 {"font", "Mitr, Noto", true}};
-    for (const auto& [key, value, taken] : cases) {
-        CaptionStyle style;
-        EXPECT_EQ(StyleFields::set(style, key, value), taken) << key << " " << value.toString().toStdString();
-        EXPECT_EQ(style != CaptionStyle(), taken) << key;
-    }
-}
-
-TEST(StyleFields, keepNumbersWithinTheirEndsAndLetGoOfThem) {
-    CaptionStyle style;
-    StyleFields::set(style, "weight", 7);
-    StyleFields::set(style, "most", 1e12);
-    EXPECT_EQ(style.weight, 1);
-    EXPECT_EQ(style.most, 80);
-    StyleFields::clear(style, "weight");
-    StyleFields::clear(style, "most");
-    EXPECT_EQ(style, CaptionStyle());
 }

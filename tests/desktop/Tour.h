@@ -135,7 +135,7 @@ private:
         } else if (verb == "type") {
             for (const char letter : rest) QTest::keyClick(&shown.window(), letter);
         } else if (verb == "press" || verb == "move" || verb == "release" || verb == "double" ||
-                   verb == "hover") {
+                   verb == "hover" || verb == "wheel") {
             mouse(verb, words);
         } else if (verb == "under") {
             double y = 0;
@@ -223,11 +223,13 @@ private:
         say(looks.of(name, shown.window().grabWindow().copy(place), whole));
     }
 
-    /// "press ITEM x y", with Shift, Ctrl, Alt, Right or Middle after it.
+    /// "press ITEM x y", with Shift, Ctrl, Alt, Right or Middle after it; "wheel ITEM x y across down".
     void mouse(const std::string& verb, std::istringstream& words) {
         std::string name, more;
         double x = 0, y = 0;
+        QPoint turned;
         words >> name >> x >> y;
+        if (verb == "wheel") words >> turned.rx() >> turned.ry();
         auto button = Qt::LeftButton;
         Qt::KeyboardModifiers held;
         while (words >> more) {
@@ -252,6 +254,8 @@ private:
             say(fmt::format("cursor {} {} {} {}", static_cast<int>(item->cursor().shape()), said("hint"),
                             said("hintAt"), said("bladeX")));
         }
+        QWheelEvent turn(point, point, {}, turned, Qt::NoButton, held, Qt::NoScrollPhase, false);
+        if (verb == "wheel") QCoreApplication::sendEvent(&window, &turn);
         if (verb != "move") return;
         QMouseEvent moved(QEvent::MouseMove, QPointF(point), QPointF(point), Qt::NoButton, Qt::LeftButton,
                           held);
@@ -261,9 +265,8 @@ private:
     void rest() {
         for (int turn = 0; turn < 3; ++turn) QCoreApplication::processEvents();
         static const std::string settled =
-            "library.emptyWords !== 'Reading…' && !footageSheet.reading && streamSheet.facts !== 'Reading…' "
-            "&& "
-            "deliveryCheck.state !== 'checking…'";
+            "library.emptyWords !== 'Reading…' && !footageSheet.reading && "
+            "streamSheet.facts !== 'Reading…' && deliveryCheck.state !== 'checking…'";
         shown.waitFor([this] { return !shown.editor().isBusy() && evaluated(settled).toBool(); });
         QCoreApplication::processEvents();
     }

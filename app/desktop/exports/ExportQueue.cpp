@@ -90,6 +90,7 @@ void ExportQueue::remove(const QString& movie) {
     if (found == queue.end()) return;
     if (found->row.state == ExportRow::MovieState::running) return stop();
     if (found->row.file == madeFile) madeFile.clear();
+    if (found->row.words == words) words.clear();
     queue.erase(found);
     refresh();
 }

@@ -80,15 +80,17 @@ std::vector<std::string> inOrder(const std::map<std::string, Param>& params) {
     return keys;
 }
 
-std::string filledIn(const Param& param, const QVariant& value) {
+/// The text that a value stands for; nothing for a choice that there is not.
+std::optional<std::string> filledIn(const Param& param, const QVariant& value) {
     const auto text = value.toString().toStdString();
     switch (typeOf(param)) {
         case ParameterType::number:
             return QString::number(value.toDouble(), 'g', digits).toStdString();
         case ParameterType::choice: {
-            const auto at = static_cast<std::size_t>(std::max(value.toInt(), 0));
-            const auto& options = param.options;
-            return options && at < options->size() ? (*options)[at] : param.value.value_or("");
+            const auto options = param.options.value_or(std::vector<std::string>());
+            const auto at = value.toInt();
+            if (at < 0 || at >= static_cast<int>(options.size())) return std::nullopt;
+            return options[static_cast<std::size_t>(at)];
         }
         case ParameterType::toggle: {
             const bool inWords = param.value == "true" || param.value == "false";
@@ -122,10 +124,10 @@ void set(std::optional<Values>& values, const Book& book, const std::string& row
     const auto param = book.playbook.params->find(key);
     if (param == book.playbook.params->end()) return;
     auto filled = values.value_or(Values());
-    if (value.isValid())
-        filled[key] = filledIn(param->second, value);
-    else
+    if (!value.isValid())
         filled.erase(key);
+    else if (const auto text = filledIn(param->second, value))
+        filled[key] = *text;
     values = filled.empty() ? std::nullopt : std::optional(filled);
 }
 

@@ -89,7 +89,7 @@ void LibraryModel::turnPage() {
     reading = false;
     if (shown()) {
         bookPictures.follow();
-        reload();
+        return reload();
     }
     emit pageChanged();
     emit listed();
@@ -108,6 +108,8 @@ void LibraryModel::reload() {
         show();
         if (ofSounds()) measure();
     });
+    emit pageChanged(); // the folder may be another one by now
+    emit listed();
 }
 
 /// How long the sounds are takes opening them all: they are listed before that.

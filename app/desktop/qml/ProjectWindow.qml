@@ -92,6 +92,7 @@ Window {
         LibraryPage { id: shelf; visible: library.shown; x: browser.x; y: browser.y; width: browser.width; height: browser.height }
         SourceViewer { id: source; tabbed: window.plan.tabs
             visible: !window.plan.tabs || window.showsSource || heldFootage.showsEdge
+            onKeysLeft: regions.home()
             x: window.plan.source.x; y: window.plan.source.y; width: window.plan.source.width; height: window.plan.source.height }
         VideoViewer { id: video; tabbed: window.plan.tabs && !window.fullViewer; tall: window.plan.tall
             readonly property rect place: window.fullViewer ? Qt.rect(0, 0, window.width, window.height) : window.plan.video
@@ -140,7 +141,9 @@ Window {
             for (let item = hadKeys; item; item = item.parent) if (item.takesArrows) { hadKeys = item; break }
         }
         function giveBack() {
-            if (!project.sheet && !project.menuOpen && at() < 0 && hadKeys && hadKeys.visible) hadKeys.forceActiveFocus(Qt.OtherFocusReason)
+            if (project.sheet || project.menuOpen || at() >= 0) return
+            if (hadKeys && hadKeys.visible) hadKeys.forceActiveFocus(Qt.OtherFocusReason)
+            else home() // what had them has gone
         }
         function home() { timeline.takeFocus() }
     }

@@ -9,6 +9,7 @@ FocusScope {
     readonly property bool held: project.sourcePlayer.spanEnd > project.sourcePlayer.spanStart
     readonly property bool frames: project.editor.framing && heldFootage.state === "ready"
     property bool late: false // a picture is asked for and has not come
+    signal keysLeft() // the framing had them, and has gone
     function takeFocus() { forceActiveFocus(Qt.TabFocusReason); project.setFocus("source") }
     function cancelDrag() { return overlay.item ? overlay.item.cancelDrag() : false }
 
@@ -67,6 +68,7 @@ FocusScope {
         height: strip.y - screen.y - Theme.gap
         sourceComponent: FramingOverlay { frame: screen; originX: overlay.x; originY: overlay.y }
         onLoaded: item.takeFocus()
+        onActiveChanged: if (!active && activeFocus) viewer.keysLeft()
     }
     Row { // the edge of a trim; of a seam both sides of it
         anchors.fill: screen

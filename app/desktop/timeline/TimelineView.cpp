@@ -86,6 +86,10 @@ void TimelineView::setEditor(Editor* given) {
         connect(session, &Editor::loudnessChanged, this, &QQuickItem::update);
         connect(session, &Editor::pickedChanged, this, &QQuickItem::update);
         connect(session, &Editor::morePickedChanged, this, &QQuickItem::update);
+        connect(session, &Editor::skimmingChanged, this, [this] {
+            if (!session->skimming() && session->playback.skimmed()) session->playback.endScrub();
+            emit playheadChanged();
+        });
         connect(&session->playback, &Playback::timeChanged, this, &TimelineView::playheadChanged);
     }
     rebuild();
@@ -125,6 +129,7 @@ void TimelineView::rebuild() {
     if (made == layout && !(video && !fitted)) return;
     const bool sameTracks = made.tracks == layout.tracks && made.length == layout.length;
     layout = std::move(made);
+    setRowsAbove(above); // there may be fewer
     if (!fitted && layout.length > 0) fit();
     if (!sameTracks) emit tracksChanged();
     emit spanChanged();
@@ -290,6 +295,7 @@ DrawList TimelineView::drawList() {
 void TimelineView::geometryChange(const QRectF& now, const QRectF& before) {
     DrawnView::geometryChange(now, before);
     if (now.size() == before.size()) return;
+    setRowsAbove(above);
     span.width = width();
     if ((fits || !fitted) && layout.length > 0)
         fit();

@@ -46,7 +46,10 @@ void TimelineView::mousePressEvent(QMouseEvent* event) {
                                : "timeline");
         return;
     }
-    if (session->playback.skimmed()) session->playback.endScrub();
+    if (session->playback.skimmed()) {
+        session->playback.endScrub();
+        emit playheadChanged();
+    }
     const auto tool = session->tool();
     if (event->button() == Qt::MiddleButton) session->setTool(EditingTool::hand);
     drag->press(layout, span, at, modifiers(event->modifiers()));

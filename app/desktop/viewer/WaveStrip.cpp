@@ -30,6 +30,9 @@ void WaveStrip::setEditor(Editor* given) {
         connect(session, &Editor::projectChanged, this, &QQuickItem::update);
         connect(session, &Editor::heldClipChanged, this, &QQuickItem::update);
         connect(session, &Editor::loudnessChanged, this, &QQuickItem::update);
+        connect(session, &Editor::skimmingChanged, this, [this] {
+            if (!session->skimming()) endSkim();
+        });
         connect(&session->source, &Playback::spanChanged, this, &QQuickItem::update);
         connect(&session->source, &Playback::timeChanged, this, &QQuickItem::update);
         connect(&session->source, &Playback::sourceChanged, this, &QQuickItem::update);
@@ -101,6 +104,7 @@ DrawList WaveStrip::drawList() {
 void WaveStrip::mousePressEvent(QMouseEvent* event) {
     if (!session) return;
     session->setFocus(Viewer::source);
+    endSkim();
     pulled = endAt(event->position().x());
     if (pulled == RangeHandles::RangeEnd::none) session->source.seek(time(event->position().x()));
 }
@@ -134,6 +138,10 @@ void WaveStrip::hoverMoveEvent(QHoverEvent* event) {
 }
 
 void WaveStrip::hoverLeaveEvent(QHoverEvent*) {
+    endSkim();
+}
+
+void WaveStrip::endSkim() {
     if (!session || !session->source.skimmed()) return;
     session->source.endScrub();
     emit skimmed();

@@ -49,6 +49,7 @@ private:
     RangeHandles::RangeEnd endAt(double x) const;
     void drawMarks(DrawList& list, const UUID& source) const;
     void drawRange(DrawList& list) const;
+    void endSkim();
 
     QPointer<Editor> session;
     QColor wave;
