@@ -96,8 +96,8 @@ std::optional<std::string> fill(std::string_view text, const Slots& slots, Seede
     for (;;) {
         const auto open = text.find('{');
         const auto close = open == text.npos ? open : text.find('}', open);
+        if (close == text.npos) return filled.append(text);
         filled += text.substr(0, open);
-        if (close == text.npos) return filled;
         const auto value = slot(text.substr(open + 1, close - open - 1), slots, random);
         if (!value) return std::nullopt;
         filled += *value;

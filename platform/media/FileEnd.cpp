@@ -134,10 +134,12 @@ double endByIndex(const Demuxer& input, AVStream* stream) {
 }
 
 // Whether what the header says may be where the last picture begins. So it is in program streams, and in
-// Matroska by other writers than the two that nearly all of it comes from.
-bool mayEndEarly(const Demuxer& input) {
+// Matroska by other writers than the two that nearly all of it comes from. Where no track of a Matroska file
+// begins at 0, one of the two counts from there all the same.
+bool mayBeOff(const Demuxer& input) {
     if (is(input, "mpeg")) return !is(input, "mpegts");
     if (!is(input, "matroska")) return false;
+    if (input.seconds(0, input.context()->streams[0]) < 0) return true;
     const AVDictionaryEntry* writer = av_dict_get(input.context()->metadata, "encoder", nullptr, 0);
     const std::string_view name = writer ? writer->value : "";
     return !name.starts_with("Lavf") && !name.starts_with("libebml");
@@ -156,7 +158,7 @@ double length(const Demuxer& input) {
     const bool guessed = input.context()->duration_estimation_method == AVFMT_DURATION_FROM_BITRATE;
     const double header = guessed ? 0 : told(input);
     const bool torn = is(input, "matroska") && isSegmentTorn(input);
-    if (header > 0 && !torn && !mayEndEarly(input))
+    if (header > 0 && !torn && !mayBeOff(input))
         return is(input, "mov") ? cutToWhatIsThere(input, header) : header;
     const bool timed = is(input, "matroska") || is(input, "mpeg") || is(input, "flv") || is(input, "asf");
     const double found = timed ? lastPacket(input) : readThrough(input);

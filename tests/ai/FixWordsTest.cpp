@@ -1,40 +1,10 @@
 #include "core/ai/FixWords.h"
 #include "tests/ai/Played.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 using namespace murbo;
-using testing::ElementsAre, testing::HasSubstr, testing::StartsWith;
-
-TEST(FixWords, correctsButNeverRewords) {
-    Played played;
-    const Said said(played.project);
-    const auto answer =
-        FixWords::answer({{"lines",
-                           {{{"line", "C01.01"}, {"text", "on\ntao thrae "}}, // 3 of 11 letters
-                            {{"line", "C01.02"}, {"text", "six"}},            // its beginning is gone
-                            {{"line", "C01.03"}, {"text", "seven eight and a good deal more"}},
-                            {{"line", "C01.04"}, {"text", "nine"}},
-                            {{"line", "C02.01"}, {"text", "elsewhen"}},
-                            {{"line", "C01.09"}, {"text", "x"}},
-                            {{"line", "C01.01"}},
-                            "C01.01"}}},
-                         {&played.project.clips[0]}, said);
-    EXPECT_EQ(answer.corrections, (FixWords::Corrections{{played.line(0), "on tao thrae"}}));
-    EXPECT_THAT(answer.leftOut, ElementsAre("C01.02", "C01.03"));
-}
-
-TEST(FixWords, asksAboutTheClipsWithTheOwnersNotes) {
-    Played played;
-    const auto words = [&] {
-        return FixWords::ask(played.clips(), played.project, Said(played.project)).messages[1].content;
-    };
-    EXPECT_THAT(words(), StartsWith("Correct these:\n\n## C01, rec.mp4, 0:00 to 0:10\nC01.01"));
-    played.project.sources.edit()[0].note = "Their game is Go.";
-    EXPECT_THAT(words(), StartsWith("The owner's notes on the footage:\n"));
-    EXPECT_THAT(words(), HasSubstr("Their game is Go.\n\nCorrect these:\n\n## C01"));
-}
 
 TEST(FixWords, aLineOfOverTwoThousandLettersIsLeftAlone) {
     Played played;

@@ -1,16 +1,30 @@
 #include "core/ai/LookOffers.h"
+#include "core/playbooks/Library.h"
 #include "core/playbooks/Playbooks.h"
-#include "tests/TemporaryFolder.h"
+#include "tests/Approved.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 using namespace murbo;
 
-TEST(LookOffers, layoutsAndAllElseOfTheLibrary) {
-    const auto offers = LookOffers::ofLibrary();
-    EXPECT_EQ(offers.layouts.size() + offers.overlays.size(), Playbooks::library().size());
-    for (const auto& offer : offers.layouts) EXPECT_EQ(Playbooks::find(offer.id)->playbook.kind, "layout");
-    for (const auto& offer : offers.overlays) EXPECT_GE(offer.seconds, 0.2) << offer.id;
+TEST(LookOffers, layoutsAndAllElseOfTheLibraryAsApproved) {
+    const TemporaryFolder none; // of the owner's own
+    Library::setOverride(none.path);
+    Playbooks::dropListing();
+    const auto all = LookOffers::ofLibrary();
+    Library::setOverride(std::nullopt);
+    Playbooks::dropListing();
+    std::string text;
+    const auto tell = [&](const char* heading, const LookKit::Offers& offers) {
+        text += std::string("== ") + heading + "\n";
+        for (const auto& [id, name, about, version, seconds, mute] : offers)
+            text += fmt::format("{} {} | {} | {} s{} | {}\n", id, version, name, seconds,
+                                mute ? *mute ? ", mute" : ", not mute" : "", about);
+    };
+    tell("layouts", all.layouts);
+    tell("overlays", all.overlays);
+    expectApproved("ai/approved/LookOffers.txt", text);
 }
 
 TEST(LookOffers, aLookIsPinnedWithWhatItUses) {

@@ -98,6 +98,15 @@ TEST_F(Transcribe, writesClipByClipInTheOrderOfTheirNumbers) {
     EXPECT_EQ(said(), firstTwo) << "the lines of a stretch are replaced, not doubled";
 }
 
+TEST_F(Transcribe, saysOnATerminalWhatItListensTo) {
+    const auto command = quoted(MURBO_PROGRAM) + " --transcribe " + quoted(package) + " C02,C01";
+    const auto ran = shell(fmt::format("HOME={0} TMPDIR={0}/temporary script -qec {1} /dev/null </dev/null",
+                                       quoted(folder.path), quoted(command)));
+    EXPECT_THAT(ran.out, HasSubstr("\r\033[KC01, 1 of 2, 0:01 of sound … 0:00"));
+    EXPECT_THAT(ran.out, HasSubstr("\r\033[KC02, 2 of 2, 0:04 of sound … 0:00"));
+    EXPECT_THAT(ran.out, HasSubstr("\r\033[KC02: 4 lines in "));
+}
+
 TEST_F(Transcribe, keepsWhatWasDoneBeforeAFailure) {
     const auto ran = run("all");
     EXPECT_EQ(ran.code, 1);

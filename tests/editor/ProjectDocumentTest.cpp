@@ -65,6 +65,17 @@ TEST(ProjectDocument, whatAnotherProgramWroteIsKeptBeside) {
     EXPECT_EQ(ProjectPackage::read(lines.folder / "p (changed elsewhere).mbproj"), theirs);
     EXPECT_EQ(ProjectPackage::read(lines.package()), lines.project());
     EXPECT_EQ(lines(R"(["renameClip","C01","More"])"), stepped("Rename Clip"));
+    theirs.language = "th";
+    ProjectPackage::write(theirs, lines.package(), nullptr);
+    for (const auto* file : {"cache/strip.jpg", "media/sounds/boom.wav"})
+        lines.folder.file(std::filesystem::path("p.mbproj") / file, "bytes");
+    EXPECT_THAT(lines(R"(["renameClip","C01","Ours"])"),
+                HasSubstr("“p.mbproj” was changed by another program. Its version is kept as “p (changed "
+                          "elsewhere 2).mbproj”."));
+    const auto second = lines.folder / "p (changed elsewhere 2).mbproj";
+    EXPECT_EQ(ProjectPackage::read(second), theirs);
+    EXPECT_EQ(contentsOf(second / "media/sounds/boom.wav"), "bytes");
+    EXPECT_FALSE(fs::exists(second / "cache")) << "what is made anew";
 }
 
 TEST(ProjectDocument, transcriptsAreWatchedAndAnUndoIsWrittenToo) {

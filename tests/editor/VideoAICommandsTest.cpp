@@ -175,3 +175,26 @@ TEST(VideoAICommands, aFirstPassOfAnIdeaNeedsNoCutting) {
     EXPECT_EQ(outcome->failure, "The sound library is empty: Settings ▸ General ▸ Sounds");
     EXPECT_EQ(lines.editor().toast(), outcome->failure);
 }
+
+TEST(VideoAICommands, aFirstPassThatHadToWaitIsOfTheVideoThatItMade) {
+    WithVideo lines;
+    lines.editor().apply([](Project& project) {
+        project.ideas.emplace().edit().push_back(
+            {.title = "An idea", .cuts = {{.source = project.sources[0].id, .start = 21, .end = 29}}});
+    });
+    for (const auto* big : {"C02.01", "C01.02"}) lines.model.answers(json{{"big", {big}}});
+    OutcomeRef pass;
+    lines.meanwhile([&](Editor& editor) {
+        pass = VideoAICommands::firstPassOf(editor, (*editor.project().ideas)[0].id);
+        while (!pass->video && !pass->failed) QCoreApplication::processEvents();
+        editor.openOnTimeline(editor.project().videos[0].id);
+    });
+    lines(R"(["lookByAI"])");
+    ASSERT_EQ(lines.project().videos.size(), 2u);
+    const auto& said = *lines.project().transcripts.begin()->second.lines;
+    for (const std::size_t video : {0, 1}) {
+        const auto& captions = lines.project().videos[video].look.value_or(Look()).captions.lines;
+        ASSERT_EQ(captions.size(), 1u) << video;
+        EXPECT_EQ(captions[0].line, said[video == 0 ? 4 : 1].id) << video;
+    }
+}

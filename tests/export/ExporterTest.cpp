@@ -60,6 +60,8 @@ TEST(Exporter, theMovieHoldsTheFramesOfItsCuts) {
                     [&](double share) { shares.push_back(share); });
 
     const auto movie = read(folder / "out.mp4");
+    for (const char* chosen : {"crf=16.0", "rc_lookahead=15", "subme=2", "threads=6"})
+        EXPECT_NE(contentsOf(folder / "out.mp4").find(chosen), std::string::npos) << chosen;
     EXPECT_EQ(movie.facts.picture->size, (Size{1080, 1080}));
     EXPECT_NEAR(movie.facts.picture->meanRate, 30, 1e-6);
     EXPECT_NEAR(movie.facts.length, 0.5, 0.03);
@@ -199,6 +201,54 @@ TEST(Exporter, footageWithSoundGivesAMovieWithSoundEvenWhereNoneIsHeard) {
     EXPECT_TRUE(exported(video).sound);
     video.cuts.edit()[0].source = project.sources[1].id;
     EXPECT_FALSE(exported(video).sound);
+}
+
+TEST(Exporter, soundThatIsTurnedOffIsHeardWhereTheOrderSaysSo) {
+    const TemporaryFolder folder;
+    samples::writeNumbered(folder / "a.mp4", 60, 30, true);
+    const auto project = samples::project({folder / "a.mp4"});
+    const auto video = samples::video(project, {{0, 0.9, 1.2}});
+    auto mutedBlock = video;
+    mutedBlock.cuts.edit()[0].muted = true;
+    auto mutedRow = video;
+    mutedRow.look->mix.emplace().muted = {Lane::video};
+    for (const auto& [off, rows, blocks, beeps] : {std::tuple{mutedBlock, false, true, 1},
+                                                   {mutedBlock, true, false, 0},
+                                                   {mutedRow, true, false, 1},
+                                                   {mutedRow, false, true, 0}}) {
+        auto order = orderTo(folder / "out.mp4");
+        order.includingMutedRows = rows;
+        order.includingMutedBlocks = blocks;
+        Exporter::movie(off, project, order);
+        EXPECT_EQ(onsets(folder / "out.mp4").size(), beeps) << rows << blocks;
+    }
+}
+
+TEST(Exporter, takesThePackagesPlaybooksAndLeavesOutWhatIsMissing) {
+    const TemporaryFolder folder;
+    samples::writeNumbered(folder / "a.mp4", 60, 30, true);
+    const auto project = samples::project({folder / "a.mp4"});
+    folder.file("a.mbproj/playbooks/white@1.mbplay/playbook.json",
+                R"({"name": "w", "layers": [{"shape": "rect", "fill": true, "color": "FFFFFF"}]})");
+    auto video = samples::video(project, {{0, 1.2, 1.5}});
+    video.look->overlays.edit().push_back(
+        {.playbook = "white", .source = project.sources[0].id, .at = 1.3, .length = 1});
+    auto order = orderTo(folder / "out.mp4", 10);
+    order.package = folder / "a.mbproj";
+    const auto shades = [&] {
+        Exporter::movie(video, project, order);
+        std::string text;
+        for (const auto& frame : read(folder / "out.mp4").frames) {
+            const auto green = samples::pixel(frame, 540, 40) >> 8 & 0xFF;
+            text += green > 0xF0 ? 'w' : green < 0x08 ? 'b' : '.';
+        }
+        return text;
+    };
+    EXPECT_EQ(shades(), ".ww");
+    EXPECT_TRUE(MediaFile::facts(folder / "out.mp4").sound);
+    order.missing = {project.sources[0].id};
+    EXPECT_EQ(shades(), "bww");
+    EXPECT_FALSE(MediaFile::facts(folder / "out.mp4").sound);
 }
 
 TEST(Exporter, subtitlesStandBesideTheMovieWhereThereAreAny) {

@@ -21,6 +21,8 @@ std::vector<int> shown(const Project& project, const std::vector<Stretch>& stret
     std::vector<int> numbers;
     for (std::int64_t frame = 0; frame < composition.frameCount(); ++frame) {
         const auto picture = feed.frame(frame);
+        const auto& segment = composition.segments[composition.moment(frame).segment];
+        EXPECT_EQ(picture.source, picture.image ? segment.source : std::nullopt) << frame;
         numbers.push_back(picture.image ? samples::numberIn(samples::drawn(*picture.image, 640, 360)) : -1);
     }
     return numbers;

@@ -31,7 +31,8 @@ double at(int number) {
 
 TEST(Footage, isExactForwardBackwardAndInJumps) {
     Footage footage(movie());
-    EXPECT_NEAR(footage.length(), 6, 0.05);
+    EXPECT_EQ(footage.area(), 128 * 64) << "before anything else is asked";
+    EXPECT_NEAR(Footage(movie()).length(), 6, 0.05);
     const int ways[] = {0,  0,  1,  2,  3,   5,   8,   8,   7,   6,   6,   7, // playing and stepping back
                         50, 51, 52, 53, 90,  91,  92, // a jump, then playing from there
                         10, 9,  8,  7,  100, 130, 131, 100, 101, 140, 179, 179}; // skimming
@@ -57,6 +58,15 @@ TEST(Footage, countsAPictureThatGivesWayToAnotherNoMore) {
         for (const int number : {11, 10}) footage.frame((number + 0.5) / 60); // in one place
         EXPECT_TRUE(footage.frame(41.5 / 60)->isSameAs(*kept)) << round;
     }
+}
+
+TEST(Footage, keepsNinetyOneStillsAtMost) {
+    Footage footage(movie());
+    const auto kept = footage.frame(at(170));
+    for (int number = 169; number > 169 - 90; --number) footage.frame(at(number));
+    EXPECT_TRUE(footage.frame(at(170))->isSameAs(*kept));
+    footage.frame(at(60));
+    EXPECT_FALSE(footage.frame(at(170))->isSameAs(*kept));
 }
 
 TEST(Footage, ofUnevenTimesMeetsEachWithinAMillisecond) {
@@ -87,6 +97,7 @@ TEST(Footage, ofWhatIsNoFootageThereIsNothing) {
     folder.file("words.mp4", "no movie");
     for (const char* name : {"words.mp4", "nowhere.mp4"}) {
         Footage footage(folder / name);
+        EXPECT_EQ(footage.area(), 0);
         EXPECT_FALSE(footage.frame(0));
         EXPECT_FALSE(footage.frame(0.01));
         EXPECT_EQ(footage.length(), 0);

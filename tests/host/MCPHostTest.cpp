@@ -101,6 +101,22 @@ TEST_F(MCPHostTest, takingBackMakesNothingElseKnown) {
     EXPECT_THAT(answer("what_changed", {{"video", "V2"}}), HasSubstr("Title: “Other” → “Owner's”"));
 }
 
+TEST_F(MCPHostTest, aPortThatIsTakenIsAProblemUntilItIsFree) {
+    int notified = 0;
+    QObject::connect(&host, &MCPHost::problemChanged, [&] { ++notified; });
+    auto other = std::make_unique<MCPHost>(nullptr);
+    other->start(0);
+    EXPECT_EQ(other->problem(), "");
+    const auto port = other->port();
+    host.start(port);
+    EXPECT_EQ(host.problem(),
+              "Port " + std::to_string(port) + " could not be opened. The bound address is already in use");
+    other.reset();
+    host.start(port);
+    EXPECT_EQ(host.problem(), "");
+    EXPECT_EQ(std::pair(host.port(), notified), std::pair(port, 2));
+}
+
 TEST(MCPActivity, keepsTheLastThreeHundred) {
     MCPActivity activity;
     for (int count = 0; count < 301; ++count) activity.add({.tool = std::to_string(count)});

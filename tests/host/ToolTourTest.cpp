@@ -47,6 +47,9 @@ public:
             folder.file(Library::sounds().filename() / sound, sound);
         Playbooks::dropListing();
         host.setSession(session);
+        QObject::connect(&host, &MCPHost::called, [this] { ++notified[0]; });
+        QObject::connect(&host, &MCPHost::busyChanged, [this] { ++notified[1]; });
+        QObject::connect(&host, &MCPHost::questionChanged, [this] { ++notified[2]; });
     }
     ~Telling() {
         Library::setOverride(std::nullopt);
@@ -65,9 +68,17 @@ public:
             call(verb, json::parse(rest));
         for (auto at = entries; at < host.activity().entries().size(); ++at) {
             const auto& entry = host.activity().entries()[at];
-            told += "  kept: " + entry.asked + " | " + entry.step.value_or("no step") +
-                    (entry.made ? "" : ", nothing made") + (entry.failed ? ", failed" : "") + "\n";
+            auto said = entry.said;
+            std::ranges::replace(said, '\n', '/');
+            told += "  kept: " + entry.tool + " | " + entry.asked + " | " + entry.step.value_or("no step") +
+                    (entry.made ? "" : ", nothing made") + (entry.failed ? ", failed" : "") + " | " + said +
+                    "\n";
         }
+        const auto more = host.activity().entries().size() - entries;
+        if (notified != std::array{more, 2 * more, std::size_t{0}})
+            told += fmt::format("  notified of {} calls, {} times of busy, {} of a question\n", notified[0],
+                                notified[1], notified[2]);
+        notified = {};
         return written.shortened(told) + Written::changes(before, written.of(session->project()));
     }
 
@@ -132,6 +143,7 @@ private:
     MCPHost host{nullptr};
     Written written;
     std::string told;
+    std::array<std::size_t, 3> notified{}; ///< calls, busy, questions
 };
 
 }

@@ -16,12 +16,6 @@ constexpr Colour blue{0, 0, 255, 255};
 
 }
 
-TEST(Canvas, replacesWhatStoodThere) {
-    EXPECT_EQ(at(drawn(Image(), 8, 8), 3, 3), (Pixel{0, 0, 0, 0}));
-    EXPECT_EQ(at(drawn(box({2, 2, 2, 2}, red), 8, 8), 0, 0), (Pixel{0, 0, 0, 0}));
-    EXPECT_EQ(at(drawn(box({2, 2, 2, 2}, red), 8, 8), 3, 3), (Pixel{255, 0, 0, 255}));
-}
-
 TEST(Canvas, cutsPixelsByTheirMiddlesSoThatNeighboursMeet) {
     for (const double seam : {3.0, 3.4, 3.5, 3.6, 2.4999999999, 4.5000000001}) {
         const Image panels =
@@ -33,41 +27,6 @@ TEST(Canvas, cutsPixelsByTheirMiddlesSoThatNeighboursMeet) {
                 << seam << ": " << pixel;
         }
     }
-}
-
-TEST(Canvas, showsPixelsThemselvesAtWholePlaces) {
-    const Bitmap bitmap = bitmapOf(30, 20, speckled);
-    const Image image = Image::bitmap(bitmap);
-    EXPECT_EQ(difference(drawn(image, 30, 20), bitmap), 0);
-    EXPECT_EQ(at(drawn(image.transformed(Transform().translated(3, 2)), 40, 40), 10, 9), at(bitmap, 7, 7));
-    const auto turned = Transform().rotated(90).translated(20, 0);
-    EXPECT_EQ(at(drawn(image.transformed(turned), 20, 30), 19 - 4, 11), at(bitmap, 11, 4));
-    const auto leftward = Transform().rotated(-90).translated(0, 30);
-    EXPECT_EQ(at(drawn(image.transformed(leftward), 20, 30), 4, 29 - 11), at(bitmap, 11, 4));
-    const auto mirrored = Transform().scaled(-1, 1).translated(30, 0);
-    EXPECT_EQ(at(drawn(image.transformed(mirrored), 30, 20), 29 - 7, 5), at(bitmap, 7, 5));
-    EXPECT_EQ(at(drawn(image.transformed(Transform().scaled(3, 3)), 90, 60), 3 * 8 + 1, 3 * 6 + 1),
-              at(bitmap, 8, 6));
-}
-
-TEST(Canvas, repeatsEdgesWherePicturesAreClamped) {
-    const Bitmap bitmap = bitmapOf(12, 10, speckled);
-    const Image image = Image::bitmap(bitmap);
-    const auto away = Transform().translated(20, 20);
-    const auto whole = drawn(image.clamped().transformed(away), 50, 50);
-    EXPECT_EQ(at(whole, 2, 3), at(bitmap, 0, 0));
-    EXPECT_EQ(at(whole, 45, 24), at(bitmap, 11, 4));
-    EXPECT_EQ(at(drawn(image.cropped({4, 3, 5, 5}).clamped().transformed(away), 50, 50), 2, 2),
-              at(bitmap, 4, 3));
-    // What is composed of several is repeated as a whole.
-    const Image composed = image.over(box({0, 0, 24, 10}, red)).clamped().transformed(away);
-    EXPECT_EQ(at(drawn(composed, 50, 50), 49, 25), (Pixel{255, 0, 0, 255}));
-    EXPECT_EQ(at(drawn(composed, 50, 50), 3, 25), at(bitmap, 0, 5));
-    // Scaled without a clamp, what lies beyond a crop does not leak in.
-    const auto scaled = image.cropped({4, 3, 5, 5}).transformed(Transform().translated(-4, -3).scaled(8, 8));
-    EXPECT_EQ(at(drawn(scaled, 50, 50), 0, 0), at(bitmap, 4, 3));
-    EXPECT_EQ(at(drawn(scaled, 50, 50), 39, 39), at(bitmap, 8, 7));
-    EXPECT_EQ(at(drawn(scaled, 50, 50), 40, 39).alpha, 0);
 }
 
 TEST(Canvas, survivesEveryTransform) {

@@ -45,12 +45,3 @@ TEST(FlatteningFilters, ofMirroredPicturesSmoothNothing) {
                   1);
     }
 }
-
-TEST(FlatteningFilters, areDoneInTheOrderInWhichTheyRead) {
-    const Filter steps = Filters::Posterize{4};
-    const Filter sepia = Filters::ColourMatrix::sepia(0.7);
-    const Bitmap first = drawn(picture().filtered(steps), side, side);
-    EXPECT_EQ(difference(drawn(picture().filtered(steps).filtered(sepia), side, side),
-                         drawn(Image::bitmap(first, true).filtered(sepia), side, side)),
-              0);
-}

@@ -28,6 +28,12 @@ TEST(Intake, putsMoviesInTheOrderOfAPersonAndPassesOverTheRest) {
           ".hidden.mp4", ".cache/a.mp4", "old.mbproj/media/b.mp4", "Player.app/c.mov", "Lib.FCPBUNDLE/d.mov",
           "กล้อง 9.mp4", "กล้อง 10.mp4", "folder.mp4/inside.mov"})
         folder.file(name);
+    for (const char* document :
+         {"mbplay",        "bundle",        "framework",     "plugin",       "appdir",       "fcpproject",
+          "imovielibrary", "imovieproject", "photoslibrary", "photolibrary", "aplibrary",    "dvdmedia",
+          "rtfd",          "pkg",           "logicx",        "band",         "theater",      "tvlibrary",
+          "musiclibrary",  "motn",          "key",           "xcodeproj",    "sparsebundle", "dvdproj"})
+        folder.file(fmt::format("document.{}/inside.mov", document));
     EXPECT_THAT(found(folder),
                 ElementsAre("b/deep/er/x.webm", "clip 2.MOV", "clip 10.mp4", "folder.mp4/inside.mov",
                             "sub/clip 1.mkv", "กล้อง 9.mp4", "กล้อง 10.mp4"));

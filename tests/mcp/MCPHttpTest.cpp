@@ -63,3 +63,17 @@ TEST(MCPRequest, isTrustedByHostAndOrigin) {
           "http://evil.com?@localhost", "http://evil.com#@localhost"})
         EXPECT_FALSE(allowed({{"host", "localhost"}, {"origin", origin}})) << origin;
 }
+
+TEST(MCPHttp, refusesStrangersBeforeWhatTheyAskFor) {
+    const auto refusal = [](const char* method, const char* host) {
+        return MCPHttp::refusal({method, {{"host", host}}, ""}).value_or("none").substr(0, 12);
+    };
+    EXPECT_EQ(refusal("POST", "localhost"), "none");
+    EXPECT_EQ(refusal("post", "localhost"), "HTTP/1.1 405");
+    EXPECT_EQ(refusal("GET", "evil.com"), "HTTP/1.1 403");
+    EXPECT_EQ(MCPHttp::response("200 OK", "ab\n"),
+              "HTTP/1.1 200 OK\r\nContent-Type: application/json\r\nContent-Length: 3\r\nConnection: "
+              "close\r\n\r\nab\n");
+    EXPECT_TRUE(MCPHttp::parseError().starts_with("HTTP/1.1 400 Bad Request\r\n"));
+    EXPECT_TRUE(MCPHttp::parseError().ends_with("\"message\":\"Parse error\"}}"));
+}

@@ -8,23 +8,6 @@ using testing::HasSubstr;
 
 using OverviewTest = Calling;
 
-TEST_F(OverviewTest, overviewTellsTheWholeProject) {
-    project.sources.edit()[0].note = "A boss rush.";
-    project.clips.edit()[1].rating = -1;
-    EXPECT_EQ(
-        text("overview", "{}"),
-        "Sources:\nrec.mp4 (a stream), 2:00:00: A boss rush.\n\n"
-        "Clips (1; rejected ones left out):\n"
-        "C01 (rec.mp4 at 0:00, 0:08): not described yet. It starts: so this is the boss room two three\n\n"
-        "Videos:\nV1 “First”, 9:16, 0:06, 2 cuts\n\n"
-        "Ideas waiting: none yet");
-    project = Project();
-    EXPECT_EQ(text("overview", "{}"),
-              "Sources:\nnone yet\n\nClips (0; rejected ones left out):\nnone yet\n\nVideos:\nnone "
-              "yet\n\nIdeas waiting: "
-              "none yet");
-}
-
 TEST_F(OverviewTest, overviewOfManyClipsStaysShort) {
     for (int count = 0; count < 500; ++count)
         addClip(1000 + count * 10.0, {"a long sentence that somebody says while he plays", "and another one"})

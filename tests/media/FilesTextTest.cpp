@@ -16,8 +16,8 @@ namespace {
 
 using Purpose = FrameReader::Purpose;
 
-/// What %P and %S in approved/files.txt stand for: pictures as bright as their number, and a tone of 0.1 s at
-/// each half second, on the right side half as loud.
+/// What %P, %S and %F in approved/files.txt stand for: pictures as bright as their number, a tone of 0.1 s at
+/// each half second, on the right side half as loud, and the folder of the files made before.
 const std::string pictures = "-f lavfi -i nullsrc=s=64x36:d=2:r=";
 const std::string grey = "geq=lum='20+2*N':cb=128:cr=128";
 const std::string beeps =
@@ -25,7 +25,8 @@ const std::string beeps =
     "aevalsrc='0.5*sin(2764*t)*lt(mod(t\\,0.5)\\,0.1)|0.25*sin(2764*t)*lt(mod(t\\,0.5)\\,0.1)':d=2:s=";
 
 std::string filledIn(std::string text) {
-    for (const auto& [word, meaning] : {std::pair{"%P", pictures}, {"%N", grey}, {"%S", beeps}})
+    for (const auto& [word, meaning] :
+         {std::pair{"%P", pictures}, {"%N", grey}, {"%S", beeps}, {"%F", made::folder().string() + "/"}})
         for (auto at = text.find(word); at != text.npos; at = text.find(word)) text.replace(at, 2, meaning);
     return text;
 }
@@ -49,11 +50,11 @@ std::string shown(const std::optional<FrameReader::TimedFrame>& frame) {
 std::string facts(const MediaFacts& facts) {
     auto text = fmt::format("  {:.3f} s", facts.length);
     if (const auto& picture = facts.picture)
-        text += fmt::format(", {:g}x{:g}, {:.3f} fps, mean {:.2f}{}{}{}, {} turns, grid {:.6f}",
+        text += fmt::format(", {:g}x{:g}, {:.3f} fps, mean {:.2f}{}{}{}, {} turns, grid {:.12f} from {:.4f}",
                             picture->size.width, picture->size.height, picture->nominalRate,
                             picture->meanRate, picture->variableRate ? " variable" : "",
                             picture->interlaced ? " interlaced" : "", picture->highDynamicRange ? " HDR" : "",
-                            picture->quarterTurns, picture->grid.spacing);
+                            picture->quarterTurns, picture->grid.spacing, picture->grid.first);
     if (const auto& sound = facts.sound)
         text += fmt::format(", {} sound, {} Hz, {} channels", sound->tracks, sound->rate, sound->channels);
     return text + "\n";
@@ -76,11 +77,17 @@ std::string pictureLines(const std::filesystem::path& file) {
             int(frame->frame.primaries), int(frame->frame.chromaSite), frame->frame.turn,
             frame->frame.pixelAspect, frame->frame.hasAlpha ? " alpha" : "",
             frame->frame.interleavedChroma ? " interleaved" : "");
-    int count = 0;
-    double last = 0;
-    auto all = FrameReader::open(file, Purpose::playing);
-    for (auto frame = all.at(0); frame; frame = all.next()) ++count, last = frame->time;
-    return text + fmt::format("\n  {} pictures to {:.4f}\n", count, last);
+    text += "\n  from there reaches";
+    for (const double time : {0.3, 0.55, 1.4, end}) text += fmt::format(" {}", reader.reaches(time));
+    for (const auto purpose : {Purpose::playing, Purpose::sampling}) {
+        auto all = FrameReader::open(file, purpose);
+        int count = 0;
+        double last = 0;
+        while (const auto frame = all.next()) ++count, last = frame->time;
+        text += fmt::format("{} {} pictures to {:.4f}", purpose == Purpose::playing ? "\n " : ", sampled",
+                            count, last);
+    }
+    return text + "\n";
 }
 
 /// Where it begins to be loud, to a hundredth of a second, and how loud both sides are then.

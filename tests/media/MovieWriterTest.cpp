@@ -60,7 +60,11 @@ std::string write(const std::filesystem::path& path, int turns = 3, const MovieS
 TEST(MovieWriter, writesWhatReadsBackInStep) {
     const TemporaryFolder folder;
     const auto path = folder / "วิดีโอ 📱 \"1\".mp4";
-    write(path, 3, {.width = width, .height = height, .quality = 10});
+    const auto bytes = write(
+        path, 3,
+        {.width = width, .height = height, .preset = "fast", .quality = 10.5, .lookahead = 7, .threads = 3});
+    for (const char* chosen : {"crf=10.5", "subme=6", "rc_lookahead=7", " threads=3"})
+        EXPECT_THAT(bytes, testing::HasSubstr(chosen)) << "as the encoder writes into its pictures";
     FrameReader reader = FrameReader::open(path);
     ASSERT_TRUE(reader.facts().picture);
     EXPECT_EQ(reader.facts().picture->nominalRate, 30);

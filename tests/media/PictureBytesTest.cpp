@@ -46,6 +46,10 @@ TEST(PictureBytes, anOrientationIsFoundWhereverItStandsAndHoweverItIsWritten) {
         EXPECT_EQ(PictureBytes::orientationIn(std::string("Exif\0\0", 6) + exif(turned, 6)), 6);
         EXPECT_EQ(PictureBytes::orientationIn(exif(turned, 6, 1)), 1) << "after the list's end";
         EXPECT_EQ(PictureBytes::orientationIn(exif(turned, 6).substr(0, 20)), 1);
+        const auto block = exif(turned, 7);
+        const auto png =
+            "\x89PNG\r\n\x1A\n" + std::string(3, '\0') + char(block.size()) + "eXIf" + block + "crc.";
+        EXPECT_EQ(PictureBytes::of(PictureHeader::Kind::png, png).orientation, 7);
     }
     EXPECT_EQ(PictureBytes::orientationIn("XX" + exif(true, 6).substr(2)), 1);
     EXPECT_EQ(PictureBytes::orientationIn(""), 1);

@@ -45,6 +45,33 @@ TEST(LookEdits, theRightPartOfAnOverlayHangsOnWhatIsOnThen) {
     EXPECT_EQ(video, expected);
 }
 
+TEST(LookEdits, bothPartsOfASoundCanBeHeard) {
+    auto video = dressed(); // a sound from 2 to 4 s, a song from 3 s to the end at 7 s
+    video.look->music.edit().push_back({.file = "late.mp3", .source = video.cuts[1].source, .at = 32.5});
+    video.look->music.edit().push_back({.file = "gone.mp3", .source = UUID::make(), .at = 1});
+    const auto before = video;
+    const auto& [sound, song, late, gone] = std::tuple(video.look->sounds[0].id, video.look->music[0].id,
+                                                       video.look->music[1].id, video.look->music[2].id);
+    for (const auto& [cue, time] : {std::pair{sound, 1.0},
+                                    {sound, 2.05},
+                                    {sound, 3.95},
+                                    {sound, 4.5},
+                                    {song, 3.05},
+                                    {song, 6.95},
+                                    {song, 8.0},
+                                    {late, 6.55},
+                                    {gone, 1.0}})
+        EXPECT_FALSE(LookEdits::splitSound(video, cue, time)) << time;
+    EXPECT_EQ(video, before);
+    EXPECT_TRUE(LookEdits::splitSound(video, late, 6.65));
+    EXPECT_EQ(video.look->music[2].file + " " + video.look->music[3].file, "late.mp3 gone.mp3");
+    EXPECT_NEAR(video.look->music[2].at, 32.65, 1e-9);
+    video.look->sounds.edit()[0].length.reset();
+    EXPECT_TRUE(LookEdits::splitSound(video, sound, 2.15))
+        << "it may sound for as long as one that nobody knows";
+    EXPECT_FALSE(video.look->sounds[1].length);
+}
+
 TEST(LookEdits, aSoundGoesOnInItsFile) {
     auto video = dressed();
     ASSERT_TRUE(LookEdits::splitSound(video, video.look->sounds[0].id, 3));

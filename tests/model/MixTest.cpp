@@ -16,3 +16,13 @@ TEST(Mix, togglesLanesInTheOrderTheyWereTurnedOff) {
     mix.toggleMute(Lane::video);
     EXPECT_EQ(mix.muted, std::nullopt);
 }
+
+TEST(Mix, eachLaneHasALevelOfItsOwn) {
+    Mix mix;
+    for (const auto lane : allLanes) {
+        EXPECT_EQ(mix.level(lane), 1);
+        mix.setLevel(lane, 0.2 + static_cast<double>(lane));
+    }
+    for (const auto lane : allLanes) EXPECT_EQ(mix.level(lane), 0.2 + static_cast<double>(lane));
+    EXPECT_EQ(mix.music, 0.2 + static_cast<double>(Lane::music));
+}

@@ -191,3 +191,21 @@ TEST(VideoEdits, aSeamRollsWithinBothCutsAndNothingElseMoves) {
     VideoEdits::roll(video, video.cuts[1].id, 21, 100);
     EXPECT_EQ(told(video), "10-12 20-21 0-6 ");
 }
+
+TEST(VideoEdits, cutsOfWhichOneSoundsAreAllTurnedOff) {
+    auto video = threeCuts();
+    video.cuts.edit()[0].muted = false;
+    const auto muted = [&](std::initializer_list<std::size_t> which) {
+        std::vector<UUID> named;
+        for (const auto at : which) named.push_back(video.cuts[at].id);
+        VideoEdits::toggleMute(video, named);
+        std::string text;
+        for (const auto& one : video.cuts) text += one.muted ? *one.muted ? "x" : "o" : "-";
+        return text;
+    };
+    EXPECT_EQ(muted({1}), "ox-");
+    EXPECT_EQ(muted({2, 1}), "oxx");
+    EXPECT_EQ(muted({0, 1}), "xxx");
+    EXPECT_EQ(muted({2, 0}), "-x-");
+    EXPECT_EQ(muted({}), "-x-");
+}

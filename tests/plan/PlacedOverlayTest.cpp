@@ -169,6 +169,9 @@ TEST(PlacedOverlay, aLayoutIsTheShotsAndTheFirstFoundOfItsNameIsEveryones) {
     EXPECT_EQ(placed.overlay.source, one);
     EXPECT_EQ(fmt::format("{}-{} {} {}", placed.start, placed.end, placed.zoom, *placed.focus),
               "12-16 2 0.2");
+    auto shaken = shot;
+    shaken.shot.move = "shake";
+    EXPECT_NE(*PlacedOverlay::layout(shaken, 12.1, plan.layouts.at("mine"), {}).focus, 0.2) << "as it moves";
     EXPECT_EQ(*placed.values, (Values{{"a", "b"}}));
 }
 

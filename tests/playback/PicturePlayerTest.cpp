@@ -88,6 +88,22 @@ TEST(PicturePlayer, aHandThatMovesSeesPicturesNearByFirst) {
         ASSERT_TRUE(frame && frame->exact) << "and the right one after it";
     }
     EXPECT_GT(near, 0) << "but where that is as quick";
+    // It moves on without a rest, far faster than pictures of that size are drawn.
+    showing.player.setSink(showing.recorder, 2000, 2000);
+    const auto begun = std::chrono::steady_clock::now();
+    for (const double at : {2.1, 3.2, 0.3, 4.4}) {
+        showing.player.stand(at);
+        ASSERT_TRUE(showing.recorder->next([=](const auto& each) { return each.exact && each.time == at; }));
+    }
+    const auto passed = [&, first = showing.recorder->numbers().size()] {
+        return showing.recorder->numbers().size() - first;
+    };
+    const auto limit = std::chrono::steady_clock::now() + 10 * (std::chrono::steady_clock::now() - begun);
+    for (int turn = 0; passed() < 4 && std::chrono::steady_clock::now() < limit; ++turn) {
+        showing.player.skim(std::fmod(turn * 0.0137, 4.9));
+        std::this_thread::yield();
+    }
+    EXPECT_GE(passed(), 4u) << "what it passes is shown while it moves";
     showing.player.stand(1.1);
     const auto frame =
         showing.recorder->next([](const auto& each) { return std::abs(each.time - 1.1) < 1e-6; });

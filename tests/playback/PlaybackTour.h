@@ -160,7 +160,9 @@ private:
     /// Whether the picture of the place where it stands has come since the line began.
     bool standing() const {
         const double place = player->skimmed().value_or(player->time());
-        return came([&](const auto& each) { return each.exact && std::abs(each.time - place) < 1e-6; });
+        const bool soft = player->rate() < 0;
+        return came(
+            [&](const auto& each) { return (each.exact || soft) && std::abs(each.time - place) < 1e-6; });
     }
 
     /// The sound starts once more.

@@ -1,6 +1,7 @@
 #include "core/render/Stills.h"
 #include "core/render/export/DrawnFrames.h"
 #include "core/render/export/Exporter.h"
+#include "platform/image/Jpeg.h"
 #include "platform/image/draw/Canvas.h"
 #include "platform/media/FrameReader.h"
 #include "tests/TemporaryFolder.h"
@@ -100,6 +101,8 @@ TEST(Stills, afterTheEndTheLastFrameOfTheLastCutStays) {
         const auto still = Stills::frame({video, project, {}}, time, *composition.box);
         EXPECT_EQ(samples::numberIn(samples::drawn(still, 1080, 1080)), number) << time;
     }
+    const auto gone = Stills::frame({video, project, {project.sources[0].id}}, 1, *composition.box);
+    EXPECT_EQ(samples::numberIn(samples::drawn(gone, 1080, 1080)), -1) << "of a source that counts as gone";
 }
 
 TEST(Stills, withoutAReadablePictureTheCaptionStandsOnBlack) {
@@ -126,7 +129,18 @@ TEST(Stills, jpegAndSpecimens) {
     EXPECT_GT(specimen->extent().width, 100);
     const auto bytes = Stills::jpeg(Image::colour({255, 0, 0}).cropped({5, 7, 300, 400}), 0.85);
     ASSERT_TRUE(bytes);
-    EXPECT_EQ(bytes->substr(0, 3), "\xFF\xD8\xFF");
+    const auto read = Jpeg::decode(*bytes, 1000);
+    ASSERT_TRUE(read && read->width() == 300 && read->height() == 400);
+    for (const auto& [x, y] : {std::pair{0, 0}, {299, 399}}) EXPECT_GT(read->row(y)[4 * x + 2], 250);
+    const auto blend = Image::gradient({0, 0, 300, 400}, {255, 0, 0}, {0, 0, 255});
+    EXPECT_LT(Stills::jpeg(blend, 0.3)->size(), Stills::jpeg(blend, 0.95)->size());
+    const auto shown = [](const char* text, std::size_t preset) {
+        const auto image = Stills::caption(text, CaptionStyle::builtIn()[preset], "");
+        return samples::drawn(*image, 900, 200);
+    };
+    EXPECT_TRUE(same(shown("Hello", 0), shown("Hello", 0)));
+    EXPECT_FALSE(same(shown("Hello", 0), shown("Hello", 4)));
+    EXPECT_FALSE(same(shown("Hello", 0), shown("Hallo", 0)));
     EXPECT_FALSE(Stills::jpeg(Image(), 0.85));
     EXPECT_FALSE(Stills::jpeg(Image::colour(Colour::black), 0.85));
 }

@@ -62,7 +62,9 @@ TEST(VideoComposition, aCutWithoutFootageKeepsItsTime) {
     auto video = samples::video(project, {{0, 1, 2}, {1, 1, 2}});
     video.cuts.edit().push_back(Cut::generated("title", 1, std::nullopt, 2));
     const auto composition =
-        VideoComposition::make(video, project, {project.sources[1].id}, "", {}, std::nullopt);
+        VideoComposition::make(video, project, {project.sources[1].id}, "Own", "/a.mbproj", std::nullopt);
+    EXPECT_EQ(composition.box->plan()->fonts, "Own");
+    EXPECT_EQ(composition.box->plan()->project, "/a.mbproj");
     ASSERT_EQ(composition.segments.size(), 3U);
     EXPECT_EQ(composition.segments[0].file, "/nowhere/a.mp4");
     EXPECT_EQ(composition.segments[0].source, project.sources[0].id);

@@ -2,6 +2,7 @@
 #include "platform/image/ImageNode.h"
 #include "platform/image/Jpeg.h"
 #include "tests/TemporaryFolder.h"
+#include "tests/footage/Movie.h"
 #include "tests/stage/Staged.h"
 
 #include <gtest/gtest.h>
@@ -65,5 +66,11 @@ TEST(Budget, drawsAsManyPicturesAsItHolds) {
     const auto file = folder.file("a.jpg", Jpeg::encode(Bitmap(8, 8), 1)).string();
     const std::string picture = R"({"image": ")" + file + R"(", "w": 0.1)";
     EXPECT_EQ(drawnOf(picture + R"(, "opacity": 0.5})", {}, 400), 320) << "64 million, in the smallest steps";
+    for (const auto& [width, height, most] : {std::tuple{64, 36, 16}, {1922, 1082, 8}}) {
+        const auto movie = folder / std::to_string(most);
+        Movie::write(movie.string() + ".mp4", 1, width, height);
+        const auto video = R"({"video": ")" + movie.string() + R"(.mp4", "w": 0.1, "opacity": 0.5})";
+        EXPECT_EQ(drawnOf(video, {}, 20), most) << "as many videos as could stay open";
+    }
     EXPECT_EQ(drawnOf(picture + "}", {}, 400), 1) << "of opaque ones in one place only the uppermost shows";
 }

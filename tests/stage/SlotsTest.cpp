@@ -32,7 +32,7 @@ TEST(Slots, playTheirClips) {
     for (const auto& [layer, held, length, at] :
          {Case{played({}, false, false), 1, 2, 1}, Case{played({}, false, false), 9, 2, 1.96},
           Case{played(2, false, false), 0.7, 2, 1.4}, Case{played({}, true, false), 5, 2, 1},
-          Case{played({}, false, true), 3, 2, 1}, Case{played({}, true, true), 4.5, 2, 0.5},
+          Case{played({}, false, true), 3.5, 2, 0.5}, Case{played({}, true, true), 4.5, 2, 0.5},
           Case{played({}, true, false), 5, 0.05, 0}, Case{played(-1, true, false), 0.5, 2, 1.5},
           Case{played(-1, false, false), 0.5, 2, 0}, Case{played(1e308, true, false), 1e308, 2, 0},
           Case{played({}, true, false), 1, std::nan(""), 0}})

@@ -105,41 +105,12 @@ TEST(ShapedText, countingStopsSoonAfterTheMostLines) {
     EXPECT_GT(four.lines(noLimit, 3).size(), 3u) << "one more says that there are too many";
 }
 
-TEST(ShapedText, blanksBetweenEmojiKeepTheirWidth) {
-    const double blank = widthOf("a b", plain(84)) - widthOf("ab", plain(84));
-    const double emoji = widthOf("😂 😂", plain(84)) - 2 * widthOf("😂", plain(84));
-    EXPECT_NEAR(emoji, blank, 3);
-}
-
-TEST(ShapedText, emojiAreAsLargeAsTheTextAtEverySize) {
-    for (const double size : {20.0, 84.0, 300.0})
-        EXPECT_NEAR(widthOf("😂", plain(size)) / size, widthOf("😂", plain(84)) / 84, 0.02) << size;
-}
-
-TEST(ShapedText, sequencesAreOneGlyph) {
-    for (const char* text : {"👨‍👩‍👧‍👦", "🇹🇭", "👍🏽", "1️⃣", "❤️"}) {
-        const ShapedText shaped(text, plain(84));
-        EXPECT_EQ(shaped.glyphs(shaped.lines(noLimit, 9).front(), {}).size(), 1u) << text;
-        EXPECT_TRUE(shaped.missing().empty()) << text;
-    }
-}
-
 TEST(ShapedText, everyWeightIsAnotherFace) {
     if (!Fonts::installed("Nunito")) GTEST_SKIP() << "The rounded faces are not fetched.";
     for (const char* text : {"mmmmmmmm", "กกกกกกกก"}) {
         std::set<double> widths;
         for (const double weight : {0.0, 0.4, 0.56}) widths.insert(widthOf(text, plain(84, weight)));
         EXPECT_EQ(widths.size(), 3u) << text;
-    }
-}
-
-TEST(ShapedText, rightToLeftLinesBeginAtTheRight) {
-    for (const char* text : {"שלום ok", "مرحبا ok", "123 مرحبا"}) {
-        const ShapedText shaped(text, plain(84));
-        const auto glyphs = shaped.glyphs(shaped.lines(noLimit, 9).front(), {});
-        const auto last = std::max_element(glyphs.begin(), glyphs.end(),
-                                           [](const auto& a, const auto& b) { return a.pen.x < b.pen.x; });
-        EXPECT_LT(last->at, 3u) << text;
     }
 }
 

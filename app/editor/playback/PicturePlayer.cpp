@@ -27,6 +27,11 @@ std::int64_t strideOf(double rate) {
     return std::max<std::int64_t>(1, std::llround(std::abs(rate)));
 }
 
+/// From one frame to the next that is shown.
+std::int64_t way(double rate) {
+    return rate > 0 ? strideOf(rate) : -strideOf(rate);
+}
+
 std::int64_t frameAt(const VideoComposition& composition, double time) {
     const auto number = static_cast<std::int64_t>(std::floor((time + frameSlack) * composition.rate));
     return std::clamp<std::int64_t>(number, 0, std::max<std::int64_t>(composition.frameCount() - 1, 0));
@@ -109,8 +114,8 @@ void PicturePlayer::run(bool anew) {
         given.rate = clock.rate();
         given.near = false;
         if (!given.composition) return;
-        const auto stride = given.rate > 0 ? strideOf(given.rate) : -strideOf(given.rate);
-        lastShown = frameAt(*given.composition, clock.place()) - (anew ? stride : 0);
+        // Where it stood the order to run may have overtaken the picture.
+        if (anew || lastShown != frameAt(*given.composition, clock.place())) lastShown.reset();
     });
 }
 
@@ -169,7 +174,8 @@ void PicturePlayer::drawOn(const PictureOrder& now) {
             std::unique_lock hold(lock);
             changed.wait(hold, [&] { return order.number != now.number || ahead.size() < maxAhead; });
             if (order.number != now.number) return;
-            if (!last) last = lastShown.value_or(frameAt(*now.composition, clock.place()));
+            if (!last)
+                last = lastShown ? *lastShown : frameAt(*now.composition, clock.place()) - way(now.rate);
         }
         const auto next = nextFrame(now, *last);
         if (next < 0 || next >= now.composition->frameCount()) {
@@ -190,7 +196,7 @@ void PicturePlayer::drawOn(const PictureOrder& now) {
 
 /// The frame after the last; where its time is over already, the one that will be on when it is drawn.
 std::int64_t PicturePlayer::nextFrame(const PictureOrder& now, std::int64_t last) const {
-    const auto stride = now.rate > 0 ? strideOf(now.rate) : -strideOf(now.rate);
+    const auto stride = way(now.rate);
     const auto next = last + stride;
     const double over = static_cast<double>(next + stride) / now.composition->rate;
     const double place = clock.place();
