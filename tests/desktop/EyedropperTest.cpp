@@ -19,6 +19,8 @@ struct DroppedWindow : WindowOfProject {
         QObject::connect(dropper(), &Eyedropper::taken, [this](QObject* who, const QString& colour) {
             taken += who->objectName().toStdString() + colour.toStdString();
         });
+        QObject::connect(dropper(), &Eyedropper::letGo,
+                         [this](const QObject* who) { back += who == &asker; });
         asker.setObjectName("key ");
     }
     FrameView* view() {
@@ -39,6 +41,7 @@ struct DroppedWindow : WindowOfProject {
 
     QObject asker;
     std::string taken;
+    int back = 0; ///< how often the asker got the keys back
 };
 
 using EyedropperTest = OnWindow<DroppedWindow>;
@@ -68,5 +71,6 @@ TEST_F(EyedropperTest, takesTheColourUnderThePointerForWhoAsked) {
     shown->key(Qt::Key_Escape);
     EXPECT_FALSE(shown->dropper()->active());
     EXPECT_EQ(shown->taken, "");
+    EXPECT_EQ(shown->back, 3) << "also where nothing is taken";
     EXPECT_EQ(Eyedropper::colourAt(*shown->view(), {-5, 5}), "") << "beside the picture";
 }

@@ -83,19 +83,7 @@ FocusScope {
             }
         }
     }
-    IconButton {
-        id: dropper
-        x: well.width + Theme.small
-        width: Theme.tool
-        glyph: "pipette"
-        side: 16
-        name: "Pick " + field.name.toLowerCase() + " from the picture"
-        onClicked: eyedropper.ask(field)
-        Connections {
-            target: eyedropper
-            function onTaken(asker, colour) { if (asker === field) { field.settled(colour); dropper.forceActiveFocus(Qt.OtherFocusReason) } }
-        }
-    }
+    PipetteButton { id: dropper; x: well.width + Theme.small; of: field.name; onPicked: (colour) => field.settled(colour) }
     LineField {
         anchors.right: parent.right
         width: field.width - well.width - dropper.width - 2 * Theme.small

@@ -72,18 +72,7 @@ Row {
             }
         }
     }
-    IconButton {
-        id: dropper
-        width: Theme.tool
-        glyph: "pipette"
-        side: 16
-        name: "Pick " + field.name.toLowerCase() + " from the picture"
-        onClicked: eyedropper.ask(field)
-        Connections {
-            target: eyedropper
-            function onTaken(asker, colour) { if (asker === field) { field.picked(colour); dropper.forceActiveFocus(Qt.OtherFocusReason) } }
-        }
-    }
+    PipetteButton { id: dropper; of: field.name; onPicked: (colour) => field.picked(colour) }
     Field {
         id: digits
         width: 92

@@ -23,10 +23,8 @@ void Eyedropper::look(FrameView* view, const QPointF& point) {
 
 void Eyedropper::take() {
     if (!active() || seen.isEmpty()) return;
-    auto* who = asker;
-    const auto colour = seen;
+    emit taken(asker, seen);
     stop();
-    emit taken(who, colour);
 }
 
 bool Eyedropper::cancel() {
@@ -36,10 +34,11 @@ bool Eyedropper::cancel() {
 }
 
 void Eyedropper::stop() {
-    asker = nullptr;
+    auto* who = std::exchange(asker, nullptr);
     seen.clear();
     emit activeChanged();
     emit colourChanged();
+    emit letGo(who);
 }
 
 QString Eyedropper::colourAt(const FrameView& view, const QPointF& point) {

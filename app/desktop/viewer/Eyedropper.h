@@ -23,7 +23,7 @@ public:
     bool active() const { return asker != nullptr; }
     QString colour() const { return seen; } ///< RRGGBB under the pointer; empty where there is none
 
-    /// Asks for a colour; `taken` comes with the same asker.
+    /// Asks for a colour; `taken` comes with the same asker, and `letGo` also where none is taken.
     Q_INVOKABLE void ask(QObject* asker);
     /// Shows the colour at a point of a view, in points of it. Empty beside the picture.
     Q_INVOKABLE void look(murbo::FrameView* view, const QPointF& point);
@@ -38,6 +38,7 @@ signals:
     void activeChanged();
     void colourChanged();
     void taken(QObject* asker, const QString& colour);
+    void letGo(QObject* asker);
 
 private:
     void stop();
