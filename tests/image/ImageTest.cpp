@@ -192,7 +192,7 @@ std::string pixels(const Image& image) {
 
 TEST(Images, areMadeAndDrawnAsApproved) {
     std::string all = "// Pictures by words, each after those that it takes; drawn on 48 by 32 pixels.\n";
-    for (const auto& line : linesOf("image/approved/images.txt")) {
+    for (const auto& line : linesOf("image/approved/Painter.txt")) {
         if (!line.starts_with("> ")) continue;
         const Image image = PictureWords(line.substr(2)).run();
         const ImageNode& node = *image.node();
@@ -201,5 +201,5 @@ TEST(Images, areMadeAndDrawnAsApproved) {
                         text(node.body), text(node.opaque), node.single ? ", single" : "");
         all += layers(image) + pixels(image);
     }
-    expectApproved("image/approved/images.txt", all);
+    expectApproved("image/approved/Painter.txt", all);
 }
