@@ -50,10 +50,11 @@ bool sameFraming(const Shot& one, const Shot& other) {
            one.layout == other.layout && one.playbook == other.playbook && one.version == other.version;
 }
 
-/// What a model can't name stays as the owner set it.
-void keepRest(Shot& shot, const List<Shot>& old) {
-    const auto found =
-        std::find_if(old.begin(), old.end(), [&](const Shot& one) { return sameFraming(one, shot); });
+/// What a model can't name stays as the owner set it, once: of two entries the second is a shot of its own.
+void keepRest(Shot& shot, const List<Shot>& old, const std::vector<Shot>& others) {
+    const auto found = std::find_if(old.begin(), old.end(), [&](const Shot& one) {
+        return sameFraming(one, shot) && !std::ranges::count(others, one.id, &Shot::id);
+    });
     if (found == old.end()) return;
     auto kept = *found;
     kept.zoom = shot.zoom;
@@ -84,7 +85,9 @@ std::string replace(Project& project, const UUID& id, const nlohmann::json& entr
     std::vector<Shot> shots;
     std::vector<std::string> leftOut;
     for (const auto& entry : entries) try {
-            keepRest(shots.emplace_back(shot(entry, video, said, layouts)), old);
+            auto made = shot(entry, video, said, layouts);
+            keepRest(made, old, shots);
+            shots.push_back(std::move(made));
         } catch (const Problem& problem) {
             leftOut.push_back(problem.message());
         }

@@ -28,11 +28,12 @@ std::optional<std::string> path(const std::string& name, const List<SoundCue>& o
     return std::nullopt;
 }
 
-/// What a model can't name stays as the owner set it.
-void keepRest(SoundCue& cue, const List<SoundCue>& own) {
+/// What a model can't name stays as the owner set it, once: of two entries the second is a sound of its own.
+void keepRest(SoundCue& cue, const List<SoundCue>& own, const std::vector<SoundCue>& others) {
     for (const auto& one : own) {
         if (one.file != cue.file || one.source != cue.source || std::abs(one.at - cue.at) > samePlace)
             continue;
+        if (std::ranges::count(others, one.id, &SoundCue::id)) continue;
         auto kept = one;
         kept.volume = cue.volume;
         cue = std::move(kept);
@@ -41,8 +42,8 @@ void keepRest(SoundCue& cue, const List<SoundCue>& own) {
 }
 
 /// Throws a Problem with the reason for which the entry is left out.
-SoundCue cue(const nlohmann::json& entry, const Video& video, const Said& said, const Library& library) {
-    const auto own = video.look ? video.look->sounds : List<SoundCue>();
+SoundCue cue(const nlohmann::json& entry, const Video& video, const List<SoundCue>& own, const Said& said,
+             const Library& library) {
     const auto& file = member(entry, "file");
     const auto found = file.is_string() ? path(file.get<std::string>(), own, library) : std::nullopt;
     if (!found) throw Problem(VideoChange::given(file) + ": no such sound; list_sounds names them");
@@ -53,7 +54,6 @@ SoundCue cue(const nlohmann::json& entry, const Video& video, const Said& said, 
     const auto after = VideoChange::number(member(entry, "after")).value_or(0);
     if (after > 0) cue.at += after;
     cue.volume = std::clamp(VideoChange::number(member(entry, "volume")).value_or(usualVolume), 0.0, 1.0);
-    keepRest(cue, own);
     return cue;
 }
 
@@ -77,10 +77,13 @@ std::vector<std::string> named(const nlohmann::json& sounds) {
 std::string replace(Project& project, const UUID& id, const nlohmann::json& entries, const Said& said,
                     const Library& library, const Run& run) {
     const auto video = VideoChange::video(project, id, "The video");
+    const auto own = video.look ? video.look->sounds : List<SoundCue>();
     std::vector<SoundCue> sounds;
     std::vector<std::string> leftOut;
     for (const auto& entry : entries) try {
-            sounds.push_back(cue(entry, video, said, library));
+            auto made = cue(entry, video, own, said, library);
+            keepRest(made, own, sounds);
+            sounds.push_back(std::move(made));
         } catch (const Problem& problem) {
             leftOut.push_back(problem.message());
         }
