@@ -60,6 +60,7 @@ TEST_F(SaidTest, aLineThatIsGoneEndsNoCutButMayLieInOne) {
     EXPECT_TRUE(cuts(R"([{"from": "C01.02", "to": "C01.03"}])").empty());
     EXPECT_EQ(times(cuts(R"([{"from": "C01.01", "to": "C01.03"}])")), (Spans{{1, 6}}));
     EXPECT_TRUE(Said(project).holding(lines()[1].text).empty()) << "nor is it found by its words";
+    EXPECT_TRUE(Said(project).of(lines()[1].id)) << "but it is by its id";
 }
 
 TEST_F(SaidTest, aCutTooShortToBeMeantIsNone) {
@@ -143,5 +144,4 @@ TEST_F(SaidTest, overlappingClipsNameALineAfterTheLaterOne) {
     std::string tags;
     for (const auto* piece : said.inClip(project.clips[0].id)) tags += piece->tag + " ";
     EXPECT_EQ(tags, "C01.01 C01.03 C01.04 C01.n1 ") << "a note after the line that it begins with";
-    EXPECT_EQ(said.of(UUID::make()), nullptr);
 }

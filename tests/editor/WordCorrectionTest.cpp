@@ -15,7 +15,7 @@ TEST(WordCorrection, isWhatWordsBecameOtherOnes) {
         {"one hart left", "one heart left", {{"hart", "heart"}}},
         {"my croft, and hart!", "Mycroft, and heart!", {{"my croft", "Mycroft"}, {"hart", "heart"}}},
         {"hart and hart", "heart and heart", {{"hart", "heart"}}},
-        {"no", "no no", {}},           // a word came
+        {"no", "oh my no no", {}},     // words came
         {"so we go now", "we go", {}}, // and went
         {"go, now", "go now!", {}},    // marks are no words
         {"ไม่เป็นไร เดินข้า", "ไม่เป็นไร เดินช้า", {{"ข้า", "ช้า"}}},

@@ -65,7 +65,7 @@ TEST(History, dropsOldStepsThatComeToTooMuchButNeverTheNewest) {
 TEST(History, outlivesTheSession) {
     const TemporaryFolder package;
     const UUID source = UUID::make();
-    const Project before = spoken(source, 200);
+    const Project before = spoken(source, 5000);
     Project project = before;
     project.transcripts[source].lines.edit()[7].text = "changed “so”";
     const Project after = project;
