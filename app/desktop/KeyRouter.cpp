@@ -175,7 +175,7 @@ bool KeyRouter::pressBare(const QKeyEvent& event) {
 QString KeyRouter::typed(const QKeyEvent& event) {
     if (event.key() == Qt::Key_Space) return " ";
     if (event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete) return "delete";
-    const auto character = event.text().toLower();
+    auto character = event.text().toLower();
     const auto name = Keys::name(character.toStdString());
     if (name && Keys::standard().command(*name)) return character;
     const auto physical = onUsKeyboard(event.nativeScanCode());

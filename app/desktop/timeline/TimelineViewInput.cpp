@@ -145,10 +145,9 @@ void TimelineView::hoverMoveEvent(QHoverEvent* event) {
     if (!session || !session->skimming() || !session->playback.isLoaded() || session->playback.rate() != 0)
         return;
     const double time = span.time(event->position().x());
-    if (time >= 0 && time < layout.length)
-        session->playback.skim(time);
-    else if (session->playback.skimmed())
-        session->playback.endScrub();
+    const bool over = time >= 0 && time < layout.length;
+    if (over) session->playback.skim(time);
+    if (!over && session->playback.skimmed()) session->playback.endScrub();
     emit playheadChanged();
 }
 
