@@ -60,27 +60,10 @@ TEST_F(StreamSheetTest, theClipsDrawnAreTheClipsMade) {
     EXPECT_EQ(shown->step(), "Add Stream");
 }
 
-TEST_F(StreamSheetTest, takesTypedTimesAndDroppedMarkersInThePlaceOfThoseBeside) {
+TEST_F(StreamSheetTest, isOneRecordingWithMarkers) {
     const auto recording = WindowOfProject::text(shown->recording);
     const auto markers = WindowOfProject::text(shown->folder.file("other.csv", "600\n"));
-    StreamSheet sheet(shown->editor());
-    sheet.take({recording});
-    ASSERT_TRUE(shown->read(sheet));
-    sheet.setTyped("10:00, 1:40\n nonsense");
-    EXPECT_EQ(sheet.markersWords(), "2 markers typed");
-    EXPECT_EQ(sheet.clips().size(), 2);
-    sheet.setTyped("");
-    EXPECT_EQ(sheet.clips().size(), 2);
-    sheet.take({markers});
-    EXPECT_EQ(sheet.markersWords(), "1 marker from other.csv");
-    EXPECT_EQ(sheet.clips().size(), 1);
-    sheet.take({WindowOfProject::text(shown->folder / "picture.png")});
-    EXPECT_NE(sheet.problem(), "");
     const auto broken = WindowOfProject::text(shown->folder.file("broken.mp4", "no movie"));
-    sheet.clear();
-    sheet.take({broken});
-    ASSERT_TRUE(shown->read(sheet));
-    EXPECT_FALSE(sheet.ready());
     EXPECT_TRUE(StreamSheet::isStream({recording}));
     EXPECT_TRUE(StreamSheet::isStream({broken, markers}));
     EXPECT_FALSE(StreamSheet::isStream({broken}));

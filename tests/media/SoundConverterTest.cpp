@@ -101,12 +101,13 @@ TEST(SoundConverter, soundOfMoreUnnamedChannelsThanHavePlacesIsSilent) {
 
 TEST(SoundConverter, goesOnWhereTheSoundChangesItsShape) {
     LevelWriter sound;
+    sound.put(-1'000, 1'000, 0.3, 44'100, 1); // an encoder's lead
     sound.put(0, 48'000, 0.1);
     sound.put(48'000, 48'000, 0.2, 48'000, 1);
     sound.put(88'200, 44'100, 0.3, 44'100, 1);
     sound.converter.finish();
     for (const auto& [place, level] :
-         {std::pair{40'000, 100}, {50'000, 200}, {94'000, 200}, {98'000, 300}, {143'000, 300}})
+         {std::pair{-1'000, 300}, {40'000, 100}, {50'000, 200}, {94'000, 200}, {98'000, 300}, {143'000, 300}})
         EXPECT_NEAR(sound.at(place), level, 1) << place;
     EXPECT_EQ(sound.converter.end(), 144'000);
 }

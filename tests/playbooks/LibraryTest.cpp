@@ -28,13 +28,14 @@ TEST_F(LibraryFolder, passesOverWhatItCannotRead) {
     ASSERT_EQ(Playbooks::leftOut().size(), 2U);
     EXPECT_EQ(Playbooks::leftOut()[0].folder, folder / "Playbooks/Broken.mbplay");
     EXPECT_NE(Playbooks::leftOut()[0].reason, "");
-    fs::create_directories(Library::sounds() / "Hits");
-    for (const char* name : {"10.wav", "2.MP3", "note.txt", ".3.wav", "Hits/boom.flac", "Hits/.4.mp3"})
+    for (const char* name : {"Hits", "airs"}) fs::create_directories(Library::sounds() / name);
+    for (const char* name :
+         {"10.wav", "2.MP3", "note.txt", ".3.wav", "Hits/boom.flac", "Hits/.4.mp3", "airs/low.wav"})
         std::ofstream(Library::sounds() / name);
     std::vector<std::string> names;
     for (const auto& sound : Library::audioFiles(Library::sounds()))
         names.push_back(sound.folder + ":" + sound.file.filename().string());
-    EXPECT_THAT(names, ElementsAre(":2.MP3", ":10.wav", "Hits:boom.flac"));
+    EXPECT_THAT(names, ElementsAre(":2.MP3", ":10.wav", "airs:low.wav", "Hits:boom.flac"));
 }
 
 TEST_F(LibraryFolder, liesWhereTheSettingsSay) {

@@ -18,5 +18,13 @@ TEST(Stock, readsWholeAndInItsOrder) {
                 if (*num) {
                     EXPECT_TRUE((*num)->value(values)) << book.id();
                 }
+        // A layout's border is as thick above and below a panel as beside it, on an upright frame.
+        for (std::size_t at = 1; at < book.playbook.layers.size(); ++at) {
+            const auto &border = book.playbook.layers[at - 1], &panel = book.playbook.layers[at];
+            if (book.playbook.kind != "layout" || border.shape != "round" || !panel.slot) continue;
+            EXPECT_NEAR((*border.w->value(values) - *panel.w->value(values)) * 1080,
+                        (*border.h->value(values) - *panel.h->value(values)) * 1920, 1)
+                << book.id();
+        }
     }
 }
