@@ -27,16 +27,16 @@ constexpr std::string_view stock[] = {
     "In Murbo, read {line} with the lines around it, and make a short video built around that moment.",
     "In Murbo, make a horizontal recap of {source} from its best clips, two to three minutes long.",
     "In Murbo, look through list_playbooks and tell me which would suit {video}, and where. Change nothing.",
-    "In Murbo, write a playbook for a bold title card saying the title of {video}. Read playbook_guide "
-    "first.",
-    "In Murbo, give {video} a first pass: its cuts, framing, big captions, then sounds. Tell me what you "
-    "were unsure of.",
+    ("In Murbo, write a playbook for a bold title card saying the title of {video}. Read playbook_guide "
+     "first."),
+    ("In Murbo, give {video} a first pass: its cuts, framing, big captions, then sounds. Tell me what you "
+     "were unsure of."),
     "In Murbo, compare {clips} and tell me which would make the strongest Short, and why.",
     "In Murbo, rename {video} to a title people would click, without giving the ending away.",
     "In Murbo, find the loudest moments in {video} and punch in on the two that matter most.",
     "In Murbo, look at my bookmarks and make a short video from the moments I marked.",
-    "In Murbo, see what I changed in {video} since you last read it, then tighten it without undoing my "
-    "work.",
+    ("In Murbo, see what I changed in {video} since you last read it, then tighten it without undoing my "
+     "work."),
 };
 
 using Texts = std::vector<std::string>;
