@@ -5,7 +5,6 @@
 #include <functional>
 #include <thread>
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <pty.h>
 #include <unistd.h>
@@ -22,15 +21,17 @@ std::string onTerminal(const std::function<void()>& work) {
     int there = -1;
     if (openpty(&here, &there, nullptr, nullptr, nullptr) != 0) return "no terminal";
     const Descriptor reading(here);
-    const Descriptor terminal(there);
-    const Descriptor before(dup(STDERR_FILENO));
-    dup2(terminal, STDERR_FILENO);
-    work();
-    dup2(before, STDERR_FILENO);
-    ::fcntl(reading, F_SETFL, O_NONBLOCK);
-    std::string text(1000, '\0');
-    const auto count = ::read(reading, text.data(), text.size());
-    text.resize(count < 0 ? 0 : std::size_t(count));
+    {
+        const Descriptor terminal(there);
+        const Descriptor before(dup(STDERR_FILENO));
+        dup2(terminal, STDERR_FILENO);
+        work();
+        dup2(before, STDERR_FILENO);
+    }
+    std::string text; // up to the end, which comes once nobody writes to it any more
+    char part[1000];
+    for (ssize_t count = 0; (count = ::read(reading, part, sizeof part)) > 0;)
+        text.append(part, static_cast<std::size_t>(count));
     return text;
 }
 
