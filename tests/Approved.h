@@ -43,6 +43,15 @@ inline void expectApproved(const std::string& name, const std::string& text) {
                   << shown(from.second, now.end());
 }
 
+/// The names of a folder's files below tests/, without their endings, in order.
+inline std::vector<std::string> stemsOf(const std::string& folder) {
+    std::vector<std::string> stems;
+    for (const auto& file : std::filesystem::directory_iterator(std::filesystem::path(MURBO_TESTS) / folder))
+        stems.push_back(file.path().stem().string());
+    std::ranges::sort(stems);
+    return stems;
+}
+
 /// The lines of a text file below tests/, without those that begin with "//".
 inline std::vector<std::string> linesOf(const std::string& name) {
     std::istringstream stream(contentsOf(std::filesystem::path(MURBO_TESTS) / name));

@@ -26,7 +26,7 @@ namespace {
 
 const fs::path tests = MURBO_TESTS;
 
-/// The project of the tours, with what models are told of it and what comes of their replies.
+/// The project of the tours, with what models are given of it and what comes of their replies.
 class Asked {
 public:
     std::string take(const std::string& line) {
@@ -205,14 +205,6 @@ private:
     std::set<std::string> known;
 };
 
-std::vector<std::string> tours() {
-    std::vector<std::string> names;
-    for (const auto& file : fs::directory_iterator(tests / "ai/tours"))
-        names.push_back(file.path().stem().string());
-    std::ranges::sort(names);
-    return names;
-}
-
 class ModelTours : public testing::TestWithParam<std::string> {};
 
 }
@@ -229,5 +221,5 @@ TEST_P(ModelTours, areAsApproved) {
     expectApproved("ai/approved/" + GetParam() + ".txt", told);
 }
 
-INSTANTIATE_TEST_SUITE_P(Models, ModelTours, testing::ValuesIn(tours()),
+INSTANTIATE_TEST_SUITE_P(Models, ModelTours, testing::ValuesIn(stemsOf("ai/tours")),
                          [](const auto& tour) { return tour.param; });

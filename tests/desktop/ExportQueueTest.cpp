@@ -25,7 +25,7 @@ protected:
         return QTest::qWaitFor([&] { return !queue.running() && queue.waiting() == 0; }, 60000);
     }
 
-    /// What those who show it have been told to read, each time that it was something else.
+    /// What those who show it read after each "changed", where it was something else.
     void note() {
         auto now = queue.title().toStdString() + " + " + std::to_string(queue.waiting());
         for (const auto& words : {queue.finished(), queue.problem()})

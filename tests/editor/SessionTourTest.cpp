@@ -194,15 +194,6 @@ private:
     Environment spending{"XDG_STATE_HOME", folder / "state"};
 };
 
-/// The names of the tours, each after the source whose commands it goes through.
-std::vector<std::string> tours() {
-    std::vector<std::string> names;
-    for (const auto& file : fs::directory_iterator(room / "tours"))
-        names.push_back(file.path().stem().string());
-    std::ranges::sort(names);
-    return names;
-}
-
 class SessionTours : public testing::TestWithParam<std::string> {};
 
 }
@@ -228,5 +219,5 @@ TEST_P(SessionTours, areAsApproved) {
     expectApproved("editor/approved/" + GetParam() + ".txt", told);
 }
 
-INSTANTIATE_TEST_SUITE_P(Editor, SessionTours, testing::ValuesIn(tours()),
+INSTANTIATE_TEST_SUITE_P(Editor, SessionTours, testing::ValuesIn(stemsOf("editor/tours")),
                          [](const auto& tour) { return tour.param; });

@@ -69,10 +69,8 @@ private:
 };
 
 std::vector<std::string> tours() {
-    std::vector<std::string> names;
-    for (const auto& file : fs::directory_iterator(tests / "mcp/tours"))
-        if (file.path().stem() != "messages") names.push_back(file.path().stem().string());
-    std::ranges::sort(names);
+    auto names = stemsOf("mcp/tours");
+    std::erase(names, "messages"); // they are MessagesTest's
     return names;
 }
 
