@@ -46,24 +46,24 @@ WindowPlan WindowPlan::of(const WindowShape& given) {
     const double top = bar + line;
     double right = given.width;
     // From the outside inwards: each leaves the others at least their least.
-    const double viewers = plan.tabs ? minViewer : 2 * minViewer;
+    const double viewers = plan.tabs ? minViewer : 2 * minViewer + line;
     const double sidebar = plan.compact ? wide.sidebar : minSidebar;
     if (given.inspector) {
-        const double width =
-            chosen(given.inspectorWidth, wide.inspector, minInspector, right, viewers + sidebar + minBrowser);
+        const double width = chosen(given.inspectorWidth, wide.inspector, minInspector, right,
+                                    viewers + sidebar + minBrowser + 3 * line);
         plan.inspector = {right - width, top, width, height};
         right -= width + line;
     }
     if (plan.tall) {
         const double width =
-            chosen(given.tall, wide.tall, minViewer, right, minViewer + sidebar + minBrowser + line);
+            chosen(given.tall, wide.tall, minViewer, right, minViewer + sidebar + minBrowser + 3 * line);
         plan.video = {right - width, top, width, height};
         right -= width + line;
     }
-    const double beside = plan.tall || plan.tabs ? minViewer : 2 * minViewer;
+    const double beside = plan.tall || plan.tabs ? minViewer : viewers;
     if (!plan.compact)
         wide.sidebar = chosen(given.sidebar, wide.sidebar, minSidebar, right, beside + minBrowser + 2 * line);
-    wide.browser = chosen(given.browser, wide.browser, minBrowser, right - wide.sidebar, beside + 3 * line);
+    wide.browser = chosen(given.browser, wide.browser, minBrowser, right - wide.sidebar, beside + 2 * line);
     const double wanted = given.timeline > 0 ? given.timeline : wide.timeline;
     const double low = std::clamp(wanted, minTimeline, std::max(height - minViewers, minTimeline));
     plan.timeline = {0, given.height - low, right, low};

@@ -62,7 +62,7 @@ Keys& Keys::standard() {
 }
 
 Keys::Keys(SettingsStore& store)
-    : settings(store), bindings(store.textMap(settingsKey).value_or(std::map<std::string, std::string>())) {}
+    : settings(store), bindings(store.textMap(settingsKey).value_or(Bindings())) {}
 
 std::string_view Keys::title(Command command) {
     return standards[static_cast<std::size_t>(command)].title;
@@ -86,18 +86,18 @@ std::optional<Command> Keys::command(const std::string& pressed) const {
 std::optional<Command> Keys::bind(Command command, const std::string& pressed) {
     const auto other = this->command(pressed);
     const bool swaps = other && *other != command;
-    if (swaps) put(*other, key(command));
-    put(command, pressed);
-    keep();
+    auto next = bindings;
+    if (swaps) put(next, *other, key(command));
+    put(next, command, pressed);
+    keep(std::move(next));
     return swaps ? other : std::nullopt;
 }
 
 void Keys::useStandard() {
-    bindings.clear();
-    keep();
+    keep({});
 }
 
-void Keys::put(Command command, const std::string& pressed) {
+void Keys::put(Bindings& bindings, Command command, const std::string& pressed) {
     const std::string text(rawText(command));
     if (pressed == standardKey(command))
         bindings.erase(text);
@@ -105,8 +105,9 @@ void Keys::put(Command command, const std::string& pressed) {
         bindings[text] = pressed;
 }
 
-void Keys::keep() {
-    settings.set(settingsKey, bindings);
+void Keys::keep(Bindings next) {
+    settings.set(settingsKey, next); // may throw: keys stay what the settings hold
+    bindings = std::move(next);
 }
 
 std::optional<std::string> Keys::name(const std::string& typed) {

@@ -28,6 +28,7 @@ public:
     std::optional<Command> command(const std::string& key) const;
 
     /// Gives a command a key. Whoever had it takes the command's own in exchange, and is answered.
+    /// Throws where the settings can't be written; every key then stays.
     std::optional<Command> bind(Command command, const std::string& key);
     /// Gives every command its standard key again.
     void useStandard();
@@ -37,11 +38,13 @@ public:
     static std::optional<std::string> name(const std::string& typed);
 
 private:
-    void put(Command command, const std::string& key);
-    void keep();
+    using Bindings = std::map<std::string, std::string>; ///< by raw text; only keys that are not standard
+
+    static void put(Bindings& bindings, Command command, const std::string& key);
+    void keep(Bindings next);
 
     SettingsStore& settings;
-    std::map<std::string, std::string> bindings; ///< by raw text; only keys that are not standard
+    Bindings bindings;
 };
 
 }

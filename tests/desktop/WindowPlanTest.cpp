@@ -1,5 +1,6 @@
 #include "app/desktop/WindowPlan.h"
 
+#include <algorithm>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -26,6 +27,8 @@ TEST(WindowPlan, regionsLieInTheWindowAndNoneCoversAnother) {
                     const auto plan =
                         WindowPlan::of({width, height, bool(choices & 1), bool(choices & 2),
                                         bool(choices & 4), timeline, wide, wide, wide, wide, wide});
+                    EXPECT_GE(std::min(plan.source.width(), plan.video.width()), 260)
+                        << width << "x" << height << ": room for either viewer";
                     const auto list = regions(plan);
                     for (std::size_t one = 0; one < list.size(); ++one) {
                         EXPECT_TRUE(

@@ -1,4 +1,5 @@
 #include "app/editor/Keys.h"
+#include "platform/base/Files.h"
 #include "platform/store/SettingsStore.h"
 #include "tests/TemporaryFolder.h"
 
@@ -30,6 +31,15 @@ TEST(Keys, swapWhereAnotherCommandHadTheKey) {
     EXPECT_EQ(Keys(settings).key(Command::markStart), "j") << "kept in the settings";
     keys.useStandard();
     EXPECT_EQ(Keys(settings).command("b"), Command::blade);
+}
+
+TEST(Keys, stayWhereTheSettingsCannotBeWritten) {
+    const TemporaryFolder folder;
+    Files::writeWhole(folder / "file", "");
+    SettingsStore settings(folder / "file/settings.json");
+    Keys keys(settings);
+    EXPECT_ANY_THROW(keys.bind(Command::markStart, "j"));
+    EXPECT_EQ(keys.command("j"), Command::backward);
 }
 
 TEST(Keys, countAsTypedWhateverTheScript) {
