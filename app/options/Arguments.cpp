@@ -19,4 +19,21 @@ std::optional<std::vector<std::string>> Arguments::after(std::string_view option
     return std::vector(found + 1, words.end());
 }
 
+std::vector<std::string> Arguments::without(std::initializer_list<std::string_view> options,
+                                            std::initializer_list<std::string_view> valued,
+                                            const std::vector<std::string>& words) {
+    const auto isOneOf = [](const auto& list, const std::string& word) {
+        return std::find(list.begin(), list.end(), word) != list.end();
+    };
+    std::vector<std::string> left;
+    for (std::size_t at = 0; at < words.size(); ++at) {
+        if (isOneOf(valued, words[at])) {
+            ++at;
+        } else if (!isOneOf(options, words[at])) {
+            left.push_back(words[at]);
+        }
+    }
+    return left;
+}
+
 }

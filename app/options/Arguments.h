@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -20,6 +21,15 @@ public:
 
     /// All words after an option where there are at least `min`; nothing otherwise.
     std::optional<std::vector<std::string>> after(std::string_view option, std::size_t min) const;
+
+    /// The first word after the program's path; empty where there is none.
+    std::string first() const { return words.size() > 1 ? words[1] : ""; }
+
+    /// Words without some options, which may stand anywhere among them; those of `valued` go with the word
+    /// after them.
+    static std::vector<std::string> without(std::initializer_list<std::string_view> options,
+                                            std::initializer_list<std::string_view> valued,
+                                            const std::vector<std::string>& words);
 
 private:
     std::vector<std::string> words;

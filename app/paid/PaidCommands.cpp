@@ -29,7 +29,7 @@ using Words = std::vector<std::string>;
 
 /// What a command takes, beside its project.
 struct PaidOrder {
-    Words words; ///< those of its own after the project, up to the next option
+    Words words; ///< those of its own after the project, up to an option that is none of its own
     Video::Aspect aspect = Video::Aspect::vertical;
     Consent consent = Consent::asked;
 
@@ -46,15 +46,6 @@ Video::Aspect aspect(const Arguments& arguments) {
 Consent consent(const Arguments& arguments) {
     if (arguments.has("--yes")) return Consent::given;
     return TerminalConsent::isPossible() ? Consent::asked : Consent::lacking;
-}
-
-PaidOrder order(const Arguments& arguments, const Words& words) {
-    PaidOrder order;
-    const auto isOption = [](const std::string& word) { return word.starts_with("--"); };
-    order.words.assign(words.begin() + 1, std::find_if(words.begin() + 1, words.end(), isOption));
-    order.aspect = aspect(arguments);
-    order.consent = consent(arguments);
-    return order;
 }
 
 /// The video of a tag, which may be typed in either case.
@@ -103,17 +94,32 @@ OutcomeRef revise(Editor& editor, const PaidOrder& order) {
 struct PaidCommand {
     std::string_view option;
     Start start;
+    std::size_t words = 1; ///< at most, after the project
 };
 
 constexpr PaidCommand commands[] = {
     {"--describe", onClips<FootageAICommands::describeClips>},
     {"--ideas", ideas},
     {"--cut", cut},
-    {"--revise", revise},
+    {"--revise", revise, 2},
     {"--look", onVideo<VideoAICommands::lookByAI>},
     {"--sound", onVideo<VideoAICommands::soundByAI>},
     {"--fix-words", onClips<FootageAICommands::fixWords>},
 };
+
+/// Words too many are refused: an instruction without quotes would be paid for, and lose all but its start.
+PaidOrder order(const PaidCommand& command, const Arguments& arguments, const Words& words) {
+    PaidOrder order;
+    const auto isOption = [](const std::string& word) { return word.starts_with("--"); };
+    const auto own = Arguments::without({"--yes"}, {"--aspect"}, {words.begin() + 1, words.end()});
+    order.words.assign(own.begin(), std::ranges::find_if(own, isOption));
+    if (order.words.size() > command.words)
+        throw Problem(fmt::format("“{}” is one word too many. Put words that belong together in quotes.",
+                                  order.words[command.words]));
+    order.aspect = aspect(arguments);
+    order.consent = consent(arguments);
+    return order;
+}
 
 const PaidCommand* find(std::string_view option) {
     const auto* found = std::ranges::find(commands, option, &PaidCommand::option);
@@ -161,7 +167,7 @@ void showLabels(Editor& editor) {
 /// Whether all of it was done. Throws what failed as a whole.
 bool perform(const PaidCommand& command, const Arguments& arguments, const Words& words) {
     OpenRouterAddress::base(); // before anything is read
-    const auto wanted = order(arguments, words);
+    const auto wanted = order(command, arguments, words);
     const EndSignals endings; // before the threads of the session, which take over what is blocked
     const auto document = ProjectDocument::open(Paths::absolute(words[0]));
     auto& editor = document->editor();

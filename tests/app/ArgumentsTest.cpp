@@ -12,4 +12,6 @@ TEST(Arguments, anOptionTakesTheWordsAfterIt) {
     EXPECT_EQ(words.after("--still", 2)->front(), "p");
     EXPECT_EQ(words.after("--fps", 8), std::nullopt);
     EXPECT_EQ(words.after("--none", 0), std::nullopt);
+    EXPECT_EQ(Arguments::without({"--srt"}, {"--fps"}, {"p", "--fps", "30", "--srt", "V1", "--x", "--fps"}),
+              (std::vector<std::string>{"p", "V1", "--x"}));
 }

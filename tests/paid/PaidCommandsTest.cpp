@@ -54,6 +54,9 @@ TEST_F(PaidCommands, checkInTurnBeforeTheyCostAnything) {
               failure("The sound library is empty: Settings ▸ General ▸ Sounds"));
     EXPECT_EQ(plain({"--look", package, "V1"}), failure(yes));
     EXPECT_EQ(plain({"--cut", package, "x"}), failure(yes));
+    EXPECT_EQ(plain({"--cut", package, "--aspect", "1:1", "x"}), failure(yes));
+    EXPECT_EQ(plain({"--ideas", package, "--yes", "more", "jokes"}),
+              failure("“jokes” is one word too many. Put words that belong together in quotes."));
     EXPECT_EQ(plain({"--cut", package, "x", "--aspect", "3:2"}),
               failure("There is no aspect 3:2: it is 9:16, 16:9, 1:1 or 4:5."));
     for (const auto* none : {"C09", "c01", ",", ""})
