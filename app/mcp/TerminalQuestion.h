@@ -8,7 +8,7 @@ namespace murbo {
 class MCPHost;
 
 /// Asks the owner's questions on a terminal: on standard error, answered on standard input by a letter and
-/// return. Where either is no terminal a question waits.
+/// return. Where either is no terminal, or no longer one, nobody can answer: what is asked for is not done.
 class TerminalQuestion : public QObject {
     Q_OBJECT
 
@@ -18,6 +18,7 @@ public:
 private:
     void show();
     void read();
+    void refuseFromNowOn();
     void answer(const std::string& line);
 
     MCPHost& host;

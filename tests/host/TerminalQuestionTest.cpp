@@ -30,8 +30,9 @@ public:
             dup2(before[at], at == 0 ? 0 : 2);
             close(before[at]);
         }
-        close(outside);
+        hangUp();
     }
+    void hangUp() { close(std::exchange(outside, -1)); }
 
     /// Types something, and gives what stands on the terminal after it but for that itself.
     std::string type(const std::string& typed) {
@@ -94,5 +95,12 @@ TEST(TerminalQuestion, isAnsweredByALetterAndReturn) {
     terminal.type("t\n");
     rename("Fourth");
     EXPECT_FALSE(host.question()) << "for ten minutes";
+    EXPECT_EQ(title(), "Fourth");
+    host.setPermissions(permissions);
+    rename("Fifth");
+    EXPECT_TRUE(host.question());
+    terminal.hangUp();
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 100);
+    EXPECT_FALSE(host.question()) << "nobody can answer any more";
     EXPECT_EQ(title(), "Fourth");
 }
