@@ -49,21 +49,54 @@ struct Correction {
     std::string text;
 };
 
-std::vector<Correction> corrections(const json& entries, const Said& said) {
+std::vector<Correction> corrections(const json& entries, const Said& said, Tags& leftOut) {
     std::vector<Correction> found;
     if (!entries.is_array()) return found;
     for (const auto& entry : entries) {
         const auto* piece = said.piece(member(entry, "line"));
         const auto text = Ideas::text(entry, "text");
-        if (piece && !piece->note && text) found.push_back({piece, Text::trimmed(*text)});
+        if (piece && !piece->note && text) {
+            found.push_back({piece, Text::trimmed(*text)});
+        } else {
+            leftOut.push_back(VideoChange::given(entry, "line") + ": not a line that is there, or no words");
+        }
     }
     return found;
 }
 
-std::optional<Idea> idea(const json& entry, const Said& said) {
-    auto cuts = said.cuts(member(entry, "cuts"));
-    if (cuts.empty()) return std::nullopt;
-    return Idea{.title = Ideas::text(entry, "title").value_or("Untitled"),
+/// The cuts that hold up, in order; the others are left out.
+std::vector<Cut> cutsOf(const json& holder, const Said& said, Tags& leftOut) {
+    std::vector<Cut> found;
+    const auto& entries = member(holder, "cuts");
+    if (!entries.is_array()) return found;
+    for (const auto& entry : entries) {
+        auto made = said.cuts(json::array({entry}));
+        std::ranges::move(made, std::back_inserter(found));
+        if (made.empty())
+            leftOut.push_back(fmt::format("{} to {}: not lines that are there, in order, in one clip",
+                                          VideoChange::given(entry, "from"),
+                                          VideoChange::given(entry, "to")));
+    }
+    return found;
+}
+
+/// Says which cuts of a video no list of lines can have kept: those in which nothing is said.
+void leaveOutSilent(const Video& video, const Said& said, Tags& leftOut) {
+    for (std::size_t at = 0; at < video.cuts.size(); ++at)
+        if (const auto& cut = video.cuts[at]; !cut.generator && !said.ends(cut))
+            leftOut.push_back(
+                fmt::format("cut {} as it was, {:.1f} s: nothing is said in it, so no line names it", at + 1,
+                            cut.length()));
+}
+
+std::optional<Idea> idea(const json& entry, const Said& said, Tags& leftOut) {
+    auto title = Ideas::text(entry, "title").value_or("Untitled");
+    auto cuts = cutsOf(entry, said, leftOut);
+    if (cuts.empty()) {
+        leftOut.push_back(VideoChange::given(title) + ": no cut that holds up");
+        return std::nullopt;
+    }
+    return Idea{.title = std::move(title),
                 .hook = Ideas::text(entry, "hook").value_or(""),
                 .why = Ideas::text(entry, "why").value_or(""),
                 .format = Ideas::text(entry, "format"),
@@ -102,7 +135,8 @@ MCPResult describeClips(const json& arguments, Project& project, const Said& sai
 }
 
 MCPResult fixLines(const json& arguments, Project& project, const Said& said) {
-    const auto found = corrections(member(arguments, "lines"), said);
+    Tags leftOut;
+    const auto found = corrections(member(arguments, "lines"), said, leftOut);
     if (found.empty())
         throw Problem("No line could be fixed: each needs the tag of a line that is there and its words.");
     std::map<UUID, std::unordered_map<UUID, std::string>> texts; // by source, by line
@@ -118,16 +152,17 @@ MCPResult fixLines(const json& arguments, Project& project, const Said& said) {
             if (const auto text = lines.find(line.id); text != lines.end()) line.text = text->second;
     for (auto& clip : project.clips.edit())
         if (clips.contains(clip.id)) LastRuns::note(clip.runs, Kit::ID::fixWords, run());
-    return {.text = fmt::format("Fixed {}.", joined(tags)),
+    return {.text = fmt::format("Fixed {}.{}", joined(tags), VideoChange::leftOut(leftOut)),
             .step = oneOrMore("Fix Line", "Fix Lines", tags.size())};
 }
 
 MCPResult proposeIdeas(const json& arguments, Project& project, const Said& said) {
     std::vector<Idea> ideas;
     Tags titles;
+    Tags leftOut;
     if (const auto& entries = member(arguments, "ideas"); entries.is_array())
         for (const auto& entry : entries)
-            if (auto made = idea(entry, said)) {
+            if (auto made = idea(entry, said, leftOut)) {
                 titles.push_back(Brief::oneLine(made->title));
                 ideas.push_back(std::move(*made));
             }
@@ -138,36 +173,41 @@ MCPResult proposeIdeas(const json& arguments, Project& project, const Said& said
     if (!project.ideas) project.ideas.emplace();
     auto& all = project.ideas->edit();
     std::ranges::move(ideas, std::back_inserter(all));
-    return {.text = fmt::format("The owner sees {} in Project ▸ Ideas: {}.",
-                                titles.size() == 1 ? "it" : "them", joined(titles)),
-            .step = oneOrMore("Propose Idea", "Propose Ideas", titles.size())};
+    return {
+        .text = fmt::format("The owner sees {} in Project ▸ Ideas: {}.{}", titles.size() == 1 ? "it" : "them",
+                            joined(titles), VideoChange::leftOut(leftOut)),
+        .step = oneOrMore("Propose Idea", "Propose Ideas", titles.size())};
 }
 
 MCPResult makeVideo(const json& arguments, Project& project, const Said& said) {
-    auto cuts = said.cuts(member(arguments, "cuts"));
+    Tags leftOut;
+    auto cuts = cutsOf(arguments, said, leftOut);
     if (cuts.empty())
         throw Problem("No cut holds up: each needs a from and a to, lines that are there, in one clip.");
     const auto title = Ideas::text(arguments, "title").value_or("Untitled Video");
     const auto id = MadeVideo::add(project, title, aspect(member(arguments, "aspect")), std::move(cuts),
                                    Kit::ID::cutToInstruction, run());
     const auto& video = project.videos.back();
-    return {.text = fmt::format("{} “{}”, {}, {} cuts.", video.tag(), Brief::oneLine(video.title),
-                                ProjectSummary::clock(video.length()), video.cuts.size()),
+    return {.text = fmt::format("{} “{}”, {}, {} cuts.{}", video.tag(), Brief::oneLine(video.title),
+                                ProjectSummary::clock(video.length()), video.cuts.size(),
+                                VideoChange::leftOut(leftOut)),
             .step = "Make Video",
             .looked = id};
 }
 
 MCPResult setCuts(const json& arguments, Project& project, const Said& said) {
     const auto video = MCPTags::video(member(arguments, "video"), project);
-    auto cuts = said.keepingTrims(said.cuts(member(arguments, "cuts")), video.cuts);
+    Tags leftOut;
+    auto cuts = said.keepingTrims(cutsOf(arguments, said, leftOut), video.cuts);
     if (cuts.empty()) throw Problem(fmt::format("No cut holds up, so {} is left as it was.", video.tag()));
     cuts = said.keepingGenerators(std::move(cuts), video.cuts);
+    leaveOutSilent(video, said, leftOut);
     std::string text;
     VideoChange::apply(project, video.id, video.tag(), [&](Video& changed) {
         changed.cuts = std::move(cuts);
         LastRuns::note(changed.runs, Kit::ID::reviseCuts, run());
-        text = fmt::format("{} now has {} cuts, {}.", changed.tag(), changed.cuts.size(),
-                           ProjectSummary::clock(changed.length()));
+        text = fmt::format("{} now has {} cuts, {}.{}", changed.tag(), changed.cuts.size(),
+                           ProjectSummary::clock(changed.length()), VideoChange::leftOut(leftOut));
     });
     return {.text = std::move(text), .step = "Revise Cuts", .looked = video.id};
 }
