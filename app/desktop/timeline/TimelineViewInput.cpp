@@ -142,6 +142,8 @@ void TimelineView::keyReleaseEvent(QKeyEvent* event) {
 void TimelineView::hoverMoveEvent(QHoverEvent* event) {
     showHint(event->position());
     showCursor(event->position());
+    // Each frame drawn under a mouse that rests sends one more: it is no hand that skims.
+    if (event->position() == event->oldPosF()) return;
     if (!session || !session->skimming() || !session->playback.isLoaded() || session->playback.rate() != 0)
         return;
     const double time = span.time(event->position().x());

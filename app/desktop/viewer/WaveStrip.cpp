@@ -131,6 +131,8 @@ void WaveStrip::hoverMoveEvent(QHoverEvent* event) {
     if (!session || !session->source.isLoaded()) return;
     const double at = event->position().x();
     setCursor(endAt(at) == RangeHandles::RangeEnd::none ? Qt::ArrowCursor : Qt::SizeHorCursor);
+    // Each frame drawn under a mouse that rests sends one more: it is no hand that skims.
+    if (event->position() == event->oldPosF()) return;
     if (!session->skimming() || session->source.rate() != 0) return;
     session->source.skim(std::clamp(time(at), session->source.spanStart(), session->source.spanEnd()));
     emit skimmed();

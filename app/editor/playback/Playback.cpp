@@ -128,8 +128,9 @@ void Playback::seek(double to) {
     const bool skimming = beforeSkim.has_value();
     beforeSkim.reset();
     const double place = inSpan(to);
-    if (place == at && !skimming) return; // after a skim the picture is another
+    if (place == at && !skimming) return;
     player.seek(place);
+    if (place == at) emit timeChanged(); // a skim ends where it began: the picture is another
     setTime(place);
 }
 
