@@ -21,3 +21,18 @@ TEST_F(TransportTest, itsButtonsPlayAndGoFrameByFrame) {
     press("Pause");
     EXPECT_EQ(player.rate(), 0);
 }
+
+TEST_F(TransportTest, theWordsOfARangeLeaveTheButtonsBesideThemFree) {
+    shown->editor().holdClip(shown->editor().project().clips[0].id);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return shown->editor().source.isLoaded(); }, 5000));
+    shown->editor().setFocus(Viewer::source);
+    shown->editor().setRange(Stretch{1, 2.5});
+    for (const int width : {1280, 1920}) {
+        shown->window().resize(width, 800);
+        shown->settle();
+        const auto* last = shown->named("Add to end");
+        const auto* next = shown->named("Silence the viewers");
+        ASSERT_TRUE(last && next) << width;
+        EXPECT_GE(next->mapToScene({}).x(), last->mapToScene({last->width(), 0}).x()) << width;
+    }
+}

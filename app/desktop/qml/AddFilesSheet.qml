@@ -63,7 +63,7 @@ Sheet {
                     TapHandler { onTapped: list.reach(line.index) }
                     Icon { x: Theme.gap; anchors.verticalCenter: parent.verticalCenter; side: 16; name: line.problem ? "circle-alert" : "video"; tint: line.problem ? Theme.notice : line.looked ? Theme.text2 : Theme.disabled }
                     Words { x: 34; y: 3; width: parent.width - 250; text: line.name; color: line.problem ? Theme.text3 : Theme.text; elide: Text.ElideMiddle }
-                    Words { x: 34; y: 21; width: parent.width - 250; text: line.problem || line.detail || (line.looked ? "" : "…"); color: line.problem ? Theme.notice : Theme.text3; font.pixelSize: Theme.noteSize }
+                    Words { x: 34; y: 21; width: parent.width - (line.problem ? 130 : 250); text: line.problem || line.detail || (line.looked ? "" : "…"); color: line.problem ? Theme.notice : Theme.text3; font.pixelSize: Theme.noteSize }
                     Words { anchors.right: away.left; anchors.rightMargin: 96; height: parent.height; text: line.length; color: Theme.text2 }
                     Words { anchors.right: away.left; anchors.rightMargin: Theme.gap; height: parent.height; text: line.size; color: Theme.text3 }
                     IconButton { id: away; anchors.right: parent.right; anchors.rightMargin: Theme.small; anchors.verticalCenter: parent.verticalCenter; implicitWidth: Theme.tool; implicitHeight: Theme.tool; side: 13; glyph: "x"; name: "Leave " + line.name + " out"; focusPolicy: Qt.NoFocus; onClicked: footageSheet.remove(line.index) }

@@ -126,6 +126,9 @@ FocusScope {
         player: project.sourcePlayer
         view: screen
         what: "source"
+        middle: aside.visible ? 64 + aside.width : 64
+        wide: width > 800
+        shortWords: project.rangeWords || lengthWords
         lengthWords: viewer.held ? [project.clock(project.sourcePlayer.spanEnd - project.sourcePlayer.spanStart), project.rangeWords].filter(one => one).join(" · ") : ""
     }
     Row {
@@ -138,6 +141,7 @@ FocusScope {
         LaneButton { letter: "O"; name: "Mark end"; onClicked: project.perform("key.markEnd") }
     }
     Row {
+        id: aside
         anchors.bottom: parent.bottom
         anchors.bottomMargin: (Theme.bar - Theme.control) / 2
         x: parent.width / 2 + 64

@@ -8,7 +8,11 @@ Item {
     property QtObject view // which shows what it plays
     property string what
     property string lengthWords
+    property string shortWords: lengthWords // where those have no room
     property bool hasSound: true
+    property real middle: 64 // half of what stands in the middle
+    property bool wide: width > 560
+    readonly property real room: width / 2 - middle - Theme.wide - Theme.gap // right of the middle
     readonly property bool plays: player.rate !== 0
 
     height: Theme.bar
@@ -35,7 +39,13 @@ Item {
         anchors.rightMargin: Theme.wide
         height: parent.height
         spacing: Theme.gap
-        Volume { anchors.verticalCenter: parent.verticalCenter; visible: transport.hasSound; wide: transport.width > 560 }
-        Words { height: parent.height; text: transport.lengthWords; color: Theme.text3 }
+        Volume { id: volume; anchors.verticalCenter: parent.verticalCenter; visible: transport.hasSound; wide: transport.wide }
+        Words {
+            id: lengths
+            height: parent.height
+            text: whole.width + (volume.visible ? volume.width + Theme.gap : 0) > transport.room ? transport.shortWords : transport.lengthWords
+            color: Theme.text3
+            TextMetrics { id: whole; text: transport.lengthWords; font: lengths.font }
+        }
     }
 }
