@@ -8,6 +8,7 @@
 #include "platform/store/SettingsStore.h"
 #include "platform/text/Fonts.h"
 
+#include <QLocale>
 #include <QStringList>
 #include <algorithm>
 #include <span>
@@ -54,6 +55,19 @@ QString shownKey(const std::string& key) {
 QString titleOf(Command command) {
     const auto title = Keys::title(command);
     return QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size()));
+}
+
+/// The code of a language that is given by its code or its English name, or "auto", by which transcription
+/// finds it out; empty where nobody knows it.
+QString languageCode(const QString& given) {
+    const auto code = given.section('-', 0, 0).section('_', 0, 0).toLower();
+    if (code == "auto" || QLocale::codeToLanguage(code) != QLocale::AnyLanguage) return code;
+    for (int at = QLocale::C + 1; at <= QLocale::LastLanguage; ++at) {
+        const auto language = static_cast<QLocale::Language>(at);
+        if (given.compare(QLocale::languageToString(language), Qt::CaseInsensitive) == 0)
+            return QLocale::languageToCode(language);
+    }
+    return "";
 }
 
 /// What holds where a text is not set.
@@ -110,9 +124,13 @@ void SettingsSheet::setNumber(const QString& key, double value) {
 }
 
 void SettingsSheet::setText(const QString& key, const QString& value) {
-    const auto clean = value.trimmed();
+    const auto given = value.trimmed();
+    const auto clean = key == "language" ? languageCode(given) : given;
     if (std::ranges::find(texts, key) == std::end(texts) || text(key) == clean) return;
     keep([&] {
+        if (clean.isEmpty() && !given.isEmpty())
+            throw Problem("“" + given.toStdString() +
+                          "” is no known language. Write its name or its code, as English or en.");
         auto& settings = SettingsStore::standard();
         if (clean.isEmpty())
             settings.remove(key.toStdString());

@@ -26,7 +26,7 @@ public:
     Q_INVOKABLE void setOn(const QString& key, bool on);
     /// Brought into the range that makes sense.
     Q_INVOKABLE void setNumber(const QString& key, double value);
-    /// Without the blanks round it; an empty one is the standard again.
+    /// Without the blanks round it; an empty one is the standard again. A language may be given by its name.
     Q_INVOKABLE void setText(const QString& key, const QString& value);
 
     QString languageName() const; ///< of the language set, in words
