@@ -1,8 +1,10 @@
 // Movies that come out while editing goes on.
+#include "tests/scenarios/ChildProcess.h"
 #include "tests/scenarios/Scenario.h"
 #include "tests/scenarios/ScenarioMedia.h"
 
 #include <fmt/format.h>
+#include <gmock/gmock.h>
 
 using namespace murbo;
 
@@ -83,6 +85,34 @@ TEST_F(Exporting, aStoppedMovieLeavesNothingAndItsPlaceIsFree) {
     until("nothing is left", [&] { return entriesIn(out) == 0; });
     key("Escape");
     undoToStart();
+}
+
+TEST_F(Exporting, theDesktopIsKeptAwakeAndHearsOfTheMovieWhereTheWindowIsLeft) {
+    for (const auto* program : {"dbus-daemon", "dbus-monitor"})
+        if (!VirtualScreen::installed(program)) GTEST_SKIP() << program << " is not here.";
+    openShort(1.5);
+    const auto bus = "unix:path=" + (folder / "bus").string();
+    const ChildProcess daemon({"dbus-daemon", "--session", "--nofork", "--nopidfile", "--address=" + bus}, {},
+                              folder / "daemon.log");
+    until("there is a session bus", [&] { return std::filesystem::exists(folder / "bus"); });
+    const ChildProcess monitor({"dbus-monitor", "--address", bus, "type='method_call'"}, {},
+                               folder / "calls");
+    const auto called = [&](const std::string& method) {
+        const auto calls = contentsOf(folder / "calls");
+        const auto at = calls.find("member=" + method);
+        return at == calls.npos ? "" : calls.substr(at, calls.find("method call", at) - at);
+    };
+    until("all calls are seen", [&] { return !contentsOf(folder / "calls").empty(); });
+
+    program().process().end();
+    start({"--open", package.string()}, {{"DBUS_SESSION_BUS_ADDRESS", bus}});
+    begin("one.mp4");
+    until("no sleep is asked for", [&] { return !called("Inhibit").empty(); });
+    EXPECT_THAT(called("Inhibit"), testing::HasSubstr("Exporting Falls"));
+    screen().leaveWindows();
+    finish(out / "one.mp4");
+    until("a notice says so", [&] { return !called("Notify").empty(); });
+    EXPECT_THAT(called("Notify"), testing::HasSubstr("Exported Falls"));
 }
 
 TEST_F(Exporting, aSongAndASoundAreDraggedInAndTheMovieObeysWhatIsMutedAlone) {

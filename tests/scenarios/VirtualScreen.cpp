@@ -17,10 +17,10 @@ namespace {
 
 constexpr auto slowly = std::chrono::milliseconds(150);
 
-bool installed(const char* program) {
-    return std::system((std::string("command -v ") + program + " >/dev/null 2>&1").c_str()) == 0;
 }
 
+bool VirtualScreen::installed(const char* program) {
+    return std::system((std::string("command -v ") + program + " >/dev/null 2>&1").c_str()) == 0;
 }
 
 bool VirtualScreen::shown() {
@@ -128,6 +128,11 @@ bool VirtualScreen::hasWindow() const {
     }
     if (children) XFree(children);
     return found;
+}
+
+void VirtualScreen::leaveWindows() const {
+    XSetInputFocus(connection, DefaultRootWindow(connection), RevertToNone, CurrentTime);
+    XSync(connection, False);
 }
 
 void VirtualScreen::picture(const std::filesystem::path& file) const {

@@ -24,6 +24,7 @@ class VirtualScreen {
 public:
     /// Why there can be none here; empty where there can.
     static std::string missing();
+    static bool installed(const char* program); ///< whether the shell finds it
 
     VirtualScreen(int width, int height);
     VirtualScreen(const VirtualScreen&) = delete;
@@ -44,6 +45,8 @@ public:
     bool setLayout(const std::string& layout) const;
     /// Whether a program has a window on it.
     bool hasWindow() const;
+    /// Takes the keys from every window, as a person does who turns to another program.
+    void leaveWindows() const;
     /// Writes what is on it as a JPEG file.
     void picture(const std::filesystem::path& file) const;
 
