@@ -24,11 +24,12 @@ int become(const std::string& name, char** words) {
 }
 
 int main(int count, char** words) {
-    const auto match = Options::match(Arguments({words, words + count}));
+    const Arguments arguments({words, words + count});
+    const auto match = Options::match(arguments);
     if (count <= 1 && Screen::isThere()) return become("murbo-desktop", words);
     if (!match) {
         std::fputs(Options::usage().c_str(), stdout);
-        return 1;
+        return count > 1 ? Ending::failure(Options::whyNoMatch(arguments)) : 1;
     }
     // A reader that has seen enough of the output must not end an export: programs of the set inherit this.
     std::signal(SIGPIPE, SIG_IGN);

@@ -5,6 +5,7 @@
 #include "app/options/Paths.h"
 #include "app/paid/PaidCommands.h"
 #include "platform/base/Heap.h"
+#include "platform/base/Problem.h"
 
 #include <QCoreApplication>
 #include <csignal>
@@ -21,6 +22,7 @@ void script(const std::vector<std::string>& words) {
     QObject::connect(&run, &ScriptRun::ended, QCoreApplication::instance(), &QCoreApplication::quit,
                      Qt::QueuedConnection);
     QCoreApplication::exec();
+    if (run.unsaved()) throw Problem(*run.unsaved());
 }
 
 }

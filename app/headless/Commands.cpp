@@ -89,6 +89,9 @@ void Commands::remark(const std::string& line) {
 }
 
 std::optional<std::string> Commands::whyUnusable(const fs::path& file) try {
+    if (!Text::isUtf8(file.string()))
+        return "“" + Text::repaired(file.filename().string()) +
+               "” can't be used: its name, or that of a folder it is in, is not in UTF-8. Rename it.";
     if (MediaFile::facts(file).length > 0) return {};
     return "“" + file.filename().string() + "” has no length that could be read.";
 } catch (const Problem& problem) {

@@ -61,6 +61,15 @@ void remarkBlackCuts(const Video& video, const Commands::Opened& opened) {
     }
 }
 
+/// Where the movie goes: the word after the project and the video. The options may stand before it too.
+fs::path movieFile(const Commands::Words& words) {
+    const auto own = Arguments::without({"--srt"}, {"--fps"}, words);
+    if (own.size() < 3) throw Problem("Say where the movie is to be written: a file, after the video.");
+    if (own[2].starts_with("--"))
+        throw Problem("“" + own[2] + "” reads like an option. For a movie of that name, put ./ before it.");
+    return Paths::absolute(own[2]);
+}
+
 /// The frame rate asked for, else that of the footage.
 double frameRate(const Arguments& arguments, const Video& video, const Commands::Opened& opened) {
     const auto asked = arguments.value("--fps");
@@ -100,9 +109,9 @@ void Commands::stills(const Arguments&, const Words& words) {
 void Commands::movie(const Arguments& arguments, const Words& words) {
     const auto opened = open(words[0]);
     const auto& shown = video(words[1], opened.project);
+    const auto file = movieFile(words);
     remarkBlackCuts(shown, opened);
     const double rate = frameRate(arguments, shown, opened);
-    const auto file = Paths::absolute(words[2]);
     const Interruption interruption;
     ProgressLine line;
     const auto notes = Exporter::movie(

@@ -12,6 +12,7 @@
 #include "platform/base/Cancelled.h"
 #include "platform/base/CommaList.h"
 #include "platform/base/Problem.h"
+#include "platform/base/Tool.h"
 
 #include <algorithm>
 #include <chrono>
@@ -45,6 +46,25 @@ std::vector<Clip> clips(const std::string& word, const Commands::Opened& opened)
     std::stable_sort(found.begin(), found.end(),
                      [](const Clip& one, const Clip& other) { return one.number < other.number; });
     return found;
+}
+
+/// Names the clips that a failure kept from being listened to, as a next run would be given them.
+void remarkLeft(const std::vector<Clip>& wanted, std::size_t from) {
+    std::string tags;
+    for (; from < wanted.size(); ++from) tags += (tags.empty() ? "" : ",") + wanted[from].tag();
+    if (!tags.empty()) Commands::remark("Not transcribed after this: " + tags);
+}
+
+/// Says what a person at a terminal would else learn from lines that are nonsense, or too late.
+void remarkBefore(const Project& project) {
+    if (!Tool::find(Whisper::standardTool))
+        Commands::remark("Install whisper.cpp so that the command whisper-cli is on the PATH.");
+    if (project.language) return;
+    const auto language = Settings::language();
+    Commands::remark(
+        fmt::format("Listening for the language {} ({}). Another, say English, for this project: "
+                    "echo '[\"setLanguage\", \"en\"]' | murbo --script <project>",
+                    Settings::languageName(language), language));
 }
 
 double secondsSince(Clock::time_point then) {
@@ -122,6 +142,8 @@ void Commands::transcribe(const Arguments&, const Words& words) {
     const auto lock = PackageLock::lock(Paths::absolute(words[0]));
     auto opened = open(words[0]);
     const auto wanted = clips(words[1], opened);
+    if (wanted.empty()) remark("None of these clips is there, with its footage, to be transcribed.");
+    if (!wanted.empty()) remarkBefore(opened.project);
     const Interruption interruption;
     std::size_t position = 0;
     for (const auto& clip : wanted) {
@@ -132,7 +154,14 @@ void Commands::transcribe(const Arguments&, const Words& words) {
         const auto started = Clock::now();
         std::optional<Listening> listening(fmt::format("{}, {} of {}, {} of sound", clip.tag(), position,
                                                        wanted.size(), ProjectSummary::clock(clip.length())));
-        const auto lines = murbo::transcribe(clip, source, opened, interruption.token());
+        std::vector<Line> lines;
+        try {
+            lines = murbo::transcribe(clip, source, opened, interruption.token());
+        } catch (...) {
+            listening.reset();
+            remarkLeft(wanted, position);
+            throw;
+        }
         listening.reset();
         print(fmt::format("{}: {} lines in {:.1f} s", clip.tag(), lines.size(), secondsSince(started)));
         for (std::size_t at = 0; at < std::min(shownLines, lines.size()); ++at)

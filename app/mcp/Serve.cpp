@@ -50,6 +50,7 @@ void Serve::run(const std::filesystem::path& package) {
     QCoreApplication::exec();
     host.stop();
     document->close();
+    if (document->unsaved()) throw Problem(*document->unsaved());
 }
 
 }

@@ -64,6 +64,13 @@ std::optional<Match> match(const Arguments& arguments) {
     return {};
 }
 
+std::string whyNoMatch(const Arguments& arguments) {
+    for (const auto& option : table)
+        if (arguments.has(option.name))
+            return std::string("A word is missing: murbo ") + option.name + " " + option.words;
+    return "Murbo has no command “" + arguments.first() + "”.";
+}
+
 std::string usage() {
     std::string text = "Murbo cuts short videos out of long footage.\n";
     for (const auto& option : table)

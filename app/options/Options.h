@@ -42,6 +42,9 @@ struct Match {
 /// The first option that the arguments match; one with too few words matches nothing.
 std::optional<Match> match(const Arguments& arguments);
 
+/// Why arguments match nothing, in words for the person: an option with too few words, or none that is known.
+std::string whyNoMatch(const Arguments& arguments);
+
 /// All options with their words, one to a line.
 std::string usage();
 

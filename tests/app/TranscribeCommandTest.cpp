@@ -40,7 +40,8 @@ protected:
         const auto source = project.sources[0].id;
         project.clips.edit() = {{.number = 2, .source = source, .start = 10, .end = 14},
                                 {.number = 1, .source = source, .start = 0, .end = 1},
-                                {.number = 3, .source = source, .start = 16, .end = 18}};
+                                {.number = 3, .source = source, .start = 16, .end = 18},
+                                {.number = 4, .source = source, .start = 19, .end = 20}};
         ProjectPackage::write(project, package, nullptr);
     }
 
@@ -108,9 +109,11 @@ TEST_F(Transcribe, saysOnATerminalWhatItListensTo) {
 }
 
 TEST_F(Transcribe, keepsWhatWasDoneBeforeAFailure) {
-    const auto ran = run("all");
+    const auto ran = run("all", "sh -c 'exec \"$@\" 2>&1' -");
     EXPECT_EQ(ran.code, 1);
-    EXPECT_THAT(ran.out, testing::EndsWith("error: whisper-cli stopped with an error. error: no luck\n"));
+    EXPECT_THAT(ran.out, testing::StartsWith("Listening for the language Thai (th). "));
+    EXPECT_THAT(ran.out, testing::EndsWith("Not transcribed after this: C04\n"
+                                           "error: whisper-cli stopped with an error. error: no luck\n"));
     EXPECT_EQ(said(), firstTwo);
     EXPECT_EQ(state(), "failed");
     EXPECT_TRUE(isTidy());

@@ -22,6 +22,9 @@ public:
     ScriptRun(const std::filesystem::path& project, const std::optional<std::filesystem::path>& lines);
     ~ScriptRun() override;
 
+    /// Once it has ended: why what was done is not on disk, in words for the owner; nothing where it is.
+    const std::optional<std::string>& unsaved() const { return document->unsaved(); }
+
 signals:
     void ended();
 
