@@ -31,6 +31,17 @@ void keepFiles(Project& project, const FoundFiles& files) {
     }
 }
 
+/// The sources whose files are at another place than they were.
+std::vector<UUID> moved(const Project& old, const Project& now) {
+    std::vector<UUID> all;
+    if (now.sources.same(old.sources)) return all;
+    const auto files = foundFiles(old);
+    for (const auto& source : now.sources)
+        if (const auto was = files.find(source.id); was != files.end() && was->second.first != source.path)
+            all.push_back(source.id);
+    return all;
+}
+
 /// A history that can't be written is no failure: the project itself is safe, and the next change tries
 /// again.
 void write(const History& history, const std::filesystem::path& package) {
@@ -156,6 +167,15 @@ void Editor::changed(const Project& old) {
     historyWrite.start(historyTime);
     keepPicksValid();
     emit projectChanged();
+    const auto found = moved(old, live);
+    for (const auto& id : found) {
+        measuring.erase(id);
+        loudnessBySource.erase(id);
+        if (source.source() != id) continue;
+        source.unload();
+        openSource(false);
+    }
+    if (!found.empty()) emit loudnessChanged();
     if (openVideo() == shown) return followWithPlayer(old);
     reloadVideo(0); // the first video has taken the place of one that is gone
 }

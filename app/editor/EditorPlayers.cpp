@@ -156,7 +156,7 @@ QCoro::Task<> Editor::measure(Source measured) {
 
 Filmstrip* Editor::filmstrip(const UUID& id) {
     const auto* shown = live.source(id);
-    if (!shown) return nullptr;
+    if (!shown || missing().contains(id)) return nullptr; // it may be found at another place
     auto& strip = filmstrips[id];
     if (!strip) strip = std::make_unique<Filmstrip>(*shown, folder);
     return strip.get();

@@ -1,5 +1,6 @@
 #include "app/editor/Editor.h"
 #include "core/intake/samples/Loudness.h"
+#include "core/render/footage/Filmstrip.h"
 #include "tests/MadeMedia.h"
 
 #include <QCoreApplication>
@@ -35,4 +36,28 @@ TEST(EditorPlayers, theSoundOfEachSourceIsMeasuredOnce) {
     editor.loudness(UUID());
     while (editor.isBusy()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     EXPECT_EQ(measured, 3);
+    editor.apply([](Project& found) { found.sources.edit()[2].path = found.sources[1].path; });
+    for (const QDeadlineTimer patience(60000); !editor.loudness(sources[2].id) && !patience.hasExpired();)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 100);
+    EXPECT_EQ(level(2), level(1));
+}
+
+TEST(EditorPlayers, heldFootageIsPlayedFromWhereItIsFound) {
+    MURBO_NEEDS_FFMPEG();
+    Project project;
+    project.sources.edit().push_back({.path = "/nowhere/gone.mp4", .length = 1});
+    Editor editor(project, {}, std::nullopt, [](const Project&) {});
+    const auto rest = [&] {
+        while (editor.isBusy()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    };
+    editor.setMissing({project.sources[0].id});
+    editor.holdSource(project.sources[0].id);
+    rest();
+    EXPECT_FALSE(editor.filmstrip(project.sources[0].id));
+    const auto file = made::file("small.mp4", "-f lavfi -i testsrc=size=64x36:duration=1");
+    editor.setMissing({});
+    editor.apply([&](Project& found) { found.sources.edit()[0].path = file.string(); });
+    rest();
+    EXPECT_EQ(editor.source.frameSize(), QSize(64, 36));
+    EXPECT_TRUE(editor.filmstrip(project.sources[0].id)->make(0));
 }

@@ -143,45 +143,6 @@ TEST(Editor, aDragIsNotEndedByTheTimeOfTheOneBefore) {
     EXPECT_TRUE(cancelled.steps().empty());
 }
 
-TEST(Editor, whatIsPickedIsThere) {
-    TwoCuts lines;
-    lines.dress({21});
-    auto& editor = lines.editor();
-    const auto look = lines.look();
-    const std::vector<Pick> more{{Pick::Kind::sound, look.sounds[0].id, {}},
-                                 {Pick::Kind::overlay, look.overlays[0].id, {}},
-                                 {Pick::Kind::caption, lines.line(0).id, {}}};
-    editor.setMorePicked(more);
-    editor.setPicked(Pick{Pick::Kind::music, look.music[0].id, {}});
-    lines(R"(["removeSound","sound 1"])");
-    EXPECT_EQ(editor.morePicked(), (std::vector{more[1], more[2]}));
-    EXPECT_TRUE(editor.picked());
-    lines(R"(["undo"])", R"(["undo"])");
-    EXPECT_EQ(editor.morePicked(), std::vector{more[2]});
-    EXPECT_FALSE(editor.picked());
-    editor.setPicked(more[2]);
-    editor.openOnTimeline(std::nullopt);
-    EXPECT_TRUE(editor.morePicked().empty() && !editor.picked()) << "of another video";
-}
-
-TEST(Editor, theHeldClipIsShownBeforeTheHeldSource) {
-    TwoCuts lines;
-    auto& editor = lines.editor();
-    lines(R"(["set","heldClip","C02"])", R"(["source.seek",45])", R"(["set","heldSource","cam.mp4"])");
-    EXPECT_EQ(editor.source.time(), 45) << "nothing moves";
-    EXPECT_EQ(editor.source.span(), (Stretch{40, 50}));
-    lines(R"(["set","heldClip","C03"])");
-    EXPECT_EQ(editor.source.time(), 60) << "another clip begins at its start";
-    lines(R"(["set","heldClip",null])");
-    EXPECT_EQ(editor.source.source(), lines.cam());
-    EXPECT_EQ(editor.source.span(), (Stretch{0, 30}));
-    lines(R"(["set","heldSource",null])");
-    EXPECT_FALSE(editor.source.isLoaded() || editor.source.source());
-    editor.holdSource(lines.cam());
-    lines(R"(["set","heldSource",null])");
-    EXPECT_FALSE(editor.source.isLoaded()) << "what was let go of does not come late";
-}
-
 TEST(Editor, aVideoThatCannotBePlayedSaysSoUntilItCan) {
     TwoCuts lines;
     lines.editor().change("Long",

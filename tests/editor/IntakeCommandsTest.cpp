@@ -4,15 +4,6 @@
 
 using namespace murbo;
 
-namespace {
-
-std::string withPath(const std::string& command, const std::filesystem::path& path) {
-    return "[\"" + command + "\"," + (command == "addFiles" ? "[\"" : "\"") + path.string() +
-           (command == "addFiles" ? "\"]]" : "\"]");
-}
-
-}
-
 TEST(IntakeCommands, newSourcesComeIntoViewAsOneStep) {
     Lines lines;
     auto& editor = lines.editor();
@@ -57,28 +48,4 @@ TEST(IntakeCommands, markersThatAreGivenCountBeforeThoseThatLieThere) {
         lines("[\"addStream\",\"" + recording + "\"" + given + "]");
         EXPECT_EQ(lines.project().sources.back().stream->markersName, name);
     }
-}
-
-TEST(IntakeCommands, missingFilesAreFoundByNameAndNoStep) {
-    Lines lines;
-    auto& editor = lines.editor();
-    const auto& project = lines.project();
-    EXPECT_EQ(editor.missing().size(), 2u);
-    lines.folder.file("found/other.mp4");
-    EXPECT_EQ(lines(withPath("findMissing", lines.folder / "found")),
-              did("None of the missing files were there"));
-    const auto cam = lines.folder.file("found/deep/cam.mp4");
-    EXPECT_EQ(lines(withPath("findMissing", lines.folder / "found")), did("Found 1 missing file"));
-    EXPECT_EQ(editor.missing(), std::set{project.sources[0].id});
-    EXPECT_EQ(project.sources[1].path, cam);
-    EXPECT_EQ(project.sources[0].path, "/nowhere/rec.mp4");
-    lines.folder.file("more/cam.mp4");
-    const auto rec = lines.folder.file("more/rec.mp4");
-    EXPECT_EQ(lines(withPath("findMissing", lines.folder / "more")), did("Found 1 missing file"));
-    EXPECT_EQ(project.sources[0].path, rec);
-    EXPECT_EQ(project.sources[1].path, cam) << "it was not missing";
-    EXPECT_TRUE(editor.history().past().empty());
-    EXPECT_EQ(ProjectPackage::read(lines.package()), project);
-    editor.setMissing({project.sources[0].id, project.sources[1].id});
-    EXPECT_EQ(lines(withPath("findMissing", lines.folder / "more")), did("Found 2 missing files"));
 }

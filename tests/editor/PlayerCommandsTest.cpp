@@ -34,17 +34,3 @@ TEST(PlayerCommands, eachPlayerGoesByItsOwnName) {
         EXPECT_EQ(lines.rates(), rates) << line;
     }
 }
-
-TEST(PlayerCommands, aSkimComesBack) {
-    TwoPlayers lines;
-    lines(R"(["skim",9])");
-    EXPECT_EQ(lines.editor().playback.skimmed(), 9);
-    EXPECT_EQ(lines.times(), Both(5, 25));
-    lines(R"(["source.skim",40])");
-    EXPECT_EQ(lines.editor().source.skimmed(), 40);
-    lines(R"(["endScrub"])");
-    EXPECT_FALSE(lines.editor().playback.skimmed());
-    EXPECT_EQ(lines.editor().source.skimmed(), 40);
-    lines(R"(["source.endScrub"])");
-    EXPECT_FALSE(lines.editor().source.skimmed());
-}

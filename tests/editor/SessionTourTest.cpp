@@ -1,4 +1,5 @@
 #include "app/editor/Keys.h"
+#include "app/editor/commands/CommandRun.h"
 #include "app/editor/commands/SessionState.h"
 #include "app/editor/commands/TimelinePicks.h"
 #include "app/editor/playback/PreviewVolume.h"
@@ -104,6 +105,10 @@ private:
                                           std::stod(rest.substr(rest.find(' '))));
         else if (verb == "key") // the destructor puts back what was there before
             setenv("OPENROUTER_API_KEY", rest.c_str(), 1);
+        else if (verb == "meanwhile") // done by the owner while the model thinks about its next answer
+            meanwhile([this, rest](Editor& session) {
+                events += CommandRun::run(session, rest) ? "" : "  not done meanwhile\n";
+            });
         else if (verb == "sent")
             tellRequests();
         else if (verb == "tick")

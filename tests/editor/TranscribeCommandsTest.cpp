@@ -19,13 +19,6 @@ TEST(TranscribeCommands, waitForTheWorkThatRuns) {
     EXPECT_EQ(editor.toast(), "Wait for Measuring to finish");
 }
 
-TEST(TranscribeCommands, whatIsMissingIsLeftOut) {
-    Lines lines;
-    const Environment key("OPENROUTER_API_KEY", "sk-or-v1-of-the-test");
-    EXPECT_EQ(lines(R"(["transcribeQueue",[["rec.mp4",[1,2],"C01"]],true])"), fine);
-    EXPECT_FALSE(lines.editor().work.isRunning());
-}
-
 TEST(TranscribeCommands, stretchesAreHeardInTurnUntilOneFails) {
     MURBO_NEEDS_FFMPEG();
     Asking lines;

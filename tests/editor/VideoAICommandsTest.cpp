@@ -1,5 +1,4 @@
 #include "app/editor/commands/VideoAICommands.h"
-#include "app/editor/commands/VideoCommands.h"
 #include "core/playbooks/Playbooks.h"
 #include "tests/editor/Asking.h"
 
@@ -29,48 +28,6 @@ void removeSecondClip(Project& project) {
     project.clips.edit().erase(project.clips.begin() + 1);
 }
 
-}
-
-TEST(VideoAICommands, refuseWhatCanNotBeDone) {
-    Asking lines;
-    const Environment none("OPENROUTER_API_KEY", "");
-    const std::string addKey = "Add your OpenRouter key in Settings ▸ AI to use the AI";
-    EXPECT_EQ(lines(R"(["lookByAI"])"), did("Open a video first"));
-    EXPECT_EQ(lines(R"(["reviseCuts","x"])"), did("Open a video first"));
-    const auto ideas = VideoAICommands::findIdeas(lines.editor(), {});
-    EXPECT_EQ(lines(R"(["closeDrag"])"), did(addKey));
-    EXPECT_TRUE(ideas->failed);
-    EXPECT_EQ(ideas->failure, addKey);
-    EXPECT_EQ(lines(R"(["cutToInstruction",""])"), did(addKey));
-    EXPECT_TRUE(VideoAICommands::lookByAI(lines.editor(), std::nullopt)->failed) << "a first pass ends there";
-    EXPECT_TRUE(lines.model.bodies().empty());
-}
-
-TEST(VideoAICommands, aRevisionKeepsTrimsThatTheOwnerMadeMeanwhile) {
-    WithVideo lines;
-    lines.answersCuts({{"C02.01", "C02.01"}, {"C01.01", "C01.01"}});
-    lines.meanwhile("Trim", [](Project& project) { project.videos.edit()[0].cuts.edit()[0].start = 21.5; });
-    EXPECT_EQ(lines(R"(["reviseCuts","other way round"])"), stepped("Revise Cuts"));
-    EXPECT_EQ(lines.project().videos[0].cuts[1].start, 21.5);
-    EXPECT_THAT(lines.steps(), ElementsAre("Trim", "Revise Cuts"));
-}
-
-TEST(VideoAICommands, aRevisionOfCutsThatTheOwnerChangedIsLeftOut) {
-    WithVideo lines;
-    lines.answersCuts({{"C02.01", "C02.01"}});
-    lines.meanwhile("Remove Cut", [](Project& project) { project.videos.edit()[0].cuts.edit().pop_back(); });
-    EXPECT_EQ(lines(R"(["reviseCuts","x"])"),
-              did("The cuts of “Falls” were changed meanwhile, so they stay as they are; Activity has the "
-                  "answer.",
-                  "Remove Cut"));
-    EXPECT_EQ(lines.project().videos[0].cuts[0].start, 21);
-}
-
-TEST(VideoAICommands, anAnswerForAVideoThatIsGoneSaysSo) {
-    WithVideo lines;
-    lines.model.answers(json{{"big", {"C01.01"}}});
-    lines.meanwhile("Delete Video", [](Project& project) { project.videos.edit().clear(); });
-    EXPECT_EQ(lines(R"(["lookByAI"])"), did("Look stopped. The video is gone.", "Delete Video"));
 }
 
 TEST(VideoAICommands, aLookFindsItsLinesWhereTheyAreNow) {
@@ -116,16 +73,6 @@ TEST(VideoAICommands, chosenClipsThatAreTooManyForARequestAreReadAsTheModelAsks)
     EXPECT_THAT(lines.model.bodies()[0].dump(), testing::Not(HasSubstr("C01.02 [")));
 }
 
-TEST(VideoAICommands, whoHasGoneOnToAnotherVideoStaysThere) {
-    WithVideo lines;
-    lines.model.answers(json{{"read", {"C01"}}});
-    lines.answersCuts({{"C01.01", "C01.01"}});
-    lines.meanwhile([](Editor& editor) { VideoCommands::create(editor, Video::Aspect::square, "Mine"); });
-    lines(R"(["cutToInstruction","x"])");
-    ASSERT_EQ(lines.project().videos.size(), 3u);
-    EXPECT_EQ(lines.editor().video()->title, "Mine");
-}
-
 TEST(VideoAICommands, cutsOfClipsThatAreGoneAreLeftOut) {
     Asking lines;
     lines.model.answers(json{{"read", {"C01", "C02"}}});
@@ -155,25 +102,6 @@ TEST(VideoAICommands, whatIsAskedForWhileAJobRunsWaitsItsTurn) {
     EXPECT_TRUE(ideas->failed);
     EXPECT_EQ(ideas->failure, "No ideas came back that hold up; Activity has the answer");
     EXPECT_EQ(lines.editor().toast(), ideas->failure);
-}
-
-TEST(VideoAICommands, aFirstPassOfAnIdeaNeedsNoCutting) {
-    Asking lines;
-    lines.editor().apply([](Project& project) {
-        project.ideas.emplace().edit().push_back(
-            {.title = "An idea", .cuts = {{.source = project.sources[0].id, .start = 21, .end = 29}}});
-    });
-    lines.model.answers(json{{"big", {"C01.02"}}});
-    OwnerAsked asked(lines.editor(), true);
-    const auto outcome = VideoAICommands::firstPassOf(lines.editor(), (*lines.project().ideas)[0].id);
-    lines(R"(["closeDrag"])");
-    EXPECT_EQ(asked.title, "First Pass");
-    EXPECT_THAT(asked.words, testing::EndsWith(" That is its look; its sound is another request."));
-    EXPECT_THAT(lines.steps(), ElementsAre("Make Video", "Look by AI"));
-    EXPECT_EQ(outcome->video, lines.project().videos[0].id) << "which is there";
-    EXPECT_TRUE(outcome->failed);
-    EXPECT_EQ(outcome->failure, "The sound library is empty: Settings ▸ General ▸ Sounds");
-    EXPECT_EQ(lines.editor().toast(), outcome->failure);
 }
 
 TEST(VideoAICommands, aFirstPassThatHadToWaitIsOfTheVideoThatItMade) {
