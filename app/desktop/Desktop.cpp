@@ -104,8 +104,11 @@ void Desktop::start(const std::vector<std::filesystem::path>& projects) {
         wanted = RecentProjects::open();
         std::erase_if(wanted, [](const auto& path) { return !std::filesystem::exists(path); });
     }
-    for (const auto& path : wanted) open(path);
-    if (opened.empty()) showStart();
+    QString fault;
+    for (const auto& path : wanted)
+        if (!open(path)) fault = words;
+    if (opened.empty()) return showStart();
+    if (!fault.isEmpty()) tell(fault); // the start window, which may have had it, is gone
 }
 
 ProjectWindow* Desktop::open(const std::filesystem::path& given) {
@@ -131,7 +134,10 @@ ProjectWindow* Desktop::open(const std::filesystem::path& given) {
         return made;
     } catch (const std::exception& error) {
         fail(PlatformWords::shown(error.what()));
-        if (opened.empty()) showStart();
+        if (opened.empty())
+            showStart();
+        else
+            tell(words);
         return nullptr;
     }
 }
@@ -148,10 +154,11 @@ void Desktop::noteOpen() {
 }
 
 void Desktop::tell(const QString& said) {
-    for (const auto& window : opened)
-        if (window->window().isActive() || opened.size() == 1)
-            return window->project().editor().refuse(said.toStdString());
-    fail(said);
+    if (opened.empty()) return fail(said);
+    const auto active =
+        std::ranges::find_if(opened, [](const auto& one) { return one->window().isActive(); });
+    const auto& told = active == opened.end() ? opened.back() : *active;
+    told->project().editor().refuse(said.toStdString());
 }
 
 void Desktop::forgetRecent(const QString& path) {

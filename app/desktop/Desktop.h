@@ -39,8 +39,8 @@ public:
 
     /// Opens these projects, else those that were open when the program ended, else the start window.
     void start(const std::vector<std::filesystem::path>& projects);
-    /// Opens a project, or brings its window to the front. What keeps it from opening is said in the start
-    /// window. The window, or null.
+    /// Opens a project, or brings its window to the front. What keeps it from opening is said in the window
+    /// that is in front, else in the start window. The window, or null.
     ProjectWindow* open(const std::filesystem::path& package);
     const std::vector<std::unique_ptr<ProjectWindow>>& windows() const { return opened; }
     /// Says something in the window that is in front.

@@ -32,6 +32,8 @@ TEST_F(DesktopTest, opensWhatWasOpenLastAndElseTheStartWindow) {
         EXPECT_EQ(again.windows()[0]->project().package(), shown->package());
         EXPECT_EQ(again.problem(), "") << "the one that is gone is passed over";
         EXPECT_FALSE(again.startWindow());
+        EXPECT_FALSE(again.open(shown->folder / "gone.mbproj")); // as a second start asks for it
+        EXPECT_EQ(again.windows()[0]->project().editor().toast(), again.problem().toStdString());
         again.windows()[0]->window().close();
         EXPECT_TRUE(QTest::qWaitFor([&] { return again.windows().empty(); }));
     }
@@ -39,4 +41,8 @@ TEST_F(DesktopTest, opensWhatWasOpenLastAndElseTheStartWindow) {
     Desktop none({});
     none.start({});
     EXPECT_TRUE(none.startWindow());
+    Desktop both({});
+    both.start({shown->folder / "gone.mbproj", shown->package()});
+    ASSERT_EQ(both.windows().size(), 1U);
+    EXPECT_TRUE(both.windows()[0]->project().editor().toast()) << "says what could not be opened";
 }

@@ -41,8 +41,10 @@ InspectorRowList of(const Source& source, const Project& project, const QString&
         RowMaker::words("length", "Length",
                         RowMaker::said(Timecode::fine(source.length)) + " · " + clipsOf(source, project)));
     if (!missing) rows.push_back(RowMaker::words("facts", "Facts", facts));
-    if (source.stream)
-        rows.push_back(RowMaker::words("markers", "Markers", RowMaker::said(source.stream->markersName)));
+    if (source.stream) {
+        const auto& file = source.stream->markersName;
+        rows.push_back(RowMaker::words("markers", "Markers", file.empty() ? "typed" : RowMaker::said(file)));
+    }
     rows.push_back(group(source, project));
     auto note = RowMaker::text("note", "Note for models", RowMaker::said(source.note.value_or("")),
                                source.note.has_value());

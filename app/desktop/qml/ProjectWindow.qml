@@ -30,8 +30,7 @@ Window {
         target: copySheet
         function onMade(path, instead) {
             project.sheet = ""
-            if (!desktop.openPath(path)) project.toast(desktop.problem, "")
-            else if (instead) window.close()
+            if (desktop.openPath(path) && instead) window.close()
         }
     }
     function carryOut(name) {

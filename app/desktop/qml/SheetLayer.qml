@@ -10,7 +10,7 @@ Item {
     }
     function take(paths) {
         const projects = paths.filter(path => path.endsWith(".mbproj"))
-        projects.forEach(path => { if (!desktop.openPath(path)) project.toast(desktop.problem, "") })
+        projects.forEach(path => desktop.openPath(path))
         planner.takeFootage(paths.filter(path => !path.endsWith(".mbproj")))
     }
 

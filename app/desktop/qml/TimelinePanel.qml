@@ -91,7 +91,7 @@ FocusScope {
                 color: "#131417"
                 Accessible.role: Accessible.StaticText
                 Accessible.name: modelData.name
-                Words { x: Theme.gap; height: parent.height; text: parent.modelData.name; color: Theme.text2; font.pixelSize: 12; width: parent.width - 60 }
+                Words { x: Theme.gap; height: parent.height; text: parent.modelData.name; color: Theme.text2; font.pixelSize: 12; width: parent.width - (panel.wideHeaders ? 60 : 2 * Theme.small) }
                 IconButton {
                     visible: parent.modelData.name === "Captions" && panel.wideHeaders
                     anchors.right: parent.right

@@ -39,7 +39,7 @@ Item {
         anchors.rightMargin: Theme.wide
         height: parent.height
         spacing: Theme.gap
-        Volume { id: volume; anchors.verticalCenter: parent.verticalCenter; visible: transport.hasSound; wide: transport.wide }
+        Volume { id: volume; anchors.verticalCenter: parent.verticalCenter; visible: transport.hasSound && transport.room > 90; wide: transport.wide }
         Words {
             id: lengths
             height: parent.height
