@@ -5,7 +5,6 @@
 #include "tests/desktop/OnWindow.h"
 
 #include <QKeySequence>
-#include <algorithm>
 
 using namespace murbo;
 
@@ -19,19 +18,11 @@ public:
         putIn(1);
         settle();
     }
-    const AccessNode* focused() {
-        nodes = AccessTree::of(window());
-        const auto found = std::ranges::find_if(nodes, &AccessNode::focused);
-        return found == nodes.end() ? nullptr : &*found;
-    }
     void expectNoFaults(const std::string& where) {
         settle();
         EXPECT_EQ(AccessWalk::faults(window()), "") << where;
         EXPECT_EQ(AccessWalk::pressedByMouseAlone(window()), "") << where;
     }
-
-private:
-    std::vector<AccessNode> nodes;
 };
 
 using AccessTreeTest = OnWindow<CutWindow>;
@@ -62,29 +53,6 @@ TEST_F(AccessTreeTest, sheetsHaveThemToo) {
     shown->settle();
     EXPECT_EQ(AccessWalk::faults(*shown->desktop->startWindow()), "");
     EXPECT_EQ(AccessWalk::pressedByMouseAlone(*shown->desktop->startWindow()), "");
-}
-
-TEST_F(AccessTreeTest, theNextRegionIsReachedByOneKeyAndTheRingCloses) {
-    std::vector<std::string> names;
-    for (int at = 0; at < 6; ++at) {
-        shown->key(Qt::Key_F6);
-        const auto* node = shown->focused();
-        names.push_back(node ? node->name.toStdString() : "nobody");
-    }
-    EXPECT_EQ(names, (std::vector<std::string>{"Inspector", "Project", "Browser", "Video viewer",
-                                               "Timeline of V1, 2 cuts, 7 seconds", "Inspector"}));
-}
-
-TEST_F(AccessTreeTest, theRingGoesOnFromWhereTheKeysAreAndASheetGivesThemBack) {
-    ASSERT_TRUE(shown->project().perform("go.clips"));
-    ASSERT_EQ(shown->focused()->name, "Browser");
-    shown->key(Qt::Key_K, Qt::ControlModifier);
-    EXPECT_EQ(shown->focused()->name, "Commands");
-    shown->key(Qt::Key_Escape);
-    ASSERT_TRUE(shown->focused());
-    EXPECT_EQ(shown->focused()->name, "Browser");
-    shown->key(Qt::Key_F6, Qt::ShiftModifier);
-    EXPECT_EQ(shown->focused()->name, "Project");
 }
 
 /// Whatever the table has is reached without a mouse: by its words in the palette, and by its keys.

@@ -28,18 +28,6 @@ TEST(KeyRouter, aKeyThatNoCommandHasIsReadAsOnAUsKeyboard) {
     EXPECT_EQ(KeyRouter::onUsKeyboard(9999), "");
 }
 
-TEST_F(KeyRouterTest, lettersAreNoCommandsWhileSomebodyTypes) {
-    shown->key(Qt::Key_B);
-    EXPECT_EQ(shown->editor().tool(), EditingTool::blade);
-    shown->key(Qt::Key_F, Qt::ControlModifier); // into the search field
-    shown->key(Qt::Key_A);
-    EXPECT_EQ(shown->editor().tool(), EditingTool::blade);
-    EXPECT_EQ(shown->project().browser()->words(), "a");
-    shown->key(Qt::Key_Escape);
-    shown->key(Qt::Key_A);
-    EXPECT_EQ(shown->editor().tool(), EditingTool::select);
-}
-
 TEST_F(KeyRouterTest, combinationsAreReadAsOnAUsKeyboardToo) {
     shown->putIn();
     shown->editor().playback.seek(1);
@@ -50,25 +38,4 @@ TEST_F(KeyRouterTest, combinationsAreReadAsOnAUsKeyboardToo) {
     QCoreApplication::sendEvent(&shown->window(), &bare);
     EXPECT_EQ(shown->editor().tool(), EditingTool::blade) << "B";
     EXPECT_EQ(shown->cuts(), 2U);
-}
-
-TEST_F(KeyRouterTest, keysGoToASheetAndNotThroughIt) {
-    shown->key(Qt::Key_K, Qt::ControlModifier);
-    ASSERT_EQ(shown->project().sheet(), "palette");
-    for (const auto key : {Qt::Key_B, Qt::Key_L, Qt::Key_A, Qt::Key_D, Qt::Key_E}) shown->key(key);
-    EXPECT_EQ(shown->editor().tool(), EditingTool::select);
-    shown->key(Qt::Key_Return);
-    EXPECT_EQ(shown->project().sheet(), "");
-    EXPECT_EQ(shown->editor().tool(), EditingTool::blade) << "the palette gave the command";
-}
-
-TEST_F(KeyRouterTest, aToolsKeyThatIsHeldLendsTheTool) {
-    QTest::keyPress(&shown->window(), Qt::Key_B);
-    EXPECT_EQ(shown->editor().tool(), EditingTool::blade);
-    shown->keyTimes.held = 350;
-    QTest::keyRelease(&shown->window(), Qt::Key_B);
-    EXPECT_EQ(shown->editor().tool(), EditingTool::select);
-    shown->keyTimes.held = 50;
-    shown->key(Qt::Key_T);
-    EXPECT_EQ(shown->editor().tool(), EditingTool::trim) << "a tap takes it for good";
 }

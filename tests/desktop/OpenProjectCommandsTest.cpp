@@ -1,7 +1,5 @@
 #include "app/desktop/Actions.h"
 #include "app/desktop/OpenProject.h"
-#include "app/desktop/captions/CaptionEdits.h"
-#include "app/editor/commands/CaptionCommands.h"
 #include "app/editor/commands/LookCommands.h"
 #include "tests/desktop/SpokenWindow.h"
 
@@ -92,32 +90,6 @@ TEST_F(OpenProjectCommandsTest, eachActionIsDoneAndUndone) {
         if (!apart.contains(id)) undone += id + " ";
     EXPECT_EQ(undone, "caption.join caption.resetTiming sheet.findMissing ")
         << "no caption is in pieces, no file is missing";
-}
-
-TEST_F(OpenProjectCommandsTest, aCaptionInPiecesIsJoinedAndGetsItsTimesBack) {
-    const auto line = shown->atFirst.transcript(shown->atFirst.sources[0].id).lines[0].id;
-    const auto caption = [&] { return *CaptionEdits::whole(shown->editor(), line); };
-    const auto whole = caption().texts();
-    const std::vector<std::string> pieces{"okay we have", "one heart"};
-    const auto perform = [&](const char* action) {
-        shown->editor().setPicked(Pick{Pick::Kind::caption, line, 0});
-        return shown->project().perform(action);
-    };
-    CaptionCommands::breakCaption(shown->editor(), line, pieces);
-    EXPECT_FALSE(perform("caption.resetTiming")) << "its times are its own";
-    const auto usual = caption().cues[1].start;
-    CaptionCommands::retimePieces(shown->editor(), line, pieces, {0.9});
-    shown->editor().closeDrag("Drag");
-    ASSERT_GT(caption().cues[1].start, usual);
-    EXPECT_TRUE(perform("caption.resetTiming"));
-    EXPECT_NEAR(caption().cues[1].start, usual, 1e-9);
-    EXPECT_EQ(caption().texts(), pieces);
-    EXPECT_EQ(shown->step(), "Reset Caption Timing");
-    EXPECT_TRUE(perform("caption.join"));
-    EXPECT_EQ(caption().texts(), whole);
-    EXPECT_EQ(shown->step(), "Join Caption");
-    for (int step = 0; step < 4; ++step) shown->editor().undo();
-    EXPECT_EQ(shown->editor().project(), shown->atFirst) << "each is one step";
 }
 
 TEST_F(OpenProjectCommandsTest, footageAndTheLibraryAreShownInTheirFolders) {

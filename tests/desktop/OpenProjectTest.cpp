@@ -32,29 +32,3 @@ TEST_F(OpenProjectTest, whatCouldNotBeSavedIsSaidUntilItIs) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return shown->named("saved") != nullptr; }, 10000));
     EXPECT_EQ(shown->onDisk(), shown->editor().project());
 }
-
-TEST_F(OpenProjectTest, theMenuOfAClipHoldsItRenamesItAndCopiesItsTag) {
-    auto& project = shown->project();
-    project.perform("go.clips");
-    shown->settle();
-    auto& browser = *project.browser();
-    ASSERT_EQ(browser.rowCount(), 2);
-    browser.pick(0, Qt::NoModifier);
-    browser.pick(1, Qt::ControlModifier);
-    browser.askAbout(0);
-    EXPECT_TRUE(project.perform("hold"));
-    EXPECT_EQ(shown->editor().heldClip(), shown->editor().project().clips[0].id);
-    EXPECT_EQ(shown->editor().pickedClips().size(), 2) << "to hold one lets go of none";
-    EXPECT_TRUE(project.perform("copyTag"));
-    EXPECT_EQ(shown->editor().toast(), "Copied C01, C02");
-
-    browser.askAbout(1);
-    ASSERT_TRUE(project.perform("sheet.renameClip"));
-    shown->settle();
-    EXPECT_TRUE(shown->named("Rename C02"));
-    for (const auto key : {Qt::Key_N, Qt::Key_E, Qt::Key_W}) shown->key(key);
-    shown->key(Qt::Key_Return, Qt::ControlModifier);
-    EXPECT_EQ(project.sheet(), "");
-    EXPECT_EQ(shown->editor().project().clips[1].name, "new");
-    EXPECT_EQ(shown->step(), "Rename Clip");
-}

@@ -2,8 +2,6 @@
 
 #include "tests/desktop/OnWindow.h"
 
-#include <QInputMethodEvent>
-
 namespace murbo {
 
 /// A window on a project in whose first movie something is said, with the first clip held and in a video.
@@ -21,28 +19,6 @@ struct SpokenWindow : WindowOfProject {
         putIn();
         editor().setInspecting(Inspecting::browser);
         settle();
-    }
-
-    void show(InspectorTab tab) {
-        editor().setInspectorTab(tab);
-        settle(100);
-    }
-    /// What an input method does while letters are composed.
-    void composing(const QString& letters) {
-        QInputMethodEvent event(letters, {});
-        QCoreApplication::sendEvent(window().focusObject(), &event);
-        settle(5);
-    }
-    /// All that it does: letters while they are composed, then what they become.
-    void compose(const QString& before, const QString& after) {
-        composing(before);
-        QInputMethodEvent done;
-        done.setCommitString(after);
-        QCoreApplication::sendEvent(window().focusObject(), &done);
-        settle(5);
-    }
-    std::string said(std::size_t line) {
-        return editor().project().transcript(editor().project().sources[0].id).lines[line].text;
     }
 };
 

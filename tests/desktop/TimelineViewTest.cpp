@@ -24,48 +24,6 @@ using TimelineViewTest = OnWindow<TimelineWindow>;
 
 }
 
-TEST_F(TimelineViewTest, zoomsRoundThePointerAndFits) {
-    auto* view = shown->view();
-    view->fit();
-    EXPECT_LE(view->shownSpan().x(7), view->width());
-    const double time = view->shownSpan().time(100);
-    view->zoomRound(6, 100);
-    EXPECT_NEAR(view->shownSpan().time(100), time, 1e-6);
-    for (int turns = 0; turns < 80; ++turns) view->zoomRound(turns < 40 ? 3 : 0.2, 50);
-    EXPECT_GT(view->shownSpan().scale, 0);
-    view->fit();
-    EXPECT_EQ(view->scroll(), 0);
-    view->setScroll(1e9);
-    EXPECT_LT(view->scroll(), 10);
-}
-
-TEST_F(TimelineViewTest, theOthersPartForACutThatIsCarried) {
-    auto* view = shown->view();
-    shown->carry(shown->onTimeline(2), shown->onTimeline(6.5), 3, [&] {
-        EXPECT_NEAR(view->dropX(), view->shownSpan().x(3), 1) << "where its room begins";
-        EXPECT_EQ(shown->editor().project(), shown->before) << "nothing has moved yet";
-        shown->key(Qt::Key_Escape);
-        EXPECT_LT(view->dropX(), 0);
-    });
-    EXPECT_EQ(shown->editor().project(), shown->before);
-    shown->carry(shown->onTimeline(2), shown->onTimeline(6.5), 3);
-    EXPECT_NE(shown->editor().project(), shown->before);
-    EXPECT_LT(view->dropX(), 0) << "it has landed";
-}
-
-TEST_F(TimelineViewTest, allOfAVideoStaysInViewUntilSomebodyZooms) {
-    auto* view = shown->view();
-    view->fit();
-    shown->window().resize(1100, 800);
-    shown->settle();
-    EXPECT_LE(view->shownSpan().x(7), view->width());
-    view->zoomRound(4, 0);
-    const double scale = view->shownSpan().scale;
-    shown->window().resize(1400, 800);
-    shown->settle();
-    EXPECT_EQ(view->shownSpan().scale, scale);
-}
-
 TEST_F(TimelineViewTest, followsWhatLiesBeyondItsEndWithoutGoingRound) {
     auto* view = shown->view();
     view->zoomRound(12, 0);
@@ -95,14 +53,4 @@ TEST_F(TimelineViewTest, runsAlongUnderADragAtItsSide) {
         EXPECT_EQ(view->scroll(), stopped);
     });
     EXPECT_EQ(shown->editor().project(), shown->before);
-}
-
-TEST_F(TimelineViewTest, theBladeShowsTheMomentThatItWouldCut) {
-    shown->editor().setSnapping(false);
-    shown->key(Qt::Key_B);
-    QTest::mouseMove(&shown->window(), shown->onTimeline(5) - QPoint(5, 0));
-    QTest::mouseMove(&shown->window(), shown->onTimeline(5));
-    EXPECT_NEAR(shown->view()->bladeX(), shown->view()->shownSpan().x(5), 1);
-    EXPECT_TRUE(shown->view()->hint().startsWith("0:01") || shown->view()->hint().startsWith("0:00.9"))
-        << "a second into the second clip: " << shown->view()->hint().toStdString();
 }

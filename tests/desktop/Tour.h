@@ -5,11 +5,11 @@
 #include "tests/desktop/DrawnText.h"
 #include "tests/desktop/Looks.h"
 #include "tests/desktop/Notified.h"
+#include "tests/desktop/TourHands.h"
 #include "tests/desktop/TourNames.h"
 #include "tests/desktop/TourState.h"
 #include "tests/desktop/WindowOfProject.h"
 
-#include <QKeySequence>
 #include <QQmlContext>
 #include <QQmlExpression>
 #include <QSignalSpy>
@@ -130,13 +130,8 @@ private:
         } else if (verb == "watch") {
             watched.clear();
             while (words >> name) say(watched[name] = dump(name));
-        } else if (verb == "key" || verb == "hold" || verb == "let") {
-            key(verb, rest);
-        } else if (verb == "type") {
-            for (const char letter : rest) QTest::keyClick(&shown.window(), letter);
-        } else if (verb == "press" || verb == "move" || verb == "release" || verb == "double" ||
-                   verb == "hover" || verb == "wheel") {
-            mouse(verb, words);
+        } else if (hands.carryOut(verb, rest)) {
+            context.setContextProperty("found", hands.found.data());
         } else if (verb == "under") {
             double y = 0;
             while (words >> y) say(DrawnText::under(shown.editor(), *shown.item<TimelineView>(), y));
@@ -183,6 +178,10 @@ private:
         return value;
     }
 
+    QQuickItem* itemOf(const std::string& name) {
+        return qobject_cast<QQuickItem*>(evaluated(name).value<QObject*>());
+    }
+
     /// An object's lines by its name; of a timeline also "blocks", of a drawn view "drawn NAME".
     TourText::Lines dump(const std::string& name) {
         if (name == "blocks") return DrawnText::of(shown.item<TimelineView>()->shown());
@@ -197,15 +196,6 @@ private:
         return TourText::of(*object);
     }
 
-    /// "key" taps, "hold" and "let" are one of it with a while between them.
-    void key(const std::string& verb, const std::string& keys) {
-        const auto pressed = QKeySequence(QString::fromStdString(keys))[0];
-        auto& window = shown.window();
-        if (verb != "let") QTest::keyPress(&window, pressed.key(), pressed.keyboardModifiers());
-        shown.keyTimes.held = verb == "let" ? 400 : 50;
-        if (verb != "hold") QTest::keyRelease(&window, pressed.key(), pressed.keyboardModifiers());
-    }
-
     /// Until nothing comes into the window any more.
     void settle() {
         QImage last;
@@ -217,49 +207,10 @@ private:
         }
     }
     void look(const std::string& name, bool whole) {
-        auto* item = qobject_cast<QQuickItem*>(evaluated(name).value<QObject*>());
+        auto* item = itemOf(name);
         if (!item) return say("no such item");
         const auto place = item->mapRectToScene(item->boundingRect()).toAlignedRect();
         say(looks.of(name, shown.window().grabWindow().copy(place), whole));
-    }
-
-    /// "press ITEM x y", with Shift, Ctrl, Alt, Right or Middle after it; "wheel ITEM x y across down".
-    void mouse(const std::string& verb, std::istringstream& words) {
-        std::string name, more;
-        double x = 0, y = 0;
-        QPoint turned;
-        words >> name >> x >> y;
-        if (verb == "wheel") words >> turned.rx() >> turned.ry();
-        auto button = Qt::LeftButton;
-        Qt::KeyboardModifiers held;
-        while (words >> more) {
-            if (more == "Shift") held |= Qt::ShiftModifier;
-            if (more == "Ctrl") held |= Qt::ControlModifier;
-            if (more == "Alt") held |= Qt::AltModifier;
-            if (more == "Right") button = Qt::RightButton;
-            if (more == "Middle") button = Qt::MiddleButton;
-        }
-        auto* item = qobject_cast<QQuickItem*>(evaluated(name).value<QObject*>());
-        if (!item) return say("no such item");
-        auto& window = shown.window();
-        const auto point = item->mapToScene({x, y}).toPoint();
-        if (verb == "press") QTest::mousePress(&window, button, held, point);
-        if (verb == "release") QTest::mouseRelease(&window, button, held, point);
-        if (verb == "double") QTest::mouseDClick(&window, button, held, point);
-        if (verb == "hover") {
-            QTest::mouseMove(&window, point);
-            const auto said = [&](const char* property) {
-                return TourText::of(item->property(property)).dump();
-            };
-            say(fmt::format("cursor {} {} {} {}", static_cast<int>(item->cursor().shape()), said("hint"),
-                            said("hintAt"), said("bladeX")));
-        }
-        QWheelEvent turn(point, point, {}, turned, Qt::NoButton, held, Qt::NoScrollPhase, false);
-        if (verb == "wheel") QCoreApplication::sendEvent(&window, &turn);
-        if (verb != "move") return;
-        QMouseEvent moved(QEvent::MouseMove, QPointF(point), QPointF(point), Qt::NoButton, Qt::LeftButton,
-                          held);
-        QCoreApplication::sendEvent(&window, &moved);
     }
 
     void rest() {
@@ -287,6 +238,8 @@ private:
     QObject spot;
     std::map<std::string, TourText::Lines> watched;
     Notified notified;
+    TourHands hands{shown, [this](const std::string& name) { return itemOf(name); },
+                    [this](const std::string& line) { say(line); }};
     const std::set<std::string> atTimes{
         "captions",      "captionTimes",  "captionFonts", "closingQuestion",   "copySheet",
         "deliveryCheck", "exportSheet",   "folders",      "footageSheet",      "historySheet",
