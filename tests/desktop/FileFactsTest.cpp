@@ -40,7 +40,7 @@ TEST(FileFacts, nameWhatMaySurprise) {
     for (const auto& [name, arguments, words, detail] : files) {
         const auto file = made::file(name, arguments);
         FileFacts facts;
-        QTest::qWaitFor([&] { return !facts.words(file).isEmpty(); }, 10000);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !facts.words(file).isEmpty(); }, 10000)) << name;
         EXPECT_EQ(facts.words(file), words);
         auto row = FootageRow::of(file);
         row.look();

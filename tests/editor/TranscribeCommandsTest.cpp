@@ -1,4 +1,5 @@
 #include "app/editor/commands/TranscribeCommands.h"
+#include "app/editor/commands/Transcriptions.h"
 #include "core/ai/Spending.h"
 #include "core/model/package/Activity.h"
 #include "tests/MadeMedia.h"
@@ -42,8 +43,15 @@ TEST(TranscribeCommands, stretchesAreHeardInTurnUntilOneFails) {
                                                   {"usage", {{"cost", 0.25}}}}
                                        .dump()));
     };
+    const auto& transcriptions = Transcriptions::of(editor);
+    std::vector<std::string> states; // of C03
+    QObject::connect(&transcriptions, &Transcriptions::changed, [&] {
+        const auto rec = editor.project().sources[0].id;
+        const auto* failure = transcriptions.failure(rec, {5, 6});
+        states.push_back(transcriptions.isHearing(rec, {5, 6}) ? "heard" : failure ? failure->words : "");
+    });
     int ended = 0;
-    const auto transcribe = [&](const std::vector<TranscribeCommands::SourceStretch>& stretches) {
+    const auto transcribe = [&](const std::vector<SourceStretch>& stretches) {
         TranscribeCommands::transcribeQueue(editor, stretches, true, [&] { ++ended; });
         lines(R"(["closeDrag"])");
     };
@@ -57,10 +65,13 @@ TEST(TranscribeCommands, stretchesAreHeardInTurnUntilOneFails) {
     EXPECT_EQ(editor.toast(), "C03 could not be transcribed. Scribe could not transcribe this. No credits.");
     lines.model.sends("");
     lines.meanwhile([](Editor& session) { session.work.cancelAll(); });
-    transcribe({{rec, {5, 6}, "C03"}});
+    TranscribeCommands::tryAgain(editor, rec, {5, 6});
+    lines(R"(["closeDrag"])");
     EXPECT_EQ(ended, 1) << "what comes after comes only where all went well";
     EXPECT_THAT(labels, testing::ElementsAre("Transcribing C01, 1 of 2", "Transcribing C02, 2 of 2",
                                              "Transcribing C03", "Transcribing C03"));
+    EXPECT_THAT(states, testing::ElementsAre("", "", "", "", "heard",
+                                             "Scribe could not transcribe this. No credits.", "heard", ""));
     std::string said, logged;
     for (const auto& line : lines.project().transcript(rec).lines)
         said += fmt::format("{} {} {};", line.start, line.end, line.text);

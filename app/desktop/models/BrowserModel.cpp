@@ -2,6 +2,8 @@
 
 #include "app/desktop/models/BrowserRows.h"
 #include "app/editor/Editor.h"
+#include "app/editor/commands/TranscribeCommands.h"
+#include "app/editor/commands/Transcriptions.h"
 
 #include <algorithm>
 
@@ -16,6 +18,7 @@ BrowserModel::BrowserModel(Editor& session, QObject* parent) : Rows(parent), edi
     follow(&Editor::heldClipChanged);
     follow(&Editor::heldSourceChanged);
     follow(&Editor::openVideoChanged);
+    connect(&Transcriptions::of(editor), &Transcriptions::changed, this, &BrowserModel::refresh);
     connect(&editor, &Editor::heldClipChanged, this, [this] { asked.clear(); });
     refresh();
 }
@@ -107,6 +110,12 @@ void BrowserModel::activate(int at) {
     const auto row = rows()[at];
     hold(row);
     if (row.kind != BrowserRow::Kind::video && editor.source.isLoaded()) editor.source.playPause();
+}
+
+void BrowserModel::tryAgain(int at) {
+    if (at < 0 || at >= rowCount()) return;
+    const auto& row = rows()[at];
+    if (row.source) TranscribeCommands::tryAgain(editor, *row.source, {row.from, row.to});
 }
 
 void BrowserModel::askAbout(int row) {

@@ -27,6 +27,8 @@ public:
     Q_INVOKABLE void pick(int row, int modifiers);
     /// What a double click does: plays what it holds, or opens the video.
     Q_INVOKABLE void activate(int row);
+    /// Transcribes it once more, where that failed.
+    Q_INVOKABLE void tryAgain(int row);
     /// Its menu is being asked for: what the menu says is about that row.
     Q_INVOKABLE void askAbout(int row);
     /// Brings what was asked about into its viewer; with nothing asked about, what is held.

@@ -17,7 +17,9 @@ enum BrowserRole {
     missingRole,
     pickedRole,
     heldRole,
-    kindRole
+    kindRole,
+    hearingRole,
+    failedRole
 };
 
 }
@@ -31,7 +33,7 @@ QHash<int, QByteArray> BrowserRow::roles() {
     return {{idRole, "rowId"},  {titleRole, "title"},   {tagRole, "tag"},         {detailRole, "detail"},
             {noteRole, "note"}, {lengthRole, "length"}, {sourceRole, "source"},   {fromRole, "from"},
             {toRole, "to"},     {ratingRole, "rating"}, {missingRole, "missing"}, {pickedRole, "picked"},
-            {heldRole, "held"}, {kindRole, "kind"}};
+            {heldRole, "held"}, {kindRole, "kind"},     {hearingRole, "hearing"}, {failedRole, "failed"}};
 }
 
 QVariant BrowserRow::value(int role) const {
@@ -64,6 +66,10 @@ QVariant BrowserRow::value(int role) const {
             return held;
         case kindRole:
             return name(kind);
+        case hearingRole:
+            return hearing;
+        case failedRole:
+            return failed;
         default:
             return {};
     }

@@ -21,7 +21,7 @@ struct BrowserRow {
     QString title;
     QString tag;
     QString detail; ///< what it is, in a few words
-    QString note;   ///< what is said or seen
+    QString note;   ///< what is said or seen, or why it could not be transcribed
     QString length;
     std::optional<UUID> source; ///< whose still it shows
     double from = 0;            ///< seconds on the source that its stills come from
@@ -30,6 +30,8 @@ struct BrowserRow {
     bool missing = false;
     bool picked = false;
     bool held = false;
+    bool hearing = false; ///< it is being transcribed
+    bool failed = false;  ///< it could not be
 
     bool operator==(const BrowserRow&) const = default;
     static QString name(Kind kind);

@@ -3,6 +3,7 @@
 #include "app/desktop/models/ClipTitle.h"
 #include "app/editor/Editor.h"
 #include "app/editor/Timecode.h"
+#include "app/editor/commands/Transcriptions.h"
 #include "core/model/ByMiddle.h"
 #include "platform/base/RawText.h"
 #include "platform/base/Text.h"
@@ -26,6 +27,7 @@ std::string counted(std::size_t number, const char* one, const char* more) {
 /// What rows are worked out from. The lines of a source are put in order once, for all of its clips.
 struct RowSources {
     const Editor& editor;
+    const Transcriptions& transcriptions;
     std::map<UUID, ByMiddle<Line>> sources{};
 
     /// The lines of a clip that still count as said.
@@ -38,6 +40,18 @@ struct RowSources {
         return lines;
     }
 };
+
+/// Says how transcribing what the row shows fares, where it does not just stand there.
+void noteTranscription(BrowserRow& row, const Transcriptions& state) {
+    if (!row.source) return;
+    const Stretch range{row.from, row.to};
+    row.hearing = state.isHearing(*row.source, range);
+    if (row.hearing) row.note = "transcribing…";
+    if (const auto* failure = state.failure(*row.source, range)) {
+        row.failed = true;
+        row.note = text(failure->words);
+    }
+}
 
 BrowserRow rowOf(const Clip& clip, RowSources& from) {
     const auto& editor = from.editor;
@@ -59,6 +73,7 @@ BrowserRow rowOf(const Clip& clip, RowSources& from) {
     row.source = clip.source;
     row.from = clip.start;
     row.to = clip.end;
+    noteTranscription(row, from.transcriptions);
     row.rating = static_cast<int>(clip.rating.value_or(0));
     row.missing = editor.missing().contains(clip.source);
     row.picked = std::ranges::find(editor.pickedClips(), clip.id) != editor.pickedClips().end();
@@ -80,6 +95,7 @@ BrowserRow rowOf(const Source& source, RowSources& from) {
     row.length = text(Timecode::clock(source.length));
     row.source = source.id;
     row.to = source.length;
+    if (clips == 0) noteTranscription(row, from.transcriptions); // else its clips say it
     row.held = !editor.heldClip() && editor.heldSource() == source.id;
     row.picked = row.held;
     return row;
@@ -174,8 +190,8 @@ bool says(const BrowserRow& row, RowSources& from, const std::string& words) {
 
 }
 
-std::vector<BrowserRow> of(const Editor& editor, const std::string& given) {
-    RowSources from{editor};
+std::vector<BrowserRow> of(Editor& editor, const std::string& given) {
+    RowSources from{editor, Transcriptions::of(editor)};
     auto list = all(from);
     const auto words = Text::lowercased(Text::trimmed(given));
     if (words.empty()) return list;

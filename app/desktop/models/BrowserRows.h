@@ -14,7 +14,7 @@ namespace BrowserRows {
 
 /// What the sidebar has picked, in the project's order; with `words` those that hold them in their title, tag
 /// or in what is said.
-std::vector<BrowserRow> of(const Editor& editor, const std::string& words);
+std::vector<BrowserRow> of(Editor& editor, const std::string& words);
 
 }
 

@@ -18,6 +18,8 @@ Rectangle {
     required property bool missing
     required property bool picked
     required property bool held
+    required property bool hearing
+    required property bool failed
     required property string kind
     property bool focused: false
     function askMenu() { project.browser.askAbout(index); const at = mapToItem(null, 0, height); menuAsked(kind, at.x, at.y) }
@@ -83,6 +85,7 @@ Rectangle {
         StillView { anchors.fill: parent; source: item.missing ? "" : item.source; from: item.from; to: item.to; footage: project.footage
                     opacity: item.rating < 0 ? 0.35 : 1 }
         Icon { anchors.centerIn: parent; visible: item.missing; name: "file-question"; tint: Theme.notice }
+        Rectangle { anchors.bottom: parent.bottom; width: parent.width; height: 2; color: Theme.accent; visible: item.hearing }
         Rectangle {
             visible: item.length !== ""
             anchors.right: parent.right
@@ -106,8 +109,20 @@ Rectangle {
             Words { text: item.title; width: Math.min(implicitWidth, item.width - 140); color: item.rating < 0 ? Theme.text3 : Theme.text }
             Icon { name: item.rating > 0 ? "star-filled" : "circle-slash"; visible: item.rating !== 0; tint: item.rating > 0 ? Theme.picked : Theme.notice; side: 13; anchors.verticalCenter: parent.verticalCenter }
         }
-        Words { text: item.detail; width: parent.width; color: Theme.text3; font.pixelSize: Theme.noteSize }
-        Words { text: item.note; width: parent.width; color: item.missing ? Theme.notice : Theme.text3; font.pixelSize: Theme.noteSize }
+        Words { text: item.detail; width: parent.width - (again.visible ? again.width : 0); color: Theme.text3; font.pixelSize: Theme.noteSize }
+        Words { text: item.note; width: parent.width; color: item.missing || item.failed ? Theme.notice : Theme.text3; font.pixelSize: Theme.noteSize }
+    }
+    LinkButton {
+        id: again
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.small
+        anchors.verticalCenter: parent.verticalCenter
+        visible: item.failed
+        focusPolicy: Qt.NoFocus
+        text: "Try Again"
+        about: item.tag || item.title
+        onClicked: project.browser.tryAgain(item.index)
+        Hint { of: again; words: item.note.length > 120 ? item.note.slice(0, 120) + "…" : item.note }
     }
     Rectangle { anchors.fill: parent; color: "transparent"; border.width: Theme.ring; border.color: Theme.accent; visible: item.focused && item.held }
 }

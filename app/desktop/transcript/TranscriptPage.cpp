@@ -108,7 +108,7 @@ bool TranscriptPage::canTranscribe() const {
 }
 
 void TranscriptPage::transcribe() {
-    std::vector<TranscribeCommands::SourceStretch> wanted;
+    std::vector<SourceStretch> wanted;
     if (const auto* clip = session.held())
         wanted.push_back({clip->source, {clip->start, clip->end}, clip->tag()});
     else if (session.heldSource())

@@ -73,8 +73,8 @@ void HandlesView::setEditor(Editor* given) {
 }
 
 double HandlesView::scale() const {
-    const double wide = plan ? plan->frame.width : 1080;
-    return std::max(width(), 1.0) / wide;
+    const auto* video = session ? session->video() : nullptr; // with nothing picked there is no plan
+    return std::max(width(), 1.0) / Plan::frameSize(video ? video->aspect : Video::Aspect::vertical).width;
 }
 
 double HandlesView::knobAbove() const {

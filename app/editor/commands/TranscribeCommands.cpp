@@ -2,6 +2,7 @@
 
 #include "app/editor/commands/FootageCommands.h"
 #include "app/editor/commands/Row.h"
+#include "app/editor/commands/Transcriptions.h"
 #include "core/ai/Spending.h"
 #include "core/intake/transcription/Scribe.h"
 #include "core/intake/transcription/Transcription.h"
@@ -50,7 +51,7 @@ void log(Editor& editor, Activity activity, const char* state) {
 }
 
 /// Transcribes one stretch. Whether it is done; where not, a toast has said why.
-QCoro::Task<bool> transcribe(Editor& editor, SourceStretch stretch, Transcriber engine,
+QCoro::Task<bool> transcribe(Editor& editor, SourceStretch stretch, Transcriber engine, bool paid,
                              std::stop_token stop) {
     const auto* found = editor.project().source(stretch.source);
     if (!found) co_return true;
@@ -60,6 +61,8 @@ QCoro::Task<bool> transcribe(Editor& editor, SourceStretch stretch, Transcriber 
     activity.title = "Transcribe " + stretch.name;
     activity.engine = engine.name;
     activity.started = std::chrono::system_clock::now();
+    auto& state = Transcriptions::of(editor);
+    state.begin(stretch);
     try {
         const auto language = editor.project().language.value_or(Settings::language());
         const auto listening = [=] {
@@ -74,25 +77,28 @@ QCoro::Task<bool> transcribe(Editor& editor, SourceStretch stretch, Transcriber 
         activity.cost = result.cost;
         if (result.cost > 0) Spending::add(result.cost);
         log(editor, activity, "done");
+        state.end();
         co_return true;
     } catch (const Cancelled& stopped) {
         activity.error = stopped.what();
         log(editor, activity, "stopped");
+        state.end();
     } catch (const std::exception& error) {
         activity.error = error.what();
         log(editor, activity, "failed");
+        state.end(Transcriptions::Failure{stretch, paid, error.what()});
         editor.refuse(stretch.name + " could not be transcribed. " + error.what());
     }
     co_return false;
 }
 
-QCoro::Task<> transcribeAll(Work& work, Editor& editor, Stretches stretches, Transcriber engine,
+QCoro::Task<> transcribeAll(Work& work, Editor& editor, Stretches stretches, Transcriber engine, bool paid,
                             std::function<void()> then, Editor::Busy) {
     for (std::size_t at = 0; at < stretches.size(); ++at) {
         work.setLabel(label(stretches, at));
         work.setProgress(static_cast<double>(at) / static_cast<double>(stretches.size()));
         if (work.stopping().stop_requested()) co_return;
-        const bool done = co_await transcribe(editor, stretches[at], engine, work.stopping());
+        const bool done = co_await transcribe(editor, stretches[at], engine, paid, work.stopping());
         if (!done) co_return;
     }
     if (then) then();
@@ -199,9 +205,18 @@ void transcribeQueue(Editor& editor, Stretches stretches, bool paid, std::functi
     if (editor.work.isRunning())
         return editor.refuse("Wait for " + editor.work.label().value_or("the work running") + " to finish");
     editor.work.run("Transcribing",
-                    [&editor, stretches, engine = *chosen, then, hold = editor.busy()](Work& work) {
-                        return transcribeAll(work, editor, stretches, engine, then, hold);
+                    [&editor, stretches, engine = *chosen, paid, then, hold = editor.busy()](Work& work) {
+                        return transcribeAll(work, editor, stretches, engine, paid, then, hold);
                     });
+}
+
+void tryAgain(Editor& editor, const UUID& source, const Stretch& range) {
+    const auto* failure = Transcriptions::of(editor).failure(source, range);
+    if (!failure) return;
+    if (failure->paid)
+        askAndTranscribe(editor, {failure->stretch}, failure->stretch.name, "this stretch");
+    else
+        transcribeQueue(editor, {failure->stretch}, false);
 }
 
 CommandList table() {

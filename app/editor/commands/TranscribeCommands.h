@@ -1,24 +1,16 @@
 #pragma once
 
 #include "app/editor/commands/EditorCommand.h"
+#include "app/editor/commands/SourceStretch.h"
 #include "core/model/Project.h"
-#include "core/model/Stretch.h"
 
 #include <functional>
-#include <string>
 #include <vector>
 
 namespace murbo {
 
 /// Writing down what is said, as jobs of the session.
 namespace TranscribeCommands {
-
-/// What to transcribe, and how it is called.
-struct SourceStretch {
-    UUID source;
-    Stretch range; ///< seconds on the source
-    std::string name;
-};
 
 /// The clips of these sources in order; a source without clips whole, under its file's name.
 std::vector<SourceStretch> stretches(const Project& project, const std::vector<UUID>& sources);
@@ -27,6 +19,9 @@ std::vector<SourceStretch> stretches(const Project& project, const std::vector<U
 /// kept, also when a later one fails; `then` runs only after the last. No step of its own.
 void transcribeQueue(Editor& editor, std::vector<SourceStretch> stretches, bool paid,
                      std::function<void()> then = {});
+
+/// Does once more what failed last for a stretch, as it was: what costs money is asked about again.
+void tryAgain(Editor& editor, const UUID& source, const Stretch& range);
 
 CommandList table();
 
