@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/desktop/viewer/HandlesView.h"
 #include "app/editor/commands/CommandRun.h"
 #include "core/model/ModelCodec.h"
 #include "tests/desktop/DrawnText.h"
@@ -218,7 +219,11 @@ private:
         static const std::string settled =
             "library.emptyWords !== 'Reading…' && !footageSheet.reading && "
             "streamSheet.facts !== 'Reading…' && deliveryCheck.state !== 'checking…'";
-        shown.waitFor([this] { return !shown.editor().isBusy() && evaluated(settled).toBool(); });
+        const auto* handles = shown.window().findChild<HandlesView*>();
+        shown.waitFor([&] {
+            return !shown.editor().isBusy() && !(handles && handles->isLooking()) &&
+                   evaluated(settled).toBool();
+        });
         QCoreApplication::processEvents();
     }
 

@@ -99,10 +99,7 @@ private:
         const auto point = item->mapToScene({x, y}).toPoint();
         if (verb == "press") QTest::mousePress(&window, button, held, point);
         if (verb == "release") QTest::mouseRelease(&window, button, held, point);
-        if (verb == "tap") {
-            QTest::mouseClick(&window, button, held, point);
-            QTest::qWait(300); // what it met may be looked for aside
-        }
+        if (verb == "tap") QTest::mouseClick(&window, button, held, point);
         if (verb == "double") QTest::mouseDClick(&window, button, held, point);
         if (verb == "hover") {
             QTest::mouseMove(&window, point);

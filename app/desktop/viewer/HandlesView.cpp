@@ -228,8 +228,10 @@ void HandlesView::pickAt(const QPointF& point, Qt::KeyboardModifiers held) {
     const double time = shownTime();
     const auto found = std::make_shared<std::optional<Pick>>();
     const PictureHit::HitOrder order{*shown, time, point};
+    ++looking;
     measuring.start([found, order, kept = media] { *found = PictureHit::topmost(order, *kept); },
                     [this, found, held, turn = ++picking] {
+                        --looking;
                         if (turn == picking && session) take(*found, held);
                     });
 }

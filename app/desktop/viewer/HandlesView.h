@@ -37,6 +37,8 @@ public:
     double guideY() const { return guides.y ? *guides.y * scale() : -1; }
     QString words() const; ///< what it is and where, for who can't see it
     double knobAbove() const;
+    /// What a press met, or what the picked thing looks like, is still being found out.
+    bool isLooking() const { return busy || looking > 0; }
 
     Q_INVOKABLE bool cancelDrag();
     /// A hand skims over the video: the box goes with the picture that is shown.
@@ -92,6 +94,7 @@ private:
     QPointF pressed;
     bool clicking = false; ///< nothing has been moved since the press
     int picking = 0;       ///< the last click
+    int looking = 0;       ///< clicks whose things are still looked for
     PictureGuides::Caught guides;
 };
 
