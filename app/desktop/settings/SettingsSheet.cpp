@@ -60,7 +60,7 @@ QString titleOf(Command command) {
 /// The code of a language that is given by its code or its English name, or "auto", by which transcription
 /// finds it out; empty where nobody knows it.
 QString languageCode(const QString& given) {
-    const auto code = given.section('-', 0, 0).section('_', 0, 0).toLower();
+    auto code = given.section('-', 0, 0).section('_', 0, 0).toLower();
     if (code == "auto" || QLocale::codeToLanguage(code) != QLocale::AnyLanguage) return code;
     for (int at = QLocale::C + 1; at <= QLocale::LastLanguage; ++at) {
         const auto language = static_cast<QLocale::Language>(at);
