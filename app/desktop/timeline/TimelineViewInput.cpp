@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <cmath>
 #include <tuple>
+#include <utility>
 
 // What mouse, keys and drags from elsewhere do to the timeline.
 
@@ -17,6 +18,7 @@ constexpr double wheelNotch = 120;
 constexpr double wheelPoints = 60;
 constexpr double zoomFactor = 1.25;
 constexpr double maxRoom = 0.25; ///< of the width, that the cuts make for what comes in
+constexpr QPointF nowhere(-1, -1);
 
 TimelinePicks::Modifiers modifiers(Qt::KeyboardModifiers keys) {
     return {bool(keys & Qt::ShiftModifier), bool(keys & Qt::ControlModifier), bool(keys & Qt::AltModifier)};
@@ -143,7 +145,7 @@ void TimelineView::hoverMoveEvent(QHoverEvent* event) {
     showHint(event->position());
     showCursor(event->position());
     // Each frame drawn under a mouse that rests sends one more: it is no hand that skims.
-    if (event->position() == event->oldPosF()) return;
+    if (std::exchange(dragPosition, event->position()) == event->position()) return;
     if (!session || !session->skimming() || !session->playback.isLoaded() || session->playback.rate() != 0)
         return;
     const double time = span.time(event->position().x());
@@ -154,6 +156,7 @@ void TimelineView::hoverMoveEvent(QHoverEvent* event) {
 }
 
 void TimelineView::hoverLeaveEvent(QHoverEvent*) {
+    dragPosition = nowhere;
     blade = -1;
     hintWords.clear();
     emit hintChanged();

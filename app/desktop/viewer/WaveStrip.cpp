@@ -3,6 +3,7 @@
 #include "app/desktop/drawn/FootagePictures.h"
 
 #include <QCursor>
+#include <utility>
 
 namespace murbo {
 namespace {
@@ -132,7 +133,7 @@ void WaveStrip::hoverMoveEvent(QHoverEvent* event) {
     const double at = event->position().x();
     setCursor(endAt(at) == RangeHandles::RangeEnd::none ? Qt::ArrowCursor : Qt::SizeHorCursor);
     // Each frame drawn under a mouse that rests sends one more: it is no hand that skims.
-    if (event->position() == event->oldPosF()) return;
+    if (std::exchange(hovered, event->position()) == event->position()) return;
     if (!session->skimming() || session->source.rate() != 0) return;
     session->source.skim(std::clamp(time(at), session->source.spanStart(), session->source.spanEnd()));
     emit skimmed();
@@ -140,6 +141,7 @@ void WaveStrip::hoverMoveEvent(QHoverEvent* event) {
 }
 
 void WaveStrip::hoverLeaveEvent(QHoverEvent*) {
+    hovered.reset();
     endSkim();
 }
 

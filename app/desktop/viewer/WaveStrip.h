@@ -5,6 +5,7 @@
 #include "app/editor/Editor.h"
 
 #include <QColor>
+#include <optional>
 
 namespace murbo {
 
@@ -52,6 +53,7 @@ private:
     void endSkim();
 
     QPointer<Editor> session;
+    std::optional<QPointF> hovered; ///< where the mouse was last, while it is over this
     QColor wave;
     QColor range;
     QColor mark;
