@@ -150,6 +150,8 @@ QCoro::Task<> Editor::measure(Source measured) {
     } catch (const std::exception&) {
         // What can't be read is silent; it is not measured again in this session.
     }
+    const auto* now = live.source(measured.id);
+    if (now && now->path != measured.path) co_return; // it was found at another place meanwhile
     loudnessBySource.emplace(measured.id, std::move(found));
     emit loudnessChanged();
 }

@@ -142,8 +142,10 @@ void Commands::transcribe(const Arguments&, const Words& words) {
     const auto lock = PackageLock::lock(Paths::absolute(words[0]));
     auto opened = open(words[0]);
     const auto wanted = clips(words[1], opened);
-    if (wanted.empty()) remark("None of these clips is there, with its footage, to be transcribed.");
-    if (!wanted.empty()) remarkBefore(opened.project);
+    if (wanted.empty())
+        remark("None of these clips is there, with its footage, to be transcribed.");
+    else
+        remarkBefore(opened.project);
     const Interruption interruption;
     std::size_t position = 0;
     for (const auto& clip : wanted) {
